@@ -1,0 +1,92 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointF>
+#include <QRectF>
+#include <QString>
+
+#include <memory>
+
+class QPainter;
+
+namespace ambrelle {
+
+/// One connected display. All rectangles are global points: origin at the lower left corner of the main display, y up.
+struct ScreenInfo {
+    QString id; ///< maker, model and serial number, else the connector; equal across reconnections
+    QString connector;
+    QRectF frame;
+    QRectF visibleFrame; ///< the frame without panels and docks
+    double pixelRatio = 1;
+    double widthInMillimetres = 0; ///< 0 when unknown
+
+    bool operator==(const ScreenInfo&) const = default;
+};
+
+enum class WindowLevel {
+    desktop, ///< above the desktop picture and icons, below every normal window
+    floating, ///< above normal windows
+};
+
+struct PointerEvent {
+    QPointF local; ///< points in the window, origin at its upper left corner, y down
+    QPointF global; ///< global points, y up
+    Qt::MouseButton button = Qt::NoButton;
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+};
+
+/// What a panel does with its window: draws it and hears the pointer. Nothing is called after the window is destroyed.
+class PanelDelegate {
+public:
+    virtual ~PanelDelegate() = default;
+
+    /// Draws the part of the window inside `area` (window points, y down); the painter is clipped to it and already
+    /// transparent, or shows the desktop where nothing composites.
+    virtual void paint(QPainter& painter, const QRectF& area) = 0;
+    virtual void pointerPressed(const PointerEvent& event) = 0;
+    virtual void pointerMoved(const PointerEvent& event) = 0; ///< with or without a button held
+    virtual void pointerReleased(const PointerEvent& event) = 0;
+    virtual void pointerEntered() = 0;
+    virtual void pointerLeft() = 0;
+    /// The pixel ratio changed, or the desktop picture behind a window that shows it.
+    virtual void appearanceChanged() = 0;
+};
+
+/// A borderless, translucent window that never takes the focus, on every workspace, out of every list of windows.
+class PanelWindow {
+public:
+    virtual ~PanelWindow() = default;
+
+    virtual void setFrame(const QRectF& frame) = 0; ///< global points
+    virtual QRectF frame() const = 0;
+    virtual void show() = 0;
+    virtual void hide() = 0;
+    virtual void setLevel(WindowLevel level) = 0;
+    virtual void setOpacity(double opacity) = 0; ///< 0 to 1, of the whole window
+    virtual void setClickThrough(bool through) = 0; ///< the pointer reaches what lies below
+    /// The part that hears the pointer (window points, y down); clicks elsewhere reach what lies below.
+    virtual void setInputArea(const QRectF& area) = 0;
+    /// What stays visible of a floating window where nothing composites: a rounded rectangle in window points.
+    virtual void setOutline(const QRectF& area, double corner) = 0;
+    virtual void update(const QRectF& area) = 0; ///< asks for a paint of that part (window points, y down)
+    virtual double pixelRatio() const = 0;
+};
+
+/// The windows, screens and pointer of the machine. The only place where coordinates are turned over.
+class WindowHost : public QObject {
+    Q_OBJECT
+public:
+    virtual bool isAvailable() const = 0;
+    virtual QString whyNot() const = 0; ///< one sentence, empty while available
+    /// The main display first; empty for the moment in which none is connected.
+    virtual QList<ScreenInfo> screens() const = 0;
+    virtual QPointF pointer() const = 0; ///< global points
+    virtual std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) = 0;
+
+Q_SIGNALS:
+    /// Displays were added, removed, rearranged or changed in size or scale; given once a change has settled.
+    void screensChanged();
+};
+
+} // namespace ambrelle
