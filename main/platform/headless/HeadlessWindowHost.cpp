@@ -1,0 +1,38 @@
+#include "platform/headless/HeadlessWindowHost.h"
+
+namespace ambrelle {
+
+namespace {
+
+class HeadlessPanel final : public PanelWindow {
+public:
+    void setFrame(const QRectF& frame) override { m_frame = frame; }
+    QRectF frame() const override { return m_frame; }
+    void show() override { }
+    void hide() override { }
+    void setLevel(WindowLevel) override { }
+    void setOpacity(double) override { }
+    void setClickThrough(bool) override { }
+    void setInputArea(const QRectF&) override { }
+    void setOutline(const QRectF&, double) override { }
+    void update(const QRectF&) override { }
+    double pixelRatio() const override { return 1; }
+
+private:
+    QRectF m_frame;
+};
+
+} // namespace
+
+QList<ScreenInfo> HeadlessWindowHost::screens() const
+{
+    const QRectF frame(0, 0, 1440, 900);
+    return {ScreenInfo{QStringLiteral("headless"), QStringLiteral("headless"), frame, frame, 1, 0}};
+}
+
+std::unique_ptr<PanelWindow> HeadlessWindowHost::makePanel(PanelDelegate&)
+{
+    return std::make_unique<HeadlessPanel>();
+}
+
+} // namespace ambrelle

@@ -1,0 +1,169 @@
+#include "platform/recording/RecordingWindowHost.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace ambrelle {
+
+RecordingPanel::RecordingPanel(RecordingWindowHost& host, PanelDelegate& delegate)
+    : m_host(&host)
+    , m_delegate(delegate)
+{
+}
+
+RecordingPanel::~RecordingPanel()
+{
+    if (m_host)
+        m_host->forget(this);
+}
+
+void RecordingPanel::setOutline(const QRectF& area, double corner)
+{
+    m_outline = area;
+    m_outlineCorner = corner;
+}
+
+double RecordingPanel::pixelRatio() const
+{
+    const QList<ScreenInfo> screens = m_host ? m_host->screens() : QList<ScreenInfo>{};
+    for (const ScreenInfo& screen : screens) {
+        if (screen.frame.contains(m_frame.center()))
+            return screen.pixelRatio;
+    }
+    return screens.isEmpty() ? 1 : screens.first().pixelRatio;
+}
+
+QImage RecordingPanel::picture(double ratio) const
+{
+    QImage image((m_frame.size() * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    const QRectF area({0, 0}, m_frame.size());
+    QPainter painter(&image);
+    painter.setClipRect(area);
+    m_delegate.paint(painter, area);
+    return image;
+}
+
+bool RecordingPanel::hears(const QPointF& global) const
+{
+    if (!m_visible || m_clickThrough || !m_frame.contains(global))
+        return false;
+    return !m_inputArea || m_inputArea->contains(toLocal(global));
+}
+
+QPointF RecordingPanel::toLocal(const QPointF& global) const
+{
+    return {global.x() - m_frame.x(), m_frame.y() + m_frame.height() - global.y()};
+}
+
+RecordingWindowHost::RecordingWindowHost()
+{
+    ScreenInfo screen;
+    screen.id = QStringLiteral("main-screen");
+    screen.connector = QStringLiteral("DP-1");
+    screen.frame = QRectF(0, 0, 1440, 900);
+    screen.visibleFrame = QRectF(0, 0, 1440, 860);
+    screen.widthInMillimetres = 340;
+    m_screens = {screen};
+}
+
+std::unique_ptr<PanelWindow> RecordingWindowHost::makePanel(PanelDelegate& delegate)
+{
+    auto panel = std::make_unique<RecordingPanel>(*this, delegate);
+    m_panels.append(panel.get());
+    return panel;
+}
+
+void RecordingWindowHost::setScreens(const QList<ScreenInfo>& screens)
+{
+    if (screens == m_screens)
+        return;
+    m_screens = screens;
+    Q_EMIT screensChanged();
+}
+
+void RecordingWindowHost::movePointer(const QPointF& global, Qt::KeyboardModifiers modifiers)
+{
+    m_pointer = global;
+    if (!m_pressed)
+        hover(panelAt(global));
+    if (RecordingPanel* target = m_pressed ? m_pressed : m_hovered)
+        target->delegate().pointerMoved(eventFor(*target, m_heldButton, modifiers));
+}
+
+void RecordingWindowHost::press(const QPointF& global, Qt::MouseButton button)
+{
+    if (global != m_pointer || !m_hovered)
+        movePointer(global);
+    m_pressed = panelAt(global);
+    m_heldButton = button;
+    if (m_pressed)
+        m_pressed->delegate().pointerPressed(eventFor(*m_pressed, button, Qt::NoModifier));
+}
+
+void RecordingWindowHost::release(const QPointF& global, Qt::MouseButton button)
+{
+    if (global != m_pointer)
+        movePointer(global);
+    RecordingPanel* target = m_pressed;
+    m_pressed = nullptr;
+    m_heldButton = Qt::NoButton;
+    if (target)
+        target->delegate().pointerReleased(eventFor(*target, button, Qt::NoModifier));
+    hover(panelAt(global));
+}
+
+void RecordingWindowHost::click(const QPointF& global, Qt::MouseButton button)
+{
+    press(global, button);
+    release(global, button);
+}
+
+void RecordingWindowHost::drag(const QPointF& from, const QPointF& to, int steps)
+{
+    press(from);
+    for (int step = 1; step <= steps; ++step)
+        movePointer(from + (to - from) * step / steps);
+    release(to);
+}
+
+RecordingPanel* RecordingWindowHost::panelAt(const QPointF& global) const
+{
+    for (const WindowLevel level : {WindowLevel::floating, WindowLevel::desktop}) {
+        const auto found = std::find_if(m_panels.crbegin(), m_panels.crend(),
+            [&](const RecordingPanel* panel) { return panel->level() == level && panel->hears(global); });
+        if (found != m_panels.crend())
+            return *found;
+    }
+    return nullptr;
+}
+
+void RecordingWindowHost::forget(RecordingPanel* panel)
+{
+    m_panels.removeOne(panel);
+    m_hovered = m_hovered == panel ? nullptr : m_hovered;
+    m_pressed = m_pressed == panel ? nullptr : m_pressed;
+}
+
+void RecordingWindowHost::hover(RecordingPanel* panel)
+{
+    if (panel == m_hovered)
+        return;
+    RecordingPanel* left = m_hovered;
+    m_hovered = panel;
+    if (left)
+        left->delegate().pointerLeft();
+    // Leaving may have closed the other window.
+    if (panel && m_hovered == panel)
+        panel->delegate().pointerEntered();
+}
+
+PointerEvent RecordingWindowHost::eventFor(
+    const RecordingPanel& panel, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const
+{
+    return {panel.toLocal(m_pointer), m_pointer, button, modifiers};
+}
+
+} // namespace ambrelle

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "platform/WindowHost.h"
+
+#include <QImage>
+#include <QPointer>
+
+#include <optional>
+
+namespace ambrelle {
+
+class RecordingWindowHost;
+
+/// A window that exists in memory only: it remembers what it was told and can be looked at.
+class RecordingPanel final : public PanelWindow {
+public:
+    RecordingPanel(RecordingWindowHost& host, PanelDelegate& delegate);
+    ~RecordingPanel() override;
+
+    void setFrame(const QRectF& frame) override { m_frame = frame; }
+    QRectF frame() const override { return m_frame; }
+    void show() override { m_visible = true; }
+    void hide() override { m_visible = false; }
+    void setLevel(WindowLevel level) override { m_level = level; }
+    void setOpacity(double opacity) override { m_opacity = opacity; }
+    void setClickThrough(bool through) override { m_clickThrough = through; }
+    void setInputArea(const QRectF& area) override { m_inputArea = area; }
+    void setOutline(const QRectF& area, double corner) override;
+    void update(const QRectF& area) override { m_updates.append(area); }
+    /// The ratio of the screen under the middle of the window, else of the main screen, else 1.
+    double pixelRatio() const override;
+
+    bool isVisible() const { return m_visible; }
+    WindowLevel level() const { return m_level; }
+    double opacity() const { return m_opacity; }
+    bool isClickThrough() const { return m_clickThrough; }
+    std::optional<QRectF> inputArea() const { return m_inputArea; } ///< none: the whole window
+    QRectF outline() const { return m_outline; }
+    double outlineCorner() const { return m_outlineCorner; }
+
+    QList<QRectF> updates() const { return m_updates; } ///< every area asked for since the last clearUpdates()
+    void clearUpdates() { m_updates.clear(); }
+
+    PanelDelegate& delegate() const { return m_delegate; }
+    /// What the delegate paints for the whole window, on a transparent ground.
+    QImage picture(double ratio = 1) const;
+    bool hears(const QPointF& global) const; ///< a click there would come to this window
+    QPointF toLocal(const QPointF& global) const;
+
+private:
+    QPointer<RecordingWindowHost> m_host;
+    PanelDelegate& m_delegate;
+    QRectF m_frame;
+    bool m_visible = false;
+    WindowLevel m_level = WindowLevel::desktop;
+    double m_opacity = 1;
+    bool m_clickThrough = false;
+    std::optional<QRectF> m_inputArea;
+    QRectF m_outline;
+    double m_outlineCorner = 0;
+    QList<QRectF> m_updates;
+};
+
+/// A machine for tests: its screens and its pointer are what the test says, and its windows can be inspected. The
+/// pointer goes to the topmost window that hears it, enters and leaves as it moves, and stays with the pressed window
+/// until release.
+class RecordingWindowHost final : public WindowHost {
+    Q_OBJECT
+public:
+    RecordingWindowHost(); ///< with one screen of 1440 × 900 points, 40 of them taken by a bar at the top
+
+    bool isAvailable() const override { return true; }
+    QString whyNot() const override { return {}; }
+    QList<ScreenInfo> screens() const override { return m_screens; }
+    QPointF pointer() const override { return m_pointer; }
+    std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
+
+    void setScreens(const QList<ScreenInfo>& screens); ///< tells screensChanged() if the list differs
+    QList<RecordingPanel*> panels() const { return m_panels; } ///< those alive, in the order they were made
+
+    void movePointer(const QPointF& global, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void press(const QPointF& global, Qt::MouseButton button = Qt::LeftButton);
+    void release(const QPointF& global, Qt::MouseButton button = Qt::LeftButton);
+    void click(const QPointF& global, Qt::MouseButton button = Qt::LeftButton);
+    void drag(const QPointF& from, const QPointF& to, int steps = 4);
+    /// The window that would get a click there; null where only the desktop is.
+    RecordingPanel* panelAt(const QPointF& global) const;
+
+private:
+    friend class RecordingPanel;
+    void forget(RecordingPanel* panel);
+    void hover(RecordingPanel* panel);
+    PointerEvent eventFor(const RecordingPanel& panel, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const;
+
+    QList<ScreenInfo> m_screens;
+    QPointF m_pointer;
+    QList<RecordingPanel*> m_panels;
+    RecordingPanel* m_hovered = nullptr;
+    RecordingPanel* m_pressed = nullptr;
+    Qt::MouseButton m_heldButton = Qt::NoButton;
+};
+
+} // namespace ambrelle
