@@ -1,0 +1,149 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+namespace ambrelle {
+
+/// Something of the machine that can be measured, or cannot here: off is told apart from zero.
+class SystemSource {
+public:
+    virtual ~SystemSource() = default;
+
+    virtual bool isAvailable() const = 0;
+    virtual QString whyNot() const = 0; ///< one sentence, empty while available
+};
+
+/// What one logical processor did since the machine booted, in ticks of any one length; each counter wraps at 2³².
+struct ProcessorTicks {
+    quint32 user = 0;
+    quint32 system = 0;
+    quint32 idle = 0;
+    quint32 nice = 0;
+
+    bool operator==(const ProcessorTicks&) const = default;
+};
+
+class ProcessorSource : public SystemSource {
+public:
+    /// One entry per running processor, in the kernel's order; nothing when the kernel does not answer.
+    virtual std::optional<QList<ProcessorTicks>> ticks() = 0;
+    /// Over 1, 5 and 15 minutes.
+    virtual std::optional<std::array<double, 3>> loadAverages() = 0;
+    virtual double uptime() = 0; ///< seconds since boot, sleep included; 0 when unknown
+};
+
+/// How many pages of memory serve what. The four do not overlap, except that purgeable pages are internal ones.
+struct MemoryPages {
+    quint64 wired = 0; ///< the kernel's own and locked pages
+    quint64 purgeable = 0; ///< internal pages that may be dropped at any time
+    quint64 compressor = 0; ///< pages that hold compressed ones
+    quint64 internal = 0; ///< pages of programs without a file behind them
+
+    bool operator==(const MemoryPages&) const = default;
+};
+
+class MemorySource : public SystemSource {
+public:
+    virtual quint64 physicalMemory() = 0; ///< bytes, 0 when unknown
+    virtual quint64 pageSize() = 0; ///< bytes
+    virtual std::optional<MemoryPages> pages() = 0;
+};
+
+/// A mounted volume; what is absent could not be learnt.
+struct Volume {
+    std::optional<QString> name;
+    QString path; ///< where it is mounted
+    std::optional<bool> browsable; ///< a place where a user keeps files
+    std::optional<qint64> total; ///< bytes
+    std::optional<qint64> available; ///< bytes
+    std::optional<qint64> availableForImportantUsage; ///< bytes, with what the system would clear away for it
+    std::optional<bool> isRoot;
+
+    bool operator==(const Volume&) const = default;
+};
+
+class VolumeSource : public QObject, public SystemSource {
+    Q_OBJECT
+public:
+    /// Never waits for a network or a slow device: such a volume joins the list, with volumesChanged(), once it
+    /// answered.
+    virtual QList<Volume> volumes() = 0;
+
+Q_SIGNALS:
+    void volumesChanged(); ///< volumes were mounted or unmounted
+};
+
+enum class PowerSourceType {
+    internalBattery,
+    other, ///< an uninterruptible supply, the battery of a mouse
+};
+
+struct PowerSourceDescription {
+    PowerSourceType type = PowerSourceType::other;
+    qint64 currentCapacity = 0; ///< in the unit of maxCapacity
+    qint64 maxCapacity = 0;
+    std::optional<bool> isCharging;
+    bool onAC = false;
+    std::optional<bool> isCharged;
+    std::optional<int> timeToFullCharge; ///< minutes; −1 while it is still being estimated
+    std::optional<int> timeToEmpty; ///< minutes; −1 while it is still being estimated
+
+    bool operator==(const PowerSourceDescription&) const = default;
+};
+
+class PowerSource : public SystemSource {
+public:
+    /// Empty on a machine without batteries.
+    virtual QList<PowerSourceDescription> descriptions() = 0;
+};
+
+/// What went over one network interface since it came up.
+struct InterfaceCounters {
+    QString name;
+    quint64 received = 0; ///< bytes
+    quint64 sent = 0; ///< bytes
+    bool counted = false; ///< Ethernet or Wi-Fi: the way out, not a loopback, tunnel or bridge over it
+
+    bool operator==(const InterfaceCounters&) const = default;
+};
+
+class NetworkSource : public SystemSource {
+public:
+    virtual std::optional<QList<InterfaceCounters>> interfaces() = 0;
+};
+
+struct ProcessRow {
+    qint64 id = 0;
+    QString name;
+    double cpu = 0; ///< per cent of one processor
+    double memory = 0; ///< per cent of physical memory
+
+    bool operator==(const ProcessRow&) const = default;
+};
+
+class ProcessSource : public SystemSource {
+public:
+    using Completion = std::function<void(QList<ProcessRow>)>;
+
+    /// Gives up to `count` processes, the busiest first, an empty list on failure. `completion` is called once, on the
+    /// thread of the caller, perhaps before this returns; never after the source is gone.
+    virtual void top(int count, Completion completion) = 0;
+};
+
+/// Where a system monitor reads. The sources outlive it.
+struct SystemSources {
+    ProcessorSource& processor;
+    MemorySource& memory;
+    VolumeSource& volumes;
+    PowerSource& power;
+    NetworkSource& network;
+    ProcessSource& processes;
+};
+
+} // namespace ambrelle
