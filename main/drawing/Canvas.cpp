@@ -1,0 +1,160 @@
+#include "drawing/Canvas.h"
+
+#include "drawing/LayerCache.h"
+#include "drawing/Symbols.h"
+
+#include <QPaintDevice>
+
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+QPainterPath rounded(const QRectF& box, double radius)
+{
+    QPainterPath path;
+    path.addRoundedRect(box, radius, radius);
+    return path;
+}
+
+} // namespace
+
+Canvas::Canvas(QPainter& painter, const Setup& setup)
+    : m_painter(painter)
+    , m_setup(setup)
+{
+    m_painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+}
+
+void Canvas::fill(const QPainterPath& path, const QBrush& brush)
+{
+    if (!muted())
+        m_painter.fillPath(path, brush);
+}
+
+void Canvas::fill(const Box& box, const QBrush& brush, double radius)
+{
+    if (muted() || box.isEmpty())
+        return;
+    if (radius > 0)
+        m_painter.fillPath(rounded(box, std::min({radius, box.width() / 2, box.height() / 2})), brush);
+    else
+        m_painter.fillRect(box, brush);
+}
+
+void Canvas::disc(QPointF centre, double radius, const QBrush& brush)
+{
+    QPainterPath path;
+    path.addEllipse(centre, radius, radius);
+    fill(path, brush);
+}
+
+void Canvas::stroke(const QPainterPath& path, const QPen& pen)
+{
+    if (!muted())
+        m_painter.strokePath(path, pen);
+}
+
+void Canvas::frame(const Box& box, const QPen& pen, double radius)
+{
+    const double half = pen.widthF() / 2;
+    stroke(rounded(box.inset(half), std::max(0.0, radius - half)), pen);
+}
+
+void Canvas::line(QPointF from, QPointF to, const QPen& pen)
+{
+    if (muted())
+        return;
+    m_painter.setPen(pen);
+    m_painter.drawLine(from, to);
+}
+
+void Canvas::rule(const Box& box, const QBrush& brush, double thickness)
+{
+    fill(box.centred(box.width(), thickness), brush);
+}
+
+void Canvas::paint(const std::function<void(QPainter&)>& draw)
+{
+    if (muted())
+        return;
+    m_painter.save();
+    draw(m_painter);
+    m_painter.restore();
+}
+
+void Canvas::symbol(const Box& box, const QString& name, double size, const QBrush& fill)
+{
+    if (muted())
+        return;
+    const Box square = box.centred(size, size);
+    QTransform place = QTransform::fromTranslate(square.x(), square.y());
+    place.scale(size, size);
+    const QPainterPath path = place.map(symbolPath(name));
+    m_painter.fillPath(path, fill);
+    note({.kind = CanvasMark::Kind::symbol, .text = name, .box = box, .ink = path.boundingRect(), .size = size,
+        .colour = fill.color()});
+}
+
+void Canvas::still(const QString& name, const QRectF& area, const std::function<void(Canvas&)>& draw)
+{
+    if (muted())
+        return;
+    Setup plain {.ground = m_setup.ground};
+    if (!m_setup.layers) {
+        Canvas direct(m_painter, plain);
+        draw(direct);
+        return;
+    }
+    // The layer lies on whole device pixels; where the face does not, it keeps the face's fraction of a pixel.
+    const QTransform& device = m_painter.deviceTransform();
+    const QRect pixels = device.mapRect(area).toAlignedRect();
+    const double fractionX = device.dx() - std::floor(device.dx());
+    const double fractionY = device.dy() - std::floor(device.dy());
+    const QString key = QStringLiteral("%1 %2 %3 %4 %5").arg(m_setup.layerKey, name).arg(device.m11(), 0, 'f', 4)
+        .arg(fractionX, 0, 'f', 2).arg(fractionY, 0, 'f', 2);
+    const QImage* layer = m_setup.layers->find(key);
+    QImage fresh;
+    if (!layer || layer->size() != pixels.size()) {
+        fresh = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+        fresh.fill(Qt::transparent);
+        QPainter painter(&fresh);
+        painter.setTransform(device * QTransform::fromTranslate(-pixels.x(), -pixels.y()));
+        Canvas canvas(painter, plain);
+        draw(canvas);
+        painter.end();
+        fresh.setDevicePixelRatio(m_painter.device()->devicePixelRatio());
+        m_setup.layers->insert(key, fresh);
+        layer = &fresh;
+    }
+    m_painter.save();
+    m_painter.resetTransform();
+    m_painter.drawImage(QPointF(pixels.topLeft()) / layer->devicePixelRatio(), *layer);
+    m_painter.restore();
+}
+
+void Canvas::moving(const QRectF& area, const Motion& motion, const std::function<void(Canvas&, double)>& draw)
+{
+    m_moving.append({area, motion});
+    if (m_setup.pass == Pass::still)
+        return;
+    m_inMotion = true;
+    draw(*this, m_setup.time);
+    m_inMotion = false;
+}
+
+void Canvas::hit(const QRectF& area, const FaceAction& action)
+{
+    m_hits.append({area, action});
+}
+
+void Canvas::note(CanvasMark mark)
+{
+    if (!m_setup.record)
+        return;
+    mark.ground = m_setup.ground;
+    m_setup.record->append(mark);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QList>
+#include <QRectF>
+#include <QString>
+
+namespace ambrelle {
+
+/// What a canvas was asked to write, for audits of a layout without looking at pixels. Points, y down.
+struct CanvasMark {
+    enum class Kind { text, figure, symbol };
+
+    Kind kind = Kind::text;
+    QString text {};
+    QRectF box {}; ///< where it may stand
+    QRectF ink {}; ///< where it stands
+    double size = 0; ///< pixels
+    QColor colour {};
+    QColor ground {}; ///< opaque colour behind it
+    bool axis = false;
+    bool cut = false; ///< shortened by an ellipsis
+};
+
+using CanvasRecord = QList<CanvasMark>;
+
+} // namespace ambrelle

@@ -1,0 +1,112 @@
+#include "drawing/Canvas.h"
+
+#include <cmath>
+
+namespace ambrelle {
+
+double Canvas::baseline(const Box& box, const TextStyle& style) const
+{
+    return box.center().y() + style.size * style.face.capRatio / 2;
+}
+
+QPointF Canvas::snapped(QPointF point, const Typeface& face) const
+{
+    if (!face.pixel)
+        return point;
+    const QTransform& device = m_painter.deviceTransform();
+    const QPointF pixel = device.map(point);
+    return device.inverted().map(QPointF(std::round(pixel.x()), std::round(pixel.y())));
+}
+
+void Canvas::glyphs(QPointF origin, const ShapedText& shaped, const Typeface& face, double size, const QColor& colour)
+{
+    const QTransform before = m_painter.transform();
+    m_painter.setPen(colour);
+    m_painter.translate(origin);
+    m_painter.scale(shaped.scale, shaped.scale);
+    const bool twice = face.pixel && face.weight >= 600;
+    for (const QGlyphRun& run : shaped.runs) {
+        m_painter.drawGlyphRun({}, run);
+        if (twice)
+            m_painter.drawGlyphRun({size / 16 / shaped.scale, 0}, run);
+    }
+    m_painter.setTransform(before);
+}
+
+void Canvas::line(const Box& box, const QString& shown, const TextStyle& style, bool cut)
+{
+    const auto shaped = shape(style.face, style.size, shown);
+    double x = box.left();
+    if (style.align == Align::right)
+        x = box.right() - shaped->width;
+    else if (style.align == Align::centre)
+        x = box.center().x() - shaped->width / 2;
+    const QPointF origin = snapped({x, baseline(box, style)}, style.face);
+    if (style.engraving)
+        glyphs(origin + QPointF(0, 1), *shaped, style.face, style.size, *style.engraving);
+    glyphs(origin, *shaped, style.face, style.size, style.colour);
+    if (m_setup.record && !shown.isEmpty()) {
+        note({.kind = CanvasMark::Kind::text, .text = shown, .box = box, .ink = shaped->ink.translated(origin),
+            .size = style.size, .colour = style.colour, .axis = style.axis, .cut = cut});
+    }
+}
+
+double Canvas::text(const Box& box, const QString& text, const TextStyle& style)
+{
+    if (muted() || box.width() <= 0)
+        return 0;
+    const QString shown = elided(text, style, box.width());
+    line(box, shown, style, shown != text);
+    return shape(style.face, style.size, shown)->width;
+}
+
+double Canvas::paragraph(const Box& box, const QString& text, const TextStyle& style, Qt::Alignment vertical)
+{
+    const double pitch = style.size * style.lineHeight;
+    const QStringList lines = wrapped(text, style, box.width());
+    const double height = pitch * static_cast<double>(lines.size());
+    if (muted())
+        return height;
+    double y = vertical & Qt::AlignVCenter ? box.center().y() - height / 2 : box.top();
+    for (const QString& shown : lines) {
+        line({box.x(), y, box.width(), pitch}, shown, style, shown.endsWith(u'…') && !text.endsWith(u'…'));
+        y += pitch;
+    }
+    return height;
+}
+
+double Canvas::figure(const Box& box, const QString& value, const QString& unit, const FigureStyle& style)
+{
+    if (muted())
+        return 0;
+    const FigurePath path = figurePath(value, unit, style, box.width());
+    double x = box.left();
+    if (style.align == Align::right)
+        x = box.right() - path.width;
+    else if (style.align == Align::centre)
+        x = box.center().x() - path.width / 2;
+    const QPointF pen = snapped({x, box.center().y() + path.cap / 2}, style.face);
+    figure(box, path, pen, style.fill, value);
+    m_painter.translate(pen);
+    if (style.outline > 0)
+        m_painter.strokePath(path.digits, QPen(style.fill, style.outline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    if (!path.unit.isEmpty()) {
+        const QColor colour = style.unitColour ? *style.unitColour : style.fill.color();
+        m_painter.fillPath(path.unit, colour);
+        note({.kind = CanvasMark::Kind::figure, .text = unit, .box = box, .ink = path.unit.boundingRect().translated(pen),
+            .size = path.cap * 0.55, .colour = colour});
+    }
+    m_painter.translate(-pen);
+    return path.width;
+}
+
+void Canvas::figure(const Box& box, const FigurePath& path, QPointF pen, const QBrush& fill, const QString& value)
+{
+    if (muted())
+        return;
+    m_painter.fillPath(path.digits.translated(pen), fill);
+    note({.kind = CanvasMark::Kind::figure, .text = value, .box = box, .ink = path.digits.boundingRect().translated(pen),
+        .size = path.cap / 0.72, .colour = fill.gradient() ? QColor() : fill.color()});
+}
+
+} // namespace ambrelle

@@ -1,0 +1,105 @@
+#include "drawing/Charts.h"
+
+#include "drawing/Colours.h"
+
+#include <QLinearGradient>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+double clamped(double fraction)
+{
+    return std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+}
+
+} // namespace
+
+QPolygonF samplePoints(const Box& box, const QList<double>& samples, double top)
+{
+    QPolygonF points;
+    const qsizetype last = std::max<qsizetype>(1, samples.size() - 1);
+    for (qsizetype index = 0; index < samples.size(); ++index) {
+        const double height = top > 0 ? clamped(samples[index] / top) : 0;
+        points.append({box.left() + box.width() * static_cast<double>(index) / static_cast<double>(last),
+            box.bottom() - box.height() * height});
+    }
+    return points;
+}
+
+QPainterPath straightLine(const QPolygonF& points)
+{
+    QPainterPath path;
+    path.addPolygon(points);
+    return path;
+}
+
+QPainterPath smoothLine(const QPolygonF& points)
+{
+    QPainterPath path;
+    if (points.isEmpty())
+        return path;
+    path.moveTo(points.first());
+    for (qsizetype index = 1; index < points.size(); ++index) {
+        // Level tangents at the samples: the curve never leaves the range of its two ends.
+        const double middle = (points[index - 1].x() + points[index].x()) / 2;
+        path.cubicTo({middle, points[index - 1].y()}, {middle, points[index].y()}, points[index]);
+    }
+    return path;
+}
+
+QPainterPath areaUnder(const QPainterPath& line, double y)
+{
+    QPainterPath area = line;
+    if (line.isEmpty())
+        return area;
+    area.lineTo(line.currentPosition().x(), y);
+    area.lineTo(line.elementAt(0).x, y);
+    area.closeSubpath();
+    return area;
+}
+
+QList<double> binned(const QList<double>& samples, int count)
+{
+    QList<double> bars;
+    const qsizetype size = samples.size();
+    for (int bar = 0; bar < count; ++bar) {
+        const qsizetype begin = size * bar / count;
+        const qsizetype end = std::max(begin + 1, size * (bar + 1) / count);
+        double sum = 0;
+        for (qsizetype index = begin; index < end && index < size; ++index)
+            sum += samples[index];
+        bars.append(sum / static_cast<double>(end - begin));
+    }
+    return bars;
+}
+
+void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double width, int strokes, double alpha,
+    double spread)
+{
+    for (int stroke = strokes; stroke > 0; --stroke)
+        canvas.stroke(path, QPen(faded(colour, alpha), width + stroke * spread, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    canvas.stroke(path, QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& track, const QBrush& fill)
+{
+    const double radius = box.height() / 2;
+    canvas.fill(box, track, radius);
+    const double width = box.width() * clamped(fraction);
+    if (width > 0)
+        canvas.fill(Box(box.x(), box.y(), std::max(width, box.height()), box.height()), fill, radius);
+}
+
+QBrush wash(const Box& box, const QColor& colour, double from, double to)
+{
+    QLinearGradient gradient(box.topLeft(), box.bottomLeft());
+    gradient.setColorAt(0, faded(colour, from));
+    gradient.setColorAt(1, faded(colour, to));
+    return gradient;
+}
+
+} // namespace ambrelle

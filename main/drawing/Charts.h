@@ -1,0 +1,34 @@
+#pragma once
+
+#include "drawing/Canvas.h"
+
+#include <QList>
+
+namespace ambrelle {
+
+/// Graphs of a history. Samples span the full width of their box, oldest at the left edge and newest at the right; `top`
+/// is the value at the upper edge. A history of zeros lies on the lower edge.
+
+/// Where each sample stands.
+QPolygonF samplePoints(const Box& box, const QList<double>& samples, double top);
+/// A line through the samples, rounded between them.
+QPainterPath smoothLine(const QPolygonF& points);
+/// The line with straight pieces.
+QPainterPath straightLine(const QPolygonF& points);
+/// The ground between a line and the level `y`.
+QPainterPath areaUnder(const QPainterPath& line, double y);
+
+/// A history as `count` bars: each bar is the mean of the samples it stands for, the newest at the right.
+QList<double> binned(const QList<double>& samples, int count);
+
+/// A stroked path under several wide faint strokes of the same colour.
+void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double width, int strokes = 6, double alpha = 0.05,
+    double spread = 2);
+
+/// A horizontal bar with round ends, filled to `fraction` (0 to 1).
+void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& track, const QBrush& fill);
+
+/// A vertical gradient over a box from `colour` at opacity `from` (top) to `to` (bottom).
+QBrush wash(const Box& box, const QColor& colour, double from, double to);
+
+} // namespace ambrelle

@@ -1,0 +1,17 @@
+#include "drawing/SkinStyle.h"
+
+#include "drawing/Colours.h"
+
+namespace ambrelle {
+
+QColor SkinStyle::accentText() const
+{
+    return legible(accent, ink, ground, 4.5);
+}
+
+QColor SkinStyle::accentFigure() const
+{
+    return legible(accent, ink, ground, 3.0);
+}
+
+} // namespace ambrelle

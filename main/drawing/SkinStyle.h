@@ -1,0 +1,50 @@
+#pragma once
+
+#include "drawing/Text.h"
+#include "drawing/Typeface.h"
+
+#include <QColor>
+
+namespace ambrelle {
+
+/// How shared pieces draw in a skin: its three typefaces, its colours and its measures. Colours have one use each.
+struct SkinStyle {
+    Typeface title; ///< headers
+    Typeface body; ///< ordinary lines
+    Typeface number; ///< large figures
+    QColor ink; ///< figures, names, strokes
+    QColor soft; ///< secondary text
+    QColor faint; ///< rules, empty tracks; never text
+    QColor accent; ///< the skin's own colour, or the user's override
+    QColor up; ///< good or rising
+    QColor down; ///< bad or falling
+    bool uppercase = false; ///< our own labels in capitals
+    double inset = 16; ///< padding of the face, points
+    double corner = 0; ///< radius of the plate, points
+    double titleGap = 6; ///< between header and content, points
+
+    QColor warn; ///< marks beyond a threshold
+    QColor ground; ///< the opaque colour that text contrast is measured on: the plate over its worst background
+    double titleSize = 12; ///< pixel sizes
+    double rowSize = 12.5;
+    double captionSize = 10.5;
+    double floor = 10; ///< no text smaller than this, axis ticks apart
+    double rowPitch = 18;
+
+    bool operator==(const SkinStyle&) const = default;
+
+    /// One of our own labels, in capitals where the skin sets them.
+    QString caps(const QString& label) const { return uppercase ? label.toUpper() : label; }
+    /// The accent as a colour for text.
+    QColor accentText() const;
+    /// The accent for figures of cap 24 and more.
+    QColor accentFigure() const;
+
+    TextStyle header() const { return {title, titleSize, ink}; }
+    TextStyle caption() const { return {body, captionSize, soft}; }
+    TextStyle row() const { return {body, rowSize, ink}; }
+    TextStyle rowValue() const { return {body, rowSize, soft, Align::right}; }
+    FigureStyle figure(double cap) const { return {number, cap, ink}; }
+};
+
+} // namespace ambrelle

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QPainterPath>
+#include <QString>
+
+namespace ambrelle {
+
+/// The outline of a named symbol in a square of side 1, y down; empty for an unknown name. Outlines are kept.
+QPainterPath symbolPath(const QString& name);
+bool hasSymbol(const QString& name);
+
+} // namespace ambrelle

@@ -1,0 +1,55 @@
+#include "drawing/Typeface.h"
+
+#include <QHash>
+
+#include <tuple>
+
+namespace ambrelle {
+
+namespace {
+
+struct FontKey {
+    QString family;
+    int weight;
+    bool italic;
+    int master;
+
+    bool operator==(const FontKey&) const = default;
+};
+
+size_t qHash(const FontKey& key, size_t seed = 0)
+{
+    return qHashMulti(seed, key.family, key.weight, key.italic, key.master);
+}
+
+QFont makeFont(const FontKey& key)
+{
+    QFont font;
+    QStringList families {key.family};
+    // Sawarabi Mincho last: without it kanji in user texts would fall to a brush font that happens to be installed.
+    for (const QString& fallback : {QStringLiteral("Inter"), QStringLiteral("DejaVu Sans"), QStringLiteral("Sawarabi Mincho")}) {
+        if (!families.contains(fallback))
+            families.append(fallback);
+    }
+    font.setFamilies(families);
+    font.setWeight(static_cast<QFont::Weight>(key.weight));
+    font.setItalic(key.italic);
+    font.setPixelSize(key.master);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setKerning(true);
+    return font;
+}
+
+} // namespace
+
+const QFont& fontOf(const Typeface& face, int master)
+{
+    static QHash<FontKey, QFont> fonts;
+    const FontKey key {face.family, face.weight, face.italic, master};
+    auto found = fonts.find(key);
+    if (found == fonts.end())
+        found = fonts.insert(key, makeFont(key));
+    return *found;
+}
+
+} // namespace ambrelle

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+namespace ambrelle {
+
+/// A font face as a skin names it, without a size. The fallbacks that cover what display faces lack are added to every
+/// font made from it.
+struct Typeface {
+    QString family;
+    int weight = 400;
+    bool italic = false;
+    double capRatio = 0.72; ///< height of a capital in parts of the pixel size
+    double cell = 1.0; ///< width of a figure's cell in parts of the widest digit
+    double tracking = 0; ///< extra space between letters, in points
+    bool pixel = false; ///< drawn in squares a sixteenth of the size: set on whole device pixels, bold is struck twice
+
+    bool operator==(const Typeface&) const = default;
+
+    /// The pixel size at which a capital is `cap` points high.
+    double sizeForCap(double cap) const { return cap / capRatio; }
+    Typeface tracked(double points) const
+    {
+        Typeface copy = *this;
+        copy.tracking = points;
+        return copy;
+    }
+};
+
+/// A font of exactly `master` pixels. Text of other sizes is painted through a scaled painter, so that half pixels are
+/// possible and every scale breaks its lines alike. Fonts are made once and kept.
+const QFont& fontOf(const Typeface& face, int master);
+
+} // namespace ambrelle

@@ -1,0 +1,60 @@
+#include "faces/FaceRenderer.h"
+
+#include "faces/NoticeFace.h"
+#include "faces/SharedFaces.h"
+
+namespace ambrelle {
+
+namespace {
+
+template <typename R>
+concept DrawnBySkin = requires(const FaceRenderer& skin, Canvas& canvas, const R& reading, const FaceContext& face) {
+    skin.draw(canvas, reading, face);
+};
+
+} // namespace
+
+QString headerTitle(const SkinStyle& style, WidgetKind kind)
+{
+    return style.caps(title(kind));
+}
+
+void FaceRenderer::header(Canvas& canvas, Box& content, const FaceContext&, const QString& title) const
+{
+    canvas.text(content.cutTop(14), title, m_style.header());
+    content.cutTop(m_style.titleGap);
+}
+
+void FaceRenderer::warning(Canvas& canvas, const Box& box) const
+{
+    canvas.symbol(box, QStringLiteral("exclamationmark.triangle.fill"), 10, m_style.warn);
+}
+
+Box FaceRenderer::framed(Canvas& canvas, const FaceContext& face, const QString& title) const
+{
+    Box content = plate(canvas, face);
+    header(canvas, content, face, title);
+    return content;
+}
+
+Box FaceRenderer::framed(Canvas& canvas, const FaceContext& face) const
+{
+    return framed(canvas, face, headerTitle(m_style, face.kind));
+}
+
+void FaceRenderer::drawAny(Canvas& canvas, const Reading& reading, const FaceContext& face) const
+{
+    if (const Notice& notice = noticeOf(reading)) {
+        drawNotice(canvas, *this, notice, face);
+        return;
+    }
+    const auto drawFace = [&](const auto& value) {
+        if constexpr (DrawnBySkin<std::decay_t<decltype(value)>>)
+            draw(canvas, value, face);
+        else
+            drawShared(canvas, *this, value, face);
+    };
+    std::visit(drawFace, reading);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,58 @@
+#include "faces/Units.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle::Units {
+
+using namespace Qt::StringLiterals;
+
+int percent(double fraction)
+{
+    return std::isnan(fraction) ? 0 : static_cast<int>(std::lround(std::clamp(fraction, 0.0, 1.0) * 100));
+}
+
+QString gib(double bytes, int digits)
+{
+    return QString::number(bytes / gibibyte, 'f', digits);
+}
+
+QString gb(double bytes, int digits)
+{
+    return QString::number(bytes / 1e9, 'f', digits);
+}
+
+Pair rate(double bytesPerSecond)
+{
+    if (bytesPerSecond >= 1e6)
+        return {QString::number(bytesPerSecond / 1e6, 'f', 2), u"MB/s"_s};
+    return {QString::number(bytesPerSecond / 1e3, 'f', 2), u"KB/s"_s};
+}
+
+Pair size(double bytes)
+{
+    if (bytes < 1e6)
+        return {QString::number(bytes / 1e3, 'f', 0), u"KB"_s};
+    if (bytes < 1e9)
+        return {QString::number(bytes / 1e6, 'f', 2), u"MB"_s};
+    return {QString::number(bytes / 1e9, 'f', 2), u"GB"_s};
+}
+
+bool usesDayClock(const QLocale& locale)
+{
+    return !locale.timeFormat(QLocale::ShortFormat).contains(u"ap"_s, Qt::CaseInsensitive);
+}
+
+QString time(const QDateTime& date, const QLocale& locale)
+{
+    const int hour = usesDayClock(locale) ? date.time().hour() : date.time().hour() % 12;
+    return u"%1:%2"_s.arg(hour).arg(date.time().minute(), 2, 10, u'0');
+}
+
+QString clock(double seconds)
+{
+    const auto whole = static_cast<long long>(std::max(0.0, seconds));
+    return u"%1:%2"_s.arg(whole / 60).arg(whole % 60, 2, 10, u'0');
+}
+
+} // namespace ambrelle::Units
