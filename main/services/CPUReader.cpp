@@ -1,0 +1,42 @@
+#include "services/CPUReader.h"
+
+#include <utility>
+
+namespace ambrelle {
+
+CPUReader::CPUReader(ProcessorSource& source)
+    : m_source(source)
+{
+}
+
+CPUReader::Reading CPUReader::read()
+{
+    const auto current = m_source.ticks();
+    if (!current)
+        return {};
+    const auto previous = std::exchange(m_previous, *current);
+
+    Reading reading{0, QList<double>(current->size(), 0)};
+    if (previous.size() != current->size())
+        return reading;
+
+    quint64 allBusy = 0;
+    quint64 allTicks = 0;
+    for (qsizetype i = 0; i < current->size(); ++i) {
+        const auto& now = current->at(i);
+        const auto& before = previous.at(i);
+        // Differences of 32-bit counters stay right across a wrap; the sums need more room.
+        const quint64 busy =
+            quint64{now.user - before.user} + quint64{now.system - before.system} + quint64{now.nice - before.nice};
+        const quint64 ticks = busy + quint64{now.idle - before.idle};
+        if (ticks > 0)
+            reading.perCore[i] = double(busy) / double(ticks);
+        allBusy += busy;
+        allTicks += ticks;
+    }
+    if (allTicks > 0)
+        reading.total = double(allBusy) / double(allTicks);
+    return reading;
+}
+
+} // namespace ambrelle

@@ -1,0 +1,25 @@
+#include "services/ProcessReader.h"
+
+#include <utility>
+
+namespace ambrelle {
+
+ProcessReader::ProcessReader(ProcessSource& source)
+    : m_source(source)
+{
+}
+
+void ProcessReader::top(int count, ProcessSource::Completion completion)
+{
+    if (!m_source.isAvailable()) {
+        completion({});
+        return;
+    }
+    m_source.top(count, [count, completion = std::move(completion)](QList<ProcessRow> rows) {
+        if (rows.size() > count)
+            rows.resize(count);
+        completion(std::move(rows));
+    });
+}
+
+} // namespace ambrelle
