@@ -1,0 +1,172 @@
+#include "platform/x11/PanelSurface.h"
+
+#include "platform/x11/PixelGrid.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+
+namespace ambrelle {
+
+PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
+    : m_delegate(&delegate)
+    , m_parts(parts)
+    , m_pixelRatio(devicePixelRatio())
+{
+    setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
+    QSurfaceFormat translucent = format();
+    translucent.setAlphaBufferSize(8);
+    setFormat(translucent);
+    // The toolkit's own name for mapping a window with user time 0, which keeps the focus where it is.
+    setProperty("_q_showWithoutActivating", true);
+    setTitle(QStringLiteral("Ambrelle"));
+    connect(this, &QWindow::screenChanged, this, &PanelSurface::checkPixelRatio);
+}
+
+void PanelSurface::retire()
+{
+    m_delegate = nullptr;
+    m_retired = true;
+    if (m_delivering == 0) {
+        delete this;
+        return;
+    }
+    hide();
+    deleteLater();
+}
+
+void PanelSurface::repaint(const QRectF& area)
+{
+    const QRect wanted = PixelGrid(m_pixelRatio).covering(area) & QRect({0, 0}, size());
+    if (!wanted.isEmpty())
+        update(wanted);
+}
+
+void PanelSurface::repaintAll()
+{
+    update(QRect({0, 0}, size()));
+}
+
+void PanelSurface::groundChanged()
+{
+    m_ground = {};
+    m_groundArea = {};
+    repaintAll();
+    if (m_delegate)
+        m_delegate->appearanceChanged();
+}
+
+bool PanelSurface::event(QEvent* event)
+{
+    ++m_delivering;
+    bool handled = true;
+    if (event->type() == QEvent::Enter && m_delegate)
+        m_delegate->pointerEntered();
+    else if (event->type() == QEvent::Leave && m_delegate)
+        m_delegate->pointerLeft();
+    else if (event->type() == QEvent::Close)
+        event->ignore(); // a task bar may ask; panels go when their widget goes
+    else
+        handled = QRasterWindow::event(event);
+    --m_delivering;
+    return handled;
+}
+
+void PanelSurface::paintEvent(QPaintEvent* event)
+{
+    if (!m_delegate)
+        return;
+    checkPixelRatio();
+    const QRect area = event->region().boundingRect();
+    QPainter painter(this);
+    painter.setClipRegion(event->region());
+    drawGround(painter, area);
+    painter.setRenderHint(QPainter::Antialiasing);
+    m_delegate->paint(painter, area);
+}
+
+void PanelSurface::drawGround(QPainter& painter, const QRect& area)
+{
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(area, Qt::transparent);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    if (m_parts.compositor.isActive()) {
+        m_ground = {};
+        m_groundArea = {};
+        return;
+    }
+    if (const QRect place = nativeGeometry(); place != m_groundArea) {
+        m_ground = m_parts.picture.part(place);
+        m_ground.setDevicePixelRatio(m_pixelRatio);
+        m_groundArea = place;
+    }
+    painter.drawImage(QPointF(0, 0), m_ground);
+}
+
+void PanelSurface::moveEvent(QMoveEvent* event)
+{
+    QRasterWindow::moveEvent(event);
+    if (!m_parts.compositor.isActive())
+        repaintAll();
+}
+
+void PanelSurface::resizeEvent(QResizeEvent* event)
+{
+    QRasterWindow::resizeEvent(event);
+    repaintAll();
+}
+
+void PanelSurface::mousePressEvent(QMouseEvent* event)
+{
+    if (m_delegate)
+        m_delegate->pointerPressed(pointerEvent(*event));
+}
+
+void PanelSurface::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_delegate)
+        return;
+    PointerEvent moved = pointerEvent(*event);
+    for (const Qt::MouseButton held : {Qt::MiddleButton, Qt::RightButton, Qt::LeftButton}) {
+        if (event->buttons().testFlag(held))
+            moved.button = held;
+    }
+    m_delegate->pointerMoved(moved);
+}
+
+void PanelSurface::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (m_delegate)
+        m_delegate->pointerReleased(pointerEvent(*event));
+}
+
+QRect PanelSurface::nativeGeometry() const
+{
+    // A screen keeps its native place under scaling; only distances from there are scaled.
+    const QPointF corner = screen()->geometry().topLeft();
+    const QPointF place = corner + (QPointF(position()) - corner) * m_pixelRatio;
+    return {place.toPoint(), (QSizeF(size()) * m_pixelRatio).toSize()};
+}
+
+void PanelSurface::checkPixelRatio()
+{
+    if (m_pixelRatio == devicePixelRatio())
+        return;
+    m_pixelRatio = devicePixelRatio();
+    // Painting may have found it out, and must not be asked to change the window meanwhile.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            Q_EMIT pixelRatioChanged();
+            groundChanged();
+        },
+        Qt::QueuedConnection);
+}
+
+PointerEvent PanelSurface::pointerEvent(const QMouseEvent& event) const
+{
+    return {
+        event.position(), m_parts.screens.space().turned(event.globalPosition()), event.button(), event.modifiers()};
+}
+
+} // namespace ambrelle

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/WindowHost.h"
+#include "platform/x11/X11Parts.h"
+
+#include <QImage>
+#include <QRasterWindow>
+
+namespace ambrelle {
+
+/// The toolkit's side of a panel: clears what is to be painted, or puts the desktop picture there where nothing
+/// composites, and hands painting and the pointer on to the delegate.
+class PanelSurface final : public QRasterWindow {
+    Q_OBJECT
+public:
+    PanelSurface(PanelDelegate& delegate, X11Parts& parts);
+
+    /// No further call of the delegate; deletes the window, after the event that is being delivered if there is one.
+    void retire();
+    void repaint(const QRectF& area); ///< asks for a paint of those points, rounded out to whole pixels
+    void repaintAll();
+    void groundChanged(); ///< the desktop picture or the need for it has changed
+
+Q_SIGNALS:
+    void pixelRatioChanged();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QRect nativeGeometry() const;
+    void drawGround(QPainter& painter, const QRect& area);
+    void checkPixelRatio();
+    PointerEvent pointerEvent(const QMouseEvent& event) const;
+
+    PanelDelegate* m_delegate;
+    X11Parts& m_parts;
+    QImage m_ground;
+    QRect m_groundArea; ///< native pixels of the root window shown by m_ground
+    double m_pixelRatio;
+    int m_delivering = 0;
+    bool m_retired = false;
+};
+
+} // namespace ambrelle

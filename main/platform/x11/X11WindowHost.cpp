@@ -1,0 +1,121 @@
+#include "platform/x11/X11WindowHost.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+
+#include <chrono>
+
+namespace ambrelle {
+
+namespace {
+
+// Long enough for every panel to have been painted; nothing that is watched is needed for that.
+constexpr std::chrono::milliseconds watchDelay{400};
+
+xcb_connection_t* toolkitConnection()
+{
+    const auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    return x11 ? x11->connection() : nullptr;
+}
+
+int screenNumber()
+{
+    char* host = nullptr;
+    int display = 0;
+    int screen = 0;
+    if (xcb_parse_display(nullptr, &host, &display, &screen) == 0)
+        return 0;
+    std::free(host);
+    return screen;
+}
+
+} // namespace
+
+X11WindowHost::X11WindowHost()
+{
+    xcb_connection_t* connection = toolkitConnection();
+    if (!connection)
+        return;
+    m_parts = std::make_unique<X11Parts>(connection, screenNumber());
+    connect(&m_parts->compositor, &CompositorWatch::changed, this, &X11WindowHost::groundChanged);
+    connect(&m_parts->screens, &ScreenList::changed, this, &X11WindowHost::screensSettled);
+    m_watchStart.setSingleShot(true);
+    m_watchStart.setInterval(watchDelay);
+    connect(&m_watchStart, &QTimer::timeout, this, &X11WindowHost::watch);
+}
+
+X11WindowHost::~X11WindowHost() = default;
+
+QString X11WindowHost::whyNot() const
+{
+    return m_parts ? QString() : QStringLiteral("Widgets on the desktop need an X server, and there is none here.");
+}
+
+QList<ScreenInfo> X11WindowHost::screens() const
+{
+    return m_parts ? m_parts->screens.screens() : QList<ScreenInfo>{};
+}
+
+QPointF X11WindowHost::pointer() const
+{
+    return m_parts ? m_parts->screens.space().turned(QPointF(QCursor::pos())) : QPointF();
+}
+
+std::unique_ptr<PanelWindow> X11WindowHost::makePanel(PanelDelegate& delegate)
+{
+    auto panel = std::make_unique<X11Panel>(delegate, *m_parts);
+    panel->onDestroyed = [this](X11Panel* gone) { m_panels.removeOne(gone); };
+    m_panels.append(panel.get());
+    if (!m_watch && !m_watchStart.isActive())
+        m_watchStart.start();
+    return panel;
+}
+
+void X11WindowHost::watch()
+{
+    m_watch = std::make_unique<RootWatch>();
+    connect(m_watch.get(), &RootWatch::propertyChanged, this, &X11WindowHost::rootPropertyChanged);
+    connect(m_watch.get(), &RootWatch::compositorChanged, &m_parts->compositor, &CompositorWatch::refresh);
+    if (!m_watch->open(m_parts->connection))
+        return;
+    m_guard = std::make_unique<StackingGuard>(*m_watch, *m_parts, m_panels);
+    m_guard->schedule();
+    m_parts->compositor.refresh(); // it may have started while nobody watched
+}
+
+void X11WindowHost::rootPropertyChanged(xcb_atom_t name)
+{
+    const X11Connection& x = m_parts->connection;
+    if (name == x.atom(Atom::rootPixmap) && !m_parts->compositor.isActive())
+        groundChanged();
+    else if (name == x.atom(Atom::supportingWmCheck))
+        managerChanged();
+    else if (name == x.atom(Atom::clientListStacking) && m_guard)
+        m_guard->schedule();
+}
+
+void X11WindowHost::groundChanged()
+{
+    m_parts->picture.forget();
+    // What the delegates do about it may close panels.
+    for (X11Panel* panel : QList(m_panels)) {
+        if (m_panels.contains(panel))
+            panel->groundChanged();
+    }
+}
+
+void X11WindowHost::managerChanged()
+{
+    m_parts->manager.forget();
+    for (X11Panel* panel : m_panels)
+        panel->redress();
+}
+
+void X11WindowHost::screensSettled()
+{
+    for (X11Panel* panel : m_panels)
+        panel->place();
+    Q_EMIT screensChanged();
+}
+
+} // namespace ambrelle

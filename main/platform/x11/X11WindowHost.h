@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/x11/RootWatch.h"
+#include "platform/x11/StackingGuard.h"
+#include "platform/x11/X11Panel.h"
+#include "platform/x11/X11Parts.h"
+
+namespace ambrelle {
+
+/// Panels on an X server. Make it after the application object, which must run on the "xcb" platform plugin.
+class X11WindowHost final : public WindowHost {
+    Q_OBJECT
+public:
+    X11WindowHost();
+    ~X11WindowHost() override;
+
+    bool isAvailable() const override { return m_parts != nullptr; }
+    QString whyNot() const override;
+    QList<ScreenInfo> screens() const override;
+    QPointF pointer() const override;
+    /// Only while available; the panel must go before the host.
+    std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
+
+private:
+    void watch();
+    void rootPropertyChanged(xcb_atom_t name);
+    void groundChanged();
+    void managerChanged();
+    void screensSettled();
+
+    std::unique_ptr<X11Parts> m_parts;
+    QList<X11Panel*> m_panels;
+    std::unique_ptr<RootWatch> m_watch;
+    std::unique_ptr<StackingGuard> m_guard;
+    QTimer m_watchStart;
+};
+
+} // namespace ambrelle

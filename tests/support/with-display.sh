@@ -1,0 +1,68 @@
+#!/bin/sh
+# Runs a command on a virtual display of its own, with a session bus and a window manager:
+#     with-display.sh MANAGER COMMAND [ARGUMENT...]
+# MANAGER is openbox, xfwm4 or none. Ends with the command's status, or with 77 where a tool is missing.
+# AMBRELLE_TEST_SCREEN sets the size of the screen (1280x800).
+set -u
+
+manager=$1
+shift
+readonly missing=77
+
+for tool in Xvfb dbus-run-session xprop xdotool; do
+    command -v "$tool" >/dev/null || { echo "skipped: $tool is not installed"; exit $missing; }
+done
+if [ "$manager" != none ]; then
+    command -v "$manager" >/dev/null || { echo "skipped: $manager is not installed"; exit $missing; }
+fi
+
+folder=$(mktemp -d)
+server=
+cleanup() {
+    [ -n "$server" ] && kill "$server" 2>/dev/null && wait "$server" 2>/dev/null
+    rm -rf "$folder"
+}
+trap cleanup EXIT
+trap 'exit 130' INT TERM
+
+# waitFor SECONDS COMMAND...: until the command succeeds
+waitFor() {
+    left=$(($1 * 20))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        left=$((left - 1))
+        [ $left -gt 0 ] || return 1
+        sleep 0.05
+    done
+}
+
+Xvfb -displayfd 3 -screen 0 "${AMBRELLE_TEST_SCREEN:-1280x800}x24" -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
+server=$!
+waitFor 20 test -s "$folder/display" || { cat "$folder/server.log"; echo "the X server did not start"; exit 1; }
+DISPLAY=:$(cat "$folder/display")
+export DISPLAY
+export QT_QPA_PLATFORM=xcb XDG_CONFIG_HOME="$folder/config" XDG_CACHE_HOME="$folder/cache" XDG_DATA_HOME="$folder/data"
+export AMBRELLE_TEST_MANAGER="$manager"
+unset WAYLAND_DISPLAY
+
+# Inside the session bus, so that everything it starts ends with it.
+cat >"$folder/session.sh" <<'SESSION'
+case $AMBRELLE_TEST_MANAGER in
+    xfwm4) xfwm4 --compositor=off --vblank=off >"$1/manager.log" 2>&1 & managerProcess=$! ;;
+    none) managerProcess= ;;
+    *) "$AMBRELLE_TEST_MANAGER" >"$1/manager.log" 2>&1 & managerProcess=$! ;;
+esac
+folder=$1
+shift
+left=400
+while [ -n "$managerProcess" ] && ! xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id # 0x[1-9a-f]'; do
+    left=$((left - 1))
+    [ $left -gt 0 ] || { cat "$folder/manager.log"; echo "the window manager did not start"; exit 1; }
+    sleep 0.05
+done
+"$@"
+status=$?
+[ -n "$managerProcess" ] && kill "$managerProcess" 2>/dev/null
+exit $status
+SESSION
+dbus-run-session -- sh "$folder/session.sh" "$folder" "$@"
