@@ -1,0 +1,105 @@
+#include "model/AppSettings.h"
+
+#include "foundation/UserDefaults.h"
+
+#include <QLocale>
+
+#include <concepts>
+#include <optional>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double standardInterval = 2;
+
+template <typename T> T load(const UserDefaults& defaults, const QString& key, T fallback)
+{
+    if constexpr (RawEnum<T>) {
+        const std::optional<QString> name = defaults.string(key);
+        return name ? parse<T>(*name).value_or(fallback) : fallback;
+    } else if constexpr (std::same_as<T, bool>) {
+        return defaults.boolean(key).value_or(fallback);
+    } else if constexpr (std::same_as<T, int>) {
+        return defaults.integer(key).value_or(fallback);
+    } else if constexpr (std::same_as<T, double>) {
+        const double value = defaults.real(key).value_or(fallback);
+        return value > 0 ? value : fallback;
+    } else if constexpr (std::same_as<T, QString>) {
+        return defaults.string(key).value_or(fallback);
+    } else {
+        return defaults.strings(key).value_or(fallback);
+    }
+}
+
+template <typename T> const T& storedForm(const T& value)
+{
+    return value;
+}
+template <RawEnum T> QString storedForm(const T& value)
+{
+    return rawValue(value);
+}
+
+bool countsInFahrenheit()
+{
+    return QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+}
+
+} // namespace
+
+template <typename T> Setting<T> AppSettings::stored(QLatin1StringView key, T fallback)
+{
+    return Setting<T>(key, load<T>(m_defaults, key, std::move(fallback)), [this](const Setting<T>& setting) {
+        m_defaults.set(setting.key(), storedForm(setting()));
+        Q_EMIT changed(setting.key());
+    });
+}
+
+AppSettings::AppSettings(UserDefaults& defaults, QObject* parent)
+    : QObject(parent)
+    , m_defaults(defaults)
+    , editing("editing"_L1, false, [this](const Setting<bool>& setting) { Q_EMIT changed(setting.key()); })
+    , layer(stored("layer"_L1, WidgetLayer::desktop))
+    , locked(stored("locked"_L1, false))
+    , interval(stored("interval"_L1, standardInterval))
+    , defaultSkin(stored("defaultSkin"_L1, Skin::glass))
+    , weatherCity(stored("weatherCity"_L1, QString()))
+    , useFahrenheit(stored("useFahrenheit"_L1, countsInFahrenheit()))
+    , excludedCalendars(stored("excludedCalendars"_L1, QStringList()))
+    , downloadResetMinutes(stored("downloadResetMinutes"_L1, 0))
+    , wallpaperShuffleMinutes(stored("wallpaperShuffleMinutes"_L1, 0))
+    , showScene(stored("showScene"_L1, true))
+    , customWallpapers(stored("customWallpapers"_L1, QStringList()))
+    , clickToOpen(stored("clickToOpen"_L1, true))
+    , animations(stored("animations"_L1, true))
+    , overlap(stored("overlap"_L1, OverlapBehavior::fade))
+    , followAppearance(stored("followAppearance"_L1, false))
+    , focusMinutes(stored("focusMinutes"_L1, 25))
+    , breakMinutes(stored("breakMinutes"_L1, 5))
+    , longBreakMinutes(stored("longBreakMinutes"_L1, 15))
+    , focusSound(stored("focusSound"_L1, true))
+    , checkForUpdates(stored("checkForUpdates"_L1, true))
+    , installUpdates(stored("installUpdates"_L1, true))
+{
+}
+
+AppSettings& AppSettings::shared()
+{
+    static AppSettings settings(UserDefaults::shared());
+    return settings;
+}
+
+bool AppSettings::hasLaunchedBefore() const
+{
+    return m_defaults.boolean(u"hasLaunchedBefore"_s).value_or(false);
+}
+
+void AppSettings::setHasLaunchedBefore(bool value)
+{
+    m_defaults.set(u"hasLaunchedBefore"_s, value);
+}
+
+} // namespace ambrelle
