@@ -22,7 +22,9 @@ public:
     /// Seconds on a clock that never jumps; only differences mean something.
     virtual double elapsed() const = 0;
 
-    /// Runs `work` every `period`, first after one period. Up to a tenth of the period late, so that wake-ups coincide.
+    /// Runs `work` every `period`, first after about one. On the machine's clock the runs stand at multiples of the
+    /// period and may be a tenth of it late, so that the wake-ups of equal and agreeing periods coincide: the first
+    /// comes after half a period to one and a half.
     [[nodiscard]] virtual Ticket every(std::chrono::milliseconds period, Work work) = 0;
     /// Runs `work` once after `delay`.
     [[nodiscard]] virtual Ticket after(std::chrono::milliseconds delay, Work work) = 0;

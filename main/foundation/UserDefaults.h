@@ -21,6 +21,8 @@ public:
     static UserDefaults& shared();
     /// A store that lives in memory only.
     static UserDefaults temporary();
+    UserDefaults(const UserDefaults&) = delete;
+    UserDefaults& operator=(const UserDefaults&) = delete;
 
     std::optional<bool> boolean(const QString& key) const;
     std::optional<int> integer(const QString& key) const;
@@ -34,7 +36,9 @@ public:
     /// A blob: UTF-8 JSON text that another type encodes and decodes.
     std::optional<QByteArray> data(const QString& key) const;
 
-    /// Each setter gives false, and keeps the file as it was, when the disk refuses.
+    /// Each setter gives false, and keeps the file as it was, when the disk refuses; the value holds for this run, and
+    /// the next setter tries to write it again. A number that is not finite, or a blob that is not UTF-8, is refused.
+    /// A value equal to the stored one is not written.
     bool set(const QString& key, bool value);
     bool set(const QString& key, int value);
     bool set(const QString& key, double value);
@@ -45,10 +49,13 @@ public:
     bool remove(const QString& key);
 
 private:
-    bool write(const QJsonObject& values);
+    bool put(const QString& key, const QJsonValue& value);
+    bool save();
 
     QString m_path; // empty: in memory only
     QJsonObject m_values;
+    bool m_unsaved = false; // the file lacks something of m_values
+    bool m_complained = false;
 };
 
 } // namespace ambrelle

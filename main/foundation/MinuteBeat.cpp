@@ -1,0 +1,73 @@
+#include "foundation/MinuteBeat.h"
+
+namespace ambrelle {
+
+namespace {
+
+constexpr qint64 minute = 60'000;
+constexpr WorkQueue::Moment oneBeat{1};
+
+qint64 minuteAfter(qint64 moment)
+{
+    const qint64 past = ((moment % minute) + minute) % minute;
+    return moment - past + minute;
+}
+
+} // namespace
+
+MinuteBeat::MinuteBeat(Clock& clock, std::function<void(bool)> listening)
+    : m_clock(clock)
+    , m_listening(std::move(listening))
+    , m_listeners([this] { listenersChanged(); })
+{
+}
+
+Ticket MinuteBeat::add(Clock::Work work)
+{
+    return m_listeners.repeat(m_beat + oneBeat, oneBeat, std::move(work));
+}
+
+void MinuteBeat::clockChanged()
+{
+    if (!m_isListening)
+        return;
+    arm();
+    callAll();
+}
+
+void MinuteBeat::listenersChanged()
+{
+    if (m_isListening == !m_listeners.isEmpty())
+        return;
+    m_isListening = !m_isListening;
+    if (m_isListening)
+        arm();
+    else
+        m_timer.reset();
+    if (m_listening)
+        m_listening(m_isListening);
+}
+
+void MinuteBeat::arm()
+{
+    const qint64 now = m_clock.now().toMSecsSinceEpoch();
+    m_nextMinute = minuteAfter(now);
+    m_timer = m_clock.after(std::chrono::milliseconds(m_nextMinute - now), [this] { strike(); });
+}
+
+void MinuteBeat::strike()
+{
+    // A wall clock that is being slowed down has not reached the minute when the timer has.
+    const bool early = m_clock.now().toMSecsSinceEpoch() < m_nextMinute;
+    arm();
+    if (!early)
+        callAll();
+}
+
+void MinuteBeat::callAll()
+{
+    m_beat += oneBeat;
+    m_listeners.run(m_beat);
+}
+
+} // namespace ambrelle
