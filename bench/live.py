@@ -1,0 +1,186 @@
+#!/usr/bin/python3
+"""Measures the running program on a private display: live.py PROGRAM.
+
+Every contestant is launched once to lay out its first desktop and then again to be measured: MEASURE seconds after
+SETTLE seconds, in each of three rounds; the table gives medians. With conky
+installed and AMBRELLE_PEERS naming a folder that holds conky/one.sh and conky/eleven.sh, those join the same rounds.
+AMBRELLE_ROUNDS and AMBRELLE_SECONDS shorten a trial run.
+"""
+import contextlib
+import json
+import os
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+from Xlib import X, display, error
+
+SETTLE = 5
+MEASURE = float(os.environ.get("AMBRELLE_SECONDS", 60))
+ROUNDS = int(os.environ.get("AMBRELLE_ROUNDS", 3))
+TICKS = os.sysconf("SC_CLK_TCK")
+FIGURES = {  # name: unit
+    "cpu": "s", "start": "s", "wakeups": "/s", "rss": "MB", "pss": "MB", "uss": "MB",
+    "first map": "ms", "all map": "ms", "first paint": "ms", "all paint": "ms", "windows": "", "painted": "", "noise": "s",
+}
+
+
+@contextlib.contextmanager
+def process(*command, **options):
+    running = subprocess.Popen(command, stderr=subprocess.DEVNULL, **options)
+    try:
+        yield running
+    finally:
+        running.kill()
+        running.wait()
+
+
+@contextlib.contextmanager
+def desktop(home):
+    """A display, a session bus and a window manager; gives the environment of its programs."""
+    env = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "WAYLAND_", "DBUS_", "QT_", "DISPLAY"))}
+    env.update(HOME=str(home), XDG_RUNTIME_DIR=str(home), LC_ALL="C.UTF-8")
+    read, write = os.pipe()
+    with contextlib.ExitStack() as stack:
+        stack.enter_context(process("Xvfb", "-displayfd", str(write), "-screen", "0", "1920x1080x24", "-nolisten", "tcp",
+                                    pass_fds=[write]))
+        env["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
+        bus = stack.enter_context(process("dbus-daemon", "--session", "--nofork", "--print-address",
+                                          stdout=subprocess.PIPE, text=True))
+        env["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        stack.enter_context(process("openbox", env=env, stdout=subprocess.DEVNULL))
+        while "0x" not in subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=env, text=True,
+                                         capture_output=True).stdout:
+            time.sleep(0.05)
+        time.sleep(1)
+        yield env
+    os.close(read)
+    os.close(write)
+
+
+def read(path):
+    with contextlib.suppress(OSError):
+        return Path(path).read_text()
+    return ""
+
+
+def tree(pid):
+    pids = [pid]
+    for parent in pids:
+        for task in Path(f"/proc/{parent}/task").glob("*/children"):
+            pids += map(int, read(task).split())
+    return pids
+
+
+def cpu_seconds(pids):
+    """User and system time, of reaped children too (fields 14 to 17 of stat)."""
+    stats = [read(f"/proc/{pid}/stat").rpartition(")")[2].split() for pid in pids]
+    return sum(sum(map(int, stat[11:15])) for stat in stats) / TICKS
+
+
+def sum_of(text, *keys):
+    return sum(int(line.split()[1]) for line in text.splitlines() if line.startswith(keys))
+
+
+def wakeups(pids):
+    """Voluntary context switches of all threads."""
+    return sum(sum_of(read(f), "voluntary_ctxt") for pid in pids for f in Path(f"/proc/{pid}/task").glob("*/status"))
+
+
+def busy_seconds():
+    user, nice, system, _, _, irq, softirq = map(int, read("/proc/stat").split()[1:8])
+    return (user + nice + system + irq + softirq) / TICKS
+
+
+def shows_something(root, window):
+    """Whether a strip across the window holds enough pixels unlike its first; None: the window is gone or tiny."""
+    try:
+        box = window.get_geometry()
+        height = min(box.height, 240)
+        if min(box.width, box.height) < 24:
+            return None
+        strip = root.get_image(max(box.x, 0), box.y + (box.height - height) // 2, box.width + min(box.x, 0), height,
+                               X.ZPixmap, 0xFFFFFFFF).data
+    except error.XError:  # the window went away or hangs over the edge of the screen
+        return None
+    return len(strip) // 4 - strip.count(strip[:4]) >= 40
+
+
+def watch(env, command):
+    """Starts the command and looks SETTLE seconds on: the process and when its windows were mapped and painted."""
+    connection = display.Display(env["DISPLAY"])
+    root = connection.screen().root
+    root.change_attributes(event_mask=X.SubstructureNotifyMask)
+    connection.sync()
+    mapped, painted = {}, {}
+    start = time.monotonic()
+    running = subprocess.Popen(command, env=env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    while (now := time.monotonic() - start) < SETTLE:
+        while connection.pending_events():
+            event = connection.next_event()
+            if event.type == X.MapNotify:
+                mapped.setdefault(event.window.id, (1000 * now, event.window))
+        for key, (_, window) in mapped.items():
+            if key not in painted and shows_something(root, window):
+                painted[key] = 1000 * (time.monotonic() - start)
+        time.sleep(0.004 if len(painted) < len(mapped) or not mapped else 0.05)
+    shown = {key: at for key, (at, window) in mapped.items() if shows_something(root, window) is not None}
+    seen = sorted(painted[key] for key in shown if key in painted)
+    connection.close()
+    ends = [min(shown.values()), max(shown.values())] if shown else [-1, -1]
+    return running, [*ends, *([seen[0], seen[-1]] if seen else [-1, -1]), len(shown), len(seen)]
+
+
+def stop(pids):
+    for pid in reversed(pids):
+        with contextlib.suppress(ProcessLookupError):
+            os.kill(pid, 15)
+    os.waitpid(pids[0], 0)
+
+
+def measure(command):
+    with tempfile.TemporaryDirectory() as home, desktop(home) as env:
+        settings = Path(home, ".config/ambrelle/defaults.json")
+        settings.parent.mkdir(parents=True)
+        settings.write_text(json.dumps({"interval": 2, "animations": False}))
+        stop(tree(watch(env, command)[0].pid))
+        running, seen = watch(env, command)
+        if running.poll() is not None:
+            sys.exit(f"{command[0]} ended by itself")
+        pids = tree(running.pid)
+        start = time.monotonic(), cpu_seconds(pids), wakeups(pids), busy_seconds()
+        time.sleep(MEASURE)
+        pids = tree(running.pid)
+        end = time.monotonic(), cpu_seconds(pids), wakeups(pids), busy_seconds()
+        seconds, cpu, woken, busy = (b - a for a, b in zip(start, end))
+        memory = "".join(read(f"/proc/{pid}/smaps_rollup") for pid in pids)
+        stop(pids)
+    megabytes = [sum_of(memory, *keys) / 1024 for keys in (("Rss:",), ("Pss:",), ("Private_",))]
+    return dict(zip(FIGURES, [cpu, start[1], woken / seconds, *megabytes, *seen, busy - cpu]))
+
+
+def contestants(program):
+    commands = {"ambrelle": [str(Path(program).resolve())]}
+    peers = Path(os.environ.get("AMBRELLE_PEERS", "/nonexistent"), "conky")
+    for name, script in (("conky x 11", "eleven.sh"), ("conky x 1", "one.sh")):
+        if shutil.which("conky") and (peers / script).exists():
+            commands[name] = [str(peers / script)]
+    return commands
+
+
+def main():
+    commands = contestants(sys.argv[1])
+    rounds = [{name: measure(command) for name, command in commands.items()} for _ in range(ROUNDS)]
+    print(f"Medians of {ROUNDS} rounds of {MEASURE:g} s; in brackets: how many times Ambrelle's figure")
+    print(" " * 16 + "".join(f"{name:>20}" for name in commands))
+    for figure, unit in FIGURES.items():
+        values = [statistics.median(r[name][figure] for r in rounds) for name in commands]
+        ratios = [""] + [f"({v / values[0]:.2f})" if values[0] > 0 else "" for v in values[1:]]
+        print(f"{figure + ' ' + unit:16}" + "".join(f"{v:12.2f}{ratio:>8}" for v, ratio in zip(values, ratios)))
+
+
+main()
