@@ -129,6 +129,8 @@ FigurePath layOut(const QString& value, const QString& unit, const FigureStyle& 
         const Typeface& face = style.unitFace ? *style.unitFace : style.face;
         const double unitSize = face.sizeForCap(cap) * 0.55;
         figure.width = appendCells(figure.unit, face, unitSize, figure.width + 0.06 * size, unit);
+        if (unit == u"°") // a ring hangs from the top of the digits, other units stand on their baseline
+            figure.unit.translate(0, -cap - figure.unit.boundingRect().top());
     }
     return figure;
 }

@@ -86,12 +86,18 @@ void markedFigure(Canvas& canvas, const Box& box, const QString& symbol, const Q
 
 MirroredLines mirrored(const Box& box, const History& upper, const History& lower, double peak)
 {
+    // One scale for both, and as much room for each as it needs.
+    const auto highest = [](const History& history) { return history.isEmpty() ? 0 : *std::ranges::max_element(history); };
+    const double up = std::max(highest(upper), peak * 0.01);
+    const double down = std::max(highest(lower), peak * 0.01);
+    const double share = std::clamp(up / (up + down), 0.25, 0.75);
+    const double top = std::max({peak / std::max(share, 1 - share) * 0.5, up / share * 0.5, down / (1 - share) * 0.5}) * 2;
     Box half = box;
-    const Box top = half.cutTop(box.height() / 2);
-    QPolygonF below = samplePoints(half, lower, peak);
+    const Box above = half.cutTop(box.height() * share);
+    QPolygonF below = samplePoints(half, lower, top * (1 - share));
     for (QPointF& point : below)
         point.setY(half.top() + half.bottom() - point.y());
-    return {smoothLine(samplePoints(top, upper, peak)), smoothLine(below), half.top()};
+    return {smoothLine(samplePoints(above, upper, top * share)), smoothLine(below), half.top()};
 }
 
 void eventRows(Canvas& canvas, const FaceRenderer& skin, const Box& box, const EventsReading& reading, double pitch)

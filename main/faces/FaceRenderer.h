@@ -59,13 +59,12 @@ public:
     /// The mark of a value beyond its threshold; a warning triangle in the skin's warn colour.
     virtual void warning(Canvas& canvas, const Box& box) const;
 
-    /// Any reading: its face, or its notice under the header where there is nothing to show.
-    void drawAny(Canvas& canvas, const Reading& reading, const FaceContext& face) const;
-
-protected:
     /// Plate and header; returns what is left for the content.
     Box framed(Canvas& canvas, const FaceContext& face, const QString& title) const;
     Box framed(Canvas& canvas, const FaceContext& face) const;
+
+    /// Any reading: its face, or its notice under the header where there is nothing to show.
+    void drawAny(Canvas& canvas, const Reading& reading, const FaceContext& face) const;
 
 private:
     SkinStyle m_style;

@@ -47,8 +47,7 @@ void drawControls(Canvas& canvas, const Box& box, double size, const QBrush& fil
 void drawNotice(Canvas& canvas, const FaceRenderer& skin, const Notice& notice, const FaceContext& face)
 {
     const SkinStyle& style = skin.style();
-    Box content = skin.plate(canvas, face);
-    skin.header(canvas, content, face, headerTitle(style, face.kind));
+    Box content = skin.framed(canvas, face);
     if (face.kind == WidgetKind::nowPlaying) {
         const Box controls = content.cutBottom(controlSize + 4).centred(3 * 44, controlSize);
         drawControls(canvas, controls, controlSize, faded(style.ink, 0.35), false, false);

@@ -46,13 +46,13 @@ bool usesDayClock(const QLocale& locale)
 QString time(const QDateTime& date, const QLocale& locale)
 {
     const int hour = usesDayClock(locale) ? date.time().hour() : date.time().hour() % 12;
-    return u"%1:%2"_s.arg(hour).arg(date.time().minute(), 2, 10, u'0');
+    return u"%1:%2"_s.arg(hour).arg(date.time().minute(), 2, 10, QChar(u'0'));
 }
 
 QString clock(double seconds)
 {
     const auto whole = static_cast<long long>(std::max(0.0, seconds));
-    return u"%1:%2"_s.arg(whole / 60).arg(whole % 60, 2, 10, u'0');
+    return u"%1:%2"_s.arg(whole / 60).arg(whole % 60, 2, 10, QChar(u'0'));
 }
 
 } // namespace ambrelle::Units

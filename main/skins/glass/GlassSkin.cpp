@@ -90,7 +90,7 @@ void GlassSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCont
 void GlassSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face, reading.month);
-    monthGrid(canvas, box,
+    monthGrid(canvas, box, reading,
         {.weekday = style().caption(), .day = style().caption().coloured(ink), .todayFill = style().accent,
             .todayInk = inkOn(style().accent)});
 }

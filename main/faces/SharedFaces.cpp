@@ -1,0 +1,193 @@
+#include "faces/SharedFaces.h"
+
+#include "drawing/Colours.h"
+#include "faces/FaceKit.h"
+#include "faces/MoonDisc.h"
+#include "faces/StyledDial.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+/// A row of two lines, as tall as the skin's texts need.
+double twoLinePitch(const SkinStyle& style)
+{
+    return style.rowSize + style.captionSize + 6;
+}
+
+void sessionDots(Canvas& canvas, const SkinStyle& style, const Box& box, int lit)
+{
+    constexpr int count = 4;
+    constexpr double pitch = 14;
+    const Box line = box.centred(pitch * count, box.height());
+    for (int index = 0; index < count; ++index) {
+        const QPointF centre = line.column(index, count).center();
+        if (index < lit) {
+            canvas.disc(centre, 3.5, style.accent);
+        } else {
+            QPainterPath ring;
+            ring.addEllipse(centre, 3, 3);
+            canvas.stroke(ring, QPen(style.soft, 1));
+        }
+    }
+}
+
+} // namespace
+
+void drawShared(Canvas& canvas, const FaceRenderer& skin, const FocusReading& reading, const FaceContext& face)
+{
+    const SkinStyle& style = skin.style();
+    Box box = skin.framed(canvas, face, style.caps(reading.phase));
+    sessionDots(canvas, style, box.cutBottom(10), reading.sessions);
+    const StyledDial dial {.flavor = skin.dial(), .value = style.accent, .track = style.faint, .width = 7};
+    const Box inside = dial.draw(canvas, box.inset(0, 4), reading.progress);
+    FigureStyle figure = style.figure(18).aligned(Align::centre);
+    if (!reading.running)
+        figure.fill = style.soft;
+    canvas.figure(inside.inset(inside.width() * 0.04, 0), reading.remaining, {}, figure);
+    canvas.hit(face.bounds, {FaceAction::Verb::toggleFocus});
+}
+
+void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading& reading, const FaceContext& face)
+{
+    const SkinStyle& style = skin.style();
+    const Box box = skin.framed(canvas, face);
+    rows(box, reading.rows.size(), twoLinePitch(style), [&](const Box& row, qsizetype index) {
+        const RemindersReading::Row& reminder = reading.rows[index];
+        Box line = row;
+        const Box mark = line.cutLeft(20);
+        canvas.symbol(mark, reminder.done ? QStringLiteral("checkmark.circle.fill") : QStringLiteral("circle"), 16,
+            reminder.done ? style.accentText() : style.soft);
+        canvas.hit(row, {FaceAction::Verb::completeReminder, reminder.id});
+        line.cutLeft(2);
+        const TextStyle text = reminder.done ? style.row().coloured(style.soft) : style.row();
+        if (reminder.due.isEmpty()) {
+            canvas.text(line, reminder.title, text);
+            return;
+        }
+        const QColor due = reminder.overdue ? legible(style.warn, style.ink, style.ground) : style.soft;
+        canvas.text(line.cutTop(style.rowSize + 4), reminder.title, text);
+        canvas.text(line.cutTop(style.captionSize + 1), reminder.due, style.caption().coloured(due));
+    });
+}
+
+void drawShared(Canvas& canvas, const FaceRenderer& skin, const CountdownReading& reading, const FaceContext& face)
+{
+    const SkinStyle& style = skin.style();
+    Box box = skin.framed(canvas, face);
+    canvas.figure(box.cutTop(Bands::hero), reading.days, {}, style.figure(38));
+    canvas.text(box.cutTop(style.captionSize + 5), reading.unit, style.caption());
+    canvas.text(box.cutBottom(Bands::footer), reading.date, style.caption());
+    box.cutBottom(2);
+    capsule(canvas, box.cutBottom(4), reading.progress, style.faint, style.accent);
+    box.cutBottom(2);
+    canvas.text(box, reading.title, style.row());
+}
+
+void drawShared(Canvas& canvas, const FaceRenderer& skin, const SkyReading& reading, const FaceContext& face)
+{
+    const SkinStyle& style = skin.style();
+    Box box = skin.framed(canvas, face);
+    Box upper = box.cutTop(64);
+    const MoonDisc moon {.lit = blended(style.ink, style.accent, 0.12), .dark = style.faint, .edge = QPen(style.soft, 0.8)};
+    moon.draw(canvas, upper.cutLeft(64), reading.fraction);
+    upper.cutLeft(10);
+    const double name = canvas.paragraph(upper.inset(0, 4), reading.phase, style.caption().coloured(style.ink).wrapped(2));
+    upper.cutTop(name + 6);
+    canvas.paragraph(upper, reading.illumination, style.caption().wrapped(2));
+    const TextStyle caption = style.caption();
+    Box line = box.cutBottom(style.captionSize + 2);
+    if (reading.sunrise.isEmpty()) {
+        canvas.paragraph(box.united(line), reading.next, caption.wrapped(2), Qt::AlignVCenter);
+        return;
+    }
+    canvas.text(line, reading.sunrise, caption);
+    canvas.text(line, reading.sunset, caption.aligned(Align::right));
+    box.cutTop(8);
+    box.cutBottom(4);
+    const SunArc arc {.arc = QPen(style.soft, 1.2, Qt::DotLine), .horizon = QPen(style.faint, 1), .sun = style.accent};
+    arc.draw(canvas, box, reading.sun);
+}
+
+void drawShared(Canvas& canvas, const FaceRenderer& skin, const ActivityReading& reading, const FaceContext& face)
+{
+    const SkinStyle& style = skin.style();
+    Box box = skin.framed(canvas, face);
+    canvas.text(box.cutTop(26), reading.active, style.header().sized(std::max(style.titleSize, 18.0)));
+    if (!reading.metres.isEmpty() || !reading.clicks.isEmpty()) {
+        Box footer = box.cutBottom(style.captionSize + 4);
+        const double metres = canvas.text(footer, reading.metres, style.caption());
+        footer.cutLeft(metres + 6);
+        canvas.text(footer, reading.clicks, style.caption().aligned(Align::right));
+    }
+    Box axis = box.cutBottom(12);
+    for (int mark = 0; mark < 4; ++mark)
+        canvas.text(axis.column(mark, 4), QString::number(mark * 6), style.caption().sized(std::max(9.0, style.floor - 1)).asAxis());
+    box.cutTop(4);
+    canvas.rule(Box(box.x(), box.bottom() - 1, box.width(), 1), style.faint, 1);
+    for (int hour = 0; hour < 24; ++hour) {
+        Box column = box.column(hour, 24, 1.5);
+        const double height = std::max(1.0, column.height() * std::clamp(reading.hours.value(hour), 0.0, 1.0));
+        canvas.fill(column.cutBottom(height), hour == reading.hour ? style.accent : faded(style.accent, 0.55), 1);
+    }
+}
+
+void drawShared(Canvas& canvas, const FaceRenderer& skin, const QuoteReading& reading, const FaceContext& face)
+{
+    const SkinStyle& style = skin.style();
+    Box box = skin.framed(canvas, face);
+    if (reading.word) {
+        canvas.text(box.cutTop(30), reading.source, style.header().sized(std::max(style.titleSize, 24.0)));
+        canvas.text(box.cutTop(style.captionSize + 6), reading.note, style.caption());
+        box.cutTop(4);
+    } else {
+        canvas.text(box.cutBottom(Bands::footer), QStringLiteral("— ") + reading.source, style.caption());
+        box.cutBottom(4);
+    }
+    // The largest step at which the text is whole.
+    TextStyle text = style.row().wrapped(5);
+    for (const double size : {17.0, 15.0, 13.5, std::max(12.0, style.floor)}) {
+        text.size = std::max(size, style.floor);
+        text.lines = std::clamp(static_cast<int>(box.height() / (text.size * text.lineHeight)), 1, 5);
+        const QStringList lines = wrapped(reading.text, text, box.width());
+        if (lines.isEmpty() || !lines.last().endsWith(u'…'))
+            break;
+    }
+    canvas.paragraph(box, reading.text, text, reading.word ? Qt::AlignTop : Qt::AlignVCenter);
+}
+
+void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& reading, const FaceContext& face)
+{
+    const SkinStyle& style = skin.style();
+    const Box box = skin.framed(canvas, face);
+    constexpr double low = 0.2;
+    rows(box, reading.rows.size(), twoLinePitch(style), [&](const Box& row, qsizetype index) {
+        const DevicesReading::Row& device = reading.rows[index];
+        Box line = row;
+        canvas.symbol(line.cutLeft(18), device.symbol, 16, style.ink);
+        line.cutLeft(6);
+        Box upper = line.cutTop(style.rowSize + 4);
+        if (device.charging)
+            canvas.symbol(upper.cutRight(12), QStringLiteral("bolt.fill"), 11, style.accentText());
+        const double percent = canvas.text(upper, device.percent, style.caption().aligned(Align::right));
+        upper.cutRight(percent + 6);
+        canvas.text(upper, device.name, style.row().elided(Qt::ElideMiddle));
+        const Box below = line.cutTop(style.captionSize + 1);
+        if (!device.detail.isEmpty())
+            canvas.text(below, device.detail, style.caption());
+        else if (device.level)
+            capsule(canvas, below.centred(below.width(), 4), *device.level, style.faint,
+                *device.level <= low ? style.warn : style.accent);
+    });
+}
+
+void drawShared(Canvas& canvas, const FaceRenderer& skin, const PhotoReading& reading, const FaceContext& face)
+{
+    skin.plate(canvas, face);
+    picture(canvas, face.bounds.inset(skin.photoMat()), reading.picture.image, skin.photoCorner(), reading.fills);
+}
+
+} // namespace ambrelle

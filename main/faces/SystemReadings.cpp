@@ -1,0 +1,159 @@
+#include "faces/SystemReadings.h"
+
+#include "model/WidgetKind.h"
+#include "services/SystemMonitor.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double highLoad = 0.85;
+constexpr double fullDisk = 0.9;
+constexpr int lowBattery = 20; // percent
+constexpr double quietNetwork = 10'000; // bytes a second: the least full height of the graphs
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Readings", text);
+}
+
+Notice missing(const SystemMonitor& monitor, SystemMeasure measure, WidgetKind kind)
+{
+    if (monitor.isAvailable(measure))
+        return {};
+    return {symbol(kind), monitor.whyNot(measure)};
+}
+
+QString span(int minutes)
+{
+    return u"%1:%2"_s.arg(minutes / 60).arg(minutes % 60, 2, 10, QChar(u'0'));
+}
+
+QString batteryState(const BatteryInfo& battery)
+{
+    if (battery.isCharging)
+        return tr("Charging");
+    if (battery.isCharged)
+        return tr("Full");
+    return battery.onAC ? tr("Plugged in") : tr("On battery");
+}
+
+Share memoryPart(const QString& name, quint64 bytes, quint64 total)
+{
+    const double amount = static_cast<double>(bytes);
+    return {name, Units::gib(amount, 1) + u" GB"_s, total > 0 ? amount / static_cast<double>(total) : 0};
+}
+
+} // namespace
+
+CpuReading cpuReading(const SystemMonitor& monitor)
+{
+    CpuReading reading {.notice = missing(monitor, SystemMeasure::processor, WidgetKind::cpu)};
+    reading.percent = Units::percent(monitor.cpu());
+    reading.load = tr("Load %1").arg(monitor.loadAverage()[0], 0, 'f', 2);
+    const auto cores = monitor.perCore().size();
+    reading.cores = cores == 1 ? tr("1 core") : tr("%1 cores").arg(cores);
+    reading.perCore = monitor.perCore();
+    reading.history = monitor.cpuHistory();
+    reading.high = monitor.cpu() > highLoad;
+    return reading;
+}
+
+MemoryReading memoryReading(const SystemMonitor& monitor)
+{
+    MemoryReading reading {.notice = missing(monitor, SystemMeasure::memory, WidgetKind::memory)};
+    const MemoryInfo& memory = monitor.memory();
+    reading.percent = Units::percent(memory.fraction());
+    reading.used = Units::gib(static_cast<double>(memory.used), 1);
+    reading.total = tr("of %1 GB").arg(Units::gib(static_cast<double>(memory.total), 0));
+    reading.parts = {memoryPart(tr("App"), memory.app, memory.total), memoryPart(tr("Wired"), memory.wired, memory.total),
+        memoryPart(tr("Compressed"), memory.compressed, memory.total)};
+    reading.history = monitor.memoryHistory();
+    reading.high = memory.fraction() > highLoad;
+    return reading;
+}
+
+DiskReading diskReading(const SystemMonitor& monitor)
+{
+    DiskReading reading {.notice = missing(monitor, SystemMeasure::disks, WidgetKind::disk)};
+    const std::optional<DiskInfo> disk = monitor.mainDisk();
+    if (!disk) {
+        if (!reading.notice)
+            reading.notice = {symbol(WidgetKind::disk), tr("No volumes")};
+        return reading;
+    }
+    reading.name = disk->name;
+    reading.fraction = std::clamp(disk->usedFraction(), 0.0, 1.0);
+    reading.percent = Units::percent(reading.fraction);
+    const auto free = static_cast<double>(disk->free);
+    reading.free = Units::gb(free, free < 10e9 ? 1 : 0);
+    reading.unit = u"GB"_s;
+    reading.total = tr("of %1 GB").arg(Units::gb(static_cast<double>(disk->total), 0));
+    reading.high = reading.fraction > fullDisk;
+    return reading;
+}
+
+BatteryReading batteryReading(const SystemMonitor& monitor)
+{
+    BatteryReading reading {};
+    const std::optional<BatteryInfo>& battery = monitor.battery();
+    if (!battery) {
+        reading.notice = {u"powerplug.fill"_s, tr("No battery")};
+        return reading;
+    }
+    reading.level = std::clamp(battery->percent, 0.0, 1.0);
+    reading.percent = Units::percent(battery->percent);
+    reading.state = batteryState(*battery);
+    if (battery->minutesRemaining)
+        reading.remaining = (battery->isCharging ? tr("%1 to full") : tr("%1 left")).arg(span(*battery->minutesRemaining));
+    reading.charging = battery->isCharging;
+    reading.onMains = battery->onAC;
+    reading.low = reading.percent <= lowBattery;
+    return reading;
+}
+
+NetworkReading networkReading(const SystemMonitor& monitor)
+{
+    NetworkReading reading {.notice = missing(monitor, SystemMeasure::network, WidgetKind::network)};
+    reading.down = Units::rate(monitor.downRate());
+    reading.up = Units::rate(monitor.upRate());
+    reading.downHistory = monitor.downHistory();
+    reading.upHistory = monitor.upHistory();
+    reading.peak = std::max({quietNetwork, *std::ranges::max_element(reading.downHistory),
+        *std::ranges::max_element(reading.upHistory)});
+    return reading;
+}
+
+DownloadsReading downloadsReading(const SystemMonitor& monitor, int resetMinutes)
+{
+    DownloadsReading reading {.notice = missing(monitor, SystemMeasure::network, WidgetKind::downloads)};
+    const auto down = static_cast<double>(monitor.sessionDown());
+    const auto up = static_cast<double>(monitor.sessionUp());
+    reading.down = Units::size(down);
+    reading.up = Units::size(up);
+    reading.hint = resetMinutes > 0 ? tr("Resets every %1 min").arg(resetMinutes) : tr("Since start");
+    reading.share = down + up > 0 ? down / (down + up) : 0;
+    return reading;
+}
+
+ProcessesReading processesReading(const SystemMonitor& monitor)
+{
+    ProcessesReading reading {.notice = missing(monitor, SystemMeasure::processes, WidgetKind::processes)};
+    const QList<ProcessRow>& processes = monitor.processes();
+    if (processes.isEmpty() && !reading.notice)
+        reading.notice = {symbol(WidgetKind::processes), tr("Measuring…")};
+    const double busiest = processes.isEmpty() ? 0 : processes.first().cpu;
+    for (const ProcessRow& process : processes) {
+        reading.rows.append({process.name, QString::number(process.cpu, 'f', 1) + u'%',
+            busiest > 0 ? std::clamp(process.cpu / busiest, 0.0, 1.0) : 0});
+    }
+    return reading;
+}
+
+} // namespace ambrelle

@@ -1,0 +1,136 @@
+#include "faces/TimeReadings.h"
+
+#include "faces/MoonPhase.h"
+
+#include <QCoreApplication>
+#include <QTimeZone>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Readings", text);
+}
+
+/// Day and month in the locale's order: its long date without weekday and year.
+QString dayAndMonth(QDate date, const QLocale& locale)
+{
+    const QString format = locale.dateFormat(QLocale::LongFormat);
+    const bool monthFirst = format.indexOf(u'M') < format.indexOf(u'd');
+    return locale.toString(date, monthFirst ? u"MMMM d"_s : u"d MMMM"_s);
+}
+
+QString offsetText(int seconds)
+{
+    if (seconds == 0)
+        return tr("same time");
+    const int minutes = std::abs(seconds) / 60;
+    QString span = tr("%1 h").arg(minutes / 60);
+    if (minutes % 60 != 0)
+        span += u' ' + tr("%1 min").arg(minutes % 60);
+    return (seconds > 0 ? tr("%1 ahead") : tr("%1 behind")).arg(span);
+}
+
+} // namespace
+
+ClockReading clockReading(const WidgetConfig& config, const QDateTime& now, const QLocale& locale, bool seconds)
+{
+    const QTimeZone zone = config.timeZone ? QTimeZone(config.timeZone->toUtf8()) : QTimeZone();
+    const QDateTime there = zone.isValid() ? now.toTimeZone(zone) : now;
+    const QDate date = there.date();
+    const QTime time = there.time();
+    ClockReading reading;
+    reading.hour24 = time.hour();
+    reading.minute = time.minute();
+    if (Units::usesDayClock(locale)) {
+        reading.hours = u"%1"_s.arg(time.hour(), 2, 10, QChar(u'0'));
+    } else {
+        reading.hours = QString::number(time.hour() % 12 == 0 ? 12 : time.hour() % 12);
+        reading.meridiem = time.hour() < 12 ? locale.amText() : locale.pmText();
+    }
+    reading.minutes = u"%1"_s.arg(time.minute(), 2, 10, QChar(u'0'));
+    if (seconds)
+        reading.second = time.second();
+    reading.weekday = locale.standaloneDayName(date.dayOfWeek());
+    reading.weekdayShort = locale.standaloneDayName(date.dayOfWeek(), QLocale::ShortFormat);
+    reading.date = dayAndMonth(date, locale);
+    reading.isoDate = date.toString(Qt::ISODate);
+    reading.month = locale.standaloneMonthName(date.month());
+    reading.day = date.day();
+    if (config.city && !config.city->isEmpty()) {
+        reading.city = *config.city;
+        if (zone.isValid())
+            reading.offset = offsetText(there.offsetFromUtc() - now.offsetFromUtc());
+    }
+    return reading;
+}
+
+CalendarReading calendarReading(QDate today, const QLocale& locale)
+{
+    CalendarReading reading;
+    reading.month = locale.standaloneMonthName(today.month());
+    reading.year = QString::number(today.year());
+    const int first = locale.firstDayOfWeek();
+    for (int day = 0; day < 7; ++day)
+        reading.weekdays.append(locale.standaloneDayName((first - 1 + day) % 7 + 1, QLocale::NarrowFormat));
+    const int dayOfFirst = QDate(today.year(), today.month(), 1).dayOfWeek();
+    reading.firstColumn = (dayOfFirst - first + 7) % 7;
+    reading.days = today.daysInMonth();
+    reading.today = today.day();
+    return reading;
+}
+
+CountdownReading countdownReading(const WidgetConfig& config, const QDateTime& now, const QLocale& locale)
+{
+    CountdownReading reading;
+    if (!config.countdownDate) {
+        reading.notice = {symbol(WidgetKind::countdown), tr("Pick a date")};
+        return reading;
+    }
+    const QDateTime target = config.countdownDate->toTimeZone(now.timeZone());
+    const qint64 days = now.date().daysTo(target.date());
+    reading.days = QString::number(std::abs(days));
+    if (days == 0)
+        reading.unit = tr("days: today");
+    else if (days < 0)
+        reading.unit = days == -1 ? tr("day ago") : tr("days ago");
+    else
+        reading.unit = days == 1 ? tr("day") : tr("days");
+    reading.title = config.countdownTitle.value_or(QString());
+    reading.date = locale.toString(target.date(), QLocale::ShortFormat);
+    if (config.countdownStart && *config.countdownStart < *config.countdownDate) {
+        const auto whole = static_cast<double>(config.countdownStart->msecsTo(*config.countdownDate));
+        reading.progress = std::clamp(static_cast<double>(config.countdownStart->msecsTo(now)) / whole, 0.0, 1.0);
+    } else {
+        reading.progress = days <= 0 ? 1 : 0;
+    }
+    return reading;
+}
+
+SkyReading skyReading(const QDateTime& now)
+{
+    SkyReading reading;
+    reading.phase = MoonPhase::name(now);
+    // A tenth of a percent of the lunation is 43 minutes: finer steps would only repaint.
+    reading.fraction = std::round(MoonPhase::fraction(now) * 1000) / 1000;
+    reading.illumination = tr("%1% lit").arg(Units::percent(MoonPhase::illumination(now)));
+    const MoonPhase::Principal next = MoonPhase::next(now);
+    const auto days = static_cast<int>(std::lround(next.days));
+    const QString when = days == 0 ? tr("today") : days == 1 ? tr("in 1 day") : tr("in %1 days").arg(days);
+    reading.next = next.name + u' ' + when;
+    return reading;
+}
+
+FocusReading idleFocusReading(int minutes)
+{
+    return {.phase = tr("Focus"), .remaining = Units::clock(minutes * 60.0)};
+}
+
+} // namespace ambrelle

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "faces/Readings.h"
+#include "model/WidgetConfig.h"
+
+#include <QLocale>
+
+namespace ambrelle {
+
+/// What the widgets show that need nothing but the time and their own settings.
+
+/// The clock of the widget's city, or of the machine; an unknown time zone counts as none.
+ClockReading clockReading(const WidgetConfig& config, const QDateTime& now, const QLocale& locale, bool seconds);
+CalendarReading calendarReading(QDate today, const QLocale& locale);
+CountdownReading countdownReading(const WidgetConfig& config, const QDateTime& now, const QLocale& locale);
+/// The moon; the sun is for the weather to tell.
+SkyReading skyReading(const QDateTime& now);
+/// A focus timer that nobody started.
+FocusReading idleFocusReading(int minutes);
+
+} // namespace ambrelle

@@ -1,0 +1,60 @@
+#include "skins/SkinRegistry.h"
+
+#include "model/ThemeAccent.h"
+#include "skins/glass/GlassSkin.h"
+
+#include <array>
+
+namespace ambrelle {
+
+namespace {
+
+using Accent = std::optional<QColor>;
+using Renderer = std::shared_ptr<const FaceRenderer>;
+
+Renderer make(Skin skin, const Accent& accent)
+{
+    switch (skin) {
+    case Skin::glass: return std::make_shared<GlassSkin>(accent);
+    default: return std::make_shared<GlassSkin>(accent);
+    }
+}
+
+struct Kept {
+    Renderer renderer;
+    Accent accent;
+};
+
+/// The renderer of a skin, made again when its accent is another one.
+Renderer rendererOf(Skin skin)
+{
+    static std::array<Kept, rawRows<Skin>.size()> kept;
+    Kept& slot = kept[static_cast<std::size_t>(skin)];
+    const Accent accent = ThemeAccent::shared().color(skin);
+    if (!slot.renderer || slot.accent != accent)
+        slot = {make(skin, accent), accent};
+    return slot.renderer;
+}
+
+} // namespace
+
+FaceView view(Skin skin, WidgetKind kind)
+{
+    const SizeClass size = sizeClass(skin, kind);
+    const FaceContext face {.kind = kind, .size = size, .bounds = QRectF({}, baseSize(size))};
+    Renderer renderer = rendererOf(skin);
+    const QString key = rawValue(skin) + u'/' + rawValue(kind) + renderer->style().accent.name();
+    return {std::move(renderer), face, key};
+}
+
+SkinStyle styleOf(Skin skin)
+{
+    return rendererOf(skin)->style();
+}
+
+QColor originalAccent(Skin skin)
+{
+    return make(skin, std::nullopt)->style().accent;
+}
+
+} // namespace ambrelle
