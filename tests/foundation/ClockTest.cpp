@@ -1,0 +1,195 @@
+#include "foundation/ManualClock.h"
+#include "foundation/SystemClock.h"
+#include "foundation/WorkQueue.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QEvent>
+#include <QEventLoop>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace ambrelle {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+TEST(WorkQueueTest, WakesOnceForWorkThatMayWaitForEachOther)
+{
+    WorkQueue queue;
+    const Ticket slow = queue.repeat(1000ms, 1000ms, [] {});
+    EXPECT_EQ(queue.nextWake(), 1000ms);
+    const Ticket soonAfter = queue.repeat(1050ms, 2000ms, [] {});
+    EXPECT_EQ(queue.nextWake(), 1050ms);
+    const Ticket tooLate = queue.repeat(1101ms, 5000ms, [] {});
+    EXPECT_EQ(queue.nextWake(), 1050ms) << "more than a tenth of a second late";
+    const Ticket exact = queue.once(1020ms, [] {});
+    EXPECT_EQ(queue.nextWake(), 1020ms) << "single work may not be late";
+}
+
+TEST(WorkQueueTest, MissedTimesAreLeftOut)
+{
+    WorkQueue queue;
+    int runs = 0;
+    const Ticket ticket = queue.repeat(100ms, 100ms, [&] { ++runs; });
+    queue.run(570ms);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(queue.nextDue(), 600ms);
+}
+
+TEST(WorkQueueTest, WorkMayCancelItselfAndOthers)
+{
+    WorkQueue queue;
+    QStringList log;
+    Ticket self, other, once;
+    self = queue.repeat(1ms, 1ms, [&, guard = std::make_shared<int>(7)] {
+        self.reset();
+        other.reset();
+        log << u"self %1"_s.arg(*guard); // what the work captured must still be there
+    });
+    other = queue.repeat(2ms, 1ms, [&] { log << u"other"_s; });
+    once = queue.once(3ms, [&] {
+        once.reset();
+        log << u"once"_s;
+    });
+    queue.run(5ms);
+    queue.run(9ms);
+    EXPECT_EQ(log, (QStringList{u"self 7"_s, u"once"_s}));
+    EXPECT_TRUE(queue.isEmpty());
+}
+
+TEST(WorkQueueTest, WorkMayDestroyTheQueueAndTicketsOutliveIt)
+{
+    auto queue = std::make_unique<WorkQueue>();
+    bool ranAfterwards = false;
+    const Ticket first = queue->once(1ms, [&] { queue.reset(); });
+    Ticket second = queue->repeat(1ms, 1ms, [&] { ranAfterwards = true; });
+    queue->run(1ms);
+    EXPECT_FALSE(ranAfterwards);
+    second.reset();
+}
+
+TEST(ManualClockTest, DoesWorkInOrderEachAtItsMoment)
+{
+    ManualClock clock;
+    const QDateTime start = clock.now();
+    QStringList log;
+    const auto note = [&](const char* what) {
+        return
+            [&log, &clock, start, what] { log << u"%1@%2"_s.arg(QLatin1String(what)).arg(start.msecsTo(clock.now())); };
+    };
+    const Ticket late = clock.after(250ms, note("late"));
+    const Ticket tick = clock.every(100ms, note("tick"));
+    Ticket chained;
+    const Ticket early = clock.after(50ms, [&] { chained = clock.after(60ms, note("chained")); });
+    clock.advance(260ms);
+    EXPECT_EQ(log, (QStringList{u"tick@100"_s, u"chained@110"_s, u"tick@200"_s, u"late@250"_s}));
+    EXPECT_DOUBLE_EQ(clock.elapsed(), 0.26);
+    EXPECT_EQ(start.msecsTo(clock.now()), 260);
+}
+
+TEST(ManualClockTest, MinutesFollowTheWallClock)
+{
+    ManualClock clock(QDateTime(QDate(2025, 3, 30), QTime(0, 59, 58, 500), Qt::UTC));
+    QStringList log;
+    Ticket minutes = clock.everyMinute([&] { log << clock.now().toString(u"hh:mm:ss"_s); });
+    clock.advance(1499ms);
+    EXPECT_TRUE(log.isEmpty());
+    clock.advance(60s);
+    EXPECT_EQ(log, QStringList{u"01:00:00"_s});
+    clock.setNow(QDateTime(QDate(2025, 3, 30), QTime(7, 30, 59), Qt::UTC));
+    clock.advance(1s);
+    EXPECT_EQ(log.mid(1), (QStringList{u"07:30:59"_s, u"07:31:00"_s})) << "at once, then at the new clock's minute";
+    minutes.reset();
+    clock.setNow(QDateTime(QDate(2026, 1, 1), QTime(0, 0), Qt::UTC));
+    clock.advance(10min);
+    EXPECT_EQ(log.size(), 3);
+}
+
+TEST(ManualClockTest, AWallClockThatWasSlowedIsWaitedFor)
+{
+    ManualClock clock;
+    int runs = 0;
+    const Ticket minutes = clock.everyMinute([&] { ++runs; });
+    const QDateTime behind = clock.now().addSecs(50);
+    const Ticket slowed = clock.after(59s, [&] { clock.setNow(behind); });
+    clock.advance(60s);
+    EXPECT_EQ(runs, 1) << "only the jump itself: the wall clock shows 51 seconds";
+    clock.advance(9s);
+    EXPECT_EQ(runs, 2);
+}
+
+int openDescriptors()
+{
+    return static_cast<int>(QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size());
+}
+
+TEST(SystemClockTest, EqualPeriodsShareAWakeUp)
+{
+    SystemClock clock;
+    QEventLoop loop;
+    std::vector<double> first, second;
+    const Ticket one = clock.every(20ms, [&] { first.push_back(clock.elapsed()); });
+    Ticket two;
+    const Ticket delayed =
+        clock.after(5ms, [&] { two = clock.every(20ms, [&] { second.push_back(clock.elapsed()); }); });
+    const Ticket end = clock.after(75ms, [&] { loop.quit(); });
+    loop.exec();
+    ASSERT_GE(second.size(), 2u);
+    // The second runs right after the first in the same wake-up, not five milliseconds apart.
+    EXPECT_NEAR(first.back(), second.back(), 0.002);
+}
+
+TEST(SystemClockTest, NestedLoopsKeepTheirTimersAndNothingIsLateForEver)
+{
+    SystemClock clock;
+    bool inner = false;
+    QEventLoop outer;
+    const Ticket start = clock.after(0ms, [&] {
+        QEventLoop nested;
+        const Ticket timer = clock.after(1ms, [&] {
+            inner = true;
+            nested.quit();
+        });
+        nested.exec();
+        outer.quit();
+    });
+    outer.exec();
+    EXPECT_TRUE(inner);
+}
+
+TEST(SystemClockTest, NothingIsWatchedWhileNobodyWaitsForMinutes)
+{
+    SystemClock clock;
+    QEventLoop().processEvents();
+    const int before = openDescriptors();
+    Ticket minutes = clock.everyMinute([] {});
+    Ticket others = clock.everyMinute([] {});
+    EXPECT_GT(openDescriptors(), before);
+    minutes.reset();
+    EXPECT_GT(openDescriptors(), before);
+    others.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(openDescriptors(), before);
+}
+
+TEST(SystemClockTest, TicketsOutliveTheClock)
+{
+    Ticket tick, minutes;
+    {
+        SystemClock clock;
+        tick = clock.every(1s, [] {});
+        minutes = clock.everyMinute([] {});
+    }
+    tick.reset();
+    minutes.reset();
+    SUCCEED() << "the sanitizers watch this one";
+}
+
+} // namespace
+} // namespace ambrelle
