@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/SystemSources.h"
+
+#include <QObject>
+#include <QStringList>
+
+namespace ambrelle {
+
+/// Lists processes with the system's ps, for hosts whose processes cannot be read in any cheaper way. Its shares are
+/// those since each process started.
+class ListerProcessSource final : public QObject, public ProcessSource {
+    Q_OBJECT
+public:
+    /// `program` writes lines of "pid pcpu pmem name", the busiest process first.
+    explicit ListerProcessSource(const QString& program = QStringLiteral("ps"),
+        const QStringList& arguments = {QStringLiteral("-A"), QStringLiteral("-o"),
+            QStringLiteral("pid=,pcpu=,pmem=,comm="), QStringLiteral("--sort=-pcpu")});
+    ~ListerProcessSource() override;
+
+    bool isAvailable() const override { return !m_path.isEmpty(); }
+    QString whyNot() const override;
+    void top(int count, Completion completion) override;
+
+private:
+    QString m_program;
+    QString m_path; // empty: not installed
+    QStringList m_arguments;
+};
+
+} // namespace ambrelle
