@@ -1,7 +1,9 @@
 #include "faces/FaceRenderer.h"
 
+#include "drawing/Charts.h"
 #include "faces/NoticeFace.h"
 #include "faces/SharedFaces.h"
+#include "faces/StyledDial.h"
 
 namespace ambrelle {
 
@@ -28,6 +30,17 @@ void FaceRenderer::header(Canvas& canvas, Box& content, const FaceContext&, cons
 void FaceRenderer::warning(Canvas& canvas, const Box& box) const
 {
     canvas.symbol(box, QStringLiteral("exclamationmark.triangle.fill"), 10, m_style.warn);
+}
+
+Box FaceRenderer::progressDial(Canvas& canvas, const Box& box, double fraction) const
+{
+    const StyledDial dial {.flavor = m_dial, .value = m_style.accent, .track = m_style.faint, .width = 7};
+    return dial.draw(canvas, box, fraction);
+}
+
+void FaceRenderer::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    capsule(canvas, box, fraction, m_style.faint, colour);
 }
 
 Box FaceRenderer::framed(Canvas& canvas, const FaceContext& face, const QString& title) const

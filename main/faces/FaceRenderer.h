@@ -58,6 +58,10 @@ public:
     virtual double photoCorner() const { return std::max(0.0, m_style.corner - photoMat()); }
     /// The mark of a value beyond its threshold; a warning triangle in the skin's warn colour.
     virtual void warning(Canvas& canvas, const Box& box) const;
+    /// The skin's dial in the largest circle of `box`, filled to `fraction` (0 to 1); returns the box inside it.
+    virtual Box progressDial(Canvas& canvas, const Box& box, double fraction) const;
+    /// A thin horizontal level in `colour` over its track, filled to `fraction` (0 to 1).
+    virtual void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const;
 
     /// Plate and header; returns what is left for the content.
     Box framed(Canvas& canvas, const FaceContext& face, const QString& title) const;

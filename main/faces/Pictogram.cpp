@@ -9,6 +9,7 @@ namespace ambrelle {
 namespace {
 
 constexpr double side = 48;
+constexpr std::size_t skies = static_cast<std::size_t>(Sky::unknown) + 1;
 
 QPainterPath circle(double x, double y, double radius)
 {
@@ -168,20 +169,72 @@ Pictogram make(Sky sky)
     return picture;
 }
 
+/// Every curve as two chords: a circle becomes an octagon.
+QPainterPath straightened(const QPainterPath& path)
+{
+    constexpr double shortest = 1.2; // units; a chord below is left out
+    constexpr int curveParts = 3; // a cubic is stored as its first control point and two more elements
+    QPainterPath result;
+    const auto lineTo = [&result](QPointF point) {
+        if (QLineF(result.currentPosition(), point).length() > shortest)
+            result.lineTo(point);
+    };
+    for (int index = 0; index < path.elementCount(); ++index) {
+        const QPainterPath::Element& element = path.elementAt(index);
+        if (element.isMoveTo()) {
+            result.moveTo(element);
+        } else if (element.isLineTo()) {
+            lineTo(element);
+        } else {
+            const QPointF from = path.elementAt(index - 1);
+            const QPointF end = path.elementAt(index + 2);
+            lineTo((from + 3 * QPointF(element) + 3 * QPointF(path.elementAt(index + 1)) + end) / 8);
+            lineTo(end);
+            index += curveParts - 1;
+        }
+    }
+    return result;
+}
+
+Pictogram makeStraight(Sky sky)
+{
+    Pictogram picture = make(sky);
+    for (QPainterPath* shape : {&picture.disc, &picture.cloud}) {
+        if (shape->isEmpty())
+            continue;
+        *shape = straightened(*shape);
+        shape->closeSubpath();
+    }
+    return picture;
+}
+
+const Pictogram& kept(Sky sky, Pictogram (*draw)(Sky), std::array<std::optional<Pictogram>, skies>& made)
+{
+    std::optional<Pictogram>& slot = made.at(static_cast<std::size_t>(sky));
+    if (!slot)
+        slot = draw(sky);
+    return *slot;
+}
+
 } // namespace
 
 const Pictogram& Pictogram::of(Sky sky)
 {
-    static std::array<std::optional<Pictogram>, static_cast<std::size_t>(Sky::unknown) + 1> made;
-    std::optional<Pictogram>& slot = made.at(static_cast<std::size_t>(sky));
-    if (!slot)
-        slot = make(sky);
-    return *slot;
+    static std::array<std::optional<Pictogram>, skies> made;
+    return kept(sky, make, made);
+}
+
+const Pictogram& Pictogram::straightOf(Sky sky)
+{
+    static std::array<std::optional<Pictogram>, skies> made;
+    return kept(sky, makeStraight, made);
 }
 
 void drawPictogram(Canvas& canvas, const Box& box, Sky sky, const PictogramPaint& paint)
 {
-    const Pictogram& picture = Pictogram::of(sky);
+    const Pictogram& picture = paint.straight ? Pictogram::straightOf(sky) : Pictogram::of(sky);
+    const Qt::PenCapStyle cap = paint.straight ? Qt::FlatCap : Qt::RoundCap;
+    const Qt::PenJoinStyle join = paint.straight ? Qt::MiterJoin : Qt::RoundJoin;
     const Box square = box.square();
     const double scale = square.width() / side;
     QTransform place = QTransform::fromTranslate(square.x(), square.y());
@@ -191,13 +244,13 @@ void drawPictogram(Canvas& canvas, const Box& box, Sky sky, const PictogramPaint
         if (path.isEmpty())
             return;
         if (paint.outline > 0)
-            canvas.stroke(place.map(path), QPen(brush, paint.outline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            canvas.stroke(place.map(path), QPen(brush, paint.outline, Qt::SolidLine, cap, join));
         else
             canvas.fill(place.map(path), brush);
     };
     const auto lines = [&](const QPainterPath& path, const QBrush& brush) {
         if (!path.isEmpty())
-            canvas.stroke(place.map(path), QPen(brush, width, Qt::SolidLine, Qt::RoundCap));
+            canvas.stroke(place.map(path), QPen(brush, width, Qt::SolidLine, cap));
     };
     shape(picture.disc, picture.night ? paint.moon : paint.sun);
     lines(picture.rays, paint.sun);

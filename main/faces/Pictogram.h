@@ -17,6 +17,8 @@ struct Pictogram {
     bool night = false;
 
     static const Pictogram& of(Sky sky);
+    /// The same picture made of straight pieces only.
+    static const Pictogram& straightOf(Sky sky);
 };
 
 /// How a skin draws its pictograms. Without an outline the shapes are filled.
@@ -28,6 +30,7 @@ struct PictogramPaint {
     QBrush bolt;
     double line = 2.6; ///< width of the lines in units of the 48-unit box
     double outline = 0; ///< width of outlines in points; 0: filled
+    bool straight = false; ///< every curve as two straight pieces, with square ends
 };
 
 /// Draws the picture into the largest square of `box`.

@@ -3,7 +3,6 @@
 #include "drawing/Colours.h"
 #include "faces/FaceKit.h"
 #include "faces/MoonDisc.h"
-#include "faces/StyledDial.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,8 +41,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const FocusReading& re
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face, style.caps(reading.phase));
     sessionDots(canvas, style, box.cutBottom(10), reading.sessions);
-    const StyledDial dial {.flavor = skin.dial(), .value = style.accent, .track = style.faint, .width = 7};
-    const Box inside = dial.draw(canvas, box.inset(0, 4), reading.progress);
+    const Box inside = skin.progressDial(canvas, box.inset(0, 4), reading.progress);
     FigureStyle figure = style.figure(18).aligned(Align::centre);
     if (!reading.running)
         figure.fill = style.soft;
@@ -82,7 +80,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const CountdownReading
     canvas.text(box.cutTop(style.captionSize + 5), reading.unit, style.caption());
     canvas.text(box.cutBottom(Bands::footer), reading.date, style.caption());
     box.cutBottom(2);
-    capsule(canvas, box.cutBottom(4), reading.progress, style.faint, style.accent);
+    skin.level(canvas, box.cutBottom(4), reading.progress, style.accent);
     box.cutBottom(2);
     canvas.text(box, reading.title, style.row());
 }
@@ -179,7 +177,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         if (!device.detail.isEmpty())
             canvas.text(below, device.detail, style.caption());
         else if (device.level)
-            capsule(canvas, below.centred(below.width(), 4), *device.level, style.faint,
+            skin.level(canvas, below.centred(below.width(), 4), *device.level,
                 *device.level <= low ? style.warn : style.accent);
     });
 }
