@@ -21,8 +21,11 @@ ListerProcessSource::~ListerProcessSource()
 {
     // A lister that still runs must not complete into an owner that is going away.
     const auto running = findChildren<QProcess*>();
-    for (auto* process : running)
+    for (auto* process : running) {
         process->disconnect();
+        process->kill();
+        process->waitForFinished();
+    }
 }
 
 QString ListerProcessSource::whyNot() const

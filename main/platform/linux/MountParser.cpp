@@ -97,7 +97,7 @@ bool isBrowsable(const Mount& mount)
 QByteArray spaceOf(const Mount& mount)
 {
     if (mount.type == "zfs") // every file system of a pool draws on the pool
-        return "zfs:" + mount.source.left(mount.source.indexOf('/'));
+        return "zfs:" + mount.source.split('/').constFirst();
     return mount.source.startsWith("/dev/") && mount.type == "btrfs" ? mount.source : mount.device;
 }
 

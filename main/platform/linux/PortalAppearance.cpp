@@ -33,8 +33,8 @@ QVariant unwrapped(QVariant value)
 
 } // namespace
 
-PortalAppearance::PortalAppearance(Connect connect)
-    : m_connect(std::move(connect))
+PortalAppearance::PortalAppearance(OpenBus openBus)
+    : m_openBus(std::move(openBus))
 {
     QTimer::singleShot(0, this, &PortalAppearance::askPortal);
     connect(&m_settingsWatcher, &QFileSystemWatcher::fileChanged, this,
@@ -48,7 +48,7 @@ QString PortalAppearance::whyNot() const
 
 void PortalAppearance::askPortal()
 {
-    auto bus = m_connect();
+    auto bus = m_openBus();
     if (!bus.isConnected()) {
         askSettings();
         return;

@@ -15,9 +15,9 @@ namespace ambrelle {
 class PortalAppearance final : public SystemAppearance {
     Q_OBJECT
 public:
-    using Connect = std::function<QDBusConnection()>;
+    using OpenBus = std::function<QDBusConnection()>;
 
-    explicit PortalAppearance(Connect connect = &QDBusConnection::sessionBus);
+    explicit PortalAppearance(OpenBus openBus = &QDBusConnection::sessionBus);
 
     bool isAvailable() const override { return m_known; }
     QString whyNot() const override;
@@ -32,7 +32,7 @@ private:
     void watchSettings();
     void accept(bool dark);
 
-    Connect m_connect;
+    OpenBus m_openBus;
     QFileSystemWatcher m_settingsWatcher;
     bool m_known = false;
     bool m_dark = false;

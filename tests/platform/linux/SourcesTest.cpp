@@ -1,0 +1,303 @@
+#include "TestData.h"
+
+#include "platform/linux/LinuxSources.h"
+#include "platform/linux/ListerProcessSource.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+#include <sched.h>
+#include <sys/mount.h>
+
+namespace ambrelle {
+namespace {
+
+bool waitUntil(const std::function<bool()>& condition, int milliseconds = 5000)
+{
+    const QDeadlineTimer deadline(milliseconds);
+    while (!condition() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+    return condition();
+}
+
+/// A folder that stands in for /proc, /sys or /dev.
+class SourcesTest : public ::testing::Test {
+protected:
+    void write(const QString& name, const QByteArray& text)
+    {
+        const QString path = folder.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate)) << qPrintable(path);
+        file.write(text);
+    }
+    QByteArray root() const { return QFile::encodeName(folder.path()); }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(SourcesTest, AKeptFileFollowsItsPath)
+{
+    KeptFile file(root() + "/text");
+    EXPECT_FALSE(file.read());
+    write(QStringLiteral("text"), "one");
+    EXPECT_EQ(file.read(), "one");
+    const QByteArray longText(100'000, 'x');
+    write(QStringLiteral("text"), longText);
+    EXPECT_EQ(file.read(), view(longText));
+    write(QStringLiteral("text"), "");
+    EXPECT_EQ(file.read(), "");
+    EXPECT_FALSE(KeptFile(root()).read()); // a folder opens and cannot be read
+
+    KeptFile kernelFile("/proc/self/mountinfo");
+    KeptFile moved(std::move(kernelFile));
+    ASSERT_TRUE(moved.read());
+    EXPECT_TRUE(moved.read()->ends_with('\n'));
+}
+
+TEST_F(SourcesTest, ProcessorCountersNeverGoBack)
+{
+    write(QStringLiteral("stat"), "cpu 0 0 0 0\ncpu0 100 0 50 1000 20 0 0 0\n");
+    LinuxProcessorSource source(root());
+    ASSERT_TRUE(source.isAvailable());
+    source.ticks();
+    write(QStringLiteral("stat"), "cpu 0 0 0 0\ncpu0 110 0 50 1000 15 0 0 0\n");
+    EXPECT_EQ(source.ticks(), (QList<ProcessorTicks>{{110, 50, 1020, 0}}));
+    write(QStringLiteral("stat"), "cpu 0 0 0 0\ncpu0 1 0 0 2\ncpu1 1 0 0 2\n");
+    EXPECT_EQ(source.ticks()->size(), 2);
+    write(QStringLiteral("stat"), "");
+    EXPECT_FALSE(source.ticks());
+    EXPECT_FALSE(source.isAvailable());
+    EXPECT_FALSE(source.whyNot().isEmpty());
+}
+
+TEST_F(SourcesTest, CompressedSwapDevicesTakeMemory)
+{
+    write(QStringLiteral("meminfo"), "MemTotal: 4096 kB\nAnonPages: 400 kB\nZswap: 40 kB\n");
+    write(QStringLiteral("block/zram0/mm_stat"), "900000 100 40960 0 0 0 0 0 0\n");
+    write(QStringLiteral("block/zram1/mm_stat"), "900000 100 40960 0 0 0 0 0 0\n");
+    LinuxMemorySource source(root(), root());
+    EXPECT_EQ(source.physicalMemory(), 4096U * 1024);
+    EXPECT_EQ(source.pages()->compressor * source.pageSize(), 3U * 40960);
+    EXPECT_FALSE(LinuxMemorySource("/nowhere", "/nowhere").isAvailable());
+}
+
+TEST_F(SourcesTest, VolumesAreNamedByTheirLabels)
+{
+    write(QStringLiteral("sda1"), "");
+    QDir().mkpath(folder.filePath(QStringLiteral("disk/by-label")));
+    ASSERT_TRUE(QFile::link(
+        QStringLiteral("../../sda1"), folder.filePath(QStringLiteral("disk/by-label/My\\x20Disk\\xc3\\xa4"))));
+    const auto device = root() + "/sda1";
+    write(QStringLiteral("self/mountinfo"),
+        "1 1 8:1 / / rw - ext4 /dev/none rw\n2 1 8:2 / /var rw - ext4 /dev/gone rw\n3 1 8:3 / " + root() + " rw - ext4 "
+            + device + " rw\n4 1 8:4 / /nowhere rw - ext4 /dev/sdx rw\n");
+    // Sources are taken for devices only below /dev.
+    LinuxVolumeSource source(root(), root());
+    ASSERT_TRUE(source.isAvailable());
+    const auto volumes = source.volumes();
+    ASSERT_EQ(volumes.size(), 2);
+    EXPECT_EQ(volumes.at(0).name, QStringLiteral("System"));
+    EXPECT_EQ(volumes.at(0).isRoot, true);
+    EXPECT_GT(volumes.at(0).total, 0);
+    EXPECT_GE(volumes.at(0).total, volumes.at(0).available);
+    EXPECT_EQ(volumes.at(1).path, QStringLiteral("/var"));
+    EXPECT_EQ(volumes.at(1).name, std::nullopt);
+
+    write(QStringLiteral("self/mountinfo"), "1 1 8:1 / / rw - ext4 " + device + " rw\n");
+    EXPECT_EQ(source.volumes().first().name, QStringLiteral("My Diskä"));
+}
+
+TEST_F(SourcesTest, ASlowVolumeJoinsOnceItAnswered)
+{
+    write(QStringLiteral("self/mountinfo"),
+        "1 1 8:1 / / rw - ext4 /dev/none rw\n2 1 0:50 / /usr/../tmp rw - nfs4 server:/tmp rw\n"
+        "3 1 0:51 / /nowhere rw - nfs4 server:/gone rw\n");
+    LinuxVolumeSource source(root(), root());
+    int changes = 0;
+    QObject::connect(&source, &VolumeSource::volumesChanged, [&changes] { ++changes; });
+    write(QStringLiteral("self/mountinfo"),
+        "1 1 8:1 / / rw - ext4 /dev/none rw\n2 1 0:50 / /tmp rw - nfs4 server:/tmp rw\n"
+        "3 1 0:51 / /nowhere rw - nfs4 server:/gone rw\n");
+    EXPECT_EQ(source.volumes().size(), 1);
+    ASSERT_TRUE(waitUntil([&changes] { return changes > 0; }));
+    const auto volumes = source.volumes();
+    ASSERT_EQ(volumes.size(), 2);
+    EXPECT_EQ(volumes.at(1).path, QStringLiteral("/tmp"));
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(SourcesTest, AMountIsNoticedAtOnce)
+{
+    if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
+        GTEST_SKIP() << "needs the right to mount";
+    LinuxVolumeSource source;
+    int changes = 0;
+    QObject::connect(&source, &VolumeSource::volumesChanged, [&changes] { ++changes; });
+    QCoreApplication::processEvents();
+    ASSERT_EQ(changes, 0);
+    ASSERT_EQ(::mount("none", root().constData(), "tmpfs", 0, nullptr), 0);
+    EXPECT_TRUE(waitUntil([&changes] { return changes > 0; }));
+    const int mounted = changes;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(changes, mounted); // told once per change
+    ASSERT_EQ(::umount(root().constData()), 0);
+    EXPECT_TRUE(waitUntil([&changes, mounted] { return changes > mounted; }));
+}
+
+TEST_F(SourcesTest, BatteriesComeAndGo)
+{
+    EXPECT_FALSE(LinuxPowerSource(root()).isAvailable());
+    const auto battery = QStringLiteral("class/power_supply/BAT0/uevent");
+    write(battery, testData("battery-energy.txt"));
+    write(QStringLiteral("class/power_supply/BAT0/type"), "Battery\n");
+    write(QStringLiteral("class/power_supply/AC/uevent"), "POWER_SUPPLY_ONLINE=1\n");
+    write(QStringLiteral("class/power_supply/AC/type"), "Mains\n");
+    write(QStringLiteral("class/power_supply/mouse/uevent"), testData("battery-of-mouse.txt"));
+    write(QStringLiteral("class/power_supply/mouse/scope"), "Device\n");
+    LinuxPowerSource source(root());
+    ASSERT_EQ(source.descriptions().size(), 1);
+    EXPECT_TRUE(source.descriptions().first().onAC);
+    write(QStringLiteral("class/power_supply/AC/uevent"), "POWER_SUPPLY_ONLINE=0\n");
+    EXPECT_FALSE(source.descriptions().first().onAC);
+    write(battery, "");
+    EXPECT_EQ(source.descriptions().first().maxCapacity, 100);
+}
+
+TEST_F(SourcesTest, NetworkCardsCountAndWhatIsBuiltOnThemDoesNot)
+{
+    write(QStringLiteral("net/dev"), testData("net-dev-laptop.txt"));
+    const auto makeInterface = [this](const char* name, const char* type, const QStringList& folders) {
+        const auto base = QStringLiteral("class/net/") + QLatin1String(name);
+        write(base + QStringLiteral("/type"), type);
+        for (const auto& each : folders)
+            QDir().mkpath(folder.filePath(base + u'/' + each));
+    };
+    makeInterface("lo", "772\n", {});
+    makeInterface("enp3s0", "1\n", {QStringLiteral("device")});
+    makeInterface("wlp2s0", "1\n", {QStringLiteral("device")});
+    makeInterface("docker0", "1\n", {QStringLiteral("bridge"), QStringLiteral("device")});
+    makeInterface("veth9c1", "1\n", {});
+    makeInterface("tun0", "65534\n", {QStringLiteral("device")});
+    const auto counted = [](NetworkSource& source) {
+        QStringList names;
+        const auto interfaces = source.interfaces().value_or(QList<InterfaceCounters>());
+        for (const auto& each : interfaces) {
+            if (each.counted)
+                names.append(each.name);
+        }
+        return names;
+    };
+    LinuxNetworkSource source(root(), root());
+    EXPECT_EQ(counted(source), QStringList({QStringLiteral("enp3s0"), QStringLiteral("wlp2s0")}));
+
+    // The decision stays while the same interfaces are there, and is taken anew when one goes.
+    write(QStringLiteral("net/dev"), "wlp2s0:1 2 3 4 5 6 7 8 9\ndocker0:1 2 3 4 5 6 7 8 9\n");
+    EXPECT_EQ(counted(source), QStringList(QStringLiteral("wlp2s0")));
+    write(QStringLiteral("net/dev"), "  eth0:1 2 3 4 5 6 7 8 9\ndocker0:1 2 3 4 5 6 7 8 9\n");
+    EXPECT_EQ(counted(source), QStringList(QStringLiteral("eth0")));
+    EXPECT_EQ(source.interfaces()->first(), (InterfaceCounters{QStringLiteral("eth0"), 1, 9, true}));
+}
+
+/// A process that keeps one processor busy, under a name with blanks and a bracket.
+class BusyProcess {
+public:
+    BusyProcess()
+    {
+        m_process.start(QStringLiteral("/bin/sh"),
+            {QStringLiteral("-c"),
+                QStringLiteral("printf 'busy ) R 1 (x' > /proc/$$/comm; echo; while :; do :; done")});
+        m_process.waitForReadyRead();
+    }
+    ~BusyProcess()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+    qint64 id() const { return m_process.processId(); }
+
+private:
+    QProcess m_process;
+};
+
+TEST(ProcessSourceTest, TheBusyProcessStandsOutWithItsName)
+{
+    LinuxProcessSource source;
+    ASSERT_TRUE(source.isAvailable());
+    source.top(8, [](const QList<ProcessRow>&) {});
+    const BusyProcess busy;
+    std::optional<ProcessRow> found;
+    EXPECT_TRUE(waitUntil([&source, &found, &busy] {
+        source.top(100'000, [&found, &busy](const QList<ProcessRow>& rows) {
+            for (const auto& row : rows) {
+                if (row.id == busy.id())
+                    found = row;
+            }
+            EXPECT_TRUE(std::is_sorted(
+                rows.begin(), rows.end(), [](const ProcessRow& a, const ProcessRow& b) { return a.cpu > b.cpu; }));
+        });
+        return found && found->cpu > 5;
+    }));
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->name, QStringLiteral("busy ) R 1 (x"));
+    EXPECT_LT(found->cpu, 150);
+    EXPECT_GT(found->memory, 0);
+    EXPECT_LT(found->memory, 50);
+    EXPECT_FALSE(LinuxProcessSource("/nowhere").isAvailable());
+}
+
+TEST(ProcessSourceTest, TheListerRunsApartAndMayFail)
+{
+    QList<ProcessRow> rows;
+    int answers = 0;
+    const auto take = [&rows, &answers](const QList<ProcessRow>& given) {
+        rows = given;
+        ++answers;
+    };
+    ListerProcessSource lister;
+    if (!lister.isAvailable())
+        GTEST_SKIP() << "ps is not installed";
+    lister.top(3, take);
+    EXPECT_EQ(answers, 0);
+    ASSERT_TRUE(waitUntil([&answers] { return answers == 1; }));
+    EXPECT_EQ(rows.size(), 3);
+
+    ListerProcessSource failing(QStringLiteral("false"), {});
+    failing.top(3, take);
+    ASSERT_TRUE(waitUntil([&answers] { return answers == 2; }));
+    EXPECT_TRUE(rows.isEmpty());
+    EXPECT_FALSE(ListerProcessSource(QStringLiteral("no-such-lister")).isAvailable());
+    {
+        ListerProcessSource shortLived(QStringLiteral("sleep"), {QStringLiteral("30")});
+        shortLived.top(3, take);
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(answers, 2);
+}
+
+TEST(LinuxSourcesTest, ThisMachineAnswersSensibly)
+{
+    LinuxSources machine;
+    const auto sources = machine.sources();
+    const auto loads = sources.processor.loadAverages();
+    ASSERT_TRUE(loads);
+    EXPECT_GE(loads->front(), 0);
+    EXPECT_LT(loads->front(), 10'000);
+    EXPECT_GT(sources.processor.uptime(), 0);
+    ASSERT_TRUE(sources.processor.ticks());
+    const auto pages = sources.memory.pages();
+    ASSERT_TRUE(pages);
+    EXPECT_LT(pages->internal * sources.memory.pageSize(), sources.memory.physicalMemory());
+    EXPECT_TRUE(sources.network.interfaces());
+    ASSERT_FALSE(sources.volumes.volumes().isEmpty());
+}
+
+} // namespace
+} // namespace ambrelle

@@ -1,0 +1,322 @@
+#include "services/SystemMonitor.h"
+
+#include "foundation/ManualClock.h"
+#include "platform/headless/HeadlessSources.h"
+#include "platform/recording/RecordingSources.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+
+namespace ambrelle {
+namespace {
+
+using namespace std::chrono_literals;
+using ::testing::Each;
+using ::testing::ElementsAre;
+
+class SystemMonitorTest : public ::testing::Test {
+protected:
+    void setTraffic(quint64 received, quint64 sent)
+    {
+        machine.network.currentInterfaces = QList<InterfaceCounters>{
+            {QStringLiteral("lo"), 777, 777, false}, {QStringLiteral("eth0"), received, sent, true}};
+    }
+
+    RecordingSources machine;
+    ManualClock clock;
+    SystemMonitor monitor{machine.sources(), clock};
+};
+
+TEST(CPUReaderTest, SharesOfTheTimeBetweenReadings)
+{
+    constexpr quint32 top = std::numeric_limits<quint32>::max();
+    struct Case {
+        const char* what;
+        QList<ProcessorTicks> before, after;
+        double total;
+        std::vector<double> perCore;
+    };
+    const Case cases[] = {
+        {"busy is user, system and nice", {{0, 0, 0, 0}, {0, 0, 0, 0}}, {{10, 20, 60, 10}, {0, 0, 300, 0}}, 0.1,
+            {0.4, 0}},
+        {"every counter wraps", {{top - 4, top, top - 49, top}}, {{5, 9, 40, 9}}, 30.0 / 120, {30.0 / 120}},
+        {"no time passed", {{5, 5, 5, 5}}, {{5, 5, 5, 5}}, 0, {0}},
+        {"a processor went away", {{0, 0, 0, 0}, {0, 0, 0, 0}}, {{50, 0, 50, 0}}, 0, {0}},
+        {"sums beyond 32 bits", {{0, 0, 0, 0}, {0, 0, 0, 0}}, {{top, top, 0, top}, {top, top, 0, top}}, 1, {1, 1}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        RecordingProcessor processor;
+        CPUReader reader(processor);
+        processor.currentTicks = each.before;
+        const auto first = reader.read();
+        EXPECT_EQ(first.total, 0);
+        EXPECT_EQ(first.perCore, QList<double>(each.before.size(), 0));
+        processor.currentTicks = each.after;
+        const auto second = reader.read();
+        EXPECT_DOUBLE_EQ(second.total, each.total);
+        EXPECT_EQ(std::vector<double>(second.perCore.begin(), second.perCore.end()), each.perCore);
+    }
+}
+
+TEST(CPUReaderTest, AFailedReadingKeepsTheCountersBeforeIt)
+{
+    RecordingProcessor processor;
+    CPUReader reader(processor);
+    processor.currentTicks = {{0, 0, 0, 0}};
+    reader.read();
+    processor.currentTicks.reset();
+    EXPECT_TRUE(reader.read().perCore.isEmpty());
+    processor.currentTicks = {{30, 0, 70, 0}};
+    EXPECT_DOUBLE_EQ(reader.read().total, 0.3);
+}
+
+TEST(MemoryReaderTest, CountsPressureInBytes)
+{
+    struct Case {
+        quint64 physical;
+        std::optional<MemoryPages> pages;
+        MemoryInfo expected;
+    };
+    const Case cases[] = {
+        {100 * 4096, MemoryPages{10, 5, 7, 25}, {100 * 4096, 37 * 4096, 20 * 4096, 10 * 4096, 7 * 4096}},
+        {100 * 4096, MemoryPages{10, 30, 0, 25}, {100 * 4096, 10 * 4096, 0, 10 * 4096, 0}},
+        {20 * 4096, MemoryPages{10, 0, 7, 25}, {20 * 4096, 20 * 4096, 25 * 4096, 10 * 4096, 7 * 4096}},
+        {100 * 4096, std::nullopt, {100 * 4096, 0, 0, 0, 0}},
+    };
+    for (const auto& each : cases) {
+        RecordingMemory memory;
+        memory.currentPhysicalMemory = each.physical;
+        memory.currentPages = each.pages;
+        EXPECT_EQ(MemoryReader(memory).read(), each.expected);
+    }
+    EXPECT_EQ(MemoryInfo().fraction(), 0);
+}
+
+TEST(DiskReaderTest, ListsBrowsableVolumesTheRootFirst)
+{
+    const auto volume = [](std::optional<QString> name, const char* path, std::optional<bool> browsable,
+                            std::optional<qint64> total) {
+        Volume result;
+        result.name = std::move(name);
+        result.path = QLatin1String(path);
+        result.browsable = browsable;
+        result.total = total;
+        return result;
+    };
+    RecordingVolumes volumes;
+    volumes.currentVolumes = {volume(QStringLiteral("beta"), "/b2", true, 100),
+        volume(QStringLiteral("beta"), "/b1", true, 100), volume(std::nullopt, "/media/Alpha/", true, 100),
+        volume(QStringLiteral("snapshot"), "/x", false, 100),
+        volume(QStringLiteral("unknown"), "/y", std::nullopt, 100), volume(QStringLiteral("empty"), "/z", true, 0),
+        volume(QStringLiteral("sizeless"), "/w", true, std::nullopt), volume(QStringLiteral("zeta"), "/", true, 100)};
+    volumes.currentVolumes[0].available = 30;
+    volumes.currentVolumes[1].available = 30;
+    volumes.currentVolumes[1].availableForImportantUsage = 140;
+    volumes.currentVolumes.last().isRoot = true;
+
+    const auto disks = DiskReader(volumes).read();
+    QStringList names;
+    for (const auto& disk : disks)
+        names.append(disk.name + disk.path);
+    EXPECT_EQ(names,
+        QStringList({QStringLiteral("zeta/"), QStringLiteral("Alpha/media/Alpha/"), QStringLiteral("beta/b2"),
+            QStringLiteral("beta/b1")}));
+    EXPECT_EQ(disks.at(2).used(), 70);
+    EXPECT_DOUBLE_EQ(disks.at(2).usedFraction(), 0.7);
+    EXPECT_EQ(disks.at(3).free, 140);
+    EXPECT_EQ(disks.at(3).used(), 0);
+    EXPECT_EQ(disks.at(1).free, 0);
+}
+
+TEST(BatteryReaderTest, ReadsTheFirstInternalBattery)
+{
+    struct Case {
+        const char* what;
+        PowerSourceDescription description;
+        BatteryInfo expected;
+    };
+    using enum PowerSourceType;
+    const Case cases[] = {
+        {"charging", {internalBattery, 30, 40, true, true, false, 25, 90}, {0.75, true, true, false, 25}},
+        {"in use", {internalBattery, 30, 40, false, false, false, 25, 90}, {0.75, false, false, false, 90}},
+        {"estimating", {internalBattery, 30, 40, false, false, false, 25, -1}, {0.75, false, false, false, {}}},
+        {"full", {internalBattery, 40, 40, false, true, true, 0, 0}, {1, false, true, true, {}}},
+        {"says nothing", {internalBattery, 40, 0, {}, false, {}, {}, {}}, {0, false, false, false, {}}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        RecordingPower power;
+        power.currentDescriptions = {{other, 1, 2, true, true, true, 9, 9}, each.description, {internalBattery, 1, 9}};
+        EXPECT_EQ(BatteryReader(power).read(), each.expected);
+        power.currentDescriptions.resize(1);
+        EXPECT_EQ(BatteryReader(power).read(), std::nullopt);
+    }
+}
+
+TEST_F(SystemMonitorTest, TheFirstSampleHasNoRatesAndGrowsEveryHistory)
+{
+    machine.processor.currentTicks = {{1, 2, 3, 4}, {1, 2, 3, 4}};
+    machine.processor.currentLoads = {{1.5, 1, 0.5}};
+    machine.processor.currentUptime = 99;
+    machine.memory.currentPhysicalMemory = 10 * 4096;
+    machine.memory.currentPages = MemoryPages{5, 0, 0, 0};
+    setTraffic(5000, 600);
+    monitor.start(2);
+
+    EXPECT_EQ(monitor.cpu(), 0);
+    EXPECT_THAT(monitor.perCore(), ElementsAre(0, 0));
+    EXPECT_EQ(monitor.downRate(), 0);
+    EXPECT_EQ(monitor.sessionDown(), 0U);
+    EXPECT_EQ(monitor.uptime(), 99);
+    for (const auto* history : {&monitor.cpuHistory(), &monitor.loadHistory(), &monitor.memoryHistory(),
+             &monitor.downHistory(), &monitor.upHistory()})
+        EXPECT_EQ(history->size(), SystemMonitor::historyLength);
+    EXPECT_EQ(monitor.loadHistory().last(), 1.5);
+    EXPECT_EQ(monitor.memoryHistory().last(), 0.5);
+
+    machine.processor.currentLoads.reset();
+    clock.advance(2s);
+    EXPECT_THAT(monitor.loadAverage(), Each(0));
+    EXPECT_EQ(monitor.loadHistory().at(SystemMonitor::historyLength - 2), 1.5);
+}
+
+TEST_F(SystemMonitorTest, RatesAndTotalsFollowTheCounters)
+{
+    setTraffic(1000, 1000);
+    monitor.start(2);
+    setTraffic(5000, 1600);
+    clock.advance(2s);
+    EXPECT_DOUBLE_EQ(monitor.downRate(), 2000);
+    EXPECT_DOUBLE_EQ(monitor.upRate(), 300);
+
+    setTraffic(10, 2600); // one direction was reset
+    clock.advance(2s);
+    EXPECT_EQ(monitor.downRate(), 0);
+    EXPECT_DOUBLE_EQ(monitor.upRate(), 500);
+    EXPECT_EQ(monitor.sessionDown(), 4000U);
+    EXPECT_EQ(monitor.sessionUp(), 1600U);
+
+    setTraffic(12, 2600);
+    monitor.start(2); // at the same moment: a millisecond is taken
+    EXPECT_DOUBLE_EQ(monitor.downRate(), 2000);
+
+    monitor.resetSessionTotals();
+    EXPECT_EQ(monitor.sessionDown(), 0U);
+    EXPECT_EQ(monitor.sessionUp(), 0U);
+    EXPECT_DOUBLE_EQ(monitor.downRate(), 2000);
+    EXPECT_DOUBLE_EQ(monitor.downHistory().last(), 2000);
+}
+
+TEST_F(SystemMonitorTest, AnyIntervalFromTheSettingsGivesOneTimer)
+{
+    for (const double interval : {5.0, -1.0, 0.0, std::nan(""), 1e300, 2.0})
+        monitor.start(interval);
+    int samples = 0;
+    QObject::connect(&monitor, &SystemMonitor::changed, [&samples] { ++samples; });
+    clock.advance(10s);
+    EXPECT_EQ(samples, 5);
+}
+
+TEST_F(SystemMonitorTest, VolumesAreReadEveryThirtySecondsAndAfterAMount)
+{
+    monitor.start(10);
+    EXPECT_EQ(machine.volumes.readings, 1);
+    clock.advance(30s);
+    EXPECT_EQ(machine.volumes.readings, 1);
+    clock.advance(10s);
+    EXPECT_EQ(machine.volumes.readings, 2);
+    EXPECT_FALSE(monitor.mainDisk());
+
+    machine.volumes.currentVolumes = {{QStringLiteral("System"), QStringLiteral("/"), true, 100, 50, {}, true}};
+    Q_EMIT machine.volumes.volumesChanged();
+    EXPECT_EQ(machine.volumes.readings, 2);
+    clock.advance(10s);
+    EXPECT_EQ(machine.volumes.readings, 3);
+    ASSERT_TRUE(monitor.mainDisk());
+    EXPECT_EQ(monitor.mainDisk()->id(), QStringLiteral("/"));
+}
+
+TEST_F(SystemMonitorTest, ListsProcessesOneAtATimeWhileWanted)
+{
+    int published = 0;
+    QObject::connect(&monitor, &SystemMonitor::processesChanged, [&published] { ++published; });
+    monitor.start(1);
+    EXPECT_TRUE(machine.processes.requests.isEmpty());
+    monitor.setWantsProcesses(true);
+    clock.advance(3s);
+    EXPECT_THAT(machine.processes.requests, ElementsAre(8));
+
+    QList<ProcessRow> rows;
+    for (int i = 0; i < 9; ++i)
+        rows.append({i, QStringLiteral("worker"), 9.0 - i, 1});
+    machine.processes.answer(rows);
+    EXPECT_EQ(published, 1);
+    EXPECT_EQ(monitor.processes(), rows.first(8));
+    clock.advance(1s);
+    EXPECT_EQ(machine.processes.requests.size(), 2);
+    EXPECT_EQ(monitor.processes().size(), 8); // the old list stays meanwhile
+    monitor.setWantsProcesses(false);
+    machine.processes.answer({});
+    clock.advance(5s);
+    EXPECT_EQ(machine.processes.requests.size(), 2);
+}
+
+TEST_F(SystemMonitorTest, AListThatComesTooLateIsDropped)
+{
+    {
+        SystemMonitor shortLived(machine.sources(), clock);
+        shortLived.setWantsProcesses(true);
+        shortLived.start(1);
+    }
+    ASSERT_TRUE(machine.processes.pending);
+    machine.processes.answer({{1, QStringLiteral("late"), 1, 1}});
+    clock.advance(5s);
+    EXPECT_EQ(machine.processes.requests.size(), 1);
+}
+
+TEST_F(SystemMonitorTest, WhatCannotBeMeasuredIsNotZero)
+{
+    machine.network.setWhyNot(QStringLiteral("No network here."));
+    machine.network.currentInterfaces.reset();
+    monitor.start(1);
+    EXPECT_TRUE(monitor.isAvailable(SystemMeasure::processor));
+    EXPECT_FALSE(monitor.isAvailable(SystemMeasure::network));
+    EXPECT_EQ(monitor.whyNot(SystemMeasure::network), QStringLiteral("No network here."));
+
+    monitor.loadPreviewData();
+    EXPECT_TRUE(monitor.isAvailable(SystemMeasure::network));
+    EXPECT_EQ(monitor.whyNot(SystemMeasure::network), QString());
+    clock.advance(1s);
+    EXPECT_FALSE(monitor.isAvailable(SystemMeasure::network));
+}
+
+TEST(SystemMonitorPreviewTest, SamplesFitTogetherOnAMachineWithoutSources)
+{
+    HeadlessSources machine;
+    ManualClock clock;
+    SystemMonitor monitor(machine.sources(), clock);
+    monitor.setWantsProcesses(true);
+    monitor.start(1);
+    EXPECT_TRUE(monitor.perCore().isEmpty());
+    EXPECT_TRUE(monitor.processes().isEmpty());
+    EXPECT_FALSE(monitor.battery());
+
+    monitor.loadPreviewData();
+    // Worked out apart: base + amplitude (0.55 sin p + 0.3 sin 2p + 0.15 sin 3p) at the first step.
+    EXPECT_NEAR(monitor.cpuHistory().first(), 0.4562, 0.0001);
+    EXPECT_NEAR(monitor.downHistory().first(), 2'400'000 + 1'800'000 * (-0.19992), 100);
+    EXPECT_EQ(monitor.cpu(), monitor.cpuHistory().last());
+    EXPECT_EQ(monitor.loadAverage().front(), monitor.loadHistory().last());
+    EXPECT_NEAR(monitor.memory().fraction(), monitor.memoryHistory().last(), 1e-9);
+    EXPECT_EQ(monitor.memory().used, monitor.memory().app + monitor.memory().wired + monitor.memory().compressed);
+    EXPECT_EQ(monitor.perCore().size(), 8);
+    EXPECT_EQ(monitor.processes().size(), 8);
+    EXPECT_TRUE(monitor.mainDisk() && monitor.mainDisk()->isRoot);
+    EXPECT_TRUE(monitor.battery());
+}
+
+} // namespace
+} // namespace ambrelle
