@@ -67,7 +67,8 @@ public:
     virtual void setClickThrough(bool through) = 0; ///< the pointer reaches what lies below
     /// The part that hears the pointer (window points, y down); clicks elsewhere reach what lies below.
     virtual void setInputArea(const QRectF& area) = 0;
-    /// What stays visible of a floating window where nothing composites: a rounded rectangle in window points.
+    /// What stays visible of the window where nothing composites: a rounded rectangle in window points. An empty one
+    /// leaves the whole window visible.
     virtual void setOutline(const QRectF& area, double corner) = 0;
     virtual void update(const QRectF& area) = 0; ///< asks for a paint of that part (window points, y down)
     virtual double pixelRatio() const = 0;

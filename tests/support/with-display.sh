@@ -25,21 +25,22 @@ cleanup() {
 trap cleanup EXIT
 trap 'exit 130' INT TERM
 
-# waitFor SECONDS COMMAND...: until the command succeeds
-waitFor() {
-    left=$(($1 * 20))
-    shift
-    until "$@" >/dev/null 2>&1; do
+# A number derived from the process is free as a rule, and unlike the server's own choice never one that a server which is
+# just ending still removes its socket of.
+startServer() {
+    DISPLAY=:$((200 + ($$ + $1 * 7919) % 20000))
+    Xvfb "$DISPLAY" -screen 0 "${AMBRELLE_TEST_SCREEN:-1280x800}x24" -nolisten tcp >"$folder/server.log" 2>&1 &
+    server=$!
+    left=400
+    while kill -0 "$server" 2>/dev/null && [ $left -gt 0 ]; do
+        DISPLAY=$DISPLAY xprop -root _NET_SUPPORTED >/dev/null 2>&1 && return 0
         left=$((left - 1))
-        [ $left -gt 0 ] || return 1
         sleep 0.05
     done
+    return 1
 }
 
-Xvfb -displayfd 3 -screen 0 "${AMBRELLE_TEST_SCREEN:-1280x800}x24" -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
-server=$!
-waitFor 20 test -s "$folder/display" || { cat "$folder/server.log"; echo "the X server did not start"; exit 1; }
-DISPLAY=:$(cat "$folder/display")
+startServer 0 || startServer 1 || { cat "$folder/server.log"; echo "the X server did not start"; exit 1; }
 export DISPLAY
 export QT_QPA_PLATFORM=xcb XDG_CONFIG_HOME="$folder/config" XDG_CACHE_HOME="$folder/cache" XDG_DATA_HOME="$folder/data"
 export AMBRELLE_TEST_MANAGER="$manager"

@@ -95,8 +95,10 @@ void RecordingWindowHost::movePointer(const QPointF& global, Qt::KeyboardModifie
 
 void RecordingWindowHost::press(const QPointF& global, Qt::MouseButton button)
 {
-    if (global != m_pointer || !m_hovered)
+    if (global != m_pointer)
         movePointer(global);
+    else
+        hover(panelAt(global));
     m_pressed = panelAt(global);
     m_heldButton = button;
     if (m_pressed)

@@ -26,13 +26,19 @@ PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
 void PanelSurface::retire()
 {
     m_delegate = nullptr;
-    m_retired = true;
     if (m_delivering == 0) {
         delete this;
         return;
     }
     hide();
     deleteLater();
+}
+
+void PanelSurface::moveTo(const QRect& geometry)
+{
+    m_place = geometry.topLeft();
+    if (geometry != this->geometry())
+        setGeometry(geometry);
 }
 
 void PanelSurface::repaint(const QRectF& area)
@@ -72,6 +78,14 @@ bool PanelSurface::event(QEvent* event)
     return handled;
 }
 
+void PanelSurface::exposeEvent(QExposeEvent* event)
+{
+    QRasterWindow::exposeEvent(event);
+    if (isExposed() && !m_appeared)
+        Q_EMIT appeared();
+    m_appeared = isExposed();
+}
+
 void PanelSurface::paintEvent(QPaintEvent* event)
 {
     if (!m_delegate)
@@ -106,6 +120,7 @@ void PanelSurface::drawGround(QPainter& painter, const QRect& area)
 void PanelSurface::moveEvent(QMoveEvent* event)
 {
     QRasterWindow::moveEvent(event);
+    m_place = event->pos();
     if (!m_parts.compositor.isActive())
         repaintAll();
 }
@@ -143,8 +158,9 @@ void PanelSurface::mouseReleaseEvent(QMouseEvent* event)
 QRect PanelSurface::nativeGeometry() const
 {
     // A screen keeps its native place under scaling; only distances from there are scaled.
+    // While a window manager takes the window over, position() passes through places that no move event tells of.
     const QPointF corner = screen()->geometry().topLeft();
-    const QPointF place = corner + (QPointF(position()) - corner) * m_pixelRatio;
+    const QPointF place = corner + (QPointF(m_place) - corner) * m_pixelRatio;
     return {place.toPoint(), (QSizeF(size()) * m_pixelRatio).toSize()};
 }
 

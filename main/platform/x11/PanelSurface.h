@@ -17,15 +17,18 @@ public:
 
     /// No further call of the delegate; deletes the window, after the event that is being delivered if there is one.
     void retire();
+    void moveTo(const QRect& geometry);
     void repaint(const QRectF& area); ///< asks for a paint of those points, rounded out to whole pixels
     void repaintAll();
     void groundChanged(); ///< the desktop picture or the need for it has changed
 
 Q_SIGNALS:
     void pixelRatioChanged();
+    void appeared(); ///< on the screen, and in the window manager's care
 
 protected:
     bool event(QEvent* event) override;
+    void exposeEvent(QExposeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -42,10 +45,11 @@ private:
     PanelDelegate* m_delegate;
     X11Parts& m_parts;
     QImage m_ground;
+    QPoint m_place; ///< where the window is or was last sent
     QRect m_groundArea; ///< native pixels of the root window shown by m_ground
     double m_pixelRatio;
     int m_delivering = 0;
-    bool m_retired = false;
+    bool m_appeared = false;
 };
 
 } // namespace ambrelle

@@ -11,35 +11,41 @@ RootPicture::RootPicture(const X11Connection& connection)
 {
 }
 
-bool RootPicture::exists()
+bool RootPicture::isOutdated() const
 {
-    if (!m_known)
-        find();
-    return m_pixmap != XCB_PIXMAP_NONE;
+    return m_known && named() != m_named;
+}
+
+xcb_pixmap_t RootPicture::named() const
+{
+    const std::vector<uint32_t> ids = m_connection.values(m_connection.root(), Atom::rootPixmap);
+    return ids.empty() ? xcb_pixmap_t{XCB_PIXMAP_NONE} : ids.front();
 }
 
 void RootPicture::find()
 {
     m_known = true;
     m_pixmap = XCB_PIXMAP_NONE;
-    const std::vector<uint32_t> ids = m_connection.values(m_connection.root(), Atom::rootPixmap);
-    if (ids.empty() || ids.front() == XCB_PIXMAP_NONE)
+    m_named = named();
+    if (m_named == XCB_PIXMAP_NONE)
         return;
     xcb_connection_t* connection = m_connection.handle();
-    const Reply size(xcb_get_geometry_reply(connection, xcb_get_geometry(connection, ids.front()), nullptr));
+    const Reply size(xcb_get_geometry_reply(connection, xcb_get_geometry(connection, m_named), nullptr));
     // The property may name a picture whose owner has gone, or one in a form that few servers still have.
     const bool readable = size && (size->depth == 24 || size->depth == 32) && size->root == m_connection.root();
     if (!readable)
         return;
-    m_pixmap = ids.front();
+    m_pixmap = m_named;
     m_bounds = QRect(0, 0, size->width, size->height);
 }
 
 QImage RootPicture::part(const QRect& area)
 {
-    const QRect there = exists() ? area & m_bounds : QRect();
+    if (!m_known)
+        find();
     if (m_pixmap == XCB_PIXMAP_NONE || area.isEmpty())
         return {};
+    const QRect there = area & m_bounds;
     QImage image(area.size(), QImage::Format_RGB32);
     image.fill(Qt::black);
     if (there.isEmpty())

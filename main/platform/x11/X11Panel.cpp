@@ -38,6 +38,8 @@ X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts)
         applyInput();
         applyShape();
     });
+    // Openbox gives its frame the input area only when that is set after the window has appeared.
+    QObject::connect(m_surface, &PanelSurface::appeared, m_surface, [this] { applyInput(); });
     dress();
 }
 
@@ -46,6 +48,7 @@ X11Panel::~X11Panel()
     if (onDestroyed)
         onDestroyed(this);
     QObject::disconnect(m_surface, &PanelSurface::pixelRatioChanged, nullptr, nullptr);
+    QObject::disconnect(m_surface, &PanelSurface::appeared, nullptr, nullptr);
     m_surface->retire();
 }
 
@@ -58,9 +61,7 @@ void X11Panel::setFrame(const QRectF& frame)
 void X11Panel::place()
 {
     const QRectF wanted = m_parts.screens.space().turnedBack(m_frame);
-    const QRect geometry(wanted.topLeft().toPoint(), PixelGrid(pixelRatio()).covering(wanted.size()));
-    if (geometry != m_surface->geometry())
-        m_surface->setGeometry(geometry);
+    m_surface->moveTo({wanted.topLeft().toPoint(), PixelGrid(pixelRatio()).covering(wanted.size())});
 }
 
 void X11Panel::show()
@@ -84,7 +85,6 @@ void X11Panel::setLevel(WindowLevel level)
     if (level == m_level)
         return;
     m_level = level;
-    applyShape();
     if (isShown())
         remap();
     else
@@ -196,13 +196,13 @@ void X11Panel::setOutline(const QRectF& area, double corner)
     applyShape();
 }
 
-/// Where nothing composites a floating window would show its whole rectangle, so it is cut to its outline; a window on
-/// the desktop shows the desktop picture around its face instead, and is cut only if there is none.
+/// Where nothing composites a window covers its whole rectangle, so it is cut to its outline: otherwise its margins
+/// would hide the faces of its neighbours and other windows.
 void X11Panel::applyShape()
 {
     const bool bare = !m_parts.compositor.isActive();
     const bool hidden = bare && m_opacity < leastOpacityShown;
-    const bool cut = bare && !m_outline.isEmpty() && (m_level == WindowLevel::floating || !m_parts.picture.exists());
+    const bool cut = bare && !m_outline.isEmpty();
     xcb_connection_t* connection = m_parts.connection.handle();
     if (!hidden && !cut) {
         if (m_shaped)

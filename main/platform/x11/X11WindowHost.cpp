@@ -80,7 +80,10 @@ void X11WindowHost::watch()
         return;
     m_guard = std::make_unique<StackingGuard>(*m_watch, *m_parts, m_panels);
     m_guard->schedule();
-    m_parts->compositor.refresh(); // it may have started while nobody watched
+    // Both may have changed while nobody watched.
+    m_parts->compositor.refresh();
+    if (!m_parts->compositor.isActive() && m_parts->picture.isOutdated())
+        groundChanged();
 }
 
 void X11WindowHost::rootPropertyChanged(xcb_atom_t name)
