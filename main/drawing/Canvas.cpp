@@ -93,7 +93,11 @@ void Canvas::symbol(const Box& box, const QString& name, double size, const QBru
     place.scale(size, size);
     const QPainterPath path = place.map(symbolPath(name));
     m_painter.fillPath(path, fill);
-    note({.kind = CanvasMark::Kind::symbol, .text = name, .box = box, .ink = path.boundingRect(), .size = size,
+    note({.kind = CanvasMark::Kind::symbol,
+        .text = name,
+        .box = box,
+        .ink = path.boundingRect(),
+        .size = size,
         .colour = fill.color()});
 }
 
@@ -101,8 +105,9 @@ void Canvas::still(const QString& name, const QRectF& area, const std::function<
 {
     if (muted())
         return;
-    Setup plain {.ground = m_setup.ground};
+    Setup plain{.ground = m_setup.ground};
     if (!m_setup.layers) {
+        plain.record = m_setup.record;
         Canvas direct(m_painter, plain);
         draw(direct);
         return;
@@ -112,8 +117,11 @@ void Canvas::still(const QString& name, const QRectF& area, const std::function<
     const QRect pixels = device.mapRect(area).toAlignedRect();
     const double fractionX = device.dx() - std::floor(device.dx());
     const double fractionY = device.dy() - std::floor(device.dy());
-    const QString key = QStringLiteral("%1 %2 %3 %4 %5").arg(m_setup.layerKey, name).arg(device.m11(), 0, 'f', 4)
-        .arg(fractionX, 0, 'f', 2).arg(fractionY, 0, 'f', 2);
+    const QString key = QStringLiteral("%1 %2 %3 %4 %5")
+                            .arg(m_setup.layerKey, name)
+                            .arg(device.m11(), 0, 'f', 4)
+                            .arg(fractionX, 0, 'f', 2)
+                            .arg(fractionY, 0, 'f', 2);
     const QImage* layer = m_setup.layers->find(key);
     QImage fresh;
     if (!layer || layer->size() != pixels.size()) {

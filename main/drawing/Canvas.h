@@ -21,14 +21,15 @@ class LayerCache;
 /// stands level whatever the fonts.
 class Canvas {
 public:
-    /// A face is drawn in two passes: what stands still, then what moves, so that a frame of motion repaints nothing else.
+    /// A face is drawn in two passes: what stands still, then what moves, so that a frame of motion repaints nothing
+    /// else.
     enum class Pass { still, moving };
 
     struct Setup {
         Pass pass = Pass::still;
         double time = 0; ///< of moving parts, seconds since 2001-01-01 00:00 UTC
         LayerCache* layers = nullptr; ///< none: still layers are drawn each time
-        QString layerKey {}; ///< what tells this face's layers from other faces'
+        QString layerKey{}; ///< what tells this face's layers from other faces'
         CanvasRecord* record = nullptr;
         QColor ground = Qt::white; ///< opaque, for the record
     };
@@ -48,7 +49,8 @@ public:
     /// One line, elided to the box; returns its width.
     double text(const Box& box, const QString& text, const TextStyle& style);
     /// Up to `style.lines` lines from the top of the box (or about its middle); returns their height.
-    double paragraph(const Box& box, const QString& text, const TextStyle& style, Qt::Alignment vertical = Qt::AlignTop);
+    double paragraph(
+        const Box& box, const QString& text, const TextStyle& style, Qt::Alignment vertical = Qt::AlignTop);
     /// A figure with its unit, capitals about the middle of the box; returns its width.
     double figure(const Box& box, const QString& value, const QString& unit, const FigureStyle& style);
     /// Fills a figure's outline placed with its baseline's start at `pen`, and notes it as text.
@@ -67,7 +69,7 @@ public:
     /// Any other ornament; not recorded. The painter is in face points and is restored afterwards.
     void paint(const std::function<void(QPainter&)>& draw);
 
-    /// A layer that never changes at one size: drawn once and kept. Text in it is not recorded.
+    /// A layer that never changes at one size: drawn once and kept.
     void still(const QString& name, const QRectF& area, const std::function<void(Canvas&)>& draw);
     /// A part that moves, above everything still. `draw` gets the time; at time 0 the face must look complete.
     void moving(const QRectF& area, const Motion& motion, const std::function<void(Canvas&, double time)>& draw);

@@ -12,12 +12,12 @@ struct CanvasMark {
     enum class Kind { text, figure, symbol };
 
     Kind kind = Kind::text;
-    QString text {};
-    QRectF box {}; ///< where it may stand
-    QRectF ink {}; ///< where it stands
+    QString text{};
+    QRectF box{}; ///< where it may stand
+    QRectF ink{}; ///< where it stands
     double size = 0; ///< pixels
-    QColor colour {};
-    QColor ground {}; ///< opaque colour behind it
+    QColor colour{};
+    QColor ground{}; ///< opaque colour behind it
     bool axis = false;
     bool cut = false; ///< shortened by an ellipsis
 };

@@ -1,8 +1,28 @@
 #include "drawing/Canvas.h"
 
+#include "drawing/Colours.h"
+
 #include <cmath>
 
 namespace ambrelle {
+
+namespace {
+
+/// Of a brush, the colour that is hardest to read on `ground`.
+QColor faintest(const QBrush& brush, const QColor& ground)
+{
+    QColor worst = brush.color();
+    if (const QGradient* gradient = brush.gradient()) {
+        worst = gradient->stops().first().second;
+        for (const auto& [place, colour] : gradient->stops()) {
+            if (contrast(over(colour, ground), ground) < contrast(over(worst, ground), ground))
+                worst = colour;
+        }
+    }
+    return worst;
+}
+
+} // namespace
 
 double Canvas::baseline(const Box& box, const TextStyle& style) const
 {
@@ -46,8 +66,14 @@ void Canvas::line(const Box& box, const QString& shown, const TextStyle& style, 
         glyphs(origin + QPointF(0, 1), *shaped, style.face, style.size, *style.engraving);
     glyphs(origin, *shaped, style.face, style.size, style.colour);
     if (m_setup.record && !shown.isEmpty()) {
-        note({.kind = CanvasMark::Kind::text, .text = shown, .box = box, .ink = shaped->ink.translated(origin),
-            .size = style.size, .colour = style.colour, .axis = style.axis, .cut = cut});
+        note({.kind = CanvasMark::Kind::text,
+            .text = shown,
+            .box = box,
+            .ink = shaped->ink.translated(origin),
+            .size = style.size,
+            .colour = style.colour,
+            .axis = style.axis,
+            .cut = cut});
     }
 }
 
@@ -93,8 +119,12 @@ double Canvas::figure(const Box& box, const QString& value, const QString& unit,
     if (!path.unit.isEmpty()) {
         const QColor colour = style.unitColour ? *style.unitColour : style.fill.color();
         m_painter.fillPath(path.unit, colour);
-        note({.kind = CanvasMark::Kind::figure, .text = unit, .box = box, .ink = path.unit.boundingRect().translated(pen),
-            .size = path.cap * 0.55, .colour = colour});
+        note({.kind = CanvasMark::Kind::figure,
+            .text = unit,
+            .box = box,
+            .ink = path.unit.boundingRect().translated(pen),
+            .size = path.cap / 0.72 * 0.55,
+            .colour = colour});
     }
     m_painter.translate(-pen);
     return path.width;
@@ -105,8 +135,12 @@ void Canvas::figure(const Box& box, const FigurePath& path, QPointF pen, const Q
     if (muted())
         return;
     m_painter.fillPath(path.digits.translated(pen), fill);
-    note({.kind = CanvasMark::Kind::figure, .text = value, .box = box, .ink = path.digits.boundingRect().translated(pen),
-        .size = path.cap / 0.72, .colour = fill.gradient() ? QColor() : fill.color()});
+    note({.kind = CanvasMark::Kind::figure,
+        .text = value,
+        .box = box,
+        .ink = path.digits.boundingRect().translated(pen),
+        .size = path.cap / 0.72,
+        .colour = m_setup.record ? faintest(fill, m_setup.ground) : QColor()});
 }
 
 } // namespace ambrelle

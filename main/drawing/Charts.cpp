@@ -81,7 +81,8 @@ void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double
     double spread)
 {
     for (int stroke = strokes; stroke > 0; --stroke)
-        canvas.stroke(path, QPen(faded(colour, alpha), width + stroke * spread, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        canvas.stroke(
+            path, QPen(faded(colour, alpha), width + stroke * spread, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     canvas.stroke(path, QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 

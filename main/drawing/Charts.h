@@ -6,8 +6,8 @@
 
 namespace ambrelle {
 
-/// Graphs of a history. Samples span the full width of their box, oldest at the left edge and newest at the right; `top`
-/// is the value at the upper edge. A history of zeros lies on the lower edge.
+/// Graphs of a history. Samples span the full width of their box, oldest at the left edge and newest at the right;
+/// `top` is the value at the upper edge. A history of zeros lies on the lower edge.
 
 /// Where each sample stands.
 QPolygonF samplePoints(const Box& box, const QList<double>& samples, double top);
@@ -22,8 +22,8 @@ QPainterPath areaUnder(const QPainterPath& line, double y);
 QList<double> binned(const QList<double>& samples, int count);
 
 /// A stroked path under several wide faint strokes of the same colour.
-void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double width, int strokes = 6, double alpha = 0.05,
-    double spread = 2);
+void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double width, int strokes = 6,
+    double alpha = 0.05, double spread = 2);
 
 /// A horizontal bar with round ends, filled to `fraction` (0 to 1).
 void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& track, const QBrush& fill);

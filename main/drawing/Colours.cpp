@@ -43,8 +43,8 @@ QColor faded(const QColor& colour, double opacity)
 QColor blended(const QColor& from, const QColor& to, double t)
 {
     const auto mix = [t](float a, float b) { return static_cast<float>(a + (b - a) * t); };
-    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
-        mix(from.blueF(), to.blueF()), mix(from.alphaF(), to.alphaF()));
+    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()), mix(from.blueF(), to.blueF()),
+        mix(from.alphaF(), to.alphaF()));
 }
 
 QColor legible(const QColor& colour, const QColor& ink, const QColor& ground, double ratio)

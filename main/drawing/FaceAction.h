@@ -16,7 +16,7 @@ struct FaceAction {
     };
 
     Verb verb = Verb::open;
-    QString argument {};
+    QString argument{};
 
     bool operator==(const FaceAction&) const = default;
 };

@@ -24,7 +24,7 @@ Motion Motion::bursts(double period, double seed, double burst, double fps)
 
 double Motion::next(double t) const
 {
-    return period > 0 ? BurstSchedule {period, offset, burst, fps}.next(t) : t + 1 / fps;
+    return period > 0 ? BurstSchedule{period, offset, burst, fps}.next(t) : t + 1 / fps;
 }
 
 double BurstSchedule::next(double t) const
@@ -39,7 +39,8 @@ namespace Wave {
 
 double wobble(double t, double seed)
 {
-    return 0.6 * std::sin(2.3 * t + seed) + 0.3 * std::sin(5.7 * t + 2.1 * seed) + 0.1 * std::sin(13.1 * t + 3.7 * seed);
+    return 0.6 * std::sin(2.3 * t + seed) + 0.3 * std::sin(5.7 * t + 2.1 * seed)
+        + 0.1 * std::sin(13.1 * t + 3.7 * seed);
 }
 
 double flicker(double t, double seed, double period)

@@ -6,7 +6,8 @@
 
 namespace ambrelle {
 
-void dropShadow(Canvas& canvas, const Box& box, double radius, const QColor& colour, double alpha, int steps, double offset)
+void dropShadow(
+    Canvas& canvas, const Box& box, double radius, const QColor& colour, double alpha, int steps, double offset)
 {
     QPainterPath inside;
     inside.addRoundedRect(box, radius, radius);

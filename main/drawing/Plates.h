@@ -7,7 +7,8 @@ namespace ambrelle {
 /// Pieces of plates that several skins share. Points; shadows reach at most 8 points beyond the face.
 
 /// A soft drop below a rounded box in `steps` strokes; `alpha` each, growing by a point a step, moved down by `offset`.
-void dropShadow(Canvas& canvas, const Box& box, double radius, const QColor& colour, double alpha, int steps, double offset);
+void dropShadow(
+    Canvas& canvas, const Box& box, double radius, const QColor& colour, double alpha, int steps, double offset);
 /// A light from above: `colour` at opacity `from` at the upper edge, `to` at `share` of the height.
 void sheen(Canvas& canvas, const Box& box, double radius, const QColor& colour, double from, double to, double share);
 /// An edge lit from the upper left: white at three opacities along the diagonal.

@@ -30,6 +30,7 @@ struct SkinStyle {
     double captionSize = 10.5;
     double floor = 10; ///< no text smaller than this, axis ticks apart
     double rowPitch = 18;
+    std::optional<Typeface> unitFace{}; ///< of units, where the number face has digits only
 
     bool operator==(const SkinStyle&) const = default;
 
@@ -44,7 +45,7 @@ struct SkinStyle {
     TextStyle caption() const { return {body, captionSize, soft}; }
     TextStyle row() const { return {body, rowSize, ink}; }
     TextStyle rowValue() const { return {body, rowSize, soft, Align::right}; }
-    FigureStyle figure(double cap) const { return {number, cap, ink}; }
+    FigureStyle figure(double cap) const { return {.face = number, .cap = cap, .fill = ink, .unitFace = unitFace}; }
 };
 
 } // namespace ambrelle

@@ -57,7 +57,8 @@ std::shared_ptr<const ShapedText> shapeAfresh(const Typeface& face, double size,
     QRectF ink;
     for (const QGlyphRun& run : std::as_const(shaped->runs))
         ink |= run.boundingRect();
-    shaped->ink = {ink.x() * shaped->scale, ink.y() * shaped->scale, ink.width() * shaped->scale, ink.height() * shaped->scale};
+    shaped->ink = {
+        ink.x() * shaped->scale, ink.y() * shaped->scale, ink.width() * shaped->scale, ink.height() * shaped->scale};
     return shaped;
 }
 
@@ -84,7 +85,7 @@ FigureGlyph makeGlyph(const Typeface& face, QChar character)
 const FigureGlyph& glyphOf(const Typeface& face, QChar character)
 {
     static QHash<ShapeKey, FigureGlyph> glyphs;
-    const ShapeKey key {face.family, face.weight, face.italic, face.pixel ? 1.0 : 0.0, 0, QString(character)};
+    const ShapeKey key{face.family, face.weight, face.italic, face.pixel ? 1.0 : 0.0, 0, QString(character)};
     auto found = glyphs.find(key);
     if (found == glyphs.end())
         found = glyphs.insert(key, makeGlyph(face, character));
@@ -140,7 +141,7 @@ FigurePath layOut(const QString& value, const QString& unit, const FigureStyle& 
 std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const QString& text)
 {
     static QCache<ShapeKey, std::shared_ptr<const ShapedText>> cache(400);
-    const ShapeKey key {face.family, face.weight, face.italic, face.tracking, size, text};
+    const ShapeKey key{face.family, face.weight, face.italic, face.tracking, size, text};
     if (const auto* kept = cache.object(key))
         return *kept;
     auto shaped = shapeAfresh(face, size, text);

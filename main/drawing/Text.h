@@ -17,24 +17,48 @@ enum class Align { left, centre, right };
 
 /// How a line, or a few wrapped lines, of text is set.
 struct TextStyle {
-    Typeface face {};
+    Typeface face{};
     double size = 12; ///< pixels
-    QColor colour {};
+    QColor colour{};
     Align align = Align::left;
     Qt::TextElideMode elide = Qt::ElideRight;
     int lines = 1;
     double lineHeight = 1.3; ///< in parts of the size
     bool axis = false; ///< a tick or serial number, which may be smaller than the skin's text
-    std::optional<QColor> engraving {}; ///< a highlight one point below the letters
+    std::optional<QColor> engraving{}; ///< a highlight one point below the letters
 
-    TextStyle sized(double pixels) const { return with([&](TextStyle& s) { s.size = pixels; }); }
-    TextStyle coloured(const QColor& c) const { return with([&](TextStyle& s) { s.colour = c; }); }
-    TextStyle aligned(Align a) const { return with([&](TextStyle& s) { s.align = a; }); }
-    TextStyle wrapped(int count) const { return with([&](TextStyle& s) { s.lines = count; }); }
-    TextStyle elided(Qt::TextElideMode mode) const { return with([&](TextStyle& s) { s.elide = mode; }); }
-    TextStyle asAxis() const { return with([&](TextStyle& s) { s.axis = true; }); }
-    TextStyle engraved(const QColor& c) const { return with([&](TextStyle& s) { s.engraving = c; }); }
-    TextStyle faced(const Typeface& f) const { return with([&](TextStyle& s) { s.face = f; }); }
+    TextStyle sized(double pixels) const
+    {
+        return with([&](TextStyle& s) { s.size = pixels; });
+    }
+    TextStyle coloured(const QColor& c) const
+    {
+        return with([&](TextStyle& s) { s.colour = c; });
+    }
+    TextStyle aligned(Align a) const
+    {
+        return with([&](TextStyle& s) { s.align = a; });
+    }
+    TextStyle wrapped(int count) const
+    {
+        return with([&](TextStyle& s) { s.lines = count; });
+    }
+    TextStyle elided(Qt::TextElideMode mode) const
+    {
+        return with([&](TextStyle& s) { s.elide = mode; });
+    }
+    TextStyle asAxis() const
+    {
+        return with([&](TextStyle& s) { s.axis = true; });
+    }
+    TextStyle engraved(const QColor& c) const
+    {
+        return with([&](TextStyle& s) { s.engraving = c; });
+    }
+    TextStyle faced(const Typeface& f) const
+    {
+        return with([&](TextStyle& s) { s.face = f; });
+    }
 
 private:
     template <typename Change> TextStyle with(Change change) const
@@ -47,12 +71,12 @@ private:
 
 /// How a figure is set: every digit in an equal cell, its unit at 0.55 of the size on the same baseline.
 struct FigureStyle {
-    Typeface face {};
+    Typeface face{};
     double cap = 40; ///< height of the digits in points
-    QBrush fill {}; ///< a gradient is given in the coordinates of the figure's box
+    QBrush fill{}; ///< a gradient is given in the coordinates of the figure's box
     Align align = Align::left;
-    std::optional<Typeface> unitFace {}; ///< for faces that have digits only
-    std::optional<QColor> unitColour {};
+    std::optional<Typeface> unitFace{}; ///< for faces that have digits only
+    std::optional<QColor> unitColour{};
     double outline = 0; ///< width of a stroke in the fill's colour, points
 
     FigureStyle aligned(Align a) const

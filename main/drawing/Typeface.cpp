@@ -25,9 +25,10 @@ size_t qHash(const FontKey& key, size_t seed = 0)
 QFont makeFont(const FontKey& key)
 {
     QFont font;
-    QStringList families {key.family};
+    QStringList families{key.family};
     // Sawarabi Mincho last: without it kanji in user texts would fall to a brush font that happens to be installed.
-    for (const QString& fallback : {QStringLiteral("Inter"), QStringLiteral("DejaVu Sans"), QStringLiteral("Sawarabi Mincho")}) {
+    for (const QString& fallback :
+        {QStringLiteral("Inter"), QStringLiteral("DejaVu Sans"), QStringLiteral("Sawarabi Mincho")}) {
         if (!families.contains(fallback))
             families.append(fallback);
     }
@@ -45,7 +46,7 @@ QFont makeFont(const FontKey& key)
 const QFont& fontOf(const Typeface& face, int master)
 {
     static QHash<FontKey, QFont> fonts;
-    const FontKey key {face.family, face.weight, face.italic, master};
+    const FontKey key{face.family, face.weight, face.italic, master};
     auto found = fonts.find(key);
     if (found == fonts.end())
         found = fonts.insert(key, makeFont(key));

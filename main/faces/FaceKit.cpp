@@ -26,8 +26,8 @@ void monthGrid(Canvas& canvas, const Box& box, const CalendarReading& reading, c
     const int weeks = (reading.firstColumn + reading.days + 6) / 7;
     const int lines = weeks + 1;
     for (int column = 0; column < 7; ++column)
-        canvas.text(box.column(column, 7).row(0, lines), reading.weekdays.value(column),
-            style.weekday.aligned(Align::centre));
+        canvas.text(
+            box.column(column, 7).row(0, lines), reading.weekdays.value(column), style.weekday.aligned(Align::centre));
     for (int day = 1; day <= reading.days; ++day) {
         const int place = reading.firstColumn + day - 1;
         const Box cell = box.column(place % 7, 7).row(place / 7 + 1, lines);
@@ -60,7 +60,8 @@ void partsBar(Canvas& canvas, const Box& box, const QList<Share>& parts, const Q
     }
 }
 
-void partsKey(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, const QList<QBrush>& fills)
+void partsKey(
+    Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, const QList<QBrush>& fills)
 {
     constexpr double swatch = 7;
     const SkinStyle& style = skin.style();
@@ -87,11 +88,14 @@ void markedFigure(Canvas& canvas, const Box& box, const QString& symbol, const Q
 MirroredLines mirrored(const Box& box, const History& upper, const History& lower, double peak)
 {
     // One scale for both, and as much room for each as it needs.
-    const auto highest = [](const History& history) { return history.isEmpty() ? 0 : *std::ranges::max_element(history); };
+    const auto highest = [](const History& history) {
+        return history.isEmpty() ? 0 : *std::ranges::max_element(history);
+    };
     const double up = std::max(highest(upper), peak * 0.01);
     const double down = std::max(highest(lower), peak * 0.01);
     const double share = std::clamp(up / (up + down), 0.25, 0.75);
-    const double top = std::max({peak / std::max(share, 1 - share) * 0.5, up / share * 0.5, down / (1 - share) * 0.5}) * 2;
+    const double top =
+        std::max({peak / std::max(share, 1 - share) * 0.5, up / share * 0.5, down / (1 - share) * 0.5}) * 2;
     Box half = box;
     const Box above = half.cutTop(box.height() * share);
     QPolygonF below = samplePoints(half, lower, top * (1 - share));
@@ -114,8 +118,8 @@ void eventRows(Canvas& canvas, const FaceRenderer& skin, const Box& box, const E
     });
 }
 
-void trackTexts(Canvas& canvas, const Box& box, const NowPlayingReading& reading, const TextStyle& title,
-    const TextStyle& artist)
+void trackTexts(
+    Canvas& canvas, const Box& box, const NowPlayingReading& reading, const TextStyle& title, const TextStyle& artist)
 {
     const double pitch = std::max(title.size, artist.size) * 1.35;
     Box block = box.centred(box.width(), pitch * 2);
@@ -126,8 +130,7 @@ void trackTexts(Canvas& canvas, const Box& box, const NowPlayingReading& reading
 void picture(Canvas& canvas, const Box& box, const QImage& image, double radius, bool fills)
 {
     const QSizeF room = box.size();
-    const QSizeF size
-        = QSizeF(image.size()).scaled(room, fills ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
+    const QSizeF size = QSizeF(image.size()).scaled(room, fills ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
     canvas.paint([&](QPainter& painter) {
         QPainterPath outline;
         const QRectF shown = fills ? QRectF(box) : QRectF(box.centred(size.width(), size.height()));
@@ -142,7 +145,8 @@ void picture(Canvas& canvas, const Box& box, const QImage& image, double radius,
     });
 }
 
-void artwork(Canvas& canvas, const Box& box, const Picture& cover, double radius, const QBrush& ground, const QColor& ink)
+void artwork(
+    Canvas& canvas, const Box& box, const Picture& cover, double radius, const QBrush& ground, const QColor& ink)
 {
     if (cover) {
         picture(canvas, box, cover.image, radius, true);

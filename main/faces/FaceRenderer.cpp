@@ -10,7 +10,8 @@ namespace ambrelle {
 namespace {
 
 template <typename R>
-concept DrawnBySkin = requires(const FaceRenderer& skin, Canvas& canvas, const R& reading, const FaceContext& face) {
+concept DrawnBySkin = requires(const FaceRenderer& skin, Canvas& canvas, const R& reading, const FaceContext& face)
+{
     skin.draw(canvas, reading, face);
 };
 
@@ -34,7 +35,7 @@ void FaceRenderer::warning(Canvas& canvas, const Box& box) const
 
 Box FaceRenderer::progressDial(Canvas& canvas, const Box& box, double fraction) const
 {
-    const StyledDial dial {.flavor = m_dial, .value = m_style.accent, .track = m_style.faint, .width = 7};
+    const StyledDial dial{.flavor = m_dial, .value = m_style.accent, .track = m_style.faint, .width = 7};
     return dial.draw(canvas, box, fraction);
 }
 

@@ -9,10 +9,15 @@ FaceView::FaceView(std::shared_ptr<const FaceRenderer> renderer, const FaceConte
 {
 }
 
-FaceView::Result FaceView::drawPass(Canvas::Pass pass, QPainter& painter, const Reading& reading, const Setup& setup) const
+FaceView::Result FaceView::drawPass(
+    Canvas::Pass pass, QPainter& painter, const Reading& reading, const Setup& setup) const
 {
     Canvas canvas(painter,
-        {.pass = pass, .time = setup.time, .layers = setup.layers, .layerKey = m_layerKey, .record = setup.record,
+        {.pass = pass,
+            .time = setup.time,
+            .layers = setup.layers,
+            .layerKey = m_layerKey,
+            .record = setup.record,
             .ground = m_renderer->style().ground});
     m_renderer->drawAny(canvas, reading, m_face);
     return {canvas.hits(), canvas.movingAreas()};

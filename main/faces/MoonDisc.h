@@ -4,8 +4,8 @@
 
 namespace ambrelle {
 
-/// The moon's disc with its lit part: `fraction` of the lunation, 0 new, 0.5 full; waxing lights the right side, as seen
-/// from the northern half of the earth.
+/// The moon's disc with its lit part: `fraction` of the lunation, 0 new, 0.5 full; waxing lights the right side, as
+/// seen from the northern half of the earth.
 struct MoonDisc {
     QBrush lit;
     QBrush dark;

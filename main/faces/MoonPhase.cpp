@@ -13,7 +13,7 @@ struct Phase {
     const char* following; ///< between this principal phase and the next
 };
 
-constexpr std::array<Phase, 4> phases {{
+constexpr std::array<Phase, 4> phases{{
     {"New Moon", "Waxing Crescent"},
     {"First Quarter", "Waxing Gibbous"},
     {"Full Moon", "Waning Gibbous"},

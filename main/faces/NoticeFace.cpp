@@ -30,10 +30,10 @@ void drawControls(Canvas& canvas, const Box& box, double size, const QBrush& fil
         QString symbol;
         FaceAction::Verb verb;
     };
-    const std::array controls {
-        Control {QStringLiteral("backward.fill"), FaceAction::Verb::previousTrack},
-        Control {playing ? QStringLiteral("pause.fill") : QStringLiteral("play.fill"), FaceAction::Verb::playPause},
-        Control {QStringLiteral("forward.fill"), FaceAction::Verb::nextTrack},
+    const std::array controls{
+        Control{QStringLiteral("backward.fill"), FaceAction::Verb::previousTrack},
+        Control{playing ? QStringLiteral("pause.fill") : QStringLiteral("play.fill"), FaceAction::Verb::playPause},
+        Control{QStringLiteral("forward.fill"), FaceAction::Verb::nextTrack},
     };
     for (int index = 0; index < 3; ++index) {
         const Control& control = controls[static_cast<std::size_t>(index)];

@@ -98,7 +98,8 @@ QPainterPath flakes()
 QPainterPath boltPath()
 {
     QPainterPath path;
-    path.addPolygon(QPolygonF {{26, 30}, {18, 39.5}, {23, 39.5}, {20.5, 47}, {30, 36.5}, {24.6, 36.5}, {28.4, 30}, {26, 30}});
+    path.addPolygon(
+        QPolygonF{{26, 30}, {18, 39.5}, {23, 39.5}, {20.5, 47}, {30, 36.5}, {24.6, 36.5}, {28.4, 30}, {26, 30}});
     return path;
 }
 
@@ -129,9 +130,7 @@ Pictogram make(Sky sky)
         picture.disc = circle(24, 24, 10);
         picture.rays = raysAt(24, 24, 15, 20);
         break;
-    case Sky::clearNight:
-        picture.disc = crescent(22, 26, 16);
-        break;
+    case Sky::clearNight: picture.disc = crescent(22, 26, 16); break;
     case Sky::partly:
         picture.disc = circle(31, 18, 8);
         picture.rays = raysAt(31, 18, 11.5, 15);

@@ -48,17 +48,17 @@ Reading ReadingFeed::readingFor(const WidgetConfig& config, bool seconds) const
     case network: return networkReading(monitor);
     case downloads: return downloadsReading(monitor, settings.downloadResetMinutes());
     case processes: return processesReading(monitor);
-    case weather: return WeatherReading {.notice = notYet(weather, tr("No forecast yet"))};
-    case events: return EventsReading {.notice = notYet(events, tr("No calendar yet"))};
-    case nowPlaying: return NowPlayingReading {.notice = notYet(nowPlaying, tr("No player yet"))};
-    case photo: return PhotoReading {.notice = notYet(photo, tr("Choose a folder in the widget's settings"))};
+    case weather: return WeatherReading{.notice = notYet(weather, tr("No forecast yet"))};
+    case events: return EventsReading{.notice = notYet(events, tr("No calendar yet"))};
+    case nowPlaying: return NowPlayingReading{.notice = notYet(nowPlaying, tr("No player yet"))};
+    case photo: return PhotoReading{.notice = notYet(photo, tr("Choose a folder in the widget's settings"))};
     case focus: return idleFocusReading(settings.focusMinutes());
-    case reminders: return RemindersReading {.notice = notYet(reminders, tr("No reminders yet"))};
+    case reminders: return RemindersReading{.notice = notYet(reminders, tr("No reminders yet"))};
     case countdown: return countdownReading(config, now, m_locale);
     case sky: return skyReading(now);
-    case activity: return ActivityReading {.notice = notYet(activity, tr("Nothing measured yet"))};
-    case quote: return QuoteReading {.notice = notYet(quote, tr("No quote yet"))};
-    case devices: return DevicesReading {.notice = notYet(devices, tr("No devices yet"))};
+    case activity: return ActivityReading{.notice = notYet(activity, tr("Nothing measured yet"))};
+    case quote: return QuoteReading{.notice = notYet(quote, tr("No quote yet"))};
+    case devices: return DevicesReading{.notice = notYet(devices, tr("No devices yet"))};
     }
     Q_UNREACHABLE();
 }

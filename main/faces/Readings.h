@@ -25,19 +25,19 @@ struct Notice {
 using History = QList<double>;
 
 struct ClockReading {
-    Notice notice {};
+    Notice notice{};
     QString hours; ///< "09", or "9" on a 12-hour clock
     QString minutes; ///< "41"
     QString meridiem; ///< "AM", "PM"; empty on a 24-hour clock
-    std::optional<int> second {}; ///< only for skins that show it
+    std::optional<int> second{}; ///< only for skins that show it
     QString weekday; ///< "Tuesday"
     QString weekdayShort; ///< "Tue"
     QString date; ///< "14 October", in the locale's order
     QString isoDate; ///< "2026-10-14"
     QString month; ///< "October"
     int day = 1;
-    QString city {}; ///< tag of a clock that shows another city
-    QString offset {}; ///< "6 h behind"; with a city only
+    QString city{}; ///< tag of a clock that shows another city
+    QString offset{}; ///< "6 h behind"; with a city only
     int hour24 = 0;
     int minute = 0;
 
@@ -50,7 +50,7 @@ struct ClockReading {
 };
 
 struct CalendarReading {
-    Notice notice {};
+    Notice notice{};
     QString month; ///< "November"
     QString year;
     QStringList weekdays; ///< seven short names, the locale's first day first
@@ -62,7 +62,7 @@ struct CalendarReading {
 };
 
 struct CpuReading {
-    Notice notice {};
+    Notice notice{};
     int percent = 0;
     QString load; ///< "Load 2.41"
     QString cores; ///< "8 cores"
@@ -83,7 +83,7 @@ struct Share {
 };
 
 struct MemoryReading {
-    Notice notice {};
+    Notice notice{};
     int percent = 0;
     QString used; ///< "6.7"
     QString total; ///< "16 GB"
@@ -95,7 +95,7 @@ struct MemoryReading {
 };
 
 struct DiskReading {
-    Notice notice {};
+    Notice notice{};
     QString name;
     int percent = 0; ///< used
     double fraction = 0; ///< used, 0 to 1
@@ -108,7 +108,7 @@ struct DiskReading {
 };
 
 struct BatteryReading {
-    Notice notice {};
+    Notice notice{};
     int percent = 0;
     double level = 0; ///< 0 to 1
     QString state; ///< "Charging", "On battery", "Full", "Plugged in"
@@ -121,7 +121,7 @@ struct BatteryReading {
 };
 
 struct NetworkReading {
-    Notice notice {};
+    Notice notice{};
     Units::Pair down;
     Units::Pair up;
     History downHistory; ///< bytes a second
@@ -132,7 +132,7 @@ struct NetworkReading {
 };
 
 struct DownloadsReading {
-    Notice notice {};
+    Notice notice{};
     Units::Pair down; ///< received since the last reset
     Units::Pair up;
     QString hint; ///< "Since start", "Resets every 60 min"
@@ -150,7 +150,7 @@ struct ProcessesReading {
         bool operator==(const Row&) const = default;
     };
 
-    Notice notice {};
+    Notice notice{};
     QList<Row> rows; ///< at most eight, busiest first
 
     bool operator==(const ProcessesReading&) const = default;
@@ -173,7 +173,7 @@ struct WeatherReading {
         bool operator==(const Day&) const = default;
     };
 
-    Notice notice {};
+    Notice notice{};
     QString place;
     QString temperature; ///< "17"; the degree sign is the unit
     QString description;
@@ -194,7 +194,7 @@ struct EventsReading {
         bool operator==(const Row&) const = default;
     };
 
-    Notice notice {};
+    Notice notice{};
     QString day; ///< "Tuesday 14"
     QList<Row> rows; ///< at most eight
 
@@ -210,7 +210,7 @@ struct Picture {
 };
 
 struct NowPlayingReading {
-    Notice notice {}; ///< the three controls stay below it
+    Notice notice{}; ///< the three controls stay below it
     QString title;
     QString artist;
     double progress = 0; ///< 0 to 1
@@ -223,7 +223,7 @@ struct NowPlayingReading {
 };
 
 struct PhotoReading {
-    Notice notice {};
+    Notice notice{};
     Picture picture;
     bool fills = true; ///< cropped to the frame rather than fitted into it
 
@@ -231,7 +231,7 @@ struct PhotoReading {
 };
 
 struct FocusReading {
-    Notice notice {};
+    Notice notice{};
     QString phase; ///< "Focus", "Break", "Long break"
     QString remaining; ///< "25:00"
     double progress = 0; ///< 0 to 1
@@ -253,14 +253,14 @@ struct RemindersReading {
         bool operator==(const Row&) const = default;
     };
 
-    Notice notice {};
+    Notice notice{};
     QList<Row> rows;
 
     bool operator==(const RemindersReading&) const = default;
 };
 
 struct CountdownReading {
-    Notice notice {};
+    Notice notice{};
     QString days; ///< "42"
     QString unit; ///< "days", "day", "days ago"
     QString title;
@@ -271,20 +271,20 @@ struct CountdownReading {
 };
 
 struct SkyReading {
-    Notice notice {};
+    Notice notice{};
     QString phase; ///< "Waxing Gibbous"
     double fraction = 0; ///< of the lunation: 0 new, 0.5 full
     QString illumination; ///< "73% lit"
     QString next; ///< "Full Moon in 4 days"
-    QString sunrise {}; ///< both empty while unknown
-    QString sunset {};
-    std::optional<double> sun {}; ///< way of the sun from sunrise (0) to sunset (1); none by night or unknown
+    QString sunrise{}; ///< both empty while unknown
+    QString sunset{};
+    std::optional<double> sun{}; ///< way of the sun from sunrise (0) to sunset (1); none by night or unknown
 
     bool operator==(const SkyReading&) const = default;
 };
 
 struct ActivityReading {
-    Notice notice {};
+    Notice notice{};
     QList<double> hours; ///< 24, active part of each hour, 0 to 1
     int hour = 0; ///< now
     QString active; ///< "3 h 12 min"
@@ -295,10 +295,10 @@ struct ActivityReading {
 };
 
 struct QuoteReading {
-    Notice notice {};
+    Notice notice{};
     QString text;
     QString source;
-    QString note {}; ///< "noun · PET-ri-kor"; words only
+    QString note{}; ///< "noun · PET-ri-kor"; words only
     bool word = false;
 
     bool operator==(const QuoteReading&) const = default;
@@ -308,15 +308,15 @@ struct DevicesReading {
     struct Row {
         QString symbol;
         QString name;
-        std::optional<double> level {}; ///< 0 to 1
-        QString percent {};
-        QString detail {}; ///< "L 82 · R 85 · Case 60"
+        std::optional<double> level{}; ///< 0 to 1
+        QString percent{};
+        QString detail{}; ///< "L 82 · R 85 · Case 60"
         bool charging = false;
 
         bool operator==(const Row&) const = default;
     };
 
-    Notice notice {};
+    Notice notice{};
     QList<Row> rows;
 
     bool operator==(const DevicesReading&) const = default;

@@ -55,10 +55,14 @@ WeatherReading sampleWeather(const QDateTime& now, const QLocale& locale)
         int high;
     };
     constexpr int span = 9; // degrees between a day's high and low
-    const std::array<Forecast, 7> week {{{Sky::partly, 19}, {Sky::clear, 22}, {Sky::cloudy, 20}, {Sky::rain, 17},
+    const std::array<Forecast, 7> week{{{Sky::partly, 19}, {Sky::clear, 22}, {Sky::cloudy, 20}, {Sky::rain, 17},
         {Sky::thunder, 18}, {Sky::fog, 15}, {Sky::snow, 13}}};
-    WeatherReading reading {.place = u"New York"_s, .temperature = u"17"_s, .description = u"Partly Cloudy"_s,
-        .sky = Sky::partly, .high = u"19°"_s, .low = u"10°"_s};
+    WeatherReading reading{.place = u"New York"_s,
+        .temperature = u"17"_s,
+        .description = u"Partly Cloudy"_s,
+        .sky = Sky::partly,
+        .high = u"19°"_s,
+        .low = u"10°"_s};
     constexpr double coldest = 13 - span;
     constexpr double warmest = 22;
     for (std::size_t index = 0; index < week.size(); ++index) {
@@ -66,7 +70,10 @@ WeatherReading sampleWeather(const QDateTime& now, const QLocale& locale)
         const auto [sky, high] = week[index];
         reading.days.append({.initial = locale.standaloneDayName(date.dayOfWeek(), QLocale::NarrowFormat),
             .name = locale.standaloneDayName(date.dayOfWeek(), QLocale::ShortFormat),
-            .date = QString::number(date.day()), .sky = sky, .high = u"%1°"_s.arg(high), .low = u"%1°"_s.arg(high - span),
+            .date = QString::number(date.day()),
+            .sky = sky,
+            .high = u"%1°"_s.arg(high),
+            .low = u"%1°"_s.arg(high - span),
             .highFraction = (high - coldest) / (warmest - coldest),
             .lowFraction = (high - span - coldest) / (warmest - coldest)});
     }
@@ -77,24 +84,27 @@ EventsReading sampleEvents(const QDateTime& now, const QLocale& locale)
 {
     return {.day = locale.standaloneDayName(now.date().dayOfWeek()) + u' ' + QString::number(now.date().day()),
         .rows = {{u"10:00"_s, u"Breakdown: call the electrician"_s, homeCalendar},
-            {u"13:30"_s, u"Deadline for the report"_s, workCalendar},
-            {u"18:15"_s, u"Choir practice"_s, familyCalendar},
+            {u"13:30"_s, u"Deadline for the report"_s, workCalendar}, {u"18:15"_s, u"Choir practice"_s, familyCalendar},
             {u"All day"_s, u"Anna's birthday"_s, familyCalendar}}};
 }
 
 ActivityReading sampleActivity(const QDateTime& now)
 {
-    ActivityReading reading {.hour = now.time().hour(), .active = u"3 h 12 min"_s, .metres = u"148 m"_s,
-        .clicks = u"1,204 clicks"_s};
-    constexpr std::array<double, 24> day {0, 0, 0, 0, 0, 0, 0.1, 0.45, 0.9, 0.7, 0.35, 0.8, 0.2, 0.55, 0.95, 0.6, 0.4,
-        0.15, 0, 0.3, 0.5, 0.2, 0, 0};
+    ActivityReading reading{
+        .hour = now.time().hour(), .active = u"3 h 12 min"_s, .metres = u"148 m"_s, .clicks = u"1,204 clicks"_s};
+    constexpr std::array<double, 24> day{
+        0, 0, 0, 0, 0, 0, 0.1, 0.45, 0.9, 0.7, 0.35, 0.8, 0.2, 0.55, 0.95, 0.6, 0.4, 0.15, 0, 0.3, 0.5, 0.2, 0, 0};
     reading.hours = QList<double>(day.begin(), day.end());
     return reading;
 }
 
 RemindersReading sampleReminders()
 {
-    return {.rows = {{.id = u"1"_s, .title = u"Send the invoice"_s, .due = u"Yesterday"_s, .overdue = true, .colour = workCalendar},
+    return {.rows = {{.id = u"1"_s,
+                         .title = u"Send the invoice"_s,
+                         .due = u"Yesterday"_s,
+                         .overdue = true,
+                         .colour = workCalendar},
                 {.id = u"2"_s, .title = u"Call the dentist"_s, .due = u"Today"_s, .colour = homeCalendar},
                 {.id = u"3"_s, .title = u"Water the plants"_s, .done = true, .colour = homeCalendar},
                 {.id = u"4"_s, .title = u"Book train tickets"_s, .due = u"Tomorrow"_s, .colour = familyCalendar}}};
@@ -102,7 +112,10 @@ RemindersReading sampleReminders()
 
 DevicesReading sampleDevices()
 {
-    return {.rows = {{.symbol = u"airpodspro"_s, .name = u"Earbuds"_s, .level = 0.82, .percent = u"82%"_s,
+    return {.rows = {{.symbol = u"airpodspro"_s,
+                         .name = u"Earbuds"_s,
+                         .level = 0.82,
+                         .percent = u"82%"_s,
                          .detail = u"L 82 · R 85 · Case 60"_s},
                 {.symbol = u"keyboard"_s, .name = u"Keyboard"_s, .level = 0.47, .percent = u"47%"_s},
                 {.symbol = u"magicmouse"_s, .name = u"Mouse"_s, .level = 0.12, .percent = u"12%"_s, .charging = true},
@@ -142,19 +155,24 @@ Reading sampleReading(WidgetKind kind, const SystemMonitor& monitor, const QDate
     case WidgetKind::weather: return sampleWeather(now, locale);
     case WidgetKind::events: return sampleEvents(now, locale);
     case WidgetKind::nowPlaying:
-        return NowPlayingReading {.title = u"Northern Lights"_s, .artist = u"The Harbour Lamps"_s, .progress = 0.38,
-            .elapsed = u"1:24"_s, .total = u"3:41"_s, .playing = true,
+        return NowPlayingReading{.title = u"Northern Lights"_s,
+            .artist = u"The Harbour Lamps"_s,
+            .progress = 0.38,
+            .elapsed = u"1:24"_s,
+            .total = u"3:41"_s,
+            .playing = true,
             .artwork = sampleImage(QColor(0x3B, 0x2A, 0x6B), QColor(0xD8, 0x6A, 0x5C))};
     case WidgetKind::photo:
-        return PhotoReading {.picture = sampleImage(QColor(0x6F, 0xA8, 0xDC), QColor(0x4C, 0x8C, 0x6B))};
+        return PhotoReading{.picture = sampleImage(QColor(0x6F, 0xA8, 0xDC), QColor(0x4C, 0x8C, 0x6B))};
     case WidgetKind::focus:
-        return FocusReading {.phase = u"Focus"_s, .remaining = u"16:40"_s, .progress = 1.0 / 3, .running = true, .sessions = 2};
+        return FocusReading{
+            .phase = u"Focus"_s, .remaining = u"16:40"_s, .progress = 1.0 / 3, .running = true, .sessions = 2};
     case WidgetKind::reminders: return sampleReminders();
     case WidgetKind::countdown: return countdownReading(sampleCountdown(now), now, locale);
     case WidgetKind::sky: return sampleSky(now);
     case WidgetKind::activity: return sampleActivity(now);
     case WidgetKind::quote:
-        return QuoteReading {.text = u"Fall seven times, stand up eight."_s, .source = u"Japanese proverb"_s};
+        return QuoteReading{.text = u"Fall seven times, stand up eight."_s, .source = u"Japanese proverb"_s};
     case WidgetKind::devices: return sampleDevices();
     case WidgetKind::cpu: return cpuReading(monitor);
     case WidgetKind::memory: return memoryReading(monitor);

@@ -90,10 +90,12 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const SkyReading& read
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face);
     Box upper = box.cutTop(64);
-    const MoonDisc moon {.lit = blended(style.ink, style.accent, 0.12), .dark = style.faint, .edge = QPen(style.soft, 0.8)};
+    const MoonDisc moon{
+        .lit = blended(style.ink, style.accent, 0.12), .dark = style.faint, .edge = QPen(style.soft, 0.8)};
     moon.draw(canvas, upper.cutLeft(64), reading.fraction);
     upper.cutLeft(10);
-    const double name = canvas.paragraph(upper.inset(0, 4), reading.phase, style.caption().coloured(style.ink).wrapped(2));
+    const double name =
+        canvas.paragraph(upper.inset(0, 4), reading.phase, style.caption().coloured(style.ink).wrapped(2));
     upper.cutTop(name + 6);
     canvas.paragraph(upper, reading.illumination, style.caption().wrapped(2));
     const TextStyle caption = style.caption();
@@ -106,7 +108,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const SkyReading& read
     canvas.text(line, reading.sunset, caption.aligned(Align::right));
     box.cutTop(8);
     box.cutBottom(4);
-    const SunArc arc {.arc = QPen(style.soft, 1.2, Qt::DotLine), .horizon = QPen(style.faint, 1), .sun = style.accent};
+    const SunArc arc{.arc = QPen(style.soft, 1.2, Qt::DotLine), .horizon = QPen(style.faint, 1), .sun = style.accent};
     arc.draw(canvas, box, reading.sun);
 }
 
@@ -123,7 +125,8 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const ActivityReading&
     }
     Box axis = box.cutBottom(12);
     for (int mark = 0; mark < 4; ++mark)
-        canvas.text(axis.column(mark, 4), QString::number(mark * 6), style.caption().sized(std::max(9.0, style.floor - 1)).asAxis());
+        canvas.text(axis.column(mark, 4), QString::number(mark * 6),
+            style.caption().sized(std::max(9.0, style.floor - 1)).asAxis());
     box.cutTop(4);
     canvas.rule(Box(box.x(), box.bottom() - 1, box.width(), 1), style.faint, 1);
     for (int hour = 0; hour < 24; ++hour) {

@@ -54,7 +54,7 @@ Share memoryPart(const QString& name, quint64 bytes, quint64 total)
 
 CpuReading cpuReading(const SystemMonitor& monitor)
 {
-    CpuReading reading {.notice = missing(monitor, SystemMeasure::processor, WidgetKind::cpu)};
+    CpuReading reading{.notice = missing(monitor, SystemMeasure::processor, WidgetKind::cpu)};
     reading.percent = Units::percent(monitor.cpu());
     reading.load = tr("Load %1").arg(monitor.loadAverage()[0], 0, 'f', 2);
     const auto cores = monitor.perCore().size();
@@ -67,12 +67,13 @@ CpuReading cpuReading(const SystemMonitor& monitor)
 
 MemoryReading memoryReading(const SystemMonitor& monitor)
 {
-    MemoryReading reading {.notice = missing(monitor, SystemMeasure::memory, WidgetKind::memory)};
+    MemoryReading reading{.notice = missing(monitor, SystemMeasure::memory, WidgetKind::memory)};
     const MemoryInfo& memory = monitor.memory();
     reading.percent = Units::percent(memory.fraction());
     reading.used = Units::gib(static_cast<double>(memory.used), 1);
     reading.total = tr("of %1 GB").arg(Units::gib(static_cast<double>(memory.total), 0));
-    reading.parts = {memoryPart(tr("App"), memory.app, memory.total), memoryPart(tr("Wired"), memory.wired, memory.total),
+    reading.parts = {memoryPart(tr("App"), memory.app, memory.total),
+        memoryPart(tr("Wired"), memory.wired, memory.total),
         memoryPart(tr("Compressed"), memory.compressed, memory.total)};
     reading.history = monitor.memoryHistory();
     reading.high = memory.fraction() > highLoad;
@@ -81,7 +82,7 @@ MemoryReading memoryReading(const SystemMonitor& monitor)
 
 DiskReading diskReading(const SystemMonitor& monitor)
 {
-    DiskReading reading {.notice = missing(monitor, SystemMeasure::disks, WidgetKind::disk)};
+    DiskReading reading{.notice = missing(monitor, SystemMeasure::disks, WidgetKind::disk)};
     const std::optional<DiskInfo> disk = monitor.mainDisk();
     if (!disk) {
         if (!reading.notice)
@@ -101,7 +102,7 @@ DiskReading diskReading(const SystemMonitor& monitor)
 
 BatteryReading batteryReading(const SystemMonitor& monitor)
 {
-    BatteryReading reading {};
+    BatteryReading reading{};
     const std::optional<BatteryInfo>& battery = monitor.battery();
     if (!battery) {
         reading.notice = {u"powerplug.fill"_s, tr("No battery")};
@@ -111,7 +112,8 @@ BatteryReading batteryReading(const SystemMonitor& monitor)
     reading.percent = Units::percent(battery->percent);
     reading.state = batteryState(*battery);
     if (battery->minutesRemaining)
-        reading.remaining = (battery->isCharging ? tr("%1 to full") : tr("%1 left")).arg(span(*battery->minutesRemaining));
+        reading.remaining =
+            (battery->isCharging ? tr("%1 to full") : tr("%1 left")).arg(span(*battery->minutesRemaining));
     reading.charging = battery->isCharging;
     reading.onMains = battery->onAC;
     reading.low = reading.percent <= lowBattery;
@@ -120,19 +122,19 @@ BatteryReading batteryReading(const SystemMonitor& monitor)
 
 NetworkReading networkReading(const SystemMonitor& monitor)
 {
-    NetworkReading reading {.notice = missing(monitor, SystemMeasure::network, WidgetKind::network)};
+    NetworkReading reading{.notice = missing(monitor, SystemMeasure::network, WidgetKind::network)};
     reading.down = Units::rate(monitor.downRate());
     reading.up = Units::rate(monitor.upRate());
     reading.downHistory = monitor.downHistory();
     reading.upHistory = monitor.upHistory();
-    reading.peak = std::max({quietNetwork, *std::ranges::max_element(reading.downHistory),
-        *std::ranges::max_element(reading.upHistory)});
+    reading.peak = std::max(
+        {quietNetwork, *std::ranges::max_element(reading.downHistory), *std::ranges::max_element(reading.upHistory)});
     return reading;
 }
 
 DownloadsReading downloadsReading(const SystemMonitor& monitor, int resetMinutes)
 {
-    DownloadsReading reading {.notice = missing(monitor, SystemMeasure::network, WidgetKind::downloads)};
+    DownloadsReading reading{.notice = missing(monitor, SystemMeasure::network, WidgetKind::downloads)};
     const auto down = static_cast<double>(monitor.sessionDown());
     const auto up = static_cast<double>(monitor.sessionUp());
     reading.down = Units::size(down);
@@ -144,7 +146,7 @@ DownloadsReading downloadsReading(const SystemMonitor& monitor, int resetMinutes
 
 ProcessesReading processesReading(const SystemMonitor& monitor)
 {
-    ProcessesReading reading {.notice = missing(monitor, SystemMeasure::processes, WidgetKind::processes)};
+    ProcessesReading reading{.notice = missing(monitor, SystemMeasure::processes, WidgetKind::processes)};
     const QList<ProcessRow>& processes = monitor.processes();
     if (processes.isEmpty() && !reading.notice)
         reading.notice = {symbol(WidgetKind::processes), tr("Measuring…")};

@@ -2,6 +2,8 @@
 
 #include "model/ThemeAccent.h"
 #include "skins/glass/GlassSkin.h"
+#include "skins/plain/PlainPalette.h"
+#include "skins/plain/PlainSkin.h"
 
 #include <array>
 
@@ -14,8 +16,9 @@ using Renderer = std::shared_ptr<const FaceRenderer>;
 
 Renderer make(Skin skin, const Accent& accent)
 {
+    if (const PlainPalette* palette = plainPalette(skin))
+        return std::make_shared<PlainSkin>(*palette, accent);
     switch (skin) {
-    case Skin::glass: return std::make_shared<GlassSkin>(accent);
     default: return std::make_shared<GlassSkin>(accent);
     }
 }
@@ -41,7 +44,7 @@ Renderer rendererOf(Skin skin)
 FaceView view(Skin skin, WidgetKind kind)
 {
     const SizeClass size = sizeClass(skin, kind);
-    const FaceContext face {.kind = kind, .size = size, .bounds = QRectF({}, baseSize(size))};
+    const FaceContext face{.kind = kind, .size = size, .bounds = QRectF({}, baseSize(size))};
     Renderer renderer = rendererOf(skin);
     const QString key = rawValue(skin) + u'/' + rawValue(kind) + renderer->style().accent.name();
     return {std::move(renderer), face, key};

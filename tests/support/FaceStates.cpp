@@ -16,7 +16,8 @@ const QString longName = u"Österreichisch-Ungarische Dampfschifffahrtsgesellsch
 QString emptySentence(WidgetKind kind)
 {
     switch (kind) {
-    case WidgetKind::weather: return u"Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…"_s;
+    case WidgetKind::weather:
+        return u"Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…"_s;
     case WidgetKind::events:
         return u"Calendar access is off. Turn it on in System Settings ▸ Privacy & Security ▸ Calendars."_s;
     case WidgetKind::reminders:
@@ -36,7 +37,10 @@ void makeQuiet(CpuReading& r)
     r.history.fill(0);
     r.perCore.fill(0);
 }
-void makeQuiet(MemoryReading& r) { r.history.fill(0); }
+void makeQuiet(MemoryReading& r)
+{
+    r.history.fill(0);
+}
 void makeQuiet(DiskReading& r)
 {
     r.name = u"A"_s;
@@ -63,8 +67,14 @@ void makeQuiet(DownloadsReading& r)
     r.down = r.up = {u"0"_s, u"KB"_s};
     r.share = 0;
 }
-void makeQuiet(ProcessesReading& r) { r.rows = {{u"x"_s, u"0.0%"_s, 0}}; }
-void makeQuiet(EventsReading& r) { r.rows = {{u"9:05"_s, u"x"_s, Qt::red}}; }
+void makeQuiet(ProcessesReading& r)
+{
+    r.rows = {{u"x"_s, u"0.0%"_s, 0}};
+}
+void makeQuiet(EventsReading& r)
+{
+    r.rows = {{u"9:05"_s, u"x"_s, Qt::red}};
+}
 void makeQuiet(NowPlayingReading& r)
 {
     r.title = r.artist = u"x"_s;
@@ -72,8 +82,14 @@ void makeQuiet(NowPlayingReading& r)
     r.playing = false;
     r.artwork = {};
 }
-void makeQuiet(RemindersReading& r) { r.rows = {{.id = u"1"_s, .title = u"x"_s}}; }
-void makeQuiet(DevicesReading& r) { r.rows = {{.symbol = u"keyboard"_s, .name = u"x"_s}}; }
+void makeQuiet(RemindersReading& r)
+{
+    r.rows = {{.id = u"1"_s, .title = u"x"_s}};
+}
+void makeQuiet(DevicesReading& r)
+{
+    r.rows = {{.symbol = u"keyboard"_s, .name = u"x"_s}};
+}
 void makeQuiet(WeatherReading& r)
 {
     r.place = u"Å"_s;
@@ -96,9 +112,17 @@ void makeQuiet(ActivityReading& r)
     r.metres.clear();
     r.clicks.clear();
 }
-void makeQuiet(QuoteReading& r) { r = {.text = u"The pleasant smell of earth after rain falls on dry ground."_s,
-    .source = u"Petrichor"_s, .note = u"noun · PET-ri-kor"_s, .word = true}; }
-void makeQuiet(FocusReading& r) { r = {.phase = u"Focus"_s, .remaining = u"0:00"_s}; }
+void makeQuiet(QuoteReading& r)
+{
+    r = {.text = u"The pleasant smell of earth after rain falls on dry ground."_s,
+        .source = u"Petrichor"_s,
+        .note = u"noun · PET-ri-kor"_s,
+        .word = true};
+}
+void makeQuiet(FocusReading& r)
+{
+    r = {.phase = u"Focus"_s, .remaining = u"0:00"_s};
+}
 void makeQuiet(SkyReading& r)
 {
     r.sunrise.clear();
@@ -120,7 +144,10 @@ void makeQuiet(CalendarReading& r)
     r.days = 28;
     r.today = 1;
 }
-void makeQuiet(PhotoReading& r) { r.fills = false; }
+void makeQuiet(PhotoReading& r)
+{
+    r.fills = false;
+}
 
 void makeExtreme(CpuReading& r)
 {
@@ -136,7 +163,8 @@ void makeExtreme(MemoryReading& r)
     r.percent = 100;
     r.used = u"1023.9"_s;
     r.total = u"of 1024 GB"_s;
-    r.parts = {{u"App"_s, u"700.0 GB"_s, 0.68}, {u"Wired"_s, u"200.0 GB"_s, 0.2}, {u"Compressed"_s, u"123.9 GB"_s, 0.12}};
+    r.parts = {
+        {u"App"_s, u"700.0 GB"_s, 0.68}, {u"Wired"_s, u"200.0 GB"_s, 0.2}, {u"Compressed"_s, u"123.9 GB"_s, 0.12}};
     r.history.fill(1);
     r.high = true;
 }
@@ -207,12 +235,16 @@ void makeExtreme(RemindersReading& r)
 {
     r.rows.clear();
     for (int row = 0; row < 12; ++row)
-        r.rows.append({.id = QString::number(row), .title = u"Renew the passport"_s, .due = u"31 December 2026"_s, .overdue = true});
+        r.rows.append({.id = QString::number(row),
+            .title = u"Renew the passport"_s,
+            .due = u"31 December 2026"_s,
+            .overdue = true});
 }
 void makeExtreme(DevicesReading& r)
 {
     while (r.rows.size() < 8)
-        r.rows.append({.symbol = u"headphones"_s, .name = u"Headphones"_s, .level = 1, .percent = u"100%"_s, .charging = true});
+        r.rows.append(
+            {.symbol = u"headphones"_s, .name = u"Headphones"_s, .level = 1, .percent = u"100%"_s, .charging = true});
 }
 void makeExtreme(CountdownReading& r)
 {
@@ -230,8 +262,9 @@ void makeExtreme(ActivityReading& r)
 }
 void makeExtreme(QuoteReading& r)
 {
-    r.text = u"It is not because things are difficult that we do not dare; it is because we do not dare that things are "
-             "difficult, and so the days go by one after another."_s;
+    r.text =
+        u"It is not because things are difficult that we do not dare; it is because we do not dare that things are "
+        "difficult, and so the days go by one after another."_s;
     r.source = u"Attributed to Lucius Annaeus Seneca the Younger"_s;
 }
 void makeExtreme(FocusReading& r)
@@ -277,29 +310,62 @@ void lengthen(ClockReading& r)
     r.city = longName;
     r.offset = u"12 h 45 min ahead"_s;
 }
-void lengthen(DiskReading& r) { r.name = longName; }
-void lengthen(WeatherReading& r) { r.place = longName; }
-void lengthen(NowPlayingReading& r) { r.title = r.artist = longName; }
-void lengthen(CountdownReading& r) { r.title = longName; }
-void lengthen(QuoteReading& r) { r.source = longName; }
+void lengthen(DiskReading& r)
+{
+    r.name = longName;
+}
+void lengthen(WeatherReading& r)
+{
+    r.place = longName;
+}
+void lengthen(NowPlayingReading& r)
+{
+    r.title = r.artist = longName;
+}
+void lengthen(CountdownReading& r)
+{
+    r.title = longName;
+}
+void lengthen(QuoteReading& r)
+{
+    r.source = longName;
+}
 template <typename R>
-requires requires(R r) { r.rows.first().title; }
+requires requires(R r)
+{
+    r.rows.first().title;
+}
 void lengthenTitles(R& r)
 {
     for (auto& row : r.rows)
         row.title = longName;
 }
 template <typename R>
-requires requires(R r) { r.rows.first().name; }
+requires requires(R r)
+{
+    r.rows.first().name;
+}
 void lengthenNames(R& r)
 {
     for (auto& row : r.rows)
         row.name = longName;
 }
-void lengthen(EventsReading& r) { lengthenTitles(r); }
-void lengthen(RemindersReading& r) { lengthenTitles(r); }
-void lengthen(ProcessesReading& r) { lengthenNames(r); }
-void lengthen(DevicesReading& r) { lengthenNames(r); }
+void lengthen(EventsReading& r)
+{
+    lengthenTitles(r);
+}
+void lengthen(RemindersReading& r)
+{
+    lengthenTitles(r);
+}
+void lengthen(ProcessesReading& r)
+{
+    lengthenNames(r);
+}
+void lengthen(DevicesReading& r)
+{
+    lengthenNames(r);
+}
 
 Reading sample(WidgetKind kind, const QLocale& locale)
 {

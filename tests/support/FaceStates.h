@@ -16,8 +16,8 @@ enum class FaceState {
     longNames, ///< eighty characters wherever a user's text stands
 };
 
-inline constexpr FaceState faceStates[]
-    = {FaceState::sample, FaceState::empty, FaceState::quiet, FaceState::extreme, FaceState::longNames};
+inline constexpr FaceState faceStates[] = {
+    FaceState::sample, FaceState::empty, FaceState::quiet, FaceState::extreme, FaceState::longNames};
 
 /// A reading of the kind in that state.
 Reading stateReading(WidgetKind kind, FaceState state, const QLocale& locale);

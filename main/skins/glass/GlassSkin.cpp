@@ -91,7 +91,9 @@ void GlassSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceC
 {
     const Box box = framed(canvas, face, reading.month);
     monthGrid(canvas, box, reading,
-        {.weekday = style().caption(), .day = style().caption().coloured(ink), .todayFill = style().accent,
+        {.weekday = style().caption(),
+            .day = style().caption().coloured(ink),
+            .todayFill = style().accent,
             .todayInk = inkOn(style().accent)});
 }
 
@@ -115,8 +117,8 @@ void GlassSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCon
     canvas.figure(box.cutTop(Bands::hero), reading.used, QStringLiteral("GB"), style().figure(40));
     if (reading.high)
         warning(canvas, Box(face.bounds).inset(style().inset).cutTop(14).cutRight(12));
-    const QList<QBrush> fills {style().accent, accent2, accent3};
-    box.cutTop(4);
+    const QList<QBrush> fills{style().accent, accent2, accent3};
+    box.cutTop(Bands::gap);
     partsBar(canvas, box.cutTop(10), reading.parts, fills, trackColour, 5);
     box.cutTop(Bands::gap);
     partsKey(canvas, *this, box, reading.parts, fills);
@@ -125,11 +127,13 @@ void GlassSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCon
 void GlassSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face, reading.name);
-    canvas.text(box.cutBottom(Bands::footer), reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
+    canvas.text(
+        box.cutBottom(Bands::footer), reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
     const QColor colour = reading.high ? warn : style().accent;
-    const StyledDial ring {.flavor = dial(), .value = colour, .track = trackColour, .width = 9};
+    const StyledDial ring{.flavor = dial(), .value = colour, .track = trackColour, .width = 9};
     const Box inside = ring.draw(canvas, box.inset(0, 4), reading.fraction);
-    canvas.figure(inside.inset(4), QString::number(reading.percent), QStringLiteral("%"), style().figure(26).aligned(Align::centre));
+    canvas.figure(inside.inset(4), QString::number(reading.percent), QStringLiteral("%"),
+        style().figure(26).aligned(Align::centre));
     if (reading.high)
         warning(canvas, Box(face.bounds).inset(style().inset).cutBottom(Bands::footer).cutRight(12));
 }
@@ -151,7 +155,8 @@ void GlassSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCo
     canvas.fill(outline.intersected(charge), fill);
     canvas.fill(Box(body.right() + 3, body.center().y() - 6, 4, 12), trackColour, 2);
     if (reading.onMains)
-        canvas.symbol(body, reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 22, inkOn(fill));
+        canvas.symbol(
+            body, reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 22, inkOn(fill));
 }
 
 void GlassSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const
@@ -159,7 +164,8 @@ void GlassSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCo
     Box box = framed(canvas, face);
     Box figures = box.cutTop(34);
     const FigureStyle figure = style().figure(26);
-    markedFigure(canvas, figures.column(0, 2, 12), QStringLiteral("arrow.down"), style().accentText(), reading.down, figure);
+    markedFigure(
+        canvas, figures.column(0, 2, 12), QStringLiteral("arrow.down"), style().accentText(), reading.down, figure);
     markedFigure(canvas, figures.column(1, 2, 12), QStringLiteral("arrow.up"), up, reading.up, figure);
     box.cutTop(Bands::gap);
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
@@ -173,8 +179,8 @@ void GlassSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCo
 void GlassSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face);
-    const Box middle
-        = heroAndFooter(canvas, *this, box, reading.down.value, reading.down.unit, reading.hint, style().figure(32));
+    const Box middle =
+        heroAndFooter(canvas, *this, box, reading.down.value, reading.down.unit, reading.hint, style().figure(32));
     Box rest = middle;
     markedFigure(canvas, rest.cutTop(24), QStringLiteral("arrow.up"), up, reading.up, style().figure(16));
     capsule(canvas, rest.centred(rest.width(), 4), reading.share, trackColour, style().accent);
@@ -199,7 +205,7 @@ void GlassSkin::draw(Canvas& canvas, const ProcessesReading& reading, const Face
 void GlassSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face, reading.place);
-    Box days = box.cutRight(box.width() * 0.56);
+    const Box days = box.cutRight(box.width() * 0.56);
     box.cutRight(12);
     canvas.text(box.cutBottom(Bands::footer), reading.high + QStringLiteral(" / ") + reading.low, style().caption());
     canvas.text(box.cutBottom(18), reading.description, style().row());
@@ -209,7 +215,7 @@ void GlassSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
     const int count = static_cast<int>(std::min<qsizetype>(reading.days.size(), 6));
     for (int index = 0; index < count; ++index) {
         const WeatherReading::Day& day = reading.days[index];
-        Box column = days.column(index, 6);
+        Box column = days.column(index, 6, 2);
         const TextStyle caption = style().caption().aligned(Align::centre);
         canvas.text(column.cutTop(16), day.initial, caption);
         drawPictogram(canvas, column.cutTop(22).centred(18, 18), day.sky, pictograms());
