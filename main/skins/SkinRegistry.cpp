@@ -2,6 +2,8 @@
 
 #include "model/ThemeAccent.h"
 #include "skins/glass/GlassSkin.h"
+#include "skins/hifi/HiFiSkin.h"
+#include "skins/minimal/MinimalSkin.h"
 #include "skins/plain/PlainPalette.h"
 #include "skins/plain/PlainSkin.h"
 
@@ -19,6 +21,12 @@ Renderer make(Skin skin, const Accent& accent)
     if (const PlainPalette* palette = plainPalette(skin))
         return std::make_shared<PlainSkin>(*palette, accent);
     switch (skin) {
+    case Skin::polar:
+    case Skin::mono:
+    case Skin::slate:
+    case Skin::lumen:
+    case Skin::field:
+    case Skin::fieldDark: return std::make_shared<MinimalSkin>(MinimalLook::original(skin).accented(accent));
     default: return std::make_shared<GlassSkin>(accent);
     }
 }

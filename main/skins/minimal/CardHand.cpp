@@ -1,0 +1,277 @@
+#include "skins/minimal/MinimalHand.h"
+
+#include "drawing/Colours.h"
+#include "drawing/Plates.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr double badgeSize = 22;
+constexpr double badgeCorner = 7;
+
+QPen round(const QBrush& brush, double width)
+{
+    return {brush, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+}
+
+class CardHand final : public MinimalHand {
+public:
+    using MinimalHand::MinimalHand;
+
+    void plate(Canvas& canvas, const FaceContext& face) const override;
+    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
+    void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
+    Box dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
+    PictogramPaint pictograms() const override;
+    double todayCorner() const override { return badgeCorner; }
+    void clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const override;
+    void battery(Canvas& canvas, Box content, const BatteryReading& reading) const override;
+    void rates(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
+    void processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const override;
+    void weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const override;
+    void events(Canvas& canvas, const Box& content, const EventsReading& reading) const override;
+    void player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const override;
+
+private:
+    /// Fills a rounded box with a tint of the colour and returns the opaque colour it has there.
+    QColor tinted(Canvas& canvas, const Box& box, double corner, const QColor& colour) const;
+    void badge(Canvas& canvas, const Box& box, const QString& symbol, const QColor& colour) const;
+    void rate(Canvas& canvas, Box box, const QString& symbol, const QColor& colour, const Units::Pair& rate) const;
+    void day(Canvas& canvas, Box pill, const WeatherReading::Day& day, bool today) const;
+};
+
+QColor CardHand::tinted(Canvas& canvas, const Box& box, double corner, const QColor& colour) const
+{
+    const QColor tint = faded(colour, look().tint);
+    canvas.fill(box, tint, corner);
+    return over(tint, style().ground);
+}
+
+void CardHand::badge(Canvas& canvas, const Box& box, const QString& symbol, const QColor& colour) const
+{
+    const QColor ground = tinted(canvas, box, badgeCorner, colour);
+    canvas.symbol(box, symbol, box.height() * 0.62, legible(colour, look().ink, ground));
+}
+
+void CardHand::plate(Canvas& canvas, const FaceContext& face) const
+{
+    canvas.still(QStringLiteral("plate"), face.bounds.inset(-10), [&](Canvas& layer) {
+        dropShadow(layer, face.bounds, look().corner, look().shadow, look().shadow.alphaF(), 8, 3);
+        layer.fill(face.bounds, look().panelFill, look().corner);
+        if (look().plateBorder > 0)
+            layer.frame(face.bounds, QPen(look().border, look().plateBorder), look().corner);
+    });
+}
+
+void CardHand::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
+{
+    Box line = content.cutTop(20);
+    badge(canvas, line.cutRight(badgeSize).centred(badgeSize, badgeSize), symbol(face.kind), look().accent);
+    line.cutRight(Bands::gap);
+    canvas.text(line, title, style().header());
+}
+
+void CardHand::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
+{
+    const QPainterPath line = smoothLine(samplePoints(box, history, 1));
+    canvas.fill(areaUnder(line, box.bottom()), wash(box, colour, look().wash, 0.02));
+    canvas.stroke(line, round(colour, 1.8));
+    canvas.disc(line.currentPosition(), 7, faded(colour, 0.2));
+    canvas.disc(line.currentPosition(), 3, colour);
+}
+
+void CardHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+{
+    const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
+    Box below = box;
+    const Box above = below.cutTop(lines.middle - box.top());
+    canvas.fill(areaUnder(lines.upper, lines.middle), wash(above, look().accent, look().wash, 0.02));
+    canvas.fill(areaUnder(lines.lower, lines.middle), wash(below, look().accent2, 0.02, look().wash));
+    canvas.stroke(lines.upper, round(look().accent, 1.8));
+    canvas.stroke(lines.lower, round(look().accent2, 1.8));
+}
+
+Box CardHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    constexpr double width = 11;
+    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const Box circle = box.square().inset(width / 2);
+    QPainterPath ring;
+    ring.addEllipse(circle);
+    canvas.stroke(ring, QPen(look().faint, width));
+    QPainterPath arc;
+    arc.arcMoveTo(circle, 90);
+    arc.arcTo(circle, 90, -360 * share);
+    if (share > 0)
+        canvas.stroke(arc, round(colour, width));
+    return circle.inset(width / 2 + 2);
+}
+
+void CardHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    capsule(canvas, box.centred(box.width(), 5), fraction, look().faint, colour);
+}
+
+void CardHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
+{
+    partsBar(canvas, box, parts, look().partFills(), look().faint, box.height() / 2);
+}
+
+PictogramPaint CardHand::pictograms() const
+{
+    return {.sun = look().accent3,
+        .moon = look().accent3,
+        .cloud = look().cloud,
+        .water = look().accent,
+        .bolt = look().accent3,
+        .line = 3};
+}
+
+void CardHand::clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext&) const
+{
+    constexpr double dot = 6;
+    const TextStyle heading = style().header().sized(13).coloured(look().soft);
+    named(canvas, content.cutTop(14), reading.dateLine(), heading, reading.meridiem, heading);
+    if (!reading.city.isEmpty()) {
+        Box tag = content.cutBottom(Bands::footer);
+        canvas.disc(tag.cutLeft(dot).center(), dot / 2, look().accent);
+        tag.cutLeft(6);
+        canvas.text(tag, reading.tag(), style().caption().sized(12));
+    }
+    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap));
+}
+
+void CardHand::battery(Canvas& canvas, Box content, const BatteryReading& reading) const
+{
+    Box hero = content.cutTop(Bands::hero);
+    if (reading.onMains)
+        canvas.symbol(hero.cutRight(16),
+            reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 16, look().accent2);
+    else if (reading.low)
+        warning(canvas, hero.cutRight(16));
+    hero.cutRight(2);
+    canvas.figure(hero, QString::number(reading.percent), QStringLiteral("%"), style().figure(look().heroCap));
+    canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
+    canvas.text(content.cutBottom(18), reading.state, style().row());
+    capsule(canvas, content.centred(content.width(), 12), reading.level, look().faint,
+        reading.low ? look().warn : look().accent2);
+}
+
+void CardHand::rate(Canvas& canvas, Box box, const QString& symbol, const QColor& colour, const Units::Pair& rate) const
+{
+    badge(canvas, box.cutLeft(badgeSize).centred(badgeSize, badgeSize), symbol, colour);
+    box.cutLeft(8);
+    canvas.figure(box, rate.value, rate.unit, style().figure(22));
+}
+
+void CardHand::rates(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+{
+    rate(canvas, box.column(0, 2, 12), QStringLiteral("arrow.down"), look().accent, reading.down);
+    rate(canvas, box.column(1, 2, 12), QStringLiteral("arrow.up"), look().accent2, reading.up);
+}
+
+void CardHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
+{
+    constexpr double size = 20;
+    const TextStyle value = style().rowValue().faced(look().label).coloured(look().ink);
+    rows(content, std::min<qsizetype>(reading.rows.size(), 5), content.height() / 5,
+        [&](const Box& row, qsizetype index) {
+            const ProcessesReading::Row& process = reading.rows[index];
+            Box line = row;
+            const Box square = line.cutLeft(size).centred(size, size - 1);
+            const QColor before = canvas.ground();
+            canvas.setGround(tinted(canvas, square, badgeCorner, look().accent));
+            const QColor ink = legible(look().accent, look().ink, canvas.ground());
+            canvas.text(square, process.name.left(1).toUpper(),
+                style().header().sized(11).coloured(ink).aligned(Align::centre));
+            canvas.setGround(before);
+            line.cutLeft(8);
+            named(canvas, line, process.name, style().row(), process.percent, value);
+        });
+}
+
+void CardHand::day(Canvas& canvas, Box pill, const WeatherReading::Day& day, bool today) const
+{
+    const QColor before = canvas.ground();
+    if (today)
+        canvas.setGround(tinted(canvas, pill, pill.width() / 2, look().accent));
+    pill = pill.inset(0, 8);
+    const TextStyle caption = style().caption().sized(11).aligned(Align::centre);
+    const QColor soft = legible(look().soft, look().ink, canvas.ground());
+    canvas.text(pill.cutTop(18), day.initial, caption.coloured(today ? look().ink : soft));
+    canvas.text(pill.cutBottom(18), day.low, caption.coloured(soft));
+    canvas.text(pill.cutBottom(18), day.high, caption.faced(look().label).coloured(look().ink));
+    drawPictogram(canvas, pill.centred(24, 24), day.sky, pictograms());
+    canvas.setGround(before);
+}
+
+void CardHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext&) const
+{
+    constexpr int most = 6;
+    const Box days = content.cutRight(180);
+    content.cutRight(12);
+    canvas.text(content.cutTop(14), reading.place, style().header());
+    content.cutTop(look().titleGap);
+    currentWeather(canvas, content, reading);
+    for (int index = 0; index < std::min<qsizetype>(reading.days.size(), most); ++index)
+        day(canvas, days.column(index, most, 2), reading.days[index], index == 0);
+}
+
+void CardHand::events(Canvas& canvas, const Box& content, const EventsReading& reading) const
+{
+    rows(content, std::min<qsizetype>(reading.rows.size(), 3), content.height() / 3,
+        [&](const Box& row, qsizetype index) {
+            const EventsReading::Row& event = reading.rows[index];
+            Box pill = row;
+            pill.cutBottom(4);
+            const QColor before = canvas.ground();
+            canvas.setGround(tinted(canvas, pill, 9, event.colour));
+            Box line = pill.inset(7, 2);
+            canvas.fill(line.cutLeft(3).inset(0, 4), event.colour, 1.5);
+            line.cutLeft(7);
+            canvas.text(line.cutTop(line.height() / 2), event.title, style().row().sized(12));
+            canvas.text(
+                line, event.time, style().caption().coloured(legible(look().soft, look().ink, canvas.ground())));
+            canvas.setGround(before);
+        });
+}
+
+void CardHand::player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const
+{
+    constexpr double key = 34;
+    if (reading.artwork) {
+        canvas.still(QStringLiteral("wash %1").arg(reading.artwork.image.cacheKey()), face.bounds, [&](Canvas& layer) {
+            // A few pixels spread over the card: as blurred as a picture can be.
+            const QImage blurred = reading.artwork.image.scaled(6, 4, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            layer.paint([&](QPainter& painter) {
+                painter.setOpacity(look().coverWash);
+                picture(layer, face.bounds, blurred, look().corner, true);
+            });
+        });
+    }
+    const Player places = playerPlaces(content, key);
+    artwork(canvas, places.cover, reading.artwork, 16, look().faint, look().soft);
+    trackLines(canvas, places, reading, style().header().sized(15));
+    controls(canvas, places.controls.centred(3 * 48, key), reading.playing,
+        [&](const Box& place, const QString& symbol, bool middle) {
+            if (middle)
+                canvas.disc(place.center(), key / 2, look().accent);
+            canvas.symbol(place, symbol, 20, middle ? inkOn(look().accent) : look().ink);
+        });
+}
+
+} // namespace
+
+std::unique_ptr<const MinimalHand> makeCardHand(const MinimalLook& look, const FaceRenderer& skin)
+{
+    return std::make_unique<CardHand>(look, skin);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,323 @@
+#include "skins/minimal/MinimalHand.h"
+
+#include "drawing/Colours.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr double ruleWidth = 0.6;
+constexpr double liveMark = 7;
+
+QPen square(const QColor& colour, double width)
+{
+    return {colour, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin};
+}
+
+/// Whether the face measures something that changes by the second.
+bool isLive(WidgetKind kind)
+{
+    switch (kind) {
+    case WidgetKind::clock:
+    case WidgetKind::cpu:
+    case WidgetKind::memory:
+    case WidgetKind::network:
+    case WidgetKind::processes: return true;
+    default: return false;
+    }
+}
+
+class CasingHand final : public MinimalHand {
+public:
+    using MinimalHand::MinimalHand;
+
+    void plate(Canvas& canvas, const FaceContext& face) const override;
+    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
+    void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
+    Box dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
+    PictogramPaint pictograms() const override;
+    double todayCorner() const override { return 0; }
+    void clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const override;
+    void battery(Canvas& canvas, Box content, const BatteryReading& reading) const override;
+    void processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const override;
+    void weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const override;
+    void events(Canvas& canvas, const Box& content, const EventsReading& reading) const override;
+    void player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const override;
+
+private:
+    void ruleBelow(Canvas& canvas, const Box& row) const;
+    /// Bars from `box`'s lower edge, or hanging from its upper one; the newest in the full colour.
+    void bars(Canvas& canvas, const Box& box, const QList<double>& values, const QColor& colour, bool hanging) const;
+};
+
+void CasingHand::plate(Canvas& canvas, const FaceContext& face) const
+{
+    constexpr double place = 7;
+    constexpr double arm = 2.5;
+    canvas.still(QStringLiteral("plate"), face.bounds, [&](Canvas& layer) {
+        layer.fill(face.bounds, look().panelFill, look().corner);
+        layer.frame(face.bounds, QPen(look().border, look().plateBorder), look().corner);
+        const Box marks = face.bounds.inset(place);
+        for (const QPointF& centre : {marks.topLeft(), marks.topRight(), marks.bottomLeft(), marks.bottomRight()}) {
+            layer.line(centre - QPointF(arm, 0), centre + QPointF(arm, 0), square(look().soft, 1));
+            layer.line(centre - QPointF(0, arm), centre + QPointF(0, arm), square(look().soft, 1));
+        }
+    });
+}
+
+void CasingHand::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
+{
+    Box line = content.cutTop(14);
+    const Box mark = line.cutRight(liveMark).centred(liveMark, liveMark);
+    line.cutRight(Bands::gap);
+    canvas.text(line, title, style().header());
+    if (!isLive(face.kind)) {
+        canvas.fill(mark, look().accent);
+        return;
+    }
+    canvas.frame(mark, square(look().accent, 1));
+    canvas.moving(mark, Motion::steady(2), [&](Canvas& layer, double t) {
+        if (std::fmod(t, 1) < 0.5)
+            layer.fill(mark, look().accent);
+    });
+}
+
+void CasingHand::ruleBelow(Canvas& canvas, const Box& row) const
+{
+    canvas.line(row.bottomLeft(), row.bottomRight(), QPen(look().faint, ruleWidth));
+}
+
+void CasingHand::bars(
+    Canvas& canvas, const Box& box, const QList<double>& values, const QColor& colour, bool hanging) const
+{
+    const int count = static_cast<int>(values.size());
+    for (int index = 0; index < count; ++index) {
+        Box column = box.column(index, count, 1.5);
+        const double height = std::max(1.0, column.height() * std::clamp(values[index], 0.0, 1.0));
+        const Box bar = hanging ? column.cutTop(height) : column.cutBottom(height);
+        canvas.fill(bar, index + 1 == count ? colour : faded(colour, look().wash));
+    }
+}
+
+void CasingHand::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
+{
+    constexpr int count = 20;
+    constexpr double tick = 10;
+    Box graph = box;
+    const Box scale = graph.cutLeft(22);
+    const TextStyle axis = style().caption().sized(9).asAxis();
+    canvas.text(Box(scale).cutTop(tick).moved(0, -2), QStringLiteral("100"), axis);
+    canvas.text(scale.centred(scale.width(), tick), QStringLiteral("50"), axis);
+    canvas.text(Box(scale).cutBottom(tick).moved(0, 2), QStringLiteral("0"), axis);
+    for (const double y : {graph.top(), graph.center().y(), graph.bottom()})
+        canvas.line({graph.left(), y}, {graph.right(), y}, QPen(look().faint, ruleWidth));
+    bars(canvas, graph, binned(history, count), colour, false);
+}
+
+void CasingHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+{
+    constexpr int count = 60;
+    const auto shares = [&](const History& history) {
+        QList<double> values = binned(history, count);
+        for (double& value : values)
+            value /= reading.peak;
+        return values;
+    };
+    const auto highest = [](const QList<double>& values) {
+        return values.isEmpty() ? 0 : *std::ranges::max_element(values);
+    };
+    QList<double> down = shares(reading.downHistory);
+    QList<double> up = shares(reading.upHistory);
+    const double downRoom = std::clamp(highest(down) / std::max(highest(down) + highest(up), 0.01), 0.3, 0.7);
+    // One scale for both directions, and as much room for each as it needs.
+    for (double& value : down)
+        value *= std::min(1.0, (1 - downRoom) / downRoom);
+    for (double& value : up)
+        value *= std::min(1.0, downRoom / (1 - downRoom));
+    Box rest = box;
+    bars(canvas, rest.cutTop(box.height() * downRoom), down, look().accent, false);
+    rest.cutTop(1.5);
+    bars(canvas, rest, up, look().ink, true);
+}
+
+Box CasingHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    constexpr int blocks = 30;
+    constexpr double depth = 6;
+    constexpr double gap = 3; // degrees
+    constexpr double step = 360.0 / blocks;
+    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const long lit = std::lround(share * blocks);
+    const Box circle = box.square().inset(depth / 2);
+    for (int index = 0; index < blocks; ++index) {
+        const double from = 90 - step * index - gap / 2;
+        QPainterPath arc;
+        arc.arcMoveTo(circle, from);
+        arc.arcTo(circle, from, gap - step);
+        const QColor on = index + 1 == lit ? colour : look().ink;
+        canvas.stroke(arc, square(index < lit ? on : look().faint, depth));
+    }
+    return circle.inset(depth / 2 + 3);
+}
+
+void CasingHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    constexpr int ticks = 40;
+    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const long lit = std::lround(share * ticks);
+    const Box band = box.centred(box.width(), std::max(6.0, box.height()));
+    for (int index = 0; index < ticks; ++index) {
+        const QColor on = index + 1 == lit ? colour : look().ink;
+        canvas.fill(band.column(index, ticks, 2), index < lit ? on : look().faint);
+    }
+}
+
+void CasingHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
+{
+    constexpr int blocks = 24;
+    const QList<QBrush> fills = look().partFills();
+    const auto fillAt = [&](double place) -> QBrush {
+        for (qsizetype index = 0; index < std::min(parts.size(), fills.size()); ++index) {
+            place -= parts[index].fraction;
+            if (place < 0)
+                return fills[index];
+        }
+        return look().faint;
+    };
+    for (int index = 0; index < blocks; ++index)
+        canvas.fill(box.column(index, blocks, 1.5), fillAt((index + 0.5) / blocks));
+}
+
+PictogramPaint CasingHand::pictograms() const
+{
+    return {.sun = look().accent,
+        .moon = look().ink,
+        .cloud = look().cloud,
+        .water = look().accent,
+        .bolt = look().accent,
+        .outline = 1.6,
+        .straight = true};
+}
+
+void CasingHand::clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const
+{
+    skin().header(canvas, content, face, style().caps(reading.weekdayShort) + u' ' + reading.isoDate);
+    if (!reading.city.isEmpty())
+        canvas.text(content.cutBottom(Bands::footer), reading.tag(), style().caption().sized(11));
+    Box side = content.cutRight(34);
+    side = side.centred(side.width(), look().clockCap);
+    content.cutRight(8);
+    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap));
+    canvas.text(side.cutTop(12), reading.meridiem, style().header().aligned(Align::right));
+    if (!reading.second)
+        return;
+    const Box frame = side.cutBottom(24);
+    canvas.frame(frame, square(look().accent, 1.2));
+    const FigureStyle seconds{.face = look().body, .cap = 11, .fill = look().ink, .align = Align::centre};
+    canvas.figure(frame, QStringLiteral("%1").arg(*reading.second, 2, 10, QLatin1Char('0')), {}, seconds);
+}
+
+void CasingHand::battery(Canvas& canvas, Box content, const BatteryReading& reading) const
+{
+    constexpr int blocks = 10;
+    Box hero = content.cutTop(Bands::hero);
+    if (reading.low)
+        warning(canvas, hero.cutRight(12));
+    canvas.figure(hero, QString::number(reading.percent), QStringLiteral("%"), style().figure(look().heroCap));
+    canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
+    canvas.text(content.cutBottom(16), reading.state, style().row());
+    const Box row = content.centred(content.width(), 22);
+    const long lit = std::lround(reading.level * blocks);
+    for (int index = 0; index < blocks; ++index) {
+        const bool next = index == lit && reading.charging;
+        const QColor on = reading.low ? look().warn : look().ink;
+        canvas.fill(row.column(index, blocks, 4), next ? look().accent : index < lit ? on : look().faint);
+    }
+}
+
+void CasingHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
+{
+    rows(content, std::min<qsizetype>(reading.rows.size(), 5), content.height() / 5,
+        [&](const Box& row, qsizetype index) {
+            Box line = row;
+            ruleBelow(canvas, row);
+            const Box block = line.cutLeft(3);
+            if (index == 0)
+                canvas.fill(block.inset(0, 5), look().accent);
+            line.cutLeft(4);
+            ordinal(canvas, line, index);
+            named(canvas, line, reading.rows[index].name, style().row(), reading.rows[index].percent,
+                style().rowValue().coloured(look().ink));
+        });
+}
+
+void CasingHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const
+{
+    skin().header(canvas, content, face, reading.place);
+    const Box days = content.cutRight(172);
+    content.cutRight(16);
+    currentWeather(canvas, content, reading);
+    rows(days, std::min<qsizetype>(reading.days.size(), 5), days.height() / 5, [&](const Box& row, qsizetype index) {
+        const WeatherReading::Day& day = reading.days[index];
+        const TextStyle caption = style().caption().sized(11);
+        Box line = row;
+        ruleBelow(canvas, row);
+        canvas.text(line.cutLeft(34), style().caps(day.name), caption.faced(look().label).coloured(look().ink));
+        canvas.text(line.cutLeft(26), day.date, caption);
+        drawPictogram(canvas, line.cutLeft(22).centred(18, 18), day.sky, pictograms());
+        canvas.text(line.cutRight(34), day.low, caption.aligned(Align::right));
+        canvas.text(line.cutRight(34), day.high, caption.coloured(look().ink).aligned(Align::right));
+    });
+}
+
+void CasingHand::events(Canvas& canvas, const Box& content, const EventsReading& reading) const
+{
+    rows(content, std::min<qsizetype>(reading.rows.size(), 3), content.height() / 3,
+        [&](const Box& row, qsizetype index) {
+            const EventsReading::Row& event = reading.rows[index];
+            ruleBelow(canvas, row);
+            Box line = row.inset(0, 4);
+            canvas.fill(line.cutLeft(3), event.colour);
+            line.cutLeft(7);
+            canvas.text(line.cutTop(line.height() / 2), event.time, style().caption());
+            canvas.text(line, event.title, style().row());
+        });
+}
+
+void CasingHand::player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext&) const
+{
+    constexpr double key = 28;
+    constexpr double crop = 5;
+    const Player places = playerPlaces(content, key);
+    const Box cover = places.cover.inset(crop);
+    artwork(canvas, cover, reading.artwork, 0, look().faint, look().soft);
+    canvas.frame(cover, square(look().ink, 1));
+    for (const double x : {cover.left(), cover.right()}) {
+        canvas.line({x, cover.top() - crop}, {x, cover.top() - 2}, square(look().soft, 1));
+        canvas.line({x, cover.bottom() + 2}, {x, cover.bottom() + crop}, square(look().soft, 1));
+    }
+    trackLines(canvas, places, reading, style().header().sized(13));
+    controls(canvas, places.controls.centred(3 * 42, key), reading.playing,
+        [&](const Box& place, const QString& symbol, bool middle) {
+            const Box frame = place.centred(key, key);
+            if (middle)
+                canvas.fill(frame, look().accent);
+            canvas.frame(frame, square(middle ? look().accent : look().key, 1));
+            canvas.symbol(frame, symbol, 16, middle ? inkOn(look().accent) : look().ink);
+        });
+}
+
+} // namespace
+
+std::unique_ptr<const MinimalHand> makeCasingHand(const MinimalLook& look, const FaceRenderer& skin)
+{
+    return std::make_unique<CasingHand>(look, skin);
+}
+
+} // namespace ambrelle

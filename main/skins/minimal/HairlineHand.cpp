@@ -1,0 +1,261 @@
+#include "skins/minimal/MinimalHand.h"
+
+#include "drawing/Colours.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr double hairline = 0.6; // points
+
+/// A grey as light as the colour; dark ones are lifted so that they are seen on black.
+QColor greyOf(const QColor& colour)
+{
+    constexpr int least = 110;
+    const int level = std::max(least, qGray(colour.rgb()));
+    return {level, level, level};
+}
+
+class HairlineHand final : public MinimalHand {
+public:
+    using MinimalHand::MinimalHand;
+
+    void plate(Canvas& canvas, const FaceContext& face) const override;
+    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    void warning(Canvas& canvas, const Box& box) const override;
+    void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
+    void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
+    Box dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
+    PictogramPaint pictograms() const override;
+    double todayCorner() const override { return 0; }
+    void clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const override;
+    void battery(Canvas& canvas, Box content, const BatteryReading& reading) const override;
+    void processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const override;
+    void weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const override;
+    void events(Canvas& canvas, const Box& content, const EventsReading& reading) const override;
+    void player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const override;
+
+private:
+    void ruleBelow(Canvas& canvas, const Box& row) const;
+    void levels(Canvas& canvas, const Box& box) const;
+    /// Upright hairlines from end to end; `colourAt` tells the colour at a fraction of the way.
+    void comb(Canvas& canvas, const Box& box, const std::function<QColor(double)>& colourAt) const;
+};
+
+void HairlineHand::plate(Canvas& canvas, const FaceContext& face) const
+{
+    canvas.fill(face.bounds, look().panelFill);
+    canvas.frame(face.bounds, QPen(look().border, look().plateBorder));
+}
+
+void HairlineHand::header(Canvas& canvas, Box& content, const FaceContext&, const QString& title) const
+{
+    canvas.text(content.cutTop(14), title, style().header());
+    canvas.rule(content.cutTop(6).cutBottom(2), look().soft, hairline);
+}
+
+void HairlineHand::warning(Canvas& canvas, const Box& box) const
+{
+    const Box mark = box.centred(14, 14);
+    canvas.fill(mark, look().warn);
+    canvas.symbol(mark, QStringLiteral("exclamationmark.triangle.fill"), 10, inkOn(look().warn));
+}
+
+void HairlineHand::ruleBelow(Canvas& canvas, const Box& row) const
+{
+    canvas.line(row.bottomLeft(), row.bottomRight(), QPen(look().faint, 0.8));
+}
+
+void HairlineHand::levels(Canvas& canvas, const Box& box) const
+{
+    QPen dots(look().accent3, hairline, Qt::CustomDashLine);
+    dots.setDashPattern({1, 4});
+    for (const double y : {box.top(), box.center().y(), box.bottom()})
+        canvas.line({box.left(), y}, {box.right(), y}, dots);
+}
+
+void HairlineHand::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
+{
+    levels(canvas, box);
+    const QPainterPath line = straightLine(samplePoints(box, history, 1));
+    canvas.stroke(line, QPen(colour, 1, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    canvas.fill(Box(line.currentPosition().x() - 1.5, line.currentPosition().y() - 1.5, 3, 3), colour);
+}
+
+void HairlineHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+{
+    const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
+    levels(canvas, box);
+    canvas.line({box.left(), lines.middle}, {box.right(), lines.middle}, QPen(look().accent3, hairline));
+    canvas.stroke(lines.upper, QPen(look().accent, 1));
+    canvas.stroke(lines.lower, QPen(look().down, 1));
+}
+
+Box HairlineHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    constexpr int ticks = 60;
+    constexpr double length = 7;
+    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const long lit = std::lround(share * ticks);
+    const Box circle = box.square();
+    const double outer = circle.width() / 2;
+    for (int index = 0; index < ticks; ++index) {
+        const double angle = 2 * std::numbers::pi * index / ticks;
+        const QPointF way(std::sin(angle), -std::cos(angle));
+        const bool on = index < lit;
+        canvas.line(circle.center() + way * (outer - length - (on ? 2 : 0)), circle.center() + way * outer,
+            QPen(on ? colour : look().accent3, 0.8));
+    }
+    return circle.inset(length + 4);
+}
+
+void HairlineHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    constexpr double tick = 9;
+    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const QPointF end(box.left() + box.width() * share, box.center().y());
+    canvas.rule(box, look().accent3, 1);
+    canvas.line({box.left(), end.y()}, end, QPen(colour, 1));
+    canvas.line({end.x(), end.y() - tick / 2}, {end.x(), end.y() + tick / 2}, QPen(colour, 1));
+}
+
+void HairlineHand::comb(Canvas& canvas, const Box& box, const std::function<QColor(double)>& colourAt) const
+{
+    constexpr int teeth = 100;
+    const double pitch = (box.width() - 1) / (teeth - 1);
+    for (int index = 0; index < teeth; ++index)
+        canvas.fill(Box(box.left() + pitch * index, box.top(), 0.9, box.height()), colourAt((index + 0.5) / teeth));
+}
+
+void HairlineHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
+{
+    const QList<QBrush> fills = look().partFills();
+    comb(canvas, box, [&](double place) {
+        for (qsizetype index = 0; index < std::min(parts.size(), fills.size()); ++index) {
+            place -= parts[index].fraction;
+            if (place < 0)
+                return fills[index].color();
+        }
+        return look().faint;
+    });
+}
+
+PictogramPaint HairlineHand::pictograms() const
+{
+    return {.sun = look().ink,
+        .moon = look().ink,
+        .cloud = look().cloud,
+        .water = look().soft,
+        .bolt = look().ink,
+        .outline = 1};
+}
+
+void HairlineHand::clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const
+{
+    Box line = Box(content).cutTop(14);
+    const FigureStyle seconds{.face = look().body, .cap = 9, .fill = look().soft, .align = Align::right};
+    if (reading.second)
+        canvas.figure(
+            line.cutRight(18), QStringLiteral("%1").arg(*reading.second, 2, 10, QLatin1Char('0')), {}, seconds);
+    canvas.text(line, reading.meridiem, style().caption().sized(12).aligned(Align::right));
+    Box heading = content;
+    heading.setRight(line.right() - (reading.meridiem.isEmpty() ? 0 : 26));
+    canvas.text(heading.cutTop(14), reading.dateLine(), style().header());
+    header(canvas, content, face, {});
+    if (!reading.city.isEmpty())
+        canvas.text(content.cutBottom(Bands::footer), reading.tag(), style().caption().sized(12));
+    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap));
+}
+
+void HairlineHand::battery(Canvas& canvas, Box content, const BatteryReading& reading) const
+{
+    Box hero = content.cutTop(Bands::hero);
+    if (reading.low)
+        warning(canvas, hero.cutRight(14));
+    else if (reading.onMains)
+        canvas.symbol(hero.cutRight(14),
+            reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 14, look().ink);
+    hero.cutRight(4);
+    canvas.figure(hero, QString::number(reading.percent), QStringLiteral("%"), style().figure(look().heroCap));
+    named(canvas, content.cutBottom(Bands::footer), reading.state, style().caption(), reading.remaining,
+        style().caption());
+    comb(canvas, content.inset(0, Bands::gap),
+        [&](double place) { return place <= reading.level ? look().accent : look().faint; });
+}
+
+void HairlineHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
+{
+    rows(content, std::min<qsizetype>(reading.rows.size(), 5), content.height() / 5,
+        [&](const Box& row, qsizetype index) {
+            Box line = row;
+            ruleBelow(canvas, row);
+            ordinal(canvas, line, index);
+            named(
+                canvas, line, reading.rows[index].name, style().row(), reading.rows[index].percent, style().rowValue());
+        });
+}
+
+void HairlineHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const
+{
+    skin().header(canvas, content, face, reading.place);
+    const Box days = content.cutRight(168);
+    content.cutRight(20);
+    currentWeather(canvas, content, reading);
+    rows(days, std::min<qsizetype>(reading.days.size(), 5), days.height() / 5, [&](const Box& row, qsizetype index) {
+        const WeatherReading::Day& day = reading.days[index];
+        const TextStyle caption = style().caption().sized(11.5);
+        Box line = row;
+        ruleBelow(canvas, row);
+        canvas.text(line.cutLeft(38), day.name, caption.coloured(look().ink));
+        canvas.text(line.cutLeft(28), day.date, caption);
+        drawPictogram(canvas, line.cutLeft(20).centred(17, 17), day.sky, pictograms());
+        canvas.text(line.cutRight(34), day.low, caption.aligned(Align::right));
+        canvas.text(line.cutRight(34), day.high, caption.coloured(look().ink).aligned(Align::right));
+    });
+}
+
+void HairlineHand::events(Canvas& canvas, const Box& content, const EventsReading& reading) const
+{
+    rows(content, std::min<qsizetype>(reading.rows.size(), 3), content.height() / 3,
+        [&](const Box& row, qsizetype index) {
+            const EventsReading::Row& event = reading.rows[index];
+            Box line = row;
+            ruleBelow(canvas, row);
+            line = line.inset(0, 3);
+            Box number = Box(line).cutTop(line.height() / 2);
+            ordinal(canvas, number, index);
+            line.cutLeft(20);
+            canvas.text(line.cutTop(line.height() / 2), event.title, style().row());
+            canvas.fill(line.cutLeft(3).centred(3, 9), greyOf(event.colour));
+            line.cutLeft(5);
+            canvas.text(line, event.time, style().caption());
+        });
+}
+
+void HairlineHand::player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext&) const
+{
+    const Player places = playerPlaces(content, 26);
+    // Turning a picture grey takes longer than drawing it: once per track.
+    canvas.still(QStringLiteral("cover %1").arg(reading.artwork.image.cacheKey()), places.cover, [&](Canvas& layer) {
+        const Picture grey{reading.artwork.image.convertToFormat(QImage::Format_Grayscale8)};
+        artwork(layer, places.cover, grey, 0, look().faint, look().soft);
+    });
+    trackLines(canvas, places, reading, style().header().sized(14));
+    controls(canvas, places.controls.centred(3 * 44, 26), reading.playing,
+        [&](const Box& place, const QString& symbol, bool) { canvas.symbol(place, symbol, 20, look().ink); });
+}
+
+} // namespace
+
+std::unique_ptr<const MinimalHand> makeHairlineHand(const MinimalLook& look, const FaceRenderer& skin)
+{
+    return std::make_unique<HairlineHand>(look, skin);
+}
+
+} // namespace ambrelle

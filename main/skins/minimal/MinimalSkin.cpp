@@ -1,0 +1,135 @@
+#include "skins/minimal/MinimalSkin.h"
+
+#include "drawing/Colours.h"
+
+namespace ambrelle {
+
+MinimalSkin::MinimalSkin(const MinimalLook& look)
+    : FaceRenderer(look.style(), ambrelle::dial(look.skin))
+    , m_look(look)
+    , m_hand(MinimalHand::of(look, *this))
+{
+}
+
+Box MinimalSkin::plate(Canvas& canvas, const FaceContext& face) const
+{
+    m_hand->plate(canvas, face);
+    return face.bounds.inset(m_look.inset);
+}
+
+void MinimalSkin::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
+{
+    m_hand->header(canvas, content, face, title);
+    content.cutTop(m_look.titleGap);
+}
+
+void MinimalSkin::warning(Canvas& canvas, const Box& box) const
+{
+    m_hand->warning(canvas, box);
+}
+
+Box MinimalSkin::progressDial(Canvas& canvas, const Box& box, double fraction) const
+{
+    return m_hand->dial(canvas, box, fraction, m_look.accent);
+}
+
+void MinimalSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    m_hand->level(canvas, box, fraction, colour);
+}
+
+void MinimalSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const
+{
+    m_hand->clock(canvas, plate(canvas, face), reading, face);
+}
+
+void MinimalSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceContext& face) const
+{
+    const Box box = framed(canvas, face, style().caps(reading.month));
+    monthGrid(canvas, box, reading,
+        {.weekday = style().caption(),
+            .day = style().caption().coloured(m_look.ink),
+            .todayFill = m_look.accent,
+            .todayInk = inkOn(m_look.accent),
+            .todayCorner = m_hand->todayCorner()});
+}
+
+void MinimalSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
+{
+    const Box box = framed(canvas, face);
+    const Box graph = heroAndFooter(canvas, *this, box, QString::number(reading.percent), QStringLiteral("%"),
+        reading.load, style().figure(m_look.heroCap));
+    if (reading.high)
+        warning(canvas, Box(box).cutTop(Bands::hero).cutRight(14));
+    m_hand->history(canvas, graph, reading.history, loadColour(reading.high));
+}
+
+void MinimalSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const
+{
+    Box box = framed(canvas, face);
+    Box hero = box.cutTop(Bands::hero);
+    if (reading.high) {
+        warning(canvas, hero.cutRight(14));
+        hero.cutRight(4);
+    }
+    canvas.figure(hero, reading.used, QStringLiteral("GB"), style().figure(m_look.heroCap));
+    box.cutTop(Bands::gap);
+    m_hand->parts(canvas, box.cutTop(12), reading.parts);
+    box.cutTop(4);
+    partsKey(canvas, *this, box, reading.parts, m_look.partFills());
+}
+
+void MinimalSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const
+{
+    Box box = framed(canvas, face, reading.name);
+    Box footer = box.cutBottom(Bands::footer);
+    if (reading.high)
+        warning(canvas, footer.cutRight(14));
+    canvas.text(footer, reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
+    const Box inside = m_hand->dial(canvas, box.inset(0, 2), reading.fraction, loadColour(reading.high));
+    canvas.figure(inside.inset(3), QString::number(reading.percent), QStringLiteral("%"),
+        style().figure(26).aligned(Align::centre));
+}
+
+void MinimalSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
+{
+    m_hand->battery(canvas, framed(canvas, face), reading);
+}
+
+void MinimalSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const
+{
+    Box box = framed(canvas, face);
+    m_hand->rates(canvas, box.cutTop(30), reading);
+    box.cutTop(Bands::gap);
+    m_hand->traffic(canvas, box, reading);
+}
+
+void MinimalSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const
+{
+    Box box = heroAndFooter(
+        canvas, *this, framed(canvas, face), reading.down.value, reading.down.unit, reading.hint, style().figure(32));
+    markedFigure(canvas, box.cutTop(22), QStringLiteral("arrow.up"), m_look.up, reading.up, style().figure(16));
+    m_hand->level(canvas, box.centred(box.width(), 4), reading.share, m_look.accent);
+}
+
+void MinimalSkin::draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const
+{
+    m_hand->processes(canvas, framed(canvas, face), reading);
+}
+
+void MinimalSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
+{
+    m_hand->weather(canvas, plate(canvas, face), reading, face);
+}
+
+void MinimalSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
+{
+    m_hand->events(canvas, framed(canvas, face, style().caps(reading.day)), reading);
+}
+
+void MinimalSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const
+{
+    m_hand->player(canvas, plate(canvas, face), reading, face);
+}
+
+} // namespace ambrelle
