@@ -94,16 +94,14 @@ void PanelSurface::paintEvent(QPaintEvent* event)
     const QRect area = event->region().boundingRect();
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    drawGround(painter, area);
+    drawGround(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     m_delegate->paint(painter, area);
 }
 
-void PanelSurface::drawGround(QPainter& painter, const QRect& area)
+/// The toolkit has already made the area transparent.
+void PanelSurface::drawGround(QPainter& painter)
 {
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(area, Qt::transparent);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     if (m_parts.compositor.isActive()) {
         m_ground = {};
         m_groundArea = {};

@@ -38,7 +38,7 @@ protected:
 
 private:
     QRect nativeGeometry() const;
-    void drawGround(QPainter& painter, const QRect& area);
+    void drawGround(QPainter& painter);
     void checkPixelRatio();
     PointerEvent pointerEvent(const QMouseEvent& event) const;
 
