@@ -39,16 +39,27 @@ QPainterPath straightLine(const QPolygonF& points)
 
 QPainterPath smoothLine(const QPolygonF& points)
 {
-    QPainterPath path;
-    if (points.isEmpty())
-        return path;
-    path.moveTo(points.first());
-    for (qsizetype index = 1; index < points.size(); ++index) {
-        // Level tangents at the samples: the curve never leaves the range of its two ends.
-        const double middle = (points[index - 1].x() + points[index].x()) / 2;
-        path.cubicTo({middle, points[index - 1].y()}, {middle, points[index].y()}, points[index]);
+    // Short straight pieces: stroking them costs a fraction of stroking curves, and at this length nobody sees a corner.
+    constexpr double piece = 3; // points
+    QPolygonF line;
+    for (qsizetype index = 0; index + 1 < points.size(); ++index) {
+        const QPointF from = points[index];
+        const QPointF way = points[index + 1] - from;
+        const int pieces = std::max(1, static_cast<int>(std::lround(way.x() / piece)));
+        for (int step = 0; step < pieces; ++step) {
+            // Level at both samples (a cubic Hermite blend), so that the line never leaves their range.
+            const double t = static_cast<double>(step) / pieces;
+            line.append({from.x() + way.x() * t, from.y() + way.y() * t * t * (3 - 2 * t)});
+        }
     }
-    return path;
+    if (!points.isEmpty())
+        line.append(points.last());
+    return straightLine(line);
+}
+
+QPen graphPen(const QBrush& brush, double width)
+{
+    return {brush, width, Qt::SolidLine, Qt::RoundCap, Qt::BevelJoin};
 }
 
 QPainterPath areaUnder(const QPainterPath& line, double y)
@@ -83,7 +94,7 @@ void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double
     for (int stroke = strokes; stroke > 0; --stroke)
         canvas.stroke(
             path, QPen(faded(colour, alpha), width + stroke * spread, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    canvas.stroke(path, QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    canvas.stroke(path, graphPen(colour, width));
 }
 
 void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& track, const QBrush& fill)

@@ -45,7 +45,7 @@ inline constexpr std::array widgetKindRows = std::to_array<WidgetKindRow>({
     {calendar, "calendar"_L1, u"Calendar", "calendar"_L1, false, u"The month at a glance"},
     {cpu, "cpu"_L1, u"CPU", "cpu"_L1, false, u"Load with live history"},
     {memory, "memory"_L1, u"Memory", "memorychip"_L1, false, u"RAM at a glance"},
-    {disk, "disk"_L1, u"Storage", "internaldrive"_L1, false, u"Free space on your computer"},
+    {disk, "disk"_L1, u"Storage", "internaldrive"_L1, false, u"Free space on your Mac"},
     {battery, "battery"_L1, u"Battery", "battery.75percent"_L1, false, u"Charge, and time left"},
     {network, "network"_L1, u"Network Speed", "arrow.up.arrow.down"_L1, false, u"Download and upload rates"},
     {downloads, "downloads"_L1, u"Total Downloaded", "arrow.down.circle"_L1, false,
@@ -59,7 +59,7 @@ inline constexpr std::array widgetKindRows = std::to_array<WidgetKindRow>({
     {reminders, "reminders"_L1, u"Reminders", "checklist"_L1, true, u"Tick off reminders in place"},
     {countdown, "countdown"_L1, u"Countdown", "hourglass"_L1, true, u"Days to the date that matters"},
     {sky, "sky"_L1, u"Moon & Sun", "moon.stars"_L1, true, u"Moon phase and the sun's arc"},
-    {activity, "activity"_L1, u"Activity", "figure.walk.motion"_L1, true, u"Time at your computer today"},
+    {activity, "activity"_L1, u"Activity", "figure.walk.motion"_L1, true, u"Time at your Mac today"},
     {quote, "quote"_L1, u"Quote of the Day", "quote.opening"_L1, true, u"A quote or a word, every day"},
     {devices, "devices"_L1, u"Devices", "headphones"_L1, true, u"Bluetooth batteries at a glance"},
 });

@@ -58,11 +58,6 @@ SkinStyle makeStyle(const PlainPalette& palette, const std::optional<QColor>& ac
     return style;
 }
 
-QPen round(const QColor& colour, double width)
-{
-    return {colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-}
-
 } // namespace
 
 PlainSkin::PlainSkin(const PlainPalette& palette, std::optional<QColor> accent)
@@ -118,7 +113,7 @@ void PlainSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContex
     const QColor colour = reading.high ? style().warn : style().accent;
     const QPainterPath line = smoothLine(samplePoints(graph, reading.history, 1));
     canvas.fill(areaUnder(line, graph.bottom()), wash(graph, colour, 0.4, 0.02));
-    canvas.stroke(line, round(colour, 1.8));
+    canvas.stroke(line, graphPen(colour, 1.8));
     if (reading.high)
         warning(canvas, Box(face.bounds.inset(style().inset)).cutTop(14).cutRight(12));
 }
@@ -173,8 +168,8 @@ void PlainSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCo
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(style().down, 0.28));
     canvas.fill(areaUnder(lines.lower, lines.middle), faded(style().up, 0.28));
-    canvas.stroke(lines.upper, round(style().down, 1.6));
-    canvas.stroke(lines.lower, round(style().up, 1.6));
+    canvas.stroke(lines.upper, graphPen(style().down, 1.6));
+    canvas.stroke(lines.lower, graphPen(style().up, 1.6));
 }
 
 void PlainSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const

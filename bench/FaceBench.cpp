@@ -1,0 +1,60 @@
+#include "drawing/LayerCache.h"
+#include "skins/SkinRegistry.h"
+#include "support/FaceStates.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QGuiApplication>
+#include <QPainter>
+
+using namespace ambrelle;
+
+namespace {
+
+/// A changed reading drawn over what the widget showed before, as a panel does it.
+void drawFace(benchmark::State& state, Skin skin, WidgetKind kind)
+{
+    const FaceView face = view(skin, kind);
+    const Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
+    QImage window((face.size() + QSizeF(60, 62)).toSize(), QImage::Format_ARGB32_Premultiplied);
+    LayerCache layers;
+    QPainter painter(&window);
+    painter.translate(30, 32);
+    for ([[maybe_unused]] auto _ : state) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.fillRect(face.face().bounds, Qt::transparent);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        face.draw(painter, reading, {.layers = &layers});
+    }
+}
+
+/// One frame of what moves on a face.
+void drawMotion(benchmark::State& state, Skin skin, WidgetKind kind)
+{
+    const FaceView face = view(skin, kind);
+    const Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
+    QImage window((face.size() + QSizeF(60, 62)).toSize(), QImage::Format_ARGB32_Premultiplied);
+    LayerCache layers;
+    QPainter painter(&window);
+    painter.translate(30, 32);
+    double time = 0;
+    for ([[maybe_unused]] auto _ : state)
+        face.drawMoving(painter, reading, {.time = time += 0.1, .layers = &layers});
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QGuiApplication application(argc, argv);
+    for (const Skin skin : allCases<Skin>()) {
+        for (const WidgetKind kind : allCases<WidgetKind>()) {
+            const std::string name = (rawValue(skin) + u'/' + rawValue(kind)).toStdString();
+            benchmark::RegisterBenchmark(("face/" + name).c_str(), drawFace, skin, kind)->Unit(benchmark::kMicrosecond);
+            benchmark::RegisterBenchmark(("motion/" + name).c_str(), drawMotion, skin, kind)->Unit(benchmark::kMicrosecond);
+        }
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
