@@ -64,11 +64,14 @@ void PanelSurface::groundChanged()
 
 bool PanelSurface::event(QEvent* event)
 {
+    // Once retired, also the event that deletes this object comes by.
+    if (!m_delegate)
+        return QRasterWindow::event(event);
     ++m_delivering;
     bool handled = true;
-    if (event->type() == QEvent::Enter && m_delegate)
+    if (event->type() == QEvent::Enter)
         m_delegate->pointerEntered();
-    else if (event->type() == QEvent::Leave && m_delegate)
+    else if (event->type() == QEvent::Leave)
         m_delegate->pointerLeft();
     else if (event->type() == QEvent::Close)
         event->ignore(); // a task bar may ask; panels go when their widget goes
@@ -119,7 +122,7 @@ void PanelSurface::moveEvent(QMoveEvent* event)
 {
     QRasterWindow::moveEvent(event);
     m_place = event->pos();
-    if (!m_parts.compositor.isActive())
+    if (m_delegate && !m_parts.compositor.isActive())
         repaintAll();
 }
 
