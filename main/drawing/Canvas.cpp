@@ -1,6 +1,8 @@
 #include "drawing/Canvas.h"
 
 #include "drawing/LayerCache.h"
+#include "drawing/PixelMask.h"
+#include "drawing/PixelPaint.h"
 #include "drawing/Symbols.h"
 
 #include <QPaintDevice>
@@ -29,8 +31,12 @@ Canvas::Canvas(QPainter& painter, const Setup& setup)
 
 void Canvas::fill(const QPainterPath& path, const QBrush& brush)
 {
-    if (!muted())
+    if (muted() || path.isEmpty())
+        return;
+    if (smooth())
         m_painter.fillPath(path, brush);
+    else
+        PixelPaint(m_painter, m_setup.finish).fill(path, brush);
 }
 
 void Canvas::fill(const Box& box, const QBrush& brush, double radius)
@@ -38,9 +44,11 @@ void Canvas::fill(const Box& box, const QBrush& brush, double radius)
     if (muted() || box.isEmpty())
         return;
     if (radius > 0)
-        m_painter.fillPath(rounded(box, std::min({radius, box.width() / 2, box.height() / 2})), brush);
-    else
+        fill(rounded(box, std::min({radius, box.width() / 2, box.height() / 2})), brush);
+    else if (smooth())
         m_painter.fillRect(box, brush);
+    else
+        PixelPaint(m_painter, m_setup.finish).fill(QRectF(box), brush);
 }
 
 void Canvas::disc(QPointF centre, double radius, const QBrush& brush)
@@ -52,22 +60,35 @@ void Canvas::disc(QPointF centre, double radius, const QBrush& brush)
 
 void Canvas::stroke(const QPainterPath& path, const QPen& pen)
 {
-    if (!muted())
+    if (muted() || path.isEmpty())
+        return;
+    if (smooth())
         m_painter.strokePath(path, pen);
+    else
+        PixelPaint(m_painter, m_setup.finish).stroke(path, pen);
 }
 
 void Canvas::frame(const Box& box, const QPen& pen, double radius)
 {
+    if (!smooth() && radius <= 0) {
+        if (!muted())
+            PixelPaint(m_painter, m_setup.finish).frame(box, pen.brush(), pen.widthF());
+        return;
+    }
     const double half = pen.widthF() / 2;
     stroke(rounded(box.inset(half), std::max(0.0, radius - half)), pen);
 }
 
 void Canvas::line(QPointF from, QPointF to, const QPen& pen)
 {
-    if (muted())
+    if (smooth() && !muted()) {
+        m_painter.setPen(pen);
+        m_painter.drawLine(from, to);
         return;
-    m_painter.setPen(pen);
-    m_painter.drawLine(from, to);
+    }
+    QPainterPath path(from);
+    path.lineTo(to);
+    stroke(path, pen);
 }
 
 void Canvas::rule(const Box& box, const QBrush& brush, double thickness)
@@ -89,10 +110,14 @@ void Canvas::symbol(const Box& box, const QString& name, double size, const QBru
     if (muted())
         return;
     const Box square = box.centred(size, size);
-    QTransform place = QTransform::fromTranslate(square.x(), square.y());
-    place.scale(size, size);
-    const QPainterPath path = place.map(symbolPath(name));
-    m_painter.fillPath(path, fill);
+    QPainterPath path = QTransform::fromScale(size, size).map(symbolPath(name));
+    if (smooth()) {
+        path.translate(square.topLeft());
+        m_painter.fillPath(path, fill);
+    } else {
+        path = pixelated(path).translated(std::round(square.x()), std::round(square.y()));
+        PixelPaint(m_painter, m_setup.finish).fill(path, fill);
+    }
     note({.kind = CanvasMark::Kind::symbol,
         .text = name,
         .box = box,
@@ -105,7 +130,7 @@ void Canvas::still(const QString& name, const QRectF& area, const std::function<
 {
     if (muted())
         return;
-    Setup plain{.ground = m_setup.ground};
+    Setup plain{.ground = m_setup.ground, .finish = m_setup.finish};
     if (!m_setup.layers) {
         plain.record = m_setup.record;
         Canvas direct(m_painter, plain);

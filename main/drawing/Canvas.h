@@ -3,6 +3,7 @@
 #include "drawing/Box.h"
 #include "drawing/CanvasRecord.h"
 #include "drawing/FaceAction.h"
+#include "drawing/Finish.h"
 #include "drawing/Motion.h"
 #include "drawing/Text.h"
 
@@ -32,6 +33,7 @@ public:
         QString layerKey{}; ///< what tells this face's layers from other faces'
         CanvasRecord* record = nullptr;
         QColor ground = Qt::white; ///< opaque, for the record
+        Finish finish = Finish::smooth;
     };
 
     struct HitArea {
@@ -78,15 +80,17 @@ public:
     /// The opaque colour that the following texts stand on.
     void setGround(const QColor& colour) { m_setup.ground = colour; }
     const QColor& ground() const { return m_setup.ground; }
+    Finish finish() const { return m_setup.finish; }
 
     const QList<HitArea>& hits() const { return m_hits; }
     const QList<MovingArea>& movingAreas() const { return m_moving; }
 
 private:
     bool muted() const { return m_setup.pass == Pass::moving && !m_inMotion; }
+    bool smooth() const { return m_setup.finish == Finish::smooth; }
     double baseline(const Box& box, const TextStyle& style) const;
     QPointF snapped(QPointF point, const Typeface& face) const;
-    void glyphs(QPointF origin, const ShapedText& shaped, const Typeface& face, double size, const QColor& colour);
+    void glyphs(QPointF origin, const ShapedText& shaped, const QColor& colour);
     void line(const Box& box, const QString& shown, const TextStyle& style, bool cut);
     void note(CanvasMark mark);
 

@@ -38,18 +38,16 @@ QPointF Canvas::snapped(QPointF point, const Typeface& face) const
     return device.inverted().map(QPointF(std::round(pixel.x()), std::round(pixel.y())));
 }
 
-void Canvas::glyphs(QPointF origin, const ShapedText& shaped, const Typeface& face, double size, const QColor& colour)
+void Canvas::glyphs(QPointF origin, const ShapedText& shaped, const QColor& colour)
 {
     const QTransform before = m_painter.transform();
-    m_painter.setPen(colour);
     m_painter.translate(origin);
     m_painter.scale(shaped.scale, shaped.scale);
-    const bool twice = face.pixel && face.weight >= 600;
-    for (const QGlyphRun& run : shaped.runs) {
+    if (!shaped.pixels.isEmpty())
+        m_painter.fillPath(shaped.pixels, colour);
+    m_painter.setPen(colour);
+    for (const QGlyphRun& run : shaped.runs)
         m_painter.drawGlyphRun({}, run);
-        if (twice)
-            m_painter.drawGlyphRun({size / 16 / shaped.scale, 0}, run);
-    }
     m_painter.setTransform(before);
 }
 
@@ -63,8 +61,8 @@ void Canvas::line(const Box& box, const QString& shown, const TextStyle& style, 
         x = box.center().x() - shaped->width / 2;
     const QPointF origin = snapped({x, baseline(box, style)}, style.face);
     if (style.engraving)
-        glyphs(origin + QPointF(0, 1), *shaped, style.face, style.size, *style.engraving);
-    glyphs(origin, *shaped, style.face, style.size, style.colour);
+        glyphs(origin + QPointF(0, 1), *shaped, *style.engraving);
+    glyphs(origin, *shaped, style.colour);
     if (m_setup.record && !shown.isEmpty()) {
         note({.kind = CanvasMark::Kind::text,
             .text = shown,

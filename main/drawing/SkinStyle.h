@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drawing/Finish.h"
 #include "drawing/Text.h"
 #include "drawing/Typeface.h"
 
@@ -30,7 +31,10 @@ struct SkinStyle {
     double captionSize = 10.5;
     double floor = 10; ///< no text smaller than this, axis ticks apart
     double rowPitch = 18;
+    Finish finish = Finish::smooth;
     std::optional<Typeface> unitFace{}; ///< of units, where the number face has digits only
+    double rowGap = 6; ///< between rows of two lines, points
+    std::optional<Typeface> smallNumber{}; ///< for figures below cap 30, where the large one's strokes were too thin
 
     bool operator==(const SkinStyle&) const = default;
 
@@ -45,7 +49,12 @@ struct SkinStyle {
     TextStyle caption() const { return {body, captionSize, soft}; }
     TextStyle row() const { return {body, rowSize, ink}; }
     TextStyle rowValue() const { return {body, rowSize, soft, Align::right}; }
-    FigureStyle figure(double cap) const { return {.face = number, .cap = cap, .fill = ink, .unitFace = unitFace}; }
+    FigureStyle figure(double cap) const
+    {
+        constexpr double large = 30;
+        const Typeface& face = cap < large && smallNumber ? *smallNumber : number;
+        return {.face = face, .cap = cap, .fill = ink, .unitFace = unitFace};
+    }
 };
 
 } // namespace ambrelle

@@ -1,8 +1,11 @@
 #include "drawing/Text.h"
 
+#include "drawing/PixelMask.h"
+
 #include <QCache>
 #include <QFontMetricsF>
 #include <QHash>
+#include <QRawFont>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -11,6 +14,8 @@
 namespace ambrelle {
 
 namespace {
+
+constexpr int bold = 600; // the weight from which a pixel face is struck twice
 
 struct ShapeKey {
     QString family;
@@ -28,16 +33,61 @@ size_t qHash(const ShapeKey& key, size_t seed = 0)
     return qHashMulti(seed, key.family, key.weight, key.italic, key.tracking, key.size, key.text);
 }
 
+Typeface regular(Typeface face)
+{
+    face.weight = 400; // a bold is struck twice instead of being blurred by the font engine
+    return face;
+}
+
+QPainterPath struckTwice(QPainterPath squares)
+{
+    squares.addPath(squares.translated(1, 0));
+    return squares;
+}
+
+/// The outline of glyphs moved so that the middles of their strokes fall on the middles of squares: the face's own grid
+/// lies between two squares. Capitals then stand on the line y = 0.
+QPainterPath onGrid(const QPainterPath& outline)
+{
+    constexpr double shift = -0.25;
+    return pixelated(outline.translated(shift, shift));
+}
+
+/// A line of a pixel face, laid out at one point a square and printed from a mask.
+std::shared_ptr<const ShapedText> shapeInSquares(const Typeface& face, double size, const QString& text)
+{
+    auto shaped = std::make_shared<ShapedText>();
+    shaped->scale = size / Typeface::squares;
+    QTextLayout layout(text, fontOf(regular(face), Typeface::squares));
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(1e6);
+    line.setPosition({0, -line.ascent()});
+    layout.endLayout();
+    QPainterPath outline;
+    outline.setFillRule(Qt::WindingFill);
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        const QList<quint32> glyphs = run.glyphIndexes();
+        const QList<QPointF> places = run.positions();
+        for (qsizetype index = 0; index < glyphs.size(); ++index)
+            outline.addPath(run.rawFont().pathForGlyph(glyphs[index]).translated(places[index]));
+    }
+    shaped->pixels = face.weight >= bold ? struckTwice(onGrid(outline)) : onGrid(outline);
+    shaped->width = text.isEmpty() ? 0 : line.naturalTextWidth() * shaped->scale;
+    const QRectF ink = shaped->pixels.boundingRect();
+    shaped->ink = {ink.topLeft() * shaped->scale, ink.size() * shaped->scale};
+    return shaped;
+}
+
 std::shared_ptr<const ShapedText> shapeAfresh(const Typeface& face, double size, const QString& text)
 {
+    if (face.pixel)
+        return shapeInSquares(face, size, text);
     auto shaped = std::make_shared<ShapedText>();
     // Twice the size: pixel sizes of fonts are whole numbers, those of the skins are halves.
     const int master = std::max(1, static_cast<int>(std::lround(size * 2)));
     shaped->scale = size / master;
-    Typeface plain = face;
-    if (face.pixel)
-        plain.weight = 400; // a bold is struck twice instead of being blurred by the font engine
-    QFont font = fontOf(plain, master);
+    QFont font = fontOf(face, master);
     if (face.tracking != 0)
         font.setLetterSpacing(QFont::AbsoluteSpacing, face.tracking / shaped->scale);
     QTextLayout layout(text, font);
@@ -63,6 +113,7 @@ std::shared_ptr<const ShapedText> shapeAfresh(const Typeface& face, double size,
 }
 
 constexpr int figureMaster = 128;
+constexpr int squareMaster = figureMaster / Typeface::squares; // side of a pixel face's squares
 
 /// One character of a figure at the master size, and how wide its cell is.
 struct FigureGlyph {
@@ -72,11 +123,15 @@ struct FigureGlyph {
 
 FigureGlyph makeGlyph(const Typeface& face, QChar character)
 {
-    const QFont& font = fontOf(face, figureMaster);
     FigureGlyph glyph;
+    if (face.pixel) {
+        const auto shaped = shape(face, figureMaster, character);
+        glyph.path = QTransform::fromScale(squareMaster, squareMaster).map(shaped->pixels);
+        glyph.advance = shaped->width;
+        return glyph;
+    }
+    const QFont& font = fontOf(face, figureMaster);
     glyph.path.addText(0, 0, font, character);
-    if (face.pixel)
-        glyph.path.addPath(glyph.path.translated(figureMaster / 16.0, 0));
     glyph.path.setFillRule(Qt::WindingFill);
     glyph.advance = QFontMetricsF(font).horizontalAdvance(character);
     return glyph;
@@ -97,7 +152,8 @@ double cellOf(const Typeface& face)
     double widest = 0;
     for (char16_t digit = u'0'; digit <= u'9'; ++digit)
         widest = std::max(widest, glyphOf(face, QChar(digit)).advance);
-    return widest * face.cell;
+    widest *= face.cell;
+    return face.pixel ? std::round(widest / squareMaster) * squareMaster : widest;
 }
 
 /// Appends the characters of `text` to `path`, digits centred in equal cells, and returns the pen's new place.
@@ -109,7 +165,8 @@ double appendCells(QPainterPath& path, const Typeface& face, double size, double
         const FigureGlyph& glyph = glyphOf(face, character);
         const double advance = glyph.advance * scale;
         const bool digit = character.isDigit();
-        const double x = digit ? pen + (cell - advance) / 2 : pen;
+        const double spare = digit ? (cell - advance) / 2 : 0;
+        const double x = pen + (face.pixel ? std::floor(spare / scale / squareMaster) * squareMaster * scale : spare);
         QTransform place = QTransform::fromTranslate(x, 0);
         place.scale(scale, scale);
         path.addPath(place.map(glyph.path));
@@ -121,17 +178,18 @@ double appendCells(QPainterPath& path, const Typeface& face, double size, double
 FigurePath layOut(const QString& value, const QString& unit, const FigureStyle& style, double cap)
 {
     FigurePath figure;
-    figure.cap = cap;
     const double size = style.face.sizeForCap(cap);
+    figure.cap = style.face.pixel ? size * style.face.capRatio : cap;
     figure.digits.setFillRule(Qt::WindingFill);
     figure.unit.setFillRule(Qt::WindingFill);
     figure.width = appendCells(figure.digits, style.face, size, 0, value);
     if (!unit.isEmpty()) {
         const Typeface& face = style.unitFace ? *style.unitFace : style.face;
-        const double unitSize = face.sizeForCap(cap) * 0.55;
-        figure.width = appendCells(figure.unit, face, unitSize, figure.width + 0.06 * size, unit);
+        const double unitSize = face.fitted(face.sizeForCap(cap) * 0.55);
+        const double gap = face.pixel ? unitSize / Typeface::squares : 0.06 * size;
+        figure.width = appendCells(figure.unit, face, unitSize, figure.width + gap, unit);
         if (unit == u"°") // a ring hangs from the top of the digits, other units stand on their baseline
-            figure.unit.translate(0, -cap - figure.unit.boundingRect().top());
+            figure.unit.translate(0, -figure.cap - figure.unit.boundingRect().top());
     }
     return figure;
 }
@@ -201,6 +259,12 @@ FigurePath figurePath(const QString& value, const QString& unit, const FigureSty
 {
     double cap = style.cap;
     FigurePath figure = layOut(value, unit, style, cap);
+    if (style.face.pixel) {
+        const double step = Typeface::squares * style.face.capRatio;
+        for (cap = figure.cap - step; figure.width > room && cap > step / 2; cap -= step)
+            figure = layOut(value, unit, style, cap);
+        return figure;
+    }
     for (int step = 0; step < 3 && figure.width > room; ++step) {
         cap *= 0.9;
         figure = layOut(value, unit, style, cap);

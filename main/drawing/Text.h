@@ -29,7 +29,7 @@ struct TextStyle {
 
     TextStyle sized(double pixels) const
     {
-        return with([&](TextStyle& s) { s.size = pixels; });
+        return with([&](TextStyle& s) { s.size = s.face.fitted(pixels); });
     }
     TextStyle coloured(const QColor& c) const
     {
@@ -95,7 +95,8 @@ struct FigureStyle {
 
 /// A line of text, shaped once: glyphs for a painter scaled by `scale`, baseline at y 0.
 struct ShapedText {
-    QList<QGlyphRun> runs;
+    QList<QGlyphRun> runs; ///< none in a pixel face
+    QPainterPath pixels{}; ///< of a pixel face, squares of the same scale
     double scale = 1;
     double width = 0; ///< advance, points
     QRectF ink; ///< of the glyphs, points, about the baseline's start

@@ -3,6 +3,9 @@
 #include <QFont>
 #include <QString>
 
+#include <algorithm>
+#include <cmath>
+
 namespace ambrelle {
 
 /// A font face as a skin names it, without a size. The fallbacks that cover what display faces lack are added to every
@@ -16,10 +19,14 @@ struct Typeface {
     double tracking = 0; ///< extra space between letters, in points
     bool pixel = false; ///< drawn in squares a sixteenth of the size: set on whole device pixels, bold is struck twice
 
+    static constexpr int squares = 16; ///< of a pixel face's em
+
     bool operator==(const Typeface&) const = default;
 
+    /// The size nearest to `size` that the face can be set in: of a pixel face only whole multiples of its squares.
+    double fitted(double size) const { return pixel ? std::max(1.0, std::round(size / squares)) * squares : size; }
     /// The pixel size at which a capital is `cap` points high.
-    double sizeForCap(double cap) const { return cap / capRatio; }
+    double sizeForCap(double cap) const { return fitted(cap / capRatio); }
     Typeface tracked(double points) const
     {
         Typeface copy = *this;

@@ -1,5 +1,7 @@
 #include "faces/FaceKit.h"
 
+#include "drawing/PixelPaint.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -67,7 +69,7 @@ void partsKey(
     const SkinStyle& style = skin.style();
     for (qsizetype index = 0; index < parts.size(); ++index) {
         Box line = box.row(static_cast<int>(index), static_cast<int>(parts.size()));
-        canvas.fill(line.cutLeft(swatch).centred(swatch, swatch), fills.value(index), 2);
+        canvas.fill(line.cutLeft(swatch).centred(swatch, swatch), fills.value(index), std::min(2.0, style.corner / 4));
         line.cutLeft(Bands::gap);
         const double value = canvas.text(line, parts[index].value, style.caption().aligned(Align::right));
         line.cutRight(value + 4);
@@ -131,9 +133,15 @@ void picture(Canvas& canvas, const Box& box, const QImage& image, double radius,
 {
     const QSizeF room = box.size();
     const QSizeF size = QSizeF(image.size()).scaled(room, fills ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
+    const QRectF shown = fills ? QRectF(box) : QRectF(box.centred(size.width(), size.height()));
+    if (canvas.finish() != Finish::smooth) {
+        const double grow = size.width() / image.width();
+        const Box source = Box(image.rect()).centred(shown.width() / grow, shown.height() / grow);
+        canvas.paint([&](QPainter& painter) { PixelPaint(painter, canvas.finish()).picture(shown, image, source); });
+        return;
+    }
     canvas.paint([&](QPainter& painter) {
         QPainterPath outline;
-        const QRectF shown = fills ? QRectF(box) : QRectF(box.centred(size.width(), size.height()));
         outline.addRoundedRect(shown, radius, radius);
         // A texture brush, not a clip: clips are not antialiased.
         QBrush texture(image);

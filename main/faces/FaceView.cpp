@@ -18,7 +18,8 @@ FaceView::Result FaceView::drawPass(
             .layers = setup.layers,
             .layerKey = m_layerKey,
             .record = setup.record,
-            .ground = m_renderer->style().ground});
+            .ground = m_renderer->style().ground,
+            .finish = m_renderer->style().finish});
     m_renderer->drawAny(canvas, reading, m_face);
     return {canvas.hits(), canvas.movingAreas()};
 }

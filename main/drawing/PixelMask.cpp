@@ -1,0 +1,111 @@
+#include "drawing/PixelMask.h"
+
+#include <QCache>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr int side = 4;
+constexpr int levels = side * side;
+constexpr int bayer[side][side] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
+
+bool isBlack(int x, int y, double darkness)
+{
+    return static_cast<int>(std::lround(darkness * levels)) > bayer[y % side][x % side];
+}
+
+double lightness(const QColor& colour)
+{
+    return qGray(colour.rgb()) / 255.0;
+}
+
+/// Dark and light parts drawn apart, so that a picture of middle greys does not become one even pattern.
+double stretched(double light, double darkest, double lightest)
+{
+    return lightest - darkest < 0.1 ? light : std::clamp((light - darkest) / (lightest - darkest), 0.0, 1.0);
+}
+
+QImage ditherAfresh(const QImage& picture, const QSize& size)
+{
+    const QImage grey = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                            .convertToFormat(QImage::Format_Grayscale8);
+    uchar darkest = 255;
+    uchar lightest = 0;
+    for (int y = 0; y < grey.height(); ++y) {
+        const auto [low, high] =
+            std::ranges::minmax_element(grey.constScanLine(y), grey.constScanLine(y) + grey.width());
+        darkest = std::min(darkest, *low);
+        lightest = std::max(lightest, *high);
+    }
+    QImage bits(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        const uchar* from = grey.constScanLine(y);
+        QRgb* to = reinterpret_cast<QRgb*>(bits.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const double light = stretched(from[x] / 255.0, darkest / 255.0, lightest / 255.0);
+            to[x] = isBlack(x, y, 1 - light) ? 0xFF000000 : 0xFFFFFFFF;
+        }
+    }
+    return bits;
+}
+
+} // namespace
+
+QPainterPath pixelated(const QPainterPath& shape)
+{
+    QPainterPath outline;
+    if (shape.isEmpty())
+        return outline;
+    const QRect area = shape.boundingRect().toAlignedRect();
+    QImage mask(area.size(), QImage::Format_Grayscale8);
+    mask.fill(0);
+    QPainter painter(&mask);
+    painter.translate(-area.topLeft());
+    painter.fillPath(shape, Qt::white);
+    painter.end();
+    outline.setFillRule(Qt::WindingFill);
+    for (int y = 0; y < mask.height(); ++y) {
+        const uchar* row = mask.constScanLine(y);
+        for (int x = 0; x < mask.width(); ++x) {
+            const int start = x;
+            while (x < mask.width() && row[x] > 127)
+                ++x;
+            if (x > start)
+                outline.addRect(area.x() + start, area.y() + y, x - start, 1);
+        }
+    }
+    return outline;
+}
+
+QImage ditherTile(const QColor& colour, int unit)
+{
+    QImage tile(side, side, QImage::Format_ARGB32_Premultiplied);
+    const double light = lightness(colour);
+    const bool open = colour.alphaF() < 1;
+    const QRgb ink = open && light > 0.5 ? 0xFFFFFFFF : 0xFF000000;
+    const QRgb rest = open ? 0 : 0xFFFFFFFF;
+    const double cover = open ? static_cast<double>(colour.alphaF()) : 1 - light;
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x)
+            tile.setPixel(x, y, isBlack(x, y, cover) ? ink : rest);
+    }
+    return tile.scaled(tile.size() * unit);
+}
+
+QImage dithered(const QImage& picture, const QSize& size)
+{
+    static QCache<QString, QImage> kept(4 * 1024);
+    const QString key = QStringLiteral("%1 %2 %3").arg(picture.cacheKey()).arg(size.width()).arg(size.height());
+    if (const QImage* bits = kept.object(key))
+        return *bits;
+    const QImage bits = ditherAfresh(picture, size);
+    kept.insert(key, new QImage(bits), std::max<qsizetype>(1, bits.sizeInBytes() / 1024));
+    return bits;
+}
+
+} // namespace ambrelle
