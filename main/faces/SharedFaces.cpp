@@ -14,7 +14,7 @@ namespace {
 /// A row of two lines, as tall as the skin's texts need.
 double twoLinePitch(const SkinStyle& style)
 {
-    return style.rowSize + style.captionSize + 6;
+    return style.rowSize + style.captionSize + style.rowGap;
 }
 
 void sessionDots(Canvas& canvas, const SkinStyle& style, const Box& box, int lit)
@@ -67,7 +67,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
             return;
         }
         const QColor due = reminder.overdue ? legible(style.warn, style.ink, style.ground) : style.soft;
-        canvas.text(line.cutTop(style.rowSize + 4), reminder.title, text);
+        canvas.text(line.cutTop(style.rowSize + style.rowGap - 2), reminder.title, text);
         canvas.text(line.cutTop(style.captionSize + 1), reminder.due, style.caption().coloured(due));
     });
 }
@@ -170,7 +170,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         Box line = row;
         canvas.symbol(line.cutLeft(18), device.symbol, 16, style.ink);
         line.cutLeft(6);
-        Box upper = line.cutTop(style.rowSize + 4);
+        Box upper = line.cutTop(style.rowSize + style.rowGap - 2);
         if (device.charging)
             canvas.symbol(upper.cutRight(12), QStringLiteral("bolt.fill"), 11, style.accentText());
         const double percent = canvas.text(upper, device.percent, style.caption().aligned(Align::right));
@@ -188,7 +188,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
 void drawShared(Canvas& canvas, const FaceRenderer& skin, const PhotoReading& reading, const FaceContext& face)
 {
     skin.plate(canvas, face);
-    picture(canvas, face.bounds.inset(skin.photoMat()), reading.picture.image, skin.photoCorner(), reading.fills);
+    picture(canvas, skin.photoBox(face), reading.picture.image, skin.photoCorner(), reading.fills);
 }
 
 } // namespace ambrelle

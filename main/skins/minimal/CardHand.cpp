@@ -12,6 +12,7 @@ namespace {
 
 constexpr double badgeSize = 22;
 constexpr double badgeCorner = 7;
+constexpr double headerHeight = 20;
 
 QPen round(const QBrush& brush, double width)
 {
@@ -72,9 +73,9 @@ void CardHand::plate(Canvas& canvas, const FaceContext& face) const
 
 void CardHand::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
 {
-    Box line = content.cutTop(20);
+    Box line = content.cutTop(headerHeight);
     badge(canvas, line.cutRight(badgeSize).centred(badgeSize, badgeSize), symbol(face.kind), look().accent);
-    line.cutRight(Bands::gap);
+    line.cutRight(4);
     canvas.text(line, title, style().header());
 }
 
@@ -138,7 +139,7 @@ void CardHand::clock(Canvas& canvas, Box content, const ClockReading& reading, c
 {
     constexpr double dot = 6;
     const TextStyle heading = style().header().sized(13).coloured(look().soft);
-    named(canvas, content.cutTop(14), reading.dateLine(), heading, reading.meridiem, heading);
+    named(canvas, content.cutTop(headerHeight), reading.dateLine(), heading, reading.meridiem, heading);
     if (!reading.city.isEmpty()) {
         Box tag = content.cutBottom(Bands::footer);
         canvas.disc(tag.cutLeft(dot).center(), dot / 2, look().accent);
@@ -179,13 +180,13 @@ void CardHand::rates(Canvas& canvas, const Box& box, const NetworkReading& readi
 
 void CardHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
 {
-    constexpr double size = 20;
+    constexpr double size = 18;
     const TextStyle value = style().rowValue().faced(look().label).coloured(look().ink);
     rows(content, std::min<qsizetype>(reading.rows.size(), 5), content.height() / 5,
         [&](const Box& row, qsizetype index) {
             const ProcessesReading::Row& process = reading.rows[index];
             Box line = row;
-            const Box square = line.cutLeft(size).centred(size, size - 1);
+            const Box square = line.cutLeft(size).centred(size, size);
             const QColor before = canvas.ground();
             canvas.setGround(tinted(canvas, square, badgeCorner, look().accent));
             const QColor ink = legible(look().accent, look().ink, canvas.ground());
@@ -217,7 +218,7 @@ void CardHand::weather(Canvas& canvas, Box content, const WeatherReading& readin
     constexpr int most = 6;
     const Box days = content.cutRight(180);
     content.cutRight(12);
-    canvas.text(content.cutTop(14), reading.place, style().header());
+    canvas.text(content.cutTop(headerHeight), reading.place, style().header());
     content.cutTop(look().titleGap);
     currentWeather(canvas, content, reading);
     for (int index = 0; index < std::min<qsizetype>(reading.days.size(), most); ++index)

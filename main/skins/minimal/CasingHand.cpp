@@ -123,23 +123,18 @@ void CasingHand::history(Canvas& canvas, const Box& box, const History& history,
 void CasingHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
     constexpr int count = 60;
-    const auto shares = [&](const History& history) {
-        QList<double> values = binned(history, count);
-        for (double& value : values)
-            value /= reading.peak;
-        return values;
-    };
-    const auto highest = [](const QList<double>& values) {
-        return values.isEmpty() ? 0 : *std::ranges::max_element(values);
-    };
-    QList<double> down = shares(reading.downHistory);
-    QList<double> up = shares(reading.upHistory);
-    const double downRoom = std::clamp(highest(down) / std::max(highest(down) + highest(up), 0.01), 0.3, 0.7);
+    QList<double> down = binned(reading.downHistory, count);
+    QList<double> up = binned(reading.upHistory, count);
+    const double least = reading.peak * 0.01;
+    const double highestDown = std::max(least, *std::ranges::max_element(down));
+    const double highestUp = std::max(least, *std::ranges::max_element(up));
     // One scale for both directions, and as much room for each as it needs.
+    const double downRoom = std::clamp(highestDown / (highestDown + highestUp), 0.3, 0.7);
+    const double scale = std::min({downRoom / highestDown, (1 - downRoom) / highestUp, 1 / reading.peak});
     for (double& value : down)
-        value *= std::min(1.0, (1 - downRoom) / downRoom);
+        value *= scale / downRoom;
     for (double& value : up)
-        value *= std::min(1.0, downRoom / (1 - downRoom));
+        value *= scale / (1 - downRoom);
     Box rest = box;
     bars(canvas, rest.cutTop(box.height() * downRoom), down, look().accent, false);
     rest.cutTop(1.5);

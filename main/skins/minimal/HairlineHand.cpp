@@ -117,7 +117,8 @@ Box HairlineHand::dial(Canvas& canvas, const Box& box, double fraction, const QC
 
 void HairlineHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    constexpr double tick = 9;
+    constexpr double least = 5;
+    const double tick = std::max(least, box.height());
     const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
     const QPointF end(box.left() + box.width() * share, box.center().y());
     canvas.rule(box, look().accent3, 1);
@@ -127,10 +128,11 @@ void HairlineHand::level(Canvas& canvas, const Box& box, double fraction, const 
 
 void HairlineHand::comb(Canvas& canvas, const Box& box, const std::function<QColor(double)>& colourAt) const
 {
-    constexpr int teeth = 100;
-    const double pitch = (box.width() - 1) / (teeth - 1);
+    // One point on, one off: crisp at every whole scale.
+    constexpr double pitch = 2;
+    const int teeth = static_cast<int>((box.width() + 1) / pitch);
     for (int index = 0; index < teeth; ++index)
-        canvas.fill(Box(box.left() + pitch * index, box.top(), 0.9, box.height()), colourAt((index + 0.5) / teeth));
+        canvas.fill(Box(box.left() + pitch * index, box.top(), 1, box.height()), colourAt((index + 0.5) / teeth));
 }
 
 void HairlineHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const

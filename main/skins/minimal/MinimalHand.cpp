@@ -89,7 +89,7 @@ void MinimalHand::trackLines(
     Canvas& canvas, const Player& places, const NowPlayingReading& reading, const TextStyle& title) const
 {
     trackTexts(canvas, places.texts, reading, title, style().caption().sized(12));
-    level(canvas, places.progress.centred(places.progress.width(), 3), reading.progress, look().accent);
+    level(canvas, places.progress, reading.progress, look().accent);
     canvas.text(places.times.column(0, 2), reading.elapsed, style().caption());
     canvas.text(places.times.column(1, 2), reading.total, style().caption().aligned(Align::right));
 }

@@ -47,6 +47,7 @@ MinimalLook polar()
         .warn = QColor(0xFF, 0x9C, 0x8F),
         .border = Qt::white,
         .cloud = QColor(0xF4, 0xFB, 0xFF),
+        .smallNumber = manrope(300, 0.92),
         .rowSize = 13,
         .clockCap = 72,
         .heroCap = 42,
@@ -81,6 +82,7 @@ MinimalLook mono()
         .warn = Qt::white,
         .border = QColor(0x2E, 0x2E, 0x2E),
         .cloud = Qt::white,
+        .smallNumber = {.family = QStringLiteral("Inter Display"), .weight = 200, .capRatio = 0.74},
         .titleGap = 8,
         .clockCap = 74,
         .heroCap = 42,
@@ -100,7 +102,7 @@ MinimalLook cards()
         .label = manrope(700),
         .body = manrope(500),
         .inset = 18,
-        .titleSize = 12.5,
+        .smallNumber = manrope(600, 0.94),
         .photoMat = 0,
     };
 }
@@ -166,6 +168,7 @@ MinimalLook instrument()
         .numbered = true,
         .inset = 14,
         .plateBorder = 1,
+        .smallNumber = jetBrainsMono(300),
         .titleSize = 11,
         .rowSize = 12,
         .titleGap = 8,
@@ -263,6 +266,8 @@ SkinStyle MinimalLook::style() const
         .ground = over(panelFill, Qt::white),
         .titleSize = titleSize,
         .rowSize = rowSize,
+        .rowGap = 4,
+        .smallNumber = smallNumber,
     };
 }
 

@@ -45,6 +45,7 @@ struct MinimalLook {
     QColor shadow{}; ///< one step of the shadow; without a colour there is none
     QColor cloud{}; ///< of pictograms
     QColor key{}; ///< frames of the player's keys
+    Typeface smallNumber{}; ///< for figures below cap 30
     double titleSize = 12;
     double rowSize = 12.5;
     double titleGap = 6;

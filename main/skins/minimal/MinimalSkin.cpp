@@ -86,7 +86,7 @@ void MinimalSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceCon
     if (reading.high)
         warning(canvas, footer.cutRight(14));
     canvas.text(footer, reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
-    const Box inside = m_hand->dial(canvas, box.inset(0, 2), reading.fraction, loadColour(reading.high));
+    const Box inside = m_hand->dial(canvas, box.inset(0, 3), reading.fraction, loadColour(reading.high));
     canvas.figure(inside.inset(3), QString::number(reading.percent), QStringLiteral("%"),
         style().figure(26).aligned(Align::centre));
 }
@@ -109,7 +109,7 @@ void MinimalSkin::draw(Canvas& canvas, const DownloadsReading& reading, const Fa
     Box box = heroAndFooter(
         canvas, *this, framed(canvas, face), reading.down.value, reading.down.unit, reading.hint, style().figure(32));
     markedFigure(canvas, box.cutTop(22), QStringLiteral("arrow.up"), m_look.up, reading.up, style().figure(16));
-    m_hand->level(canvas, box.centred(box.width(), 4), reading.share, m_look.accent);
+    m_hand->level(canvas, box.centred(box.width(), 9), reading.share, m_look.accent);
 }
 
 void MinimalSkin::draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const
