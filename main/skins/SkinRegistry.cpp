@@ -1,6 +1,7 @@
 #include "skins/SkinRegistry.h"
 
 #include "model/ThemeAccent.h"
+#include "skins/classic/ClassicSkin.h"
 #include "skins/glass/GlassSkin.h"
 #include "skins/hifi/HiFiSkin.h"
 #include "skins/minimal/MinimalSkin.h"
@@ -21,6 +22,8 @@ Renderer make(Skin skin, const Accent& accent)
     if (const PlainPalette* palette = plainPalette(skin))
         return std::make_shared<PlainSkin>(*palette, accent);
     switch (skin) {
+    case Skin::classic: return std::make_shared<ClassicSkin>();
+    case Skin::hifi: return std::make_shared<HiFiSkin>(accent);
     case Skin::polar:
     case Skin::mono:
     case Skin::slate:

@@ -1,0 +1,64 @@
+#include "skins/hifi/HiFiSkin.h"
+
+#include "drawing/Colours.h"
+#include "skins/hifi/Cabinet.h"
+#include "skins/hifi/TunerScale.h"
+
+namespace ambrelle {
+
+using namespace hifi;
+
+namespace {
+
+constexpr double screwRadius = 2.5;
+constexpr double screwInset = 5.8; // on the champagne line
+constexpr double pilotRadius = 2.6;
+
+} // namespace
+
+HiFiSkin::HiFiSkin(std::optional<QColor> accent)
+    : FaceRenderer(makeStyle(accent), DialFlavor::ticks)
+{
+}
+
+Box HiFiSkin::plate(Canvas& canvas, const FaceContext& face) const
+{
+    canvas.still(QStringLiteral("plate"), face.bounds.inset(-8), [&](Canvas& layer) {
+        cabinet(layer, face.bounds, style().corner, static_cast<unsigned>(face.kind) + 1);
+        if (!face.medium())
+            return;
+        const double middle = face.bounds.center().y();
+        screw(layer, {face.bounds.left() + screwInset, middle}, screwRadius, 24);
+        screw(layer, {face.bounds.right() - screwInset, middle}, screwRadius, 101);
+    });
+    return face.bounds.inset(style().inset);
+}
+
+void HiFiSkin::header(Canvas& canvas, Box& content, const FaceContext&, const QString& title) const
+{
+    Box line = content.cutTop(14);
+    const Box pilot = line.cutRight(pilotRadius * 2);
+    canvas.still(QStringLiteral("pilot"), pilot.inset(-6, -3),
+        [&](Canvas& layer) { lamp(layer, pilot.center(), pilotRadius, style().accent, true); });
+    line.cutRight(6);
+    canvas.text(line, title, style().header().coloured(pale).engraved(engraving));
+    content.cutTop(style().titleGap);
+}
+
+Box HiFiSkin::dialAt(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    return tickDial(canvas, style(), box, fraction, colour);
+}
+
+Box HiFiSkin::progressDial(Canvas& canvas, const Box& box, double fraction) const
+{
+    return dialAt(canvas, box, fraction, style().accent);
+}
+
+void HiFiSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    TunerScale{.steps = 24, .every = 6, .colour = colour}.draw(canvas, box.centred(box.width(), 6));
+    pointer(canvas, box.centred(box.width(), 8), fraction);
+}
+
+} // namespace ambrelle

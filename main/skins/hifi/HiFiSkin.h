@@ -1,0 +1,37 @@
+#pragma once
+
+#include "faces/FaceRenderer.h"
+
+#include <optional>
+
+namespace ambrelle {
+
+/// A valve-age receiver: walnut and champagne metal, smoked glass, glowing digits, needles and reels that move.
+class HiFiSkin final : public FaceRenderer {
+public:
+    explicit HiFiSkin(std::optional<QColor> accent);
+
+    Box plate(Canvas& canvas, const FaceContext& face) const override;
+    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    Box progressDial(Canvas& canvas, const Box& box, double fraction) const override;
+    void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+
+    void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const CalendarReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
+
+private:
+    void progress(Canvas& canvas, const Box& box, const NowPlayingReading& reading) const;
+    Box dialAt(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,78 @@
+#include "skins/hifi/HiFiStyle.h"
+
+#include "drawing/Colours.h"
+
+namespace ambrelle::hifi {
+
+namespace {
+
+const QColor ink(0xF1, 0xE3, 0xC6);
+const QColor soft(0xB8, 0xA5, 0x82);
+const QColor faint(0x3D, 0x33, 0x2A);
+const QColor amberLamp(0xFF, 0x8A, 0x2A);
+const QColor up(0xFF, 0xB4, 0x5E);
+const QColor down(0xE9, 0x6A, 0x3A);
+const QColor warn(0xFF, 0x6A, 0x45);
+
+constexpr double brightestSheen = 0.1;
+constexpr double wirePerCap = 1.6 / 64; // width of a digit's wire in parts of its height
+constexpr double pressPerCap = 0.06; // ink spreads
+constexpr double thinnestWire = 0.7;
+
+} // namespace
+
+SkinStyle makeStyle(const std::optional<QColor>& accent)
+{
+    return {
+        .title = {.family = QStringLiteral("Jura"), .weight = 700, .capRatio = 0.71, .tracking = 1},
+        .body = {.family = QStringLiteral("Jura"), .weight = 600, .capRatio = 0.71},
+        .number = {.family = QStringLiteral("Quicksand Light"), .weight = 400, .capRatio = 0.71},
+        .ink = ink,
+        .soft = soft,
+        .faint = faint,
+        .accent = accent.value_or(amberLamp),
+        .up = up,
+        .down = down,
+        .uppercase = true,
+        .inset = 16,
+        .corner = 8,
+        .titleGap = 8,
+        .warn = warn,
+        .ground = over(faded(Qt::white, brightestSheen), glass),
+        .titleSize = 11,
+        .rowSize = 12.5,
+        .captionSize = 11,
+        .floor = 10.5,
+        .rowPitch = 20,
+    };
+}
+
+FigureStyle wire(const SkinStyle& style, double cap)
+{
+    FigureStyle figure = style.figure(cap).filled(digitLit);
+    figure.outline = std::max(thinnestWire, cap * wirePerCap);
+    figure.unitFace = style.body;
+    figure.unitColour = style.soft;
+    return figure;
+}
+
+FigureStyle printed(const SkinStyle& style, double cap)
+{
+    FigureStyle figure = style.figure(cap).filled(print);
+    figure.outline = std::max(thinnestWire, cap * pressPerCap);
+    figure.unitFace = style.body;
+    figure.unitColour = print;
+    return figure;
+}
+
+TextStyle inked(const TextStyle& text)
+{
+    return text.coloured(print);
+}
+
+TextStyle amber(const SkinStyle& style, const TextStyle& text)
+{
+    return text.coloured(style.accentText());
+}
+
+} // namespace ambrelle::hifi

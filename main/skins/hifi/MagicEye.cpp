@@ -1,0 +1,95 @@
+#include "skins/hifi/MagicEye.h"
+
+#include "drawing/Charts.h"
+#include "drawing/Colours.h"
+#include "skins/hifi/Cabinet.h"
+
+#include <QConicalGradient>
+#include <QRadialGradient>
+
+#include <cmath>
+#include <numbers>
+
+namespace ambrelle::hifi {
+
+namespace {
+
+const QColor phosphor(0x7B, 0xF0, 0x8A); // a charged battery's fan
+const QColor phosphorLow(0xFF, 0xA6, 0x3C); // towards the edges, and the whole of it when low
+
+constexpr double capShare = 0.56; // of the glass's radius
+constexpr double widestShadow = 150; // degrees, when empty
+constexpr double bezel = 4; // points
+
+/// A ring between two radii that leaves out `shadow` degrees about the lowest point.
+QPainterPath fan(QPointF centre, double inner, double outer, double shadow)
+{
+    const Box outside(centre.x() - outer, centre.y() - outer, outer * 2, outer * 2);
+    const Box inside(centre.x() - inner, centre.y() - inner, inner * 2, inner * 2);
+    const double start = 270 + shadow / 2;
+    const double span = 360 - shadow;
+    QPainterPath path;
+    path.arcMoveTo(outside, start);
+    path.arcTo(outside, start, span);
+    path.arcTo(inside, start + span, -span);
+    path.closeSubpath();
+    return path;
+}
+
+QBrush light(QPointF centre, bool low)
+{
+    QConicalGradient gradient(centre, 270);
+    const QColor body = low ? phosphorLow : phosphor;
+    gradient.setColorAt(0, phosphorLow);
+    gradient.setColorAt(0.28, body);
+    gradient.setColorAt(0.72, body);
+    gradient.setColorAt(1, phosphorLow);
+    return gradient;
+}
+
+void socket(Canvas& canvas, QPointF centre, double radius)
+{
+    QRadialGradient ring(centre, radius, centre - QPointF(radius, radius) * 0.5);
+    ring.setColorAt(0, champagne.lighter(125));
+    ring.setColorAt(1, champagne.darker(190));
+    canvas.disc(centre, radius, ring);
+    canvas.disc(centre, radius - bezel + 1, QColor(Qt::black));
+    canvas.disc(centre, radius - bezel, tubeDark);
+}
+
+} // namespace
+
+Box magicEye(Canvas& canvas, const Box& box, double fraction, bool low)
+{
+    const Box square = box.square();
+    const QPointF centre = square.center();
+    const double radius = square.width() / 2;
+    const double outer = radius - bezel - 1;
+    const double inner = outer * capShare;
+    canvas.still(QStringLiteral("eye"), square.inset(-1), [&](Canvas& layer) { socket(layer, centre, radius); });
+
+    const double shadow = widestShadow * (1 - std::clamp(std::isnan(fraction) ? 0 : fraction, 0.0, 1.0));
+    const QColor body = low ? phosphorLow : phosphor;
+    canvas.fill(fan(centre, inner, outer, 0), faded(body, 0.13)); // the shadow is never quite dark
+    canvas.fill(fan(centre, inner, outer, shadow), light(centre, low));
+    QRadialGradient depth(centre, outer);
+    depth.setColorAt(0, faded(Qt::black, 0.75));
+    depth.setColorAt(capShare, faded(Qt::black, 0.62));
+    depth.setColorAt(0.8, faded(Qt::black, 0));
+    depth.setColorAt(1, faded(Qt::black, 0.25));
+    canvas.disc(centre, outer, depth);
+
+    QRadialGradient cap(centre, inner, centre - QPointF(inner, inner) * 0.4);
+    cap.setColorAt(0, QColor(0x33, 0x2B, 0x24));
+    cap.setColorAt(1, tubeDark);
+    canvas.disc(centre, inner, cap);
+    QPainterPath glint;
+    const Box arc = square.inset(bezel + 4);
+    glint.arcMoveTo(arc, 150);
+    glint.arcTo(arc, 150, -50);
+    canvas.stroke(glint, QPen(faded(Qt::white, 0.35), 2, Qt::SolidLine, Qt::RoundCap));
+    const double side = inner * 1.8;
+    return square.centred(side, side);
+}
+
+} // namespace ambrelle::hifi

@@ -1,0 +1,96 @@
+#include "skins/hifi/TunerScale.h"
+
+#include "drawing/Colours.h"
+#include "skins/hifi/Cabinet.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace ambrelle::hifi {
+
+namespace {
+
+constexpr double pointerWidth = 1.8;
+
+double bounded(double fraction)
+{
+    return std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+}
+
+} // namespace
+
+void TunerScale::draw(Canvas& canvas, const Box& box) const
+{
+    canvas.fill(Box(box.x(), box.bottom() - 1, box.width(), 1), faded(colour, 0.75));
+    for (int step = 0; step <= steps; ++step) {
+        const bool major = step % every == 0;
+        const double x = box.left() + 0.4 + (box.width() - 0.8) * step / steps;
+        const double height = box.height() * (major ? 0.75 : 0.42);
+        canvas.line({x, box.bottom() - 0.5}, {x, box.bottom() - height}, QPen(faded(colour, major ? 0.8 : 0.45), 0.8));
+    }
+}
+
+void pointer(Canvas& canvas, const Box& box, double fraction)
+{
+    const double x = box.left() + pointerWidth / 2 + (box.width() - pointerWidth) * bounded(fraction);
+    const Box line(x - pointerWidth / 2, box.y(), pointerWidth, box.height());
+    canvas.fill(line.inset(-2, -0.5), faded(pointerRed, 0.25), 2);
+    canvas.fill(line, pointerRed.lighter(115), pointerWidth / 2);
+}
+
+void dayDial(Canvas& canvas, const SkinStyle& style, const Box& box, double fraction)
+{
+    constexpr int hours = 24;
+    const Box scale = box.inset(8, 9);
+    canvas.still(QStringLiteral("day"), box.inset(-1), [&](Canvas& layer) { window(layer, box, style.accent, 5); });
+    const double x = scale.left() + 20;
+    canvas.line({x, scale.top()}, {x, scale.bottom()}, QPen(faded(champagne, 0.7), 0.8));
+    const GroundScope ground(canvas, tubeDark);
+    for (int hour = 0; hour <= hours; ++hour) {
+        const double y = scale.bottom() - scale.height() * hour / hours;
+        const bool major = hour % 6 == 0;
+        canvas.line({x, y}, {x + (major ? 12 : hour % 3 ? 5 : 8), y}, QPen(faded(champagne, major ? 0.9 : 0.5), 0.8));
+        if (major) {
+            const TextStyle label = style.caption().sized(9).aligned(Align::right).asAxis();
+            canvas.text({scale.left() - 2, y - 6, 18, 12}, QString::number(hour), label.coloured(champagne));
+        }
+    }
+    const double y = scale.bottom() - scale.height() * bounded(fraction);
+    const Box line(x - 2, y - pointerWidth / 2, scale.right() - x + 4, pointerWidth);
+    canvas.fill(line.inset(-0.5, -2), faded(pointerRed, 0.25), 2);
+    canvas.fill(line, pointerRed.lighter(115), pointerWidth / 2);
+}
+
+Box tickDial(Canvas& canvas, const SkinStyle& style, const Box& box, double fraction, const QColor& lit)
+{
+    constexpr int ticks = 41;
+    constexpr double turn = 270;
+    constexpr double start = -135; // degrees from twelve o'clock, clockwise
+    constexpr double length = 9;
+    const Box circle = box.square();
+    const double outer = circle.width() / 2 - 1;
+    const auto way = [&](double place) {
+        const double angle = (start + turn * place) * std::numbers::pi / 180;
+        return QPointF(std::sin(angle), -std::cos(angle));
+    };
+    QPainterPath on;
+    QPainterPath off;
+    const double value = bounded(fraction);
+    const long count = std::lround(value * (ticks - 1));
+    for (int index = 0; index < ticks; ++index) {
+        const QPointF direction = way(static_cast<double>(index) / (ticks - 1));
+        QPainterPath& path = value > 0 && index <= count ? on : off;
+        path.moveTo(circle.center() + direction * (outer - (index % 5 == 0 ? length : length * 0.65)));
+        path.lineTo(circle.center() + direction * outer);
+    }
+    canvas.stroke(off, QPen(style.faint.lighter(125), 1.4));
+    canvas.stroke(on, QPen(faded(lit, 0.12), 6, Qt::SolidLine, Qt::RoundCap));
+    canvas.stroke(on, QPen(faded(lit, 0.22), 3.4, Qt::SolidLine, Qt::RoundCap));
+    canvas.stroke(on, QPen(lit, 1.6));
+    const QPointF hand = way(value);
+    canvas.line(circle.center() + hand * (outer - length - 8), circle.center() + hand * (outer - 1),
+        QPen(pale, 2, Qt::SolidLine, Qt::RoundCap));
+    return circle.inset(length + 8);
+}
+
+} // namespace ambrelle::hifi
