@@ -29,7 +29,7 @@ trap 'exit 130' INT TERM
 # just ending still removes its socket of.
 startServer() {
     DISPLAY=:$((200 + ($$ + $1 * 7919) % 20000))
-    Xvfb "$DISPLAY" -screen 0 "${AMBRELLE_TEST_SCREEN:-1280x800}x24" -nolisten tcp >"$folder/server.log" 2>&1 &
+    Xvfb "$DISPLAY" -screen 0 "${AMBRELLE_TEST_SCREEN:-1280x800}x24" -noreset -nolisten tcp >"$folder/server.log" 2>&1 &
     server=$!
     left=400
     while kill -0 "$server" 2>/dev/null && [ $left -gt 0 ]; do

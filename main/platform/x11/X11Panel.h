@@ -29,6 +29,7 @@ public:
     xcb_window_t window() const { return m_window; }
     WindowLevel level() const { return m_level; }
     bool isShown() const { return m_surface->isVisible(); }
+    bool isOnScreen() const { return m_surface->isExposed(); } ///< painted at least once since it was shown
     void place(); ///< puts the window where its frame says, after the screens have moved
     void redress(); ///< tells a new window manager what the window is
     void remap(); ///< puts the window on top of its layer, where the window manager has no better way

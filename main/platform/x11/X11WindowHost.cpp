@@ -73,6 +73,11 @@ std::unique_ptr<PanelWindow> X11WindowHost::makePanel(PanelDelegate& delegate)
 
 void X11WindowHost::watch()
 {
+    // A window manager that is itself just starting may lose the request to show a window.
+    for (X11Panel* panel : m_panels) {
+        if (panel->isShown() && !panel->isOnScreen())
+            panel->remap();
+    }
     m_watch = std::make_unique<RootWatch>();
     connect(m_watch.get(), &RootWatch::propertyChanged, this, &X11WindowHost::rootPropertyChanged);
     connect(m_watch.get(), &RootWatch::compositorChanged, &m_parts->compositor, &CompositorWatch::refresh);

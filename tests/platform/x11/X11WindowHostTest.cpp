@@ -149,7 +149,8 @@ TEST_F(X11WindowHostTest, StaysOutOfListsAndLevelsAreSwitchedWhileShown)
             return std::ranges::all_of(always, [&](const QString& state) { return states.contains(state); })
                 && states.contains(QStringLiteral("_NET_WM_STATE_ABOVE")) == floating;
         })) << onlooker.atoms(panel->window(), "_NET_WM_STATE").join(u' ').toStdString();
-        EXPECT_EQ(onlooker.values(panel->window(), "_NET_WM_DESKTOP"), std::vector<uint32_t>{0xFFFFFFFF});
+        EXPECT_TRUE(waitUntil(
+            [&] { return onlooker.values(panel->window(), "_NET_WM_DESKTOP") == std::vector<uint32_t>{0xFFFFFFFF}; }));
         EXPECT_EQ(onlooker.activeWindow(), other);
     }
 }
