@@ -1,0 +1,39 @@
+#include "skins/classic/ClassicStyle.h"
+
+namespace ambrelle::classic {
+
+namespace {
+
+Typeface face(int weight)
+{
+    return {
+        .family = QStringLiteral("DotGothic16"), .weight = weight, .capRatio = 13.0 / 16, .cell = 1.12, .pixel = true};
+}
+
+} // namespace
+
+SkinStyle style()
+{
+    return {.title = face(700),
+        .body = face(400),
+        .number = face(700),
+        .ink = ink,
+        .soft = ink,
+        .faint = half,
+        .accent = ink,
+        .up = ink,
+        .down = ink,
+        .inset = 10,
+        .corner = 0,
+        .titleGap = 6,
+        .warn = ink,
+        .ground = paper,
+        .titleSize = textSize,
+        .rowSize = textSize,
+        .captionSize = textSize,
+        .floor = textSize,
+        .rowPitch = 20,
+        .finish = Finish::oneBit};
+}
+
+} // namespace ambrelle::classic
