@@ -39,7 +39,8 @@ QPainterPath straightLine(const QPolygonF& points)
 
 QPainterPath smoothLine(const QPolygonF& points)
 {
-    // Short straight pieces: stroking them costs a fraction of stroking curves, and at this length nobody sees a corner.
+    // Short straight pieces: stroking them costs a fraction of stroking curves, and at this length nobody sees a
+    // corner.
     constexpr double piece = 3; // points
     QPolygonF line;
     for (qsizetype index = 0; index + 1 < points.size(); ++index) {
@@ -57,9 +58,37 @@ QPainterPath smoothLine(const QPolygonF& points)
     return straightLine(line);
 }
 
-QPen graphPen(const QBrush& brush, double width)
+void graphLine(Canvas& canvas, const QPainterPath& line, const QBrush& brush, double width)
 {
-    return {brush, width, Qt::SolidLine, Qt::RoundCap, Qt::BevelJoin};
+    constexpr double sharpest = 2; // half widths that a corner may reach out
+    const int count = line.elementCount();
+    if (count < 2)
+        return;
+    const auto normal = [&](int from) {
+        const QPointF way = QPointF(line.elementAt(from + 1)) - QPointF(line.elementAt(from));
+        const double length = std::max(1e-6, std::hypot(way.x(), way.y()));
+        return QPointF(-way.y(), way.x()) / length;
+    };
+    QPolygonF ribbon(count * 2);
+    for (int index = 0; index < count; ++index) {
+        const QPointF before = normal(std::max(0, index - 1));
+        const QPointF after = normal(std::min(count - 2, index));
+        const QPointF sum = before + after;
+        const double square = std::max(1e-6, QPointF::dotProduct(sum, sum));
+        // The mitre: along the mean normal, longer the sharper the corner.
+        QPointF out = sum * (2 / square);
+        const double reach = std::hypot(out.x(), out.y());
+        if (reach > sharpest)
+            out *= sharpest / reach;
+        const QPointF at = line.elementAt(index);
+        ribbon[index] = at + out * (width / 2);
+        ribbon[2 * count - 1 - index] = at - out * (width / 2);
+    }
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    path.addPolygon(ribbon);
+    path.closeSubpath();
+    canvas.fill(path, brush);
 }
 
 QPainterPath areaUnder(const QPainterPath& line, double y)
@@ -94,7 +123,7 @@ void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double
     for (int stroke = strokes; stroke > 0; --stroke)
         canvas.stroke(
             path, QPen(faded(colour, alpha), width + stroke * spread, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    canvas.stroke(path, graphPen(colour, width));
+    canvas.stroke(path, QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 
 void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& track, const QBrush& fill)

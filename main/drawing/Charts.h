@@ -13,8 +13,9 @@ namespace ambrelle {
 QPolygonF samplePoints(const Box& box, const QList<double>& samples, double top);
 /// A line through the samples, rounded between them.
 QPainterPath smoothLine(const QPolygonF& points);
-/// A pen for graphs: the joins of a line of short pieces need no rounding.
-QPen graphPen(const QBrush& brush, double width);
+/// Draws a line of short straight pieces, ends cut straight. It is filled as one ribbon, which costs a third of
+/// stroking.
+void graphLine(Canvas& canvas, const QPainterPath& line, const QBrush& brush, double width);
 /// The line with straight pieces.
 QPainterPath straightLine(const QPolygonF& points);
 /// The ground between a line and the level `y`.

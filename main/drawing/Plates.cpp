@@ -2,22 +2,43 @@
 
 #include "drawing/Colours.h"
 
+#include <QImage>
 #include <QLinearGradient>
+#include <QPaintDevice>
+
+#include <cmath>
 
 namespace ambrelle {
 
 void dropShadow(
     Canvas& canvas, const Box& box, double radius, const QColor& colour, double alpha, int steps, double offset)
 {
-    QPainterPath inside;
-    inside.addRoundedRect(box, radius, radius);
-    for (int step = steps; step > 0; --step) {
-        const double grow = step - steps / 2.0;
-        QPainterPath outline;
-        outline.addRoundedRect(box.moved(0, offset).inset(-grow), radius + grow, radius + grow);
-        // Nothing under the plate itself: translucent plates would darken.
-        canvas.fill(outline.subtracted(inside), faded(colour, alpha));
-    }
+    canvas.paint([&](QPainter& painter) {
+        // Drawn apart, so that what lies under the plate itself can be taken out again: translucent plates would
+        // darken.
+        const double reach = steps / 2.0 + std::abs(offset) + 1;
+        const QTransform& device = painter.deviceTransform();
+        const QRect pixels = device.mapRect(QRectF(box.inset(-reach))).toAlignedRect();
+        QImage shadow(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+        shadow.fill(Qt::transparent);
+        QPainter brush(&shadow);
+        brush.setRenderHint(QPainter::Antialiasing);
+        brush.setTransform(device * QTransform::fromTranslate(-pixels.x(), -pixels.y()));
+        brush.setPen(Qt::NoPen);
+        brush.setBrush(faded(colour, alpha));
+        for (int step = steps; step > 0; --step) {
+            const double grow = step - steps / 2.0;
+            brush.drawRoundedRect(box.moved(0, offset).inset(-grow), radius + grow, radius + grow);
+        }
+        brush.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+        brush.setBrush(Qt::black);
+        brush.drawRoundedRect(box, radius, radius);
+        brush.end();
+        const double ratio = painter.device()->devicePixelRatio();
+        shadow.setDevicePixelRatio(ratio);
+        painter.resetTransform();
+        painter.drawImage(QPointF(pixels.topLeft()) / ratio, shadow);
+    });
 }
 
 void sheen(Canvas& canvas, const Box& box, double radius, const QColor& colour, double from, double to, double share)

@@ -31,6 +31,7 @@ struct SkinStyle {
     double captionSize = 10.5;
     double floor = 10; ///< no text smaller than this, axis ticks apart
     double rowPitch = 18;
+    double dialCap = 18; ///< height of the figure inside the shared dials
     Finish finish = Finish::smooth;
     std::optional<Typeface> unitFace{}; ///< of units, where the number face has digits only
     double rowGap = 6; ///< between rows of two lines, points

@@ -58,7 +58,10 @@ std::shared_ptr<const ShapedText> shapeInSquares(const Typeface& face, double si
 {
     auto shaped = std::make_shared<ShapedText>();
     shaped->scale = size / Typeface::squares;
-    QTextLayout layout(text, fontOf(regular(face), Typeface::squares));
+    const bool twice = face.weight >= bold;
+    QFont font = fontOf(regular(face), Typeface::squares);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, twice ? 1 : 0);
+    QTextLayout layout(text, font);
     layout.beginLayout();
     QTextLine line = layout.createLine();
     line.setLineWidth(1e6);
@@ -72,7 +75,7 @@ std::shared_ptr<const ShapedText> shapeInSquares(const Typeface& face, double si
         for (qsizetype index = 0; index < glyphs.size(); ++index)
             outline.addPath(run.rawFont().pathForGlyph(glyphs[index]).translated(places[index]));
     }
-    shaped->pixels = face.weight >= bold ? struckTwice(onGrid(outline)) : onGrid(outline);
+    shaped->pixels = twice ? struckTwice(onGrid(outline)) : onGrid(outline);
     shaped->width = text.isEmpty() ? 0 : line.naturalTextWidth() * shaped->scale;
     const QRectF ink = shaped->pixels.boundingRect();
     shaped->ink = {ink.topLeft() * shaped->scale, ink.size() * shaped->scale};
@@ -128,6 +131,12 @@ FigureGlyph makeGlyph(const Typeface& face, QChar character)
         const auto shaped = shape(face, figureMaster, character);
         glyph.path = QTransform::fromScale(squareMaster, squareMaster).map(shaped->pixels);
         glyph.advance = shaped->width;
+        if (character.isPunct() && character != u'%') {
+            // Points and colons stand in cells of their own width, not in the half em of letters.
+            const QRectF ink = glyph.path.boundingRect();
+            glyph.path.translate(squareMaster - ink.x(), 0);
+            glyph.advance = ink.width() + 2 * squareMaster;
+        }
         return glyph;
     }
     const QFont& font = fontOf(face, figureMaster);
@@ -186,7 +195,7 @@ FigurePath layOut(const QString& value, const QString& unit, const FigureStyle& 
     if (!unit.isEmpty()) {
         const Typeface& face = style.unitFace ? *style.unitFace : style.face;
         const double unitSize = face.fitted(face.sizeForCap(cap) * 0.55);
-        const double gap = face.pixel ? unitSize / Typeface::squares : 0.06 * size;
+        const double gap = face.pixel ? size / Typeface::squares : 0.06 * size;
         figure.width = appendCells(figure.unit, face, unitSize, figure.width + gap, unit);
         if (unit == u"°") // a ring hangs from the top of the digits, other units stand on their baseline
             figure.unit.translate(0, -figure.cap - figure.unit.boundingRect().top());

@@ -102,7 +102,7 @@ void GlassSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContex
     const QColor colour = reading.high ? warn : style().accent;
     const QPainterPath line = smoothLine(samplePoints(graph, reading.history, 1));
     canvas.fill(areaUnder(line, graph.bottom()), wash(graph, colour, 0.45, 0.02));
-    canvas.stroke(line, graphPen(colour, 1.8));
+    graphLine(canvas, line, colour, 1.8);
     canvas.disc(line.currentPosition(), 2.6, colour);
 }
 
@@ -167,8 +167,8 @@ void GlassSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCo
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(style().accent, 0.28));
     canvas.fill(areaUnder(lines.lower, lines.middle), faded(up, 0.28));
     canvas.rule(Box(box.x(), lines.middle - 1, box.width(), 2), trackColour, 1);
-    canvas.stroke(lines.upper, graphPen(style().accent, 1.8));
-    canvas.stroke(lines.lower, graphPen(up, 1.8));
+    graphLine(canvas, lines.upper, style().accent, 1.8);
+    graphLine(canvas, lines.lower, up, 1.8);
 }
 
 void GlassSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const

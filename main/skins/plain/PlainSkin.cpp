@@ -113,7 +113,7 @@ void PlainSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContex
     const QColor colour = reading.high ? style().warn : style().accent;
     const QPainterPath line = smoothLine(samplePoints(graph, reading.history, 1));
     canvas.fill(areaUnder(line, graph.bottom()), wash(graph, colour, 0.4, 0.02));
-    canvas.stroke(line, graphPen(colour, 1.8));
+    graphLine(canvas, line, colour, 1.8);
     if (reading.high)
         warning(canvas, Box(face.bounds.inset(style().inset)).cutTop(14).cutRight(12));
 }
@@ -168,8 +168,8 @@ void PlainSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCo
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(style().down, 0.28));
     canvas.fill(areaUnder(lines.lower, lines.middle), faded(style().up, 0.28));
-    canvas.stroke(lines.upper, graphPen(style().down, 1.6));
-    canvas.stroke(lines.lower, graphPen(style().up, 1.6));
+    graphLine(canvas, lines.upper, style().down, 1.6);
+    graphLine(canvas, lines.lower, style().up, 1.6);
 }
 
 void PlainSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const
