@@ -68,10 +68,16 @@ void hub(Canvas& canvas, QPointF centre, double turns)
     canvas.stroke(teeth, QPen(pale, 2, Qt::SolidLine, Qt::FlatCap));
 }
 
-/// Tape wound about a hub: its area grows evenly with `share`.
-void pack(Canvas& canvas, QPointF centre, double share)
+/// The radius of wound tape, in steps of half a point: its area grows evenly with `share`.
+double packRadius(double share)
 {
-    const double radius = std::sqrt(std::lerp(leastPack * leastPack, mostPack * mostPack, std::clamp(share, 0.0, 1.0)));
+    const double area = std::lerp(leastPack * leastPack, mostPack * mostPack, std::clamp(share, 0.0, 1.0));
+    return std::round(std::sqrt(area) * 2) / 2;
+}
+
+/// Tape wound about a hub.
+void pack(Canvas& canvas, QPointF centre, double radius)
+{
     canvas.disc(centre, radius, tape);
     QPainterPath rings;
     for (double r = hubRadius + 2; r < radius; r += 2.2)
@@ -88,8 +94,12 @@ void reels(Canvas& canvas, const SkinStyle& style, const Box& box, const NowPlay
     const double apart = box.width() * 0.25;
     const QPointF left = box.center() - QPointF(apart, 0);
     const QPointF right = box.center() + QPointF(apart, 0);
-    pack(canvas, left, 1 - reading.progress);
-    pack(canvas, right, reading.progress);
+    const double leftRadius = packRadius(1 - reading.progress);
+    const double rightRadius = packRadius(reading.progress);
+    canvas.still(QStringLiteral("packs %1 %2").arg(leftRadius).arg(rightRadius), box, [&](Canvas& layer) {
+        pack(layer, left, leftRadius);
+        pack(layer, right, rightRadius);
+    });
     for (const QPointF& centre : {left, right}) {
         if (!reading.playing) {
             hub(canvas, centre, 0);

@@ -40,19 +40,14 @@ void HiFiSkin::header(Canvas& canvas, Box& content, const FaceContext&, const QS
     const Box pilot = line.cutRight(pilotRadius * 2);
     canvas.still(QStringLiteral("pilot"), pilot.inset(-6, -3),
         [&](Canvas& layer) { lamp(layer, pilot.center(), pilotRadius, style().accent, true); });
-    line.cutRight(6);
+    line.cutRight(4);
     canvas.text(line, title, style().header().coloured(pale).engraved(engraving));
     content.cutTop(style().titleGap);
 }
 
-Box HiFiSkin::dialAt(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
-{
-    return tickDial(canvas, style(), box, fraction, colour);
-}
-
 Box HiFiSkin::progressDial(Canvas& canvas, const Box& box, double fraction) const
 {
-    return dialAt(canvas, box, fraction, style().accent);
+    return tickDial(canvas, style(), box, fraction, style().accent);
 }
 
 void HiFiSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const

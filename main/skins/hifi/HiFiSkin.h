@@ -15,6 +15,8 @@ public:
     void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
     Box progressDial(Canvas& canvas, const Box& box, double fraction) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    double photoMat() const override { return 8; }
+    double photoCorner() const override { return 3; }
 
     void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const CalendarReading& reading, const FaceContext& face) const override;
@@ -31,7 +33,6 @@ public:
 
 private:
     void progress(Canvas& canvas, const Box& box, const NowPlayingReading& reading) const;
-    Box dialAt(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const;
 };
 
 } // namespace ambrelle

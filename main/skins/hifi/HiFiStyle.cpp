@@ -24,7 +24,7 @@ constexpr double thinnestWire = 0.7;
 SkinStyle makeStyle(const std::optional<QColor>& accent)
 {
     return {
-        .title = {.family = QStringLiteral("Jura"), .weight = 700, .capRatio = 0.71, .tracking = 1},
+        .title = {.family = QStringLiteral("Jura"), .weight = 700, .capRatio = 0.71, .tracking = 0.7},
         .body = {.family = QStringLiteral("Jura"), .weight = 600, .capRatio = 0.71},
         .number = {.family = QStringLiteral("Quicksand Light"), .weight = 400, .capRatio = 0.71},
         .ink = ink,
@@ -41,7 +41,7 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
         .ground = over(faded(Qt::white, brightestSheen), glass),
         .titleSize = 11,
         .rowSize = 12.5,
-        .captionSize = 11,
+        .captionSize = 10.5,
         .floor = 10.5,
         .rowPitch = 20,
     };

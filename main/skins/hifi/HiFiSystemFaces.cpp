@@ -44,7 +44,9 @@ void lampBar(
 void signal(Canvas& canvas, const Box& box, const QString& symbol, const QColor& colour, const QColor& dark, bool lit)
 {
     Box line = box;
-    lamp(canvas, line.cutLeft(12).center(), 4, colour, lit);
+    const Box jewel = line.cutLeft(12);
+    canvas.still(QStringLiteral("lamp %1 %2").arg(symbol).arg(lit), jewel.centred(24, 24),
+        [&](Canvas& layer) { lamp(layer, jewel.center(), 4, colour, lit); });
     canvas.symbol(line.cutRight(15), symbol, 14, lit ? colour : dark);
 }
 
@@ -96,7 +98,7 @@ void HiFiSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContex
     if (reading.high)
         warning(canvas, footer.cutRight(14));
     canvas.text(footer, reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
-    const Box inside = dialAt(canvas, box, reading.fraction, reading.high ? style().warn : style().accent);
+    const Box inside = tickDial(canvas, style(), box, reading.fraction, reading.high ? style().warn : style().accent);
     canvas.figure(
         inside, QString::number(reading.percent), QStringLiteral("%"), wire(style(), 24).aligned(Align::centre));
 }
@@ -113,7 +115,7 @@ void HiFiSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCon
     signal(canvas, lamps.row(1, 3), QStringLiteral("powerplug.fill"), pale, dark, reading.onMains);
     signal(canvas, lamps.row(2, 3), QStringLiteral("exclamationmark.triangle.fill"), style().warn, dark, reading.low);
     Box eye = box.cutLeft(box.height());
-    const Box cap = magicEye(canvas, eye, reading.level, reading.low);
+    const Box cap = magicEye(canvas, eye, reading.percent, reading.low);
     const GroundScope ground(canvas, tubeDark);
     canvas.figure(cap, QString::number(reading.percent), QStringLiteral("%"), wire(style(), 20).aligned(Align::centre));
 }
@@ -122,7 +124,7 @@ void HiFiSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCon
 {
     Box box = framed(canvas, face);
     const Box meters = box.cutTop(58);
-    Box figures = box.cutTop(30);
+    const Box figures = box.cutTop(32);
     const auto channel = [&](int side, const QString& arrow, const Units::Pair& rate, const History& history) {
         const VuMeter meter{.style = style(), .window = meters.column(side, 2, 14), .depth = 20};
         canvas.still(QStringLiteral("meter %1").arg(side), meter.window.inset(-2), [&](Canvas& layer) {
@@ -131,7 +133,7 @@ void HiFiSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCon
         });
         const double now = history.isEmpty() ? 0 : history.last();
         meter.needle(canvas, now / std::max(1.0, reading.peak), side + 1);
-        markedFigure(canvas, figures.column(side, 2, 14), arrow, style().accentText(), rate, wire(style(), 20));
+        markedFigure(canvas, figures.column(side, 2, 14), arrow, style().accentText(), rate, wire(style(), 19));
     };
     channel(0, QStringLiteral("arrow.down"), reading.down, reading.downHistory);
     channel(1, QStringLiteral("arrow.up"), reading.up, reading.upHistory);
@@ -163,7 +165,7 @@ void HiFiSkin::draw(Canvas& canvas, const ProcessesReading& reading, const FaceC
     rows(box, std::min<qsizetype>(reading.rows.size(), 5), 23, [&](const Box& row, qsizetype index) {
         const ProcessesReading::Row& process = reading.rows[index];
         Box line = row;
-        const Box scale = line.cutBottom(9).inset(0, 1);
+        const Box scale = line.cutBottom(8).inset(0, 1);
         const double value = canvas.text(line, process.percent, amber(style(), style().rowValue()));
         line.cutRight(value + 6);
         canvas.text(line, process.name, style().row().engraved(engraving));

@@ -25,13 +25,16 @@ constexpr double pictogramLine = 1.5;
 /// A drawing bent from glowing wire.
 void wirePictogram(Canvas& canvas, const Box& box, Sky sky, const QColor& colour, double line)
 {
-    const auto paint = [&](const QColor& c, double width) {
+    const auto paint = [&](Canvas& layer, const QColor& c, double width) {
         const PictogramPaint lines{.sun = c, .moon = c, .cloud = c, .water = c, .bolt = c, .outline = width};
-        drawPictogram(canvas, box, sky, lines);
+        drawPictogram(layer, box, sky, lines);
     };
-    paint(faded(colour, 0.1), line + 5);
-    paint(faded(colour, 0.16), line + 2.5);
-    paint(blended(colour, digitLit, 0.45), line);
+    const QString name = QStringLiteral("sky %1 %2").arg(static_cast<int>(sky)).arg(box.x());
+    canvas.still(name, box.inset(-3), [&](Canvas& layer) {
+        paint(layer, faded(colour, 0.1), line + 5);
+        paint(layer, faded(colour, 0.16), line + 2.5);
+        paint(layer, blended(colour, digitLit, 0.45), line);
+    });
 }
 
 /// The days as stations of a dial; the first one is today.
@@ -64,8 +67,9 @@ void HiFiSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceConte
 {
     Box box = framed(canvas, face, style().caps(reading.dateLine()));
     Box footer = box.cutBottom(Bands::footer);
-    const double half = canvas.text(footer, reading.meridiem, amber(style(), style().header()).aligned(Align::right));
-    footer.cutRight(half + 8);
+    const double meridiem =
+        canvas.text(footer, reading.meridiem, amber(style(), style().header()).aligned(Align::right));
+    footer.cutRight(meridiem + 8);
     canvas.text(footer, reading.tag(), style().caption());
     box.cutBottom(4);
     const Box dial = box.cutRight(54);
@@ -80,7 +84,7 @@ void HiFiSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceCo
     const Box box = framed(canvas, face, style().caps(reading.month));
     const int place = reading.firstColumn + reading.today - 1;
     const int lines = (reading.firstColumn + reading.days + 6) / 7 + 1;
-    const Box scale = Box(box.row(0, lines)).moved(0, 3).cutBottom(4);
+    const Box scale = Box(box.row(0, lines)).moved(0, 1).cutBottom(4);
     TunerScale{.steps = 28, .every = 4}.draw(canvas, scale);
     const Box cell = box.column(place % 7, 7).row(place / 7 + 1, lines);
     QRadialGradient halo(cell.center(), cell.height());
@@ -88,12 +92,12 @@ void HiFiSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceCo
     halo.setColorAt(1, faded(style().accent, 0));
     canvas.disc(cell.center(), cell.height(), halo);
     const TextStyle day = style().caption().coloured(style().ink);
-    monthGrid(canvas, box.moved(0, -1), reading,
+    monthGrid(canvas, Box(box.x(), box.y() - 1, box.width(), box.height() + 1), reading,
         {.weekday = style().caption().coloured(champagne),
             .day = day,
             .todayFill = style().accent,
             .todayInk = inkOn(style().accent)});
-    pointer(canvas, scale.inset(0, -1.5), (place % 7 + 0.5) / 7);
+    pointer(canvas, Box(scale).cutBottom(scale.height()).moved(0, -1).inset(0, -1), (place % 7 + 0.5) / 7);
 }
 
 void HiFiSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
@@ -101,12 +105,9 @@ void HiFiSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCon
     Box box = framed(canvas, face, reading.place);
     stations(canvas, style(), box.cutRight(166), reading);
     box.cutRight(12);
-    Box footer = box.cutBottom(Bands::footer);
-    const double range = canvas.text(
-        footer, reading.high + QStringLiteral(" / ") + reading.low, style().caption().aligned(Align::right));
-    footer.cutRight(range + 6);
-    canvas.text(footer, reading.description, style().row());
-    box.cutBottom(6);
+    canvas.text(box.cutBottom(Bands::footer), reading.high + QStringLiteral(" / ") + reading.low, style().caption());
+    canvas.text(box.cutBottom(18), reading.description, style().row());
+    box.cutBottom(4);
     const Box sky = box.cutRight(46);
     wirePictogram(canvas, sky.centred(44, 44), reading.sky, style().accent, pictogramLine);
     Nixies{.style = style(), .cap = temperatureCap, .seed = 8, .name = QStringLiteral("temperature")}.draw(
@@ -150,20 +151,22 @@ void HiFiSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Face
 void HiFiSkin::progress(Canvas& canvas, const Box& box, const NowPlayingReading& reading) const
 {
     constexpr int marks = 10;
-    canvas.still(QStringLiteral("scale"), box.inset(-1), [&](Canvas& layer) { window(layer, box, style().accent); });
+    const Box line = box.inset(56, 3);
+    const Box ticks = Box(line).cutTop(10);
+    canvas.still(QStringLiteral("scale"), box.inset(-1), [&](Canvas& layer) {
+        window(layer, box, style().accent);
+        TunerScale{.steps = 50, .every = 5}.draw(layer, ticks);
+    });
     const GroundScope ground(canvas, over(faded(style().accent, 0.16), tubeDark));
-    Box line = box.inset(8, 3);
-    canvas.text(line.cutLeft(40), reading.elapsed, amber(style(), style().caption()));
-    canvas.text(line.cutRight(40), reading.total, style().caption().aligned(Align::right));
-    line = line.inset(8, 0);
+    Box times = box.inset(8, 3);
+    canvas.text(times.cutLeft(36), reading.elapsed, amber(style(), style().caption()));
+    canvas.text(times.cutRight(36), reading.total, style().caption().aligned(Align::right));
+    const TextStyle number = style().caption().sized(9).coloured(champagne).aligned(Align::centre).asAxis();
     const Box numbers = Box(line).cutBottom(11);
     for (int mark = 0; mark <= marks; mark += 2) {
         const double x = line.left() + line.width() * mark / marks;
-        canvas.text({x - 10, numbers.y(), 20, numbers.height()}, QString::number(mark * 10),
-            style().caption().sized(9).coloured(champagne).aligned(Align::centre).asAxis());
+        canvas.text({x - 10, numbers.y(), 20, numbers.height()}, QString::number(mark * 10), number);
     }
-    const Box ticks = Box(line).cutTop(10);
-    TunerScale{.steps = 50, .every = 5}.draw(canvas, ticks);
     pointer(canvas, ticks.inset(0, -1), reading.progress);
 }
 

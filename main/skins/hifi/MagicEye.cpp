@@ -16,6 +16,7 @@ namespace {
 
 const QColor phosphor(0x7B, 0xF0, 0x8A); // a charged battery's fan
 const QColor phosphorLow(0xFF, 0xA6, 0x3C); // towards the edges, and the whole of it when low
+const QColor capLight(0x33, 0x2B, 0x24);
 
 constexpr double capShare = 0.56; // of the glass's radius
 constexpr double widestShadow = 150; // degrees, when empty
@@ -57,20 +58,9 @@ void socket(Canvas& canvas, QPointF centre, double radius)
     canvas.disc(centre, radius - bezel, tubeDark);
 }
 
-} // namespace
-
-Box magicEye(Canvas& canvas, const Box& box, double fraction, bool low)
+void phosphorFan(Canvas& canvas, QPointF centre, double inner, double outer, double shadow, bool low)
 {
-    const Box square = box.square();
-    const QPointF centre = square.center();
-    const double radius = square.width() / 2;
-    const double outer = radius - bezel - 1;
-    const double inner = outer * capShare;
-    canvas.still(QStringLiteral("eye"), square.inset(-1), [&](Canvas& layer) { socket(layer, centre, radius); });
-
-    const double shadow = widestShadow * (1 - std::clamp(std::isnan(fraction) ? 0 : fraction, 0.0, 1.0));
-    const QColor body = low ? phosphorLow : phosphor;
-    canvas.fill(fan(centre, inner, outer, 0), faded(body, 0.13)); // the shadow is never quite dark
+    canvas.fill(fan(centre, inner, outer, 0), faded(low ? phosphorLow : phosphor, 0.13)); // never quite dark
     canvas.fill(fan(centre, inner, outer, shadow), light(centre, low));
     QRadialGradient depth(centre, outer);
     depth.setColorAt(0, faded(Qt::black, 0.75));
@@ -78,16 +68,35 @@ Box magicEye(Canvas& canvas, const Box& box, double fraction, bool low)
     depth.setColorAt(0.8, faded(Qt::black, 0));
     depth.setColorAt(1, faded(Qt::black, 0.25));
     canvas.disc(centre, outer, depth);
+}
 
-    QRadialGradient cap(centre, inner, centre - QPointF(inner, inner) * 0.4);
-    cap.setColorAt(0, QColor(0x33, 0x2B, 0x24));
+void coverCap(Canvas& canvas, QPointF centre, double radius)
+{
+    QRadialGradient cap(centre, radius, centre - QPointF(radius, radius) * 0.4);
+    cap.setColorAt(0, capLight);
     cap.setColorAt(1, tubeDark);
-    canvas.disc(centre, inner, cap);
-    QPainterPath glint;
-    const Box arc = square.inset(bezel + 4);
-    glint.arcMoveTo(arc, 150);
-    glint.arcTo(arc, 150, -50);
-    canvas.stroke(glint, QPen(faded(Qt::white, 0.35), 2, Qt::SolidLine, Qt::RoundCap));
+    canvas.disc(centre, radius, cap);
+}
+
+} // namespace
+
+Box magicEye(Canvas& canvas, const Box& box, int percent, bool low)
+{
+    const Box square = box.square();
+    const double radius = square.width() / 2;
+    const double outer = radius - bezel - 1;
+    const double inner = outer * capShare;
+    const double shadow = widestShadow * (1 - std::clamp(percent, 0, 100) / 100.0);
+    canvas.still(QStringLiteral("eye %1 %2").arg(percent).arg(low), square.inset(-1), [&](Canvas& layer) {
+        socket(layer, square.center(), radius);
+        phosphorFan(layer, square.center(), inner, outer, shadow, low);
+        coverCap(layer, square.center(), inner);
+        QPainterPath glint;
+        const Box arc = square.inset(bezel + 4);
+        glint.arcMoveTo(arc, 150);
+        glint.arcTo(arc, 150, -50);
+        layer.stroke(glint, QPen(faded(Qt::white, 0.35), 2, Qt::SolidLine, Qt::RoundCap));
+    });
     const double side = inner * 1.8;
     return square.centred(side, side);
 }

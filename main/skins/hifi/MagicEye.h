@@ -4,8 +4,8 @@
 
 namespace ambrelle::hifi {
 
-/// A tuning eye: a glowing fan about a dark cap whose shadow closes as `fraction` (0 to 1) rises. Returns the box of
+/// A tuning eye: a glowing fan about a dark cap whose shadow closes as `percent` rises. Returns the box of
 /// the cap, where a figure may stand.
-Box magicEye(Canvas& canvas, const Box& box, double fraction, bool low);
+Box magicEye(Canvas& canvas, const Box& box, int percent, bool low);
 
 } // namespace ambrelle::hifi

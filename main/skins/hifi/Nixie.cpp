@@ -66,7 +66,12 @@ void glassTube(Canvas& canvas, const Box& tube, const FigureStyle& digit)
     canvas.figure(tube, QStringLiteral("8"), {}, digit.filled(faded(digitLit, 0.06)));
 }
 
-/// What a burning digit throws on the inside of its tube.
+QColor burning(double level)
+{
+    return blended(tubeDark, digitLit, std::sqrt(level));
+}
+
+/// What a burning digit throws on the inside of its tube, and the edge of its wire.
 void halo(
     Canvas& canvas, const Box& tube, const QString& shown, const FigureStyle& digit, const QColor& colour, double level)
 {
@@ -81,7 +86,9 @@ void halo(
         inside.addRoundedRect(tube, tube.width() * 0.4, tube.width() * 0.4);
         painter.setClipPath(inside);
         Canvas glass(painter, {});
-        glow(glass, path.digits.translated(pen), faded(colour, level), digit.outline, 6, 0.07 * level, path.cap / 26);
+        const QPainterPath bent = path.digits.translated(pen);
+        glow(glass, bent, faded(colour, level), digit.outline, 6, 0.07 * level, path.cap / 26);
+        glass.stroke(bent, QPen(burning(level), digit.outline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     });
 }
 
@@ -167,13 +174,16 @@ double Nixies::draw(Canvas& canvas, const Box& box, const QString& value, const 
             const QString lit = QStringLiteral("%1 %2 %3").arg(tube, shown).arg(level);
             moving.still(lit, place, [&](Canvas& layer) { halo(layer, place, shown, digit, style.accent, level); });
             const GroundScope ground(moving, tubeDark);
-            moving.figure(place, shown, {}, digit.filled(blended(tubeDark, digitLit, std::sqrt(level))));
+            FigureStyle core = digit.filled(burning(level));
+            core.outline = 0;
+            moving.figure(place, shown, {}, core);
         });
     }
     const double end = cells * size;
     if (!unit.isEmpty()) {
-        // Beside the foot of the last tube, on the digits' baseline.
-        const double middle = box.center().y() + size / 2 - unitSize * style.body.capRatio / 2;
+        // Beside the foot of the last tube, on the digits' baseline; a degree ring hangs beside its head.
+        const double rise = size / 2 - unitSize * style.body.capRatio / 2;
+        const double middle = box.center().y() + (unit == u"°" ? -rise : rise);
         const Box beside(box.left() + end + 5, middle - unitSize / 2, unitWidth, unitSize);
         canvas.text(beside, unit, style.caption().sized(unitSize));
     }

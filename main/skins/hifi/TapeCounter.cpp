@@ -14,6 +14,8 @@ constexpr double drumWidth = 0.95;
 constexpr double drumHeight = 1.62;
 constexpr double pointWidth = 0.32;
 constexpr double drumGap = 0.06;
+constexpr double unitShare = 0.55;
+constexpr double unitGap = 5; // points
 
 bool isPoint(QChar character)
 {
@@ -40,33 +42,32 @@ double tapeCounter(
     double cells = 0;
     for (const QChar character : value)
         cells += isPoint(character) ? pointWidth : drumWidth + drumGap;
-    const TextStyle text = style.caption();
-    const double unitWidth = shape(text.face, text.size, unit)->width + 5;
+    const TextStyle text = style.caption().sized(std::max(style.floor, cap * unitShare));
+    const double unitWidth = shape(text.face, text.size, unit)->width + unitGap;
     const double size = std::min(cap, (box.width() - unitWidth) / std::max(1.0, cells));
-    const double height = size * drumHeight;
-    double x = box.left();
+    Box rest = box;
     qsizetype left = value.size();
-    const GroundScope outside(canvas, canvas.ground());
     for (const QChar character : value) {
         const bool last = --left == 0;
         if (isPoint(character)) {
-            canvas.disc({x + size * pointWidth / 2 - 0.5, box.center().y() + size / 2}, std::max(1.2, size * 0.07),
-                style.accent);
-            x += size * pointWidth;
+            const Box gap = rest.cutLeft(size * pointWidth);
+            const double radius = std::max(1.2, size * 0.07);
+            canvas.disc({gap.center().x() - 0.5, gap.center().y() + size / 2}, radius, style.accent);
             continue;
         }
-        const Box place(x, box.center().y() - height / 2, size * drumWidth, height);
-        drum(canvas, place, last);
-        canvas.setGround(last ? paper : drumDark);
-        FigureStyle digit = printed(style, size).aligned(Align::centre);
-        digit.fill = last ? print : style.ink;
-        canvas.figure(place, QString(character), {}, digit);
-        x += size * (drumWidth + drumGap);
+        const Box cell = rest.cutLeft(size * drumWidth);
+        rest.cutLeft(size * drumGap);
+        const Box place = cell.centred(cell.width(), size * drumHeight);
+        const QString name = QStringLiteral("drum %1 %2").arg(place.x()).arg(last);
+        canvas.still(name, place.inset(-1), [&](Canvas& layer) { drum(layer, place, last); });
+        const GroundScope ground(canvas, last ? paper : drumDark);
+        const QColor ink = last ? print : style.ink;
+        canvas.figure(place, QString(character), {}, printed(style, size).aligned(Align::centre).filled(ink));
     }
-    canvas.setGround(style.ground);
     const double baseline = box.center().y() + size / 2;
-    canvas.text({x + 5, baseline - text.size * text.face.capRatio / 2 - 7, unitWidth, 14}, unit, text);
-    return x + unitWidth - box.left();
+    rest.cutLeft(unitGap);
+    canvas.text({rest.x(), baseline - text.size * text.face.capRatio / 2 - 7, unitWidth, 14}, unit, text);
+    return rest.x() + unitWidth - unitGap - box.left();
 }
 
 } // namespace ambrelle::hifi

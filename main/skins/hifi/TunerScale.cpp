@@ -73,20 +73,23 @@ Box tickDial(Canvas& canvas, const SkinStyle& style, const Box& box, double frac
         const double angle = (start + turn * place) * std::numbers::pi / 180;
         return QPointF(std::sin(angle), -std::cos(angle));
     };
-    QPainterPath on;
-    QPainterPath off;
     const double value = bounded(fraction);
-    const long count = std::lround(value * (ticks - 1));
-    for (int index = 0; index < ticks; ++index) {
+    const auto tick = [&](Canvas& layer, int index, const QPen& pen) {
         const QPointF direction = way(static_cast<double>(index) / (ticks - 1));
-        QPainterPath& path = value > 0 && index <= count ? on : off;
-        path.moveTo(circle.center() + direction * (outer - (index % 5 == 0 ? length : length * 0.65)));
-        path.lineTo(circle.center() + direction * outer);
-    }
-    canvas.stroke(off, QPen(style.faint.lighter(125), 1.4));
-    canvas.stroke(on, QPen(faded(lit, 0.12), 6, Qt::SolidLine, Qt::RoundCap));
-    canvas.stroke(on, QPen(faded(lit, 0.22), 3.4, Qt::SolidLine, Qt::RoundCap));
-    canvas.stroke(on, QPen(lit, 1.6));
+        const double inner = outer - (index % 5 == 0 ? length : length * 0.65);
+        layer.line(circle.center() + direction * inner, circle.center() + direction * outer, pen);
+    };
+    const int litTicks = value > 0 ? static_cast<int>(std::lround(value * (ticks - 1))) + 1 : 0;
+    const QString name = QStringLiteral("ticks %1 %2").arg(litTicks).arg(lit.name());
+    canvas.still(name, circle.inset(-4), [&](Canvas& layer) {
+        for (int index = litTicks; index < ticks; ++index)
+            tick(layer, index, QPen(style.faint.lighter(125), 1.4, Qt::SolidLine, Qt::FlatCap));
+        for (int index = 0; index < litTicks; ++index) {
+            tick(layer, index, QPen(faded(lit, 0.12), 6, Qt::SolidLine, Qt::RoundCap));
+            tick(layer, index, QPen(faded(lit, 0.22), 3.4, Qt::SolidLine, Qt::RoundCap));
+            tick(layer, index, QPen(lit, 1.6, Qt::SolidLine, Qt::FlatCap));
+        }
+    });
     const QPointF hand = way(value);
     canvas.line(circle.center() + hand * (outer - length - 8), circle.center() + hand * (outer - 1),
         QPen(pale, 2, Qt::SolidLine, Qt::RoundCap));

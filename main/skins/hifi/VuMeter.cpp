@@ -70,6 +70,8 @@ void VuMeter::scale(Canvas& canvas) const
         canvas.line(at(place, r - (step % 5 ? 2 : 3.5)), at(place, r), QPen(faded(print, 0.7), 0.6));
     }
     const TextStyle label = TextStyle{.face = style.title.tracked(0), .size = 9}.aligned(Align::centre).asAxis();
+    const Box corner = Box(window).inset(8, 5).cutBottom(10);
+    canvas.text(corner, QStringLiteral("VU"), label.coloured(print).aligned(Align::right));
     for (const Mark& mark : marks) {
         const bool red = mark.place >= redZone;
         canvas.line(at(mark.place, r), at(mark.place, r + 4), QPen(red ? pointerRed : print, 1));
