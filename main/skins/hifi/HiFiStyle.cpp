@@ -16,8 +16,8 @@ const QColor warn(0xFF, 0x6A, 0x45);
 
 constexpr double brightestSheen = 0.1;
 constexpr double wirePerCap = 1.6 / 64; // width of a digit's wire in parts of its height
-constexpr double pressPerCap = 0.06; // ink spreads
-constexpr double thinnestWire = 0.7;
+constexpr double leastStroked = 24; // height from which a stroke shows; smaller figures take a stronger face
+const Typeface smallFigures{.family = QStringLiteral("Quicksand Medium"), .weight = 400, .capRatio = 0.7};
 
 } // namespace
 
@@ -50,16 +50,19 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
 FigureStyle wire(const SkinStyle& style, double cap)
 {
     FigureStyle figure = style.figure(cap).filled(digitLit);
-    figure.outline = std::max(thinnestWire, cap * wirePerCap);
     figure.unitFace = style.body;
     figure.unitColour = style.soft;
+    if (cap < leastStroked)
+        figure.face = smallFigures;
+    else
+        figure.outline = cap * wirePerCap;
     return figure;
 }
 
 FigureStyle printed(const SkinStyle& style, double cap)
 {
     FigureStyle figure = style.figure(cap).filled(print);
-    figure.outline = std::max(thinnestWire, cap * pressPerCap);
+    figure.face = smallFigures;
     figure.unitFace = style.body;
     figure.unitColour = print;
     return figure;
