@@ -10,9 +10,9 @@ namespace ambrelle {
 
 namespace {
 
-constexpr double badgeSize = 22;
+constexpr double badgeSize = 20;
 constexpr double badgeCorner = 7;
-constexpr double headerHeight = 20;
+constexpr double headerHeight = 18;
 
 QPen round(const QBrush& brush, double width)
 {
@@ -181,7 +181,7 @@ void CardHand::rates(Canvas& canvas, const Box& box, const NetworkReading& readi
 void CardHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
 {
     constexpr double size = 18;
-    const TextStyle value = style().rowValue().faced(look().label).coloured(look().ink);
+    const TextStyle value = style().rowValue().sized(12).faced(look().label).coloured(look().ink);
     rows(content, std::min<qsizetype>(reading.rows.size(), 5), content.height() / 5,
         [&](const Box& row, qsizetype index) {
             const ProcessesReading::Row& process = reading.rows[index];
@@ -194,7 +194,7 @@ void CardHand::processes(Canvas& canvas, const Box& content, const ProcessesRead
                 style().header().sized(11).coloured(ink).aligned(Align::centre));
             canvas.setGround(before);
             line.cutLeft(8);
-            named(canvas, line, process.name, style().row(), process.percent, value);
+            named(canvas, line, process.name, style().row().sized(12), process.percent, value);
         });
 }
 

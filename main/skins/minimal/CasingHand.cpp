@@ -255,7 +255,7 @@ void CasingHand::processes(Canvas& canvas, const Box& content, const ProcessesRe
 void CasingHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const
 {
     skin().header(canvas, content, face, reading.place);
-    const Box days = content.cutRight(172);
+    const Box days = content.cutRight(180);
     content.cutRight(16);
     currentWeather(canvas, content, reading);
     rows(days, std::min<qsizetype>(reading.days.size(), 5), days.height() / 5, [&](const Box& row, qsizetype index) {
@@ -266,7 +266,7 @@ void CasingHand::weather(Canvas& canvas, Box content, const WeatherReading& read
         canvas.text(line.cutLeft(34), style().caps(day.name), caption.faced(look().label).coloured(look().ink));
         canvas.text(line.cutLeft(26), day.date, caption);
         drawPictogram(canvas, line.cutLeft(22).centred(18, 18), day.sky, pictograms());
-        canvas.text(line.cutRight(34), day.low, caption.aligned(Align::right));
+        canvas.text(line.cutRight(40), day.low, caption.aligned(Align::right));
         canvas.text(line.cutRight(34), day.high, caption.coloured(look().ink).aligned(Align::right));
     });
 }

@@ -251,7 +251,7 @@ void FrostHand::processes(Canvas& canvas, const Box& content, const ProcessesRea
 void FrostHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const
 {
     constexpr double pitch = 22;
-    const Box days = content.cutRight(162);
+    const Box days = content.cutRight(174);
     content.cutRight(16);
     skin().header(canvas, content, face, reading.place);
     currentWeather(canvas, content, reading);
@@ -261,8 +261,8 @@ void FrostHand::weather(Canvas& canvas, Box content, const WeatherReading& readi
         Box line = row;
         canvas.text(line.cutLeft(34), day.name, caption.coloured(look().ink));
         drawPictogram(canvas, line.cutLeft(20).centred(18, 18), day.sky, pictograms());
-        canvas.text(line.cutLeft(28), day.low, caption.aligned(Align::right));
-        canvas.text(line.cutRight(26), day.high, caption.coloured(look().ink).aligned(Align::right));
+        canvas.text(line.cutLeft(36), day.low, caption.aligned(Align::right));
+        canvas.text(line.cutRight(34), day.high, caption.coloured(look().ink).aligned(Align::right));
         const Box bar = line.inset(6, 0).centred(line.width() - 12, 3);
         canvas.fill(bar, emptyTrack, 1.5);
         Box span = bar;

@@ -206,7 +206,7 @@ void HairlineHand::processes(Canvas& canvas, const Box& content, const Processes
 void HairlineHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const
 {
     skin().header(canvas, content, face, reading.place);
-    const Box days = content.cutRight(168);
+    const Box days = content.cutRight(174);
     content.cutRight(20);
     currentWeather(canvas, content, reading);
     rows(days, std::min<qsizetype>(reading.days.size(), 5), days.height() / 5, [&](const Box& row, qsizetype index) {
@@ -217,7 +217,7 @@ void HairlineHand::weather(Canvas& canvas, Box content, const WeatherReading& re
         canvas.text(line.cutLeft(38), day.name, caption.coloured(look().ink));
         canvas.text(line.cutLeft(28), day.date, caption);
         drawPictogram(canvas, line.cutLeft(20).centred(17, 17), day.sky, pictograms());
-        canvas.text(line.cutRight(34), day.low, caption.aligned(Align::right));
+        canvas.text(line.cutRight(38), day.low, caption.aligned(Align::right));
         canvas.text(line.cutRight(34), day.high, caption.coloured(look().ink).aligned(Align::right));
     });
 }

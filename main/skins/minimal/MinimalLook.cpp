@@ -48,7 +48,7 @@ MinimalLook polar()
         .border = Qt::white,
         .cloud = QColor(0xF4, 0xFB, 0xFF),
         .smallNumber = manrope(300, 0.92),
-        .rowSize = 13,
+        .rowGap = 5.5,
         .clockCap = 72,
         .heroCap = 42,
         .temperatureCap = 52,
@@ -83,6 +83,7 @@ MinimalLook mono()
         .border = QColor(0x2E, 0x2E, 0x2E),
         .cloud = Qt::white,
         .smallNumber = {.family = QStringLiteral("Inter Display"), .weight = 200, .capRatio = 0.74},
+        .rowGap = 4,
         .titleGap = 8,
         .clockCap = 74,
         .heroCap = 42,
@@ -103,6 +104,9 @@ MinimalLook cards()
         .body = manrope(500),
         .inset = 18,
         .smallNumber = manrope(600, 0.94),
+        .rowSize = 12,
+        .rowGap = 5.5,
+        .titleGap = 4,
         .photoMat = 0,
     };
 }
@@ -266,7 +270,7 @@ SkinStyle MinimalLook::style() const
         .ground = over(panelFill, Qt::white),
         .titleSize = titleSize,
         .rowSize = rowSize,
-        .rowGap = 4,
+        .rowGap = rowGap,
         .smallNumber = smallNumber,
     };
 }

@@ -48,6 +48,7 @@ struct MinimalLook {
     Typeface smallNumber{}; ///< for figures below cap 30
     double titleSize = 12;
     double rowSize = 12.5;
+    double rowGap = 6; ///< between rows of two lines
     double titleGap = 6;
     double clockCap = 70;
     double heroCap = 40;

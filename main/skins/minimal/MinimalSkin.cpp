@@ -54,26 +54,31 @@ void MinimalSkin::draw(Canvas& canvas, const CalendarReading& reading, const Fac
             .todayCorner = m_hand->todayCorner()});
 }
 
+void MinimalSkin::hero(Canvas& canvas, Box& content, const QString& value, const QString& unit, bool high) const
+{
+    constexpr double mark = 14;
+    Box band = content.cutTop(Bands::hero);
+    if (high) {
+        warning(canvas, band.cutRight(mark));
+        band.cutRight(Bands::gap);
+    }
+    canvas.figure(band, value, unit, style().figure(m_look.heroCap));
+    content.cutTop(Bands::gap);
+}
+
 void MinimalSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
 {
-    const Box box = framed(canvas, face);
-    const Box graph = heroAndFooter(canvas, *this, box, QString::number(reading.percent), QStringLiteral("%"),
-        reading.load, style().figure(m_look.heroCap));
-    if (reading.high)
-        warning(canvas, Box(box).cutTop(Bands::hero).cutRight(14));
-    m_hand->history(canvas, graph, reading.history, loadColour(reading.high));
+    Box box = framed(canvas, face);
+    hero(canvas, box, QString::number(reading.percent), QStringLiteral("%"), reading.high);
+    canvas.text(box.cutBottom(Bands::footer), reading.load, style().caption());
+    box.cutBottom(Bands::gap);
+    m_hand->history(canvas, box, reading.history, loadColour(reading.high));
 }
 
 void MinimalSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    Box hero = box.cutTop(Bands::hero);
-    if (reading.high) {
-        warning(canvas, hero.cutRight(14));
-        hero.cutRight(4);
-    }
-    canvas.figure(hero, reading.used, QStringLiteral("GB"), style().figure(m_look.heroCap));
-    box.cutTop(Bands::gap);
+    hero(canvas, box, reading.used, QStringLiteral("GB"), reading.high);
     m_hand->parts(canvas, box.cutTop(12), reading.parts);
     box.cutTop(4);
     partsKey(canvas, *this, box, reading.parts, m_look.partFills());

@@ -33,6 +33,8 @@ public:
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
 
 private:
+    /// The large figure, with a warning beside it when it is high; cuts its band and the gap below.
+    void hero(Canvas& canvas, Box& content, const QString& value, const QString& unit, bool high) const;
     QColor loadColour(bool high) const { return high ? m_look.warn : m_look.accent; }
 
     MinimalLook m_look;
