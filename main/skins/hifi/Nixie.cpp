@@ -41,6 +41,13 @@ QPainterPath mesh(const Box& box)
     return path;
 }
 
+/// The outline of a digit in the middle of its tube.
+QPainterPath bentWire(const Box& tube, QChar shown, const FigureStyle& digit)
+{
+    const FigurePath path = figurePath(shown, {}, digit, tube.width());
+    return path.digits.translated(tube.center().x() - path.width / 2, tube.center().y() + path.cap / 2);
+}
+
 void glassTube(Canvas& canvas, const Box& tube, const FigureStyle& digit)
 {
     const double radius = std::min(tube.width(), tube.height()) * 0.4;
@@ -63,7 +70,8 @@ void glassTube(Canvas& canvas, const Box& tube, const FigureStyle& digit)
         const Box foot = Box(tube).cutBottom(tube.height() * 0.07);
         painter.fillRect(foot, wash(foot, champagne, 0.5, 0.25));
     });
-    canvas.figure(tube, QStringLiteral("8"), {}, digit.filled(faded(digitLit, 0.06)));
+    // The unlit wires behind: an ornament, not a figure.
+    canvas.fill(bentWire(tube, u'8', digit), faded(digitLit, 0.06));
 }
 
 QColor burning(double level)
@@ -72,22 +80,19 @@ QColor burning(double level)
 }
 
 /// What a burning digit throws on the inside of its tube, and the edge of its wire.
-void halo(
-    Canvas& canvas, const Box& tube, const QString& shown, const FigureStyle& digit, const QColor& colour, double level)
+void halo(Canvas& canvas, const Box& tube, QChar shown, const FigureStyle& digit, const QColor& colour, double level)
 {
     QRadialGradient air(tube.center(), tube.height() * 0.55);
     air.setColorAt(0, faded(colour, 0.3 * level));
     air.setColorAt(1, faded(colour, 0));
     canvas.fill(tube, air, tube.width() * 0.4);
-    const FigurePath path = figurePath(shown, {}, digit, tube.width());
-    const QPointF pen(tube.center().x() - path.width / 2, tube.center().y() + path.cap / 2);
+    const QPainterPath bent = bentWire(tube, shown, digit);
     canvas.paint([&](QPainter& painter) {
         QPainterPath inside;
         inside.addRoundedRect(tube, tube.width() * 0.4, tube.width() * 0.4);
         painter.setClipPath(inside);
         Canvas glass(painter, {});
-        const QPainterPath bent = path.digits.translated(pen);
-        glow(glass, bent, faded(colour, level), digit.outline, 6, 0.07 * level, path.cap / 26);
+        glow(glass, bent, faded(colour, level), digit.outline, 6, 0.07 * level, digit.cap / 26);
         glass.stroke(bent, QPen(burning(level), digit.outline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     });
 }
@@ -170,13 +175,13 @@ double Nixies::draw(Canvas& canvas, const Box& box, const QString& value, const 
             continue;
         canvas.moving(place, Motion::bursts(9, tubeSeed, 0.35, 28), [&](Canvas& moving, double t) {
             const double level = Wave::flicker(t, tubeSeed);
-            const QString shown(cell.character);
-            const QString lit = QStringLiteral("%1 %2 %3").arg(tube, shown).arg(level);
-            moving.still(lit, place, [&](Canvas& layer) { halo(layer, place, shown, digit, style.accent, level); });
+            const QString lit = QStringLiteral("%1 %2 %3").arg(tube, QString(cell.character)).arg(level);
+            moving.still(
+                lit, place, [&](Canvas& layer) { halo(layer, place, cell.character, digit, style.accent, level); });
             const GroundScope ground(moving, tubeDark);
             FigureStyle core = digit.filled(burning(level));
             core.outline = 0;
-            moving.figure(place, shown, {}, core);
+            moving.figure(place, QString(cell.character), {}, core);
         });
     }
     const double end = cells * size;

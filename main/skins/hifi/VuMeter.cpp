@@ -63,6 +63,7 @@ void VuMeter::scale(Canvas& canvas) const
 {
     constexpr int percentSteps = 20;
     const double r = radius();
+    const GroundScope ground(canvas, paper);
     arc(canvas, 0, 1, r, QPen(print, 0.9));
     arc(canvas, redZone, 1, r + 1.4, QPen(pointerRed, 2.8, Qt::SolidLine, Qt::FlatCap));
     for (int step = 0; step <= percentSteps; ++step) {
