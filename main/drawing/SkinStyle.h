@@ -31,6 +31,7 @@ struct SkinStyle {
     double captionSize = 10.5;
     double floor = 10; ///< no text smaller than this, axis ticks apart
     double rowPitch = 18;
+    double lineHeight = 1.3; ///< of wrapped lines, in parts of their size
     double dialCap = 18; ///< height of the figure inside the shared dials
     Finish finish = Finish::smooth;
     std::optional<Typeface> unitFace{}; ///< of units, where the number face has digits only
@@ -46,15 +47,21 @@ struct SkinStyle {
     /// The accent for figures of cap 24 and more.
     QColor accentFigure() const;
 
-    TextStyle header() const { return {title, titleSize, ink}; }
-    TextStyle caption() const { return {body, captionSize, soft}; }
-    TextStyle row() const { return {body, rowSize, ink}; }
-    TextStyle rowValue() const { return {body, rowSize, soft, Align::right}; }
+    TextStyle header() const { return text(title, titleSize, ink); }
+    TextStyle caption() const { return text(body, captionSize, soft); }
+    TextStyle row() const { return text(body, rowSize, ink); }
+    TextStyle rowValue() const { return row().coloured(soft).aligned(Align::right); }
     FigureStyle figure(double cap) const
     {
         constexpr double large = 30;
         const Typeface& face = cap < large && smallNumber ? *smallNumber : number;
         return {.face = face, .cap = cap, .fill = ink, .unitFace = unitFace};
+    }
+
+private:
+    TextStyle text(const Typeface& face, double size, const QColor& colour) const
+    {
+        return {.face = face, .size = size, .colour = colour, .lineHeight = lineHeight};
     }
 };
 

@@ -131,7 +131,7 @@ FigureGlyph makeGlyph(const Typeface& face, QChar character)
         const auto shaped = shape(face, figureMaster, character);
         glyph.path = QTransform::fromScale(squareMaster, squareMaster).map(shaped->pixels);
         glyph.advance = shaped->width;
-        if (character.isPunct() && character != u'%') {
+        if (character == u'.' || character == u':') {
             // Points and colons stand in cells of their own width, not in the half em of letters.
             const QRectF ink = glyph.path.boundingRect();
             glyph.path.translate(squareMaster - ink.x(), 0);
@@ -195,7 +195,7 @@ FigurePath layOut(const QString& value, const QString& unit, const FigureStyle& 
     if (!unit.isEmpty()) {
         const Typeface& face = style.unitFace ? *style.unitFace : style.face;
         const double unitSize = face.fitted(face.sizeForCap(cap) * 0.55);
-        const double gap = face.pixel ? size / Typeface::squares : 0.06 * size;
+        const double gap = face.pixel ? unitSize / Typeface::squares : 0.06 * size;
         figure.width = appendCells(figure.unit, face, unitSize, figure.width + gap, unit);
         if (unit == u"°") // a ring hangs from the top of the digits, other units stand on their baseline
             figure.unit.translate(0, -figure.cap - figure.unit.boundingRect().top());

@@ -9,8 +9,21 @@ namespace ambrelle {
 
 namespace {
 
-constexpr double symbolSize = 28;
 constexpr double controlSize = 22;
+constexpr int mostLines = 6;
+
+/// Symbol, gap below it, and how far controls without a player are faded.
+struct Measures {
+    double symbol = 28;
+    double gap = 6;
+    double idle = 0.35;
+};
+
+Measures measures(Finish finish)
+{
+    // In whole pixels symbols are clearest in the size of their own grid, and less than a checkerboard is noise.
+    return finish == Finish::smooth ? Measures{} : Measures{.symbol = 24, .gap = 4, .idle = 0.5};
+}
 
 /// The sentence at the size of rows, or at the floor where it would take more than five lines.
 TextStyle sentenceStyle(const SkinStyle& style, const QString& sentence, double width)
@@ -18,7 +31,7 @@ TextStyle sentenceStyle(const SkinStyle& style, const QString& sentence, double 
     TextStyle text = style.caption().sized(std::max(style.floor, 11.5)).aligned(Align::centre).wrapped(5);
     const QStringList lines = wrapped(sentence, text, width);
     if (!lines.isEmpty() && lines.last().endsWith(u'…') && !sentence.endsWith(u'…'))
-        text = text.sized(style.floor);
+        text = text.sized(style.floor).wrapped(mostLines);
     return text;
 }
 
@@ -47,17 +60,18 @@ void drawControls(Canvas& canvas, const Box& box, double size, const QBrush& fil
 void drawNotice(Canvas& canvas, const FaceRenderer& skin, const Notice& notice, const FaceContext& face)
 {
     const SkinStyle& style = skin.style();
+    const Measures measure = measures(style.finish);
     Box content = skin.framed(canvas, face);
     if (face.kind == WidgetKind::nowPlaying) {
         const Box controls = content.cutBottom(controlSize + 4).centred(3 * 44, controlSize);
-        drawControls(canvas, controls, controlSize, faded(style.ink, 0.35), false, false);
+        drawControls(canvas, controls, controlSize, faded(style.ink, measure.idle), false, false);
     }
     const TextStyle text = sentenceStyle(style, notice.sentence, content.width());
     const double lines = static_cast<double>(wrapped(notice.sentence, text, content.width()).size());
-    const double height = symbolSize + 6 + lines * text.size * text.lineHeight;
+    const double height = measure.symbol + measure.gap + lines * text.size * text.lineHeight;
     Box block = content.centred(content.width(), std::min(height, content.height()));
-    canvas.symbol(block.cutTop(symbolSize), notice.symbol, symbolSize, style.soft);
-    block.cutTop(6);
+    canvas.symbol(block.cutTop(measure.symbol), notice.symbol, measure.symbol, style.soft);
+    block.cutTop(measure.gap);
     canvas.paragraph(block, notice.sentence, text);
 }
 

@@ -17,6 +17,21 @@ double twoLinePitch(const SkinStyle& style)
     return style.rowSize + style.captionSize + style.rowGap;
 }
 
+/// The line at the lower edge; deeper where the texts are large.
+double footerHeight(const SkinStyle& style)
+{
+    return std::max(Bands::footer, style.captionSize + 2);
+}
+
+/// The moon's lit part is the lighter one, whatever the plate.
+MoonDisc moonOf(const SkinStyle& style)
+{
+    const QPen edge(style.soft, 0.8);
+    if (inkOn(style.ground) == QColor(Qt::black))
+        return {.lit = style.ground, .dark = blended(style.ink, style.ground, 0.35), .edge = edge};
+    return {.lit = blended(style.ink, style.accent, 0.12), .dark = style.faint, .edge = edge};
+}
+
 void sessionDots(Canvas& canvas, const SkinStyle& style, const Box& box, int lit)
 {
     constexpr int count = 4;
@@ -42,7 +57,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const FocusReading& re
     Box box = skin.framed(canvas, face, style.caps(reading.phase));
     sessionDots(canvas, style, box.cutBottom(10), reading.sessions);
     const Box inside = skin.progressDial(canvas, box.inset(0, 4), reading.progress);
-    FigureStyle figure = style.figure(18).aligned(Align::centre);
+    FigureStyle figure = style.figure(style.dialCap).aligned(Align::centre);
     if (!reading.running)
         figure.fill = style.soft;
     canvas.figure(inside.inset(inside.width() * 0.04, 0), reading.remaining, {}, figure);
@@ -78,7 +93,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const CountdownReading
     Box box = skin.framed(canvas, face);
     canvas.figure(box.cutTop(Bands::hero), reading.days, {}, style.figure(38));
     canvas.text(box.cutTop(style.captionSize + 5), reading.unit, style.caption());
-    canvas.text(box.cutBottom(Bands::footer), reading.date, style.caption());
+    canvas.text(box.cutBottom(footerHeight(style)), reading.date, style.caption());
     box.cutBottom(2);
     skin.level(canvas, box.cutBottom(4), reading.progress, style.accent);
     box.cutBottom(2);
@@ -90,9 +105,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const SkyReading& read
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face);
     Box upper = box.cutTop(64);
-    const MoonDisc moon{
-        .lit = blended(style.ink, style.accent, 0.12), .dark = style.faint, .edge = QPen(style.soft, 0.8)};
-    moon.draw(canvas, upper.cutLeft(64), reading.fraction);
+    moonOf(style).draw(canvas, upper.cutLeft(64), reading.fraction);
     upper.cutLeft(10);
     const double name =
         canvas.paragraph(upper.inset(0, 4), reading.phase, style.caption().coloured(style.ink).wrapped(2));
@@ -123,10 +136,10 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const ActivityReading&
         footer.cutLeft(metres + 6);
         canvas.text(footer, reading.clicks, style.caption().aligned(Align::right));
     }
-    Box axis = box.cutBottom(12);
+    const TextStyle hours = style.caption().sized(std::max(9.0, style.floor - 1)).asAxis();
+    Box axis = box.cutBottom(std::max(12.0, hours.size + 1));
     for (int mark = 0; mark < 4; ++mark)
-        canvas.text(axis.column(mark, 4), QString::number(mark * 6),
-            style.caption().sized(std::max(9.0, style.floor - 1)).asAxis());
+        canvas.text(axis.column(mark, 4), QString::number(mark * 6), hours);
     box.cutTop(4);
     canvas.rule(Box(box.x(), box.bottom() - 1, box.width(), 1), style.faint, 1);
     for (int hour = 0; hour < 24; ++hour) {
@@ -145,13 +158,13 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const QuoteReading& re
         canvas.text(box.cutTop(style.captionSize + 6), reading.note, style.caption());
         box.cutTop(4);
     } else {
-        canvas.text(box.cutBottom(Bands::footer), QStringLiteral("— ") + reading.source, style.caption());
+        canvas.text(box.cutBottom(footerHeight(style)), QStringLiteral("— ") + reading.source, style.caption());
         box.cutBottom(4);
     }
     // The largest step at which the text is whole.
     TextStyle text = style.row().wrapped(5);
     for (const double size : {17.0, 15.0, 13.5, std::max(12.0, style.floor)}) {
-        text.size = std::max(size, style.floor);
+        text = text.sized(std::max(size, style.floor));
         text.lines = std::clamp(static_cast<int>(box.height() / (text.size * text.lineHeight)), 1, 5);
         const QStringList lines = wrapped(reading.text, text, box.width());
         if (lines.isEmpty() || !lines.last().endsWith(u'…'))
@@ -171,8 +184,10 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         canvas.symbol(line.cutLeft(18), device.symbol, 16, style.ink);
         line.cutLeft(6);
         Box upper = line.cutTop(style.rowSize + style.rowGap - 2);
-        if (device.charging)
-            canvas.symbol(upper.cutRight(12), QStringLiteral("bolt.fill"), 11, style.accentText());
+        if (device.charging) {
+            const double bolt = std::max(11.0, style.captionSize);
+            canvas.symbol(upper.cutRight(bolt + 1), QStringLiteral("bolt.fill"), bolt, style.accentText());
+        }
         const double percent = canvas.text(upper, device.percent, style.caption().aligned(Align::right));
         upper.cutRight(percent + 6);
         canvas.text(upper, device.name, style.row().elided(Qt::ElideMiddle));

@@ -87,10 +87,9 @@ double hero(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QStr
         return canvas.figure(box, value, unit, figure);
     constexpr double margin = 4;
     const FigurePath path = figurePath(value, unit, figure, box.width() - 2 * margin);
-    const Box label =
-        Box(box.x(), box.center().y() - path.cap / 2 - margin, path.width + 2 * margin, path.cap + 2 * margin);
+    const Box label = Box(box).cutLeft(path.width + 2 * margin).centred(path.width + 2 * margin, path.cap + margin);
     skin.warning(canvas, label);
-    canvas.figure(label.inset(margin), value, unit, figure.filled(paper));
+    canvas.figure(label.inset(margin, 0), value, unit, figure.filled(paper));
     canvas.setGround(paper);
     return label.width();
 }
@@ -168,7 +167,7 @@ void cell(Canvas& canvas, const Box& box, double level)
 Box wedges(Canvas& canvas, const Box& box, double fraction)
 {
     constexpr int count = 12;
-    constexpr double width = 15;
+    constexpr double width = 11;
     constexpr double gap = 4; // degrees
     constexpr double sweep = 360.0 / count - gap;
     const Box outer = box.square().inset(0.5);
@@ -188,7 +187,7 @@ Box wedges(Canvas& canvas, const Box& box, double fraction)
     canvas.fill(solid, ink);
     canvas.stroke(solid, rule);
     canvas.stroke(outlined, rule);
-    return inner.inset(2);
+    return inner;
 }
 
 void pushButtons(Canvas& canvas, const Box& box)

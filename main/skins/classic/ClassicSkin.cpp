@@ -15,6 +15,8 @@ ClassicSkin::ClassicSkin()
 Box ClassicSkin::plate(Canvas& canvas, const FaceContext& face) const
 {
     window(canvas, face.bounds);
+    if (face.kind == WidgetKind::photo)
+        windowTitle(canvas, face.bounds, headerTitle(style(), face.kind));
     Box content = face.bounds.inset(style().inset, 0);
     content.cutBottom(style().inset);
     return content;

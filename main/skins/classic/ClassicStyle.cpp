@@ -7,7 +7,7 @@ namespace {
 Typeface face(int weight)
 {
     return {
-        .family = QStringLiteral("DotGothic16"), .weight = weight, .capRatio = 13.0 / 16, .cell = 1.12, .pixel = true};
+        .family = QStringLiteral("DotGothic16"), .weight = weight, .capRatio = 13.0 / 16, .cell = 1, .pixel = true};
 }
 
 } // namespace
@@ -33,6 +33,8 @@ SkinStyle style()
         .captionSize = textSize,
         .floor = textSize,
         .rowPitch = 20,
+        .lineHeight = line / textSize,
+        .dialCap = 26,
         .finish = Finish::oneBit};
 }
 

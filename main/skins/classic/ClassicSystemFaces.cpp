@@ -32,7 +32,7 @@ void memoryKey(Canvas& canvas, const SkinStyle& style, const Box& box, const QLi
 void ClassicSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    hero(canvas, *this, box.cutTop(42), QString::number(reading.percent), percentSign, 48, reading.high);
+    hero(canvas, *this, box.cutTop(44), QString::number(reading.percent), percentSign, 48, reading.high);
     canvas.text(box.cutBottom(line), reading.load, style().row());
     histogram(canvas, box.inset(0, 6), reading.history);
 }
@@ -44,7 +44,7 @@ void ClassicSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceC
     box.cutBottom(8);
     Box figure = box.cutLeft(148);
     hero(canvas, *this, figure.cutTop(64), reading.used, QStringLiteral("GB"), 64, reading.high);
-    canvas.text(figure.cutBottom(line + 8), QString::number(reading.percent) + QStringLiteral("% of ") + reading.total,
+    canvas.text(figure.cutBottom(line + 8), QString::number(reading.percent) + QStringLiteral("% ") + reading.total,
         style().row());
     box.cutLeft(16);
     memoryKey(canvas, style(), box.inset(0, 12), reading.parts);
@@ -58,16 +58,18 @@ void ClassicSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceCon
     box.cutBottom(4);
     const Box inside = wedges(canvas, box, reading.fraction);
     const FigureStyle figure = style().figure(26).aligned(Align::centre);
+    const QString percent = QString::number(reading.percent);
+    const double width = figurePath(percent, percentSign, figure, inside.width()).width;
     if (reading.high)
-        warning(canvas, inside.centred(inside.width() - 4, 34));
-    canvas.figure(inside, QString::number(reading.percent), percentSign, figure.filled(reading.high ? paper : ink));
+        warning(canvas, inside.centred(width + 6, figure.cap + 6));
+    canvas.figure(inside.centred(width, figure.cap), percent, percentSign, figure.filled(reading.high ? paper : ink));
     canvas.setGround(paper);
 }
 
 void ClassicSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    Box top = box.cutTop(42);
+    Box top = box.cutTop(44);
     if (reading.onMains)
         canvas.symbol(top.cutRight(24),
             reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 24, ink);
@@ -102,8 +104,8 @@ void ClassicSkin::draw(Canvas& canvas, const NetworkReading& reading, const Face
 void ClassicSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    hero(canvas, *this, box.cutTop(42), reading.down.value, reading.down.unit, 48);
-    canvas.paragraph(box.cutBottom(2 * line), reading.hint, style().row().wrapped(2), Qt::AlignVCenter);
+    hero(canvas, *this, box.cutTop(44), reading.down.value, reading.down.unit, 48);
+    canvas.paragraph(box.cutBottom(2 * line).inset(-1, 0), reading.hint, style().row().wrapped(2), Qt::AlignVCenter);
     Box sent = box.cutTop(24);
     canvas.symbol(sent.cutLeft(arrowSize), QStringLiteral("arrow.up"), arrowSize, ink);
     sent.cutLeft(6);

@@ -34,13 +34,19 @@ Box blinkingTime(Canvas& canvas, const Box& box, const ClockReading& reading, co
     return whole;
 }
 
+/// A temperature, without its sign where it would be cut.
+QString degrees(const QString& value, const TextStyle& text, double width)
+{
+    return elided(value, text, width) == value ? value : value.chopped(1);
+}
+
 void dayColumn(Canvas& canvas, Box column, const WeatherReading::Day& day, const SkinStyle& style)
 {
     const TextStyle text = style.row().aligned(Align::centre);
     canvas.text(column.cutTop(classic::line), day.initial, text);
     drawBitPicture(canvas, column.cutTop(36), day.sky, 2);
-    canvas.text(column.cutTop(classic::line), day.high, text);
-    canvas.text(column.cutBottom(classic::line), day.low, text);
+    canvas.text(column.cutTop(classic::line), degrees(day.high, text, column.width()), text);
+    canvas.text(column.cutBottom(classic::line), degrees(day.low, text, column.width()), text);
     Box track = column.inset(0, 3).centred(8, column.height() - 6);
     canvas.frame(track, QPen(ink, 1));
     track = track.inset(1);
@@ -56,7 +62,9 @@ void ClassicSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCo
     Box box = framed(canvas, face, QStringLiteral("Clock"));
     Box footer = box.cutBottom(line);
     footer.cutLeft(canvas.text(footer, reading.dateLine(), style().row()) + 10);
-    canvas.text(footer, reading.tag(), style().row().aligned(Align::right));
+    const TextStyle tag = style().row().aligned(Align::right);
+    const bool whole = elided(reading.tag(), tag, footer.width()) == reading.tag();
+    canvas.text(footer, whole ? reading.tag() : reading.city, tag);
     const Box time = blinkingTime(canvas, box, reading, style().figure(80 * style().number.capRatio));
     const Box beside(time.right() + 8, time.bottom() - 26, 40, 26);
     canvas.text(beside, reading.meridiem, style().header().sized(32));
@@ -66,7 +74,7 @@ void ClassicSkin::draw(Canvas& canvas, const CalendarReading& reading, const Fac
 {
     const Box box = framed(canvas, face, reading.month);
     const int lines = (reading.firstColumn + reading.days + 6) / 7 + 1;
-    const Box grid(box.x() + 1, box.y(), 7 * 21, std::min(22.0, std::floor(box.height() / lines)) * lines);
+    const Box grid(box.x() - 2, box.y(), 7 * 22, std::min(22.0, std::floor(box.height() / lines)) * lines);
     monthGrid(canvas, grid, reading,
         {.weekday = style().header(), .day = style().row(), .todayFill = ink, .todayInk = paper, .todayCorner = 0});
 }
@@ -74,8 +82,8 @@ void ClassicSkin::draw(Canvas& canvas, const CalendarReading& reading, const Fac
 void ClassicSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face, reading.place);
-    const Box days = box.cutRight(shownDays * 34);
-    box.cutRight(8);
+    const Box days = box.cutRight(shownDays * 36);
+    box.cutRight(4);
     canvas.text(box.cutBottom(line), reading.high + QStringLiteral(" / ") + reading.low, style().row());
     canvas.text(box.cutBottom(line + 4), reading.description, style().row());
     Box top = box.cutTop(70);
@@ -110,7 +118,7 @@ void ClassicSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const F
     trackTexts(canvas, box.cutTop(44), reading, style().header(), style().row());
     const Box buttons = box.cutBottom(26).centred(3 * 50, 24);
     pushButtons(canvas, buttons);
-    drawControls(canvas, buttons, 18, ink, reading.playing);
+    drawControls(canvas, buttons, 24, ink, reading.playing);
     box.cutBottom(6);
     Box times = box.cutBottom(line);
     canvas.text(times, reading.elapsed, style().row());
