@@ -83,7 +83,7 @@ void CardHand::history(Canvas& canvas, const Box& box, const History& history, c
 {
     const QPainterPath line = smoothLine(samplePoints(box, history, 1));
     canvas.fill(areaUnder(line, box.bottom()), wash(box, colour, look().wash, 0.02));
-    canvas.stroke(line, round(colour, 1.8));
+    graphLine(canvas, line, colour, 1.8);
     canvas.disc(line.currentPosition(), 7, faded(colour, 0.2));
     canvas.disc(line.currentPosition(), 3, colour);
 }
@@ -95,8 +95,8 @@ void CardHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& rea
     const Box above = below.cutTop(lines.middle - box.top());
     canvas.fill(areaUnder(lines.upper, lines.middle), wash(above, look().accent, look().wash, 0.02));
     canvas.fill(areaUnder(lines.lower, lines.middle), wash(below, look().accent2, 0.02, look().wash));
-    canvas.stroke(lines.upper, round(look().accent, 1.8));
-    canvas.stroke(lines.lower, round(look().accent2, 1.8));
+    graphLine(canvas, lines.upper, look().accent, 1.8);
+    graphLine(canvas, lines.lower, look().accent2, 1.8);
 }
 
 Box CardHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const

@@ -58,7 +58,7 @@ private:
 
 void CasingHand::plate(Canvas& canvas, const FaceContext& face) const
 {
-    constexpr double place = 7;
+    constexpr double place = 7.5; // on whole points, so that the marks are crisp
     constexpr double arm = 2.5;
     canvas.still(QStringLiteral("plate"), face.bounds, [&](Canvas& layer) {
         layer.fill(face.bounds, look().panelFill, look().corner);

@@ -133,7 +133,7 @@ void FrostHand::history(Canvas& canvas, const Box& box, const History& history, 
     const QPainterPath line = smoothLine(samplePoints(box, history, 1));
     const QBrush light = aurora(box.topLeft(), box.topRight(), colour);
     canvas.fill(areaUnder(line, box.bottom()), wash(box, colour, look().wash, 0));
-    canvas.stroke(line, round(light, 1.6));
+    graphLine(canvas, line, light, 1.6);
     canvas.disc(line.currentPosition(), 5, faded(look().accent2, 0.3));
     canvas.disc(line.currentPosition(), 2.2, look().ink);
 }
@@ -146,8 +146,8 @@ void FrostHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& re
     canvas.fill(areaUnder(lines.upper, lines.middle), wash(above, look().accent, look().wash, 0));
     canvas.fill(areaUnder(lines.lower, lines.middle), wash(below, look().accent2, 0, look().wash));
     canvas.rule(Box(box.x(), lines.middle - 1, box.width(), 2), emptyTrack, 1);
-    canvas.stroke(lines.upper, round(look().accent, 1.6));
-    canvas.stroke(lines.lower, round(look().accent2, 1.6));
+    graphLine(canvas, lines.upper, look().accent, 1.6);
+    graphLine(canvas, lines.lower, look().accent2, 1.6);
 }
 
 Box FrostHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const

@@ -84,7 +84,7 @@ void HairlineHand::history(Canvas& canvas, const Box& box, const History& histor
 {
     levels(canvas, box);
     const QPainterPath line = straightLine(samplePoints(box, history, 1));
-    canvas.stroke(line, QPen(colour, 1, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    graphLine(canvas, line, colour, 1);
     canvas.fill(Box(line.currentPosition().x() - 1.5, line.currentPosition().y() - 1.5, 3, 3), colour);
 }
 
@@ -93,8 +93,8 @@ void HairlineHand::traffic(Canvas& canvas, const Box& box, const NetworkReading&
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     levels(canvas, box);
     canvas.line({box.left(), lines.middle}, {box.right(), lines.middle}, QPen(look().accent3, hairline));
-    canvas.stroke(lines.upper, QPen(look().accent, 1));
-    canvas.stroke(lines.lower, QPen(look().down, 1));
+    graphLine(canvas, lines.upper, look().accent, 1);
+    graphLine(canvas, lines.lower, look().down, 1);
 }
 
 Box HairlineHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
