@@ -1,0 +1,56 @@
+#include "desktop/AppearanceFollower.h"
+
+#include "desktop/WidgetManager.h"
+#include "model/AppSettings.h"
+#include "platform/SystemAppearance.h"
+
+namespace ambrelle {
+
+namespace {
+
+// Some desktops announce a change before all of them answer with it, or announce it several times.
+constexpr std::chrono::milliseconds settling{300};
+
+} // namespace
+
+AppearanceFollower::AppearanceFollower(
+    SystemAppearance& appearance, AppSettings& settings, WidgetManager& manager, Clock& clock)
+    : m_appearance(appearance)
+    , m_settings(settings)
+    , m_manager(manager)
+    , m_clock(clock)
+{
+}
+
+void AppearanceFollower::start()
+{
+    connect(&m_appearance, &SystemAppearance::changed, this,
+        [this] { m_pending = m_clock.after(settling, [this] { sync(); }); });
+    connect(&m_manager, &WidgetManager::presetApplied, this, &AppearanceFollower::sync);
+    connect(&m_settings, &AppSettings::changed, this, [this](const QString& key) {
+        if (key == m_settings.followAppearance.key())
+            sync();
+    });
+    sync();
+}
+
+bool AppearanceFollower::systemIsDark() const
+{
+    return m_appearance.isAvailable() && m_appearance.isDark();
+}
+
+void AppearanceFollower::sync()
+{
+    if (!m_settings.followAppearance() || !m_appearance.isAvailable())
+        return;
+    m_manager.changeSkins([this](Skin skin) { return matching(skin); });
+    m_settings.defaultSkin.set(matching(m_settings.defaultSkin()));
+}
+
+/// The skin itself, or its partner when its lightness is not the desktop's.
+Skin AppearanceFollower::matching(Skin skin) const
+{
+    return isLight(skin) == systemIsDark() ? appearancePartner(skin).value_or(skin) : skin;
+}
+
+} // namespace ambrelle

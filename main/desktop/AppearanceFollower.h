@@ -1,0 +1,35 @@
+#pragma once
+
+#include "foundation/Clock.h"
+#include "model/Skin.h"
+
+#include <QObject>
+
+namespace ambrelle {
+
+class AppSettings;
+class SystemAppearance;
+class WidgetManager;
+
+/// Changes skins that have a light and a dark variant with the desktop's appearance, if the user asked for it.
+class AppearanceFollower : public QObject {
+    Q_OBJECT
+public:
+    AppearanceFollower(SystemAppearance& appearance, AppSettings& settings, WidgetManager& manager, Clock& clock);
+
+    void start();
+    /// Takes over the appearance of now; does nothing while nothing tells it.
+    void sync();
+    bool systemIsDark() const;
+
+private:
+    Skin matching(Skin skin) const;
+
+    SystemAppearance& m_appearance;
+    AppSettings& m_settings;
+    WidgetManager& m_manager;
+    Clock& m_clock;
+    Ticket m_pending;
+};
+
+} // namespace ambrelle

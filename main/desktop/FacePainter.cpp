@@ -1,0 +1,160 @@
+#include "desktop/FacePainter.h"
+
+namespace ambrelle {
+
+namespace {
+
+constexpr double shadowReach = 8; // of a plate, face points
+constexpr double backdropOutset = 6;
+constexpr float dimOpacity = 0.35F;
+constexpr float glassOpacity = 0.14F;
+constexpr float glassEdgeOpacity = 0.3F;
+constexpr double borderWidth = 1.5;
+constexpr double editOutset = 4;
+constexpr double editOpacity = 0.92;
+
+QRectF outset(const QRectF& rect, double by)
+{
+    return rect.adjusted(-by, -by, by, by);
+}
+
+QPen linePen(const QColor& colour, double width)
+{
+    return QPen(colour, width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
+}
+
+/// A rounded outline whose line lies inside `rect`.
+void drawFrame(QPainter& painter, const QRectF& rect, double corner, const QPen& pen)
+{
+    const double half = pen.widthF() / 2;
+    const double radius = std::max(0.0, corner - half);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(outset(rect, -half), radius, radius);
+}
+
+} // namespace
+
+FacePainter::FacePainter(FaceView view, LayerCache& layers)
+    : m_view(std::move(view))
+    , m_layers(layers)
+{
+}
+
+void FacePainter::setView(FaceView view)
+{
+    m_view = std::move(view);
+    m_result = {};
+    m_still = {};
+}
+
+void FacePainter::setLook(const FaceLook& look)
+{
+    m_look = look;
+    m_still = {};
+}
+
+void FacePainter::setReading(std::shared_ptr<const Reading> reading)
+{
+    m_reading = std::move(reading);
+    m_still = {};
+}
+
+QRectF FacePainter::scaled(const QRectF& facePoints) const
+{
+    return {facePoints.topLeft() * m_look.scale, facePoints.size() * m_look.scale};
+}
+
+QRectF FacePainter::reach() const
+{
+    return outset({{}, m_look.size}, std::max(shadowReach * m_look.scale, backdropOutset));
+}
+
+QRectF FacePainter::outline() const
+{
+    return outset({{}, m_look.size}, m_look.backdrop == Backdrop::none ? 0 : backdropOutset);
+}
+
+double FacePainter::outlineCorner() const
+{
+    return m_view.style().corner * m_look.scale + (m_look.backdrop == Backdrop::none ? 0 : backdropOutset);
+}
+
+void FacePainter::paint(QPainter& painter, const QRectF& area, double time)
+{
+    if (!m_reading || !area.intersects(reach()))
+        return;
+    const double opacity = m_look.opacity * (m_look.editing ? editOpacity : 1);
+    if (opacity < 1) {
+        const DeviceLayer whole(painter, area & reach(), [&](QPainter& layer) { compose(layer, area, time); });
+        whole.paint(painter, opacity);
+    } else {
+        compose(painter, area, time);
+    }
+    if (m_look.editing)
+        drawEditMark(painter);
+}
+
+void FacePainter::compose(QPainter& painter, const QRectF& area, double time)
+{
+    const bool frameOfMotion = time > 0 && movingArea().contains(area);
+    if (frameOfMotion && !m_still.covers(painter, area))
+        m_still = DeviceLayer(painter, movingArea(), [this](QPainter& layer) { drawStill(layer); });
+    if (frameOfMotion)
+        m_still.paint(painter);
+    else
+        drawStill(painter);
+    if (m_result.moving.isEmpty())
+        return;
+    painter.save();
+    painter.scale(m_look.scale, m_look.scale);
+    m_view.drawMoving(painter, *m_reading, {.time = time, .layers = &m_layers});
+    painter.restore();
+}
+
+void FacePainter::drawStill(QPainter& painter)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawBackdrop(painter);
+    painter.save();
+    painter.scale(m_look.scale, m_look.scale);
+    m_result = m_view.drawStill(painter, *m_reading, {.layers = &m_layers});
+    painter.restore();
+    if (m_look.border)
+        drawFrame(painter, {{}, m_look.size}, m_view.style().corner * m_look.scale,
+            linePen(m_view.style().accent, borderWidth));
+    painter.restore();
+}
+
+void FacePainter::drawBackdrop(QPainter& painter) const
+{
+    if (m_look.backdrop == Backdrop::none)
+        return;
+    const bool glass = m_look.backdrop == Backdrop::glass;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(glass ? QColor::fromRgbF(1, 1, 1, glassOpacity) : QColor::fromRgbF(0, 0, 0, dimOpacity));
+    painter.drawRoundedRect(outline(), outlineCorner(), outlineCorner());
+    if (glass)
+        drawFrame(painter, outline(), outlineCorner(), linePen(QColor::fromRgbF(1, 1, 1, glassEdgeOpacity), 1));
+}
+
+void FacePainter::drawEditMark(QPainter& painter) const
+{
+    QPen pen = linePen(m_view.style().ink, borderWidth);
+    pen.setDashPattern({6 / borderWidth, 4 / borderWidth}); // in parts of the line's width
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawFrame(painter, outset({{}, m_look.size}, editOutset), m_view.style().corner * m_look.scale + editOutset, pen);
+    painter.restore();
+}
+
+QRectF FacePainter::movingArea() const
+{
+    QRectF all;
+    for (const Canvas::MovingArea& part : m_result.moving)
+        all |= scaled(part.area);
+    return QRectF(outset(all, 1).toAlignedRect());
+}
+
+} // namespace ambrelle

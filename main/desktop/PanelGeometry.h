@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QRectF>
+
+namespace ambrelle {
+
+/// How a widget's face and its toolbar stand in the widget's window. Widgets and windows are in global points, y up;
+/// areas inside the window are in window points, y down.
+namespace PanelGeometry {
+
+inline constexpr double toolbarHeight = 32;
+inline constexpr double toolbarWidth = 196;
+/// Between the face and the left, lower and (at least) right edge of the window.
+inline constexpr double margin = 30;
+
+QRectF panelFrame(const QRectF& widget);
+QPointF widgetOrigin(QPointF panelOrigin);
+QRectF faceArea(const QSizeF& widget);
+/// The strip directly above the face; where `room` (global, y up; empty: unlimited) ends before the strip does, it is
+/// moved over the face, as far as the window reaches.
+QRectF toolbarArea(const QRectF& widget, const QRectF& room = {});
+
+} // namespace PanelGeometry
+
+} // namespace ambrelle

@@ -1,0 +1,117 @@
+#include "desktop/ScreenPlacement.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle::ScreenPlacement {
+
+namespace {
+
+constexpr double sameSpot = 0.01; // points: stored places went through decimal text
+
+double overlap(const QRectF& one, const QRectF& other)
+{
+    const QRectF common = one & other;
+    return common.width() * common.height();
+}
+
+double distance(const QRectF& frame, const QRectF& screen)
+{
+    const double dx = std::max({0.0, screen.left() - frame.right(), frame.left() - screen.right()});
+    const double dy = std::max({0.0, screen.top() - frame.bottom(), frame.top() - screen.bottom()});
+    return std::hypot(dx, dy);
+}
+
+bool isSame(QPointF one, QPointF other)
+{
+    return std::abs(one.x() - other.x()) < sameSpot && std::abs(one.y() - other.y()) < sameSpot;
+}
+
+const ScreenInfo* find(const QList<ScreenInfo>& screens, const QString& id)
+{
+    const auto found = std::ranges::find(screens, id, &ScreenInfo::id);
+    return found == screens.end() ? nullptr : &*found;
+}
+
+/// A screen's work area, or all of it when the desktop reports none.
+QRectF roomOf(const ScreenInfo& screen)
+{
+    return screen.visibleFrame.isEmpty() ? screen.frame : screen.visibleFrame;
+}
+
+} // namespace
+
+std::optional<ScreenInfo> screenShowing(const QRectF& frame, const QList<ScreenInfo>& screens)
+{
+    const auto most =
+        std::ranges::max_element(screens, {}, [&](const ScreenInfo& screen) { return overlap(frame, screen.frame); });
+    if (most == screens.end() || overlap(frame, most->frame) <= 0)
+        return std::nullopt;
+    return *most;
+}
+
+std::optional<ScreenInfo> screenNear(const QRectF& frame, const QList<ScreenInfo>& screens)
+{
+    if (auto showing = screenShowing(frame, screens))
+        return showing;
+    const auto nearest =
+        std::ranges::min_element(screens, {}, [&](const ScreenInfo& screen) { return distance(frame, screen.frame); });
+    return nearest == screens.end() ? std::nullopt : std::optional(*nearest);
+}
+
+QRectF movedInto(const QRectF& frame, const QRectF& area)
+{
+    QRectF moved = frame;
+    moved.moveLeft(std::max(area.left(), std::min(frame.left(), area.right() - frame.width())));
+    moved.moveTop(std::min(area.bottom() - frame.height(), std::max(frame.top(), area.top())));
+    return moved;
+}
+
+QPointF origin(const WidgetConfig& config, const QList<ScreenInfo>& screens)
+{
+    if (screens.isEmpty())
+        return config.origin;
+    QRectF wanted = config.frame();
+    if (config.display && config.displayOffset) {
+        const ScreenInfo* home = find(screens, *config.display);
+        const ScreenInfo& host = home ? *home : screens.first();
+        wanted.moveTopLeft(host.frame.topLeft() + *config.displayOffset);
+        if (!home)
+            return movedInto(wanted, roomOf(host)).topLeft();
+    }
+    if (screenShowing(wanted, screens))
+        return wanted.topLeft();
+    return movedInto(wanted, roomOf(*screenNear(wanted, screens))).topLeft();
+}
+
+void rememberDisplay(WidgetConfig& config, const QList<ScreenInfo>& screens)
+{
+    if (config.display && config.displayOffset && isSame(origin(config, screens), config.origin))
+        return;
+    if (const auto screen = screenShowing(config.frame(), screens)) {
+        config.display = screen->id;
+        config.displayOffset = config.origin - screen->frame.topLeft();
+    }
+}
+
+bool syncDisplay(WidgetConfig& config, const QList<ScreenInfo>& screens)
+{
+    const QPointF place = origin(config, screens);
+    if (isSame(place, config.origin))
+        return false;
+    config.origin = place;
+    return true;
+}
+
+QPointF originAfterResize(const WidgetConfig& before, const WidgetConfig& after, const QList<ScreenInfo>& screens)
+{
+    const bool guest = before.display && !find(screens, *before.display);
+    if (guest && isSame(origin(before, screens), before.origin))
+        return origin(after, screens);
+    const auto screen = screenShowing(before.frame(), screens);
+    if (screen && roomOf(*screen).contains(before.frame()))
+        return movedInto(after.frame(), roomOf(*screen)).topLeft();
+    return after.origin;
+}
+
+} // namespace ambrelle::ScreenPlacement

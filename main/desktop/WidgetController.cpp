@@ -1,0 +1,156 @@
+#include "desktop/WidgetController.h"
+
+#include "desktop/ScreenPlacement.h"
+#include "model/AppSettings.h"
+#include "skins/SkinRegistry.h"
+
+#include <algorithm>
+
+namespace ambrelle {
+
+WidgetController::WidgetController(const WidgetConfig& config, const Surroundings& surroundings, QObject* parent)
+    : QObject(parent)
+    , m_config(config)
+    , m_surroundings(surroundings)
+    , m_panel(surroundings.host, surroundings.clock, surroundings.layers, view(config.skin, config.kind),
+          {.isLocked = [this] { return m_surroundings.settings.locked(); },
+              .dragEnded = [this](QPointF origin) { dragEnded(origin); },
+              .clicked = [this](const FaceAction& action) { Q_EMIT clicked(action); },
+              .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); }})
+{
+    ScreenPlacement::syncDisplay(m_config, m_surroundings.host.screens());
+    applySettings();
+    m_panel.setToolbar({title(m_config.scale), m_config.pinned});
+    place();
+    applyLayer();
+}
+
+bool WidgetController::isRaised() const
+{
+    return m_config.pinned || m_surroundings.settings.layer() == WidgetLayer::floating;
+}
+
+bool WidgetController::showsSeconds() const
+{
+    return m_config.kind == WidgetKind::clock && m_panel.view().showsSeconds();
+}
+
+void WidgetController::change(const std::function<void(WidgetConfig&)>& edit)
+{
+    const WidgetConfig before = m_config;
+    edit(m_config);
+    m_config.id = before.id;
+    m_config.opacity = std::clamp(m_config.opacity, 0.0, 1.0);
+    if (m_config == before)
+        return;
+    if (m_config.size() != before.size() && m_config.origin == before.origin)
+        m_config.origin = ScreenPlacement::originAfterResize(before, m_config, m_surroundings.host.screens());
+    show(before);
+    Q_EMIT changed();
+}
+
+void WidgetController::show(const WidgetConfig& before)
+{
+    if (m_config.skin != before.skin || m_config.kind != before.kind)
+        m_panel.setView(view(m_config.skin, m_config.kind));
+    m_panel.setLook(look());
+    m_panel.setToolbar({title(m_config.scale), m_config.pinned});
+    place();
+    applyLayer();
+}
+
+void WidgetController::setSkin(Skin skin)
+{
+    change([&](WidgetConfig& config) { config.skin = skin; });
+}
+
+void WidgetController::setScale(WidgetScale scale)
+{
+    change([&](WidgetConfig& config) { config.scale = scale; });
+}
+
+void WidgetController::setPinned(bool pinned)
+{
+    change([&](WidgetConfig& config) { config.pinned = pinned; });
+}
+
+void WidgetController::setOccluded(bool occluded)
+{
+    m_occluded = occluded;
+    applySettings();
+}
+
+void WidgetController::applyLayer()
+{
+    // Edit mode lifts every widget above its backdrop.
+    const bool floating = isRaised() || m_surroundings.settings.editing();
+    m_panel.setLevel(floating ? WindowLevel::floating : WindowLevel::desktop);
+}
+
+void WidgetController::applySettings()
+{
+    m_panel.setLook(look());
+    m_panel.setMotionActive(m_surroundings.settings.animations() && !m_occluded);
+}
+
+void WidgetController::renewView()
+{
+    m_panel.setView(view(m_config.skin, m_config.kind));
+}
+
+void WidgetController::rememberDisplay()
+{
+    ScreenPlacement::rememberDisplay(m_config, m_surroundings.host.screens());
+}
+
+bool WidgetController::syncDisplay()
+{
+    const bool moved = ScreenPlacement::syncDisplay(m_config, m_surroundings.host.screens());
+    place(); // a screen's work area may have changed, or the window system moved the window
+    return moved;
+}
+
+void WidgetController::close()
+{
+    disconnect();
+    m_panel.close();
+}
+
+void WidgetController::dragEnded(QPointF origin)
+{
+    change([&](WidgetConfig& config) {
+        const QList<ScreenInfo> screens = m_surroundings.host.screens();
+        config.origin = origin;
+        // Dropped out of sight it comes back to the nearest screen; dropped on a screen it belongs there from now on.
+        if (const auto screen = ScreenPlacement::screenNear(config.frame(), screens)) {
+            if (!ScreenPlacement::screenShowing(config.frame(), screens))
+                config.origin = ScreenPlacement::movedInto(config.frame(), screen->frame).topLeft();
+            config.display = screen->id;
+            config.displayOffset = config.origin - screen->frame.topLeft();
+        }
+    });
+    place();
+}
+
+void WidgetController::toolbarUsed(WidgetToolbar::Button button)
+{
+    switch (button) {
+    case WidgetToolbar::Button::scale: setScale(next(m_config.scale)); break;
+    case WidgetToolbar::Button::pin: setPinned(!m_config.pinned); break;
+    case WidgetToolbar::Button::remove: Q_EMIT removeRequested(); break;
+    }
+}
+
+void WidgetController::place()
+{
+    const auto screen = ScreenPlacement::screenNear(widgetFrame(), m_surroundings.host.screens());
+    m_panel.place(widgetFrame(), screen ? screen->visibleFrame : QRectF());
+}
+
+FaceLook WidgetController::look() const
+{
+    return {m_config.size(), m_config.effectiveScale(), m_config.backdrop, m_config.border, m_config.opacity,
+        m_surroundings.settings.editing()};
+}
+
+} // namespace ambrelle

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "desktop/WidgetPanel.h"
+#include "model/WidgetConfig.h"
+
+#include <QObject>
+
+namespace ambrelle {
+
+class AppSettings;
+
+/// One live widget: its record, its panel, and every way of changing it. A change is shown, and then told by changed().
+class WidgetController : public QObject {
+    Q_OBJECT
+public:
+    struct Surroundings {
+        WindowHost& host;
+        AppSettings& settings;
+        Clock& clock;
+        LayerCache& layers;
+    };
+
+    WidgetController(const WidgetConfig& config, const Surroundings& surroundings, QObject* parent = nullptr);
+
+    const WidgetConfig& config() const { return m_config; }
+    QRectF widgetFrame() const { return m_config.frame(); } ///< global points, y up
+    bool isHovering() const { return m_panel.isHovering(); }
+    bool isOccluded() const { return m_occluded; }
+    bool isRaised() const; ///< above normal windows for the user's sake, by its pin or by the layer
+    bool showsSeconds() const;
+
+    /// Any change of the record except its identity; an opacity beyond 0 to 1 is clamped.
+    void change(const std::function<void(WidgetConfig&)>& edit);
+    void setSkin(Skin skin);
+    void setScale(WidgetScale scale);
+    void setPinned(bool pinned);
+
+    /// Another window covers the widget: nothing on it moves meanwhile.
+    void setOccluded(bool occluded);
+    void setReading(const std::shared_ptr<const Reading>& reading) { m_panel.setReading(reading); }
+
+    void show() { m_panel.show(); }
+    void applyLayer(); ///< takes the level of the pin, of edit mode or of the layer
+    void applySettings(); ///< takes over what the settings say about motion and edit mode
+    void renewView(); ///< draws with the skin's colours of now
+
+    void rememberDisplay(); ///< records which display the widget is on
+    /// Puts the widget where it belongs on the screens of now; true when that changed its record.
+    bool syncDisplay();
+    void close(); ///< the widget goes for good
+
+Q_SIGNALS:
+    void changed();
+    void clicked(const ambrelle::FaceAction& action);
+    void removeRequested();
+
+private:
+    void dragEnded(QPointF origin);
+    void toolbarUsed(WidgetToolbar::Button button);
+    void show(const WidgetConfig& before);
+    void place();
+    FaceLook look() const;
+
+    WidgetConfig m_config;
+    Surroundings m_surroundings;
+    bool m_occluded = false;
+    WidgetPanel m_panel;
+};
+
+} // namespace ambrelle

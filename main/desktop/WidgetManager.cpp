@@ -1,0 +1,265 @@
+#include "desktop/WidgetManager.h"
+
+#include "desktop/FreeSpot.h"
+#include "desktop/ScreenPlacement.h"
+#include "foundation/UserDefaults.h"
+#include "model/AppSettings.h"
+#include "model/Composition.h"
+#include "model/ThemeAccent.h"
+#include "services/SystemMonitor.h"
+
+#include <algorithm>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString storageKey = u"widgets.v2"_s;
+constexpr int millisecondsPerSecond = 1000;
+
+WidgetManager* theShared = nullptr;
+
+} // namespace
+
+/// Holds the saves of the steps of one change back, and saves once when it is complete.
+class WidgetManager::Change {
+public:
+    explicit Change(WidgetManager& manager)
+        : m_manager(manager)
+    {
+        ++m_manager.m_openChanges;
+    }
+    ~Change()
+    {
+        if (--m_manager.m_openChanges == 0)
+            m_manager.save();
+    }
+    Q_DISABLE_COPY_MOVE(Change)
+
+private:
+    WidgetManager& m_manager;
+};
+
+WidgetManager::WidgetManager(const Collaborators& collaborators)
+    : m_with(collaborators)
+{
+    connect(&m_with.feed, &ReadingFeed::changed, this, [this](const WidgetKinds& kinds) {
+        showReadings([&](const WidgetController& c) { return kinds.test(static_cast<std::size_t>(c.config().kind)); });
+    });
+    connect(&m_with.settings, &AppSettings::changed, this, &WidgetManager::settingChanged);
+    connect(&m_with.accents, &ThemeAccent::changed, this, [this] {
+        for (WidgetController* controller : m_controllers)
+            controller->renewView();
+    });
+}
+
+WidgetManager& WidgetManager::shared()
+{
+    Q_ASSERT(theShared);
+    return *theShared;
+}
+
+void WidgetManager::setShared(WidgetManager* manager)
+{
+    theShared = manager;
+}
+
+void WidgetManager::load()
+{
+    const std::optional<QByteArray> stored = m_with.defaults.data(storageKey);
+    const auto configs = stored ? WidgetConfig::decodeList(*stored) : std::nullopt;
+    for (const WidgetConfig& config : configs.value_or(QList<WidgetConfig>()))
+        open(config);
+    demandChanged();
+}
+
+void WidgetManager::save()
+{
+    if (m_openChanges > 0)
+        return;
+    QList<WidgetConfig> configs;
+    for (WidgetController* controller : m_controllers) {
+        controller->rememberDisplay();
+        configs.append(controller->config());
+    }
+    m_with.defaults.setData(storageKey, WidgetConfig::encodeList(configs));
+}
+
+WidgetController* WidgetManager::add(WidgetKind kind, std::optional<Skin> skin, std::optional<QPointF> centeredAt)
+{
+    WidgetConfig config(kind, skin.value_or(m_with.settings.defaultSkin()));
+    const QList<ScreenInfo> screens = m_with.host.screens();
+    if (centeredAt) {
+        config.origin = *centeredAt - QPointF(config.size().width() / 2, config.size().height() / 2);
+    } else if (!screens.isEmpty()) {
+        QList<QRectF> taken;
+        for (const WidgetController* controller : m_controllers)
+            taken.append(controller->widgetFrame());
+        config.origin = freeSpot(config.size(), screens.first().visibleFrame, taken);
+    }
+    open(config);
+    save();
+    demandChanged();
+    return m_controllers.last();
+}
+
+void WidgetManager::open(const WidgetConfig& config)
+{
+    auto* controller = new WidgetController(config, {m_with.host, m_with.settings, m_with.clock, m_layers}, this);
+    connect(controller, &WidgetController::changed, this, [this, controller] { controllerChanged(controller); });
+    connect(controller, &WidgetController::removeRequested, this, [this, controller] { remove(controller); });
+    connect(controller, &WidgetController::clicked, this,
+        [this, controller](const FaceAction& action) { Q_EMIT clicked(controller, action); });
+    m_controllers.append(controller);
+    controller->setReading(ReadingRound(m_with.feed).readingFor(config, controller->showsSeconds()));
+    controller->show();
+}
+
+void WidgetManager::drop(WidgetController* controller)
+{
+    // It may be in the middle of telling that its button was pressed.
+    controller->close();
+    controller->deleteLater();
+}
+
+void WidgetManager::removeIf(const std::function<bool(const WidgetController&)>& goes)
+{
+    m_controllers.removeIf([&](WidgetController* controller) {
+        if (!goes(*controller))
+            return false;
+        drop(controller);
+        return true;
+    });
+    save();
+    demandChanged();
+}
+
+void WidgetManager::remove(WidgetController* controller)
+{
+    removeIf([&](const WidgetController& candidate) { return &candidate == controller; });
+}
+
+void WidgetManager::removeAll()
+{
+    removeIf([](const WidgetController&) { return true; });
+}
+
+void WidgetManager::removeAll(const ScreenInfo& screen)
+{
+    const QList<ScreenInfo> screens = m_with.host.screens();
+    removeIf([&](const WidgetController& controller) {
+        const auto showing = ScreenPlacement::screenNear(controller.widgetFrame(), screens);
+        return showing && showing->id == screen.id;
+    });
+}
+
+void WidgetManager::applySkinToAll(Skin skin)
+{
+    m_with.settings.defaultSkin.set(skin);
+    changeSkins([&](Skin) { return skin; });
+}
+
+void WidgetManager::changeSkins(const std::function<Skin(Skin)>& choose)
+{
+    const bool changes = std::ranges::any_of(m_controllers, [&](const WidgetController* controller) {
+        return choose(controller->config().skin) != controller->config().skin;
+    });
+    if (!changes)
+        return;
+    const Change change(*this);
+    for (WidgetController* controller : m_controllers)
+        controller->setSkin(choose(controller->config().skin));
+}
+
+void WidgetManager::applyPreset(Skin skin, const std::optional<ScreenInfo>& screen)
+{
+    m_with.settings.defaultSkin.set(skin);
+    const QList<ScreenInfo> screens = m_with.host.screens();
+    if (screens.isEmpty())
+        return;
+    const Change change(*this);
+    if (screen)
+        removeAll(*screen);
+    else
+        removeAll();
+    for (const WidgetConfig& config : Composition::widgets(skin, screen.value_or(screens.first()).visibleFrame))
+        open(config);
+    Q_EMIT presetApplied();
+    demandChanged();
+}
+
+void WidgetManager::applyLayer()
+{
+    for (WidgetController* controller : m_controllers)
+        controller->applyLayer();
+}
+
+void WidgetManager::ensureAllVisible()
+{
+    bool moved = false;
+    for (WidgetController* controller : m_controllers)
+        moved |= controller->syncDisplay();
+    if (moved)
+        save();
+}
+
+void WidgetManager::setEditing(bool editing)
+{
+    m_with.settings.editing.set(editing);
+    applyLayer();
+}
+
+void WidgetManager::demandChanged()
+{
+    m_with.monitor.setWantsProcesses(std::ranges::any_of(
+        m_controllers, [](const WidgetController* c) { return c->config().kind == WidgetKind::processes; }));
+    scheduleSeconds();
+}
+
+void WidgetManager::controllerChanged(WidgetController* controller)
+{
+    showReadings([&](const WidgetController& candidate) { return &candidate == controller; });
+    scheduleSeconds();
+    save();
+}
+
+void WidgetManager::settingChanged(const QString& key)
+{
+    if (key == m_with.settings.layer.key())
+        applyLayer();
+    if (key != m_with.settings.animations.key() && key != m_with.settings.editing.key())
+        return;
+    for (WidgetController* controller : m_controllers)
+        controller->applySettings();
+}
+
+void WidgetManager::showReadings(const std::function<bool(const WidgetController&)>& concerned)
+{
+    ReadingRound round(m_with.feed);
+    for (WidgetController* controller : m_controllers) {
+        if (concerned(*controller))
+            controller->setReading(round.readingFor(controller->config(), controller->showsSeconds()));
+    }
+}
+
+/// Wakes up at the start of every second while some clock shows seconds.
+void WidgetManager::scheduleSeconds()
+{
+    const auto showsSeconds = [](const WidgetController* controller) { return controller->showsSeconds(); };
+    if (std::ranges::none_of(m_controllers, showsSeconds)) {
+        m_seconds.reset();
+        return;
+    }
+    if (m_seconds)
+        return;
+    const int rest = millisecondsPerSecond - m_with.clock.now().time().msec();
+    m_seconds = m_with.clock.after(std::chrono::milliseconds(rest), [this] {
+        m_seconds.reset();
+        showReadings([](const WidgetController& controller) { return controller.showsSeconds(); });
+        scheduleSeconds();
+    });
+}
+
+} // namespace ambrelle

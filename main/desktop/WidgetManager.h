@@ -1,0 +1,88 @@
+#pragma once
+
+#include "desktop/ReadingRound.h"
+#include "desktop/WidgetController.h"
+#include "drawing/LayerCache.h"
+
+#include <QList>
+#include <QPointer>
+
+#include <optional>
+
+namespace ambrelle {
+
+class SystemMonitor;
+class ThemeAccent;
+class UserDefaults;
+
+/// The widgets on the desktop. Everything that adds, removes or changes them goes through here, and every change is
+/// stored at once. Main thread only.
+class WidgetManager : public QObject {
+    Q_OBJECT
+public:
+    struct Collaborators {
+        WindowHost& host;
+        UserDefaults& defaults;
+        AppSettings& settings;
+        ThemeAccent& accents;
+        SystemMonitor& monitor;
+        ReadingFeed& feed;
+        Clock& clock;
+    };
+
+    explicit WidgetManager(const Collaborators& collaborators);
+
+    /// The application's manager; setShared() comes first.
+    static WidgetManager& shared();
+    static void setShared(WidgetManager* manager);
+
+    const QList<WidgetController*>& controllers() const { return m_controllers; } ///< in the order of creation
+
+    /// Opens the stored widgets; records that cannot be read are left out, and what is stored stays until the next
+    /// change.
+    void load();
+    void save();
+
+    /// A widget in the default skin unless `skin` says otherwise, in a free spot of the main screen unless its centre
+    /// is given (global points).
+    WidgetController* add(
+        WidgetKind kind, std::optional<Skin> skin = std::nullopt, std::optional<QPointF> centeredAt = std::nullopt);
+    void remove(WidgetController* controller);
+    void removeAll();
+    void removeAll(const ScreenInfo& screen);
+
+    void applySkinToAll(Skin skin); ///< new widgets get it too
+    /// Gives every widget the skin that `choose` names for its own; stored once.
+    void changeSkins(const std::function<Skin(Skin)>& choose);
+    /// Replaces the widgets of `screen` (none: of all screens) by the skin's own layout on it (none: on the main
+    /// screen). Nothing is replaced while no screen is connected.
+    void applyPreset(Skin skin, const std::optional<ScreenInfo>& screen = std::nullopt);
+
+    void applyLayer();
+    void ensureAllVisible(); ///< after the screens changed
+    void setEditing(bool editing);
+    void demandChanged(); ///< tells the services which widgets exist
+
+Q_SIGNALS:
+    void presetApplied(); ///< the widgets are there, and not stored yet
+    void clicked(ambrelle::WidgetController* controller, const ambrelle::FaceAction& action);
+
+private:
+    class Change;
+
+    void open(const WidgetConfig& config);
+    void drop(WidgetController* controller);
+    void removeIf(const std::function<bool(const WidgetController&)>& goes);
+    void controllerChanged(WidgetController* controller);
+    void settingChanged(const QString& key);
+    void showReadings(const std::function<bool(const WidgetController&)>& concerned);
+    void scheduleSeconds();
+
+    Collaborators m_with;
+    LayerCache m_layers;
+    QList<WidgetController*> m_controllers; // children of this
+    Ticket m_seconds;
+    int m_openChanges = 0;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,225 @@
+#include "desktop/WidgetPanel.h"
+
+#include "desktop/PanelGeometry.h"
+
+#include <ranges>
+
+namespace ambrelle {
+
+WidgetPanel::WidgetPanel(WindowHost& host, Clock& clock, LayerCache& layers, FaceView view, Hooks hooks)
+    : m_hooks(std::move(hooks))
+    , m_face(std::move(view), layers)
+    , m_motion(
+          clock, [this](const QRectF& area) { m_window->update(m_face.scaled(area).translated(faceArea().topLeft())); })
+    , m_hover(clock, [this](bool) { hoverChanged(); })
+    , m_window(host.makePanel(*this))
+{
+}
+
+void WidgetPanel::show()
+{
+    m_window->show();
+}
+
+void WidgetPanel::close()
+{
+    m_closed = true;
+    m_motion.setActive(false);
+    m_window->hide();
+}
+
+QRectF WidgetPanel::faceArea() const
+{
+    return PanelGeometry::faceArea(m_face.look().size);
+}
+
+void WidgetPanel::place(const QRectF& frame, const QRectF& room)
+{
+    m_room = room;
+    m_toolbar.setArea(PanelGeometry::toolbarArea(frame, room));
+    const QRectF panel = PanelGeometry::panelFrame(frame);
+    if (panel != m_window->frame())
+        m_window->setFrame(panel);
+    applyAreas();
+}
+
+void WidgetPanel::applyAreas()
+{
+    QRectF input = faceArea();
+    QRectF outline = m_face.outline().translated(faceArea().topLeft());
+    if (isHovering()) {
+        input |= m_toolbar.area();
+        outline |= m_toolbar.area();
+    }
+    m_window->setInputArea(input);
+    m_window->setOutline(outline, m_face.outlineCorner());
+}
+
+void WidgetPanel::setLevel(WindowLevel level)
+{
+    m_window->setLevel(level);
+}
+
+void WidgetPanel::setView(FaceView view)
+{
+    m_face.setView(std::move(view));
+    applyAreas();
+    repaint();
+}
+
+void WidgetPanel::setLook(const FaceLook& look)
+{
+    if (look == m_face.look())
+        return;
+    m_face.setLook(look);
+    applyAreas();
+    m_window->update({{}, m_window->frame().size()});
+}
+
+void WidgetPanel::setReading(const std::shared_ptr<const Reading>& reading)
+{
+    const std::shared_ptr<const Reading>& shown = m_face.reading();
+    if (shown == reading || (shown && *shown == *reading))
+        return;
+    m_face.setReading(reading);
+    repaint();
+}
+
+void WidgetPanel::setToolbar(const WidgetToolbar::State& state)
+{
+    if (state == m_toolbar.state())
+        return;
+    m_toolbar.setState(state);
+    if (isHovering())
+        m_window->update(m_toolbar.area());
+}
+
+void WidgetPanel::setMotionActive(bool active)
+{
+    if (active == m_motion.isActive() || m_closed)
+        return;
+    m_motion.setActive(active);
+    if (!m_face.result().moving.isEmpty())
+        repaint();
+}
+
+void WidgetPanel::repaint()
+{
+    m_window->update(m_face.reach().translated(faceArea().topLeft()));
+}
+
+void WidgetPanel::paint(QPainter& painter, const QRectF& area)
+{
+    const QPointF origin = faceArea().topLeft();
+    const QRectF painted = area.translated(-origin);
+    painter.save();
+    painter.translate(origin);
+    m_face.paint(painter, painted, m_motion.time());
+    painter.restore();
+    if (isHovering() && area.intersects(m_toolbar.area()))
+        m_toolbar.paint(painter);
+    const double scale = m_face.look().scale;
+    m_motion.drawn(m_face.result().moving, {painted.topLeft() / scale, painted.size() / scale});
+}
+
+void WidgetPanel::pointerPressed(const PointerEvent& event)
+{
+    if (m_closed || event.button != Qt::LeftButton)
+        return;
+    m_drag.press(event.global);
+    m_dragStart = m_window->frame().topLeft();
+    const bool onToolbar = isHovering() && m_toolbar.area().contains(event.local);
+    if (onToolbar && m_toolbar.press(event.local))
+        m_window->update(m_toolbar.area());
+    m_pressedAction = onToolbar ? std::nullopt : actionAt(event.local);
+}
+
+void WidgetPanel::pointerMoved(const PointerEvent& event)
+{
+    if (m_closed)
+        return;
+    if (isHovering() && m_toolbar.hover(event.local))
+        m_window->update(m_toolbar.area());
+    if (!m_drag.isPressed() || m_hooks.isLocked())
+        return;
+    const std::optional<DragGesture::Step> step = m_drag.move(event.global);
+    if (!step)
+        return;
+    if (step->began)
+        clickCancelled();
+    m_window->setFrame({m_dragStart + step->by, m_window->frame().size()});
+}
+
+void WidgetPanel::clickCancelled()
+{
+    m_pressedAction.reset();
+    if (m_toolbar.cancelPress())
+        m_window->update(m_toolbar.area());
+}
+
+void WidgetPanel::pointerReleased(const PointerEvent& event)
+{
+    if (m_closed || event.button != Qt::LeftButton)
+        return;
+    switch (m_drag.release()) {
+    case DragGesture::Outcome::none: break;
+    case DragGesture::Outcome::drag: m_hooks.dragEnded(PanelGeometry::widgetOrigin(m_window->frame().topLeft())); break;
+    case DragGesture::Outcome::click: click(event.local); break;
+    }
+}
+
+void WidgetPanel::click(QPointF local)
+{
+    const std::optional<FaceAction> pressed = std::exchange(m_pressedAction, std::nullopt);
+    const std::optional<WidgetToolbar::Button> button = m_toolbar.release(local);
+    if (isHovering())
+        m_window->update(m_toolbar.area());
+    if (button)
+        m_hooks.toolbarUsed(*button);
+    else if (pressed && pressed == actionAt(local))
+        m_hooks.clicked(*pressed);
+}
+
+/// A press on the face asks for its action; while widgets are arranged a face answers nothing.
+std::optional<FaceAction> WidgetPanel::actionAt(QPointF local) const
+{
+    const QRectF face = faceArea();
+    if (m_face.look().editing || !face.contains(local))
+        return std::nullopt;
+    const QPointF point = (local - face.topLeft()) / m_face.look().scale;
+    for (const Canvas::HitArea& hit : std::views::reverse(m_face.result().hits)) {
+        if (hit.area.contains(point))
+            return hit.action;
+    }
+    return FaceAction{};
+}
+
+void WidgetPanel::pointerEntered()
+{
+    if (!m_closed)
+        m_hover.enter();
+}
+
+void WidgetPanel::pointerLeft()
+{
+    if (m_closed)
+        return;
+    if (m_toolbar.hover(std::nullopt))
+        m_window->update(m_toolbar.area());
+    m_hover.leave();
+}
+
+void WidgetPanel::hoverChanged()
+{
+    if (!isHovering())
+        m_toolbar.hover(std::nullopt);
+    applyAreas();
+    m_window->update(m_toolbar.area());
+}
+
+void WidgetPanel::appearanceChanged()
+{
+    m_window->update({{}, m_window->frame().size()});
+}
+
+} // namespace ambrelle

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "desktop/DragGesture.h"
+#include "desktop/FaceMotion.h"
+#include "desktop/FacePainter.h"
+#include "desktop/HoverDelay.h"
+#include "desktop/WidgetToolbar.h"
+#include "platform/WindowHost.h"
+
+namespace ambrelle {
+
+/// The window of one widget: draws the face and the toolbar over it, and turns what the pointer does into a drag, a
+/// click on the face or a button of the toolbar.
+class WidgetPanel final : public PanelDelegate {
+public:
+    struct Hooks {
+        std::function<bool()> isLocked; ///< asked while dragging
+        std::function<void(QPointF origin)> dragEnded; ///< of the face's lower left corner, global points
+        std::function<void(const FaceAction&)> clicked;
+        std::function<void(WidgetToolbar::Button)> toolbarUsed;
+    };
+
+    WidgetPanel(WindowHost& host, Clock& clock, LayerCache& layers, FaceView view, Hooks hooks);
+
+    void show();
+    void close(); ///< for good: nothing is heard or drawn any more
+    /// Puts the face at `frame` (global points); the toolbar stays inside `room` as far as it can.
+    void place(const QRectF& frame, const QRectF& room);
+    void setLevel(WindowLevel level);
+    void setView(FaceView view);
+    void setLook(const FaceLook& look);
+    /// Repaints if it differs from the one shown.
+    void setReading(const std::shared_ptr<const Reading>& reading);
+    void setToolbar(const WidgetToolbar::State& state);
+    void setMotionActive(bool active);
+    void repaint(); ///< the face
+
+    bool isHovering() const { return m_hover.isHovering(); }
+    const FaceView& view() const { return m_face.view(); }
+    const WidgetToolbar& toolbar() const { return m_toolbar; }
+    QRectF faceArea() const; ///< window points, y down
+
+    void paint(QPainter& painter, const QRectF& area) override;
+    void pointerPressed(const PointerEvent& event) override;
+    void pointerMoved(const PointerEvent& event) override;
+    void pointerReleased(const PointerEvent& event) override;
+    void pointerEntered() override;
+    void pointerLeft() override;
+    void appearanceChanged() override;
+
+private:
+    std::optional<FaceAction> actionAt(QPointF local) const;
+    void hoverChanged();
+    void applyAreas();
+    void clickCancelled();
+    void click(QPointF local);
+
+    Hooks m_hooks;
+    FacePainter m_face;
+    FaceMotion m_motion;
+    HoverDelay m_hover;
+    DragGesture m_drag;
+    WidgetToolbar m_toolbar;
+    QRectF m_room;
+    QPointF m_dragStart; // origin of the window
+    std::optional<FaceAction> m_pressedAction;
+    bool m_closed = false;
+    std::unique_ptr<PanelWindow> m_window; // last: it calls back until it is gone
+};
+
+} // namespace ambrelle

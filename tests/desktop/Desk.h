@@ -1,0 +1,76 @@
+#pragma once
+
+#include "desktop/PanelGeometry.h"
+#include "desktop/WidgetManager.h"
+#include "foundation/ManualClock.h"
+#include "foundation/UserDefaults.h"
+#include "model/AppSettings.h"
+#include "model/ThemeAccent.h"
+#include "platform/recording/RecordingSources.h"
+#include "platform/recording/RecordingWindowHost.h"
+#include "services/SystemMonitor.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+namespace ambrelle {
+
+/// A whole desktop in memory. Its store may be another desktop's, which is what a restart finds.
+struct Desk {
+    explicit Desk(UserDefaults& store)
+        : defaults(store)
+    {
+    }
+
+    UserDefaults& defaults;
+    ManualClock clock;
+    RecordingSources machine;
+    RecordingWindowHost host;
+    AppSettings settings{defaults};
+    ThemeAccent accents{defaults};
+    SystemMonitor monitor{machine.sources(), clock};
+    ReadingFeed feed{{monitor, settings}, clock, QLocale::c()};
+    WidgetManager manager{{host, defaults, settings, accents, monitor, feed, clock}};
+
+    QList<WidgetConfig> live() const
+    {
+        QList<WidgetConfig> configs;
+        for (const WidgetController* controller : manager.controllers())
+            configs.append(controller->config());
+        return configs;
+    }
+    QList<WidgetConfig> stored() const
+    {
+        return WidgetConfig::decodeList(defaults.data(QStringLiteral("widgets.v2")).value_or("[]"))
+            .value_or(QList<WidgetConfig>());
+    }
+    QList<RecordingPanel*> panels() const ///< on the screen, in the order of the widgets
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return host.panels();
+    }
+    WidgetController* add(WidgetKind kind, QPointF origin, Skin skin = Skin::glass)
+    {
+        const QSizeF size = WidgetConfig(kind, skin).size();
+        return manager.add(kind, skin, origin + QPointF(size.width() / 2, size.height() / 2));
+    }
+    /// Clicks a button of the toolbar as a user does: the pointer is over the widget first.
+    void useToolbar(const WidgetController& widget, WidgetToolbar::Button button)
+    {
+        host.movePointer(widget.widgetFrame().center());
+        WidgetToolbar toolbar;
+        toolbar.setArea(PanelGeometry::toolbarArea(widget.widgetFrame(), host.screens().first().visibleFrame));
+        const QRectF panel = PanelGeometry::panelFrame(widget.widgetFrame());
+        const QPointF point = toolbar.buttonArea(button).center();
+        host.click({panel.x() + point.x(), panel.bottom() - point.y()});
+    }
+    void paintAll() const
+    {
+        for (RecordingPanel* panel : host.panels()) {
+            panel->picture();
+            panel->clearUpdates();
+        }
+    }
+};
+
+} // namespace ambrelle

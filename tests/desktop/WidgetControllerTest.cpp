@@ -1,0 +1,128 @@
+#include "desktop/Desk.h"
+
+#include "desktop/PanelGeometry.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+namespace {
+
+using namespace std::chrono_literals;
+using enum WidgetKind;
+
+struct WidgetControllerTest : ::testing::Test {
+    UserDefaults store = UserDefaults::temporary();
+    Desk desk{store};
+    WidgetController* widget = desk.add(cpu, {100, 100});
+    RecordingPanel* panel = desk.panels().first();
+    int clicks = 0;
+
+    void SetUp() override
+    {
+        QObject::connect(&desk.manager, &WidgetManager::clicked, &desk.manager, [this] { ++clicks; });
+    }
+};
+
+TEST_F(WidgetControllerTest, ClicksDragsAndObeysTheLock)
+{
+    struct Case {
+        const char* what;
+        bool locked;
+        QPointF by;
+        QPointF origin;
+        int clicks;
+    };
+    const Case cases[] = {
+        {"three points are a click", false, {3, 0}, {100, 100}, 1},
+        {"more are a drag and no click", false, {3.1, 0}, {103.1, 100}, 0},
+        {"a long drag", false, {200, -60}, {300, 40}, 0},
+        {"locked it stays, and the face hears the click", true, {60, 0}, {100, 100}, 1},
+        {"locked and released outside the face", true, {600, 0}, {100, 100}, 0},
+    };
+    for (const Case& c : cases) {
+        widget->change([](WidgetConfig& config) { config.origin = {100, 100}; });
+        desk.settings.locked.set(c.locked);
+        clicks = 0;
+        desk.host.drag(QPointF(150, 150), QPointF(150, 150) + c.by, 1);
+        EXPECT_EQ(widget->config().origin, c.origin) << c.what;
+        EXPECT_EQ(panel->frame(), PanelGeometry::panelFrame(widget->widgetFrame())) << c.what;
+        EXPECT_EQ(clicks, c.clicks) << c.what;
+    }
+}
+
+TEST_F(WidgetControllerTest, ADragFromAToolbarButtonDoesNotPressIt)
+{
+    desk.host.movePointer({150, 150});
+    const QRectF strip = PanelGeometry::toolbarArea(widget->widgetFrame());
+    const QPointF removeButton(70 + strip.right() - 20, 302 - strip.center().y());
+    ASSERT_EQ(desk.host.panelAt(removeButton), panel);
+    desk.host.drag(removeButton, removeButton + QPointF(50, 0));
+    EXPECT_EQ(desk.manager.controllers().size(), 1);
+    EXPECT_EQ(widget->config().origin, QPointF(150, 100));
+}
+
+TEST_F(WidgetControllerTest, HearsThePointerOnTheFaceAndOnTheToolbarWhileHovering)
+{
+    const QPointF aboveTheFace(110, 286);
+    const QPointF inTheMargin(80, 150);
+    EXPECT_FALSE(desk.host.panelAt(aboveTheFace));
+    desk.host.movePointer({150, 150});
+    EXPECT_TRUE(widget->isHovering());
+    EXPECT_EQ(desk.host.panelAt(aboveTheFace), panel);
+    EXPECT_FALSE(desk.host.panelAt(inTheMargin));
+    desk.host.movePointer({900, 600});
+    desk.clock.advance(250ms);
+    EXPECT_FALSE(desk.host.panelAt(aboveTheFace));
+    desk.host.click(aboveTheFace);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(WidgetControllerTest, AnswersNoClicksWhileWidgetsAreArranged)
+{
+    desk.manager.setEditing(true);
+    desk.host.click({150, 150});
+    desk.host.click({150, 150}, Qt::RightButton);
+    EXPECT_EQ(clicks, 0);
+    desk.manager.setEditing(false);
+    desk.host.click({150, 150}, Qt::RightButton);
+    EXPECT_EQ(clicks, 0) << "only the left button opens";
+}
+
+TEST_F(WidgetControllerTest, PaintsTheToolbarOnlyWhileHovering)
+{
+    const QPoint inTheStrip(40, 16);
+    EXPECT_EQ(panel->picture().pixelColor(inTheStrip).alpha(), 0);
+    desk.host.movePointer({150, 150});
+    EXPECT_GT(panel->picture().pixelColor(inTheStrip).alpha(), 150);
+}
+
+TEST_F(WidgetControllerTest, DrawsBackdropBorderOpacityAndEditMark)
+{
+    const QPoint beside(30 - 3, 32 + 85); // between the face and the backdrop's edge
+    const auto look = [&](const std::function<void(WidgetConfig&)>& edit) {
+        widget->change(edit);
+        return panel->picture();
+    };
+    const QImage plain = panel->picture();
+    const QColor besidePlain = plain.pixelColor(beside);
+    const QImage dim = look([](WidgetConfig& c) { c.backdrop = Backdrop::dim; });
+    EXPECT_NEAR(dim.pixelColor(beside).alphaF(), 0.35 + besidePlain.alphaF() * 0.65, 0.02);
+    EXPECT_EQ(panel->outline(), QRectF(24, 26, 182, 182));
+    look([](WidgetConfig& c) { c.backdrop = Backdrop::none; });
+
+    const QPoint onTheEdge(30 + 85, 32);
+    EXPECT_NE(look([](WidgetConfig& c) { c.border = true; }).pixelColor(onTheEdge), plain.pixelColor(onTheEdge));
+    EXPECT_EQ(look([](WidgetConfig& c) { c.border = false; }), plain);
+
+    const QPoint middle(30 + 85, 32 + 150);
+    const QImage half = look([](WidgetConfig& c) { c.opacity = 0.5; });
+    EXPECT_NEAR(half.pixelColor(middle).alphaF(), plain.pixelColor(middle).alphaF() / 2, 0.02);
+    look([](WidgetConfig& c) { c.opacity = 1; });
+    desk.manager.setEditing(true);
+    EXPECT_NE(panel->picture(), plain);
+    desk.manager.setEditing(false);
+    EXPECT_EQ(panel->picture(), plain);
+}
+
+} // namespace
+} // namespace ambrelle

@@ -1,0 +1,279 @@
+#include "desktop/Desk.h"
+
+#include "desktop/AppearanceFollower.h"
+#include "desktop/ScreenPlacement.h"
+#include "model/Composition.h"
+#include "platform/recording/RecordingAppearance.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using enum WidgetKind;
+
+struct WidgetManagerTest : ::testing::Test {
+    UserDefaults store = UserDefaults::temporary();
+    Desk desk{store};
+};
+
+ScreenInfo secondScreen()
+{
+    ScreenInfo info;
+    info.id = u"second"_s;
+    info.frame = QRectF(1440, 0, 1920, 1080);
+    info.visibleFrame = info.frame;
+    return info;
+}
+
+TEST_F(WidgetManagerTest, StoresEveryChangeBeforeItReturns)
+{
+    WidgetController* first = desk.manager.add(clock);
+    desk.manager.add(processes);
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"scale", [&] { first->setScale(WidgetScale::huge); }},
+        {"pin", [&] { first->setPinned(true); }},
+        {"skin", [&] { first->setSkin(Skin::paper); }},
+        {"an option", [&] { first->change([](WidgetConfig& c) { c.timeZone = u"Asia/Tokyo"_s; }); }},
+        {"a drag",
+            [&] {
+                desk.host.drag(first->widgetFrame().center(), {300, 300});
+            }},
+        {"the toolbar's scale", [&] { desk.useToolbar(*first, WidgetToolbar::Button::scale); }},
+        {"the toolbar's pin", [&] { desk.useToolbar(*first, WidgetToolbar::Button::pin); }},
+        {"all skins", [&] { desk.manager.applySkinToAll(Skin::mono); }},
+        {"the toolbar's remove", [&] { desk.useToolbar(*first, WidgetToolbar::Button::remove); }},
+        {"remove all", [&] { desk.manager.removeAll(); }},
+    };
+    for (const auto& [what, change] : changes) {
+        const QList<WidgetConfig> before = desk.stored();
+        change();
+        EXPECT_NE(desk.stored(), before) << what;
+        EXPECT_EQ(desk.stored(), desk.live()) << what;
+    }
+    EXPECT_TRUE(desk.panels().isEmpty());
+}
+
+TEST_F(WidgetManagerTest, ComesBackAsItWasAfterTheProgramWasKilled)
+{
+    desk.manager.applyPreset(Skin::neon);
+    desk.add(countdown, {40, 50})->change([](WidgetConfig& c) { c.opacity = 0.5; });
+    Desk next(store);
+    next.manager.load();
+    EXPECT_EQ(next.live(), desk.live());
+    EXPECT_EQ(next.panels().size(), desk.panels().size());
+    EXPECT_EQ(next.panels().last()->frame(), QRectF(10, 20, 256, 232));
+}
+
+TEST_F(WidgetManagerTest, LeavesUnreadableRecordsAloneUntilTheNextChange)
+{
+    struct Case {
+        const char* what;
+        QByteArray stored;
+        qsizetype opened;
+    };
+    const Case cases[] = {
+        {"not an array", R"({"kind": "clock"})", 0},
+        {"not JSON", "widgets", 0},
+        {"a bad record between good ones",
+            R"([{"kind":"clock","origin":[9,9]},{"kind":"abacus","origin":[0,0]},{"kind":"cpu","skin":"?","origin":[1,2]}])",
+            2},
+    };
+    for (const Case& c : cases) {
+        UserDefaults defaults = UserDefaults::temporary();
+        ASSERT_TRUE(defaults.setData(u"widgets.v2"_s, c.stored));
+        const auto stored = defaults.data(u"widgets.v2"_s);
+        Desk damaged(defaults);
+        damaged.manager.load();
+        damaged.manager.ensureAllVisible();
+        EXPECT_EQ(damaged.live().size(), c.opened) << c.what;
+        EXPECT_EQ(defaults.data(u"widgets.v2"_s), stored) << c.what;
+        damaged.manager.add(cpu);
+        EXPECT_EQ(damaged.stored(), damaged.live()) << c.what;
+    }
+}
+
+TEST_F(WidgetManagerTest, SamplesProcessesOnlyWhileAWidgetShowsThem)
+{
+    WidgetController* list = desk.manager.add(processes);
+    EXPECT_TRUE(desk.monitor.wantsProcesses());
+    desk.manager.remove(list);
+    EXPECT_FALSE(desk.monitor.wantsProcesses());
+}
+
+TEST_F(WidgetManagerTest, AppliesALayoutToOneScreenOnly)
+{
+    desk.host.setScreens({desk.host.screens().first(), secondScreen()});
+    WidgetController* kept = desk.add(cpu, {100, 100});
+    desk.add(memory, {2000, 100});
+    desk.manager.applyPreset(Skin::paper, secondScreen());
+    const QList<WidgetConfig> widgets = desk.live();
+    ASSERT_EQ(widgets.size(), 1 + Composition::preset(Skin::paper).spots.size());
+    EXPECT_EQ(widgets.first(), kept->config());
+    for (const WidgetConfig& widget : widgets.sliced(1))
+        EXPECT_TRUE(secondScreen().visibleFrame.contains(widget.frame()));
+    EXPECT_EQ(desk.settings.defaultSkin(), Skin::paper);
+
+    desk.host.setScreens({});
+    desk.manager.applyPreset(Skin::neon);
+    EXPECT_EQ(desk.live(), widgets) << "without a screen nothing is replaced";
+}
+
+TEST_F(WidgetManagerTest, RaisesPinnedWidgetsAndAllOfThemWhileEditing)
+{
+    WidgetController* pinned = desk.add(cpu, {100, 100});
+    desk.add(memory, {500, 100});
+    pinned->setPinned(true);
+    const auto levels = [&] {
+        QString text;
+        for (const RecordingPanel* panel : desk.panels())
+            text += panel->level() == WindowLevel::floating ? u'f' : u'd';
+        return text;
+    };
+    EXPECT_EQ(levels(), u"fd");
+    desk.manager.setEditing(true);
+    EXPECT_EQ(levels(), u"ff");
+    desk.manager.setEditing(false);
+    EXPECT_EQ(levels(), u"fd");
+    desk.settings.layer.set(WidgetLayer::floating);
+    EXPECT_EQ(levels(), u"ff");
+}
+
+TEST_F(WidgetManagerTest, RepaintsOnlyWhatReadsDifferently)
+{
+    desk.machine.memory.currentPhysicalMemory = 1 << 30;
+    desk.machine.processor.currentTicks = QList<ProcessorTicks>(2);
+    const WidgetController* cpuWidget = desk.add(cpu, {100, 100});
+    desk.add(disk, {400, 100});
+    desk.monitor.start(2);
+    desk.clock.advance(4s);
+    desk.paintAll();
+    const auto repaints = [&](const WidgetController* widget) {
+        return desk.panels().at(desk.manager.controllers().indexOf(widget))->updates().size();
+    };
+    desk.clock.advance(60s);
+    EXPECT_EQ(repaints(cpuWidget), 0) << "an idle machine paints nothing";
+    desk.machine.processor.currentLoads = std::array{1.5, 1.0, 0.5};
+    desk.clock.advance(2s);
+    EXPECT_EQ(repaints(cpuWidget), 1);
+    EXPECT_EQ(repaints(desk.manager.controllers().last()), 0);
+}
+
+TEST_F(WidgetManagerTest, SharesOneReadingAmongEqualWidgets)
+{
+    ReadingRound round(desk.feed);
+    const WidgetConfig one(memory, Skin::glass);
+    const WidgetConfig other(memory, Skin::paper, WidgetScale::huge, {50, 50});
+    WidgetConfig tokyo(clock, Skin::glass);
+    tokyo.timeZone = u"Asia/Tokyo"_s;
+    EXPECT_EQ(round.readingFor(one, false), round.readingFor(other, false));
+    EXPECT_NE(round.readingFor(tokyo, false), round.readingFor(WidgetConfig(clock, Skin::glass), false));
+    EXPECT_NE(round.readingFor(tokyo, false), round.readingFor(tokyo, true));
+    EXPECT_NE(round.readingFor(WidgetConfig(photo, Skin::glass), false),
+        round.readingFor(WidgetConfig(photo, Skin::glass), false));
+}
+
+TEST_F(WidgetManagerTest, TakesGuestsInWhileTheirScreenIsAway)
+{
+    const ScreenInfo main = desk.host.screens().first();
+    desk.host.setScreens({main, secondScreen()});
+    desk.add(cpu, {2200, 700});
+    desk.add(network, {200, 200});
+    const QList<WidgetConfig> before = desk.live();
+    const auto show = [&](const QList<ScreenInfo>& screens) {
+        desk.host.setScreens(screens);
+        desk.manager.ensureAllVisible();
+    };
+    show({main});
+    EXPECT_TRUE(main.visibleFrame.contains(desk.live().first().frame()));
+    EXPECT_EQ(desk.panels().first()->frame(), PanelGeometry::panelFrame(desk.live().first().frame()));
+    show({});
+    desk.manager.controllers().last()->setPinned(true);
+    desk.manager.controllers().last()->setPinned(false);
+    show({main, secondScreen()});
+    EXPECT_EQ(desk.live(), before);
+    EXPECT_EQ(desk.stored(), before);
+}
+
+TEST_F(WidgetManagerTest, FollowsTheAppearanceWithPairedSkinsOnly)
+{
+    RecordingAppearance appearance;
+    AppearanceFollower follower(appearance, desk.settings, desk.manager, desk.clock);
+    desk.settings.defaultSkin.set(Skin::lumen);
+    desk.add(cpu, {100, 100}, Skin::paper);
+    desk.add(cpu, {400, 100}, Skin::glass);
+    follower.start();
+    const auto skins = [&] {
+        QStringList names;
+        for (const WidgetConfig& config : desk.stored())
+            names.append(rawValue(config.skin));
+        return names.join(u' ') + u" / "_s + rawValue(desk.settings.defaultSkin());
+    };
+    appearance.setDark(true);
+    desk.clock.advance(1s);
+    EXPECT_EQ(skins(), u"paper glass / lumen") << "not asked for";
+    desk.settings.followAppearance.set(true);
+    EXPECT_EQ(skins(), u"mono glass / slate");
+    appearance.setDark(false);
+    desk.clock.advance(299ms);
+    EXPECT_EQ(skins(), u"mono glass / slate");
+    desk.clock.advance(1ms);
+    EXPECT_EQ(skins(), u"paper glass / lumen");
+    appearance.setDark(true);
+    desk.clock.advance(1s);
+    desk.manager.applyPreset(Skin::field);
+    EXPECT_EQ(desk.settings.defaultSkin(), Skin::fieldDark);
+    EXPECT_EQ(desk.stored().first().skin, Skin::fieldDark) << "a layout is followed too";
+}
+
+/// Whatever the user and the screens do: what is stored is what is shown, and every widget can be seen.
+TEST_F(WidgetManagerTest, SurvivesAnyOrderOfOperations)
+{
+    std::mt19937 random(20250602);
+    const auto pick = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+    const ScreenInfo main = desk.host.screens().first();
+    for (int step = 0; step < 1500; ++step) {
+        const QList<WidgetController*>& widgets = desk.manager.controllers();
+        WidgetController* some = widgets.isEmpty() ? nullptr : widgets.at(pick(static_cast<int>(widgets.size())));
+        const int operation = pick(9);
+        if (!some || operation == 0) {
+            if (widgets.size() < 12)
+                desk.manager.add(allCases<WidgetKind>()[static_cast<std::size_t>(pick(20))], std::nullopt,
+                    pick(2) ? std::optional(QPointF(pick(3000) - 500, pick(1800) - 400)) : std::nullopt);
+        } else if (operation <= 2) {
+            desk.host.drag(some->widgetFrame().center(), QPointF(pick(6000) - 2000, pick(4000) - 1500));
+        } else if (operation == 3) {
+            some->setScale(next(some->config().scale));
+        } else if (operation == 4) {
+            some->setPinned(pick(2) == 0);
+        } else if (operation == 5) {
+            some->setSkin(allCases<Skin>()[static_cast<std::size_t>(pick(30))]);
+        } else if (operation == 6) {
+            desk.manager.remove(some);
+        } else {
+            const QList<QList<ScreenInfo>> arrangements{{main}, {main, secondScreen()}, {secondScreen()}, {}};
+            desk.host.setScreens(arrangements.at(pick(4)));
+            desk.manager.ensureAllVisible();
+        }
+        ASSERT_EQ(desk.stored(), desk.live()) << "step " << step << " operation " << operation;
+        for (const WidgetConfig& config : desk.live()) {
+            if (!desk.host.screens().isEmpty()) {
+                ASSERT_TRUE(ScreenPlacement::screenShowing(config.frame(), desk.host.screens())) << "step " << step;
+            }
+        }
+        ASSERT_EQ(desk.panels().size(), desk.live().size());
+    }
+    desk.host.setScreens({main, secondScreen()});
+    desk.manager.ensureAllVisible();
+    Desk next(store);
+    next.host.setScreens(desk.host.screens());
+    next.manager.load();
+    EXPECT_EQ(next.live(), desk.live());
+}
+
+} // namespace
+} // namespace ambrelle
