@@ -1,0 +1,37 @@
+#pragma once
+
+#include "desktop/AppearanceFollower.h"
+#include "desktop/WidgetManager.h"
+#include "foundation/SystemClock.h"
+#include "platform/linux/LinuxSources.h"
+#include "platform/linux/PortalAppearance.h"
+#include "services/SystemMonitor.h"
+
+#include <memory>
+
+namespace ambrelle {
+
+/// Wires the real machine, the services and the desktop together, and starts them in order. Needs the application
+/// object.
+class AppDelegate : public QObject {
+    Q_OBJECT
+public:
+    AppDelegate();
+    ~AppDelegate() override;
+
+    void start();
+
+private:
+    void firstLaunch();
+
+    SystemClock m_clock;
+    LinuxSources m_sources;
+    PortalAppearance m_appearance;
+    std::unique_ptr<WindowHost> m_host;
+    SystemMonitor m_monitor;
+    ReadingFeed m_feed;
+    WidgetManager m_manager;
+    AppearanceFollower m_follower;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "app/CommandLine.h"
+
+namespace ambrelle {
+
+/// Carries a batch mode out and gives the exit status.
+int runBatchMode(const CommandLine& commandLine);
+
+} // namespace ambrelle

@@ -1,0 +1,83 @@
+#include "app/CommandLine.h"
+
+#include <array>
+#include <optional>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Mode = CommandLine::Mode;
+
+struct BatchOption {
+    QLatin1StringView flag;
+    Mode mode;
+};
+
+// In the order in which they are looked for.
+constexpr std::array batchOptions{BatchOption{"--render-previews"_L1, Mode::renderPreviews}};
+
+std::optional<Mode> batchMode(const QString& argument)
+{
+    for (const BatchOption& option : batchOptions) {
+        if (argument == option.flag)
+            return option.mode;
+    }
+    return std::nullopt;
+}
+
+bool isOption(const QString& argument)
+{
+    return argument.size() > 1 && argument.startsWith(u'-');
+}
+
+} // namespace
+
+CommandLine CommandLine::parse(const QStringList& arguments)
+{
+    const QStringList words = arguments.mid(0, arguments.indexOf(u"--"_s));
+    for (const BatchOption& option : batchOptions) {
+        const qsizetype place = words.indexOf(option.flag);
+        if (place >= 0 && place + 1 < words.size())
+            return {.mode = option.mode, .folder = words.at(place + 1)};
+    }
+    if (words.contains("--help"_L1) || words.contains("-h"_L1))
+        return {.mode = Mode::help};
+    if (words.contains("--version"_L1))
+        return {.mode = Mode::version};
+    CommandLine desktop;
+    for (const QString& word : words) {
+        if (isOption(word) && !batchMode(word))
+            return {.mode = Mode::unknownOption, .option = word};
+        if (!isOption(word))
+            desktop.files.append(word);
+    }
+    desktop.files.append(arguments.mid(words.size() + 1));
+    desktop.files.removeAll(QString());
+    return desktop;
+}
+
+QString CommandLine::helpText()
+{
+    return uR"(Usage: ambrelle [OPTION] [FILE...]
+Live widgets on the desktop, in thirty themes. A program that already runs takes the FILEs over.
+
+  --render-previews FOLDER  write a picture of every theme into FOLDER and exit
+  -h, --help                show this text and exit
+  --version                 show the version and exit
+
+Environment of --render-previews:
+  SKIN  the one theme to render, by its name in lower case
+
+Settings and widgets are kept in $XDG_CONFIG_HOME/ambrelle/defaults.json.
+)"_s;
+}
+
+QString CommandLine::unknownOptionText(const QString& option)
+{
+    return u"ambrelle: unknown option “%1”. Try “ambrelle --help”."_s.arg(option);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace ambrelle {
+
+/// What the program is asked to do.
+struct CommandLine {
+    enum class Mode { desktop, renderPreviews, help, version, unknownOption };
+
+    Mode mode = Mode::desktop;
+    QString folder; ///< where a batch mode writes
+    QStringList files; ///< theme files handed to the desktop, as given
+    QString option; ///< the unknown one
+
+    bool operator==(const CommandLine&) const = default;
+
+    /// `arguments` without the program's name. Options are exact words; the first one that asks for a mode wins. A
+    /// batch mode that comes last, without its folder, is ignored. After "--" everything is a file.
+    static CommandLine parse(const QStringList& arguments);
+    static QString helpText();
+    static QString unknownOptionText(const QString& option);
+
+    /// Whether the mode writes files and exits, without a display.
+    bool isBatch() const { return mode == Mode::renderPreviews; }
+};
+
+} // namespace ambrelle

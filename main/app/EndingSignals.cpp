@@ -1,0 +1,54 @@
+#include "app/EndingSignals.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr std::array endingSignals{SIGTERM, SIGINT, SIGHUP};
+std::array<int, 2> thePipe{-1, -1};
+
+// A signal handler may do hardly anything; writing into a pipe it may.
+void handle(int)
+{
+    const int error = errno;
+    const char byte = 0;
+    [[maybe_unused]] const auto written = ::write(thePipe[1], &byte, 1);
+    errno = error;
+}
+
+} // namespace
+
+EndingSignals::EndingSignals()
+{
+    if (::pipe2(thePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(thePipe[0], QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
+        std::array<char, 16> bytes{};
+        while (::read(thePipe[0], bytes.data(), bytes.size()) > 0) { }
+        Q_EMIT received();
+    });
+    for (const int number : endingSignals)
+        std::signal(number, handle);
+}
+
+EndingSignals::~EndingSignals()
+{
+    for (const int number : endingSignals)
+        std::signal(number, SIG_DFL);
+    m_notifier.reset();
+    for (int& end : thePipe) {
+        if (end >= 0)
+            ::close(end);
+        end = -1;
+    }
+}
+
+} // namespace ambrelle

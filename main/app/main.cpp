@@ -1,0 +1,94 @@
+#include "app/AppDelegate.h"
+#include "app/BatchModes.h"
+#include "app/CommandLine.h"
+#include "app/EndingSignals.h"
+#include "app/Environment.h"
+#include "app/Information.h"
+#include "app/SingleInstance.h"
+#include "platform/linux/Fonts.h"
+
+#include <QGuiApplication>
+#include <QTextStream>
+
+#include <cstdlib>
+
+namespace {
+
+using namespace ambrelle;
+using namespace Qt::StringLiterals;
+
+constexpr int wrongUse = 2;
+
+QStringList argumentsOf(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+int complain(const QString& sentence, int status = EXIT_FAILURE)
+{
+    QTextStream(stderr) << sentence << '\n';
+    return status;
+}
+
+int handOver(const SingleInstance& instance, const QStringList& files, int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    if (instance.handOver(files))
+        return EXIT_SUCCESS;
+    return complain(u"Ambrelle is already running, but does not answer."_s);
+}
+
+int runDesktop(const CommandLine& commandLine, int argc, char** argv)
+{
+    SingleInstance instance;
+    if (instance.role() == SingleInstance::Role::second)
+        return handOver(instance, commandLine.files, argc, argv);
+    const Environment environment(false);
+    if (const QString reason = environment.whyNoDisplay(); !reason.isEmpty())
+        return complain(reason);
+    Fonts::registerBundled();
+    const QGuiApplication application(argc, argv);
+    environment.restore();
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    const EndingSignals signals;
+    // Not quit(): it would ask the panels first, and they refuse to be closed by a window manager.
+    QObject::connect(&signals, &EndingSignals::received, &application, [] { QCoreApplication::exit(); });
+    AppDelegate delegate;
+    delegate.start();
+    // The widgets come first; nobody waits for the socket.
+    QMetaObject::invokeMethod(&instance, &SingleInstance::listen, Qt::QueuedConnection);
+    return QCoreApplication::exec();
+}
+
+int runBatch(const CommandLine& commandLine, int argc, char** argv)
+{
+    const Environment environment(true);
+    Fonts::registerBundled();
+    const QGuiApplication application(argc, argv);
+    return runBatchMode(commandLine);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setApplicationName(u"ambrelle"_s);
+    QCoreApplication::setApplicationVersion(Information::read().version);
+    QGuiApplication::setApplicationDisplayName(u"Ambrelle"_s);
+    QGuiApplication::setDesktopFileName(u"org.ambrelle.Ambrelle"_s);
+    const CommandLine commandLine = CommandLine::parse(argumentsOf(argc, argv));
+    switch (commandLine.mode) {
+    case CommandLine::Mode::help: QTextStream(stdout) << CommandLine::helpText(); return EXIT_SUCCESS;
+    case CommandLine::Mode::version:
+        QTextStream(stdout) << u"Ambrelle %1\n"_s.arg(QCoreApplication::applicationVersion());
+        return EXIT_SUCCESS;
+    case CommandLine::Mode::unknownOption:
+        return complain(CommandLine::unknownOptionText(commandLine.option), wrongUse);
+    case CommandLine::Mode::renderPreviews: return runBatch(commandLine, argc, argv);
+    case CommandLine::Mode::desktop: return runDesktop(commandLine, argc, argv);
+    }
+    return EXIT_FAILURE;
+}

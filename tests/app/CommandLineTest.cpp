@@ -1,0 +1,40 @@
+#include "app/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+namespace {
+
+using Mode = CommandLine::Mode;
+
+TEST(CommandLine, ChoosesWhatToDo)
+{
+    struct Case {
+        const char* words;
+        CommandLine expected;
+    };
+    const Case cases[] = {
+        {"", {}},
+        {"--render-previews out", {.mode = Mode::renderPreviews, .folder = "out"}},
+        {"--render-previews", {}},
+        {"a.ambrelle --render-previews", {.files = {"a.ambrelle"}}},
+        {"a.ambrelle --render-previews out b", {.mode = Mode::renderPreviews, .folder = "out"}},
+        {"--render-previews --help", {.mode = Mode::renderPreviews, .folder = "--help"}},
+        {"--render-previews=out", {.mode = Mode::unknownOption, .option = "--render-previews=out"}},
+        {"--Render-Previews out", {.mode = Mode::unknownOption, .option = "--Render-Previews"}},
+        {"--help", {.mode = Mode::help}},
+        {"theme.ambrelle --version", {.mode = Mode::version}},
+        {"one.ambrelle -x two.ambrelle", {.mode = Mode::unknownOption, .option = "-x"}},
+        {"one.ambrelle two.ambrelle", {.files = {"one.ambrelle", "two.ambrelle"}}},
+        {"one.ambrelle -- --version -x", {.files = {"one.ambrelle", "--version", "-x"}}},
+        {"--render-previews --", {}},
+    };
+    for (const Case& c : cases) {
+        const QStringList words = QString::fromLatin1(c.words).split(u' ', Qt::SkipEmptyParts);
+        EXPECT_EQ(CommandLine::parse(words), c.expected) << c.words;
+    }
+    EXPECT_EQ(CommandLine::parse({QString()}), CommandLine()) << "an empty word is no file";
+}
+
+} // namespace
+} // namespace ambrelle

@@ -1,0 +1,129 @@
+#include "app/SingleInstance.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocalSocket>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+using Role = SingleInstance::Role;
+
+struct SingleInstanceTest : ::testing::Test {
+    QTemporaryDir temporary;
+    QString folder = temporary.filePath(u"ambrelle"_s);
+    QList<QStringList> heard;
+
+    void hear(SingleInstance& instance)
+    {
+        QObject::connect(&instance, &SingleInstance::activated, &instance,
+            [this](const QStringList& files) { heard.append(files); });
+    }
+    /// Runs a second start in a thread of its own, and the first meanwhile.
+    bool second(const QStringList& files)
+    {
+        std::atomic<int> result = -1;
+        std::thread other([&] {
+            const SingleInstance instance(folder);
+            result = instance.role() == Role::second && instance.handOver(files, 3000);
+        });
+        while (result < 0)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        other.join();
+        QCoreApplication::processEvents();
+        return result == 1;
+    }
+    /// What comes back for raw bytes, until the first closes the connection.
+    QByteArray send(const QByteArray& bytes)
+    {
+        QLocalSocket socket;
+        socket.connectToServer(folder + u"/socket"_s);
+        socket.write(bytes);
+        QElapsedTimer time;
+        time.start();
+        while (socket.state() != QLocalSocket::UnconnectedState && time.elapsed() < 4000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        EXPECT_EQ(socket.state(), QLocalSocket::UnconnectedState);
+        return socket.readAll();
+    }
+};
+
+TEST_F(SingleInstanceTest, HandsFilesOverAsAbsolutePaths)
+{
+    SingleInstance first(folder);
+    ASSERT_EQ(first.role(), Role::first);
+    ASSERT_TRUE(first.listen());
+    hear(first);
+    EXPECT_TRUE(second({u"my theme.ambrelle"_s, u"/tmp/\u00E9.ambrelle"_s}));
+    EXPECT_TRUE(second({}));
+    const QList<QStringList> expected{
+        {QDir::current().absoluteFilePath(u"my theme.ambrelle"_s), u"/tmp/\u00E9.ambrelle"_s}, {}};
+    EXPECT_EQ(heard, expected);
+}
+
+TEST_F(SingleInstanceTest, WaitsForAFirstThatHasNotOpenedItsSocketYet)
+{
+    SingleInstance first(folder);
+    hear(first);
+    QMetaObject::invokeMethod(&first, &SingleInstance::listen, Qt::QueuedConnection);
+    EXPECT_TRUE(second({u"/a"_s}));
+    EXPECT_EQ(heard.size(), 1);
+}
+
+TEST_F(SingleInstanceTest, TakesOverFromAKilledProgramWhateverItLeft)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        auto* killed = new SingleInstance(folder);
+        ::_exit(killed->role() == Role::first && killed->listen() ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_EQ(WEXITSTATUS(status), 0);
+    ASSERT_TRUE(QFileInfo::exists(folder + u"/socket"_s)) << "a stale socket is what this is about";
+    SingleInstance next(folder);
+    EXPECT_EQ(next.role(), Role::first);
+    EXPECT_TRUE(next.listen());
+    hear(next);
+    EXPECT_TRUE(second({u"/a"_s}));
+}
+
+TEST_F(SingleInstanceTest, DropsMessagesThatAreNone)
+{
+    SingleInstance first(folder);
+    ASSERT_TRUE(first.listen());
+    hear(first);
+    EXPECT_EQ(send("open the door\n"), QByteArray());
+    EXPECT_EQ(send(QByteArray(SingleInstance::longestMessage + 10, '[')), QByteArray());
+    EXPECT_TRUE(heard.isEmpty());
+    EXPECT_EQ(send("[\"relative\", 7, \"/absolute\"]\n"), "+");
+    EXPECT_EQ(heard, (QList<QStringList>{{u"/absolute"_s}}));
+}
+
+TEST_F(SingleInstanceTest, KeepsToAPrivateFolder)
+{
+    {
+        const SingleInstance first(folder);
+        const auto others =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+        EXPECT_FALSE(QFile::permissions(folder) & others);
+    }
+    const QString linked = temporary.filePath(u"linked"_s);
+    ASSERT_TRUE(QFile::link(folder, linked));
+    EXPECT_EQ(SingleInstance(linked).role(), Role::alone) << "somebody may have put the link there";
+    EXPECT_EQ(SingleInstance(u"/proc/nowhere/ambrelle"_s).role(), Role::alone);
+}
+
+} // namespace
+} // namespace ambrelle
