@@ -1,7 +1,6 @@
 #include "drawing/Canvas.h"
 
 #include "drawing/LayerCache.h"
-#include "drawing/PixelMask.h"
 #include "drawing/PixelPaint.h"
 #include "drawing/Symbols.h"
 
@@ -115,7 +114,7 @@ void Canvas::symbol(const Box& box, const QString& name, double size, const QBru
         path.translate(square.topLeft());
         m_painter.fillPath(path, fill);
     } else {
-        path = pixelated(path).translated(std::round(square.x()), std::round(square.y()));
+        path.translate(std::round(square.x()), std::round(square.y()));
         PixelPaint(m_painter, m_setup.finish).fill(path, fill);
     }
     note({.kind = CanvasMark::Kind::symbol,

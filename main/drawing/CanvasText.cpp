@@ -1,5 +1,7 @@
 #include "drawing/Canvas.h"
 
+#include "drawing/PixelPaint.h"
+
 #include "drawing/Colours.h"
 
 #include <cmath>
@@ -34,8 +36,12 @@ QPointF Canvas::snapped(QPointF point, const Typeface& face) const
     if (!face.pixel)
         return point;
     const QTransform& device = m_painter.deviceTransform();
-    const QPointF pixel = device.map(point);
-    return device.inverted().map(QPointF(std::round(pixel.x()), std::round(pixel.y())));
+    const double scale = device.m11();
+    const int grid = pixelGrid(scale);
+    const auto snap = [&](double value, double origin) {
+        return std::round(origin) + std::round(value * scale / grid) * grid;
+    };
+    return device.inverted().map(QPointF(snap(point.x(), device.dx()), snap(point.y(), device.dy())));
 }
 
 void Canvas::glyphs(QPointF origin, const ShapedText& shaped, const QColor& colour)

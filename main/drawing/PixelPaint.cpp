@@ -18,6 +18,12 @@ int whole(double value)
 
 } // namespace
 
+int pixelGrid(double scale)
+{
+    constexpr double rounding = 1e-6;
+    return scale >= 1 && std::abs(scale - std::round(scale)) < rounding ? whole(scale) : 1;
+}
+
 PixelPaint::PixelPaint(QPainter& painter, Finish finish)
     : m_painter(painter)
     , m_finish(finish)
@@ -25,15 +31,17 @@ PixelPaint::PixelPaint(QPainter& painter, Finish finish)
     const QTransform device = painter.deviceTransform();
     m_scale = device.m11();
     m_unit = std::max(1, whole(m_scale));
+    m_grid = pixelGrid(m_scale);
     m_origin = QPoint(whole(device.dx()), whole(device.dy()));
 }
 
 QRect PixelPaint::pixels(const QRectF& box) const
 {
     const auto span = [this](double from, double length) {
-        const int start = whole(from * m_scale);
-        const int end = length <= thin ? start + whole(length * m_scale) : whole((from + length) * m_scale);
-        return std::pair(start, std::max(1, end - start));
+        const auto snapped = [this](double points) { return whole(points * m_scale / m_grid) * m_grid; };
+        const int start = snapped(from);
+        const int end = length <= thin ? start + snapped(length) : snapped(from + length);
+        return std::pair(start, std::max(m_grid, end - start));
     };
     const auto [x, width] = span(box.x(), box.width());
     const auto [y, height] = span(box.y(), box.height());

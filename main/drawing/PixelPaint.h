@@ -9,6 +9,10 @@
 
 namespace ambrelle {
 
+/// The grid that shapes and pixel type are laid on, in device pixels: font units where the scale is a whole number,
+/// else single pixels.
+int pixelGrid(double scale);
+
 /// Lays shapes down in whole device pixels. Lengths are points; curves are drawn in squares of one font unit, the whole
 /// number of device pixels nearest to a point, so that a picture at twice the scale has the same steps.
 class PixelPaint {
@@ -34,6 +38,7 @@ private:
     Finish m_finish;
     double m_scale; ///< device pixels of a point
     int m_unit; ///< device pixels of a font unit
+    int m_grid; ///< device pixels
     QPoint m_origin; ///< device pixel of the face's corner: dithers start there
 };
 

@@ -216,18 +216,39 @@ std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const
     return shaped;
 }
 
-QString elided(const QString& text, const TextStyle& style, double width)
+namespace {
+
+constexpr double rounding = 0.01;
+
+struct CutKey {
+    ShapeKey text;
+    double width;
+    Qt::TextElideMode mode;
+
+    bool operator==(const CutKey&) const = default;
+};
+
+size_t qHash(const CutKey& key, size_t seed = 0)
 {
-    constexpr double rounding = 0.01;
-    if (shape(style.face, style.size, text)->width <= width + rounding)
-        return text;
+    return qHashMulti(seed, key.text, key.width, static_cast<int>(key.mode));
+}
+
+/// The text with as many letters as fit beside the ellipsis sign.
+QString cutToWidth(const QString& text, const TextStyle& style, double width)
+{
     const auto fits = [&](const QString& candidate) {
         return shapeAfresh(style.face, style.size, candidate)->width <= width + rounding;
     };
     const auto cut = [&](qsizetype kept) {
-        if (style.elide == Qt::ElideMiddle)
-            return text.left((kept + 1) / 2).trimmed() + u'…' + text.right(kept / 2).trimmed();
-        return text.left(kept).trimmed() + u'…';
+        const bool middle = style.elide == Qt::ElideMiddle;
+        QString head = text.left(middle ? (kept + 1) / 2 : kept);
+        QString tail = text.right(middle ? kept / 2 : 0);
+        // Half a surrogate pair is no character.
+        if (!head.isEmpty() && head.back().isHighSurrogate())
+            head.chop(1);
+        if (!tail.isEmpty() && tail.front().isLowSurrogate())
+            tail.remove(0, 1);
+        return head.trimmed() + u'…' + tail.trimmed();
     };
     qsizetype low = 0;
     qsizetype high = text.size() - 1;
@@ -238,10 +259,23 @@ QString elided(const QString& text, const TextStyle& style, double width)
         else
             high = middle - 1;
     }
-    // Half a surrogate pair is no character.
-    if (low > 0 && text.at(low - 1).isHighSurrogate())
-        --low;
     return cut(low);
+}
+
+} // namespace
+
+QString elided(const QString& text, const TextStyle& style, double width)
+{
+    if (shape(style.face, style.size, text)->width <= width + rounding)
+        return text;
+    static QCache<CutKey, QString> cache(200);
+    const CutKey key{{style.face.family, style.face.weight, style.face.italic, style.face.tracking, style.size, text},
+        width, style.elide};
+    if (const QString* kept = cache.object(key))
+        return *kept;
+    const QString shown = cutToWidth(text, style, width);
+    cache.insert(key, new QString(shown));
+    return shown;
 }
 
 QStringList wrapped(const QString& text, const TextStyle& style, double width)

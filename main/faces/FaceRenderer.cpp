@@ -33,6 +33,12 @@ void FaceRenderer::warning(Canvas& canvas, const Box& box) const
     canvas.symbol(box, QStringLiteral("exclamationmark.triangle.fill"), 10, m_style.warn);
 }
 
+Box FaceRenderer::photoPlate(Canvas& canvas, const FaceContext& face) const
+{
+    plate(canvas, face);
+    return face.bounds.inset(photoMat());
+}
+
 Box FaceRenderer::progressDial(Canvas& canvas, const Box& box, double fraction) const
 {
     const StyledDial dial{.flavor = m_dial, .value = m_style.accent, .track = m_style.faint, .width = 7};

@@ -54,8 +54,8 @@ public:
     virtual bool showsSeconds() const { return false; }
     /// Space between the plate's edge and a photo, 0 to 8 points.
     virtual double photoMat() const { return 6; }
-    /// Where a photo stands on the plate.
-    virtual Box photoBox(const FaceContext& face) const { return face.bounds.inset(photoMat()); }
+    /// The plate of a photo; returns where the photo stands on it.
+    virtual Box photoPlate(Canvas& canvas, const FaceContext& face) const;
     /// The round corner of a photo inside the mat.
     virtual double photoCorner() const { return std::max(0.0, m_style.corner - photoMat()); }
     /// The mark of a value beyond its threshold; a warning triangle in the skin's warn colour.

@@ -202,8 +202,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
 
 void drawShared(Canvas& canvas, const FaceRenderer& skin, const PhotoReading& reading, const FaceContext& face)
 {
-    skin.plate(canvas, face);
-    picture(canvas, skin.photoBox(face), reading.picture.image, skin.photoCorner(), reading.fills);
+    picture(canvas, skin.photoPlate(canvas, face), reading.picture.image, skin.photoCorner(), reading.fills);
 }
 
 } // namespace ambrelle

@@ -79,19 +79,20 @@ void windowTitle(Canvas& canvas, const Box& bounds, const QString& title)
     canvas.text(label.inset(margin, 0), title, text);
 }
 
-double hero(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QString& value, const QString& unit,
+void hero(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QString& value, const QString& unit,
     double size, bool beyond)
 {
     const FigureStyle figure = style().figure(size * style().number.capRatio);
-    if (!beyond)
-        return canvas.figure(box, value, unit, figure);
+    if (!beyond) {
+        canvas.figure(box, value, unit, figure);
+        return;
+    }
     constexpr double margin = 4;
     const FigurePath path = figurePath(value, unit, figure, box.width() - 2 * margin);
     const Box label = Box(box).cutLeft(path.width + 2 * margin).centred(path.width + 2 * margin, path.cap + margin);
     skin.warning(canvas, label);
     canvas.figure(label.inset(margin, 0), value, unit, figure.filled(paper));
     canvas.setGround(paper);
-    return label.width();
 }
 
 void histogram(Canvas& canvas, const Box& box, const QList<double>& history)

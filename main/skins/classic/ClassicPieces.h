@@ -11,7 +11,7 @@ void window(Canvas& canvas, const Box& bounds);
 void windowTitle(Canvas& canvas, const Box& bounds, const QString& title);
 
 /// A figure of `size` pixels at the left edge of the box; beyond a threshold white on black.
-double hero(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QString& value, const QString& unit,
+void hero(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QString& value, const QString& unit,
     double size, bool beyond = false);
 
 /// Bars of checkerboard under solid caps, with ticks at nothing, half and all.

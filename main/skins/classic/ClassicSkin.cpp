@@ -15,8 +15,7 @@ ClassicSkin::ClassicSkin()
 Box ClassicSkin::plate(Canvas& canvas, const FaceContext& face) const
 {
     window(canvas, face.bounds);
-    if (face.kind == WidgetKind::photo)
-        windowTitle(canvas, face.bounds, headerTitle(style(), face.kind));
+
     Box content = face.bounds.inset(style().inset, 0);
     content.cutBottom(style().inset);
     return content;
@@ -29,8 +28,9 @@ void ClassicSkin::header(Canvas& canvas, Box& content, const FaceContext& face, 
     windowTitle(canvas, face.bounds, tooWide ? QStringLiteral("Downloaded") : title);
 }
 
-Box ClassicSkin::photoBox(const FaceContext& face) const
+Box ClassicSkin::photoPlate(Canvas& canvas, const FaceContext& face) const
 {
+    framed(canvas, face);
     Box inside = face.bounds.inset(1);
     inside.cutTop(titleBar);
     return inside;

@@ -25,7 +25,7 @@ public:
     void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 
-    Box photoBox(const FaceContext& face) const override;
+    Box photoPlate(Canvas& canvas, const FaceContext& face) const override;
     /// A black ground for what is written next in white.
     void warning(Canvas& canvas, const Box& box) const override;
     Box progressDial(Canvas& canvas, const Box& box, double fraction) const override;

@@ -6,8 +6,7 @@ namespace {
 
 Typeface face(int weight)
 {
-    return {
-        .family = QStringLiteral("DotGothic16"), .weight = weight, .capRatio = 13.0 / 16, .cell = 1, .pixel = true};
+    return {.family = QStringLiteral("DotGothic16"), .weight = weight, .capRatio = 13.0 / 16, .cell = 1, .pixel = true};
 }
 
 } // namespace

@@ -1,0 +1,106 @@
+#include "drawing/Canvas.h"
+#include "drawing/PixelMask.h"
+
+#include <QPainter>
+
+#include <cmath>
+#include <optional>
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+
+namespace {
+
+Typeface pixelFace(int weight)
+{
+    return {.family = QStringLiteral("DotGothic16"), .weight = weight, .capRatio = 13.0 / 16, .cell = 1, .pixel = true};
+}
+
+QImage drawn(int scale)
+{
+    QImage image(120 * scale, 60 * scale, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    Canvas canvas(painter, {.finish = Finish::oneBit});
+    canvas.fill(Box(1.5, 2.3, 17.7, 9.1), QColor(0x80, 0x80, 0x80));
+    canvas.frame(Box(21.5, 2.5, 30, 14.5), QPen(Qt::black, 1), 4);
+    canvas.disc({70.2, 10.7}, 8, QColor(255, 0, 0, 120));
+    canvas.line({85, 1}, {110, 14}, QPen(Qt::blue, 1.2));
+    canvas.text(Box(2.5, 18.3, 100, 16), QStringLiteral("Åre 12:30"), {pixelFace(700), 16, Qt::black});
+    canvas.figure(Box(3.3, 36, 90, 22.6), QStringLiteral("10.4"), QStringLiteral("%"), {pixelFace(700), 13, Qt::black});
+    canvas.symbol(Box(96, 36, 22, 22), QStringLiteral("bolt.fill"), 17, Qt::black);
+    return image;
+}
+
+/// The picture with each square of `unit` pixels as one; nothing when a square is not even.
+std::optional<QImage> reduced(const QImage& image, int unit)
+{
+    QImage small(image.size() / unit, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != image.pixel(x / unit * unit, y / unit * unit))
+                return std::nullopt;
+            small.setPixel(x / unit, y / unit, image.pixel(x, y));
+        }
+    }
+    return small;
+}
+
+bool onlyBlackAndWhite(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != qRgb(0, 0, 0) && image.pixel(x, y) != qRgb(255, 255, 255))
+                return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+TEST(OneBitCanvas, LargerWholeScalesOnlyEnlargeThePixels)
+{
+    const QImage plain = drawn(1);
+    EXPECT_TRUE(onlyBlackAndWhite(plain));
+    for (const int scale : {2, 3}) {
+        const std::optional<QImage> small = reduced(drawn(scale), scale);
+        ASSERT_TRUE(small) << scale;
+        EXPECT_EQ(*small, plain) << scale;
+    }
+}
+
+TEST(DitherTile, HasAsManyDotsAsTheColourIsDark)
+{
+    const std::pair<QColor, int> cases[] = {{Qt::black, 16}, {QColor(0x80, 0x80, 0x80), 8},
+        {QColor(0xC0, 0xC0, 0xC0), 4}, {Qt::white, 0}, {QColor(0, 0, 0, 128), 8}};
+    for (const auto& [colour, dots] : cases) {
+        const QImage tile = ditherTile(colour, 1);
+        int black = 0;
+        for (int place = 0; place < 16; ++place)
+            black += tile.pixel(place % 4, place / 4) == 0xFF000000 ? 1 : 0;
+        EXPECT_EQ(black, dots) << colour.name(QColor::HexArgb).toStdString();
+    }
+    const QImage half = ditherTile(QColor(0x80, 0x80, 0x80), 1);
+    for (int place = 0; place < 16; ++place) {
+        const int x = place % 4;
+        const int y = place / 4;
+        EXPECT_NE(half.pixel(x, y), half.pixel((x + 1) % 4, y)) << x << ' ' << y;
+    }
+}
+
+TEST(PixelFigure, ShrinksByWholeSquaresOnly)
+{
+    const FigureStyle style{pixelFace(700), 39, Qt::black};
+    for (const double room : {200.0, 100.0, 70.0, 5.0}) {
+        const FigurePath figure = figurePath(QStringLiteral("1234"), {}, style, room);
+        EXPECT_EQ(std::fmod(figure.cap, 13), 0) << room;
+        EXPECT_GE(figure.cap, 13) << room;
+        const bool possible = room >= 36; // four cells of nine squares
+        EXPECT_TRUE(!possible || figure.width <= room) << room;
+    }
+}
+
+} // namespace ambrelle
