@@ -1,10 +1,9 @@
 #include "drawing/Canvas.h"
 
+#include "drawing/DeviceImage.h"
 #include "drawing/LayerCache.h"
 #include "drawing/PixelPaint.h"
 #include "drawing/Symbols.h"
-
-#include <QPaintDevice>
 
 #include <cmath>
 
@@ -138,32 +137,23 @@ void Canvas::still(const QString& name, const QRectF& area, const std::function<
     }
     // The layer lies on whole device pixels; where the face does not, it keeps the face's fraction of a pixel.
     const QTransform& device = m_painter.deviceTransform();
-    const QRect pixels = device.mapRect(area).toAlignedRect();
-    const double fractionX = device.dx() - std::floor(device.dx());
-    const double fractionY = device.dy() - std::floor(device.dy());
+    const QRect pixels = devicePixels(m_painter, area);
     const QString key = QStringLiteral("%1 %2 %3 %4 %5")
                             .arg(m_setup.layerKey, name)
                             .arg(device.m11(), 0, 'f', 4)
-                            .arg(fractionX, 0, 'f', 2)
-                            .arg(fractionY, 0, 'f', 2);
+                            .arg(device.dx() - std::floor(device.dx()), 0, 'f', 2)
+                            .arg(device.dy() - std::floor(device.dy()), 0, 'f', 2);
     const QImage* layer = m_setup.layers->find(key);
     QImage fresh;
     if (!layer || layer->size() != pixels.size()) {
-        fresh = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
-        fresh.fill(Qt::transparent);
-        QPainter painter(&fresh);
-        painter.setTransform(device * QTransform::fromTranslate(-pixels.x(), -pixels.y()));
-        Canvas canvas(painter, plain);
-        draw(canvas);
-        painter.end();
-        fresh.setDevicePixelRatio(m_painter.device()->devicePixelRatio());
+        fresh = deviceImage(m_painter, pixels, [&](QPainter& painter) {
+            Canvas canvas(painter, plain);
+            draw(canvas);
+        });
         m_setup.layers->insert(key, fresh);
         layer = &fresh;
     }
-    m_painter.save();
-    m_painter.resetTransform();
-    m_painter.drawImage(QPointF(pixels.topLeft()) / layer->devicePixelRatio(), *layer);
-    m_painter.restore();
+    paintDeviceImage(m_painter, pixels.topLeft(), *layer);
 }
 
 void Canvas::moving(const QRectF& area, const Motion& motion, const std::function<void(Canvas&, double)>& draw)

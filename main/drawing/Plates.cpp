@@ -1,10 +1,9 @@
 #include "drawing/Plates.h"
 
 #include "drawing/Colours.h"
+#include "drawing/DeviceImage.h"
 
-#include <QImage>
 #include <QLinearGradient>
-#include <QPaintDevice>
 
 #include <cmath>
 
@@ -17,27 +16,19 @@ void dropShadow(
         // Drawn apart, so that what lies under the plate itself can be taken out again: translucent plates would
         // darken.
         const double reach = steps / 2.0 + std::abs(offset) + 1;
-        const QTransform& device = painter.deviceTransform();
-        const QRect pixels = device.mapRect(QRectF(box.inset(-reach))).toAlignedRect();
-        QImage shadow(pixels.size(), QImage::Format_ARGB32_Premultiplied);
-        shadow.fill(Qt::transparent);
-        QPainter brush(&shadow);
-        brush.setRenderHint(QPainter::Antialiasing);
-        brush.setTransform(device * QTransform::fromTranslate(-pixels.x(), -pixels.y()));
-        brush.setPen(Qt::NoPen);
-        brush.setBrush(faded(colour, alpha));
-        for (int step = steps; step > 0; --step) {
-            const double grow = step - steps / 2.0;
-            brush.drawRoundedRect(box.moved(0, offset).inset(-grow), radius + grow, radius + grow);
-        }
-        brush.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-        brush.setBrush(Qt::black);
-        brush.drawRoundedRect(box, radius, radius);
-        brush.end();
-        const double ratio = painter.device()->devicePixelRatio();
-        shadow.setDevicePixelRatio(ratio);
-        painter.resetTransform();
-        painter.drawImage(QPointF(pixels.topLeft()) / ratio, shadow);
+        const QRect pixels = devicePixels(painter, box.inset(-reach));
+        const QImage shadow = deviceImage(painter, pixels, [&](QPainter& brush) {
+            brush.setPen(Qt::NoPen);
+            brush.setBrush(faded(colour, alpha));
+            for (int step = steps; step > 0; --step) {
+                const double grow = step - steps / 2.0;
+                brush.drawRoundedRect(box.moved(0, offset).inset(-grow), radius + grow, radius + grow);
+            }
+            brush.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+            brush.setBrush(Qt::black);
+            brush.drawRoundedRect(box, radius, radius);
+        });
+        paintDeviceImage(painter, pixels.topLeft(), shadow);
     });
 }
 

@@ -22,7 +22,8 @@ QString tr(const char* text)
 /// Day and month in the locale's order: its long date without weekday and year.
 QString dayAndMonth(QDate date, const QLocale& locale)
 {
-    const QString format = locale.dateFormat(QLocale::LongFormat);
+    QString format = locale.dateFormat(QLocale::LongFormat);
+    format.remove(u"dddd"_s); // the weekday
     const bool monthFirst = format.indexOf(u'M') < format.indexOf(u'd');
     return locale.toString(date, monthFirst ? u"MMMM d"_s : u"d MMMM"_s);
 }

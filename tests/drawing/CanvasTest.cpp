@@ -1,0 +1,88 @@
+#include "drawing/Canvas.h"
+#include "drawing/Charts.h"
+#include "drawing/LayerCache.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+
+namespace {
+
+QImage blank(int side = 64)
+{
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+} // namespace
+
+TEST(Canvas, AStillLayerIsDrawnOnceForEachSizeAndLooksAsDrawnDirectly)
+{
+    LayerCache layers;
+    int drawings = 0;
+    const auto draw = [&](Canvas& canvas) {
+        ++drawings;
+        canvas.disc({20, 20}, 15.3, Qt::red);
+    };
+    const auto picture = [&](LayerCache* cache, double scale, QPointF at) {
+        QImage image = blank();
+        QPainter painter(&image);
+        painter.translate(at);
+        painter.scale(scale, scale);
+        Canvas canvas(painter, {.layers = cache, .layerKey = QStringLiteral("test")});
+        canvas.still(QStringLiteral("disc"), {0, 0, 40, 40}, draw);
+        return image;
+    };
+    for (const double scale : {1.0, 1.25, 0.75}) {
+        for (const QPointF at : {QPointF(3, 5), QPointF(3.5, 5.25)}) {
+            const QImage kept = picture(&layers, scale, at);
+            const int before = drawings;
+            EXPECT_EQ(picture(&layers, scale, at), kept);
+            EXPECT_EQ(drawings, before) << "the layer was drawn again";
+            EXPECT_EQ(picture(nullptr, scale, at), kept) << scale;
+        }
+    }
+}
+
+TEST(Canvas, TheMovingPassDrawsNothingThatStandsStill)
+{
+    QImage image = blank();
+    QPainter painter(&image);
+    Canvas canvas(painter, {.pass = Canvas::Pass::moving, .time = 2.5});
+    const QPen pen(Qt::red, 3);
+    canvas.fill(Box(0, 0, 64, 64), Qt::red);
+    canvas.frame(Box(0, 0, 64, 64), pen);
+    canvas.line({0, 0}, {64, 64}, pen);
+    canvas.text(Box(0, 0, 64, 20), QStringLiteral("text"), {.face = {.family = QStringLiteral("Inter")}, .colour = Qt::red});
+    canvas.figure(Box(0, 20, 64, 40), QStringLiteral("42"), {}, {.face = {.family = QStringLiteral("Inter")}, .fill = Qt::red});
+    canvas.symbol(Box(0, 0, 64, 64), QStringLiteral("clock"), 40, Qt::red);
+    canvas.paint([](QPainter& p) { p.fillRect(0, 0, 64, 64, Qt::red); });
+    EXPECT_EQ(image, blank());
+    double moment = 0;
+    canvas.moving({10, 10, 4, 4}, Motion::steady(10), [&](Canvas& part, double time) {
+        moment = time;
+        part.fill(Box(10, 10, 4, 4), Qt::blue);
+    });
+    EXPECT_EQ(moment, 2.5);
+    EXPECT_EQ(image.pixelColor(12, 12), QColor(Qt::blue));
+    EXPECT_EQ(canvas.movingAreas().size(), 1);
+}
+
+TEST(Charts, SamplesSpanTheBoxAndStayInIt)
+{
+    const Box box(10, 20, 100, 40);
+    const QList<double> samples{0, 0.5, 7, -3, std::numeric_limits<double>::quiet_NaN(), 1};
+    const QPolygonF points = samplePoints(box, samples, 1);
+    EXPECT_EQ(points.first(), QPointF(10, 60));
+    EXPECT_EQ(points.last(), QPointF(110, 20));
+    const QRectF bounds = smoothLine(points).boundingRect();
+    EXPECT_TRUE(QRectF(box).adjusted(-0.01, -0.01, 0.01, 0.01).contains(bounds));
+    EXPECT_TRUE(smoothLine(samplePoints(box, {}, 1)).isEmpty());
+    for (const int bars : {1, 7, 20, 60, 90}) {
+        const QList<double> means = binned(QList<double>(60, 0.25), bars);
+        EXPECT_EQ(means, QList<double>(bars, 0.25));
+    }
+}
+
+} // namespace ambrelle

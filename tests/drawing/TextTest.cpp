@@ -1,0 +1,78 @@
+#include "drawing/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+
+namespace {
+
+const Typeface inter{.family = QStringLiteral("Inter"), .weight = 500, .capRatio = 0.73};
+const TextStyle style{.face = inter, .size = 12.5};
+
+double widthOf(const QString& text)
+{
+    return shape(inter, style.size, text)->width;
+}
+
+} // namespace
+
+TEST(Text, WidthGrowsInProportionToTheSizeSoThatLinesBreakAlikeAtEveryScale)
+{
+    const QString text = QStringLiteral("The quick brown fox, 0123456789");
+    const double unit = shape(inter, 10, text)->width / 10;
+    for (const double size : {9.0, 10.5, 12.5, 13.5, 17.0, 33.0})
+        EXPECT_NEAR(shape(inter, size, text)->width / size, unit, unit * 0.002) << size;
+}
+
+TEST(Text, ElidedTextFitsAndHasOneSign)
+{
+    const QString text = QStringLiteral("Österreichische Dampfschifffahrtsgesellschaft 𝄞𝄞𝄞𝄞𝄞𝄞");
+    for (const Qt::TextElideMode mode : {Qt::ElideRight, Qt::ElideMiddle}) {
+        for (double room = 4; room < widthOf(text) + 10; room += 7) {
+            const QString shown = elided(text, style.elided(mode), room);
+            EXPECT_LE(widthOf(shown), std::max(room, widthOf(QStringLiteral("…"))) + 0.1) << qPrintable(shown);
+            EXPECT_EQ(shown.count(u'…'), shown == text ? 0 : 1) << qPrintable(shown);
+            for (const QChar unit : shown)
+                EXPECT_FALSE(unit.isNull());
+            EXPECT_EQ(shown, QString::fromUtf8(shown.toUtf8())) << "half a surrogate pair was left at room " << room;
+        }
+    }
+    EXPECT_EQ(elided(text, style, widthOf(text)), text);
+    EXPECT_EQ(elided({}, style, 0), QString());
+}
+
+TEST(Text, WrappedTextKeepsEveryWordUntilTheLastLineIsFull)
+{
+    const QString text = QStringLiteral("It is not because things are difficult that we do not dare");
+    const QStringList whole = wrapped(text, style.wrapped(9), 120);
+    EXPECT_EQ(whole.join(u' '), text);
+    for (const QString& line : whole)
+        EXPECT_LE(widthOf(line), 120.1);
+    const QStringList cut = wrapped(text, style.wrapped(2), 120);
+    ASSERT_EQ(cut.size(), 2);
+    EXPECT_TRUE(cut.last().endsWith(u'…'));
+    EXPECT_EQ(wrapped(QStringLiteral("Donaudampfschifffahrtsgesellschaft"), style.wrapped(3), 60).size(), 1);
+    EXPECT_TRUE(wrapped(QStringLiteral("  "), style.wrapped(3), 60).isEmpty());
+}
+
+TEST(Figure, DigitsStayPutWhateverTheyAre)
+{
+    const FigureStyle figure{.face = {.family = QStringLiteral("Inter Display"), .weight = 300, .capRatio = 0.74}};
+    const double width = figurePath(QStringLiteral("00:00"), {}, figure, 1000).width;
+    for (const QString& time : {QStringLiteral("11:11"), QStringLiteral("09:41"), QStringLiteral("23:58")})
+        EXPECT_DOUBLE_EQ(figurePath(time, {}, figure, 1000).width, width) << qPrintable(time);
+}
+
+TEST(Figure, ShrinksToItsRoomAndIsNeverCut)
+{
+    const FigureStyle figure{.face = {.family = QStringLiteral("Inter Display"), .weight = 300, .capRatio = 0.74}};
+    const FigurePath roomy = figurePath(QStringLiteral("1000.00"), QStringLiteral("KB/s"), figure, 1000);
+    EXPECT_DOUBLE_EQ(roomy.cap, figure.cap);
+    for (const double room : {200.0, 120.0, 60.0, 20.0}) {
+        const FigurePath path = figurePath(QStringLiteral("1000.00"), QStringLiteral("KB/s"), figure, room);
+        EXPECT_LE(path.width, room + 0.01);
+        EXPECT_EQ(path.digits.elementCount(), roomy.digits.elementCount()) << "a digit was lost";
+    }
+}
+
+} // namespace ambrelle

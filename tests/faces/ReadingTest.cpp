@@ -1,0 +1,148 @@
+#include "faces/ReadingFeed.h"
+#include "faces/SystemReadings.h"
+#include "faces/TimeReadings.h"
+#include "foundation/ManualClock.h"
+#include "foundation/UserDefaults.h"
+#include "model/AppSettings.h"
+#include "platform/recording/RecordingSources.h"
+#include "services/SystemMonitor.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QLocale british(QLocale::English, QLocale::UnitedKingdom);
+const QLocale american(QLocale::English, QLocale::UnitedStates);
+
+QDateTime utc(int year, int month, int day, int hour, int minute)
+{
+    return {QDate(year, month, day), QTime(hour, minute), Qt::UTC};
+}
+
+} // namespace
+
+TEST(ClockReading, ShowsTheCityAcrossMidnightAndItsOffset)
+{
+    WidgetConfig config(WidgetKind::clock, Skin::glass);
+    config.city = u"Auckland"_s;
+    config.timeZone = u"Pacific/Auckland"_s;
+    const ClockReading there = clockReading(config, utc(2026, 1, 31, 23, 5), british, false);
+    EXPECT_EQ(there.time(), u"12:05"_s);
+    EXPECT_EQ(there.dateLine(), u"Sunday 1 February"_s);
+    EXPECT_EQ(there.tag(), u"Auckland · 13 h ahead"_s);
+    EXPECT_FALSE(there.second.has_value());
+
+    config.timeZone = u"Asia/Kolkata"_s;
+    EXPECT_EQ(clockReading(config, utc(2026, 1, 31, 0, 0), british, false).offset, u"5 h 30 min ahead"_s);
+    config.timeZone = u"Nowhere/Atlantis"_s;
+    const ClockReading unknown = clockReading(config, utc(2026, 1, 31, 0, 7), british, false);
+    EXPECT_EQ(unknown.time(), u"00:07"_s) << "an unknown zone shows the machine's time";
+    EXPECT_EQ(unknown.tag(), u"Auckland"_s);
+}
+
+TEST(ClockReading, TwelveHourClocksShowTwelveAtNoonAndMidnight)
+{
+    const WidgetConfig config(WidgetKind::clock, Skin::glass);
+    const std::pair<int, const char*> cases[] = {{0, "12:30 AM"}, {9, "9:30 AM"}, {12, "12:30 PM"}, {23, "11:30 PM"}};
+    for (const auto& [hour, text] : cases) {
+        const ClockReading reading = clockReading(config, utc(2026, 5, 1, hour, 30), american, false);
+        EXPECT_EQ((reading.time() + u' ' + reading.meridiem).toStdString(), text);
+        EXPECT_EQ(reading.date, u"May 1"_s);
+    }
+}
+
+TEST(CalendarReading, StartsWeeksAsTheLocaleDoes)
+{
+    const CalendarReading monday = calendarReading(QDate(2026, 11, 21), british);
+    EXPECT_EQ(monday.firstColumn, 6); // the first of November 2026 is a Sunday
+    EXPECT_EQ(monday.weekdays.first(), u"M"_s);
+    const CalendarReading sunday = calendarReading(QDate(2026, 11, 21), american);
+    EXPECT_EQ(sunday.firstColumn, 0);
+    EXPECT_EQ(sunday.days, 30);
+    EXPECT_EQ(sunday.today, 21);
+}
+
+TEST(CountdownReading, CountsDaysByTheCalendar)
+{
+    WidgetConfig config(WidgetKind::countdown, Skin::glass);
+    const QDateTime now = utc(2026, 11, 21, 23, 0);
+    EXPECT_TRUE(countdownReading(config, now, british).notice);
+    struct Case {
+        QDateTime date;
+        const char* days;
+        const char* unit;
+    };
+    const Case cases[] = {{now.addSecs(2 * 3600), "1", "day"}, {now.addSecs(-3600), "0", "days: today"},
+        {now.addDays(-1), "1", "day ago"}, {now.addDays(-40), "40", "days ago"}, {now.addDays(42), "42", "days"}};
+    for (const Case& c : cases) {
+        config.countdownDate = c.date;
+        const CountdownReading reading = countdownReading(config, now, british);
+        EXPECT_EQ(reading.days.toStdString(), c.days);
+        EXPECT_EQ(reading.unit.toStdString(), c.unit);
+    }
+    config.countdownDate = now.addDays(3);
+    config.countdownStart = now.addDays(-1);
+    EXPECT_DOUBLE_EQ(countdownReading(config, now, british).progress, 0.25);
+    config.countdownStart = now.addDays(9); // a start after the date says nothing
+    EXPECT_DOUBLE_EQ(countdownReading(config, now, british).progress, 0);
+}
+
+class FeedTest : public testing::Test {
+protected:
+    ManualClock clock{utc(2026, 11, 21, 10, 0)};
+    RecordingSources machine;
+    SystemMonitor monitor{machine.sources(), clock};
+    UserDefaults defaults = UserDefaults::temporary();
+    AppSettings settings{defaults};
+    ReadingFeed feed{{monitor, settings}, clock, british};
+
+    Reading read(WidgetKind kind) const { return feed.readingFor(WidgetConfig(kind, Skin::glass)); }
+};
+
+TEST_F(FeedTest, EveryKindHasAReadingOfItsOwnShape)
+{
+    for (const WidgetKind kind : allCases<WidgetKind>())
+        EXPECT_EQ(read(kind).index(), static_cast<std::size_t>(kind)) << rawValue(kind).data();
+}
+
+TEST_F(FeedTest, TellsWhichKindsMayHaveChanged)
+{
+    WidgetKinds told;
+    QObject::connect(&feed, &ReadingFeed::changed, &feed, [&](const WidgetKinds& kinds) { told |= kinds; });
+    monitor.start(2);
+    EXPECT_EQ(told, kindSet({WidgetKind::cpu, WidgetKind::memory, WidgetKind::disk, WidgetKind::battery,
+                        WidgetKind::network, WidgetKind::downloads}));
+    told.reset();
+    clock.advance(std::chrono::minutes(1));
+    EXPECT_TRUE(told.test(static_cast<std::size_t>(WidgetKind::clock)));
+    EXPECT_FALSE(told.test(static_cast<std::size_t>(WidgetKind::weather)));
+}
+
+TEST_F(FeedTest, AMachineWithoutABatteryOrVolumesSaysSo)
+{
+    monitor.start(2);
+    EXPECT_EQ(noticeOf(read(WidgetKind::battery)).sentence, u"No battery"_s);
+    EXPECT_EQ(noticeOf(read(WidgetKind::disk)).sentence, u"No volumes"_s);
+    EXPECT_EQ(noticeOf(read(WidgetKind::processes)).sentence, u"Measuring…"_s);
+}
+
+TEST_F(FeedTest, TheSamplesReadAsTheyWereMade)
+{
+    monitor.loadPreviewData();
+    const BatteryReading battery = batteryReading(monitor);
+    EXPECT_EQ(battery.percent, 73);
+    EXPECT_FALSE(battery.low);
+    const ProcessesReading processes = processesReading(monitor);
+    ASSERT_EQ(processes.rows.size(), 8);
+    EXPECT_EQ(processes.rows.first().percent, u"13.2%"_s);
+    EXPECT_DOUBLE_EQ(processes.rows.first().fraction, 1);
+    const NetworkReading network = networkReading(monitor);
+    EXPECT_GE(network.peak, *std::ranges::max_element(network.upHistory));
+    EXPECT_EQ(memoryReading(monitor).parts.size(), 3);
+}
+
+} // namespace ambrelle
