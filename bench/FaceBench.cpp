@@ -51,7 +51,8 @@ int main(int argc, char** argv)
         for (const WidgetKind kind : allCases<WidgetKind>()) {
             const std::string name = (rawValue(skin) + u'/' + rawValue(kind)).toStdString();
             benchmark::RegisterBenchmark(("face/" + name).c_str(), drawFace, skin, kind)->Unit(benchmark::kMicrosecond);
-            benchmark::RegisterBenchmark(("motion/" + name).c_str(), drawMotion, skin, kind)->Unit(benchmark::kMicrosecond);
+            benchmark::RegisterBenchmark(("motion/" + name).c_str(), drawMotion, skin, kind)
+                ->Unit(benchmark::kMicrosecond);
         }
     }
     benchmark::Initialize(&argc, argv);

@@ -13,8 +13,8 @@ namespace ambrelle {
 QRect devicePixels(const QPainter& target, const QRectF& area);
 /// A transparent picture of these pixels; `draw` gets a painter with the target's coordinates.
 QImage deviceImage(const QPainter& target, const QRect& pixels, const std::function<void(QPainter&)>& draw);
-/// Lays the picture over the target with its upper left corner at the device pixel `at`. A plain copy: nothing is scaled
-/// or smoothed, and no other thread is woken for it.
+/// Lays the picture over the target with its upper left corner at the device pixel `at`. A plain copy: nothing is
+/// scaled or smoothed, and no other thread is woken for it.
 void paintDeviceImage(QPainter& target, QPoint at, const QImage& image, double opacity = 1);
 
 } // namespace ambrelle

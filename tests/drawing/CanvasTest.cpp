@@ -54,8 +54,10 @@ TEST(Canvas, TheMovingPassDrawsNothingThatStandsStill)
     canvas.fill(Box(0, 0, 64, 64), Qt::red);
     canvas.frame(Box(0, 0, 64, 64), pen);
     canvas.line({0, 0}, {64, 64}, pen);
-    canvas.text(Box(0, 0, 64, 20), QStringLiteral("text"), {.face = {.family = QStringLiteral("Inter")}, .colour = Qt::red});
-    canvas.figure(Box(0, 20, 64, 40), QStringLiteral("42"), {}, {.face = {.family = QStringLiteral("Inter")}, .fill = Qt::red});
+    canvas.text(
+        Box(0, 0, 64, 20), QStringLiteral("text"), {.face = {.family = QStringLiteral("Inter")}, .colour = Qt::red});
+    canvas.figure(
+        Box(0, 20, 64, 40), QStringLiteral("42"), {}, {.face = {.family = QStringLiteral("Inter")}, .fill = Qt::red});
     canvas.symbol(Box(0, 0, 64, 64), QStringLiteral("clock"), 40, Qt::red);
     canvas.paint([](QPainter& p) { p.fillRect(0, 0, 64, 64, Qt::red); });
     EXPECT_EQ(image, blank());

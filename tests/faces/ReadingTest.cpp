@@ -114,8 +114,9 @@ TEST_F(FeedTest, TellsWhichKindsMayHaveChanged)
     WidgetKinds told;
     QObject::connect(&feed, &ReadingFeed::changed, &feed, [&](const WidgetKinds& kinds) { told |= kinds; });
     monitor.start(2);
-    EXPECT_EQ(told, kindSet({WidgetKind::cpu, WidgetKind::memory, WidgetKind::disk, WidgetKind::battery,
-                        WidgetKind::network, WidgetKind::downloads}));
+    EXPECT_EQ(told,
+        kindSet({WidgetKind::cpu, WidgetKind::memory, WidgetKind::disk, WidgetKind::battery, WidgetKind::network,
+            WidgetKind::downloads}));
     told.reset();
     clock.advance(std::chrono::minutes(1));
     EXPECT_TRUE(told.test(static_cast<std::size_t>(WidgetKind::clock)));

@@ -1,5 +1,5 @@
-#include "faces/MoonPhase.h"
 #include "faces/Units.h"
+#include "faces/MoonPhase.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +16,12 @@ TEST(Units, PercentIsAWholeNumberFromZeroToHundred)
 
 TEST(Units, RatesAndSizesStepAtPowersOfAThousand)
 {
-    const std::pair<double, const char*> rates[]
-        = {{0, "0.00 KB/s"}, {999999, "1000.00 KB/s"}, {1000000, "1.00 MB/s"}, {2.5e9, "2500.00 MB/s"}};
+    const std::pair<double, const char*> rates[] = {
+        {0, "0.00 KB/s"}, {999999, "1000.00 KB/s"}, {1000000, "1.00 MB/s"}, {2.5e9, "2500.00 MB/s"}};
     for (const auto& [rate, text] : rates)
         EXPECT_EQ(Units::rate(rate).joined().toStdString(), text);
-    const std::pair<double, const char*> sizes[]
-        = {{0, "0 KB"}, {999999, "1000 KB"}, {1e6, "1.00 MB"}, {999999999, "1000.00 MB"}, {1e9, "1.00 GB"}};
+    const std::pair<double, const char*> sizes[] = {
+        {0, "0 KB"}, {999999, "1000 KB"}, {1e6, "1.00 MB"}, {999999999, "1000.00 MB"}, {1e9, "1.00 GB"}};
     for (const auto& [size, text] : sizes)
         EXPECT_EQ(Units::size(size).joined().toStdString(), text);
     EXPECT_EQ(Units::gib(1.5 * Units::gibibyte, 1), QStringLiteral("1.5"));

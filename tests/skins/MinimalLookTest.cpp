@@ -12,9 +12,10 @@ MinimalLook measuresOf(Skin skin)
 {
     MinimalLook look = MinimalLook::original(skin);
     look.skin = Skin::polar;
-    for (QColor MinimalLook::*colour : {&MinimalLook::ink, &MinimalLook::soft, &MinimalLook::faint, &MinimalLook::accent,
-             &MinimalLook::accent2, &MinimalLook::accent3, &MinimalLook::panelFill, &MinimalLook::up, &MinimalLook::down,
-             &MinimalLook::warn, &MinimalLook::border, &MinimalLook::shadow, &MinimalLook::cloud, &MinimalLook::key})
+    for (QColor MinimalLook::*colour :
+        {&MinimalLook::ink, &MinimalLook::soft, &MinimalLook::faint, &MinimalLook::accent, &MinimalLook::accent2,
+            &MinimalLook::accent3, &MinimalLook::panelFill, &MinimalLook::up, &MinimalLook::down, &MinimalLook::warn,
+            &MinimalLook::border, &MinimalLook::shadow, &MinimalLook::cloud, &MinimalLook::key})
         look.*colour = QColor();
     look.wash = look.tint = look.coverWash = look.plateBorder = 0;
     return look;
