@@ -7,13 +7,21 @@
 
 #include <QTextStream>
 
+#include <cstdlib>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int wrongUse = 2;
+QString skinNames()
+{
+    QStringList names;
+    for (const Skin skin : allCases<Skin>())
+        names.append(rawValue(skin));
+    return names.join(u", "_s);
+}
 
 } // namespace
 
@@ -22,8 +30,8 @@ int runBatchMode(const CommandLine& commandLine)
     const QString name = qEnvironmentVariable("SKIN");
     const std::optional<Skin> only = parse<Skin>(name);
     if (!name.isEmpty() && !only) {
-        QTextStream(stderr) << u"ambrelle: SKIN names no theme: “%1”.\n"_s.arg(name);
-        return wrongUse;
+        QTextStream(stderr) << u"ambrelle: SKIN names no theme: “%1”. The themes are %2.\n"_s.arg(name, skinNames());
+        return EXIT_FAILURE;
     }
     const HeadlessSources machine;
     ManualClock clock;

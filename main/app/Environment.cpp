@@ -10,7 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char* currentDesktopName = "XDG_CURRENT_DESKTOP";
 constexpr const char* platformName = "QT_QPA_PLATFORM";
 
 bool displayAnswers()
@@ -25,17 +24,21 @@ bool displayAnswers()
 
 Environment::Environment(bool batch)
     : m_batch(batch)
-    , m_hadCurrentDesktop(qEnvironmentVariableIsSet(currentDesktopName))
-    , m_currentDesktop(qgetenv(currentDesktopName))
 {
     // A desktop's own toolkit theme would load that desktop's whole toolkit, for widgets that draw themselves. An empty
     // value would not do: the toolkit then looks elsewhere.
-    qputenv(currentDesktopName, "none");
-    qputenv("QT_XCB_GL_INTEGRATION", "none");
+    put("XDG_CURRENT_DESKTOP", "none");
+    put("QT_XCB_GL_INTEGRATION", "none");
     if (batch)
-        qputenv(platformName, "offscreen");
+        put(platformName, "offscreen");
     else if (qEnvironmentVariableIsEmpty(platformName) || qgetenv(platformName).startsWith("wayland"))
-        qputenv(platformName, "xcb"); // under Wayland too: only X11 windows can be placed
+        put(platformName, "xcb"); // under Wayland too: only X11 windows can be placed
+}
+
+void Environment::put(const char* name, const QByteArray& value)
+{
+    m_replaced.append({name, qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray()});
+    qputenv(name, value);
 }
 
 QString Environment::whyNoDisplay() const
@@ -51,10 +54,12 @@ QString Environment::whyNoDisplay() const
 
 void Environment::restore() const
 {
-    if (m_hadCurrentDesktop)
-        qputenv(currentDesktopName, m_currentDesktop);
-    else
-        qunsetenv(currentDesktopName);
+    for (const Variable& variable : m_replaced) {
+        if (variable.value.isNull())
+            qunsetenv(variable.name);
+        else
+            qputenv(variable.name, variable.value);
+    }
 }
 
 } // namespace ambrelle

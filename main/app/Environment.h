@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
 
 namespace ambrelle {
@@ -15,13 +17,16 @@ public:
     /// The variables that child processes inherit are the user's again.
     void restore() const;
 
-    /// The desktops that the session names, as the session gave them ("GNOME", "ubuntu:GNOME", …).
-    const QByteArray& currentDesktop() const { return m_currentDesktop; }
-
 private:
+    struct Variable {
+        const char* name;
+        QByteArray value; ///< null: it was not set
+    };
+
+    void put(const char* name, const QByteArray& value);
+
     bool m_batch;
-    bool m_hadCurrentDesktop;
-    QByteArray m_currentDesktop;
+    QList<Variable> m_replaced;
 };
 
 } // namespace ambrelle

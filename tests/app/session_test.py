@@ -1,0 +1,131 @@
+#!/usr/bin/python3
+"""Runs the whole program on the display of this test: session_test.py PROGRAM.
+
+A widget is dragged with a real pointer, the program is killed without warning and comes back with it in its new place;
+whatever lies in the store of settings, the program starts.
+"""
+import json
+import os
+import random
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+PROGRAM = sys.argv[1]
+MARGIN = 30  # points of a panel left of and below the face
+
+
+def wait_for(what, condition, seconds=10.0):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        if value := condition():
+            return value
+        time.sleep(0.05)
+    sys.exit(f"no {what} within {seconds} s")
+
+
+class Session:
+    """The program with a home of its own."""
+
+    def __init__(self):
+        self.home = Path(tempfile.mkdtemp(prefix="ambrelle-test-"))
+        self.store = self.home / "config/ambrelle/defaults.json"
+        self.store.parent.mkdir(parents=True)
+        self.env = dict(os.environ, HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / "config"),
+                        XDG_RUNTIME_DIR=str(self.home))
+        self.env.pop("QT_QPA_PLATFORM", None)
+        self.process = None
+
+    def start(self):
+        self.process = subprocess.Popen([PROGRAM], env=self.env, stderr=subprocess.PIPE, text=True)
+
+    def end(self, how):
+        self.process.send_signal(how)
+        self.process.wait(10)
+
+    def panels(self):
+        """Places and sizes of the program's windows on the screen."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
+                               capture_output=True, text=True)
+        places = []
+        for window in found.stdout.split():
+            shell = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], capture_output=True, text=True)
+            values = dict(line.split("=") for line in shell.stdout.splitlines())
+            places.append(tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
+        return sorted(places)
+
+    def widgets(self):
+        return json.loads(self.store.read_text()).get("widgets.v2", [])
+
+
+def pointer(*steps):
+    subprocess.run(["xdotool", *steps], check=True)
+
+
+def drag_and_kill():
+    session = Session()
+    session.start()
+    panels = wait_for("default composition", lambda: len(p := session.panels()) == 12 and p)
+    assert len(session.widgets()) == 12, "the first composition was not stored"
+    x, y, width, height = panels[0]
+    grip = (x + MARGIN + 60, y + height - MARGIN - 60)
+    pointer("mousemove", *map(str, grip), "sleep", "0.2", "mousedown", "1")
+    for step in range(1, 21):
+        pointer("mousemove", str(grip[0] + step * 12), str(grip[1] + step * 5))
+    pointer("sleep", "0.1", "mouseup", "1")
+    moved = (x + 240, y + 100, width, height)
+    wait_for("panel where it was dropped", lambda: moved in session.panels())
+    stored = wait_for("stored place", lambda: [w for w in session.widgets() if abs(w["origin"][0] - moved[0] - MARGIN) < 1])
+    session.end(signal.SIGKILL)
+    session.start()
+    after = wait_for("widgets after the kill", lambda: len(p := session.panels()) == 12 and p)
+    assert moved in after, f"the widget did not come back to {moved}: {after}"
+    assert stored[0] in session.widgets(), "the stored record changed by itself"
+    session.end(signal.SIGTERM)
+    assert session.process.returncode == 0, f"ended with {session.process.returncode}"
+    return session
+
+
+def damaged_stores(session):
+    good = session.store.read_bytes()
+    dice = random.Random(7)
+    flipped = bytearray(good)
+    for _ in range(60):
+        flipped[dice.randrange(len(flipped))] = dice.randrange(256)
+    stores = {
+        "empty": b"", "truncated": good[: len(good) // 2], "flipped": bytes(flipped), "no object": b"[1, 2]",
+        "wrong types": json.dumps({"widgets.v2": 7, "interval": "fast", "defaultSkin": [], "layer": {},
+                                   "hasLaunchedBefore": "no", "themeAccents": [3]}).encode(),
+        "bad records": json.dumps({"hasLaunchedBefore": True, "widgets.v2": [
+            {"kind": "clock", "skin": "none", "origin": [1e300, 0]}, {"kind": "teapot"}, None, 3,
+            {"kind": "cpu", "skin": 4, "origin": [40, 40], "fit": 1}]}).encode(),
+        "huge": b'{"x": "' + b"y" * (80 << 20) + b'"}',
+    }
+    for name, content in stores.items():
+        session.store.write_bytes(content)
+        session.start()
+        expected = 1 if name == "bad records" else None
+        panels = wait_for(f"start with a store that is {name}", session.panels, 20)
+        assert expected is None or len(panels) == expected, f"{name}: {len(panels)} widgets"
+        session.end(signal.SIGTERM)
+        assert session.process.returncode == 0, f"{name}: ended with {session.process.returncode}"
+
+
+def second_start(session):
+    session.store.write_text("{}")
+    session.start()
+    wait_for("first start", session.panels)
+    second = subprocess.run([PROGRAM], env=session.env, timeout=20)
+    assert second.returncode == 0 and session.process.poll() is None, "a second start must leave it to the first"
+    session.end(signal.SIGTERM)
+
+
+subject = drag_and_kill()
+damaged_stores(subject)
+second_start(subject)
+shutil.rmtree(subject.home)
+print("dragged, killed and restored; started with every damaged store; ran once")
