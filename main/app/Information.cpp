@@ -15,7 +15,7 @@ QString dataFile(const QString& name)
     // QCoreApplication is not there yet when fonts are registered.
     const QDir program = QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).dir();
     for (const QString& place : {u"share/ambrelle/"_s, u"../share/ambrelle/"_s}) {
-        const QString path = QDir::cleanPath(program.filePath(place + name));
+        QString path = QDir::cleanPath(program.filePath(place + name));
         if (QFileInfo::exists(path))
             return path;
     }

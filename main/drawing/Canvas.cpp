@@ -171,7 +171,7 @@ void Canvas::hit(const QRectF& area, const FaceAction& action)
     m_hits.append({area, action});
 }
 
-void Canvas::note(CanvasMark mark)
+void Canvas::note(CanvasMark mark) const
 {
     if (!m_setup.record)
         return;

@@ -92,7 +92,7 @@ private:
     QPointF snapped(QPointF point, const Typeface& face) const;
     void glyphs(QPointF origin, const ShapedText& shaped, const QColor& colour);
     void line(const Box& box, const QString& shown, const TextStyle& style, bool cut);
-    void note(CanvasMark mark);
+    void note(CanvasMark mark) const;
 
     QPainter& m_painter;
     Setup m_setup;

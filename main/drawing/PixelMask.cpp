@@ -103,7 +103,7 @@ QImage dithered(const QImage& picture, const QSize& size)
     const QString key = QStringLiteral("%1 %2 %3").arg(picture.cacheKey()).arg(size.width()).arg(size.height());
     if (const QImage* bits = kept.object(key))
         return *bits;
-    const QImage bits = ditherAfresh(picture, size);
+    QImage bits = ditherAfresh(picture, size);
     kept.insert(key, new QImage(bits), std::max<qsizetype>(1, bits.sizeInBytes() / 1024));
     return bits;
 }

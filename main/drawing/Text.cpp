@@ -273,7 +273,7 @@ QString elided(const QString& text, const TextStyle& style, double width)
         width, style.elide};
     if (const QString* kept = cache.object(key))
         return *kept;
-    const QString shown = cutToWidth(text, style, width);
+    QString shown = cutToWidth(text, style, width);
     cache.insert(key, new QString(shown));
     return shown;
 }

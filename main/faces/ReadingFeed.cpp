@@ -22,10 +22,10 @@ Notice notYet(WidgetKind kind, const QString& sentence)
 
 } // namespace
 
-ReadingFeed::ReadingFeed(const Sources& sources, Clock& clock, QLocale locale)
+ReadingFeed::ReadingFeed(const Sources& sources, Clock& clock, const QLocale& locale)
     : m_sources(sources)
     , m_clock(clock)
-    , m_locale(std::move(locale))
+    , m_locale(locale)
     , m_minutes(clock.everyMinute([this] { Q_EMIT changed(timedKinds); }))
 {
     connect(&sources.monitor, &SystemMonitor::changed, this, [this] { Q_EMIT changed(sampledKinds); });

@@ -35,7 +35,7 @@ public:
         const AppSettings& settings;
     };
 
-    ReadingFeed(const Sources& sources, Clock& clock, QLocale locale = QLocale::system());
+    ReadingFeed(const Sources& sources, Clock& clock, const QLocale& locale = QLocale::system());
 
     /// What the widget shows at this moment. `seconds`: its clock face shows them.
     Reading readingFor(const WidgetConfig& config, bool seconds = false) const;

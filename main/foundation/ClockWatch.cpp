@@ -71,7 +71,7 @@ void ClockWatch::openTimer()
 }
 
 // A timer that is never due, and that the kernel cancels when the clock is set or the machine resumes.
-void ClockWatch::armTimer()
+void ClockWatch::armTimer() const
 {
     itimerspec never{};
     never.it_value.tv_sec = std::numeric_limits<time_t>::max();

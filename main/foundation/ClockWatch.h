@@ -26,7 +26,7 @@ private:
     };
 
     void openTimer();
-    void armTimer();
+    void armTimer() const;
     void timerReadable();
     void watchZone();
     void zoneFolderChanged();
