@@ -1,5 +1,8 @@
 #!/usr/bin/python3
-"""Measures the running program on a private display: live.py PROGRAM.
+"""Measures the running program on a private display: live.py PROGRAM [CONTESTANT...].
+
+Contestants are "ambrelle" (its default composition), "200 widgets", "needle still" and "needle moving" (one face without
+and with motion at 15 frames a second), and the peers below; without names the first and the peers.
 
 Every contestant is launched once to lay out its first desktop and then again to be measured: MEASURE seconds after
 SETTLE seconds, in each of three rounds; the table gives medians. With conky
@@ -24,7 +27,7 @@ MEASURE = float(os.environ.get("AMBRELLE_SECONDS", 60))
 ROUNDS = int(os.environ.get("AMBRELLE_ROUNDS", 3))
 TICKS = os.sysconf("SC_CLK_TCK")
 FIGURES = {  # name: unit
-    "cpu": "s", "start": "s", "wakeups": "/s", "rss": "MB", "pss": "MB", "uss": "MB",
+    "cpu": "s", "start": "s", "wakeups": "/s", "rss": "MB", "pss": "MB", "uss": "MB", "anon": "MB",
     "first map": "ms", "all map": "ms", "first paint": "ms", "all paint": "ms", "windows": "", "painted": "", "noise": "s",
 }
 
@@ -142,11 +145,11 @@ def stop(pids):
     os.waitpid(pids[0], 0)
 
 
-def measure(command):
+def measure(command, values):
     with tempfile.TemporaryDirectory() as home, desktop(home) as env:
         settings = Path(home, ".config/ambrelle/defaults.json")
         settings.parent.mkdir(parents=True)
-        settings.write_text(json.dumps({"interval": 2, "animations": False}))
+        settings.write_text(json.dumps(values))
         stop(tree(watch(env, command)[0].pid))
         running, seen = watch(env, command)
         if running.poll() is not None:
@@ -159,23 +162,40 @@ def measure(command):
         seconds, cpu, woken, busy = (b - a for a, b in zip(start, end))
         memory = "".join(read(f"/proc/{pid}/smaps_rollup") for pid in pids)
         stop(pids)
-    megabytes = [sum_of(memory, *keys) / 1024 for keys in (("Rss:",), ("Pss:",), ("Private_",))]
+    megabytes = [sum_of(memory, *keys) / 1024 for keys in (("Rss:",), ("Pss:",), ("Private_",), ("Pss_Anon:",))]
     return dict(zip(FIGURES, [cpu, start[1], woken / seconds, *megabytes, *seen, busy - cpu]))
 
 
+def desk(kinds, skin, **values):
+    """Settings with these widgets, in rows over the screen."""
+    widgets = [{"kind": kind, "skin": skin, "origin": [20 + i % 10 * 180, 20 + i // 10 % 5 * 200]}
+               for i, kind in enumerate(kinds)]
+    return {"interval": 2, "animations": False, "hasLaunchedBefore": True, "widgets.v2": widgets, **values}
+
+
 def contestants(program):
-    commands = {"ambrelle": [str(Path(program).resolve())]}
+    """Name: command and settings."""
+    command = [str(Path(program).resolve())]
+    composition = ["clock", "weather", "calendar", "events", "battery", "photo", "nowPlaying", "cpu", "memory", "network",
+                   "disk", "processes"]
+    entries = {
+        "ambrelle": (command, {"interval": 2, "animations": False}),
+        "200 widgets": (command, desk([composition[i % 12] for i in range(200)], "glass")),
+        "needle still": (command, desk(["cpu"], "hifi")),
+        "needle moving": (command, desk(["cpu"], "hifi", animations=True)),
+    }
     peers = Path(os.environ.get("AMBRELLE_PEERS", "/nonexistent"), "conky")
     for name, script in (("conky x 11", "eleven.sh"), ("conky x 1", "one.sh")):
         if shutil.which("conky") and (peers / script).exists():
-            commands[name] = [str(peers / script)]
-    return commands
+            entries[name] = ([str(peers / script)], {})
+    wanted = sys.argv[2:] or [name for name in entries if name == "ambrelle" or name.startswith("conky")]
+    return {name: entries[name] for name in wanted}
 
 
 def main():
     commands = contestants(sys.argv[1])
-    rounds = [{name: measure(command) for name, command in commands.items()} for _ in range(ROUNDS)]
-    print(f"Medians of {ROUNDS} rounds of {MEASURE:g} s; in brackets: how many times Ambrelle's figure")
+    rounds = [{name: measure(*entry) for name, entry in commands.items()} for _ in range(ROUNDS)]
+    print(f"Medians of {ROUNDS} rounds of {MEASURE:g} s; in brackets: how many times the first one's figure")
     print(" " * 16 + "".join(f"{name:>20}" for name in commands))
     for figure, unit in FIGURES.items():
         values = [statistics.median(r[name][figure] for r in rounds) for name in commands]
