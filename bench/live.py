@@ -90,8 +90,8 @@ def sum_of(text, *keys):
 
 
 def wakeups(pids):
-    """Voluntary context switches of all threads."""
-    return sum(sum_of(read(f), "voluntary_ctxt") for pid in pids for f in Path(f"/proc/{pid}/task").glob("*/status"))
+    """Voluntary context switches by thread."""
+    return {f: sum_of(read(f), "voluntary_ctxt") for pid in pids for f in Path(f"/proc/{pid}/task").glob("*/status")}
 
 
 def busy_seconds():
@@ -159,7 +159,8 @@ def measure(command, values):
         time.sleep(MEASURE)
         pids = tree(running.pid)
         end = time.monotonic(), cpu_seconds(pids), wakeups(pids), busy_seconds()
-        seconds, cpu, woken, busy = (b - a for a, b in zip(start, end))
+        woken = sum(count - start[2].get(thread, 0) for thread, count in end[2].items())  # of those that still live
+        seconds, cpu, busy = (end[i] - start[i] for i in (0, 1, 3))
         memory = "".join(read(f"/proc/{pid}/smaps_rollup") for pid in pids)
         stop(pids)
     megabytes = [sum_of(memory, *keys) / 1024 for keys in (("Rss:",), ("Pss:",), ("Private_",), ("Pss_Anon:",))]
@@ -168,7 +169,7 @@ def measure(command, values):
 
 def desk(kinds, skin, **values):
     """Settings with these widgets, in rows over the screen."""
-    widgets = [{"kind": kind, "skin": skin, "origin": [20 + i % 10 * 180, 20 + i // 10 % 5 * 200]}
+    widgets = [{"kind": kind, "skin": skin, "origin": [60 + i % 9 * 180, 60 + i // 9 % 5 * 180]}
                for i, kind in enumerate(kinds)]
     return {"interval": 2, "animations": False, "hasLaunchedBefore": True, "widgets.v2": widgets, **values}
 
