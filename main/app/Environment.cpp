@@ -29,8 +29,8 @@ Environment::Environment(bool batch)
     // value would not do: the toolkit then looks elsewhere.
     put("XDG_CURRENT_DESKTOP", "none");
     put("QT_XCB_GL_INTEGRATION", "none");
-    // Repaints wait for no further timer: what changes together already comes in one round. It stays set, since the toolkit
-    // reads it at the first repaint.
+    // Repaints wait for no further timer: what changes together already comes in one round. It stays set, since the
+    // toolkit reads it at the first repaint.
     qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
     if (batch)
         put(platformName, "offscreen");
