@@ -31,7 +31,7 @@ struct SingleInstanceTest : ::testing::Test {
             [this](const QStringList& files) { heard.append(files); });
     }
     /// Runs a second start in a thread of its own, and the first meanwhile.
-    bool second(const QStringList& files)
+    bool second(const QStringList& files) const
     {
         std::atomic<int> result = -1;
         std::thread other([&] {
@@ -45,7 +45,7 @@ struct SingleInstanceTest : ::testing::Test {
         return result == 1;
     }
     /// What comes back for raw bytes, until the first closes the connection.
-    QByteArray send(const QByteArray& bytes)
+    QByteArray send(const QByteArray& bytes) const
     {
         QLocalSocket socket;
         socket.connectToServer(folder + u"/socket"_s);

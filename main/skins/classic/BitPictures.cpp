@@ -173,8 +173,9 @@ QPainterPath made(Sky sky)
     QPainterPath path;
     const QByteArray rows = rowsOf(sky);
     for (int place = 0; place < rows.size(); ++place) {
+        const QPoint cell(place % pictureSide, place / pictureSide);
         if (rows[place] == '#')
-            path.addRect(place % pictureSide, place / pictureSide, 1, 1);
+            path.addRect(QRectF(cell, QSizeF(1, 1)));
     }
     path.setFillRule(Qt::WindingFill);
     return path;

@@ -15,8 +15,6 @@
 namespace ambrelle::test {
 namespace {
 
-using ::testing::Contains;
-
 constexpr QRgb windowColour = 0xFF2060C0;
 constexpr QRgb faceColour = 0xFFE04020;
 constexpr double margin = 20;
@@ -383,7 +381,7 @@ TEST_F(X11WindowHostTest, TellsOnceOfScreensThatWereRearranged)
     const ScreenInfo& main = both[0];
     const ScreenInfo& side = both[1];
     EXPECT_EQ(main.frame.topLeft(), QPointF(0, 0));
-    EXPECT_NEAR(side.frame.height(), height / 2 / ratio, 1);
+    EXPECT_NEAR(side.frame.height(), height / 2.0 / ratio, 1);
     // Both have their upper edge at the top, so the lower one of the smaller screen lies higher.
     EXPECT_NEAR(side.frame.y(), main.frame.height() - side.frame.height(), 1);
     EXPECT_EQ(side.widthInMillimetres, 170);
