@@ -1,9 +1,12 @@
 #include "app/BatchModes.h"
 
+#include "app/Information.h"
+#include "app/WallpaperBatch.h"
 #include "foundation/ManualClock.h"
 #include "offline/PreviewRenderer.h"
 #include "platform/headless/HeadlessSources.h"
 #include "services/SystemMonitor.h"
+#include "skins/WallpaperRecipes.h"
 
 #include <QTextStream>
 
@@ -33,10 +36,13 @@ int runBatchMode(const CommandLine& commandLine)
         QTextStream(stderr) << u"ambrelle: SKIN names no theme: “%1”. The themes are %2.\n"_s.arg(name, skinNames());
         return EXIT_FAILURE;
     }
+    const Wallpaper wallpaper(wallpaperRecipe, dataFile(u"Wallpapers"_s));
+    if (commandLine.mode == CommandLine::Mode::renderWallpapers)
+        return renderWallpapers(wallpaper, commandLine.folder, only);
     const HeadlessSources machine;
     ManualClock clock;
     SystemMonitor monitor(machine.sources(), clock);
-    return PreviewRenderer::run(commandLine.folder, only, monitor);
+    return PreviewRenderer::run(commandLine.folder, only, monitor, wallpaper);
 }
 
 } // namespace ambrelle

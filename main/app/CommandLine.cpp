@@ -17,7 +17,10 @@ struct BatchOption {
 };
 
 // In the order in which they are looked for.
-constexpr std::array batchOptions{BatchOption{"--render-previews"_L1, Mode::renderPreviews}};
+constexpr std::array batchOptions{
+    BatchOption{"--render-previews"_L1, Mode::renderPreviews},
+    BatchOption{"--render-wallpapers"_L1, Mode::renderWallpapers},
+};
 
 std::optional<Mode> batchMode(const QString& argument)
 {
@@ -64,12 +67,14 @@ QString CommandLine::helpText()
     return uR"(Usage: ambrelle [OPTION] [FILE...]
 Live widgets on the desktop, in thirty themes. A program that already runs takes the FILEs over.
 
-  --render-previews FOLDER  write a picture of every theme into FOLDER and exit
-  -h, --help                show this text and exit
-  --version                 show the version and exit
+  --render-previews FOLDER    write a picture of every theme into FOLDER and exit
+  --render-wallpapers FOLDER  write the wallpaper of every theme into FOLDER and exit
+  -h, --help                  show this text and exit
+  --version                   show the version and exit
 
-Environment of --render-previews:
-  SKIN  the one theme to render, by its name in lower case
+Environment of --render-previews and --render-wallpapers:
+  SKIN           the one theme to render, by its name in lower case
+  WIDTH, HEIGHT  pixels of a wallpaper; 2880 and 1800 unless given
 
 Settings and widgets are kept in $XDG_CONFIG_HOME/ambrelle/defaults.json.
 )"_s;

@@ -7,7 +7,7 @@ namespace ambrelle {
 
 /// What the program is asked to do.
 struct CommandLine {
-    enum class Mode { desktop, renderPreviews, help, version, unknownOption };
+    enum class Mode { desktop, renderPreviews, renderWallpapers, help, version, unknownOption };
 
     Mode mode = Mode::desktop;
     QString folder; ///< where a batch mode writes

@@ -87,7 +87,8 @@ int main(int argc, char** argv)
         return EXIT_SUCCESS;
     case CommandLine::Mode::unknownOption:
         return complain(CommandLine::unknownOptionText(commandLine.option), wrongUse);
-    case CommandLine::Mode::renderPreviews: return runBatch(commandLine, argc, argv);
+    case CommandLine::Mode::renderPreviews:
+    case CommandLine::Mode::renderWallpapers: return runBatch(commandLine, argc, argv);
     case CommandLine::Mode::desktop: return runDesktop(commandLine, argc, argv);
     }
     return EXIT_FAILURE;

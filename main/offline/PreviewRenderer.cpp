@@ -1,10 +1,10 @@
 #include "offline/PreviewRenderer.h"
 
-#include "drawing/Colours.h"
 #include "faces/SampleReadings.h"
 #include "offline/PreviewSheet.h"
 #include "services/SystemMonitor.h"
 #include "skins/SkinRegistry.h"
+#include "wallpapers/Wallpaper.h"
 
 #include <QDir>
 #include <QPainter>
@@ -20,24 +20,13 @@ void say(std::FILE* stream, const QString& line)
     std::fputs(qPrintable(line + u'\n'), stream);
 }
 
-/// The ground a sheet stands on until skins paint their own.
-void drawGround(QPainter& painter, const QSizeF& size, Skin skin)
-{
-    const SkinStyle style = styleOf(skin);
-    const QColor base = blended(style.ground, style.accent, 0.25);
-    QLinearGradient ground(0, 0, 0, size.height());
-    ground.setColorAt(0, isLight(skin) ? base.darker(108) : base.lighter(130));
-    ground.setColorAt(1, isLight(skin) ? base.darker(125) : base.darker(150));
-    painter.fillRect(QRectF({}, size), ground);
-}
-
-QImage render(Skin skin, const SystemMonitor& monitor, const QDateTime& now)
+QImage render(Skin skin, const SystemMonitor& monitor, const QDateTime& now, const Wallpaper& wallpaper)
 {
     const PreviewSheet sheet = PreviewSheet::of(skin);
     QImage image((sheet.size * PreviewSheet::scale).toSize(), QImage::Format_RGB32);
     QPainter painter(&image);
     painter.scale(PreviewSheet::scale, PreviewSheet::scale);
-    drawGround(painter, sheet.size, skin);
+    wallpaper.draw(painter, QRectF({}, sheet.size), skin);
     for (const PreviewSheet::Place& place : sheet.places) {
         painter.save();
         painter.translate(place.area.topLeft());
@@ -49,7 +38,7 @@ QImage render(Skin skin, const SystemMonitor& monitor, const QDateTime& now)
 
 } // namespace
 
-int run(const QString& outputDirectory, std::optional<Skin> only, SystemMonitor& monitor)
+int run(const QString& outputDirectory, std::optional<Skin> only, SystemMonitor& monitor, const Wallpaper& wallpaper)
 {
     const QDir folder(outputDirectory);
     if (!folder.mkpath(QStringLiteral("."))) {
@@ -63,7 +52,7 @@ int run(const QString& outputDirectory, std::optional<Skin> only, SystemMonitor&
         if (only && *only != skin)
             continue;
         const QString path = folder.filePath(rawValue(skin) + QStringLiteral(".png"));
-        if (render(skin, monitor, now).save(path)) {
+        if (render(skin, monitor, now, wallpaper).save(path)) {
             say(stdout, QStringLiteral("wrote ") + path);
         } else {
             say(stderr, QStringLiteral("failed to render ") + rawValue(skin));

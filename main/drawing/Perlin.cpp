@@ -1,0 +1,113 @@
+#include "drawing/Perlin.h"
+
+#include "drawing/RGBA.h"
+#include "drawing/SeededRandom.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <numeric>
+
+namespace ambrelle {
+
+namespace {
+
+double fade(double t)
+{
+    return t * t * t * (t * (6 * t - 15) + 10);
+}
+
+double negatedIf(std::int64_t bit, double value)
+{
+    const auto sign = static_cast<std::uint64_t>(bit) << 63;
+    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(value) ^ sign);
+}
+
+/// The eight directions x + y, -x + y, x - y, -x - y, x, -x, y, -y by the low three bits of `hash`. Selecting instead
+/// of branching matters: the hash is random, and this is the innermost step of every picture.
+double gradient(std::int64_t hash, double x, double y)
+{
+    const std::int64_t direction = hash & 7;
+    const double first = direction >= 6 ? y : x;
+    const double second = direction < 4 ? negatedIf(direction >> 1, y) : -0.0; // adding -0.0 changes no number
+    return negatedIf(direction & 1, first) + second;
+}
+
+/// Rounds down; what the library does for every number at once, this does for those of the 64-bit range.
+std::int64_t floorOf(double value)
+{
+    if (!(value >= -0x1p63 && value < 0x1p63))
+        qFatal("Perlin: %g is no coordinate", value);
+    const auto whole = static_cast<std::int64_t>(value);
+    return whole - (value < static_cast<double>(whole) ? 1 : 0);
+}
+
+void requireOctaves(int octaves)
+{
+    if (octaves < 0)
+        qFatal("Perlin: there are no %d octaves", octaves);
+}
+
+} // namespace
+
+Perlin::Perlin(std::uint64_t seed)
+{
+    constexpr std::size_t period = 256;
+    SeededRandom random{seed};
+    std::iota(m_p.begin(), m_p.begin() + period, 0);
+    for (std::size_t i = 0; i + 1 < period; ++i)
+        std::swap(m_p[i], m_p[i + random.next(period - i)]);
+    std::copy_n(m_p.begin(), period, m_p.begin() + period);
+}
+
+double Perlin::noise(double x, double y) const
+{
+    const std::int64_t column = floorOf(x);
+    const std::int64_t row = floorOf(y);
+    const double xf = x - static_cast<double>(column);
+    const double yf = y - static_cast<double>(row);
+    const double u = fade(xf);
+    const double v = fade(yf);
+    const auto p = [this](std::int64_t index) { return m_p[static_cast<std::size_t>(index)]; };
+    const std::int64_t left = p(column & 255) + (row & 255);
+    const std::int64_t right = p((column & 255) + 1) + (row & 255);
+    const double low = mix(gradient(p(left), xf, yf), gradient(p(right), xf - 1, yf), u);
+    const double high = mix(gradient(p(left + 1), xf, yf - 1), gradient(p(right + 1), xf - 1, yf - 1), u);
+    return mix(low, high, v);
+}
+
+double Perlin::fbm(double x, double y, int octaves, double lacunarity, double gain) const
+{
+    requireOctaves(octaves);
+    double sum = 0;
+    double amplitude = 0.5;
+    double frequency = 1;
+    for (int octave = 0; octave < octaves; ++octave) {
+        sum += amplitude * noise(frequency * x, frequency * y);
+        frequency *= lacunarity;
+        amplitude *= gain;
+    }
+    return std::clamp(sum * 0.9 + 0.5, 0.0, 1.0);
+}
+
+double Perlin::ridged(double x, double y, int octaves) const
+{
+    requireOctaves(octaves);
+    double sum = 0;
+    double amplitude = 0.5;
+    double frequency = 1;
+    double weight = 1;
+    for (int octave = 0; octave < octaves; ++octave) {
+        double crest = 1 - std::abs(noise(frequency * x, frequency * y));
+        crest = crest * crest * weight;
+        weight = std::clamp(2 * crest, 0.0, 1.0);
+        sum += amplitude * crest;
+        frequency *= 2;
+        amplitude *= 0.5;
+    }
+    return std::min(sum, 1.0);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,10 @@
+#include "skins/WallpaperRecipes.h"
+
+namespace ambrelle {
+
+void paintChalkWallpaper(Painting& painting, SeededRandom&)
+{
+    painting.verticalGradient(hex(0x202830), hex(0x0A0C10));
+}
+
+} // namespace ambrelle
