@@ -69,7 +69,8 @@ int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, std::opt
     if (!directory.mkpath(u"."_s))
         return complain(u"The folder “%1” cannot be made."_s.arg(folder));
 
-    const QList<Skin> skins = only ? QList{*only} : QList<Skin>(allCases<Skin>().begin(), allCases<Skin>().end());
+    const auto every = allCases<Skin>();
+    const QList<Skin> skins = only ? QList{*only} : QList<Skin>(every.begin(), every.end());
     const Progress progress;
     QTextStream out(stdout);
     for (qsizetype i = 0; i < skins.size(); ++i) {
@@ -79,14 +80,15 @@ int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, std::opt
         timer.start();
         const QByteArray png = wallpaper.png(skin, {*width, *height});
         QSaveFile file(directory.filePath(rawValue(skin) + u".png"_s));
-        const bool written = !png.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(png) == png.size()
-            && file.commit();
+        const bool written =
+            !png.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(png) == png.size() && file.commit();
         progress.clear();
         if (png.isEmpty())
             return complain(u"There is not enough memory for %1 by %2 pixels."_s.arg(*width).arg(*height));
         if (!written)
             return complain(u"“%1” cannot be written: %2."_s.arg(file.fileName(), file.errorString()));
-        out << QString::asprintf("%s %.2fs\n", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9);
+        out << QString::asprintf(
+            "%s %.2fs\n", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9);
         out.flush();
     }
     return EXIT_SUCCESS;

@@ -35,11 +35,16 @@ double gradient(std::int64_t hash, double x, double y)
     return negatedIf(direction & 1, first) + second;
 }
 
-/// Rounds down; what the library does for every number at once, this does for those of the 64-bit range.
+[[noreturn]] void refuse(double value)
+{
+    qFatal("Perlin: %g is no coordinate", value);
+}
+
+/// Rounds down; faster than the library, which knows numbers beyond the 64-bit integers too.
 std::int64_t floorOf(double value)
 {
-    if (!(value >= -0x1p63 && value < 0x1p63))
-        qFatal("Perlin: %g is no coordinate", value);
+    if (!(std::abs(value) < 0x1p63)) [[unlikely]]
+        refuse(value);
     const auto whole = static_cast<std::int64_t>(value);
     return whole - (value < static_cast<double>(whole) ? 1 : 0);
 }

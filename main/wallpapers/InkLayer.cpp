@@ -50,8 +50,8 @@ void InkLayer::paint(Tile& tile) const
         if (count <= 0)
             continue;
         const std::span<Pixel> source(inked.data(), static_cast<std::size_t>(count));
-        const uchar* coverage
-            = m_stencil.isNull() ? nullptr : m_stencil.constScanLine(row - m_area.top()) + (first - m_area.left());
+        const uchar* coverage =
+            m_stencil.isNull() ? nullptr : m_stencil.constScanLine(row - m_area.top()) + (first - m_area.left());
         if (coverage && isClear(coverage, source.size()))
             continue;
         m_ink.fill(source, first, y);

@@ -4,8 +4,8 @@
 
 #include <libdeflate.h>
 
+#include <algorithm>
 #include <array>
-#include <cstring>
 #include <memory>
 #include <new>
 
@@ -13,8 +13,11 @@ namespace ambrelle {
 
 namespace {
 
-constexpr int compressionLevel = 3; // the next one takes a third more time for two percent fewer bytes
-constexpr uchar filterUp = 2;
+// Measured on these pictures: the next level takes two thirds more time for a tenth fewer bytes. The scattering of
+// colours repeats every eight pixels along a row, which the difference to the left keeps and that to the row above
+// disturbs: another fifth.
+constexpr int compressionLevel = 1;
+constexpr uchar filterSub = 1;
 constexpr std::size_t bytesPerPixel = 3;
 
 using Bytes = std::unique_ptr<uchar[]>;
@@ -24,7 +27,7 @@ Bytes reserve(std::size_t size)
     return Bytes(new (std::nothrow) uchar[size]);
 }
 
-/// Each row as its difference from the row above, with the number of that filter in front.
+/// Each row as the differences from the pixels to the left, with the number of that filter in front.
 Bytes filtered(const QImage& picture)
 {
     const auto rowBytes = static_cast<std::size_t>(picture.width()) * bytesPerPixel;
@@ -32,15 +35,13 @@ Bytes filtered(const QImage& picture)
     if (!rows)
         return rows;
     uchar* target = rows.get();
-    const std::vector<uchar> nothing(rowBytes, 0);
-    const uchar* above = nothing.data();
     for (int y = 0; y < picture.height(); ++y) {
         const uchar* row = picture.constScanLine(y);
-        *target++ = filterUp;
-        for (std::size_t i = 0; i < rowBytes; ++i)
-            target[i] = static_cast<uchar>(row[i] - above[i]);
+        *target++ = filterSub;
+        std::copy_n(row, bytesPerPixel, target);
+        for (std::size_t i = bytesPerPixel; i < rowBytes; ++i)
+            target[i] = static_cast<uchar>(row[i] - row[i - bytesPerPixel]);
         target += rowBytes;
-        above = row;
     }
     return rows;
 }
@@ -86,8 +87,7 @@ QByteArray encodedAsPng(const QImage& picture)
     const Bytes compressed = reserve(bound);
     if (!compressed)
         return {};
-    const std::size_t length
-        = libdeflate_zlib_compress(compressor.get(), rows.get(), size, compressed.get(), bound);
+    const std::size_t length = libdeflate_zlib_compress(compressor.get(), rows.get(), size, compressed.get(), bound);
     rows.reset();
 
     QByteArray file("\x89PNG\r\n\x1a\n", 8);

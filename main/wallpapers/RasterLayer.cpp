@@ -17,7 +17,8 @@ bool isWhole(double value)
 RasterLayer::RasterLayer(QSize picture, const QRectF& area, double scale, Shader shader)
     : m_picture(picture)
     , m_area(area)
-    , m_samples(std::max(1, static_cast<int>(area.width() / scale)), std::max(1, static_cast<int>(area.height() / scale)))
+    , m_samples(
+          std::max(1, static_cast<int>(area.width() / scale)), std::max(1, static_cast<int>(area.height() / scale)))
     , m_shader(std::move(shader))
     , m_exact(QSizeF(m_samples) == area.size() && isWhole(area.x()) && isWhole(area.y()))
 {
@@ -27,8 +28,8 @@ void RasterLayer::paint(Tile& tile) const
 {
     // The pixels whose centres lie inside.
     const auto edge = [](double value) { return static_cast<int>(std::ceil(value - 0.5)); };
-    const QRect inside(QPoint(edge(m_area.left()), edge(m_area.top())),
-        QPoint(edge(m_area.right()) - 1, edge(m_area.bottom()) - 1));
+    const QRect inside(
+        QPoint(edge(m_area.left()), edge(m_area.top())), QPoint(edge(m_area.right()) - 1, edge(m_area.bottom()) - 1));
     const QRect part = inside & tile.area();
     if (part.isEmpty())
         return;

@@ -11,7 +11,8 @@ namespace {
 struct Crater {
     double x;
     double y;
-    double size;
+    double across; ///< radii per unit of the height, from side to side
+    double along; ///< the same towards the horizon, where craters are seen flat
 };
 using Craters = std::array<Crater, 90>;
 
@@ -56,22 +57,23 @@ Craters scatterCraters(const Painting& painting, SeededRandom& random)
     for (Crater& crater : craters) {
         crater.x = random.in(0, painting.width() / painting.height());
         crater.y = random.in(0, 0.4);
-        crater.size = std::pow(random.in(0, 1), 2.2) * 0.07 + 0.006;
+        const double size = std::pow(random.in(0, 1), 2.2) * 0.07 + 0.006;
+        crater.across = 1 / size;
+        crater.along = 1 / (size * mix(0.62, 0.2, crater.y / 0.4));
     }
     return craters;
 }
 
-/// How much a crater brightens the ground (rim towards the light) or darkens it (floor and the rim's shadow); craters
-/// near the horizon are seen flat.
+/// How much the craters brighten the ground (rims towards the light) or darken it (floors and the rims' shadows).
 double relief(const Craters& craters, double x, double y)
 {
+    constexpr double reach = 1.5; // radii
     double sum = 0;
     for (const Crater& crater : craters) {
-        const double flat = mix(0.62, 0.2, crater.y / 0.4);
-        const double u = (x - crater.x) / crater.size;
-        const double v = (y - crater.y) / (crater.size * flat);
+        const double v = (y - crater.y) * crater.along;
+        const double u = (x - crater.x) * crater.across;
         const double squared = u * u + v * v;
-        if (squared >= 2.25)
+        if (squared >= reach * reach)
             continue;
         const double distance = std::sqrt(squared);
         const double rim = smoothstep(0.7, 0.98, distance) * smoothstep(1.45, 1.02, distance);
@@ -89,7 +91,7 @@ void ground(Painting& painting, SeededRandom& random, const Craters& craters)
     const Perlin dust{random.next()};
     const QRectF band(0, 0, painting.width(), horizon * painting.height());
     painting.raster(band, 2.0, [=](double x, double y) {
-        const double edge = horizon - 0.03 + 0.02 * dust.fbm(3 * x, 0.5, 3, 2);
+        const double edge = y < horizon - 0.04 ? horizon : horizon - 0.03 + 0.02 * dust.fbm(3 * x, 0.5, 3, 2);
         const double depth = y / horizon;
         const double rough = dust.fbm(5 * x, 5 * y / mix(0.9, 0.25, depth), 5, 2) - 0.5;
         const double light = 0.34 + 0.3 * rough + relief(craters, x, y) - 0.12 * depth;

@@ -1,0 +1,250 @@
+#include "wallpapers/DesktopWallpaper.h"
+
+#include "foundation/UserDefaults.h"
+#include "platform/DesktopPicture.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QtConcurrent>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString previousKey = u"desktopPicture.previous"_s; ///< what the desktop showed before
+const QString currentKey = u"desktopPicture.current"_s; ///< the file last set on the main screen
+
+QSize pixels(const ScreenInfo& screen)
+{
+    return {static_cast<int>(screen.frame.width() * screen.pixelRatio),
+        static_cast<int>(screen.frame.height() * screen.pixelRatio)};
+}
+
+QString makeFolder(const QString& path)
+{
+    return QDir().mkpath(path) ? QString() : u"The folder “%1” cannot be made."_s.arg(path);
+}
+
+/// Why the skin's wallpaper of that size is not in the file, or empty; what is there already is kept.
+QString paintFile(const Wallpaper& wallpaper, Skin skin, QSize size, const QString& path)
+{
+    if (QFileInfo(path).size() > 0)
+        return {};
+    const QByteArray png = wallpaper.png(skin, size);
+    if (png.isEmpty())
+        return u"A picture of %1 by %2 pixels cannot be made."_s.arg(size.width()).arg(size.height());
+    return writeWhole(path, png);
+}
+
+QString installExtra(const QString& extra, const QString& installed)
+{
+    if (QFileInfo::exists(installed))
+        return {};
+    QFile file(extra);
+    if (!file.open(QIODevice::ReadOnly))
+        return u"“%1” cannot be read: %2."_s.arg(extra, file.errorString());
+    return writeWhole(installed, file.readAll());
+}
+
+QList<ScreenPicture> onEvery(const QList<ScreenInfo>& screens, const QString& file)
+{
+    QList<ScreenPicture> pictures;
+    for (const ScreenInfo& screen : screens)
+        pictures.append({screen.connector, file});
+    return pictures;
+}
+
+} // namespace
+
+QString writeWhole(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return {};
+    return u"“%1” cannot be written: %2."_s.arg(path, file.errorString());
+}
+
+DesktopWallpaper::DesktopWallpaper(
+    Wallpaper wallpaper, DesktopPicture& picture, UserDefaults& defaults, Folders folders)
+    : m_wallpaper(std::move(wallpaper))
+    , m_picture(picture)
+    , m_defaults(defaults)
+    , m_folders(std::move(folders))
+{
+    m_painter.setMaxThreadCount(1); // each picture is painted on all processors
+    m_painter.setThreadPriority(QThread::LowPriority);
+}
+
+DesktopWallpaper::~DesktopWallpaper() = default;
+
+void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, Done done)
+{
+    QList<ScreenPicture> pictures;
+    QMap<QString, QSize> sizes;
+    for (const ScreenInfo& screen : screens) {
+        const QSize size = pixels(screen);
+        const QString path = m_folders.wallpapers + u'/' + Wallpaper::fileName(skin, size);
+        pictures.append({screen.connector, path});
+        sizes.insert(path, size);
+    }
+    const auto files = [wallpaper = m_wallpaper, folder = m_folders.wallpapers, skin, sizes] {
+        QString error = makeFolder(folder);
+        for (auto file = sizes.begin(); file != sizes.end() && error.isEmpty(); ++file)
+            error = paintFile(wallpaper, skin, file.value(), file.key());
+        return error;
+    };
+    prepare(pictures, files, done);
+}
+
+void DesktopWallpaper::apply(const QString& file, const QList<ScreenInfo>& screens, Done done)
+{
+    const auto readable = [file] {
+        return QFileInfo(file).isReadable() ? QString() : u"“%1” cannot be read."_s.arg(file);
+    };
+    prepare(onEvery(screens, file), readable, done);
+}
+
+QStringList DesktopWallpaper::extras() const
+{
+    if (m_folders.extras.isEmpty())
+        return {};
+    const QDir folder(m_folders.extras);
+    QStringList paths;
+    for (const QString& name : folder.entryList({u"*.jpg"_s, u"*.jpeg"_s}, QDir::Files, QDir::Name))
+        paths.append(folder.absoluteFilePath(name));
+    return paths;
+}
+
+QString DesktopWallpaper::installedURL(const QString& extra) const
+{
+    return m_folders.wallpapers + u"/extra-"_s + QFileInfo(extra).fileName();
+}
+
+void DesktopWallpaper::applyExtra(const QString& extra, const QList<ScreenInfo>& screens, Done done)
+{
+    const QString installed = installedURL(extra);
+    const auto files = [extra, installed, folder = m_folders.wallpapers] {
+        const QString error = makeFolder(folder);
+        return error.isEmpty() ? installExtra(extra, installed) : error;
+    };
+    prepare(onEvery(screens, installed), files, done);
+}
+
+void DesktopWallpaper::refresh(const QList<ScreenInfo>& screens, std::function<void()> then)
+{
+    if (screens.isEmpty() || !m_picture.isAvailable())
+        return then();
+    m_picture.read(screens.first().connector, [this, then](const QString& file) {
+        setCurrent(file);
+        then();
+    });
+}
+
+void DesktopWallpaper::restore(const QList<ScreenInfo>& screens)
+{
+    refresh(screens, [this, screens] {
+        const QString last = m_defaults.string(currentKey).value_or(QString());
+        if (!m_current.isEmpty() || last.isEmpty() || !m_picture.isAvailable())
+            return;
+        m_picture.remember(m_folders.wallpapers, [this, screens, last](const QJsonObject& memory) {
+            if (!memory.isEmpty())
+                return; // another picture shows, though nothing tells its file
+            if (const std::optional<Skin> skin = Wallpaper::skinOf(last))
+                apply(*skin, screens);
+            else
+                apply(last, screens);
+        });
+    });
+}
+
+void DesktopWallpaper::fitScreens(const QList<ScreenInfo>& screens)
+{
+    refresh(screens, [this, screens] {
+        if (const std::optional<Skin> skin = currentSkin(); skin && isOurs(m_current))
+            apply(*skin, screens);
+    });
+}
+
+bool DesktopWallpaper::hasPrevious() const
+{
+    return m_defaults.object(previousKey).has_value();
+}
+
+void DesktopWallpaper::giveBackPrevious(Done done)
+{
+    const std::optional<QJsonObject> memory = m_defaults.object(previousKey);
+    if (!memory)
+        return done ? done(u"No earlier desktop picture is remembered."_s) : void();
+    ++m_request;
+    m_picture.giveBack(*memory, [this, done](const QString& error) {
+        if (error.isEmpty()) {
+            m_defaults.remove(previousKey);
+            m_defaults.remove(currentKey);
+            setCurrent({});
+        }
+        if (done)
+            done(error);
+    });
+}
+
+/// Makes the files on another thread, then shows them.
+void DesktopWallpaper::prepare(const QList<ScreenPicture>& pictures, const Preparation& files, const Done& done)
+{
+    const Done answer = done ? done : [](const QString&) {};
+    if (!m_picture.isAvailable())
+        return answer(m_picture.whyNot());
+    if (pictures.isEmpty())
+        return answer(u"No screen is connected."_s);
+    const int request = ++m_request;
+    QtConcurrent::run(&m_painter, files).then(this, [this, request, pictures, answer](const QString& error) {
+        if (request != m_request)
+            return answer({});
+        if (!error.isEmpty())
+            return answer(error);
+        rememberPrevious(pictures.first().connector, [this, pictures, answer] { show(pictures, answer); });
+    });
+}
+
+/// Keeps what the user had on the desktop; a picture of our own is nothing to give back.
+void DesktopWallpaper::rememberPrevious(const QString& connector, const std::function<void()>& then)
+{
+    m_picture.read(connector, [this, then](const QString& file) {
+        if (isOurs(file) || (file.isEmpty() && hasPrevious()))
+            return then();
+        m_picture.remember(m_folders.wallpapers, [this, then](const QJsonObject& memory) {
+            if (!memory.isEmpty())
+                m_defaults.set(previousKey, memory);
+            then();
+        });
+    });
+}
+
+void DesktopWallpaper::show(const QList<ScreenPicture>& pictures, const Done& done)
+{
+    const int request = m_request;
+    m_picture.set(pictures, [this, request, file = pictures.first().file, done](const QString& error) {
+        if (error.isEmpty() && request == m_request) {
+            m_defaults.set(currentKey, file);
+            setCurrent(file);
+        }
+        done(error);
+    });
+}
+
+bool DesktopWallpaper::isOurs(const QString& file) const
+{
+    return !file.isEmpty() && (file == m_defaults.string(currentKey) || QFileInfo(file).path() == m_folders.wallpapers);
+}
+
+void DesktopWallpaper::setCurrent(const QString& file)
+{
+    if (file == m_current)
+        return;
+    m_current = file;
+    Q_EMIT changed();
+}
+
+} // namespace ambrelle

@@ -1,0 +1,106 @@
+#include "wallpapers/WallpaperStore.h"
+
+#include <QtConcurrent>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int concurrentPictures = 3;
+
+WallpaperStore* sharedStore = nullptr;
+
+/// What callers get instead of waiting forever.
+QImage blank()
+{
+    QImage image(4, 4, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    return image;
+}
+
+QImage make(const Wallpaper& wallpaper, const ImageDiskCache& cache, Skin skin)
+{
+    const QString url = cache.url(u"wallpaper-"_s + rawValue(skin));
+    if (QImage image = ImageDiskCache::read(url); image.size() == WallpaperStore::pixels)
+        return image;
+    const QImage painted = wallpaper.picture(skin, WallpaperStore::pixels);
+    if (painted.isNull())
+        return blank();
+    cache.write(painted, url);
+    return painted.convertToFormat(QImage::Format_RGB32);
+}
+
+} // namespace
+
+WallpaperStore::WallpaperStore(Wallpaper wallpaper, ImageDiskCache cache)
+    : m_wallpaper(std::move(wallpaper))
+    , m_cache(std::move(cache))
+{
+    m_queue.setMaxThreadCount(concurrentPictures);
+}
+
+WallpaperStore::~WallpaperStore()
+{
+    m_queue.clear(); // what has not begun is not wanted any more
+}
+
+WallpaperStore& WallpaperStore::shared()
+{
+    Q_ASSERT(sharedStore);
+    return *sharedStore;
+}
+
+void WallpaperStore::setShared(WallpaperStore* store)
+{
+    sharedStore = store;
+}
+
+QImage WallpaperStore::image(Skin skin)
+{
+    if (m_images.contains(skin))
+        return m_images.value(skin);
+    if (!m_started.contains(skin))
+        load(skin, [](const QImage&) {});
+    return {};
+}
+
+void WallpaperStore::load(Skin skin, std::function<void(const QImage&)> done)
+{
+    if (m_images.contains(skin))
+        return done(m_images.value(skin));
+    m_waiting[skin].append(std::move(done));
+    if (m_started.contains(skin))
+        return;
+    m_started.insert(skin);
+    QtConcurrent::run(&m_queue, make, m_wallpaper, m_cache, skin).then(this, [this, skin](const QImage& image) {
+        finish(skin, image);
+    });
+}
+
+QImage WallpaperStore::imageNow(Skin skin)
+{
+    if (!m_images.contains(skin)) {
+        m_started.insert(skin);
+        finish(skin, make(m_wallpaper, m_cache, skin));
+    }
+    return m_images.value(skin);
+}
+
+void WallpaperStore::finish(Skin skin, const QImage& image)
+{
+    if (m_images.contains(skin))
+        return; // made on this thread while it was waited for
+    m_images.insert(skin, image);
+    for (const Caller& caller : m_waiting.take(skin))
+        caller(image);
+    Q_EMIT changed(skin);
+}
+
+QImage WallpaperCache::image(Skin skin)
+{
+    return WallpaperStore::shared().imageNow(skin);
+}
+
+} // namespace ambrelle

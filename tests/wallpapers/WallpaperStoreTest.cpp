@@ -1,0 +1,139 @@
+#include "wallpapers/WallpaperStore.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+using namespace ambrelle;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::atomic<int> paintings = 0;
+
+void paintGreen(Painting& painting, SeededRandom&)
+{
+    ++paintings;
+    painting.fill(hex(0x30A040));
+}
+
+Wallpaper greenWallpaper()
+{
+    return {[](Skin) -> WallpaperRecipe { return paintGreen; }, {}};
+}
+
+class WallpaperStoreTest : public testing::Test {
+protected:
+    void SetUp() override { paintings = 0; }
+
+    ImageDiskCache cache(int build = 7) const { return {m_folder.filePath(u"Previews"_s), build}; }
+    QStringList files() const { return QDir(m_folder.filePath(u"Previews"_s)).entryList(QDir::Files); }
+
+    QTemporaryDir m_folder;
+};
+
+/// Waits for the store's next picture.
+bool waitFor(WallpaperStore& store)
+{
+    QEventLoop loop;
+    bool came = false;
+    QObject::connect(&store, &WallpaperStore::changed, &loop, [&] {
+        came = true;
+        loop.quit();
+    });
+    QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);
+    loop.exec();
+    return came;
+}
+
+bool isGreen(const QImage& image)
+{
+    const QColor colour = image.pixelColor(image.width() / 2, image.height() / 2);
+    return std::abs(colour.red() - 0x30) < 4 && std::abs(colour.green() - 0xA0) < 4 && colour.blue() < 0x50;
+}
+
+TEST_F(WallpaperStoreTest, oneGenerationServesAllCallersInTheirOrder)
+{
+    WallpaperStore store(greenWallpaper(), cache());
+    QList<int> order;
+    QList<QImage> got;
+    for (int caller = 0; caller < 3; ++caller) {
+        store.load(Skin::glass, [&, caller](const QImage& image) {
+            order.append(caller);
+            got.append(image);
+        });
+    }
+    EXPECT_TRUE(store.image(Skin::glass).isNull());
+    ASSERT_TRUE(waitFor(store));
+    EXPECT_EQ(order, (QList<int>{0, 1, 2}));
+    EXPECT_EQ(got[0], got[2]);
+    EXPECT_TRUE(isGreen(got[0]));
+    EXPECT_EQ(got[0].size(), QSize(1152, 720));
+    EXPECT_EQ(store.image(Skin::glass), got[0]);
+    store.load(Skin::glass, [&](const QImage&) { order.append(9); });
+    EXPECT_EQ(order.last(), 9) << "what is there is given at once";
+    EXPECT_EQ(paintings, 1);
+}
+
+TEST_F(WallpaperStoreTest, whoCannotWaitGetsItNowAndWaitersToo)
+{
+    WallpaperStore store(greenWallpaper(), cache());
+    int served = 0;
+    store.load(Skin::mono, [&](const QImage& image) { served += isGreen(image) ? 1 : 100; });
+    EXPECT_TRUE(isGreen(store.imageNow(Skin::mono)));
+    EXPECT_EQ(served, 1);
+    store.load(Skin::paper, [](const QImage&) {});
+    ASSERT_TRUE(waitFor(store));
+    EXPECT_EQ(served, 1) << "the one from the background comes too late to count";
+    WallpaperStore::setShared(&store);
+    EXPECT_EQ(WallpaperCache::image(Skin::mono), store.image(Skin::mono));
+    WallpaperStore::setShared(nullptr);
+}
+
+TEST_F(WallpaperStoreTest, theDiskKeepsThemForTheSameBuildOnly)
+{
+    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
+    EXPECT_EQ(files(), QStringList{u"wallpaper-field-b7-r16.jpg"_s});
+    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
+    EXPECT_EQ(paintings, 1);
+    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache(8)).imageNow(Skin::field)));
+    EXPECT_EQ(paintings, 2);
+    EXPECT_EQ(files().size(), 2);
+}
+
+TEST_F(WallpaperStoreTest, damagedCacheFilesArePaintedAnew)
+{
+    const QString url = cache().url(u"wallpaper-field"_s);
+    ASSERT_TRUE(QDir().mkpath(m_folder.filePath(u"Previews"_s)));
+    QFile file(url);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("\xFF\xD8\xFF\xE0 and so on");
+    file.close();
+    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
+    EXPECT_FALSE(ImageDiskCache::read(url).isNull());
+}
+
+TEST_F(WallpaperStoreTest, aFolderThatCannotBeWrittenIsNoFailure)
+{
+    QFile inTheWay(m_folder.filePath(u"Previews"_s));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
+}
+
+TEST_F(WallpaperStoreTest, mayGoWhileItWorks)
+{
+    for (int round = 0; round < 20; ++round) {
+        WallpaperStore store(greenWallpaper(), cache(round));
+        for (const Skin skin : allCases<Skin>())
+            store.load(skin, [](const QImage&) { FAIL() << "nobody asks any more"; });
+    }
+    QCoreApplication::processEvents();
+}
+
+} // namespace
