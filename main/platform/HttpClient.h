@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QUrl>
+
+#include <functional>
+
+namespace ambrelle {
+
+/// What came back of a request.
+struct HttpAnswer {
+    QByteArray body;
+    QString error; ///< one sentence why there is no body; empty on success
+
+    bool operator==(const HttpAnswer&) const = default;
+};
+
+/// Fetches single documents from the network.
+class HttpClient : public QObject {
+    Q_OBJECT
+public:
+    using Done = std::function<void(const HttpAnswer& answer)>;
+
+    virtual bool isAvailable() const = 0;
+    virtual QString whyNot() const = 0; ///< one sentence, empty while available
+
+    /// Gets `url` and answers later on this thread, unless `context` is gone by then. An answer takes at most 20 seconds
+    /// and `mostBytes`; redirects lead to HTTPS only, plain HTTP is for this machine alone.
+    virtual void get(const QUrl& url, qint64 mostBytes, QObject* context, Done done) = 0;
+};
+
+} // namespace ambrelle

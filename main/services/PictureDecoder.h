@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+namespace ambrelle {
+
+/// Pictures from outside, which may be huge, damaged or hostile. Any thread may decode.
+namespace PictureDecoder {
+
+inline constexpr qint64 mostBytes = 64LL * 1024 * 1024; ///< of a file
+inline constexpr qint64 mostPixels = 200LL * 1000 * 1000; ///< before scaling down
+
+/// The picture turned upright and scaled down to cover `shown` (pixels), never up; null when it is no picture, or too
+/// much of one.
+QImage read(const QString& file, QSize shown);
+QImage decode(const QByteArray& bytes, QSize shown);
+
+} // namespace PictureDecoder
+
+} // namespace ambrelle
