@@ -1,10 +1,75 @@
+#include "skins/chalk/ChalkDoodles.h"
 #include "skins/WallpaperRecipes.h"
+#include "skins/WoodenFrame.h"
+
+#include <QPainter>
+
+#include <array>
+#include <cmath>
+#include <numbers>
 
 namespace ambrelle {
 
-void paintChalkWallpaper(Painting& painting, SeededRandom&)
+namespace {
+
+constexpr double frameWidth = 0.018;
+
+void dust(Painting& painting, const Perlin& clouds)
 {
-    painting.verticalGradient(hex(0x202830), hex(0x0A0C10));
+    painting.raster(
+        painting.all(), 2.0, [clouds](double x, double y) { return white(0.07 * clouds.fbm(2 * x, 2 * y, 5, 2)); });
+}
+
+/// One wipe of the eraser to the right: its felt leaves streaks, and most of the chalk at its edges.
+void wipe(QPainter& painter, double length, double width)
+{
+    constexpr std::array<float, 10> streaks{1.0F, 0.35F, 0.6F, 0.3F, 0.75F, 0.45F, 0.25F, 0.7F, 0.4F, 0.9F};
+    const double each = width / static_cast<double>(streaks.size());
+    for (std::size_t i = 0; i < streaks.size(); ++i) {
+        const double y = (static_cast<double>(i) + 0.5) * each - width / 2;
+        const double uneven = 0.04 * length * streaks[(i * 7 + 3) % streaks.size()];
+        QLinearGradient ends(-uneven, 0, length + uneven, 0);
+        const auto opaque = QColor::fromRgbF(0, 0, 0, 0.3F * streaks[i]);
+        ends.setColorAt(0, Qt::transparent);
+        ends.setColorAt(0.15, opaque);
+        ends.setColorAt(0.8, opaque);
+        ends.setColorAt(1, Qt::transparent);
+        QPainterPath bow(QPointF(-uneven, y));
+        bow.quadTo(length / 2, y + 0.12 * length, length + uneven, y);
+        painter.strokePath(bow, QPen(QBrush(ends), 1.15 * each, Qt::SolidLine, Qt::FlatCap));
+    }
+}
+
+void eraserStrokes(Painting& painting, SeededRandom& random)
+{
+    const double h = painting.height();
+    painting.stencil(painting.all(), white(0.06), [&](QPainter& painter) {
+        for (int stroke = 0; stroke < 40; ++stroke) {
+            const double x = random.in(0, painting.width());
+            const double y = random.in(0, h);
+            const double angle = random.in(-0.22, 0.22);
+            const double length = random.in(0.2, 0.6) * h;
+            painter.save();
+            painter.translate(x, y);
+            painter.rotate(angle * 180 / std::numbers::pi);
+            wipe(painter, length, 0.05 * h);
+            painter.restore();
+        }
+    });
+}
+
+} // namespace
+
+void paintChalkWallpaper(Painting& painting, SeededRandom& random)
+{
+    painting.fill(hex(0x1E3A31));
+    const Perlin clouds{random.next()};
+    dust(painting, clouds);
+    eraserStrokes(painting, random);
+    paintChalkDoodles(painting);
+    paintWoodenFrame(painting, frameWidth * painting.height(), hex(0x7B5433), clouds);
+    painting.grain(0.03, random);
+    painting.vignette(0.35);
 }
 
 } // namespace ambrelle

@@ -1,10 +1,57 @@
+#include "drawing/Perlin.h"
 #include "skins/WallpaperRecipes.h"
+
+#include <array>
 
 namespace ambrelle {
 
-void paintGlassWallpaper(Painting& painting, SeededRandom&)
+namespace {
+
+constexpr RGBA accent = hex(0x6DB5FF);
+
+/// Eases out at the centre and at the rim, so that neither the middle nor the end of the light shows.
+void softLight(Painting& painting, QPointF centre, double radius, const RGBA& colour)
 {
-    painting.verticalGradient(hex(0x202830), hex(0x0A0C10));
+    constexpr int steps = 16;
+    GradientStops stops;
+    stops.reserve(steps + 1);
+    for (int step = 0; step <= steps; ++step) {
+        const double t = static_cast<double>(step) / steps;
+        stops.push_back({t, colour.withAlpha(colour.a * smoothstep(1, 0, t))});
+    }
+    painting.fill(Ink::radial(centre, radius, stops));
+}
+
+void lights(Painting& painting)
+{
+    struct Light {
+        double x;
+        double y;
+        double radius;
+        RGBA colour;
+    };
+    constexpr std::array<Light, 5> all{{
+        {0.15, 0.85, 0.7, accent.withAlpha(0.55)},
+        {0.85, 0.8, 0.6, hex(0xFFC1A6, 0.72)},
+        {0.7, 0.2, 0.7, hex(0x9B8CFF, 0.5)},
+        {0.2, 0.15, 0.55, hex(0x4FDCC9, 0.45)},
+        {0.5, 0.5, 0.4, white(0.18)},
+    }};
+    for (const Light& light : all)
+        softLight(painting, painting.at(light.x, light.y), light.radius * painting.height(), light.colour);
+}
+
+} // namespace
+
+void paintGlassWallpaper(Painting& painting, SeededRandom& random)
+{
+    painting.verticalGradient(hex(0x5B78B8), hex(0xC8A7C9));
+    lights(painting);
+    const Perlin haze{random.next()};
+    painting.raster(
+        painting.all(), 4.0, [haze](double x, double y) { return white(0.08 * haze.fbm(1.2 * x, 1.2 * y, 3, 2)); });
+    painting.grain(0.015, random);
+    painting.vignette(0.25);
 }
 
 } // namespace ambrelle
