@@ -14,6 +14,7 @@ struct Measures {
     double thickness;
     QPointF centre; ///< of the ring
     double radius;
+    double disc; ///< its radius
 };
 
 /// The grid is counted from the lower right corner: the ring keeps two steps away from both edges. A picture narrower
@@ -25,7 +26,11 @@ Measures measures(const Painting& painting)
     const double pitch = std::max(std::round(0.022 * height), 4.0);
     const double steps = std::max(std::round(0.31 * side / pitch), 1.0);
     const double inset = (steps + 2) * pitch - 0.5;
-    return {pitch, std::max(std::round(0.0012 * height), 1.0), {painting.width() - inset, inset}, steps * pitch};
+    return {.pitch = pitch,
+        .thickness = std::max(std::round(0.0012 * height), 1.0),
+        .centre = {painting.width() - inset, inset},
+        .radius = steps * pitch,
+        .disc = 0.03 * side};
 }
 
 void dots(Painting& painting, const Measures& m, const RGBA& colour)
@@ -55,7 +60,7 @@ void ring(Painting& painting, const Measures& m, const RGBA& colour)
 void disc(Painting& painting, const Measures& m, const RGBA& colour)
 {
     QPainterPath path;
-    path.addEllipse(m.centre, 0.03 * painting.height(), 0.03 * painting.height());
+    path.addEllipse(m.centre, m.disc, m.disc);
     painting.fill(path, colour);
 }
 
