@@ -1,10 +1,18 @@
 #include "drawing/Perlin.h"
+#include "foundation/UserDefaults.h"
+#include "platform/recording/RecordingDesktopPicture.h"
+#include "platform/recording/RecordingWindowHost.h"
 #include "skins/WallpaperRecipes.h"
+#include "wallpapers/DesktopWallpaper.h"
 #include "wallpapers/PngWriter.h"
 
 #include <benchmark/benchmark.h>
 
+#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QGuiApplication>
+#include <QTemporaryDir>
+#include <QTimer>
 
 using namespace ambrelle;
 
@@ -43,6 +51,35 @@ void noise(Painting& painting, double scale)
         painting.all(), scale, [perlin](double x, double y) { return white(perlin.fbm(2 * x, 2 * y, 5, 2)); });
 }
 
+/// The longest time between two beats of the main loop while a skin's wallpaper is painted, written and set.
+void applyWallpaper(benchmark::State& state, Skin skin)
+{
+    double longest = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const QTemporaryDir folder;
+        RecordingWindowHost host;
+        ScreenInfo screen = host.screens().first();
+        screen.frame = QRectF(QPointF(), pixels);
+        host.setScreens({screen});
+        RecordingDesktopPicture picture;
+        UserDefaults defaults = UserDefaults::temporary();
+        DesktopWallpaper wallpaper({wallpaperRecipe, {}}, host, picture, defaults, {folder.path(), {}});
+        QEventLoop loop;
+        QTimer beat;
+        QElapsedTimer since;
+        QObject::connect(&beat, &QTimer::timeout, [&] {
+            longest = std::max(longest, double(since.nsecsElapsed()) / 1e6);
+            since.start();
+        });
+        beat.setTimerType(Qt::PreciseTimer);
+        beat.start(1);
+        since.start();
+        wallpaper.apply(skin, [&loop](const QString&) { loop.quit(); });
+        loop.exec();
+    }
+    state.counters["longest gap ms"] = longest;
+}
+
 constexpr std::pair<const char*, void (*)(Painting&)> layers[]{
     {"nothing", [](Painting&) {}},
     {"vertical gradient", [](Painting& painting) { painting.verticalGradient(white(), black()); }},
@@ -74,6 +111,9 @@ int main(int argc, char** argv)
         benchmark::RegisterBenchmark((name + "/paint").c_str(), paintRecipe, skin)
             ->Arg(1)
             ->Arg(2)
+            ->UseRealTime()
+            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark((name + "/apply").c_str(), applyWallpaper, skin)
             ->UseRealTime()
             ->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark((name + "/png").c_str(), encodePng, skin)->Unit(benchmark::kMillisecond);

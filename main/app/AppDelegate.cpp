@@ -1,10 +1,15 @@
 #include "app/AppDelegate.h"
 
+#include "app/DesktopPictureChoice.h"
+#include "app/Information.h"
+#include "app/UserFolders.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
+#include "platform/DesktopPicture.h"
 #include "platform/headless/HeadlessWindowHost.h"
 #include "platform/x11/X11WindowHost.h"
+#include "skins/WallpaperRecipes.h"
 
 namespace ambrelle {
 
@@ -18,6 +23,11 @@ std::unique_ptr<WindowHost> makeHost()
     return std::make_unique<HeadlessWindowHost>(); // the toolkit was told to run without a display
 }
 
+Wallpaper makeWallpaper()
+{
+    return {wallpaperRecipe, dataFile(QStringLiteral("Wallpapers"))};
+}
+
 } // namespace
 
 AppDelegate::AppDelegate()
@@ -26,14 +36,20 @@ AppDelegate::AppDelegate()
     , m_feed({m_monitor, AppSettings::shared()}, m_clock)
     , m_manager(
           {*m_host, UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared(), m_monitor, m_feed, m_clock})
-    , m_follower(m_appearance, AppSettings::shared(), m_manager, m_clock)
+    , m_desktopPicture(chooseDesktopPicture())
+    , m_wallpaper(makeWallpaper(), *m_host, *m_desktopPicture, UserDefaults::shared(),
+          {UserFolders::wallpapers(), dataFile(QStringLiteral("Wallpapers/Extras"))})
+    , m_thumbnails(makeWallpaper(), ImageDiskCache(UserFolders::previews(), Information::read().build))
+    , m_follower(m_appearance, AppSettings::shared(), m_manager, m_wallpaper, m_clock)
 {
     SystemMonitor::setShared(&m_monitor);
     WidgetManager::setShared(&m_manager);
+    WallpaperStore::setShared(&m_thumbnails);
 }
 
 AppDelegate::~AppDelegate()
 {
+    WallpaperStore::setShared(nullptr);
     WidgetManager::setShared(nullptr);
     SystemMonitor::setShared(nullptr);
 }
@@ -43,16 +59,22 @@ void AppDelegate::start()
     m_monitor.start(AppSettings::shared().interval());
     m_manager.load();
     m_follower.start();
-    if (!AppSettings::shared().hasLaunchedBefore())
+    if (AppSettings::shared().hasLaunchedBefore())
+        m_wallpaper.restore();
+    else
         firstLaunch();
     connect(m_host.get(), &WindowHost::screensChanged, &m_manager, &WidgetManager::ensureAllVisible);
+    connect(m_host.get(), &WindowHost::screensChanged, &m_wallpaper, &DesktopWallpaper::fitScreens);
 }
 
 void AppDelegate::firstLaunch()
 {
     AppSettings::shared().setHasLaunchedBefore(true);
-    if (m_manager.controllers().isEmpty())
-        m_manager.applyPreset(AppSettings::shared().defaultSkin());
+    if (!m_manager.controllers().isEmpty())
+        return;
+    const Skin skin = AppSettings::shared().defaultSkin();
+    m_manager.applyPreset(skin);
+    m_wallpaper.apply(skin); // should it fail, the widgets stand on the picture that is there
 }
 
 } // namespace ambrelle

@@ -6,6 +6,8 @@
 #include "platform/linux/LinuxSources.h"
 #include "platform/linux/PortalAppearance.h"
 #include "services/SystemMonitor.h"
+#include "wallpapers/DesktopWallpaper.h"
+#include "wallpapers/WallpaperStore.h"
 
 #include <memory>
 
@@ -31,6 +33,9 @@ private:
     SystemMonitor m_monitor;
     ReadingFeed m_feed;
     WidgetManager m_manager;
+    std::unique_ptr<DesktopPicture> m_desktopPicture;
+    DesktopWallpaper m_wallpaper;
+    WallpaperStore m_thumbnails;
     AppearanceFollower m_follower;
 };
 

@@ -1,8 +1,9 @@
 #include "app/WallpaperBatch.h"
 
+#include "foundation/WholeFile.h"
+
 #include <QDir>
 #include <QElapsedTimer>
-#include <QSaveFile>
 #include <QTextStream>
 
 #include <cstdlib>
@@ -79,14 +80,13 @@ int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, std::opt
         QElapsedTimer timer;
         timer.start();
         const QByteArray png = wallpaper.png(skin, {*width, *height});
-        QSaveFile file(directory.filePath(rawValue(skin) + u".png"_s));
-        const bool written =
-            !png.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(png) == png.size() && file.commit();
+        const QString path = directory.filePath(rawValue(skin) + u".png"_s);
+        const QString reason = png.isEmpty() ? QString() : writeWhole(path, png);
         progress.clear();
         if (png.isEmpty())
             return complain(u"There is not enough memory for %1 by %2 pixels."_s.arg(*width).arg(*height));
-        if (!written)
-            return complain(u"“%1” cannot be written: %2."_s.arg(file.fileName(), file.errorString()));
+        if (!reason.isEmpty())
+            return complain(u"“%1” cannot be written: %2."_s.arg(path, reason));
         out << QString::asprintf(
             "%s %.2fs\n", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9);
         out.flush();

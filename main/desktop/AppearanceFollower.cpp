@@ -3,6 +3,7 @@
 #include "desktop/WidgetManager.h"
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
+#include "wallpapers/DesktopWallpaper.h"
 
 namespace ambrelle {
 
@@ -13,11 +14,12 @@ constexpr std::chrono::milliseconds settling{300};
 
 } // namespace
 
-AppearanceFollower::AppearanceFollower(
-    SystemAppearance& appearance, AppSettings& settings, WidgetManager& manager, Clock& clock)
+AppearanceFollower::AppearanceFollower(SystemAppearance& appearance, AppSettings& settings, WidgetManager& manager,
+    DesktopWallpaper& wallpaper, Clock& clock)
     : m_appearance(appearance)
     , m_settings(settings)
     , m_manager(manager)
+    , m_wallpaper(wallpaper)
     , m_clock(clock)
 {
 }
@@ -45,6 +47,14 @@ void AppearanceFollower::sync()
         return;
     m_manager.changeSkins([this](Skin skin) { return matching(skin); });
     m_settings.defaultSkin.set(matching(m_settings.defaultSkin()));
+    m_wallpaper.refresh([this] { changeWallpaper(); });
+}
+
+void AppearanceFollower::changeWallpaper()
+{
+    const std::optional<Skin> current = m_wallpaper.currentSkin();
+    if (current && matching(*current) != *current)
+        m_wallpaper.apply(matching(*current)); // should it fail, the old one stays
 }
 
 /// The skin itself, or its partner when its lightness is not the desktop's.

@@ -8,14 +8,17 @@
 namespace ambrelle {
 
 class AppSettings;
+class DesktopWallpaper;
 class SystemAppearance;
 class WidgetManager;
 
-/// Changes skins that have a light and a dark variant with the desktop's appearance, if the user asked for it.
+/// Changes skins that have a light and a dark variant, and their wallpaper, with the desktop's appearance, if the user
+/// asked for it.
 class AppearanceFollower : public QObject {
     Q_OBJECT
 public:
-    AppearanceFollower(SystemAppearance& appearance, AppSettings& settings, WidgetManager& manager, Clock& clock);
+    AppearanceFollower(SystemAppearance& appearance, AppSettings& settings, WidgetManager& manager,
+        DesktopWallpaper& wallpaper, Clock& clock);
 
     void start();
     /// Takes over the appearance of now; does nothing while nothing tells it.
@@ -24,10 +27,12 @@ public:
 
 private:
     Skin matching(Skin skin) const;
+    void changeWallpaper();
 
     SystemAppearance& m_appearance;
     AppSettings& m_settings;
     WidgetManager& m_manager;
+    DesktopWallpaper& m_wallpaper;
     Clock& m_clock;
     Ticket m_pending;
 };

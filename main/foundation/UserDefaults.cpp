@@ -1,19 +1,16 @@
 #include "foundation/UserDefaults.h"
 
 #include "foundation/Json.h"
+#include "foundation/WholeFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 
-#include <cerrno>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
-#include <fcntl.h>
 #include <filesystem>
-#include <unistd.h>
 #include <utility>
 
 namespace ambrelle {
@@ -83,63 +80,6 @@ void moveAside(const QString& path, const QString& fault)
     complain(QStringLiteral("The settings in %1 cannot be read (%2). ").arg(path, fault)
         + (moved ? QStringLiteral("They are kept as %1; the defaults apply.").arg(kept)
                  : QStringLiteral("They stay where they are; the defaults apply.")));
-}
-
-// An open file that is closed at the end of its scope.
-class Descriptor {
-public:
-    Descriptor(const QByteArray& path, int flags)
-        : m_descriptor(::open(path.constData(), flags | O_CLOEXEC, 0600))
-    {
-    }
-    ~Descriptor()
-    {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool sync() const { return m_descriptor >= 0 && ::fsync(m_descriptor) == 0; }
-    bool write(const QByteArray& bytes) const
-    {
-        qsizetype done = 0;
-        while (m_descriptor >= 0 && done < bytes.size()) {
-            const ssize_t count =
-                ::write(m_descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
-            if (count < 0 && errno != EINTR)
-                return false;
-            done += count < 0 ? 0 : count;
-        }
-        return done == bytes.size();
-    }
-
-private:
-    int m_descriptor;
-};
-
-bool writeBeside(const QByteArray& path, const QByteArray& bytes)
-{
-    const Descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
-    return file.write(bytes) && file.sync();
-}
-
-// Whole or not at all, and on the disk when it returns true. errno tells why not.
-bool writeFile(const QString& path, const QByteArray& bytes)
-{
-    const QByteArray target = QFile::encodeName(path);
-    const QByteArray beside = target + ".new";
-    const QString folder = QFileInfo(path).absolutePath();
-    QDir().mkpath(folder);
-    if (!writeBeside(beside, bytes) || std::rename(beside.constData(), target.constData()) != 0) {
-        const int reason = errno;
-        ::unlink(beside.constData());
-        errno = reason;
-        return false;
-    }
-    // The new file is in place and cannot be taken back: not every file system can do this, and none has to.
-    Descriptor(QFile::encodeName(folder), O_RDONLY | O_DIRECTORY).sync();
-    return true;
 }
 
 template <typename T> std::optional<T> typed(const QJsonObject& values, const QString& key)
@@ -272,11 +212,10 @@ bool UserDefaults::save()
 {
     if (m_path.isEmpty())
         return true;
-    m_unsaved = !writeFile(m_path, QJsonDocument(m_values).toJson(QJsonDocument::Indented));
-    if (m_unsaved && !std::exchange(m_complained, true)) {
-        complain(QStringLiteral("Settings cannot be saved in %1 (%2).")
-                     .arg(m_path, QString::fromLocal8Bit(std::strerror(errno))));
-    }
+    const QString reason = writeWhole(m_path, QJsonDocument(m_values).toJson(QJsonDocument::Indented), Readers::owner);
+    m_unsaved = !reason.isEmpty();
+    if (m_unsaved && !std::exchange(m_complained, true))
+        complain(QStringLiteral("Settings cannot be saved in %1 (%2).").arg(m_path, reason));
     return !m_unsaved;
 }
 

@@ -1,11 +1,11 @@
 #include "wallpapers/DesktopWallpaper.h"
 
 #include "foundation/UserDefaults.h"
+#include "foundation/WholeFile.h"
 #include "platform/DesktopPicture.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QtConcurrent>
 
 namespace ambrelle {
@@ -23,9 +23,11 @@ QSize pixels(const ScreenInfo& screen)
         static_cast<int>(screen.frame.height() * screen.pixelRatio)};
 }
 
-QString makeFolder(const QString& path)
+/// Why the bytes are not in the file, or empty.
+QString writeFile(const QString& path, const QByteArray& bytes)
 {
-    return QDir().mkpath(path) ? QString() : u"The folder “%1” cannot be made."_s.arg(path);
+    const QString reason = writeWhole(path, bytes);
+    return reason.isEmpty() ? reason : u"“%1” cannot be written: %2."_s.arg(path, reason);
 }
 
 /// Why the skin's wallpaper of that size is not in the file, or empty; what is there already is kept.
@@ -36,7 +38,7 @@ QString paintFile(const Wallpaper& wallpaper, Skin skin, QSize size, const QStri
     const QByteArray png = wallpaper.png(skin, size);
     if (png.isEmpty())
         return u"A picture of %1 by %2 pixels cannot be made."_s.arg(size.width()).arg(size.height());
-    return writeWhole(path, png);
+    return writeFile(path, png);
 }
 
 QString installExtra(const QString& extra, const QString& installed)
@@ -46,30 +48,15 @@ QString installExtra(const QString& extra, const QString& installed)
     QFile file(extra);
     if (!file.open(QIODevice::ReadOnly))
         return u"“%1” cannot be read: %2."_s.arg(extra, file.errorString());
-    return writeWhole(installed, file.readAll());
-}
-
-QList<ScreenPicture> onEvery(const QList<ScreenInfo>& screens, const QString& file)
-{
-    QList<ScreenPicture> pictures;
-    for (const ScreenInfo& screen : screens)
-        pictures.append({screen.connector, file});
-    return pictures;
+    return writeFile(installed, file.readAll());
 }
 
 } // namespace
 
-QString writeWhole(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return {};
-    return u"“%1” cannot be written: %2."_s.arg(path, file.errorString());
-}
-
 DesktopWallpaper::DesktopWallpaper(
-    Wallpaper wallpaper, DesktopPicture& picture, UserDefaults& defaults, Folders folders)
+    Wallpaper wallpaper, WindowHost& host, DesktopPicture& picture, UserDefaults& defaults, Folders folders)
     : m_wallpaper(std::move(wallpaper))
+    , m_host(host)
     , m_picture(picture)
     , m_defaults(defaults)
     , m_folders(std::move(folders))
@@ -80,7 +67,7 @@ DesktopWallpaper::DesktopWallpaper(
 
 DesktopWallpaper::~DesktopWallpaper() = default;
 
-void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, Done done)
+void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done)
 {
     QList<ScreenPicture> pictures;
     QMap<QString, QSize> sizes;
@@ -90,8 +77,8 @@ void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, Done d
         pictures.append({screen.connector, path});
         sizes.insert(path, size);
     }
-    const auto files = [wallpaper = m_wallpaper, folder = m_folders.wallpapers, skin, sizes] {
-        QString error = makeFolder(folder);
+    const auto files = [wallpaper = m_wallpaper, skin, sizes] {
+        QString error;
         for (auto file = sizes.begin(); file != sizes.end() && error.isEmpty(); ++file)
             error = paintFile(wallpaper, skin, file.value(), file.key());
         return error;
@@ -99,12 +86,17 @@ void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, Done d
     prepare(pictures, files, done);
 }
 
-void DesktopWallpaper::apply(const QString& file, const QList<ScreenInfo>& screens, Done done)
+void DesktopWallpaper::apply(Skin skin, const Done& done)
+{
+    apply(skin, m_host.screens(), done);
+}
+
+void DesktopWallpaper::apply(const QString& file, const Done& done)
 {
     const auto readable = [file] {
         return QFileInfo(file).isReadable() ? QString() : u"“%1” cannot be read."_s.arg(file);
     };
-    prepare(onEvery(screens, file), readable, done);
+    prepare(onEveryScreen(file), readable, done);
 }
 
 QStringList DesktopWallpaper::extras() const
@@ -123,18 +115,24 @@ QString DesktopWallpaper::installedURL(const QString& extra) const
     return m_folders.wallpapers + u"/extra-"_s + QFileInfo(extra).fileName();
 }
 
-void DesktopWallpaper::applyExtra(const QString& extra, const QList<ScreenInfo>& screens, Done done)
+void DesktopWallpaper::applyExtra(const QString& extra, const Done& done)
 {
     const QString installed = installedURL(extra);
-    const auto files = [extra, installed, folder = m_folders.wallpapers] {
-        const QString error = makeFolder(folder);
-        return error.isEmpty() ? installExtra(extra, installed) : error;
-    };
-    prepare(onEvery(screens, installed), files, done);
+    prepare(
+        onEveryScreen(installed), [extra, installed] { return installExtra(extra, installed); }, done);
 }
 
-void DesktopWallpaper::refresh(const QList<ScreenInfo>& screens, std::function<void()> then)
+QList<ScreenPicture> DesktopWallpaper::onEveryScreen(const QString& file) const
 {
+    QList<ScreenPicture> pictures;
+    for (const ScreenInfo& screen : m_host.screens())
+        pictures.append({screen.connector, file});
+    return pictures;
+}
+
+void DesktopWallpaper::refresh(const std::function<void()>& then)
+{
+    const QList<ScreenInfo> screens = m_host.screens();
     if (screens.isEmpty() || !m_picture.isAvailable())
         return then();
     m_picture.read(screens.first().connector, [this, then](const QString& file) {
@@ -143,28 +141,30 @@ void DesktopWallpaper::refresh(const QList<ScreenInfo>& screens, std::function<v
     });
 }
 
-void DesktopWallpaper::restore(const QList<ScreenInfo>& screens)
+void DesktopWallpaper::restore()
 {
-    refresh(screens, [this, screens] {
-        const QString last = m_defaults.string(currentKey).value_or(QString());
-        if (!m_current.isEmpty() || last.isEmpty() || !m_picture.isAvailable())
+    const QString last = m_defaults.string(currentKey).value_or(QString());
+    if (last.isEmpty() || !m_picture.isAvailable())
+        return;
+    refresh([this, last] {
+        if (!m_current.isEmpty())
             return;
-        m_picture.remember(m_folders.wallpapers, [this, screens, last](const QJsonObject& memory) {
+        m_picture.remember(m_folders.wallpapers, [this, last](const QJsonObject& memory) {
             if (!memory.isEmpty())
                 return; // another picture shows, though nothing tells its file
             if (const std::optional<Skin> skin = Wallpaper::skinOf(last))
-                apply(*skin, screens);
+                apply(*skin);
             else
-                apply(last, screens);
+                apply(last);
         });
     });
 }
 
-void DesktopWallpaper::fitScreens(const QList<ScreenInfo>& screens)
+void DesktopWallpaper::fitScreens()
 {
-    refresh(screens, [this, screens] {
+    refresh([this] {
         if (const std::optional<Skin> skin = currentSkin(); skin && isOurs(m_current))
-            apply(*skin, screens);
+            apply(*skin);
     });
 }
 
@@ -173,7 +173,7 @@ bool DesktopWallpaper::hasPrevious() const
     return m_defaults.object(previousKey).has_value();
 }
 
-void DesktopWallpaper::giveBackPrevious(Done done)
+void DesktopWallpaper::giveBackPrevious(const Done& done)
 {
     const std::optional<QJsonObject> memory = m_defaults.object(previousKey);
     if (!memory)

@@ -27,49 +27,52 @@ public:
     /// picture stays.
     using Done = std::function<void(const QString& error)>;
 
-    DesktopWallpaper(Wallpaper wallpaper, DesktopPicture& picture, UserDefaults& defaults, Folders folders);
+    DesktopWallpaper(
+        Wallpaper wallpaper, WindowHost& host, DesktopPicture& picture, UserDefaults& defaults, Folders folders);
     ~DesktopWallpaper() override;
 
-    /// Gives each screen the skin's wallpaper in its own size.
-    void apply(Skin skin, const QList<ScreenInfo>& screens, Done done = {});
+    /// Gives each of the screens the skin's wallpaper in its own size.
+    void apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done = {});
+    void apply(Skin skin, const Done& done = {}); ///< on all screens
     /// Gives every screen that picture.
-    void apply(const QString& file, const QList<ScreenInfo>& screens, Done done = {});
+    void apply(const QString& file, const Done& done = {});
 
     /// The shipped pictures, as absolute paths.
     QStringList extras() const;
     /// Where the copy of a shipped picture is kept, so that it outlives the program.
     QString installedURL(const QString& extra) const;
-    void applyExtra(const QString& extra, const QList<ScreenInfo>& screens, Done done = {});
+    void applyExtra(const QString& extra, const Done& done = {});
 
     /// The picture on the main screen as far as it was last known; empty when nothing tells it.
     QString currentURL() const { return m_current; }
     std::optional<Skin> currentSkin() const { return Wallpaper::skinOf(m_current); }
     /// Asks the desktop again, then calls `then`.
-    void refresh(const QList<ScreenInfo>& screens, std::function<void()> then);
+    void refresh(const std::function<void()>& then);
 
     /// Brings back the picture of the last run where the desktop itself forgot it and shows none.
-    void restore(const QList<ScreenInfo>& screens);
+    void restore();
     /// Screens came or changed: if a skin's wallpaper shows, every screen gets its own size of it.
-    void fitScreens(const QList<ScreenInfo>& screens);
+    void fitScreens();
 
     /// Whether a picture of the user's own is remembered from before the program set one.
     bool hasPrevious() const;
-    void giveBackPrevious(Done done = {});
+    void giveBackPrevious(const Done& done = {});
 
 Q_SIGNALS:
     void changed(); ///< currentURL() gives another answer than before
 
 private:
-    struct Outcome;
     using Preparation = std::function<QString()>;
 
     void prepare(const QList<ScreenPicture>& pictures, const Preparation& files, const Done& done);
+    QList<ScreenPicture> onEveryScreen(const QString& file) const;
     void rememberPrevious(const QString& connector, const std::function<void()>& then);
     void show(const QList<ScreenPicture>& pictures, const Done& done);
     bool isOurs(const QString& file) const;
     void setCurrent(const QString& file);
 
     Wallpaper m_wallpaper;
+    WindowHost& m_host;
     DesktopPicture& m_picture;
     UserDefaults& m_defaults;
     Folders m_folders;
@@ -77,8 +80,5 @@ private:
     int m_request = 0; ///< a newer one makes older ones void
     QThreadPool m_painter;
 };
-
-/// Why there is no file of these bytes at that path now, or empty. The file appears whole or not at all.
-QString writeWhole(const QString& path, const QByteArray& bytes);
 
 } // namespace ambrelle

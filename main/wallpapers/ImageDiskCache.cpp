@@ -1,10 +1,9 @@
 #include "wallpapers/ImageDiskCache.h"
 
+#include "foundation/WholeFile.h"
 #include "wallpapers/Wallpaper.h"
 
-#include <QDir>
-#include <QImageWriter>
-#include <QSaveFile>
+#include <QBuffer>
 
 namespace ambrelle {
 
@@ -32,15 +31,12 @@ QImage ImageDiskCache::read(const QString& url)
     return QImage(url, "JPEG");
 }
 
-void ImageDiskCache::write(const QImage& image, const QString& url) const
+void ImageDiskCache::write(const QImage& image, const QString& url)
 {
-    QSaveFile file(url);
-    if (!QDir().mkpath(m_folder) || !file.open(QIODevice::WriteOnly))
-        return;
-    QImageWriter writer(&file, "JPEG");
-    writer.setQuality(quality);
-    if (writer.write(image))
-        file.commit();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "JPEG", quality))
+        writeWhole(url, bytes);
 }
 
 } // namespace ambrelle

@@ -16,7 +16,7 @@ public:
     /// Decoded; null when the file is missing or damaged.
     static QImage read(const QString& url);
     /// Appears whole or not at all; failures are ignored.
-    void write(const QImage& image, const QString& url) const;
+    static void write(const QImage& image, const QString& url);
 
 private:
     QString m_folder;

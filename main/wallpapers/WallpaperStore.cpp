@@ -28,7 +28,7 @@ QImage make(const Wallpaper& wallpaper, const ImageDiskCache& cache, Skin skin)
     const QImage painted = wallpaper.picture(skin, WallpaperStore::pixels);
     if (painted.isNull())
         return blank();
-    cache.write(painted, url);
+    ImageDiskCache::write(painted, url);
     return painted.convertToFormat(QImage::Format_RGB32);
 }
 

@@ -4,6 +4,13 @@
 #include "desktop/ScreenPlacement.h"
 #include "model/Composition.h"
 #include "platform/recording/RecordingAppearance.h"
+#include "platform/recording/RecordingDesktopPicture.h"
+#include "skins/WallpaperRecipes.h"
+#include "wallpapers/DesktopWallpaper.h"
+
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -202,7 +209,10 @@ TEST_F(WidgetManagerTest, TakesGuestsInWhileTheirScreenIsAway)
 TEST_F(WidgetManagerTest, FollowsTheAppearanceWithPairedSkinsOnly)
 {
     RecordingAppearance appearance;
-    AppearanceFollower follower(appearance, desk.settings, desk.manager, desk.clock);
+    RecordingDesktopPicture picture;
+    const QTemporaryDir folder;
+    DesktopWallpaper wallpaper({wallpaperRecipe, {}}, desk.host, picture, desk.defaults, {folder.path(), {}});
+    AppearanceFollower follower(appearance, desk.settings, desk.manager, wallpaper, desk.clock);
     desk.settings.defaultSkin.set(Skin::lumen);
     desk.add(cpu, {100, 100}, Skin::paper);
     desk.add(cpu, {400, 100}, Skin::glass);
@@ -228,6 +238,32 @@ TEST_F(WidgetManagerTest, FollowsTheAppearanceWithPairedSkinsOnly)
     desk.manager.applyPreset(Skin::field);
     EXPECT_EQ(desk.settings.defaultSkin(), Skin::fieldDark);
     EXPECT_EQ(desk.stored().first().skin, Skin::fieldDark) << "a layout is followed too";
+}
+
+TEST_F(WidgetManagerTest, TheWallpaperFollowsTheAppearanceToo)
+{
+    RecordingAppearance appearance;
+    RecordingDesktopPicture picture;
+    const QTemporaryDir folder;
+    DesktopWallpaper wallpaper({wallpaperRecipe, {}}, desk.host, picture, desk.defaults, {folder.path(), {}});
+    const auto wait = [&] {
+        QEventLoop loop;
+        QObject::connect(&wallpaper, &DesktopWallpaper::changed, &loop, &QEventLoop::quit);
+        QTimer::singleShot(20s, &loop, &QEventLoop::quit);
+        loop.exec();
+        return wallpaper.currentSkin();
+    };
+    wallpaper.apply(Skin::lumen);
+    ASSERT_EQ(wait(), Skin::lumen);
+    desk.settings.followAppearance.set(true);
+    appearance.setDark(true);
+    AppearanceFollower follower(appearance, desk.settings, desk.manager, wallpaper, desk.clock);
+    follower.start();
+    EXPECT_EQ(wait(), Skin::slate);
+    wallpaper.apply(Skin::aero);
+    ASSERT_EQ(wait(), Skin::aero);
+    follower.sync();
+    EXPECT_EQ(picture.sets.size(), 3) << "a skin without a partner stays";
 }
 
 /// Whatever the user and the screens do: what is stored is what is shown, and every widget can be seen.

@@ -1,0 +1,284 @@
+#include "wallpapers/DesktopWallpaper.h"
+
+#include "foundation/UserDefaults.h"
+#include "platform/recording/RecordingDesktopPicture.h"
+#include "platform/recording/RecordingWindowHost.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace ambrelle;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::atomic<int> paintings = 0;
+
+void paintBlue(Painting& painting, SeededRandom&)
+{
+    ++paintings;
+    painting.fill(hex(0x2040C0));
+}
+
+struct DesktopWallpaperTest : testing::Test {
+    DesktopWallpaperTest()
+    {
+        paintings = 0;
+        ScreenInfo left;
+        left.connector = u"LEFT"_s;
+        left.frame = QRectF(0, 0, 400.5, 300);
+        left.pixelRatio = 2;
+        ScreenInfo right;
+        right.connector = u"RIGHT"_s;
+        right.frame = QRectF(400, 0, 640, 480);
+        host.setScreens({left, right});
+        picture.shown = {{u"LEFT"_s, u"/home/user/holiday.jpg"_s}, {u"RIGHT"_s, u"/home/user/holiday.jpg"_s}};
+        picture.memory = {{u"uri"_s, u"holiday"_s}};
+    }
+
+    QString path(const QString& name) const { return folder.filePath(u"Wallpapers/"_s + name); }
+    QStringList files() const { return QDir(folder.filePath(u"Wallpapers"_s)).entryList(QDir::Files | QDir::Hidden); }
+
+    /// Calls `ask` and waits for its answer.
+    template <typename Ask> QString answerOf(Ask ask)
+    {
+        QEventLoop loop;
+        QString answer = u"no answer"_s;
+        bool came = false;
+        ask([&](const QString& error) {
+            answer = error;
+            came = true;
+            loop.quit();
+        });
+        if (!came) {
+            QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);
+            loop.exec();
+        }
+        return answer;
+    }
+    QString apply(Skin skin)
+    {
+        return answerOf([&](const auto& done) { wallpaper.apply(skin, done); });
+    }
+    QString apply(const QString& file)
+    {
+        return answerOf([&](const auto& done) { wallpaper.apply(file, done); });
+    }
+
+    QTemporaryDir folder;
+    RecordingWindowHost host;
+    RecordingDesktopPicture picture;
+    UserDefaults defaults = UserDefaults::temporary();
+    Wallpaper painter{[](Skin) -> WallpaperRecipe { return paintBlue; }, {}};
+    DesktopWallpaper::Folders folders{folder.filePath(u"Wallpapers"_s), folder.filePath(u"Extras"_s)};
+    DesktopWallpaper wallpaper{painter, host, picture, defaults, folders};
+};
+
+TEST_F(DesktopWallpaperTest, everyScreenGetsItsOwnSizeOnce)
+{
+    int changes = 0;
+    QObject::connect(&wallpaper, &DesktopWallpaper::changed, [&] { ++changes; });
+    EXPECT_EQ(apply(Skin::neon), QString());
+    const QList<ScreenPicture> expected{
+        {u"LEFT"_s, path(u"neon-r16-801x600.png"_s)}, {u"RIGHT"_s, path(u"neon-r16-640x480.png"_s)}};
+    ASSERT_EQ(picture.sets.size(), 1);
+    EXPECT_EQ(picture.sets.first(), expected);
+    EXPECT_EQ(QImage(expected[0].file).size(), QSize(801, 600));
+    EXPECT_EQ(wallpaper.currentURL(), expected[0].file);
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::neon);
+    EXPECT_EQ(apply(Skin::neon), QString());
+    EXPECT_EQ(paintings, 2) << "files that are there are used again";
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(DesktopWallpaperTest, aNewerRequestMakesTheOlderVoid)
+{
+    QString first = u"no answer"_s;
+    wallpaper.apply(Skin::mono, [&](const QString& error) { first = error; });
+    EXPECT_EQ(apply(Skin::neon), QString());
+    EXPECT_EQ(first, QString());
+    EXPECT_EQ(picture.sets.size(), 1);
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::neon);
+}
+
+TEST_F(DesktopWallpaperTest, failuresLeaveTheOldPictureAndNoHalfFile)
+{
+    ASSERT_EQ(apply(Skin::mono), QString());
+    picture.failure = u"The desktop refuses."_s;
+    EXPECT_EQ(apply(Skin::neon), u"The desktop refuses."_s);
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::mono);
+    picture.failure.clear();
+
+    EXPECT_TRUE(apply(u"/nowhere/at/all.png"_s).contains("cannot be read"_L1));
+    EXPECT_EQ(picture.sets.size(), 2) << "what cannot be read is not set";
+
+    const QStringList before = files();
+    QFile::rename(folder.filePath(u"Wallpapers"_s), folder.filePath(u"Away"_s));
+    QFile inTheWay(folder.filePath(u"Wallpapers"_s));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(apply(Skin::paper).contains("cannot be written"_L1));
+    inTheWay.remove();
+    QFile::rename(folder.filePath(u"Away"_s), folder.filePath(u"Wallpapers"_s));
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::mono);
+
+    host.setScreens({});
+    EXPECT_FALSE(apply(Skin::neon).isEmpty());
+    picture.unavailable = u"There is no desktop."_s;
+    EXPECT_EQ(apply(Skin::neon), u"There is no desktop."_s);
+}
+
+/// Files cannot grow beyond some bytes while it lives, as on a full disk.
+class FullDisk {
+public:
+    FullDisk()
+    {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit small{256, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        m_handler = std::signal(SIGXFSZ, SIG_IGN); // the write fails instead
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int) = nullptr;
+};
+
+TEST_F(DesktopWallpaperTest, aFullDiskLeavesNothingBehind)
+{
+    const FullDisk disk;
+    EXPECT_TRUE(apply(Skin::neon).contains("cannot be written"_L1));
+    EXPECT_EQ(files(), QStringList());
+    EXPECT_TRUE(picture.sets.isEmpty());
+}
+
+TEST_F(DesktopWallpaperTest, theUsersOwnPictureCanBeGivenBack)
+{
+    EXPECT_FALSE(wallpaper.hasPrevious());
+    ASSERT_EQ(apply(Skin::mono), QString());
+    picture.memory = {{u"uri"_s, u"one of ours"_s}};
+    ASSERT_EQ(apply(Skin::neon), QString());
+    ASSERT_TRUE(wallpaper.hasPrevious());
+
+    picture.failure = u"Not now."_s;
+    EXPECT_EQ(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }), u"Not now."_s);
+    EXPECT_TRUE(wallpaper.hasPrevious());
+    picture.failure.clear();
+    EXPECT_EQ(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }), QString());
+    EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"holiday"_s}}));
+    EXPECT_FALSE(wallpaper.hasPrevious());
+    EXPECT_FALSE(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }).isEmpty());
+}
+
+TEST_F(DesktopWallpaperTest, aPictureThatTheUserSetLaterIsRememberedInstead)
+{
+    ASSERT_EQ(apply(Skin::mono), QString());
+    picture.shown[u"LEFT"_s] = u"/home/user/garden.jpg"_s;
+    picture.memory = {{u"uri"_s, u"garden"_s}};
+    ASSERT_EQ(apply(Skin::neon), QString());
+    ASSERT_EQ(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }), QString());
+    EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"garden"_s}}));
+}
+
+TEST_F(DesktopWallpaperTest, recognisesItsPictureAfterARestart)
+{
+    ASSERT_EQ(apply(Skin::kyoto), QString());
+    DesktopWallpaper next(painter, host, picture, defaults, folders);
+    EXPECT_EQ(next.currentSkin(), std::nullopt);
+    int asked = 0;
+    next.refresh([&] { ++asked; });
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(next.currentSkin(), Skin::kyoto);
+    picture.shown[u"LEFT"_s] = u"/home/user/garden.jpg"_s;
+    next.refresh([] {});
+    EXPECT_EQ(next.currentSkin(), std::nullopt);
+    EXPECT_EQ(next.currentURL(), u"/home/user/garden.jpg"_s);
+}
+
+TEST_F(DesktopWallpaperTest, comesBackWhereTheDesktopForgotIt)
+{
+    struct Case {
+        const char* what;
+        QString shown;
+        QJsonObject memory;
+        bool comesBack;
+    };
+    ASSERT_EQ(apply(Skin::kyoto), QString());
+    for (const Case& c : {
+             Case{"nothing shows", {}, {}, true},
+             Case{"something shows that nobody knows", {}, {{u"file"_s, u"saved.png"_s}}, false},
+             Case{"the user's picture shows", u"/home/user/garden.jpg"_s, {{u"uri"_s, u"garden"_s}}, false},
+         }) {
+        picture.shown[u"LEFT"_s] = c.shown;
+        picture.memory = c.memory;
+        picture.sets.clear();
+        DesktopWallpaper next(painter, host, picture, defaults, folders);
+        next.restore();
+        answerOf(
+            [&](const auto& done) { QTimer::singleShot(std::chrono::milliseconds(200), &next, [done] { done({}); }); });
+        EXPECT_EQ(picture.sets.size(), c.comesBack ? 1 : 0) << c.what;
+    }
+}
+
+TEST_F(DesktopWallpaperTest, newScreensGetTheirSizeOnlyOfOurPictures)
+{
+    ASSERT_EQ(apply(Skin::kyoto), QString());
+    ScreenInfo large = host.screens().last();
+    large.frame = QRectF(400, 0, 1000, 700);
+    host.setScreens({host.screens().first(), large});
+    QEventLoop loop;
+    wallpaper.fitScreens();
+    QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
+        if (picture.sets.size() == 2)
+            loop.quit();
+    });
+    poll.start(5);
+    loop.exec();
+    ASSERT_EQ(picture.sets.size(), 2);
+    EXPECT_EQ(picture.sets.last().last().file, path(u"kyoto-r16-1000x700.png"_s));
+
+    ASSERT_EQ(apply(path(u"kyoto-r16-640x480.png"_s)), QString());
+    picture.shown[u"LEFT"_s] = u"/home/user/garden.jpg"_s;
+    wallpaper.fitScreens();
+    EXPECT_EQ(picture.sets.size(), 3);
+}
+
+TEST_F(DesktopWallpaperTest, extrasAreCopiedOnceAndOnlyPictures)
+{
+    EXPECT_EQ(wallpaper.extras(), QStringList());
+    ASSERT_TRUE(QDir().mkpath(folders.extras));
+    for (const QString& name : {u"dunes.jpg"_s, u"sea.jpeg"_s, u"notes.txt"_s}) {
+        QFile file(folders.extras + u'/' + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(name.toUtf8());
+    }
+    const QString dunes = folders.extras + u"/dunes.jpg"_s;
+    EXPECT_EQ(wallpaper.extras(), (QStringList{dunes, folders.extras + u"/sea.jpeg"_s}));
+    const QString installed = path(u"extra-dunes.jpg"_s);
+    EXPECT_EQ(wallpaper.installedURL(dunes), installed);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(answerOf([&](const auto& done) { wallpaper.applyExtra(dunes, done); }), QString());
+        EXPECT_EQ(wallpaper.currentURL(), installed);
+        EXPECT_EQ(wallpaper.currentSkin(), std::nullopt);
+        QFile(dunes).remove();
+    }
+}
+
+} // namespace
