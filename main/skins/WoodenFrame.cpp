@@ -52,7 +52,7 @@ void shadow(Painting& painting, const Piece& piece, double width)
 }
 
 /// Rounded over its width: bright near the outer edge, dark in the groove at the inner one.
-void piece(Painting& painting, const Piece& piece, double width, const RGBA& wood)
+void paintPiece(Painting& painting, const Piece& piece, double width, const RGBA& wood)
 {
     const RGBA base = wood.scaled(piece.light);
     painting.fill(outline(piece, width),
@@ -86,7 +86,7 @@ void paintWoodenFrame(Painting& painting, double width, const RGBA& wood, const 
     for (const Piece& one : all)
         shadow(painting, one, width);
     for (const Piece& one : all)
-        piece(painting, one, width, wood);
+        paintPiece(painting, one, width, wood);
     figure(painting, width, grain);
 }
 

@@ -49,18 +49,20 @@ void mountains(Painting& painting, SeededRandom& random)
 /// The sun, stamped in red; the washi takes the colour unevenly, most at the rim.
 void disc(Painting& painting, const Perlin& washi)
 {
-    const QPointF centre = painting.at(0.78, 0.74);
-    const double radius = 0.11 * painting.height();
+    const double x = std::min(0.78 * painting.width(), painting.width() - 0.18 * painting.height());
+    const QPointF centre(x, 0.74 * painting.height());
+    constexpr double part = 0.11; // of the height
+    const double radius = part * painting.height();
     const QRectF square(centre.x() - 1.02 * radius, centre.y() - 1.02 * radius, 2.04 * radius, 2.04 * radius);
     const QPointF c = centre / painting.height();
     const double soft = 1.5 / radius;
-    painting.raster(square, 1.0, [=](double x, double y) {
-        const double u = (x - c.x()) / 0.11;
-        const double v = (y - c.y()) / 0.11;
+    painting.raster(square, 1.0, [=](double right, double up) {
+        const double u = (right - c.x()) / part;
+        const double v = (up - c.y()) / part;
         const double distance = std::sqrt(u * u + v * v);
         if (distance >= 1)
             return accent.withAlpha(0);
-        const double dry = washi.fbm(7 * x, 30 * y, 3, 2);
+        const double dry = washi.fbm(7 * right, 30 * up, 3, 2);
         const double ink = 0.85 - 0.22 * smoothstep(0.5, 0.8, dry) + 0.06 * smoothstep(0.9, 1, distance);
         return accent.withAlpha(ink * smoothstep(1, 1 - soft, distance));
     });

@@ -127,7 +127,7 @@ void shade(Painting& painting, const std::vector<int>& tops, int right, int down
     blocks.paint(painting, colour);
 }
 
-/// Snow in tongues below each peak: how far it reaches down the slope follows a second, slower skyline.
+/// Snow in tongues, deeper below the high peaks, and blue where it is turned away from the light.
 void snow(Painting& painting, const std::vector<int>& tops, int line, const RGBA& colour)
 {
     constexpr std::array<int, 23> tongues{0, 0, 2, 3, 5, 6, 4, 3, 1, 1, 3, 4, 2, 0, 1, 4, 7, 8, 6, 3, 2, 1, 0};
@@ -135,7 +135,8 @@ void snow(Painting& painting, const std::vector<int>& tops, int line, const RGBA
     Blocks dark(painting);
     for (std::size_t column = 0; column < tops.size(); ++column) {
         const int top = tops[column];
-        const int low = line + tongues[column % tongues.size()] - (top - line) / 3;
+        const int ragged = tongues[column % tongues.size()] + tongues[column / 2 % tongues.size()] / 2;
+        const int low = line + ragged - (top - line) / 3 - 1;
         if (top <= low)
             continue;
         const int x = static_cast<int>(column);
@@ -154,7 +155,7 @@ void snow(Painting& painting, const std::vector<int>& tops, int line, const RGBA
 std::vector<int> quest(Painting& painting, SeededRandom& random, int range, double base, double amplitude,
     double roughness, const RGBA& colour, const std::optional<RGBA>& cap)
 {
-    const std::vector<int> tops = skyline(painting, ridge(range, roughness, random), base, amplitude);
+    std::vector<int> tops = skyline(painting, ridge(range, roughness, random), base, amplitude);
     shade(painting, tops, 0, 0, colour.mixed(white(), 0.14));
     shade(painting, tops, cap ? 7 : 1, cap ? 5 : 1, colour);
     shade(painting, tops, 16, 16, colour.scaled(0.95));
