@@ -1,5 +1,6 @@
 #include "wallpapers/DesktopWallpaper.h"
 
+#include "foundation/BackgroundThread.h"
 #include "foundation/UserDefaults.h"
 #include "foundation/WholeFile.h"
 #include "platform/DesktopPicture.h"
@@ -62,7 +63,6 @@ DesktopWallpaper::DesktopWallpaper(
     , m_folders(std::move(folders))
 {
     m_painter.setMaxThreadCount(1); // each picture is painted on all processors
-    m_painter.setThreadPriority(QThread::LowPriority);
 }
 
 DesktopWallpaper::~DesktopWallpaper() = default;
@@ -199,7 +199,11 @@ void DesktopWallpaper::prepare(const QList<ScreenPicture>& pictures, const Prepa
     if (pictures.isEmpty())
         return answer(u"No screen is connected."_s);
     const int request = ++m_request;
-    QtConcurrent::run(&m_painter, files).then(this, [this, request, pictures, answer](const QString& error) {
+    const auto work = [files] {
+        yieldToOthers();
+        return files();
+    };
+    QtConcurrent::run(&m_painter, work).then(this, [this, request, pictures, answer](const QString& error) {
         if (request != m_request)
             return answer({});
         if (!error.isEmpty())

@@ -1,5 +1,7 @@
 #include "wallpapers/WallpaperStore.h"
 
+#include "foundation/BackgroundThread.h"
+
 #include <QtConcurrent>
 
 namespace ambrelle {
@@ -74,9 +76,11 @@ void WallpaperStore::load(Skin skin, std::function<void(const QImage&)> done)
     if (m_started.contains(skin))
         return;
     m_started.insert(skin);
-    QtConcurrent::run(&m_queue, make, m_wallpaper, m_cache, skin).then(this, [this, skin](const QImage& image) {
-        finish(skin, image);
-    });
+    const auto work = [wallpaper = m_wallpaper, cache = m_cache, skin] {
+        yieldToOthers();
+        return make(wallpaper, cache, skin);
+    };
+    QtConcurrent::run(&m_queue, work).then(this, [this, skin](const QImage& image) { finish(skin, image); });
 }
 
 QImage WallpaperStore::imageNow(Skin skin)

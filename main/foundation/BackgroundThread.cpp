@@ -1,0 +1,13 @@
+#include "foundation/BackgroundThread.h"
+
+#include <sys/resource.h>
+
+namespace ambrelle {
+
+void yieldToOthers()
+{
+    // On Linux the niceness is the thread's own, which the toolkit's thread priorities do not use.
+    ::setpriority(PRIO_PROCESS, 0, 10);
+}
+
+} // namespace ambrelle
