@@ -26,7 +26,8 @@ QImage twill(int bundle)
 
 void weave(Painting& painting)
 {
-    const int bundle = std::max(static_cast<int>(std::round(painting.height() / 300)), 3);
+    const double side = std::min(painting.height(), painting.width() / 1.6);
+    const int bundle = std::max(static_cast<int>(std::round(side / 300)), 3);
     const Ink light = Ink::linear({0, 0}, painting.at(0, 1), {{0, white(0.02)}, {1, white(0.045)}});
     painting.stencil(
         painting.all(), light, [&](QPainter& painter) { painter.fillRect(painting.all(), QBrush(twill(bundle))); });
