@@ -14,7 +14,7 @@ constexpr NightLight light(double x, double y, const RGBA& colour)
     return {{x, y}, radius, colour};
 }
 
-const std::array lights{light(0.25, 0.28, hex(0xFF4468, 0.22)), light(0.5, 0.18, hex(0x9BEA1B, 0.16)),
+constexpr std::array lights{light(0.25, 0.28, hex(0xFF4468, 0.22)), light(0.5, 0.18, hex(0x9BEA1B, 0.16)),
     light(0.76, 0.3, hex(0x22DDEB, 0.2))};
 
 /// Around each lamp a ring, closed so far, of its own colour; dim where it begins at the top.
