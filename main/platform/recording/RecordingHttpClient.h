@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/HttpClient.h"
+
+#include <QList>
+#include <QPointer>
+
+#include <utility>
+
+namespace ambrelle {
+
+/// A network whose every answer a test gives.
+class RecordingHttpClient final : public HttpClient {
+    Q_OBJECT
+public:
+    bool isAvailable() const override { return true; }
+    QString whyNot() const override { return {}; }
+    void get(const QUrl& url, qint64 mostBytes, QObject* context, Done done) override
+    {
+        addresses.append(QString::fromLatin1(url.toEncoded()));
+        bounds.append(mostBytes);
+        m_waiting.append({context, std::move(done)});
+    }
+
+    qsizetype waiting() const { return m_waiting.size(); }
+    /// Answers one of the waiting requests, the oldest unless told otherwise.
+    void answer(const HttpAnswer& answer, qsizetype index = 0)
+    {
+        const auto [context, done] = m_waiting.takeAt(index);
+        if (context)
+            done(answer);
+    }
+
+    QList<QString> addresses; ///< of all requests so far, as they would be sent
+    QList<qint64> bounds; ///< of their bodies
+
+private:
+    struct Waiting {
+        QPointer<QObject> context;
+        Done done;
+    };
+
+    QList<Waiting> m_waiting;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,248 @@
+#include "platform/linux/GeoClueLocation.h"
+
+#include <QCoreApplication>
+#include <QDBusContext>
+#include <QDBusError>
+#include <QDBusObjectPath>
+#include <QDeadlineTimer>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+class FakePosition : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.GeoClue2.Location")
+    Q_PROPERTY(double Latitude MEMBER latitude)
+    Q_PROPERTY(double Longitude MEMBER longitude)
+    Q_PROPERTY(QString Description MEMBER description)
+public:
+    double latitude = 60.39299;
+    double longitude = 5.32415;
+    QString description = u"Bergen, Norway"_s;
+};
+
+class FakeClient : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.GeoClue2.Client")
+    Q_PROPERTY(QString DesktopId MEMBER desktopId)
+    Q_PROPERTY(uint RequestedAccuracyLevel MEMBER accuracy)
+public:
+    QString desktopId;
+    uint accuracy = 0;
+    QDBusError::ErrorType refusal = QDBusError::NoError;
+    int starts = 0;
+    int stops = 0;
+
+public Q_SLOTS:
+    void Start()
+    {
+        ++starts;
+        if (refusal != QDBusError::NoError)
+            sendErrorReply(refusal, u"No."_s);
+    }
+    void Stop() { ++stops; }
+
+Q_SIGNALS:
+    void LocationUpdated(const QDBusObjectPath& before, const QDBusObjectPath& now);
+};
+
+class FakeManager : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.GeoClue2.Manager")
+public:
+    bool open = true;
+    int deleted = 0;
+
+public Q_SLOTS:
+    QDBusObjectPath GetClient()
+    {
+        if (!open)
+            sendErrorReply(QDBusError::AccessDenied, u"Not for you."_s);
+        return QDBusObjectPath(u"/client/1"_s);
+    }
+    void DeleteClient(const QDBusObjectPath& client) { deleted += client.path() == "/client/1"_L1; }
+};
+
+namespace {
+
+using enum LocationAuthorization;
+
+/// A location service on a bus of its own.
+class GeoClueLocationTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        const QString daemon = QStandardPaths::findExecutable(u"dbus-daemon"_s);
+        if (daemon.isEmpty())
+            GTEST_SKIP() << "dbus-daemon is not installed";
+        m_daemon.start(daemon, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        ASSERT_TRUE(m_daemon.waitForReadyRead(5000));
+        m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
+        QObject::connect(
+            &source, &LocationSource::authorizationChanged, [this] { answers.append(source.authorization()); });
+        QObject::connect(&source, &LocationSource::located, [this](const Location& where) { places.append(where); });
+        QObject::connect(&source, &LocationSource::failed, [this] { ++failures; });
+    }
+    void TearDown() override
+    {
+        for (const char* name : {"service", "client"})
+            QDBusConnection::disconnectFromBus(QLatin1String(name));
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+    void startService()
+    {
+        auto bus = QDBusConnection::connectToBus(m_address, u"service"_s);
+        constexpr auto everything = QDBusConnection::ExportAllContents;
+        ASSERT_TRUE(bus.registerObject(u"/org/freedesktop/GeoClue2/Manager"_s, &manager, everything));
+        ASSERT_TRUE(bus.registerObject(u"/client/1"_s, &client, everything));
+        ASSERT_TRUE(bus.registerObject(u"/client/1/location"_s, &position, everything));
+        ASSERT_TRUE(bus.registerService(u"org.freedesktop.GeoClue2"_s));
+    }
+    void tellPosition()
+    {
+        Q_EMIT client.LocationUpdated(QDBusObjectPath(u"/"_s), QDBusObjectPath(u"/client/1/location"_s));
+    }
+    static bool waitUntil(const std::function<bool()>& condition)
+    {
+        const QDeadlineTimer deadline(5000);
+        while (!condition() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        return condition();
+    }
+
+    FakeManager manager;
+    FakeClient client;
+    FakePosition position;
+    GeoClueLocation::OpenBus openBus()
+    {
+        return [this] { return QDBusConnection::connectToBus(m_address, u"client"_s); };
+    }
+    QList<LocationAuthorization> answers; // told by the source
+    QList<Location> places;
+    int failures = 0;
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+
+protected:
+    GeoClueLocation source{openBus(), {300ms, 0ms}};
+};
+
+TEST_F(GeoClueLocationTest, TellsOneLocationForAllWhoAskMeanwhile)
+{
+    startService();
+    EXPECT_EQ(source.authorization(), undetermined);
+    source.requestLocation();
+    ASSERT_TRUE(waitUntil([this] { return source.authorization() == authorized; }));
+    EXPECT_EQ(client.desktopId, u"org.ambrelle.Ambrelle"_s);
+    EXPECT_EQ(client.accuracy, 5U);
+    source.requestLocation();
+    tellPosition();
+    ASSERT_TRUE(waitUntil([this] { return manager.deleted > 0; })) << "the service is let go";
+    tellPosition(); // nobody listens any more
+
+    position.latitude = -33.87;
+    position.description.clear();
+    source.requestLocation();
+    ASSERT_TRUE(waitUntil([this] { return client.starts == 2; }));
+    tellPosition();
+    ASSERT_TRUE(waitUntil([this] { return manager.deleted == 2; }));
+    EXPECT_EQ(places, (QList<Location>{{60.39299, 5.32415, u"Bergen"_s}, {-33.87, 5.32415, {}}}));
+    EXPECT_EQ(client.stops, 2);
+    EXPECT_EQ(answers, QList{authorized});
+    EXPECT_EQ(failures, 0);
+}
+
+TEST_F(GeoClueLocationTest, ARefusalHoldsUntilItIsTakenBack)
+{
+    startService();
+    client.refusal = QDBusError::AccessDenied;
+    source.requestLocation();
+    ASSERT_TRUE(waitUntil([this] { return manager.deleted == 1; }));
+    client.refusal = QDBusError::NoError;
+    EXPECT_EQ(source.authorization(), undetermined) << "after a while it may be asked again";
+    source.requestLocation();
+    ASSERT_TRUE(waitUntil([this] { return source.authorization() == authorized; }));
+    EXPECT_TRUE(source.isAvailable());
+    EXPECT_EQ(failures, 0);
+}
+
+TEST_F(GeoClueLocationTest, EveryRefusalIsTold)
+{
+    GeoClueLocation firm(openBus(), {300ms, 1h});
+    QObject::connect(&firm, &LocationSource::authorizationChanged, [&] { answers.append(firm.authorization()); });
+    startService();
+    manager.open = false;
+    firm.requestLocation();
+    ASSERT_TRUE(waitUntil([this] { return !answers.isEmpty(); }));
+    EXPECT_EQ(answers, QList{restricted});
+    manager.open = true;
+    client.refusal = QDBusError::AccessDenied;
+    firm.requestLocation();
+    ASSERT_TRUE(waitUntil([this] { return answers.size() > 1; }));
+    EXPECT_EQ(answers, (QList{restricted, denied}));
+}
+
+TEST_F(GeoClueLocationTest, WithoutTheServiceLocationIsOff)
+{
+    source.requestLocation();
+    ASSERT_TRUE(waitUntil([this] { return !answers.isEmpty(); }));
+    EXPECT_EQ(answers, QList{denied});
+    EXPECT_FALSE(source.isAvailable());
+    EXPECT_FALSE(source.whyNot().isEmpty());
+
+    GeoClueLocation alone([] { return QDBusConnection(u"none"_s); });
+    alone.requestLocation();
+    EXPECT_TRUE(waitUntil([&alone] { return alone.authorization() == denied; })) << "no bus at all";
+}
+
+TEST_F(GeoClueLocationTest, FailsWhenNoUsableLocationComes)
+{
+    startService();
+    source.requestLocation();
+    EXPECT_TRUE(waitUntil([this] { return failures == 1; })) << "silence";
+    EXPECT_EQ(source.authorization(), authorized);
+
+    position.latitude = 123;
+    source.requestLocation();
+    ASSERT_TRUE(waitUntil([this] { return client.starts == 2; }));
+    tellPosition();
+    EXPECT_TRUE(waitUntil([this] { return failures == 2; })) << "beyond the pole";
+
+    client.refusal = QDBusError::InternalError;
+    source.requestLocation();
+    EXPECT_TRUE(waitUntil([this] { return failures == 3; }));
+    EXPECT_EQ(source.authorization(), authorized) << "a fault is no refusal";
+    EXPECT_TRUE(places.isEmpty());
+}
+
+TEST(LocationFromTest, NeedsBothCoordinatesOnTheGlobe)
+{
+    const auto of = [](const QVariant& latitude, const QVariant& longitude, const QString& description = {}) {
+        return locationFrom({{u"Latitude"_s, latitude}, {u"Longitude"_s, longitude}, {u"Description"_s, description}});
+    };
+    EXPECT_EQ(of(-90.0, 180.0, u" San   José , Costa Rica"_s), (Location{-90, 180, u"San José"_s}));
+    EXPECT_EQ(of(1.0, 2.0), (Location{1, 2, {}}));
+    EXPECT_FALSE(of(90.5, 0.0));
+    EXPECT_FALSE(of(0.0, -181.0));
+    EXPECT_FALSE(of(std::nan(""), 0.0));
+    EXPECT_FALSE(of(QVariant(), 0.0));
+    EXPECT_FALSE(of(u"north"_s, 0.0));
+    EXPECT_FALSE(locationFrom({}));
+}
+
+} // namespace
+} // namespace ambrelle
+
+#include "GeoClueLocationTest.moc"

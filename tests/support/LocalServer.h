@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+
+namespace ambrelle {
+
+/// Lets the event loop run until the condition holds, five seconds at most.
+inline bool waitUntil(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(5000);
+    while (!condition() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+    return condition();
+}
+
+/// A web server on this machine that remembers the target of every request and plays back what the test lays down.
+class LocalServer {
+public:
+    using Play = std::function<void(QTcpSocket& socket)>;
+
+    /// Serves over `server`, which may be one of secured connections.
+    explicit LocalServer(std::unique_ptr<QTcpServer> server = std::make_unique<QTcpServer>(), QString scheme = "http")
+        : m_server(std::move(server))
+        , m_scheme(std::move(scheme))
+    {
+        m_server->listen(QHostAddress::LocalHost);
+        QObject::connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, m_server.get(), [this] {
+            while (QTcpSocket* socket = m_server->nextPendingConnection()) {
+                QObject::connect(socket, &QTcpSocket::readyRead, m_server.get(), [this, socket] { hear(*socket); });
+                QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+                hear(*socket);
+            }
+        });
+    }
+
+    QUrl url(const QString& path = {}) const
+    {
+        return QUrl(QStringLiteral("%1://127.0.0.1:%2%3").arg(m_scheme).arg(m_server->serverPort()).arg(path));
+    }
+
+    /// The whole answer with its length told, after which the connection is closed.
+    static Play answer(const QByteArray& body, const QByteArray& status = "200 OK", const QByteArray& headers = {})
+    {
+        return [=](QTcpSocket& socket) {
+            socket.write("HTTP/1.1 " + status + "\r\nConnection: close\r\n" + headers
+                + "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body);
+            socket.disconnectFromHost();
+        };
+    }
+
+    Play play = answer({}); ///< what every request is answered with
+    QList<QByteArray> targets; ///< path and query of all requests, as they came
+
+private:
+    void hear(QTcpSocket& socket)
+    {
+        while (socket.canReadLine()) {
+            const QByteArray line = socket.readLine().trimmed();
+            if (line.startsWith("GET "))
+                targets.append(line.split(' ').at(1));
+            else if (line.isEmpty())
+                play(socket);
+        }
+    }
+
+    std::unique_ptr<QTcpServer> m_server;
+    QString m_scheme;
+};
+
+} // namespace ambrelle
