@@ -6,7 +6,6 @@
 #include <QtGlobal>
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <numeric>
 
@@ -17,22 +16,6 @@ namespace {
 double fade(double t)
 {
     return t * t * t * (t * (6 * t - 15) + 10);
-}
-
-double negatedIf(std::int64_t bit, double value)
-{
-    const auto sign = static_cast<std::uint64_t>(bit) << 63;
-    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(value) ^ sign);
-}
-
-/// The eight directions x + y, -x + y, x - y, -x - y, x, -x, y, -y by the low three bits of `hash`. Selecting instead
-/// of branching matters: the hash is random, and this is the innermost step of every picture.
-double gradient(std::int64_t hash, double x, double y)
-{
-    const std::int64_t direction = hash & 7;
-    const double first = direction >= 6 ? y : x;
-    const double second = direction < 4 ? negatedIf(direction >> 1, y) : -0.0; // adding -0.0 changes no number
-    return negatedIf(direction & 1, first) + second;
 }
 
 [[noreturn]] void refuse(double value)
@@ -65,6 +48,12 @@ Perlin::Perlin(std::uint64_t seed)
     for (std::size_t i = 0; i + 1 < period; ++i)
         std::swap(m_p[i], m_p[i + random.next(period - i)]);
     std::copy_n(m_p.begin(), period, m_p.begin() + period);
+
+    // The negative zero makes a product that changes no sum, not even the sign of one that is zero.
+    constexpr std::array<Gradient, 8> directions{
+        {{1, 1}, {-1, 1}, {1, -1}, {-1, -1}, {1, -0.0}, {-1, -0.0}, {-0.0, 1}, {-0.0, -1}}};
+    for (std::size_t i = 0; i < m_p.size(); ++i)
+        m_gradients[i] = directions[static_cast<std::size_t>(m_p[i]) % directions.size()];
 }
 
 double Perlin::noise(double x, double y) const
@@ -75,11 +64,15 @@ double Perlin::noise(double x, double y) const
     const double yf = y - static_cast<double>(row);
     const double u = fade(xf);
     const double v = fade(yf);
-    const auto p = [this](std::int64_t index) { return m_p[static_cast<std::size_t>(index)]; };
-    const std::int64_t left = p(column & 255) + (row & 255);
-    const std::int64_t right = p((column & 255) + 1) + (row & 255);
-    const double low = mix(gradient(p(left), xf, yf), gradient(p(right), xf - 1, yf), u);
-    const double high = mix(gradient(p(left + 1), xf, yf - 1), gradient(p(right + 1), xf - 1, yf - 1), u);
+    const auto corner = [this](std::int64_t place, double dx, double dy) {
+        const Gradient& gradient = m_gradients[static_cast<std::size_t>(place)];
+        return gradient.x * dx + gradient.y * dy;
+    };
+    const std::size_t cell = static_cast<std::size_t>(column & 255);
+    const std::int64_t left = m_p[cell] + (row & 255);
+    const std::int64_t right = m_p[cell + 1] + (row & 255);
+    const double low = mix(corner(left, xf, yf), corner(right, xf - 1, yf), u);
+    const double high = mix(corner(left + 1, xf, yf - 1), corner(right + 1, xf - 1, yf - 1), u);
     return mix(low, high, v);
 }
 

@@ -20,7 +20,13 @@ public:
     double ridged(double x, double y, int octaves) const;
 
 private:
+    struct Gradient {
+        double x;
+        double y;
+    };
+
     std::array<std::int64_t, 512> m_p; ///< a permutation of 0 to 255, twice
+    std::array<Gradient, 512> m_gradients; ///< the direction that each number of m_p stands for
 };
 
 } // namespace ambrelle

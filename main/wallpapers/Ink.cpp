@@ -34,6 +34,20 @@ std::vector<Pixel> ramp(const GradientStops& stops)
 
 } // namespace
 
+GradientStops eased(const GradientStops& stops)
+{
+    constexpr int perSlope = 16;
+    GradientStops result{stops.front()};
+    for (std::size_t i = 1; i < stops.size(); ++i) {
+        for (int step = 1; step <= perSlope; ++step) {
+            const double t = static_cast<double>(step) / perSlope;
+            result.push_back({mix(stops[i - 1].location, stops[i].location, t),
+                stops[i - 1].colour.mixed(stops[i].colour, smoothstep(0, 1, t))});
+        }
+    }
+    return result;
+}
+
 Ink::Ink(const RGBA& colour)
     : m_ramp{pixel(colour)}
 {

@@ -92,6 +92,13 @@ void Painting::glow(QPointF at, double radius, const RGBA& colour)
     fill(Ink::radial(at, radius, {{0, colour}, {1, colour.withAlpha(0)}}));
 }
 
+void Painting::softGlow(QPointF at, double radius, const RGBA& colour)
+{
+    if (m_size.isEmpty())
+        return;
+    fill(Ink::radial(at, radius, eased({{0, colour}, {1, colour.withAlpha(0)}})));
+}
+
 void Painting::vignette(double strength)
 {
     if (m_size.isEmpty())

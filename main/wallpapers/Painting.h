@@ -41,6 +41,8 @@ public:
     void verticalGradient(const RGBA& top, const RGBA& bottom);
     /// Full at the centre, gone at the radius.
     void glow(QPointF at, double radius, const RGBA& colour);
+    /// The same, but it neither comes to a point at the centre nor ends at a rim.
+    void softGlow(QPointF at, double radius, const RGBA& colour);
     /// Darkens the edges: black from nothing at 0.45 of the way into the corners to `strength` there.
     void vignette(double strength);
 

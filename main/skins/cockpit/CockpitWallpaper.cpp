@@ -43,7 +43,7 @@ private:
     /// Follows the line into the deck until the clouds stand higher; only the large ones hide what is behind them.
     Place seen(double side, double slope) const
     {
-        constexpr int levels = 14;
+        constexpr int levels = 9;
         double above = 0; // how far the line was over the clouds one level before
         for (int step = 0; step <= levels; ++step) {
             const double level = 1 - static_cast<double>(step) / levels;
@@ -89,12 +89,14 @@ void cloudDeck(Painting& painting, const CloudDeck& deck)
     constexpr double slopePerHeight = 1.7;
     constexpr double nearest = 0.004; // to looking along the plain
     const double middle = painting.width() / painting.height() / 2;
-    const double between = slopePerHeight * 0.5 / painting.height(); // two looks per sample smooth the crests
+    constexpr double distant = 0.24; // above, the crests are so fine that each sample takes two looks
+    const double between = slopePerHeight * 0.5 / painting.height();
     painting.raster(QRectF(painting.at(0, 0), painting.at(1, top)), 2.0, [=](double x, double y) {
         const double side = 1.3 * (x - middle);
         const double slope = slopePerHeight * (top + nearest - y);
         const double upper = std::max(slope - between, 0.5 * slopePerHeight * nearest);
-        const double light = (deck.light(side, upper) + deck.light(side, slope + between)) / 2;
+        const double light =
+            y < distant ? deck.light(side, slope) : (deck.light(side, upper) + deck.light(side, slope + between)) / 2;
         const double far = smoothstep(0.14, horizon, y);
         const RGBA cloud = shaded.mixed(lit, light).mixed(haze, far);
         return cloud.withAlpha(smoothstep(top, horizon - 0.02, y));

@@ -9,19 +9,6 @@ namespace {
 
 constexpr RGBA accent = hex(0x6DB5FF);
 
-/// Eases out at the centre and at the rim, so that neither the middle nor the end of the light shows.
-void softLight(Painting& painting, QPointF centre, double radius, const RGBA& colour)
-{
-    constexpr int steps = 16;
-    GradientStops stops;
-    stops.reserve(steps + 1);
-    for (int step = 0; step <= steps; ++step) {
-        const double t = static_cast<double>(step) / steps;
-        stops.push_back({t, colour.withAlpha(colour.a * smoothstep(1, 0, t))});
-    }
-    painting.fill(Ink::radial(centre, radius, stops));
-}
-
 void lights(Painting& painting)
 {
     struct Light {
@@ -38,7 +25,7 @@ void lights(Painting& painting)
         {0.5, 0.5, 0.4, white(0.18)},
     }};
     for (const Light& light : all)
-        softLight(painting, painting.at(light.x, light.y), light.radius * painting.height(), light.colour);
+        painting.softGlow(painting.at(light.x, light.y), light.radius * painting.height(), light.colour);
 }
 
 } // namespace

@@ -29,8 +29,8 @@ void agedEdges(Painting& painting)
 {
     constexpr RGBA tan = rgb(0.8, 0.74, 0.62);
     const double corner = std::hypot(painting.width(), painting.height()) / 2;
-    painting.fill(Ink::radial(painting.at(0.5, 0.5), corner, {{0.55, tan.withAlpha(0)}, {1, tan.withAlpha(0.45)}},
-        Ink::Ends::extended));
+    painting.fill(Ink::radial(
+        painting.at(0.5, 0.5), corner, {{0.55, tan.withAlpha(0)}, {1, tan.withAlpha(0.45)}}, Ink::Ends::extended));
 }
 
 } // namespace
