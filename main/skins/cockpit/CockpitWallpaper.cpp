@@ -23,7 +23,7 @@ public:
     {
         const Place place = seen(side, slope);
         const double here = height(place, 5);
-        const double towardsSun = height({place.u + 0.06, place.v + 0.03}, 4);
+        const double towardsSun = height({place.u + 0.06, place.v + 0.03}, 3);
         return std::clamp(0.28 + 0.5 * here + 1.1 * (here - towardsSun), 0.0, 1.0);
     }
 
@@ -43,7 +43,7 @@ private:
     /// Follows the line into the deck until the clouds stand higher; only the large ones hide what is behind them.
     Place seen(double side, double slope) const
     {
-        constexpr int levels = 9;
+        constexpr int levels = 11;
         double above = 0; // how far the line was over the clouds one level before
         for (int step = 0; step <= levels; ++step) {
             const double level = 1 - static_cast<double>(step) / levels;
@@ -89,14 +89,12 @@ void cloudDeck(Painting& painting, const CloudDeck& deck)
     constexpr double slopePerHeight = 1.7;
     constexpr double nearest = 0.004; // to looking along the plain
     const double middle = painting.width() / painting.height() / 2;
-    constexpr double distant = 0.24; // above, the crests are so fine that each sample takes two looks
-    const double between = slopePerHeight * 0.5 / painting.height();
+    const double between = slopePerHeight * 0.5 / painting.height(); // two looks per sample smooth the crests
     painting.raster(QRectF(painting.at(0, 0), painting.at(1, top)), 2.0, [=](double x, double y) {
         const double side = 1.3 * (x - middle);
         const double slope = slopePerHeight * (top + nearest - y);
         const double upper = std::max(slope - between, 0.5 * slopePerHeight * nearest);
-        const double light =
-            y < distant ? deck.light(side, slope) : (deck.light(side, upper) + deck.light(side, slope + between)) / 2;
+        const double light = (deck.light(side, upper) + deck.light(side, slope + between)) / 2;
         const double far = smoothstep(0.14, horizon, y);
         const RGBA cloud = shaded.mixed(lit, light).mixed(haze, far);
         return cloud.withAlpha(smoothstep(top, horizon - 0.02, y));
