@@ -15,6 +15,8 @@ constexpr std::array<std::string_view, atomCount> names{
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST_STACKING",
     "_NET_WM_CM_S",
+    "_AMBRELLE_DESKTOP_PICTURE",
+    "ESETROOT_PMAP_ID",
     "_NET_RESTACK_WINDOW",
     "_XROOTPMAP_ID",
     "_NET_WM_STATE_ABOVE",

@@ -10,6 +10,8 @@ enum class Atom {
     activeWindow,
     clientListStacking,
     compositor, ///< the selection a compositing manager of the screen owns
+    desktopPicture, ///< what this program has put on the root window
+    otherRootPixmap, ///< also names the root window's picture if that outlives the program that set it
     restackWindow,
     rootPixmap,
     stateAbove,

@@ -1,0 +1,82 @@
+#include "app/DesktopPictureChoice.h"
+
+#include "platform/headless/HeadlessDesktopPicture.h"
+#include "platform/linux/GSettingsPicture.h"
+#include "platform/linux/PcmanfmPicture.h"
+#include "platform/linux/PlasmaPicture.h"
+#include "platform/linux/SwayPicture.h"
+#include "platform/linux/XfconfPicture.h"
+#include "platform/x11/RootPixmapPicture.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QHash>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QHash<QString, DesktopPictureKind> desktops{
+    {u"gnome"_s, DesktopPictureKind::gnome},
+    {u"gnome-classic"_s, DesktopPictureKind::gnome},
+    {u"gnome-flashback"_s, DesktopPictureKind::gnome},
+    {u"unity"_s, DesktopPictureKind::gnome},
+    {u"budgie"_s, DesktopPictureKind::gnome},
+    {u"pantheon"_s, DesktopPictureKind::gnome},
+    {u"x-cinnamon"_s, DesktopPictureKind::cinnamon},
+    {u"cinnamon"_s, DesktopPictureKind::cinnamon},
+    {u"mate"_s, DesktopPictureKind::mate},
+    {u"xfce"_s, DesktopPictureKind::xfce},
+    {u"kde"_s, DesktopPictureKind::plasma},
+    {u"lxde"_s, DesktopPictureKind::lxde},
+    {u"lxqt"_s, DesktopPictureKind::lxqt},
+};
+
+} // namespace
+
+DesktopSession DesktopSession::current()
+{
+    const QString socket = qEnvironmentVariable("SWAYSOCK");
+    const bool hasX11 = qGuiApp && qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return {
+        .desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
+        // The variable may outlive its Sway.
+        .swaySocket = QFileInfo::exists(socket) ? socket : QString(),
+        // An X server below Wayland has a root window that nobody sees.
+        .isX11 = hasX11 && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"),
+    };
+}
+
+DesktopPictureKind desktopPictureKind(const DesktopSession& session)
+{
+    if (!session.swaySocket.isEmpty())
+        return DesktopPictureKind::sway;
+    for (const QString& name : session.desktop.split(u':')) {
+        const auto known = desktops.find(name.trimmed().toLower());
+        if (known != desktops.end())
+            return *known;
+    }
+    return session.isX11 ? DesktopPictureKind::rootPixmap : DesktopPictureKind::none;
+}
+
+std::unique_ptr<DesktopPicture> chooseDesktopPicture(const DesktopSession& session, const QString& folder)
+{
+    switch (desktopPictureKind(session)) {
+    case DesktopPictureKind::gnome: return std::make_unique<GSettingsPicture>(GSettingsPicture::Family::gnome);
+    case DesktopPictureKind::cinnamon: return std::make_unique<GSettingsPicture>(GSettingsPicture::Family::cinnamon);
+    case DesktopPictureKind::mate: return std::make_unique<GSettingsPicture>(GSettingsPicture::Family::mate);
+    case DesktopPictureKind::xfce: return std::make_unique<XfconfPicture>();
+    case DesktopPictureKind::plasma: return std::make_unique<PlasmaPicture>();
+    case DesktopPictureKind::sway:
+        return std::make_unique<SwayPicture>(folder + u"/desktop-picture.json"_s, session.swaySocket);
+    case DesktopPictureKind::lxde: return std::make_unique<PcmanfmPicture>(PcmanfmPicture::Family::lxde);
+    case DesktopPictureKind::lxqt: return std::make_unique<PcmanfmPicture>(PcmanfmPicture::Family::lxqt);
+    case DesktopPictureKind::rootPixmap: return std::make_unique<RootPixmapPicture>();
+    case DesktopPictureKind::none: break;
+    }
+    return std::make_unique<HeadlessDesktopPicture>();
+}
+
+} // namespace ambrelle

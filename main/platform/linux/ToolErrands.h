@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/Errands.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <atomic>
+#include <chrono>
+
+namespace ambrelle {
+
+struct ToolAnswer {
+    QByteArray output;
+    QString error; ///< one sentence; empty when the tool ended well
+
+    bool failed() const { return !error.isEmpty(); }
+};
+
+/// Errands that run the command line tools of a desktop, without a shell. As with Errands, make it the owner's last
+/// member: a tool that still runs when the owner goes is stopped.
+class ToolErrands {
+public:
+    static constexpr std::chrono::milliseconds usualPatience{5000};
+
+    /// A tool that takes longer than `patience` is stopped and counts as failed.
+    ToolErrands(QObject& owner, std::chrono::milliseconds patience);
+    ~ToolErrands();
+
+    /// Why the tool cannot be run, as a sentence; empty when it is installed.
+    static QString whyMissing(const QString& program);
+
+    template <typename Work, typename Done> void run(Work work, Done done)
+    {
+        m_errands.run(std::move(work), std::move(done));
+    }
+    /// Runs a tool to its end; only as part of the work. Its language is English and its encoding UTF-8.
+    ToolAnswer call(const QString& program, const QStringList& arguments) const;
+
+private:
+    std::chrono::milliseconds m_patience;
+    std::atomic<bool> m_leaving = false;
+    Errands m_errands;
+};
+
+} // namespace ambrelle
