@@ -55,7 +55,7 @@ Reading ReadingFeed::readingFor(const WidgetConfig& config, bool seconds) const
     case focus: return idleFocusReading(settings.focusMinutes());
     case reminders: return RemindersReading{.notice = notYet(reminders, tr("No reminders yet"))};
     case countdown: return countdownReading(config, now, m_locale);
-    case sky: return skyReading(now);
+    case sky: return skyReading(now, std::nullopt, m_locale);
     case activity: return ActivityReading{.notice = notYet(activity, tr("Nothing measured yet"))};
     case quote: return QuoteReading{.notice = notYet(quote, tr("No quote yet"))};
     case devices: return DevicesReading{.notice = notYet(devices, tr("No devices yet"))};

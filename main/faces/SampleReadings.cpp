@@ -133,7 +133,7 @@ WidgetConfig sampleCountdown(const QDateTime& now)
 
 SkyReading sampleSky(const QDateTime& now)
 {
-    SkyReading reading = skyReading(now);
+    SkyReading reading = skyReading(now, std::nullopt, {});
     reading.sunrise = u"7:35"_s;
     reading.sunset = u"18:58"_s;
     reading.sun = 0.18;

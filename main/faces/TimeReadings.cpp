@@ -39,6 +39,22 @@ QString offsetText(int seconds)
     return (seconds > 0 ? tr("%1 ahead") : tr("%1 behind")).arg(span);
 }
 
+void addSun(
+    SkyReading& reading, const QDateTime& sunrise, const QDateTime& sunset, const QDateTime& now, const QLocale& locale)
+{
+    constexpr double steps = 200; // half points of the arc: finer ones would only repaint
+    constexpr qint64 day = 86400;
+    const qint64 daylight = sunrise.secsTo(sunset);
+    if (daylight <= 0)
+        return; // the sun does not rise, or does not set
+    reading.sunrise = Units::time(sunrise, locale);
+    reading.sunset = Units::time(sunset, locale);
+    // Also the times of a day gone by do: from one day to the next they move by minutes.
+    const qint64 risen = ((sunrise.secsTo(now) % day) + day) % day;
+    if (risen <= daylight)
+        reading.sun = std::round(static_cast<double>(risen) / static_cast<double>(daylight) * steps) / steps;
+}
+
 } // namespace
 
 ClockReading clockReading(const WidgetConfig& config, const QDateTime& now, const QLocale& locale, bool seconds)
@@ -115,7 +131,7 @@ CountdownReading countdownReading(const WidgetConfig& config, const QDateTime& n
     return reading;
 }
 
-SkyReading skyReading(const QDateTime& now)
+SkyReading skyReading(const QDateTime& now, const std::optional<WeatherSnapshot>& weather, const QLocale& locale)
 {
     SkyReading reading;
     reading.phase = MoonPhase::name(now);
@@ -126,6 +142,8 @@ SkyReading skyReading(const QDateTime& now)
     const auto days = static_cast<int>(std::lround(next.days));
     const QString when = days == 0 ? tr("today") : days == 1 ? tr("in 1 day") : tr("in %1 days").arg(days);
     reading.next = next.name + u' ' + when;
+    if (weather && weather->sunrise && weather->sunset)
+        addSun(reading, *weather->sunrise, *weather->sunset, now, locale);
     return reading;
 }
 

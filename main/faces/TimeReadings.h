@@ -2,6 +2,7 @@
 
 #include "faces/Readings.h"
 #include "model/WidgetConfig.h"
+#include "services/WeatherSnapshot.h"
 
 #include <QLocale>
 
@@ -13,8 +14,8 @@ namespace ambrelle {
 ClockReading clockReading(const WidgetConfig& config, const QDateTime& now, const QLocale& locale, bool seconds);
 CalendarReading calendarReading(QDate today, const QLocale& locale);
 CountdownReading countdownReading(const WidgetConfig& config, const QDateTime& now, const QLocale& locale);
-/// The moon; the sun is for the weather to tell.
-SkyReading skyReading(const QDateTime& now);
+/// The moon, and the sun as the weather tells it: its times on the clock of the place, and how far it has come.
+SkyReading skyReading(const QDateTime& now, const std::optional<WeatherSnapshot>& weather, const QLocale& locale);
 /// A focus timer that nobody started.
 FocusReading idleFocusReading(int minutes);
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace ambrelle {
+
+/// The big city that a position (degrees, north and east positive) lies in or close to: the nearest of several hundred,
+/// at most forty kilometres away. Nothing elsewhere.
+std::optional<QString> nearestCity(double latitude, double longitude);
+
+} // namespace ambrelle

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "foundation/Clock.h"
+#include "services/WeatherSnapshot.h"
+
+#include <QObject>
+#include <QUrl>
+
+namespace ambrelle {
+
+class AppSettings;
+class HttpClient;
+class LocationSource;
+struct HttpAnswer;
+struct Location;
+
+/// The weather now and for a week ahead, in the city the user chose or where the machine is. Main thread only.
+class WeatherService : public QObject {
+    Q_OBJECT
+public:
+    /// Where the endpoints live; their paths are added to these addresses.
+    struct Bases {
+        QUrl forecast{QStringLiteral("https://api.open-meteo.com")};
+        QUrl geocoding{QStringLiteral("https://geocoding-api.open-meteo.com")};
+    };
+
+    WeatherService(
+        HttpClient& network, LocationSource& location, const AppSettings& settings, Clock& clock, Bases bases);
+
+    /// The application's service; setShared() comes first.
+    static WeatherService& shared();
+    static void setShared(WeatherService* service);
+
+    /// Begins to fetch, at once and every twenty minutes. Later calls do nothing.
+    void start();
+    /// Fetches again, for the last place or from finding the place on. Nothing before start(). The service itself calls
+    /// it when the user changes the unit or the city.
+    void refresh(bool reusingPlace);
+    /// A fixed sample in place of real weather, for pictures.
+    void loadPreviewData();
+
+    /// None until the first fetch that succeeded; kept when later ones fail.
+    const std::optional<WeatherSnapshot>& snapshot() const { return m_snapshot; }
+    /// One sentence to show while there is no snapshot.
+    const QString& status() const { return m_status; }
+
+Q_SIGNALS:
+    void changed(); ///< snapshot() or status() is another one
+
+private:
+    struct Place {
+        double latitude = 0;
+        double longitude = 0;
+        QString name;
+    };
+
+    QString city() const; ///< the user's choice; empty: none
+    void settingChanged(const QString& key);
+    void findPlace();
+    void requestLocation();
+    void authorizationChanged();
+    void located(const Location& location);
+    void locationFailed();
+    void loadCity(const QString& city);
+    void cityAnswered(const QString& city, const HttpAnswer& answer);
+    void fetch(const Place& place);
+    void forecastAnswered(const QString& place, const HttpAnswer& answer);
+    void setSnapshot(const WeatherSnapshot& snapshot);
+    void setStatus(const QString& status);
+    void reportUnavailable(const QString& why); ///< in the status, while there is no snapshot
+
+    HttpClient& m_network;
+    LocationSource& m_location;
+    const AppSettings& m_settings;
+    Clock& m_clock;
+    Bases m_bases;
+    std::optional<WeatherSnapshot> m_snapshot;
+    QString m_status;
+    bool m_started = false;
+    std::optional<Place> m_lastPlace; // of the last fetch
+    Ticket m_timer;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,384 @@
+#include "services/WeatherService.h"
+
+#include "foundation/ManualClock.h"
+#include "foundation/UserDefaults.h"
+#include "model/AppSettings.h"
+#include "platform/recording/RecordingHttpClient.h"
+#include "platform/recording/RecordingLocation.h"
+#include "services/WeatherAnswers.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using ::testing::ElementsAre;
+using enum LocationAuthorization;
+
+namespace {
+
+/// A whole answer of the forecast endpoint; tests change members of it.
+QJsonObject forecastObject()
+{
+    return {{u"latitude"_s, 40.71}, {u"utc_offset_seconds"_s, -14400},
+        {u"current"_s,
+            QJsonObject{{u"time"_s, u"2025-06-02T06:00"_s}, {u"temperature_2m"_s, 17.4},
+                {u"apparent_temperature"_s, 16}, {u"weather_code"_s, 2}, {u"is_day"_s, 1}}},
+        {u"daily"_s,
+            QJsonObject{{u"time"_s, QJsonArray{u"2025-06-02"_s, u"2025-06-03"_s, u"2025-06-04"_s}},
+                {u"weather_code"_s, QJsonArray{2, 61, 0}}, {u"temperature_2m_max"_s, QJsonArray{19.5, 17, 22}},
+                {u"temperature_2m_min"_s, QJsonArray{10.5, 8, -1.5}},
+                {u"sunrise"_s, QJsonArray{u"2025-06-02T05:27"_s, u"2025-06-03T05:26"_s}},
+                {u"sunset"_s, QJsonArray{u"2025-06-02T20:21"_s}}}}};
+}
+
+QByteArray bytes(const QJsonObject& object)
+{
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+/// The forecast with one member of `section` (empty: of the whole) set to another value; undefined removes it.
+QByteArray forecastWith(const QString& section, const QString& key, const QJsonValue& value)
+{
+    QJsonObject root = forecastObject();
+    QJsonObject inner = section.isEmpty() ? root : root.value(section).toObject();
+    inner.insert(key, value);
+    if (!section.isEmpty())
+        root.insert(section, inner);
+    return bytes(section.isEmpty() ? inner : root);
+}
+
+QDateTime utc(int day, int hour, int minute)
+{
+    return {QDate(2025, 6, day), QTime(hour, minute), Qt::UTC};
+}
+
+WeatherDay dayAt(int day, int code, double high, double low)
+{
+    return {QDate(2025, 6, day).startOfDay(), code, high, low};
+}
+
+const HttpAnswer noNetwork{{}, u"The server was not found."_s};
+
+} // namespace
+
+class WeatherServiceTest : public ::testing::Test {
+protected:
+    WeatherServiceTest() { settings.useFahrenheit.set(false); }
+
+    void answer(const QByteArray& body) { network.answer({body, {}}); }
+    void answerForecast() { answer(bytes(forecastObject())); }
+    std::string status() const { return service.status().toStdString(); }
+
+    ManualClock clock;
+    UserDefaults defaults = UserDefaults::temporary();
+    AppSettings settings{defaults};
+    RecordingHttpClient network;
+    RecordingLocation location;
+    WeatherService service{network, location, settings, clock, {}};
+};
+
+TEST(WeatherAnswersTest, DecodesAForecastWhole)
+{
+    const auto forecast = WeatherAnswers::forecast(bytes(forecastObject()), u"New York"_s);
+    const WeatherSnapshot expected{.place = u"New York"_s,
+        .temperature = 17.4,
+        .apparent = 16,
+        .code = 2,
+        .isDay = true,
+        .days = {dayAt(2, 2, 19.5, 10.5), dayAt(3, 61, 17, 8), dayAt(4, 0, 22, -1.5)},
+        .sunrise = utc(2, 9, 27),
+        .sunset = utc(3, 0, 21)};
+    ASSERT_TRUE(forecast);
+    EXPECT_EQ(*forecast, expected);
+    EXPECT_EQ(forecast->sunrise->time(), QTime(5, 27)) << "on the clock of the place";
+}
+
+TEST(WeatherAnswersTest, ForgivesWhatMayBeMissing)
+{
+    struct Case {
+        const char* what;
+        QByteArray body;
+        QList<int> days;
+        std::optional<QDateTime> sunrise;
+    };
+    const QJsonValue undefined = QJsonValue::Undefined;
+    const auto early = utc(2, 9, 27);
+    const Case cases[] = {
+        {"no offset: the clock of UTC", forecastWith({}, u"utc_offset_seconds"_s, undefined), {2, 3, 4}, utc(2, 5, 27)},
+        {"no sunrise", forecastWith(u"daily"_s, u"sunrise"_s, undefined), {2, 3, 4}, {}},
+        {"an empty list of sunrises", forecastWith(u"daily"_s, u"sunrise"_s, QJsonArray()), {2, 3, 4}, {}},
+        {"a sunrise of another form", forecastWith(u"daily"_s, u"sunrise"_s, QJsonArray{u"05:27"_s}), {2, 3, 4}, {}},
+        {"fewer codes", forecastWith(u"daily"_s, u"weather_code"_s, QJsonArray{2, 61}), {2, 3}, early},
+        {"no highs", forecastWith(u"daily"_s, u"temperature_2m_max"_s, QJsonArray()), {}, early},
+        {"a low that is not known", forecastWith(u"daily"_s, u"temperature_2m_min"_s, QJsonArray{1, QJsonValue(), 3}),
+            {2, 4}, early},
+        {"dates that are none",
+            forecastWith(u"daily"_s, u"time"_s, QJsonArray{u"2025-02-30"_s, u"3 June"_s, u"2025-06-04"_s}), {4}, early},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.what);
+        const auto forecast = WeatherAnswers::forecast(each.body, {});
+        ASSERT_TRUE(forecast);
+        QList<int> days;
+        for (const WeatherDay& day : forecast->days)
+            days.append(day.date.date().day());
+        EXPECT_EQ(days, each.days);
+        EXPECT_EQ(forecast->sunrise, each.sunrise);
+    }
+}
+
+TEST(WeatherAnswersTest, RefusesOtherTypes)
+{
+    const QJsonValue text = u"17"_s;
+    const QJsonValue undefined = QJsonValue::Undefined;
+    const QByteArray bodies[] = {"", "null", "[]", "{}", "<html>", bytes(forecastObject()).chopped(1),
+        forecastWith({}, u"current"_s, undefined), forecastWith({}, u"daily"_s, QJsonArray()),
+        forecastWith({}, u"utc_offset_seconds"_s, 0.5), forecastWith({}, u"utc_offset_seconds"_s, text),
+        forecastWith(u"current"_s, u"temperature_2m"_s, text),
+        forecastWith(u"current"_s, u"temperature_2m"_s, QJsonValue::Null),
+        forecastWith(u"current"_s, u"apparent_temperature"_s, undefined),
+        forecastWith(u"current"_s, u"weather_code"_s, 2.5), forecastWith(u"current"_s, u"is_day"_s, true),
+        forecastWith(u"daily"_s, u"time"_s, u"2025-06-02"_s), forecastWith(u"daily"_s, u"time"_s, QJsonArray{7}),
+        forecastWith(u"daily"_s, u"weather_code"_s, undefined),
+        forecastWith(u"daily"_s, u"weather_code"_s, QJsonArray{2, 3, 4, text}),
+        forecastWith(u"daily"_s, u"temperature_2m_max"_s, QJsonArray{text}),
+        forecastWith(u"daily"_s, u"temperature_2m_min"_s, QJsonObject()),
+        forecastWith(u"daily"_s, u"sunset"_s, QJsonArray{1}), forecastWith(u"daily"_s, u"sunrise"_s, text)};
+    for (const QByteArray& body : bodies)
+        EXPECT_FALSE(WeatherAnswers::forecast(body, {})) << body.toStdString();
+    for (const char* body : {"", "[]", R"({"results": 1})", R"({"results": [1]})", R"({"results": [{"name": "A"}]})",
+             R"({"results": [{"name": 1, "latitude": 1, "longitude": 1}]})"})
+        EXPECT_FALSE(WeatherAnswers::places(body)) << body;
+}
+
+TEST(WeatherAnswersTest, NoNumberIsTooLarge)
+{
+    const int most = std::numeric_limits<int>::max();
+    QJsonArray dates;
+    QJsonArray numbers;
+    for (int i = 0; i < 10'000; ++i) {
+        dates.append(u"2025-06-02"_s);
+        numbers.append(1);
+    }
+    const auto offset = WeatherAnswers::forecast(forecastWith({}, u"utc_offset_seconds"_s, most), {});
+    ASSERT_TRUE(offset);
+    EXPECT_EQ(offset->sunrise, utc(2, 5, 27).addSecs(-qint64{most}));
+    QJsonObject root = forecastObject();
+    root.insert(u"daily"_s,
+        QJsonObject{{u"time"_s, dates}, {u"weather_code"_s, numbers}, {u"temperature_2m_max"_s, numbers},
+            {u"temperature_2m_min"_s, numbers}});
+    const auto many = WeatherAnswers::forecast(bytes(root), {});
+    ASSERT_TRUE(many);
+    EXPECT_LE(many->days.size(), 16) << "no forecast is longer";
+}
+
+TEST_F(WeatherServiceTest, AsksForTheCityAndThenForItsWeather)
+{
+    settings.weatherCity.set(u" São Paulo & Co\n"_s);
+    EXPECT_EQ(status(), "Finding your location…");
+    EXPECT_TRUE(network.addresses.isEmpty()) << "nothing before the start";
+    service.start();
+    EXPECT_EQ(status(), "Looking up São Paulo & Co…");
+    answer(R"({"results": [{"name": "São Paulo", "latitude": 40.7128, "longitude": -74.0060, "id": 7}]})");
+    answerForecast();
+    EXPECT_THAT(network.addresses,
+        ElementsAre(u"https://geocoding-api.open-meteo.com/v1/search"
+                    "?name=S%C3%A3o%20Paulo%20%26%20Co&count=1&format=json"_s,
+            u"https://api.open-meteo.com/v1/forecast?latitude=40.71&longitude=-74.01"
+            "&current=temperature_2m,apparent_temperature,weather_code,is_day"
+            "&daily=weather_code,temperature_2m_max,temperature_2m_min,sunrise,sunset"
+            "&timezone=auto&forecast_days=7&temperature_unit=celsius"_s));
+    EXPECT_THAT(network.bounds, ElementsAre(1'048'576, 1'048'576));
+    ASSERT_TRUE(service.snapshot());
+    EXPECT_EQ(service.snapshot()->place, u"São Paulo"_s);
+    EXPECT_EQ(location.requests, 0);
+}
+
+TEST_F(WeatherServiceTest, BasesMayHaveAPath)
+{
+    WeatherService proxied(
+        network, location, settings, clock, {QUrl(u"http://[::1]:80/f/"_s), QUrl(u"https://proxy.example/geo"_s)});
+    settings.weatherCity.set(u"100%+1"_s);
+    proxied.start();
+    EXPECT_EQ(network.addresses.last(), u"https://proxy.example/geo/v1/search?name=100%25%2B1&count=1&format=json"_s);
+    answer(R"({"results": [{"name": "", "latitude": 0, "longitude": 0}]})");
+    EXPECT_TRUE(network.addresses.last().startsWith("http://[::1]:80/f/v1/forecast?latitude=0.00&"_L1));
+}
+
+TEST_F(WeatherServiceTest, AsksForPermissionAndThenForALocation)
+{
+    settings.weatherCity.set(u" \n"_s); // counts as none
+    service.start();
+    EXPECT_EQ(status(), "Waiting for location permission…");
+    EXPECT_EQ(location.requests, 1);
+    location.setAuthorization(authorized);
+    EXPECT_EQ(status(), "Finding your location…");
+    EXPECT_EQ(location.requests, 2);
+
+    Q_EMIT location.failed();
+    EXPECT_EQ(status(), "Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…");
+    Q_EMIT location.located({60.3929, 5.3241, {}});
+    EXPECT_THAT(network.addresses.last().toStdString(), ::testing::HasSubstr("?latitude=60.39&longitude=5.32&"));
+    answerForecast();
+    EXPECT_EQ(service.snapshot()->place, u"Bergen"_s);
+
+    for (const auto& [where, name] : {std::pair(Location{60.39, 5.32, u"Nordnes"_s}, "Nordnes"),
+             std::pair(Location{0, 0, {}}, "Current Location")}) {
+        Q_EMIT location.located(where);
+        answerForecast();
+        EXPECT_EQ(service.snapshot()->place.toStdString(), name);
+    }
+}
+
+TEST_F(WeatherServiceTest, SaysWhenLocationIsOff)
+{
+    for (const auto refusal : {denied, restricted}) {
+        RecordingLocation forbidden;
+        forbidden.setAuthorization(refusal);
+        WeatherService refused(network, forbidden, settings, clock, {});
+        refused.start();
+        EXPECT_EQ(refused.status(), u"Location access is off. Pick a city from the menu bar: Weather ▸ Set City…"_s);
+        EXPECT_EQ(forbidden.requests, 0);
+        forbidden.setAuthorization(authorized);
+        EXPECT_EQ(forbidden.requests, 1);
+    }
+}
+
+TEST_F(WeatherServiceTest, AChosenCityWinsOverTheLocation)
+{
+    service.start();
+    settings.weatherCity.set(u"Oslo"_s);
+    EXPECT_EQ(status(), "Looking up Oslo…");
+    location.setAuthorization(denied);
+    Q_EMIT location.failed();
+    Q_EMIT location.located({1, 2, {}});
+    EXPECT_EQ(status(), "Looking up Oslo…");
+    EXPECT_EQ(network.addresses.size(), 1);
+    settings.weatherCity.set({});
+    EXPECT_EQ(status(), "Location access is off. Pick a city from the menu bar: Weather ▸ Set City…");
+}
+
+TEST_F(WeatherServiceTest, TellsWhyThereIsNoWeather)
+{
+    settings.weatherCity.set(u"Xyzzy"_s);
+    service.start();
+    const std::pair<HttpAnswer, const char*> cases[] = {
+        {noNetwork, "Weather unavailable: The server was not found."},
+        {{"[]", {}}, "Weather unavailable: The answer cannot be read."},
+        {{"{\"generationtime_ms\": 0.5}", {}}, "Weather unavailable: There is no place “Xyzzy”. Try another name."},
+        {{"{\"results\": []}", {}}, "Couldn't find “Xyzzy”. Try another name from the menu bar."},
+    };
+    for (const auto& [answered, sentence] : cases) {
+        network.answer(answered);
+        EXPECT_EQ(status(), sentence);
+        service.refresh(true); // no place yet: the city is looked up again
+        EXPECT_EQ(status(), "Looking up Xyzzy…");
+    }
+    answer(R"({"results": [{"name": "Xyzzy", "latitude": 1, "longitude": 2}]})");
+    network.answer(noNetwork);
+    EXPECT_EQ(status(), "Weather unavailable: The server was not found.");
+    EXPECT_FALSE(service.snapshot());
+    service.refresh(true);
+    answer("{}");
+    EXPECT_EQ(status(), "Weather unavailable: The answer cannot be read.");
+}
+
+TEST_F(WeatherServiceTest, KeepsTheLastWeatherWhenFetchingFails)
+{
+    settings.weatherCity.set(u"Oslo"_s);
+    service.start();
+    const QByteArray oslo = R"({"results": [{"name": "Oslo", "latitude": 59.91, "longitude": 10.75}]})";
+    answer(oslo);
+    answerForecast();
+    const auto snapshot = service.snapshot();
+    const auto expectKept = [&] {
+        EXPECT_EQ(service.snapshot(), snapshot);
+        EXPECT_EQ(status(), "Looking up Oslo…");
+    };
+    clock.advance(20min);
+    network.answer(noNetwork);
+    expectKept();
+    clock.advance(20min);
+    answer(oslo);
+    answer("?");
+    expectKept();
+    clock.advance(20min);
+    answer(R"({"results": []})");
+    EXPECT_EQ(service.snapshot(), snapshot);
+    EXPECT_EQ(status(), "Couldn't find “Oslo”. Try another name from the menu bar.");
+}
+
+TEST_F(WeatherServiceTest, TheUnitNeedsNoNewPlaceButEveryTwentyMinutesDo)
+{
+    settings.weatherCity.set(u"Oslo"_s);
+    service.start();
+    service.start();
+    answer(R"({"results": [{"name": "Oslo", "latitude": 59.91, "longitude": 10.75}]})");
+    answerForecast();
+    settings.useFahrenheit.set(true);
+    settings.locked.set(true); // nothing to do with weather
+    ASSERT_EQ(network.addresses.size(), 3);
+    EXPECT_TRUE(network.addresses.last().contains("/v1/forecast"_L1));
+    EXPECT_TRUE(network.addresses.last().endsWith("&temperature_unit=fahrenheit"_L1));
+
+    clock.advance(19min + 59s);
+    EXPECT_EQ(network.addresses.size(), 3);
+    clock.advance(1s);
+    ASSERT_EQ(network.addresses.size(), 4);
+    EXPECT_TRUE(network.addresses.last().contains("/v1/search"_L1));
+    settings.weatherCity.set({});
+    clock.advance(20min);
+    EXPECT_EQ(location.requests, 2);
+}
+
+TEST_F(WeatherServiceTest, WhateverArrivesLastIsShown)
+{
+    location.setAuthorization(authorized);
+    service.start();
+    Q_EMIT location.located({1, 1, u"First"_s});
+    Q_EMIT location.located({2, 2, u"Second"_s});
+    network.answer({bytes(forecastObject()), {}}, 1);
+    EXPECT_EQ(service.snapshot()->place, u"Second"_s);
+    answerForecast();
+    EXPECT_EQ(service.snapshot()->place, u"First"_s);
+}
+
+TEST_F(WeatherServiceTest, TellsOnlyWhatIsNew)
+{
+    int changes = 0;
+    QObject::connect(&service, &WeatherService::changed, [&changes] { ++changes; });
+    location.setAuthorization(authorized);
+    service.start();
+    EXPECT_EQ(changes, 0) << "the first status is the one it begins with";
+    for (int i = 0; i < 2; ++i) {
+        Q_EMIT location.located({1, 1, u"Here"_s});
+        answerForecast();
+        EXPECT_EQ(changes, 1);
+    }
+}
+
+TEST_F(WeatherServiceTest, ShowsASampleWithoutBeingStarted)
+{
+    service.loadPreviewData();
+    const auto& sample = service.snapshot();
+    ASSERT_TRUE(sample);
+    EXPECT_EQ(sample->place, u"New York"_s);
+    EXPECT_TRUE(sample->isDay);
+    EXPECT_EQ(sample->sunrise, utc(2, 7, 35));
+    EXPECT_EQ(sample->sunset, utc(2, 18, 58));
+    ASSERT_EQ(sample->days.size(), 7);
+    EXPECT_EQ(sample->days.last().date, utc(8, 0, 0));
+    for (const WeatherDay& day : sample->days)
+        EXPECT_EQ(day.low, day.high - 9);
+    EXPECT_TRUE(network.addresses.isEmpty());
+}
+
+} // namespace ambrelle
