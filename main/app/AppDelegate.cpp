@@ -11,6 +11,8 @@
 #include "platform/x11/X11WindowHost.h"
 #include "skins/WallpaperRecipes.h"
 
+#include <QDir>
+
 namespace ambrelle {
 
 namespace {
@@ -21,6 +23,12 @@ std::unique_ptr<WindowHost> makeHost()
     if (host->isAvailable())
         return host;
     return std::make_unique<HeadlessWindowHost>(); // the toolkit was told to run without a display
+}
+
+QString madeFolder(const QString& path)
+{
+    QDir().mkpath(path);
+    return path;
 }
 
 Wallpaper makeWallpaper()
@@ -36,7 +44,7 @@ AppDelegate::AppDelegate()
     , m_feed({m_monitor, AppSettings::shared()}, m_clock)
     , m_manager(
           {*m_host, UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared(), m_monitor, m_feed, m_clock})
-    , m_desktopPicture(chooseDesktopPicture())
+    , m_desktopPicture(chooseDesktopPicture(DesktopSession::current(), madeFolder(UserFolders::wallpapers())))
     , m_wallpaper(makeWallpaper(), *m_host, *m_desktopPicture, UserDefaults::shared(),
           {UserFolders::wallpapers(), dataFile(QStringLiteral("Wallpapers/Extras"))})
     , m_thumbnails(makeWallpaper(), ImageDiskCache(UserFolders::previews(), Information::read().build))
