@@ -10,6 +10,8 @@
 #include <QStandardPaths>
 #include <QThread>
 
+#include <algorithm>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -139,7 +141,7 @@ bool PcmanfmPicture::isKept(const QString& file) const
 {
     constexpr std::chrono::milliseconds longest{1000};
     constexpr unsigned long pause = 20; // milliseconds
-    const QDeadlineTimer deadline(longest);
+    const QDeadlineTimer deadline(std::min(longest, m_tools.patience()));
     while (setting().value_or(Setting()).file != file) {
         if (deadline.hasExpired())
             return false;

@@ -31,6 +31,7 @@ public:
     /// Why the tool cannot be run, as a sentence; empty when it is installed.
     static QString whyMissing(const QString& program);
 
+    std::chrono::milliseconds patience() const { return m_patience; }
     template <typename Work, typename Done> void run(Work work, Done done)
     {
         m_errands.run(std::move(work), std::move(done));

@@ -110,6 +110,11 @@ void Onlooker::dropRootPicture()
     xcb_flush(m_connection);
 }
 
+bool Onlooker::hasPixmap(xcb_pixmap_t pixmap) const
+{
+    return Reply(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, pixmap), nullptr)) != nullptr;
+}
+
 void Onlooker::showDesktop(bool on)
 {
     tellManager(m_screen->root, "_NET_SHOWING_DESKTOP", on ? 1 : 0);

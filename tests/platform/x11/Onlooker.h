@@ -32,6 +32,7 @@ public:
     void closeWindow(xcb_window_t window);
     void setRootPicture(const QImage& picture); ///< as a wallpaper program does
     void dropRootPicture();
+    bool hasPixmap(xcb_pixmap_t pixmap) const; ///< the server still keeps it
     void showDesktop(bool on);
 
     QRgb pixel(const QPoint& place) const;
