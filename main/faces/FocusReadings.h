@@ -1,0 +1,11 @@
+#pragma once
+
+#include "faces/Readings.h"
+
+namespace ambrelle {
+
+class FocusTimer;
+
+FocusReading focusReading(const FocusTimer& timer, const QDateTime& now);
+
+} // namespace ambrelle

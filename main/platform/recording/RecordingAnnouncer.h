@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Announcer.h"
+
+#include <QStringList>
+
+namespace ambrelle {
+
+/// Writes down what would be shown and heard, in order: a notification as "title|body", a sound as "glass" or "hero".
+class RecordingAnnouncer final : public Announcer {
+public:
+    bool isAvailable() const override { return true; }
+    QString whyNot() const override { return {}; }
+    void notify(const QString& title, const QString& body) override { said.append(title + u'|' + body); }
+    void play(AnnouncedSound sound) override
+    {
+        said.append(sound == AnnouncedSound::glass ? QStringLiteral("glass") : QStringLiteral("hero"));
+    }
+
+    QStringList said;
+};
+
+} // namespace ambrelle

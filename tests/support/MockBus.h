@@ -1,0 +1,118 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace ambrelle {
+
+/// A message bus of the test's own, and stand-ins for system services on it that python3-dbusmock plays.
+class MockBus {
+public:
+    MockBus()
+    {
+        const auto daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+        if (daemon.isEmpty())
+            return;
+        m_daemon.start(
+            daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+        if (!m_daemon.waitForReadyRead(5000))
+            return;
+        m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
+        m_driver = QDBusConnection::connectToBus(m_address, QStringLiteral("driver"));
+    }
+    ~MockBus()
+    {
+        for (const char* name : {"driver", "client"})
+            QDBusConnection::disconnectFromBus(QLatin1String(name));
+        m_services.clear();
+        end(m_daemon);
+    }
+    MockBus(const MockBus&) = delete;
+    MockBus& operator=(const MockBus&) = delete;
+
+    bool isRunning() const { return m_driver.isConnected(); }
+
+    /// Connects the code under test.
+    std::function<QDBusConnection()> opener() const
+    {
+        return [this] { return QDBusConnection::connectToBus(m_address, QStringLiteral("client")); };
+    }
+
+    /// Starts the stand-in of that template and waits for its name on the bus. None when dbusmock is not installed.
+    QProcess* start(const QString& kind, const QString& name)
+    {
+        const auto python = QStringLiteral("/usr/bin/python3"); // for which Debian's package is
+        if (!QFileInfo::exists(python))
+            return nullptr;
+        auto process = std::unique_ptr<QProcess, void (*)(QProcess*)>(new QProcess, [](QProcess* each) {
+            end(*each);
+            delete each;
+        });
+        auto environment = QProcessEnvironment::systemEnvironment();
+        for (const char* variable : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
+            environment.insert(QLatin1String(variable), m_address);
+        environment.insert(QStringLiteral("PYTHONUNBUFFERED"), QStringLiteral("1"));
+        process->setProcessEnvironment(environment);
+        process->start(python, {QStringLiteral("-m"), QStringLiteral("dbusmock"), QStringLiteral("--template"), kind});
+        auto* running = process.get();
+        m_services.push_back(std::move(process));
+        const bool came = waitUntil([this, running, &name] {
+            return running->state() == QProcess::NotRunning || m_driver.interface()->isServiceRegistered(name);
+        });
+        return came && running->state() != QProcess::NotRunning ? running : nullptr;
+    }
+    void stop(QProcess* service)
+    {
+        std::erase_if(m_services, [service](const auto& each) { return each.get() == service; });
+    }
+
+    /// Calls a method of a stand-in and waits for it; false when it is refused.
+    bool call(const char* service, const QString& path, const char* interface, const char* method,
+        const QVariantList& arguments)
+    {
+        auto message = QDBusMessage::createMethodCall(
+            QLatin1String(service), path, QLatin1String(interface), QLatin1String(method));
+        message.setArguments(arguments);
+        return m_driver.call(message).type() == QDBusMessage::ReplyMessage;
+    }
+    bool setProperty(
+        const char* service, const QString& path, const char* interface, const char* name, const QVariant& value)
+    {
+        return call(service, path, "org.freedesktop.DBus.Properties", "Set",
+            {QLatin1String(interface), QLatin1String(name), QVariant::fromValue(QDBusVariant(value))});
+    }
+
+    /// Lets the event loop run until the condition holds, ten seconds at most.
+    static bool waitUntil(const std::function<bool()>& condition)
+    {
+        const QDeadlineTimer deadline(10'000);
+        while (!condition() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        return condition();
+    }
+
+private:
+    static void end(QProcess& process)
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    QProcess m_daemon;
+    QString m_address;
+    QDBusConnection m_driver{QString()};
+    std::vector<std::unique_ptr<QProcess, void (*)(QProcess*)>> m_services;
+};
+
+} // namespace ambrelle
