@@ -1,0 +1,11 @@
+#pragma once
+
+#include "faces/Readings.h"
+
+namespace ambrelle {
+
+class DevicesService;
+
+DevicesReading devicesReading(const DevicesService& service);
+
+} // namespace ambrelle
