@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+namespace ambrelle {
+
+enum class PlayerCommand { playPause, next, previous };
+
+/// A media player that runs.
+struct Player {
+    QString id; ///< tells it from all others
+    QString name; ///< what people call it
+
+    bool operator==(const Player&) const = default;
+};
+
+/// The media players that run now. Asking never starts one.
+class PlayerSource : public QObject {
+    Q_OBJECT
+public:
+    using Answered = std::function<void(const QString& answer)>;
+    using Delivered = std::function<void(const QByteArray& picture)>;
+
+    virtual bool isAvailable() const = 0;
+    virtual QString whyNot() const = 0; ///< one sentence, empty while available
+
+    /// Begins to look for players; before that there are none. Later calls do nothing.
+    virtual void start() = 0;
+    /// In the order in which they are to be asked.
+    virtual QList<Player> players() const = 0;
+
+    /// Whether changed() tells all but the passing of time; otherwise only asking again finds out.
+    virtual bool notifies() const = 0;
+    /// Whether the position moves on by one second a second while the player plays, so that it can be reckoned.
+    virtual bool keepsTime(const QString& player) const = 0;
+
+    /// Asks what the player plays. The answer has five or six lines: "playing" or another state, title, artist, length
+    /// and position in seconds, and, if there is one, the address of a picture. A player that plays nothing or does not
+    /// answer gives fewer. All answers come later on this thread, unless `context` is gone by then.
+    virtual void query(const QString& player, QObject* context, Answered answered) = 0;
+    /// Gets the picture of the player's track where the player itself hands it out: the bytes of a picture file, none
+    /// if there is none or it has more than `mostBytes`.
+    virtual void artwork(const QString& player, qint64 mostBytes, QObject* context, Delivered delivered) = 0;
+    /// Tells the player; nobody hears whether it obeys.
+    virtual void command(const QString& player, PlayerCommand command) = 0;
+
+Q_SIGNALS:
+    /// A player appeared, vanished, or plays something else or otherwise than before.
+    void changed();
+};
+
+} // namespace ambrelle
