@@ -290,6 +290,7 @@ struct ActivityReading {
     QString active; ///< "3 h 12 min"
     QString metres; ///< "148 m"; empty where the session tells no pointer
     QString clicks; ///< "1,204 clicks"; likewise
+    QString hint{}; ///< "Active time only"; in place of both
 
     bool operator==(const ActivityReading&) const = default;
 };

@@ -130,7 +130,9 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const ActivityReading&
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face);
     canvas.text(box.cutTop(26), reading.active, style.header().sized(std::max(style.titleSize, 18.0)));
-    if (!reading.metres.isEmpty() || !reading.clicks.isEmpty()) {
+    if (!reading.hint.isEmpty())
+        canvas.text(box.cutBottom(style.captionSize + 4), reading.hint, style.caption());
+    else if (!reading.metres.isEmpty() || !reading.clicks.isEmpty()) {
         Box footer = box.cutBottom(style.captionSize + 4);
         const double metres = canvas.text(footer, reading.metres, style.caption());
         footer.cutLeft(metres + 6);

@@ -111,6 +111,7 @@ void makeQuiet(ActivityReading& r)
     r.active = u"0 min"_s;
     r.metres.clear();
     r.clicks.clear();
+    r.hint = u"Active time only"_s;
 }
 void makeQuiet(QuoteReading& r)
 {

@@ -1,0 +1,64 @@
+#include "faces/ActivityReadings.h"
+
+#include "model/WidgetKind.h"
+#include "services/ActivityTracker.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Readings", text);
+}
+
+int wholeMinutes(double seconds)
+{
+    return static_cast<int>(seconds / 60);
+}
+
+QString duration(int minutes)
+{
+    if (minutes < 60)
+        return tr("%1 min").arg(minutes);
+    return tr("%1 h %2 min").arg(minutes / 60).arg(minutes % 60);
+}
+
+QString distance(double metres, const QLocale& locale)
+{
+    constexpr double kilometre = 1000;
+    const double whole = std::round(metres);
+    if (whole < kilometre)
+        return tr("%1 m").arg(locale.toString(whole, 'f', 0));
+    return tr("%1 km").arg(locale.toString(metres / kilometre, 'f', 2));
+}
+
+QString clicks(int count, const QLocale& locale)
+{
+    return count == 1 ? tr("1 click") : tr("%1 clicks").arg(locale.toString(count));
+}
+
+} // namespace
+
+ActivityReading activityReading(const ActivityTracker& tracker, const QDateTime& now, const QLocale& locale)
+{
+    if (!tracker.isAvailable())
+        return {.notice = {symbol(WidgetKind::activity), tracker.whyNot()}};
+    ActivityReading reading{.hour = now.time().hour(), .active = duration(wholeMinutes(tracker.activeSeconds()))};
+    for (const double seconds : tracker.hours())
+        reading.hours.append(std::min(1.0, wholeMinutes(seconds) / 60.0));
+    if (tracker.tellsPointer()) {
+        reading.metres = distance(tracker.metres(), locale);
+        reading.clicks = clicks(tracker.clicks(), locale);
+    } else {
+        reading.hint = tr("Active time only");
+    }
+    return reading;
+}
+
+} // namespace ambrelle

@@ -1,0 +1,14 @@
+#include "faces/QuoteReadings.h"
+
+#include "services/Quotes.h"
+
+namespace ambrelle {
+
+QuoteReading quoteReading(const WidgetConfig& config, QDate today)
+{
+    const Quote quote = Quotes::entry(config.quoteWords, today);
+    return {
+        .text = quote.text, .source = quote.source, .note = quote.note.value_or(QString()), .word = config.quoteWords};
+}
+
+} // namespace ambrelle
