@@ -2,7 +2,8 @@
 """Runs the whole program on the display of this test: session_test.py PROGRAM.
 
 A widget is dragged with a real pointer, the program is killed without warning and comes back with it in its new place;
-whatever lies in the store of settings, the program starts.
+the wallpaper of the first start stays on the root window, is recognised and cut anew for other screens; whatever lies in
+the store of settings, the program starts.
 """
 import json
 import os
@@ -36,8 +37,10 @@ class Session:
         self.store = self.home / "config/ambrelle/defaults.json"
         self.store.parent.mkdir(parents=True)
         self.env = dict(os.environ, HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / "config"),
+                        XDG_DATA_HOME=str(self.home / "data"), XDG_CACHE_HOME=str(self.home / "cache"),
                         XDG_RUNTIME_DIR=str(self.home))
-        self.env.pop("QT_QPA_PLATFORM", None)
+        for name in ("QT_QPA_PLATFORM", "XDG_CURRENT_DESKTOP", "SWAYSOCK"):
+            self.env.pop(name, None)
         self.process = None
 
     def start(self):
@@ -90,6 +93,43 @@ def drag_and_kill():
     return session
 
 
+def root_record():
+    """The pictures on the root window as the program noted them: file by screen."""
+    shown = subprocess.run(["xprop", "-root", "-notype", "8u", "_AMBRELLE_DESKTOP_PICTURE"], capture_output=True, text=True)
+    text = shown.stdout.partition(" = ")[2].strip()
+    return json.loads(json.loads(text))["files"] if text else {}
+
+
+def pixel(command, x, y):
+    done = subprocess.run([*command, "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"], capture_output=True, check=True)
+    return done.stdout
+
+
+def wallpaper(session):
+    width, height = map(int, subprocess.check_output(["xdotool", "getdisplaygeometry"]).split())
+    files = wait_for("wallpaper on the root window", root_record)
+    name = f"glass-r16-{width}x{height}.png"
+    assert [Path(file).name for file in files.values()] == [name], files
+    file = session.home / "data/ambrelle/Wallpapers" / name
+    for x, y in ((width // 2, height // 2), (width // 2, height - 20), (5, 5)):  # no widget stands there
+        shown, painted = pixel(["import", "-window", "root"], x, y), pixel(["convert", str(file)], x, y)
+        assert shown == painted, f"{x},{y}: the root shows {shown.hex()}, the wallpaper has {painted.hex()}"
+    session.start()
+    wait_for("widgets", session.panels)
+    half = width // 2
+    try:
+        for name, place in (("LEFT", f"{half}/300x{height}/200+0+0 screen"), ("RIGHT", f"{half}/300x{height}/200+{half}+0 none")):
+            subprocess.run(["xrandr", "--setmonitor", name, *place.split()], check=True)
+        wanted = {side: f"glass-r16-{half}x{height}.png" for side in ("LEFT", "RIGHT")}
+        wait_for("wallpaper cut for two screens",
+                 lambda: {side: Path(file).name for side, file in root_record().items()} == wanted)
+    finally:
+        for name in ("LEFT", "RIGHT"):
+            subprocess.run(["xrandr", "--delmonitor", name])
+    session.end(signal.SIGTERM)
+    assert session.process.returncode == 0, f"ended with {session.process.returncode}"
+
+
 def damaged_stores(session):
     good = session.store.read_bytes()
     dice = random.Random(7)
@@ -125,6 +165,7 @@ def second_start(session):
 
 
 subject = drag_and_kill()
+wallpaper(subject)
 damaged_stores(subject)
 second_start(subject)
 shutil.rmtree(subject.home)

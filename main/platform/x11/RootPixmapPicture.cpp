@@ -72,7 +72,11 @@ void RootPixmapPicture::read(const QString& connector, std::function<void(const 
 {
     const auto work = [connector] {
         const RootPixmap root;
-        return root.fault().isEmpty() ? root.record().value(connector) : QString();
+        if (!root.fault().isEmpty())
+            return QString();
+        // A screen that came later has no picture of its own, but those that were there before are still known.
+        const RootPixmap::Record record = root.record();
+        return record.value(connector, record.isEmpty() ? QString() : *record.begin());
     };
     m_errands.run(work, std::move(done));
 }
@@ -118,6 +122,7 @@ QString RootPixmapPicture::show(const QList<ScreenPicture>& pictures, const Area
     if (!root.fault().isEmpty())
         return root.fault();
     RootPixmap::Record record = root.record();
+    record.removeIf([&areas](const auto& entry) { return !areas.contains(entry.key()); }); // screens that have gone
     QImage whole = root.picture();
     if (whole.isNull()) {
         whole = QImage(root.size(), QImage::Format_RGB32);
