@@ -25,10 +25,15 @@ QString programOf(Family family)
     return family == Family::lxde ? u"pcmanfm"_s : u"pcmanfm-qt"_s;
 }
 
-/// The mode that fills the screen.
-QString fillMode(Family family)
+/// The mode that fills the screen, for a desktop that so far is in another.
+QString fillMode(Family family, const QString& modeSoFar)
 {
-    return family == Family::lxde ? u"crop"_s : u"zoom"_s;
+    if (family == Family::lxde)
+        return u"crop"_s;
+    // LXQt's has a mode that crops, but does not always take it when told; then a desktop without a picture would stay
+    // without.
+    const bool hasPicture = !modeSoFar.isEmpty() && modeSoFar != u"none"_s;
+    return hasPicture ? u"zoom"_s : u"stretch"_s;
 }
 
 /// The configuration that was written last, of whatever profile; empty when there is none.
@@ -76,7 +81,7 @@ void PcmanfmPicture::set(const QList<ScreenPicture>& pictures, Done done)
         if (file.isEmpty())
             return QString();
         const QString fault = PictureFile::fault(file);
-        return fault.isEmpty() ? apply({file, fillMode(m_family)}) : fault;
+        return fault.isEmpty() ? apply({file, fillMode(m_family, setting().value_or(Setting()).mode)}) : fault;
     };
     m_tools.run(work, std::move(done));
 }

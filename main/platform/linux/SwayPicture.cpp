@@ -17,11 +17,13 @@ namespace {
 
 const QString program = u"swaymsg"_s;
 
-/// Sway expands the path of a picture as a shell would, so only what a shell leaves alone may stand in it.
+/// Sway expands the path of a picture as a shell would and puts the words together again with one space between, so
+/// only what comes out of that unchanged may stand in it.
 bool isPlain(const QString& path)
 {
-    return std::ranges::all_of(
-        path, [](QChar letter) { return letter.isLetterOrNumber() || u"/._-+@%:="_s.contains(letter); });
+    return !path.contains(u"  "_s) && std::ranges::all_of(path, [](QChar letter) {
+        return letter.isLetterOrNumber() || u"/._-+@%:= "_s.contains(letter);
+    });
 }
 
 QJsonObject readObject(const QString& path)
@@ -94,7 +96,8 @@ QString SwayPicture::commandsFor(const QList<ScreenPicture>& pictures, QString& 
         if (error.isEmpty())
             error = PictureFile::fault(picture.file);
         if (error.isEmpty() && !isPlain(picture.file))
-            error = u"Sway cannot be told of “%1”: that path has spaces or signs in it."_s.arg(picture.file);
+            error =
+                u"Sway cannot be told of “%1”: that path has signs with a meaning of their own."_s.arg(picture.file);
         // An X server inside Sway may have a name of its own for the only screen.
         const bool isKnown = known.contains(picture.connector);
         if (error.isEmpty() && !isKnown && known.size() != 1)

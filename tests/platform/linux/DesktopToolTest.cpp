@@ -246,7 +246,7 @@ protected:
 TEST_F(SwayPictureTest, RemembersItsOwnPicturesForThisRun)
 {
     const QString first = addPicture(u"first.png"_s);
-    const QString second = addPicture(u"second.png"_s);
+    const QString second = addPicture(u"second ü.png"_s);
     SwayPicture desktop(path(u"record"_s), u"run 1"_s);
     EXPECT_EQ(read(desktop), QString());
     EXPECT_EQ(remember(desktop), QJsonObject());
@@ -308,7 +308,7 @@ TEST_F(PcmanfmPictureTest, ReadsTheConfigurationItWrites)
                  "--set-wallpaper=/usr/a b\\c.jpg|--wallpaper-mode=fit|"},
              Case{PcmanfmPicture::Family::lxqt, u"pcmanfm-qt"_s, u"config/pcmanfm-qt/lxqt/settings.conf"_s,
                  "[Desktop]\nBgColor=#000000\nWallpaper=\"/usr/\\xfc, b.jpg\"\nWallpaperMode=none\n",
-                 "Wallpaper=\"FILE\"", u"/usr/ü, b.jpg"_s, "--set-wallpaper=FILE|--wallpaper-mode=zoom|",
+                 "Wallpaper=\"FILE\"", u"/usr/ü, b.jpg"_s, "--set-wallpaper=FILE|--wallpaper-mode=stretch|",
                  "--set-wallpaper=/usr/ü, b.jpg|--wallpaper-mode=color|"},
          }) {
         // The line is prepared, since the test cannot be the file manager.
