@@ -1,0 +1,138 @@
+#pragma once
+
+#include "platform/linux/MprisPlayers.h"
+
+#include "foundation/SystemClock.h"
+#include "platform/recording/RecordingHttpClient.h"
+#include "services/NowPlayingService.h"
+
+#include <QCoreApplication>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QDeadlineTimer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+inline const auto playerFamily = u"org.mpris.MediaPlayer2"_s;
+inline const auto playerPath = u"/org/mpris/MediaPlayer2"_s;
+
+/// A player that says what the test wants.
+class FakePlayer final : public QDBusVirtualObject {
+public:
+    FakePlayer(const QString& address, const QString& name, const QString& identity)
+        : m_bus(QDBusConnection::connectToBus(address, name))
+        , m_identity(identity)
+    {
+        m_bus.registerVirtualObject(playerPath, this);
+        m_bus.registerService(playerFamily + u'.' + name);
+    }
+    ~FakePlayer() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
+
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
+    {
+        if (message.member() == "Get"_L1)
+            m_bus.send(message.createReply(QVariant::fromValue(QDBusVariant(m_identity))));
+        else if (message.member() == "GetAll"_L1)
+            answer(message);
+        else
+            commands.append(message.member());
+        return true;
+    }
+    /// Plays or pauses a song, and says so.
+    void play(const QString& title, bool plays = true)
+    {
+        state[u"PlaybackStatus"_s] = plays ? u"Playing"_s : u"Paused"_s;
+        state[u"Metadata"_s] = QVariantMap{{u"xesam:title"_s, title}};
+        tell(state);
+    }
+    void tell(const QVariantMap& properties)
+    {
+        auto signal =
+            QDBusMessage::createSignal(playerPath, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
+        signal.setArguments({playerFamily + u".Player"_s, properties, QStringList()});
+        m_bus.send(signal);
+    }
+
+    QVariantMap state;
+    bool hangs = false;
+    int asked = 0;
+    QStringList commands;
+
+private:
+    void answer(const QDBusMessage& message)
+    {
+        ++asked;
+        if (!hangs)
+            m_bus.send(message.createReply(QVariant(state)));
+    }
+
+    QDBusConnection m_bus;
+    QVariant m_identity;
+};
+
+/// A bus of the test's own, and the service that asks the players on it.
+class PlayerBusTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        const auto daemon = QStandardPaths::findExecutable(u"dbus-daemon"_s);
+        if (daemon.isEmpty())
+            GTEST_SKIP() << "dbus-daemon is not installed";
+        m_daemon.start(daemon, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        ASSERT_TRUE(m_daemon.waitForReadyRead(5000));
+        address = QString::fromLatin1(m_daemon.readLine().trimmed());
+    }
+    void TearDown() override
+    {
+        QDBusConnection::disconnectFromBus(u"client"_s);
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+    std::unique_ptr<FakePlayer> fake(const QString& name, const QString& identity) const
+    {
+        return std::make_unique<FakePlayer>(address, name, identity);
+    }
+    QStringList names() const
+    {
+        QStringList names;
+        for (const Player& player : players.players())
+            names.append(player.name);
+        return names;
+    }
+    QString title() const { return service.track() ? service.track()->title : QString(); }
+    static bool waitUntil(const std::function<bool()>& condition)
+    {
+        const QDeadlineTimer deadline(20'000);
+        QTimer look;
+        look.start(10);
+        while (!condition() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        return condition();
+    }
+    bool waitForTitle(const QString& wanted) const
+    {
+        return waitUntil([this, &wanted] { return title() == wanted; });
+    }
+
+    QString address;
+    SystemClock clock;
+    RecordingHttpClient http;
+    MprisPlayers players{[this] { return QDBusConnection::connectToBus(address, u"client"_s); }};
+    NowPlayingService service{players, http, clock};
+
+private:
+    QProcess m_daemon;
+};
+
+} // namespace ambrelle
