@@ -33,7 +33,7 @@ class NowPlayingService : public QObject {
     Q_OBJECT
 public:
     static constexpr QSize artworkSize{384, 384}; ///< pixels the artwork covers at most: 122 points at three a point
-    static constexpr qint64 mostArtworkBytes = 8LL * 1024 * 1024; ///< of a picture file
+    static constexpr qint64 mostArtworkBytes = 16LL * 1024 * 1024; ///< of a picture file
 
     NowPlayingService(PlayerSource& source, HttpClient& http, Clock& clock);
 
