@@ -11,10 +11,12 @@ namespace ambrelle {
 namespace PictureDecoder {
 
 inline constexpr qint64 mostBytes = 64LL * 1024 * 1024; ///< of a file
-inline constexpr qint64 mostPixels = 200LL * 1000 * 1000; ///< before scaling down
+inline constexpr qint64 mostPixels = 200LL * 1000 * 1000; ///< of a picture that can be scaled down row by row
+inline constexpr qint64 mostWholePixels = 32LL * 1000 * 1000; ///< of one that has to be decoded whole
+inline constexpr int mostPasses = 100; ///< over the whole picture
 
-/// The picture turned upright and scaled down to cover `shown` (pixels), never up; null when it is no picture, or too
-/// much of one.
+/// The picture turned upright and scaled down to cover `shown` (pixels), never up, in a format that is quickly drawn;
+/// null when it is no picture, or too much of one.
 QImage read(const QString& file, QSize shown);
 QImage decode(const QByteArray& bytes, QSize shown);
 

@@ -1,0 +1,89 @@
+#include "services/PhotoAlbum.h"
+
+#include "services/PhotoRotator.h"
+
+#include <utility>
+
+namespace ambrelle {
+
+namespace {
+
+PhotoAlbum* sharedAlbum = nullptr;
+
+} // namespace
+
+PhotoAlbum::PhotoAlbum(Clock& clock, Choice choose)
+    : m_clock(clock)
+    , m_choose(std::move(choose))
+{
+    m_workers.setMaxThreadCount(1);
+    m_workers.setExpiryTimeout(1000); // milliseconds; a photo comes every few minutes
+}
+
+PhotoAlbum::~PhotoAlbum()
+{
+    m_rotators.clear(); // nobody waits for answers any more
+    m_workers.clear();
+}
+
+PhotoAlbum& PhotoAlbum::shared()
+{
+    Q_ASSERT_X(sharedAlbum, "PhotoAlbum::shared", "the application sets it when it starts");
+    return *sharedAlbum;
+}
+
+void PhotoAlbum::setShared(PhotoAlbum* album)
+{
+    sharedAlbum = album;
+}
+
+void PhotoAlbum::configure(const QUuid& id, const std::optional<QString>& folder, int intervalMinutes, QSize shown)
+{
+    rotator(id).configure(folder, intervalMinutes, shown);
+}
+
+void PhotoAlbum::keepOnly(const QList<QUuid>& ids)
+{
+    std::erase_if(m_rotators, [&ids](const auto& entry) { return !ids.contains(entry.first); });
+}
+
+void PhotoAlbum::loadPreview(const QUuid& id, const QImage& image)
+{
+    rotator(id).loadPreview(image);
+}
+
+QImage PhotoAlbum::image(const QUuid& id) const
+{
+    const PhotoRotator* found = find(id);
+    return found ? found->image() : QImage();
+}
+
+bool PhotoAlbum::isEmpty(const QUuid& id) const
+{
+    const PhotoRotator* found = find(id);
+    return !found || found->isEmpty();
+}
+
+bool PhotoAlbum::isLoading(const QUuid& id) const
+{
+    const PhotoRotator* found = find(id);
+    return found && found->isLoading();
+}
+
+PhotoRotator& PhotoAlbum::rotator(const QUuid& id)
+{
+    std::unique_ptr<PhotoRotator>& entry = m_rotators[id];
+    if (!entry) {
+        entry = std::make_unique<PhotoRotator>(m_clock, m_workers, m_choose);
+        connect(entry.get(), &PhotoRotator::changed, this, [this, id] { Q_EMIT changed(id); });
+    }
+    return *entry;
+}
+
+const PhotoRotator* PhotoAlbum::find(const QUuid& id) const
+{
+    const auto found = m_rotators.find(id);
+    return found == m_rotators.end() ? nullptr : found->second.get();
+}
+
+} // namespace ambrelle

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "foundation/Choice.h"
+
+#include <QImage>
+#include <QObject>
+#include <QSize>
+#include <QString>
+#include <QThreadPool>
+#include <QUuid>
+
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace ambrelle {
+
+class Clock;
+class PhotoRotator;
+
+/// The pictures of all photo widgets, each by the widget's id. They are decoded one at a time, so that memory is needed
+/// for one only.
+class PhotoAlbum : public QObject {
+    Q_OBJECT
+public:
+    explicit PhotoAlbum(Clock& clock, Choice choose = chooseAtRandom);
+    ~PhotoAlbum() override;
+
+    /// The application's album; setShared() comes first.
+    static PhotoAlbum& shared();
+    static void setShared(PhotoAlbum* album);
+
+    /// What a widget is set to; `shown` is its size in pixels. See PhotoRotator::configure().
+    void configure(const QUuid& id, const std::optional<QString>& folder, int intervalMinutes, QSize shown);
+    void keepOnly(const QList<QUuid>& ids); ///< forgets the widgets that are gone
+    void loadPreview(const QUuid& id, const QImage& image);
+
+    /// Of a widget that nobody configured: no picture, empty, not loading.
+    QImage image(const QUuid& id) const;
+    bool isEmpty(const QUuid& id) const;
+    bool isLoading(const QUuid& id) const;
+
+Q_SIGNALS:
+    void changed(const QUuid& id);
+
+private:
+    PhotoRotator& rotator(const QUuid& id); ///< made when there is none
+    const PhotoRotator* find(const QUuid& id) const;
+
+    Clock& m_clock;
+    Choice m_choose;
+    QThreadPool m_workers;
+    std::map<QUuid, std::unique_ptr<PhotoRotator>> m_rotators;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "foundation/Choice.h"
+#include "foundation/Ticket.h"
+
+#include <QImage>
+#include <QObject>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class QThreadPool;
+
+namespace ambrelle {
+
+class Clock;
+
+/// The pictures of a folder, one after another in no order. Folders are listed and pictures decoded on `workers`, so
+/// that neither a slow disk nor a huge picture holds anybody up.
+class PhotoRotator : public QObject {
+    Q_OBJECT
+public:
+    PhotoRotator(Clock& clock, QThreadPool& workers, Choice choose = chooseAtRandom);
+
+    /// Another folder than before is listed and one of its pictures shown; with an interval of 1 or more (minutes) the
+    /// next one follows every so often. `shown`: the pixels a picture has to cover; when they change, the same picture
+    /// is decoded anew.
+    void configure(const std::optional<QString>& folder, int intervalMinutes, QSize shown);
+    /// Chooses a picture, another one than the last if there is another.
+    void next();
+    void loadPreview(const QImage& image);
+
+    /// The picture, at least as large as it is shown unless the file is smaller. Null while there is none, and when the
+    /// chosen file is no picture.
+    QImage image() const { return m_image; }
+    bool isEmpty() const { return m_isEmpty; } ///< there is no folder, or no picture in it
+    bool isLoading() const { return m_isLoading; } ///< a folder is being listed or a picture decoded
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void listFolder();
+    void decodeLast();
+    void show(const QImage& image);
+    void setLoading();
+
+    Clock& m_clock;
+    QThreadPool& m_workers;
+    Choice m_choose;
+    std::optional<QString> m_folder;
+    QStringList m_files; ///< paths
+    QString m_last; ///< the file chosen last; empty: none
+    QSize m_shownSize;
+    QImage m_image;
+    bool m_isEmpty = true;
+    bool m_isLoading = false;
+    int m_request = 0; ///< a newer one makes older ones void
+    Ticket m_timer;
+};
+
+namespace PhotoFolder {
+
+/// The paths of the files in the folder, not below it, whose extension is that of a picture; in order. Hidden files do
+/// not count. Empty when the folder cannot be read.
+QStringList pictures(const QString& folder);
+
+} // namespace PhotoFolder
+
+} // namespace ambrelle
