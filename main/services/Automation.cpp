@@ -1,0 +1,75 @@
+#include "services/Automation.h"
+
+#include "foundation/Clock.h"
+#include "model/AppSettings.h"
+#include "services/SystemMonitor.h"
+
+#include <utility>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr std::chrono::seconds period{30};
+
+Automation* sharedAutomation = nullptr;
+
+} // namespace
+
+Automation::Automation(const AppSettings& settings, SystemMonitor& monitor, Clock& clock, std::function<void()> shuffle)
+    : m_settings(settings)
+    , m_monitor(monitor)
+    , m_clock(clock)
+    , m_shuffle(std::move(shuffle))
+    , m_lastShuffle(clock.elapsed())
+    , m_lastCounterReset(m_lastShuffle)
+{
+    connect(&settings, &AppSettings::changed, this, &Automation::follow);
+}
+
+Automation& Automation::shared()
+{
+    Q_ASSERT_X(sharedAutomation, "Automation::shared", "the application sets it when it starts");
+    return *sharedAutomation;
+}
+
+void Automation::setShared(Automation* automation)
+{
+    sharedAutomation = automation;
+}
+
+void Automation::start()
+{
+    m_isStarted = true;
+    m_timer.reset();
+    follow();
+}
+
+void Automation::follow()
+{
+    const bool isWanted = m_settings.wallpaperShuffleMinutes() >= 1 || m_settings.downloadResetMinutes() >= 1;
+    if (!m_isStarted || !isWanted)
+        m_timer.reset();
+    else if (!m_timer)
+        m_timer = m_clock.every(period, [this] { tick(); });
+}
+
+void Automation::tick()
+{
+    if (isDue(m_lastShuffle, m_settings.wallpaperShuffleMinutes()))
+        m_shuffle();
+    if (isDue(m_lastCounterReset, m_settings.downloadResetMinutes()))
+        m_monitor.resetSessionTotals();
+}
+
+/// And if so, the period begins anew.
+bool Automation::isDue(double& last, int minutes) const
+{
+    const double now = m_clock.elapsed();
+    if (minutes < 1 || now - last < minutes * 60.0)
+        return false;
+    last = now;
+    return true;
+}
+
+} // namespace ambrelle
