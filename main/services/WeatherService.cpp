@@ -4,8 +4,8 @@
 #include "model/NearestCity.h"
 #include "platform/HttpClient.h"
 #include "platform/LocationSource.h"
-#include "services/WeatherAnswers.h"
 
+#include <QtConcurrentRun>
 #include <QTimeZone>
 
 #include <array>
@@ -159,16 +159,12 @@ void WeatherService::loadCity(const QString& city)
     setStatus(tr("Looking up %1…").arg(city));
     const QUrl url = endpoint(
         m_bases.geocoding, u"/v1/search"_s, {{u"name"_s, city}, {u"count"_s, u"1"_s}, {u"format"_s, u"json"_s}});
-    m_network.get(url, mostBytes, this, [this, city](const HttpAnswer& answer) { cityAnswered(city, answer); });
+    get(url, &WeatherAnswers::places,
+        [this, city](const std::optional<WeatherAnswers::Places>& found) { cityFound(city, found); });
 }
 
-void WeatherService::cityAnswered(const QString& city, const HttpAnswer& answer)
+void WeatherService::cityFound(const QString& city, const std::optional<WeatherAnswers::Places>& found)
 {
-    if (!answer.error.isEmpty()) {
-        reportUnavailable(answer.error);
-        return;
-    }
-    const auto found = WeatherAnswers::places(answer.body);
     if (!found) {
         reportUnavailable(tr("The answer cannot be read."));
     } else if (!found->results) {
@@ -191,17 +187,27 @@ void WeatherService::fetch(const Place& place)
             {u"daily"_s, u"weather_code,temperature_2m_max,temperature_2m_min,sunrise,sunset"_s},
             {u"timezone"_s, u"auto"_s}, {u"forecast_days"_s, u"7"_s},
             {u"temperature_unit"_s, m_settings.useFahrenheit() ? u"fahrenheit"_s : u"celsius"_s}});
-    m_network.get(
-        url, mostBytes, this, [this, name = place.name](const HttpAnswer& answer) { forecastAnswered(name, answer); });
+    get(
+        url, [place = place.name](const QByteArray& body) { return WeatherAnswers::forecast(body, place); },
+        [this](const std::optional<WeatherSnapshot>& forecast) { forecastRead(forecast); });
 }
 
-void WeatherService::forecastAnswered(const QString& place, const HttpAnswer& answer)
+void WeatherService::forecastRead(const std::optional<WeatherSnapshot>& forecast)
 {
-    const auto forecast = answer.error.isEmpty() ? WeatherAnswers::forecast(answer.body, place) : std::nullopt;
     if (forecast)
         setSnapshot(*forecast);
     else
-        reportUnavailable(answer.error.isEmpty() ? tr("The answer cannot be read.") : answer.error);
+        reportUnavailable(tr("The answer cannot be read."));
+}
+
+template <typename Decode, typename Use> void WeatherService::get(const QUrl& url, Decode decode, Use use)
+{
+    m_network.get(url, mostBytes, this, [this, decode, use](const HttpAnswer& answer) {
+        if (answer.error.isEmpty())
+            QtConcurrent::run(decode, answer.body).then(this, use);
+        else
+            reportUnavailable(answer.error);
+    });
 }
 
 void WeatherService::loadPreviewData()

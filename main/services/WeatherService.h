@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/Clock.h"
-#include "services/WeatherSnapshot.h"
+#include "services/WeatherAnswers.h"
 
 #include <QObject>
 #include <QUrl>
@@ -11,7 +11,6 @@ namespace ambrelle {
 class AppSettings;
 class HttpClient;
 class LocationSource;
-struct HttpAnswer;
 struct Location;
 
 /// The weather now and for a week ahead, in the city the user chose or where the machine is. Main thread only.
@@ -62,9 +61,11 @@ private:
     void located(const Location& location);
     void locationFailed();
     void loadCity(const QString& city);
-    void cityAnswered(const QString& city, const HttpAnswer& answer);
+    void cityFound(const QString& city, const std::optional<WeatherAnswers::Places>& found);
     void fetch(const Place& place);
-    void forecastAnswered(const QString& place, const HttpAnswer& answer);
+    void forecastRead(const std::optional<WeatherSnapshot>& forecast);
+    /// Gets a document, decodes it beside the main loop, and hands on what it says.
+    template <typename Decode, typename Use> void get(const QUrl& url, Decode decode, Use use);
     void setSnapshot(const WeatherSnapshot& snapshot);
     void setStatus(const QString& status);
     void reportUnavailable(const QString& why); ///< in the status, while there is no snapshot

@@ -7,6 +7,9 @@
 #include "platform/recording/RecordingLocation.h"
 #include "services/WeatherService.h"
 
+#include <QCoreApplication>
+#include <QThreadPool>
+
 #include <gtest/gtest.h>
 
 namespace ambrelle {
@@ -42,6 +45,8 @@ protected:
                                  .arg(QLatin1String(codes), QLatin1String(highs), QLatin1String(lows));
         Q_EMIT location.located({0, 0, u"Harbour"_s});
         network.answer({body.toUtf8(), {}});
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
         return weatherReading(service, british);
     }
 

@@ -7,9 +7,11 @@
 #include "platform/recording/RecordingLocation.h"
 #include "services/WeatherAnswers.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QThreadPool>
 
 #include <gmock/gmock.h>
 
@@ -73,7 +75,14 @@ class WeatherServiceTest : public ::testing::Test {
 protected:
     WeatherServiceTest() { settings.useFahrenheit.set(false); }
 
-    void answer(const QByteArray& body) { network.answer({body, {}}); }
+    /// Answers a request and waits until the answer was read.
+    void answer(const HttpAnswer& answer, qsizetype index = 0)
+    {
+        network.answer(answer, index);
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+    }
+    void answer(const QByteArray& body) { answer(HttpAnswer{body, {}}); }
     void answerForecast() { answer(bytes(forecastObject())); }
     std::string status() const { return service.status().toStdString(); }
 
@@ -277,13 +286,13 @@ TEST_F(WeatherServiceTest, TellsWhyThereIsNoWeather)
         {{"{\"results\": []}", {}}, "Couldn't find “Xyzzy”. Try another name from the menu bar."},
     };
     for (const auto& [answered, sentence] : cases) {
-        network.answer(answered);
+        answer(answered);
         EXPECT_EQ(status(), sentence);
         service.refresh(true); // no place yet: the city is looked up again
         EXPECT_EQ(status(), "Looking up Xyzzy…");
     }
     answer(R"({"results": [{"name": "Xyzzy", "latitude": 1, "longitude": 2}]})");
-    network.answer(noNetwork);
+    answer(noNetwork);
     EXPECT_EQ(status(), "Weather unavailable: The server was not found.");
     EXPECT_FALSE(service.snapshot());
     service.refresh(true);
@@ -304,7 +313,7 @@ TEST_F(WeatherServiceTest, KeepsTheLastWeatherWhenFetchingFails)
         EXPECT_EQ(status(), "Looking up Oslo…");
     };
     clock.advance(20min);
-    network.answer(noNetwork);
+    answer(noNetwork);
     expectKept();
     clock.advance(20min);
     answer(oslo);
@@ -345,10 +354,25 @@ TEST_F(WeatherServiceTest, WhateverArrivesLastIsShown)
     service.start();
     Q_EMIT location.located({1, 1, u"First"_s});
     Q_EMIT location.located({2, 2, u"Second"_s});
-    network.answer({bytes(forecastObject()), {}}, 1);
+    answer({bytes(forecastObject()), {}}, 1);
     EXPECT_EQ(service.snapshot()->place, u"Second"_s);
     answerForecast();
     EXPECT_EQ(service.snapshot()->place, u"First"_s);
+}
+
+TEST_F(WeatherServiceTest, AnAnswerThatComesTooLateIsDropped)
+{
+    location.setAuthorization(authorized);
+    {
+        WeatherService shortLived(network, location, settings, clock, {});
+        shortLived.start();
+        Q_EMIT location.located({1, 1, {}});
+        Q_EMIT location.located({2, 2, {}});
+        network.answer({bytes(forecastObject()), {}}); // being read when the service ends
+    }
+    answerForecast();
+    clock.advance(40min);
+    EXPECT_EQ(network.addresses.size(), 2);
 }
 
 TEST_F(WeatherServiceTest, TellsOnlyWhatIsNew)

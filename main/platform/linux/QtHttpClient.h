@@ -2,8 +2,6 @@
 
 #include "platform/HttpClient.h"
 
-#include <QTimer>
-
 #include <chrono>
 #include <memory>
 
@@ -11,15 +9,13 @@ class QNetworkAccessManager;
 
 namespace ambrelle {
 
-/// Requests over the network module. It and its thread exist only while documents are fetched and a little longer.
+/// Requests over the network module. Its thread and its connections exist only while documents are fetched, so that no
+/// request meets a connection that died while the machine slept.
 class QtHttpClient final : public HttpClient {
     Q_OBJECT
 public:
-    using Milliseconds = std::chrono::milliseconds;
-
-    /// `timeOut` is for a whole answer; after `linger` without a request the connections are closed.
-    explicit QtHttpClient(
-        Milliseconds timeOut = std::chrono::seconds(20), Milliseconds linger = std::chrono::minutes(2));
+    /// `timeOut` is for a whole answer.
+    explicit QtHttpClient(std::chrono::milliseconds timeOut = std::chrono::seconds(20));
     ~QtHttpClient() override;
 
     bool isAvailable() const override { return true; }
@@ -29,12 +25,14 @@ public:
     bool isIdle() const { return !m_manager; } ///< nothing is held for the network
 
 private:
-    QNetworkAccessManager& manager();
+    void prepareEncryption();
+    void request(const QUrl& url, qint64 mostBytes, QObject* context, Done done);
 
-    Milliseconds m_timeOut;
-    std::unique_ptr<QNetworkAccessManager> m_manager; // made when needed
+    std::chrono::milliseconds m_timeOut;
+    std::unique_ptr<QNetworkAccessManager> m_manager; // while there are requests
     int m_open = 0; // requests without an answer
-    QTimer m_linger;
+    bool m_encrypts = false; // the encryption is loaded
+    QList<std::function<void()>> m_waiting; // for that
 };
 
 } // namespace ambrelle
