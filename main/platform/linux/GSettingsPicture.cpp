@@ -106,7 +106,7 @@ GSettingsPicture::Settings GSettingsPicture::settings() const
 
 QString GSettingsPicture::show(const QString& file) const
 {
-    if (const QString fault = PictureFile::fault(file); !fault.isEmpty())
+    if (QString fault = PictureFile::fault(file); !fault.isEmpty())
         return fault;
     const Schema schema = schemaOf(m_family);
     Values wanted{{schema.options, GVariantText::quoted(u"zoom"_s)}};
@@ -121,7 +121,7 @@ QString GSettingsPicture::shown() const
     const Values values = settings().values;
     if (GVariantText::unquoted(values.value(schema.options)) == u"none"_s)
         return {};
-    const QString file = fileIn(schema, values.value(schema.pictures.first()));
+    QString file = fileIn(schema, values.value(schema.pictures.first()));
     // Where light and dark have different pictures, it is not known which of them shows.
     for (const QString& key : schema.pictures) {
         if (values.contains(key) && fileIn(schema, values[key]) != file)
@@ -139,7 +139,7 @@ QString GSettingsPicture::write(const Values& wanted) const
     known.removeIf([&](const auto& value) { return !before.values.contains(value.key()); });
     if (known.isEmpty())
         return u"This desktop keeps its picture in settings of an unknown form."_s;
-    const QString error = tryToWrite(known);
+    QString error = tryToWrite(known);
     if (!error.isEmpty())
         put(before.values);
     return error;
@@ -147,7 +147,7 @@ QString GSettingsPicture::write(const Values& wanted) const
 
 QString GSettingsPicture::tryToWrite(const Values& wanted) const
 {
-    if (const QString error = put(wanted); !error.isEmpty())
+    if (QString error = put(wanted); !error.isEmpty())
         return error;
     // Without a store the tool ends well all the same.
     const Values now = settings().values;

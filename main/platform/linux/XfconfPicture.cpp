@@ -148,7 +148,7 @@ QString XfconfPicture::show(const QList<ScreenPicture>& pictures, const Desk& be
 {
     Values wanted;
     for (const ScreenPicture& picture : pictures) {
-        if (const QString fault = PictureFile::fault(picture.file); !fault.isEmpty())
+        if (QString fault = PictureFile::fault(picture.file); !fault.isEmpty())
             return fault;
         for (const QString& place : before.placesOf(picture.connector)) {
             wanted.insert(place + styleKey, fillingStyle);
@@ -202,7 +202,7 @@ QString XfconfPicture::write(const Values& wanted, const Desk& before) const
     for (auto value = wanted.begin(); value != wanted.end(); ++value) {
         if (before.value(value.key()) == *value)
             continue;
-        const QString error = put(value.key(), *value);
+        QString error = put(value.key(), *value);
         if (error.isEmpty())
             continue;
         for (auto written = wanted.begin(); written != value; ++written)

@@ -96,10 +96,10 @@ RootPixmap::Record RootPixmap::record() const
 
 QString RootPixmap::publish(const QImage& image, const Record& record)
 {
-    if (const QString reason = whyUnsuitable(); !reason.isEmpty())
+    if (QString reason = whyUnsuitable(); !reason.isEmpty())
         return reason;
     const xcb_pixmap_t pixmap = xcb_generate_id(m_connection);
-    if (const QString error = upload(pixmap, image); !error.isEmpty())
+    if (QString error = upload(pixmap, image); !error.isEmpty())
         return error;
     makeKnown(pixmap, record);
     // Once the server answers this it has done all of it.
@@ -119,7 +119,7 @@ QString RootPixmap::whyUnsuitable() const
 QString RootPixmap::upload(xcb_pixmap_t pixmap, const QImage& image) const
 {
     constexpr uint32_t requestHead = 64; // more than the fields before the pixels take
-    const QString noMemory = u"The X server has no room for the picture."_s;
+    QString noMemory = u"The X server has no room for the picture."_s;
     const auto width = static_cast<uint16_t>(image.width());
     const auto height = static_cast<uint16_t>(image.height());
     const auto made =

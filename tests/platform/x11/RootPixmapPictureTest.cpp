@@ -68,7 +68,7 @@ protected:
             for (int column = 0; column < image.width(); ++column)
                 image.setPixel(column, row, stripes[row / height]);
         }
-        const QString path = folder.filePath(name);
+        QString path = folder.filePath(name);
         EXPECT_TRUE(image.save(path));
         return path;
     }
