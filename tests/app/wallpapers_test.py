@@ -11,11 +11,12 @@ import tempfile
 import unittest
 
 PROGRAM = sys.argv.pop(1)
+RUNTIME = tempfile.mkdtemp()
 
 
 def render(folder, processors=None, **variables):
     environment = {name: value for name, value in os.environ.items() if name not in ("SKIN", "WIDTH", "HEIGHT", "DISPLAY")}
-    environment.update(variables)
+    environment.update(variables, XDG_RUNTIME_DIR=RUNTIME)
     command = ["taskset", "-c", processors] if processors else []
     command += [PROGRAM, "--render-wallpapers", folder]
     return subprocess.run(command, env=environment, capture_output=True, text=True, timeout=120)
@@ -78,10 +79,13 @@ class Wallpapers(unittest.TestCase):
 
     def test_a_full_disk_leaves_no_half_file(self):
         limited = ["bash", "-c", 'trap "" XFSZ; ulimit -f 8; exec "$0" --render-wallpapers "$1"', PROGRAM, self.folder]
-        done = subprocess.run(limited, env=dict(os.environ, SKIN="paper"), capture_output=True, text=True, timeout=60)
+        done = subprocess.run(limited, env=dict(os.environ, SKIN="paper", XDG_RUNTIME_DIR=RUNTIME), capture_output=True, text=True, timeout=60)
         self.assertEqual(done.returncode, 1)
         self.assertIn("cannot be written", done.stderr)
         self.assertEqual(os.listdir(self.folder), [])
 
 
-unittest.main()
+try:
+    unittest.main()
+finally:
+    os.rmdir(RUNTIME)
