@@ -25,8 +25,8 @@ const auto propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
 const auto desktopId = u"org.ambrelle.Ambrelle"_s; // by which the user knows who asks
 constexpr uint neighbourhood = 5; // the accuracy level of some three kilometres
 
-constexpr auto activation = 25s; // the bus gives a service that long to start
-constexpr auto userDecision = 2min; // the desktop may ask the user
+// The service waits for the desktop's agent, a minute or more, and the agent may ask the user.
+constexpr auto permission = 2min;
 
 } // namespace
 
@@ -87,7 +87,7 @@ void GeoClueLocation::askForClient()
         missing();
         return;
     }
-    call(QDBusMessage::createMethodCall(service, managerPath, managerInterface, u"GetClient"_s), activation,
+    call(QDBusMessage::createMethodCall(service, managerPath, managerInterface, u"GetClient"_s), permission,
         [this](const QDBusMessage& reply) {
             if (reply.type() == QDBusMessage::ReplyMessage)
                 startClient(reply);
@@ -110,7 +110,7 @@ void GeoClueLocation::startClient(const QDBusMessage& client)
         m_service, m_client, clientInterface, u"LocationUpdated"_s, this, SLOT(locationUpdated(QDBusMessage)));
     setProperty("DesktopId", desktopId);
     setProperty("RequestedAccuracyLevel", neighbourhood);
-    call(QDBusMessage::createMethodCall(m_service, m_client, clientInterface, u"Start"_s), userDecision,
+    call(QDBusMessage::createMethodCall(m_service, m_client, clientInterface, u"Start"_s), permission,
         [this](const QDBusMessage& reply) {
             if (reply.type() != QDBusMessage::ReplyMessage) {
                 refused(reply, LocationAuthorization::denied);
@@ -163,6 +163,7 @@ void GeoClueLocation::refused(const QDBusMessage& error, LocationAuthorization r
 {
     switch (QDBusError(error).type()) {
     case QDBusError::AccessDenied:
+    case QDBusError::NoReply: // nobody was there to allow it
         finish();
         settle(refusal, QDeadlineTimer(m_patience.refusal));
         break;

@@ -180,18 +180,26 @@ TEST_F(GeoClueLocationTest, ARefusalHoldsUntilItIsTakenBack)
 
 TEST_F(GeoClueLocationTest, EveryRefusalIsTold)
 {
-    GeoClueLocation firm(openBus(), {300ms, 1h});
-    QObject::connect(&firm, &LocationSource::authorizationChanged, [&] { answers.append(firm.authorization()); });
     startService();
-    manager.open = false;
-    firm.requestLocation();
-    ASSERT_TRUE(waitUntil([this] { return !answers.isEmpty(); }));
-    EXPECT_EQ(answers, QList{restricted});
-    manager.open = true;
-    client.refusal = QDBusError::AccessDenied;
-    firm.requestLocation();
-    ASSERT_TRUE(waitUntil([this] { return answers.size() > 1; }));
-    EXPECT_EQ(answers, (QList{restricted, denied}));
+    const struct {
+        const char* what;
+        bool open;
+        QDBusError::ErrorType refusal;
+        LocationAuthorization expected;
+    } cases[] = {{"not for this user", false, QDBusError::NoError, restricted},
+        {"not for this program", true, QDBusError::AccessDenied, denied},
+        {"nobody was there to allow it", true, QDBusError::NoReply, denied}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        manager.open = each.open;
+        client.refusal = each.refusal;
+        GeoClueLocation firm(openBus(), {300ms, 1h});
+        bool told = false;
+        QObject::connect(&firm, &LocationSource::authorizationChanged, [&told] { told = true; });
+        firm.requestLocation();
+        EXPECT_TRUE(waitUntil([&told] { return told; }));
+        EXPECT_EQ(firm.authorization(), each.expected);
+    }
 }
 
 TEST_F(GeoClueLocationTest, WithoutTheServiceLocationIsOff)
