@@ -11,6 +11,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 namespace ambrelle {
 
@@ -84,6 +85,7 @@ void ActivityTracker::start()
     const Figures before = m_figures;
     load(); // the day may be another, and the figures may be samples
     m_monitor.start();
+    m_wasAvailable = m_monitor.isAvailable();
     m_metresPerPoint = m_monitor.metresPerPoint();
     m_timer = m_clock.every(sampleInterval, [this] { sample(); });
     if (m_figures != before)
@@ -173,7 +175,8 @@ void ActivityTracker::finishSample(std::optional<double> idleSeconds)
     countActivity(idleSeconds);
     convertTravel();
     save();
-    if (m_figures != before)
+    const bool wasAvailable = std::exchange(m_wasAvailable, m_monitor.isAvailable());
+    if (m_figures != before || m_wasAvailable != wasAvailable)
         Q_EMIT changed();
 }
 

@@ -42,7 +42,7 @@ public:
     int clicks() const { return m_figures.clicks; } ///< today
 
 Q_SIGNALS:
-    void changed(); ///< a figure has another value
+    void changed(); ///< a figure has another value, or measuring became possible or impossible
 
 private:
     struct Figures {
@@ -71,6 +71,7 @@ private:
     std::optional<QPointF> m_lastPoint;
     double m_pendingPoints = 0; ///< travel that is not in the metres yet
     double m_metresPerPoint = 0;
+    bool m_wasAvailable = true; ///< at the last sample
     bool m_showsSamples = false;
     Ticket m_timer; ///< held while started
 };

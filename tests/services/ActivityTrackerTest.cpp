@@ -183,6 +183,21 @@ TEST_F(ActivityTrackerTest, samplesForPicturesAreNeverStored)
     EXPECT_EQ(tracker.whyNot(), u"off"_s);
 }
 
+TEST_F(ActivityTrackerTest, tellsWhenMeasuringBecomesImpossible)
+{
+    tracker.start();
+    monitor.idle = 100;
+    clock.advance(10s);
+    EXPECT_EQ(changes, 0);
+    monitor.currentWhyNot = u"off"_s;
+    clock.advance(30s);
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(tracker.isAvailable());
+    monitor.currentWhyNot.clear();
+    clock.advance(30s);
+    EXPECT_EQ(changes, 2);
+}
+
 TEST_F(ActivityTrackerTest, anAnswerAfterTheStopIsNotCounted)
 {
     monitor.isDeferred = true;

@@ -1,0 +1,112 @@
+#include "platform/linux/SessionInputMonitor.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+
+class FakeMutter : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.gnome.Mutter.IdleMonitor")
+public Q_SLOTS:
+    qulonglong GetIdletime() const { return 61500; }
+};
+
+class FakeScreenSaver : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
+public Q_SLOTS:
+    uint GetSessionIdleTime() const { return 7; }
+};
+
+namespace {
+
+class SessionInputMonitorTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        const auto daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+        if (daemon.isEmpty())
+            GTEST_SKIP() << "dbus-daemon is not installed";
+        m_daemon.start(
+            daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+        ASSERT_TRUE(m_daemon.waitForReadyRead(5000));
+        m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
+        desktop = QDBusConnection::connectToBus(m_address, QStringLiteral("desktop"));
+        ASSERT_TRUE(desktop.isConnected());
+    }
+    void TearDown() override
+    {
+        for (const char* name : {"desktop", "client"})
+            QDBusConnection::disconnectFromBus(QLatin1String(name));
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+    bool offer(QObject& service, const char* name, const char* path)
+    {
+        return desktop.registerObject(QLatin1String(path), &service, QDBusConnection::ExportAllSlots)
+            && desktop.registerService(QLatin1String(name));
+    }
+    /// What it answers; -1: nothing.
+    double idle()
+    {
+        std::optional<double> answer;
+        bool came = false;
+        monitor.secondsSinceInput(&monitor, [&](std::optional<double> seconds) {
+            answer = seconds;
+            came = true;
+        });
+        const QDeadlineTimer deadline(10000);
+        while (!came && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        EXPECT_TRUE(came);
+        return answer.value_or(-1);
+    }
+
+    QDBusConnection desktop{QString()};
+    FakeMutter mutter;
+    FakeScreenSaver saver;
+    SessionInputMonitor monitor{[this] { return QDBusConnection::connectToBus(m_address, QStringLiteral("client")); }};
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+};
+
+TEST_F(SessionInputMonitorTest, asksWhoeverIsThere)
+{
+    EXPECT_EQ(idle(), -1) << "not started";
+    EXPECT_TRUE(monitor.isAvailable());
+    monitor.start();
+    EXPECT_EQ(idle(), -1);
+    EXPECT_FALSE(monitor.isAvailable());
+    EXPECT_FALSE(monitor.whyNot().isEmpty());
+
+    ASSERT_TRUE(offer(saver, "org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver"));
+    EXPECT_EQ(idle(), 7) << "it came later";
+    EXPECT_TRUE(monitor.isAvailable());
+    ASSERT_TRUE(offer(mutter, "org.gnome.Mutter.IdleMonitor", "/org/gnome/Mutter/IdleMonitor/Core"));
+    EXPECT_EQ(idle(), 61.5);
+    EXPECT_FALSE(monitor.tellsPointer());
+}
+
+TEST_F(SessionInputMonitorTest, survivesABusThatIsNotThere)
+{
+    SessionInputMonitor lost([] { return QDBusConnection(QStringLiteral("none")); });
+    lost.start();
+    int answers = 0;
+    lost.secondsSinceInput(&lost, [&](std::optional<double> seconds) { answers += seconds ? 100 : 1; });
+    EXPECT_EQ(answers, 1);
+    EXPECT_FALSE(lost.isAvailable());
+}
+
+} // namespace
+
+} // namespace ambrelle
+
+#include "SessionInputMonitorTest.moc"
