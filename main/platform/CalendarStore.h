@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QColor>
+#include <QDateTime>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+namespace ambrelle {
+
+enum class CalendarKind { events, reminders };
+
+/// One of the user's calendars or reminder lists; some are both.
+struct CalendarInfo {
+    QString identifier; ///< stays the same from one run to the next
+    QString name;
+    QColor color; ///< invalid when the calendar has none
+    bool hasEvents = false; ///< also of a calendar that is still empty
+    bool hasReminders = false;
+
+    bool operator==(const CalendarInfo&) const = default;
+};
+
+/// One occurrence of an event.
+struct CalendarEvent {
+    QString identifier;
+    QString calendar; ///< its identifier
+    QString title; ///< may be empty
+    QDateTime start;
+    QDateTime end; ///< not before the start; of an all-day event midnight after its last day
+    bool allDay = false;
+
+    bool operator==(const CalendarEvent&) const = default;
+};
+
+/// A reminder that is not completed; of a recurring one, its first occurrence that is open.
+struct CalendarReminder {
+    QString identifier;
+    QString calendar; ///< its identifier
+    QString title; ///< may be empty
+    std::optional<QDateTime> due; ///< midnight of the day without a time
+    bool hasTime = false;
+
+    bool operator==(const CalendarReminder&) const = default;
+};
+
+/// The events and reminders of the user. Nothing here blocks: answers come later on this thread, unless `context` is
+/// gone by then. Moments are given in the time zone of the moment that came with the question; what has no zone of its
+/// own counts as there.
+class CalendarStore : public QObject {
+    Q_OBJECT
+public:
+    /// Whether there is any calendar to read. Known once requestAccess() was answered.
+    virtual bool isAvailable() const = 0;
+    /// One sentence, empty while available.
+    virtual QString whyNot(CalendarKind kind) const = 0;
+
+    /// Opens the store, and answers isAvailable(). From then on changed() comes when anything is different.
+    virtual void requestAccess(QObject* context, std::function<void(bool granted)> done) = 0;
+    /// All calendars by name; empty before access was granted.
+    virtual QList<CalendarInfo> calendars() const = 0;
+    /// Occurrences in these calendars that touch the time from `from` until before `to`, in no particular order.
+    virtual void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
+        std::function<void(const QList<CalendarEvent>&)> done) = 0;
+    /// The incomplete reminders of all calendars, in no particular order.
+    virtual void reminders(
+        const QDateTime& now, QObject* context, std::function<void(const QList<CalendarReminder>&)> done) = 0;
+    /// Marks the reminder as completed at `now`; a recurring one moves on to its next occurrence that is not before
+    /// today. `done` gets whether it was saved.
+    virtual void complete(
+        const QString& reminder, const QDateTime& now, QObject* context, std::function<void(bool saved)> done) = 0;
+
+Q_SIGNALS:
+    void changed(); ///< calendars, events or reminders, or whether there are any
+};
+
+} // namespace ambrelle
