@@ -1,0 +1,84 @@
+#include "faces/EventsReadings.h"
+
+#include "model/WidgetKind.h"
+#include "services/EventsService.h"
+#include "services/RemindersService.h"
+
+#include <QCoreApplication>
+#include <QTimeZone>
+
+#include <algorithm>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Readings", text);
+}
+
+/// "09:30" or "All day"; of another day than today with its name before.
+QString timeText(const EventRow& event, const QDateTime& now, const QLocale& locale)
+{
+    const QDateTime start = event.start.toTimeZone(now.timeZone());
+    const QDateTime end = event.end.toTimeZone(now.timeZone());
+    const QDate today = now.date();
+    if (start.date() > today) {
+        const QString day = locale.standaloneDayName(start.date().dayOfWeek(), QLocale::ShortFormat);
+        return event.allDay ? tr("%1, all day").arg(day) : day + u' ' + Units::time(start, locale);
+    }
+    if (event.allDay)
+        return tr("All day");
+    if (start.date() == today)
+        return Units::time(start, locale);
+    // Since yesterday or longer: what is left of today tells more than when it began.
+    return end.date() > today ? tr("All day") : tr("Until %1").arg(Units::time(end, locale));
+}
+
+} // namespace
+
+EventsReading eventsReading(const EventsService& service, const QDateTime& now, const QLocale& locale)
+{
+    EventsReading reading;
+    const QDate today = now.date();
+    reading.day = locale.standaloneDayName(today.dayOfWeek()) + u' ' + QString::number(today.day());
+    if (!service.status().isEmpty()) {
+        reading.notice = {symbol(WidgetKind::events), service.status()};
+        return reading;
+    }
+    const auto& events = service.events();
+    const bool anyToday = std::ranges::any_of(
+        events, [&](const EventRow& event) { return event.start.toTimeZone(now.timeZone()).date() <= today; });
+    if (!anyToday) {
+        reading.notice = {symbol(WidgetKind::events), tr("No more events today")};
+        return reading;
+    }
+    for (const EventRow& event : events)
+        reading.rows.append({timeText(event, now, locale), event.title, event.color});
+    return reading;
+}
+
+RemindersReading remindersReading(const RemindersService& service, const QDateTime& now, const QLocale& locale)
+{
+    RemindersReading reading;
+    if (!service.status().isEmpty())
+        reading.notice = {symbol(WidgetKind::reminders), service.status()};
+    else if (service.reminders().isEmpty())
+        reading.notice = {symbol(WidgetKind::reminders), tr("All done")};
+    if (reading.notice)
+        return reading;
+    for (const ReminderRow& reminder : service.reminders()) {
+        reading.rows.append({.id = reminder.id,
+            .title = reminder.title,
+            .due = reminder.dueText(now, locale).value_or(QString()),
+            .overdue = reminder.isOverdue(now),
+            .done = service.completing().contains(reminder.id),
+            .colour = reminder.color});
+    }
+    return reading;
+}
+
+} // namespace ambrelle
