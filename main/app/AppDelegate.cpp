@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "app/DesktopPictureChoice.h"
+#include "app/FaceActions.h"
 #include "app/Information.h"
 #include "app/UserFolders.h"
 #include "foundation/UserDefaults.h"
@@ -10,6 +11,7 @@
 #include "platform/headless/HeadlessWindowHost.h"
 #include "platform/x11/X11WindowHost.h"
 #include "skins/WallpaperRecipes.h"
+#include "wallpapers/WallpaperShuffle.h"
 
 #include <QDir>
 
@@ -17,12 +19,30 @@ namespace ambrelle {
 
 namespace {
 
+const QString calendarFoldersKey = QStringLiteral("calendarFolders"); ///< besides the usual ones
+
 std::unique_ptr<WindowHost> makeHost()
 {
     auto host = std::make_unique<X11WindowHost>();
     if (host->isAvailable())
         return host;
     return std::make_unique<HeadlessWindowHost>(); // the toolkit was told to run without a display
+}
+
+bool isX11(const WindowHost& host)
+{
+    return qobject_cast<const X11WindowHost*>(&host);
+}
+
+WeatherService::Bases weatherBases()
+{
+    const Information information = Information::read();
+    WeatherService::Bases bases;
+    if (const QUrl forecast(information.forecastBase); forecast.isValid() && !forecast.isEmpty())
+        bases.forecast = forecast;
+    if (const QUrl geocoding(information.geocodingBase); geocoding.isValid() && !geocoding.isEmpty())
+        bases.geocoding = geocoding;
+    return bases;
 }
 
 QString madeFolder(const QString& path)
@@ -40,23 +60,29 @@ Wallpaper makeWallpaper()
 
 AppDelegate::AppDelegate()
     : m_host(makeHost())
+    , m_ports(m_clock, UserDefaults::shared().strings(calendarFoldersKey).value_or(QStringList()), isX11(*m_host))
     , m_monitor(m_sources.sources(), m_clock)
-    , m_feed({m_monitor, AppSettings::shared()}, m_clock)
-    , m_manager(
-          {*m_host, UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared(), m_monitor, m_feed, m_clock})
+    , m_services(m_ports.ports(), weatherBases(), AppSettings::shared(), UserDefaults::shared(), m_clock)
+    , m_feed({m_monitor, m_services, AppSettings::shared()}, m_clock)
+    , m_manager({*m_host, UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared(), m_monitor, m_services,
+          m_feed, m_clock})
     , m_desktopPicture(chooseDesktopPicture(DesktopSession::current(), madeFolder(UserFolders::wallpapers())))
     , m_wallpaper(makeWallpaper(), *m_host, *m_desktopPicture, UserDefaults::shared(),
           {UserFolders::wallpapers(), dataFile(QStringLiteral("Wallpapers/Extras"))})
     , m_thumbnails(makeWallpaper(), ImageDiskCache(UserFolders::previews(), Information::read().build))
+    , m_automation(AppSettings::shared(), m_monitor, m_clock,
+          [this] { WallpaperShuffle::shuffle(m_wallpaper, AppSettings::shared().customWallpapers()); })
     , m_follower(m_appearance, AppSettings::shared(), m_manager, m_wallpaper, m_clock)
 {
     SystemMonitor::setShared(&m_monitor);
     WidgetManager::setShared(&m_manager);
     WallpaperStore::setShared(&m_thumbnails);
+    Automation::setShared(&m_automation);
 }
 
 AppDelegate::~AppDelegate()
 {
+    Automation::setShared(nullptr);
     WallpaperStore::setShared(nullptr);
     WidgetManager::setShared(nullptr);
     SystemMonitor::setShared(nullptr);
@@ -66,6 +92,9 @@ void AppDelegate::start()
 {
     m_monitor.start(AppSettings::shared().interval());
     m_manager.load();
+    connect(&m_manager, &WidgetManager::clicked, this,
+        [this](WidgetController*, const FaceAction& action) { perform(action, m_services); });
+    m_automation.start();
     m_follower.start();
     if (AppSettings::shared().hasLaunchedBefore())
         m_wallpaper.restore();

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "app/LinuxPorts.h"
 #include "desktop/AppearanceFollower.h"
 #include "desktop/WidgetManager.h"
 #include "foundation/SystemClock.h"
 #include "platform/linux/LinuxSources.h"
 #include "platform/linux/PortalAppearance.h"
+#include "services/Automation.h"
 #include "services/SystemMonitor.h"
 #include "wallpapers/DesktopWallpaper.h"
 #include "wallpapers/WallpaperStore.h"
@@ -30,12 +32,15 @@ private:
     LinuxSources m_sources;
     PortalAppearance m_appearance;
     std::unique_ptr<WindowHost> m_host;
+    LinuxPorts m_ports;
     SystemMonitor m_monitor;
+    LiveServices m_services;
     ReadingFeed m_feed;
     WidgetManager m_manager;
     std::unique_ptr<DesktopPicture> m_desktopPicture;
     DesktopWallpaper m_wallpaper;
     WallpaperStore m_thumbnails;
+    Automation m_automation;
     AppearanceFollower m_follower;
 };
 

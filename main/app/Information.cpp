@@ -22,16 +22,28 @@ QString dataFile(const QString& name)
     return {};
 }
 
+namespace {
+
+QJsonObject contents()
+{
+    QFile file(dataFile(u"org.ambrelle.Ambrelle.json"_s));
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+}
+
+} // namespace
+
 Information Information::read()
 {
     Information information{.identifier = u"org.ambrelle.Ambrelle"_s, .version = QStringLiteral(AMBRELLE_VERSION)};
-    QFile file(dataFile(u"org.ambrelle.Ambrelle.json"_s));
-    if (!file.open(QIODevice::ReadOnly))
-        return information;
-    const QJsonObject values = QJsonDocument::fromJson(file.readAll()).object();
+    const QJsonObject values = contents();
     information.identifier = values.value(u"identifier"_s).toString(information.identifier);
     information.version = values.value(u"version"_s).toString(information.version);
     information.build = values.value(u"build"_s).toInt();
+    const QJsonObject addresses = values.value(u"addresses"_s).toObject();
+    information.forecastBase =
+        qEnvironmentVariable("AMBRELLE_FORECAST_BASE", addresses.value(u"forecast"_s).toString());
+    information.geocodingBase =
+        qEnvironmentVariable("AMBRELLE_GEOCODING_BASE", addresses.value(u"geocoding"_s).toString());
     return information;
 }
 

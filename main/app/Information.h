@@ -9,8 +9,11 @@ struct Information {
     QString identifier;
     QString version;
     int build = 0;
+    QString forecastBase; ///< addresses of the weather's endpoints; empty: the usual ones
+    QString geocodingBase;
 
-    /// Of the running program; the version alone where the file is missing.
+    /// Of the running program; the version alone where the file is missing. The environment variables
+    /// AMBRELLE_FORECAST_BASE and AMBRELLE_GEOCODING_BASE stand above the file's addresses.
     static Information read();
 };
 

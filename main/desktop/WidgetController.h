@@ -28,6 +28,7 @@ public:
     bool isOccluded() const { return m_occluded; }
     bool isRaised() const; ///< above normal windows for the user's sake, by its pin or by the layer
     bool showsSeconds() const;
+    double pixelRatio() const { return m_panel.pixelRatio(); } ///< pixels per point where it stands
 
     /// Any change of the record except its identity; an opacity beyond 0 to 1 is clamped.
     void change(const std::function<void(WidgetConfig&)>& edit);

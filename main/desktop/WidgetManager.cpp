@@ -6,6 +6,7 @@
 #include "model/AppSettings.h"
 #include "model/Composition.h"
 #include "model/ThemeAccent.h"
+#include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 
 #include <algorithm>
@@ -48,6 +49,7 @@ WidgetManager::WidgetManager(const Collaborators& collaborators)
     connect(&m_with.feed, &ReadingFeed::changed, this, [this](const WidgetKinds& kinds) {
         showReadings([&](const WidgetController& c) { return kinds.test(static_cast<std::size_t>(c.config().kind)); });
     });
+    connect(&m_with.services.player, &NowPlayingService::changed, this, &WidgetManager::scheduleSeconds);
     connect(&m_with.settings, &AppSettings::changed, this, &WidgetManager::settingChanged);
     connect(&m_with.accents, &ThemeAccent::changed, this, [this] {
         for (WidgetController* controller : m_controllers)
@@ -201,6 +203,7 @@ void WidgetManager::ensureAllVisible()
     bool moved = false;
     for (WidgetController* controller : m_controllers)
         moved |= controller->syncDisplay();
+    configurePhotos(); // another screen may have finer pixels
     if (moved)
         save();
 }
@@ -213,13 +216,32 @@ void WidgetManager::setEditing(bool editing)
 
 void WidgetManager::demandChanged()
 {
-    m_with.monitor.setWantsProcesses(std::ranges::any_of(
-        m_controllers, [](const WidgetController* c) { return c->config().kind == WidgetKind::processes; }));
+    WidgetKinds kinds;
+    for (const WidgetController* controller : m_controllers)
+        kinds.set(static_cast<std::size_t>(controller->config().kind));
+    m_with.monitor.setWantsProcesses(contains(kinds, WidgetKind::processes));
+    m_with.services.demand(kinds);
+    configurePhotos();
     scheduleSeconds();
+}
+
+void WidgetManager::configurePhotos()
+{
+    QList<QUuid> ids;
+    for (const WidgetController* controller : m_controllers) {
+        const WidgetConfig& config = controller->config();
+        if (config.kind != WidgetKind::photo)
+            continue;
+        const QSize pixels = (config.size() * controller->pixelRatio()).toSize();
+        m_with.services.photos.configure(config.id, config.photoFolder, config.photoInterval, pixels);
+        ids.append(config.id);
+    }
+    m_with.services.photos.keepOnly(ids);
 }
 
 void WidgetManager::controllerChanged(WidgetController* controller)
 {
+    configurePhotos();
     showReadings([&](const WidgetController& candidate) { return &candidate == controller; });
     scheduleSeconds();
     save();
@@ -244,11 +266,18 @@ void WidgetManager::showReadings(const std::function<bool(const WidgetController
     }
 }
 
-/// Wakes up at the start of every second while some clock shows seconds.
+bool WidgetManager::changesEverySecond(const WidgetController& controller) const
+{
+    const auto& track = m_with.services.player.track();
+    const bool plays = track && track->isPlaying;
+    return controller.showsSeconds() || (plays && controller.config().kind == WidgetKind::nowPlaying);
+}
+
+/// Wakes up at the start of every second while some clock shows seconds or some track goes on.
 void WidgetManager::scheduleSeconds()
 {
-    const auto showsSeconds = [](const WidgetController* controller) { return controller->showsSeconds(); };
-    if (std::ranges::none_of(m_controllers, showsSeconds)) {
+    const auto moves = [this](const WidgetController* controller) { return changesEverySecond(*controller); };
+    if (std::ranges::none_of(m_controllers, moves)) {
         m_seconds.reset();
         return;
     }
@@ -257,7 +286,7 @@ void WidgetManager::scheduleSeconds()
     const int rest = millisecondsPerSecond - m_with.clock.now().time().msec();
     m_seconds = m_with.clock.after(std::chrono::milliseconds(rest), [this] {
         m_seconds.reset();
-        showReadings([](const WidgetController& controller) { return controller.showsSeconds(); });
+        showReadings([this](const WidgetController& controller) { return changesEverySecond(controller); });
         scheduleSeconds();
     });
 }

@@ -11,6 +11,7 @@
 
 namespace ambrelle {
 
+class LiveServices;
 class SystemMonitor;
 class ThemeAccent;
 class UserDefaults;
@@ -26,6 +27,7 @@ public:
         AppSettings& settings;
         ThemeAccent& accents;
         SystemMonitor& monitor;
+        LiveServices& services;
         ReadingFeed& feed;
         Clock& clock;
     };
@@ -76,6 +78,8 @@ private:
     void controllerChanged(WidgetController* controller);
     void settingChanged(const QString& key);
     void showReadings(const std::function<bool(const WidgetController&)>& concerned);
+    void configurePhotos();
+    bool changesEverySecond(const WidgetController& controller) const;
     void scheduleSeconds();
 
     Collaborators m_with;

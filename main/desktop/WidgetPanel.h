@@ -39,6 +39,7 @@ public:
     const FaceView& view() const { return m_face.view(); }
     const WidgetToolbar& toolbar() const { return m_toolbar; }
     QRectF faceArea() const; ///< window points, y down
+    double pixelRatio() const { return m_window->pixelRatio(); }
 
     void paint(QPainter& painter, const QRectF& area) override;
     void pointerPressed(const PointerEvent& event) override;

@@ -1,8 +1,17 @@
 #include "faces/ReadingFeed.h"
 
+#include "faces/ActivityReadings.h"
+#include "faces/DevicesReadings.h"
+#include "faces/EventsReadings.h"
+#include "faces/FocusReadings.h"
+#include "faces/NowPlayingReadings.h"
+#include "faces/PhotoReadings.h"
+#include "faces/QuoteReadings.h"
 #include "faces/SystemReadings.h"
 #include "faces/TimeReadings.h"
+#include "faces/WeatherReadings.h"
 #include "model/AppSettings.h"
+#include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 
 namespace ambrelle {
@@ -12,13 +21,8 @@ namespace {
 using enum WidgetKind;
 
 constexpr WidgetKinds sampledKinds = kindSet({cpu, memory, disk, battery, network, downloads});
-constexpr WidgetKinds timedKinds = kindSet({clock, calendar, countdown, sky});
-constexpr WidgetKinds settingKinds = kindSet({downloads, focus});
-
-Notice notYet(WidgetKind kind, const QString& sentence)
-{
-    return {symbol(kind), sentence};
-}
+constexpr WidgetKinds timedKinds = kindSet({clock, calendar, events, reminders, countdown, sky, activity, quote});
+constexpr WidgetKinds settingKinds = kindSet({downloads});
 
 } // namespace
 
@@ -30,12 +34,27 @@ ReadingFeed::ReadingFeed(const Sources& sources, Clock& clock, const QLocale& lo
 {
     connect(&sources.monitor, &SystemMonitor::changed, this, [this] { Q_EMIT changed(sampledKinds); });
     connect(&sources.monitor, &SystemMonitor::processesChanged, this, [this] { Q_EMIT changed(kindSet({processes})); });
+    const LiveServices& services = sources.services;
+    follow(services.weather, kindSet({weather, sky}));
+    follow(services.player, kindSet({nowPlaying}));
+    follow(services.events, kindSet({events}));
+    follow(services.reminders, kindSet({reminders}));
+    follow(services.focus, kindSet({focus}));
+    follow(services.devices, kindSet({devices}));
+    follow(services.activity, kindSet({activity}));
+    follow(services.photos, kindSet({photo}));
     connect(&sources.settings, &AppSettings::changed, this, [this] { Q_EMIT changed(settingKinds); });
+}
+
+template <typename Service> void ReadingFeed::follow(const Service& service, const WidgetKinds& kinds)
+{
+    connect(&service, &Service::changed, this, [this, kinds] { Q_EMIT changed(kinds); });
 }
 
 Reading ReadingFeed::readingFor(const WidgetConfig& config, bool seconds) const
 {
     const SystemMonitor& monitor = m_sources.monitor;
+    const LiveServices& services = m_sources.services;
     const AppSettings& settings = m_sources.settings;
     const QDateTime now = m_clock.now();
     switch (config.kind) {
@@ -48,17 +67,17 @@ Reading ReadingFeed::readingFor(const WidgetConfig& config, bool seconds) const
     case network: return networkReading(monitor);
     case downloads: return downloadsReading(monitor, settings.downloadResetMinutes());
     case processes: return processesReading(monitor);
-    case weather: return WeatherReading{.notice = notYet(weather, tr("No forecast yet"))};
-    case events: return EventsReading{.notice = notYet(events, tr("No calendar yet"))};
-    case nowPlaying: return NowPlayingReading{.notice = notYet(nowPlaying, tr("No player yet"))};
-    case photo: return PhotoReading{.notice = notYet(photo, tr("Choose a folder in the widget's settings"))};
-    case focus: return idleFocusReading(settings.focusMinutes());
-    case reminders: return RemindersReading{.notice = notYet(reminders, tr("No reminders yet"))};
+    case weather: return weatherReading(services.weather, m_locale);
+    case events: return eventsReading(services.events, now, m_locale);
+    case nowPlaying: return nowPlayingReading(services.player, now);
+    case photo: return photoReading(services.photos, config);
+    case focus: return focusReading(services.focus, now);
+    case reminders: return remindersReading(services.reminders, now, m_locale);
     case countdown: return countdownReading(config, now, m_locale);
-    case sky: return skyReading(now, std::nullopt, m_locale);
-    case activity: return ActivityReading{.notice = notYet(activity, tr("Nothing measured yet"))};
-    case quote: return QuoteReading{.notice = notYet(quote, tr("No quote yet"))};
-    case devices: return DevicesReading{.notice = notYet(devices, tr("No devices yet"))};
+    case sky: return skyReading(now, services.weather.snapshot(), m_locale);
+    case activity: return activityReading(services.activity, now, m_locale);
+    case quote: return quoteReading(config, now.date());
+    case devices: return devicesReading(services.devices);
     }
     Q_UNREACHABLE();
 }

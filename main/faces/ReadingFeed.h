@@ -3,27 +3,16 @@
 #include "faces/Readings.h"
 #include "foundation/Clock.h"
 #include "model/WidgetConfig.h"
+#include "model/WidgetKinds.h"
 
 #include <QLocale>
 #include <QObject>
 
-#include <bitset>
-
 namespace ambrelle {
 
 class AppSettings;
+class LiveServices;
 class SystemMonitor;
-
-/// A set of widget kinds, by their number.
-using WidgetKinds = std::bitset<rawRows<WidgetKind>.size()>;
-
-constexpr WidgetKinds kindSet(std::initializer_list<WidgetKind> kinds)
-{
-    unsigned long long bits = 0;
-    for (const WidgetKind kind : kinds)
-        bits |= 1ULL << static_cast<unsigned>(kind);
-    return {bits};
-}
 
 /// Makes the readings of all widgets from the services, and tells which kinds may read differently now. It holds no
 /// state of its own: a widget compares the new reading with the one it shows.
@@ -32,6 +21,7 @@ class ReadingFeed : public QObject {
 public:
     struct Sources {
         const SystemMonitor& monitor;
+        const LiveServices& services;
         const AppSettings& settings;
     };
 
@@ -44,6 +34,8 @@ Q_SIGNALS:
     void changed(const ambrelle::WidgetKinds& kinds);
 
 private:
+    template <typename Service> void follow(const Service& service, const WidgetKinds& kinds);
+
     Sources m_sources;
     Clock& m_clock;
     QLocale m_locale;

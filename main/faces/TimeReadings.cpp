@@ -147,9 +147,4 @@ SkyReading skyReading(const QDateTime& now, const std::optional<WeatherSnapshot>
     return reading;
 }
 
-FocusReading idleFocusReading(int minutes)
-{
-    return {.phase = tr("Focus"), .remaining = Units::clock(minutes * 60.0)};
-}
-
 } // namespace ambrelle

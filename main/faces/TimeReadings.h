@@ -16,7 +16,5 @@ CalendarReading calendarReading(QDate today, const QLocale& locale);
 CountdownReading countdownReading(const WidgetConfig& config, const QDateTime& now, const QLocale& locale);
 /// The moon, and the sun as the weather tells it: its times on the clock of the place, and how far it has come.
 SkyReading skyReading(const QDateTime& now, const std::optional<WeatherSnapshot>& weather, const QLocale& locale);
-/// A focus timer that nobody started.
-FocusReading idleFocusReading(int minutes);
 
 } // namespace ambrelle

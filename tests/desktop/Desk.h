@@ -9,6 +9,7 @@
 #include "platform/recording/RecordingSources.h"
 #include "platform/recording/RecordingWindowHost.h"
 #include "services/SystemMonitor.h"
+#include "support/QuietServices.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -29,8 +30,9 @@ struct Desk {
     AppSettings settings{defaults};
     ThemeAccent accents{defaults};
     SystemMonitor monitor{machine.sources(), clock};
-    ReadingFeed feed{{monitor, settings}, clock, QLocale::c()};
-    WidgetManager manager{{host, defaults, settings, accents, monitor, feed, clock}};
+    QuietServices services{settings, defaults, clock};
+    ReadingFeed feed{{monitor, services.live, settings}, clock, QLocale::c()};
+    WidgetManager manager{{host, defaults, settings, accents, monitor, services.live, feed, clock}};
 
     QList<WidgetConfig> live() const
     {

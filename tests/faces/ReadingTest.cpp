@@ -6,6 +6,7 @@
 #include "model/AppSettings.h"
 #include "platform/recording/RecordingSources.h"
 #include "services/SystemMonitor.h"
+#include "support/QuietServices.h"
 
 #include <gtest/gtest.h>
 
@@ -98,7 +99,8 @@ protected:
     SystemMonitor monitor{machine.sources(), clock};
     UserDefaults defaults = UserDefaults::temporary();
     AppSettings settings{defaults};
-    ReadingFeed feed{{monitor, settings}, clock, british};
+    QuietServices services{settings, defaults, clock};
+    ReadingFeed feed{{monitor, services.live, settings}, clock, british};
 
     Reading read(WidgetKind kind) const { return feed.readingFor(WidgetConfig(kind, Skin::glass)); }
 };
