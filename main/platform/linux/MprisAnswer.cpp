@@ -31,7 +31,7 @@ QString seconds(const QVariant& microseconds)
 
 QString titleOf(const QVariantMap& metadata)
 {
-    const QString title = oneLine(metadata.value(u"xesam:title"_s).toString());
+    QString title = oneLine(metadata.value(u"xesam:title"_s).toString());
     if (!title.isEmpty())
         return title;
     return oneLine(QUrl(metadata.value(u"xesam:url"_s).toString().left(longestAddress)).fileName());
