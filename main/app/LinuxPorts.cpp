@@ -1,6 +1,6 @@
 #include "app/LinuxPorts.h"
 
-#include "platform/headless/HeadlessInputMonitor.h"
+#include "platform/linux/SessionInputMonitor.h"
 #include "platform/x11/X11InputMonitor.h"
 
 namespace ambrelle {
@@ -9,9 +9,10 @@ namespace {
 
 std::unique_ptr<InputMonitor> makeInput(bool isX11)
 {
-    if (isX11)
+    // Behind XWayland the X server hears only what goes to X windows.
+    if (isX11 && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return std::make_unique<X11InputMonitor>();
-    return std::make_unique<HeadlessInputMonitor>();
+    return std::make_unique<SessionInputMonitor>();
 }
 
 } // namespace
