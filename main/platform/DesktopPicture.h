@@ -34,8 +34,8 @@ public:
     /// The file that shows on the screen, or on the others where this one is new; empty when it is not known.
     virtual void read(const QString& connector, std::function<void(const QString& file)> done) = 0;
 
-    /// What the desktop shows now, on all screens and with its options, for `giveBack()` and nobody else; empty when that
-    /// cannot be told. `folder` exists and may take files that are needed for it.
+    /// What the desktop shows now, on all screens and with its options, for `giveBack()` and nobody else; empty when
+    /// that cannot be told. `folder` exists and may take files that are needed for it.
     virtual void remember(const QString& folder, std::function<void(const QJsonObject& memory)> done) = 0;
     virtual void giveBack(const QJsonObject& memory, Done done) = 0;
 };

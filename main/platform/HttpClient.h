@@ -25,8 +25,8 @@ public:
     virtual bool isAvailable() const = 0;
     virtual QString whyNot() const = 0; ///< one sentence, empty while available
 
-    /// Gets `url` and answers later on this thread, unless `context` is gone by then. An answer takes at most 20 seconds
-    /// and `mostBytes`; redirects lead to HTTPS only, plain HTTP is for this machine alone.
+    /// Gets `url` and answers later on this thread, unless `context` is gone by then. An answer takes at most 20
+    /// seconds and `mostBytes`; redirects lead to HTTPS only, plain HTTP is for this machine alone.
     virtual void get(const QUrl& url, qint64 mostBytes, QObject* context, Done done) = 0;
 };
 

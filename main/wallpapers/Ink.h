@@ -17,8 +17,8 @@ struct GradientStop {
 };
 using GradientStops = std::vector<GradientStop>;
 
-/// The same colours at the same places, but between them the way starts and ends slowly: no crease shows where one slope
-/// meets the next.
+/// The same colours at the same places, but between them the way starts and ends slowly: no crease shows where one
+/// slope meets the next.
 GradientStops eased(const GradientStops& stops);
 
 /// What a shape is filled with: one colour, or a gradient in the picture's coordinates (pixels, y up).
