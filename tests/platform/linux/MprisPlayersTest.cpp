@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
+
 namespace ambrelle {
 namespace {
 
@@ -115,6 +117,11 @@ TEST_F(MprisPlayersTest, HandsOutPicturesInFiles)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("bytes");
     file.close();
+    const QString pipe = folder.filePath(u"pipe"_s); // somebody writes into it for ever
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe), 0600), 0);
+    QFile writer(pipe);
+    ASSERT_TRUE(writer.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    writer.write("bytes");
     const auto music = fake(u"music"_s, u"Music"_s);
     players.start();
     ASSERT_TRUE(waitUntil([this] { return names().size() == 1; }));
@@ -126,8 +133,8 @@ TEST_F(MprisPlayersTest, HandsOutPicturesInFiles)
     };
     const Case cases[] = {{QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded), 5, "bytes"},
         {QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded), 4, {}}, {u"file:///dev/zero"_s, 5, {}},
-        {QUrl::fromLocalFile(folder.path()).toString(), 5, {}}, {u"file:///missing"_s, 5, {}},
-        {u"ftp://p.example/a.png"_s, 5, {}}, {{}, 5, {}}};
+        {QUrl::fromLocalFile(pipe).toString(), 5, {}}, {QUrl::fromLocalFile(folder.path()).toString(), 5, {}},
+        {u"file:///missing"_s, 5, {}}, {u"ftp://p.example/a.png"_s, 5, {}}, {{}, 5, {}}};
     for (const Case& each : cases) {
         SCOPED_TRACE(each.address.toStdString());
         music->state = {{u"PlaybackStatus"_s, u"Paused"_s},
