@@ -161,8 +161,9 @@ std::optional<QByteArray> boundedContent(const QString& path, qint64 mostBytes)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    const QByteArray content = file.read(mostBytes + 1);
-    return content.size() <= mostBytes ? std::optional(content) : std::nullopt;
+    // Not asked for more than there is: room for that much would be made each time.
+    const QByteArray content = file.read(stamp->size + 1);
+    return content.size() == stamp->size ? std::optional(content) : std::nullopt; // else it is being written
 }
 
 } // namespace ambrelle

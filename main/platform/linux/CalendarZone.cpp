@@ -7,8 +7,8 @@
 
 namespace ambrelle {
 
-CalendarZone::CalendarZone(QTimeZone zone)
-    : m_zone(std::move(zone))
+CalendarZone::CalendarZone(const QTimeZone& zone)
+    : m_zone(zone)
 {
 }
 

@@ -23,7 +23,7 @@ public:
         bool operator==(const Transition&) const = default;
     };
 
-    explicit CalendarZone(QTimeZone zone);
+    explicit CalendarZone(const QTimeZone& zone);
     /// `before` holds until the first transition.
     CalendarZone(Seconds before, std::vector<Transition> transitions);
 

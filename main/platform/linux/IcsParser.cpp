@@ -63,6 +63,7 @@ std::vector<CalendarZone::Transition> transitionsOf(
         onsets.insert(onsets.end(), more.begin(), more.end());
     }
     std::vector<CalendarZone::Transition> transitions;
+    transitions.reserve(onsets.size());
     for (const auto onset : onsets)
         transitions.push_back({std::chrono::sys_seconds(onset.time_since_epoch() - *from), *to});
     return transitions;
@@ -122,9 +123,9 @@ QColor calendarColor(const QString& text)
 IcsParser::IcsParser(std::string_view text)
 {
     IcsReader reader(text);
-    while (auto component = reader.next()) {
+    while (const auto component = reader.next()) {
         if (component->is("VTIMEZONE"))
-            m_definitions.insert(valueOf(*component, "TZID"), std::move(*component));
+            m_definitions.insert(valueOf(*component, "TZID"), *component);
     }
 }
 
