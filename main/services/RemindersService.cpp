@@ -1,7 +1,5 @@
 #include "services/RemindersService.h"
 
-#include <QTimeZone>
-
 #include <algorithm>
 #include <utility>
 
@@ -94,17 +92,27 @@ void RemindersService::start()
 /// Calendars may appear and vanish at any time.
 void RemindersService::accessChanged()
 {
-    if (m_store.isAvailable())
-        reload();
-    else
+    if (!m_store.isAvailable()) {
+        m_timer.reset();
         publish({}, m_store.whyNot(CalendarKind::reminders));
+        return;
+    }
+    // A day without a time begins at another moment elsewhere.
+    if (!m_timer)
+        m_timer = m_clock.everyMinute([this] {
+            if (m_clock.now().timeZone() != m_zone)
+                reload();
+        });
+    reload();
 }
 
 void RemindersService::reload()
 {
-    if (m_completing.isEmpty()) // else when the last is through
-        m_store.reminders(
-            m_clock.now(), this, [this](const QList<CalendarReminder>& reminders) { publish(reminders); });
+    if (!m_completing.isEmpty())
+        return; // when the last is through
+    const QDateTime now = m_clock.now();
+    m_zone = now.timeZone();
+    m_store.reminders(now, this, [this](const QList<CalendarReminder>& reminders) { publish(reminders); });
 }
 
 void RemindersService::complete(const QString& id)

@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QObject>
 #include <QSet>
+#include <QTimeZone>
 
 #include <map>
 
@@ -71,6 +72,8 @@ private:
     std::map<QString, Ticket> m_ticked; // saved rows that are still on view
     bool m_started = false;
     bool m_preview = false;
+    QTimeZone m_zone; // of the last reload
+    Ticket m_timer;
 };
 
 } // namespace ambrelle

@@ -3,8 +3,6 @@
 #include "foundation/ManualClock.h"
 #include "platform/recording/RecordingCalendarStore.h"
 
-#include <QTimeZone>
-
 #include <gmock/gmock.h>
 
 namespace ambrelle {
@@ -130,6 +128,19 @@ TEST_F(RemindersServiceTest, CalendarsMayComeAndGo)
     store.answer();
     EXPECT_EQ(service.status(), QString());
     EXPECT_THAT(titles(), ElementsAre(u"one"_s));
+}
+
+TEST_F(RemindersServiceTest, AnotherTimeZoneHasOtherDays)
+{
+    add(u"today"_s, 0);
+    start();
+    clock.advance(2min);
+    store.currentReminders.first().due = store.currentReminders.first().due->addSecs(-12 * 3600);
+    store.answer();
+    EXPECT_EQ(service.reminders().first().due, clock.now().date().startOfDay(Qt::UTC)); // nobody asked
+    clock.setNow(clock.now().toTimeZone(QTimeZone("Pacific/Auckland")));
+    store.answer();
+    EXPECT_EQ(service.reminders().first().due, clock.now().date().startOfDay(QTimeZone("Pacific/Auckland")));
 }
 
 TEST_F(RemindersServiceTest, SamplesAreTickedWithoutAStore)
