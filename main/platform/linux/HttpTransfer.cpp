@@ -70,8 +70,7 @@ void HttpTransfer::request(const QUrl& url)
 void HttpTransfer::collect()
 {
     m_body += m_reply->read(m_mostBytes + 1 - m_body.size());
-    const qint64 announced = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
-    if (m_body.size() > m_mostBytes || announced > m_mostBytes)
+    if (m_body.size() > m_mostBytes)
         end(tr("The server's answer is too large."));
 }
 
