@@ -70,7 +70,8 @@ void HttpTransfer::request(const QUrl& url)
 void HttpTransfer::collect()
 {
     m_body += m_reply->read(m_mostBytes + 1 - m_body.size());
-    if (m_body.size() > m_mostBytes)
+    const qint64 announced = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    if (m_body.size() > m_mostBytes || announced > m_mostBytes)
         end(tr("The server's answer is too large."));
 }
 
