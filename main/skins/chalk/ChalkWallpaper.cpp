@@ -20,7 +20,8 @@ void dust(Painting& painting, const Perlin& clouds)
         painting.all(), 2.0, [clouds](double x, double y) { return white(0.07 * clouds.fbm(2 * x, 2 * y, 5, 2)); });
 }
 
-/// One wipe of the eraser to the right: its felt leaves streaks, and most of the chalk at its edges.
+/// One wipe of the eraser to the right: its felt leaves streaks that run out to both ends, and most of the chalk at its
+/// edges.
 void wipe(QPainter& painter, double length, double width)
 {
     constexpr std::array<float, 10> streaks{1.0F, 0.35F, 0.6F, 0.3F, 0.75F, 0.45F, 0.25F, 0.7F, 0.4F, 0.9F};
@@ -28,15 +29,15 @@ void wipe(QPainter& painter, double length, double width)
     for (std::size_t i = 0; i < streaks.size(); ++i) {
         const double y = (static_cast<double>(i) + 0.5) * each - width / 2;
         const double uneven = 0.04 * length * streaks[(i * 7 + 3) % streaks.size()];
-        QLinearGradient ends(-uneven, 0, length + uneven, 0);
-        const auto opaque = QColor::fromRgbF(0, 0, 0, 0.3F * streaks[i]);
-        ends.setColorAt(0, Qt::transparent);
-        ends.setColorAt(0.15, opaque);
-        ends.setColorAt(0.8, opaque);
-        ends.setColorAt(1, Qt::transparent);
-        QPainterPath bow(QPointF(-uneven, y));
-        bow.quadTo(length / 2, y + 0.12 * length, length + uneven, y);
-        painter.strokePath(bow, QPen(QBrush(ends), 1.15 * each, Qt::SolidLine, Qt::FlatCap));
+        const QPointF from(-uneven, y);
+        const QPointF to(length + uneven, y);
+        const QPointF bow(length / 2, y + 0.12 * length);
+        const QPointF wide(0, 1.3 * each);
+        QPainterPath streak(from);
+        streak.quadTo(bow + wide, to);
+        streak.quadTo(bow - wide, from);
+        painter.setBrush(QColor::fromRgbF(0, 0, 0, 0.3F * streaks[i]));
+        painter.drawPath(streak);
     }
 }
 
