@@ -3,12 +3,10 @@
 #include "platform/PictureFile.h"
 
 #include <QDateTime>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QThread>
 
 #include <algorithm>
 
@@ -145,14 +143,7 @@ QString PcmanfmPicture::apply(const Setting& wanted) const
 bool PcmanfmPicture::isKept(const QString& file) const
 {
     constexpr std::chrono::milliseconds longest{1000};
-    constexpr unsigned long pause = 20; // milliseconds
-    const QDeadlineTimer deadline(std::min(longest, m_tools.patience()));
-    while (setting().value_or(Setting()).file != file) {
-        if (deadline.hasExpired())
-            return false;
-        QThread::msleep(pause);
-    }
-    return true;
+    return m_tools.await([&] { return setting().value_or(Setting()).file == file; }, longest);
 }
 
 } // namespace ambrelle

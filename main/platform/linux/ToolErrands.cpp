@@ -5,6 +5,8 @@
 #include <QProcessEnvironment>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -38,7 +40,9 @@ ToolErrands::ToolErrands(QObject& owner, std::chrono::milliseconds patience)
 
 ToolErrands::~ToolErrands()
 {
+    const QMutexLocker lock(&m_mutex);
     m_leaving = true;
+    m_left.wakeAll();
 }
 
 QString ToolErrands::whyMissing(const QString& program)
@@ -71,6 +75,18 @@ ToolAnswer ToolErrands::call(const QString& program, const QStringList& argument
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
         return {.error = failure(program, process)};
     return {.output = process.readAllStandardOutput()};
+}
+
+bool ToolErrands::await(const std::function<bool()>& holds, std::chrono::milliseconds longest) const
+{
+    const QDeadlineTimer deadline(std::min(longest, m_patience));
+    QMutexLocker lock(&m_mutex);
+    while (!holds()) {
+        if (m_leaving || deadline.hasExpired())
+            return false;
+        m_left.wait(&m_mutex, glance);
+    }
+    return true;
 }
 
 } // namespace ambrelle

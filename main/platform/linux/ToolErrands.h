@@ -3,11 +3,14 @@
 #include "platform/Errands.h"
 
 #include <QByteArray>
+#include <QMutex>
 #include <QString>
 #include <QStringList>
+#include <QWaitCondition>
 
 #include <atomic>
 #include <chrono>
+#include <functional>
 
 namespace ambrelle {
 
@@ -38,10 +41,14 @@ public:
     }
     /// Runs a tool to its end; only as part of the work. Its language is English and its encoding UTF-8.
     ToolAnswer call(const QString& program, const QStringList& arguments) const;
+    /// Looks again and again, at most for `longest`, whether `holds`; only as part of the work. Gives the last answer.
+    bool await(const std::function<bool()>& holds, std::chrono::milliseconds longest) const;
 
 private:
     std::chrono::milliseconds m_patience;
     std::atomic<bool> m_leaving = false;
+    mutable QMutex m_mutex;
+    mutable QWaitCondition m_left; ///< wakes work that waits when the owner goes
     Errands m_errands;
 };
 
