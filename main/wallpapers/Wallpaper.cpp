@@ -20,7 +20,7 @@ QImage photograph(const QString& path, QSize pixels)
 {
     QImageReader reader(path);
     reader.setAutoTransform(true);
-    const QImage photo = reader.read();
+    QImage photo = reader.read();
     if (photo.isNull())
         return photo;
     const QImage filling = photo.scaled(pixels, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
