@@ -29,7 +29,7 @@ bool waitUntil(const std::function<bool()>& condition)
 
 struct PhotoRotatorTest : testing::Test {
     /// A picture of one colour, by which it is known again.
-    void put(const QString& name, QRgb colour, QSize size = {8, 8})
+    void put(const QString& name, QRgb colour, QSize size = {8, 8}) const
     {
         QImage image(size, QImage::Format_RGB32);
         image.fill(colour);
