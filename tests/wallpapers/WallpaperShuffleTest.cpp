@@ -34,9 +34,9 @@ struct WallpaperShuffleTest : testing::Test {
         extra = make(u"extras/fjord.jpg"_s);
     }
 
-    QString make(const QString& name)
+    QString make(const QString& name) const
     {
-        const QString path = home.filePath(name);
+        QString path = home.filePath(name);
         QDir().mkpath(QFileInfo(path).path());
         EXPECT_TRUE(QFile(path).open(QIODevice::WriteOnly));
         return path;
