@@ -4,7 +4,7 @@
 
 namespace ambrelle {
 
-/// Where the program keeps its own files, after the XDG Base Directory Specification. Nothing is made here.
+/// Where the program keeps its own files, as the XDG base directories say. Nothing is made here.
 namespace UserFolders {
 
 QString wallpapers(); ///< full-size desktop pictures: the desktop shows them, so they are data, not cache

@@ -6,7 +6,7 @@
 namespace ambrelle {
 
 /// The picture (Format_RGB888) as a PNG file, written for speed: one filter for all rows, and a fast, light compression
-/// (PNG specification, third edition). Empty when there is no memory for it.
+/// (W3C: Portable Network Graphics, third edition). Empty when there is no memory for it.
 QByteArray encodedAsPng(const QImage& picture);
 
 } // namespace ambrelle

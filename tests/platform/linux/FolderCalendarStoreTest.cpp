@@ -112,11 +112,11 @@ private:
 
 TEST_F(FolderCalendarStoreTest, FoldersAndFilesAreCalendars)
 {
-    write(u"root/synced/account/work/displayname"_s, "Work \xE2\x9C\x93\n");
-    write(u"root/synced/account/work/color"_s, "#ff8800aa\n");
-    write(u"root/synced/account/work/a.ics"_s, calendar(event("a")));
-    write(u"root/synced/account/work/b.ics"_s, "X-WR" + calendar("X-WR-CALNAME:Not a name\r\n" + reminder("b")));
-    write(u"root/synced/account/work/.hidden.ics"_s, calendar(event("hidden")));
+    write(u"root/synced/account/office/displayname"_s, "Work \xE2\x9C\x93\n");
+    write(u"root/synced/account/office/color"_s, "#ff8800aa\n");
+    write(u"root/synced/account/office/a.ics"_s, calendar(event("a")));
+    write(u"root/synced/account/office/b.ics"_s, "X-WR" + calendar("X-WR-CALNAME:Not a name\r\n" + reminder("b")));
+    write(u"root/synced/account/office/.hidden.ics"_s, calendar(event("hidden")));
     write(u"root/synced/account/todo/c.ics"_s, calendar(reminder("c")));
     write(u"root/synced/account/new/color"_s, "teal");
     QDir().mkpath(path(u"root/synced/account/empty"_s));
@@ -140,7 +140,7 @@ TEST_F(FolderCalendarStoreTest, FoldersAndFilesAreCalendars)
         {account + u"new"_s, u"new"_s, QColor(0, 128, 128), true, true},
         {path(u"root"_s), u"root"_s, {}, true, false},
         {account + u"todo"_s, u"todo"_s, {}, false, true},
-        {account + u"work"_s, u"Work ✓"_s, QColor(0xFF, 0x88, 0), true, false},
+        {account + u"office"_s, u"Work ✓"_s, QColor(0xFF, 0x88, 0), true, false},
     };
     auto found = store.calendars();
     std::ranges::sort(found, {}, [](const CalendarInfo& each) { return each.name.toLower(); });
@@ -150,7 +150,7 @@ TEST_F(FolderCalendarStoreTest, FoldersAndFilesAreCalendars)
         EXPECT_EQ(found[i], expected[i]) << qPrintable(found[i].name);
     }
     EXPECT_THAT(titles(store, {path(u"root/many.ics"_s), path(u"root"_s)}), ElementsAre(u"d"_s, u"e"_s, u"g"_s));
-    EXPECT_THAT(titles(store, {account + u"work"_s, account + u"todo"_s}), ElementsAre(u"a"_s));
+    EXPECT_THAT(titles(store, {account + u"office"_s, account + u"todo"_s}), ElementsAre(u"a"_s));
 }
 
 TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
@@ -171,7 +171,7 @@ TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
             return titles(store, calendars) == expected && changes == before;
         });
     };
-    const QString file = u"home/.calendars/work/a.ics"_s;
+    const QString file = u"home/.calendars/office/a.ics"_s;
     write(file, calendar(event("appears")));
     EXPECT_TRUE(becomes({u"appears"_s}));
     EXPECT_TRUE(store.isAvailable());
@@ -179,7 +179,7 @@ TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
     write(file, calendar(event("rewritten")));
     EXPECT_TRUE(becomes({u"rewritten"_s}));
     write(u"home/b.tmp"_s, calendar(event("moved")));
-    ASSERT_EQ(::rename(qPrintable(path(u"home/b.tmp"_s)), qPrintable(path(u"home/.calendars/work/b.ics"_s))), 0);
+    ASSERT_EQ(::rename(qPrintable(path(u"home/b.tmp"_s)), qPrintable(path(u"home/.calendars/office/b.ics"_s))), 0);
     EXPECT_TRUE(becomes({u"moved"_s, u"rewritten"_s}));
     // A file elsewhere that a link leads to.
     write(u"elsewhere/c.ics"_s, calendar(event("linked")));
@@ -187,7 +187,7 @@ TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
     EXPECT_TRUE(becomes({u"linked"_s, u"moved"_s, u"rewritten"_s}));
     write(u"elsewhere/c.ics"_s, calendar(event("behind the link")));
     EXPECT_TRUE(becomes({u"behind the link"_s, u"moved"_s, u"rewritten"_s}));
-    write(u"home/.calendars/work/displayname"_s, "Renamed");
+    write(u"home/.calendars/office/displayname"_s, "Renamed");
     EXPECT_TRUE(waitUntil([&store] {
         return std::ranges::any_of(
             store.calendars(), [](const CalendarInfo& each) { return each.name == "Renamed"_L1; });
@@ -199,7 +199,7 @@ TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
     EXPECT_TRUE(becomes({u"again"_s}));
 
     const int settled = changes;
-    write(u"home/.calendars/work/notes.txt"_s, "not a calendar");
+    write(u"home/.calendars/office/notes.txt"_s, "not a calendar");
     write(file, calendar(event("last")));
     EXPECT_TRUE(becomes({u"last"_s}));
     EXPECT_EQ(changes, settled + 1);
