@@ -236,6 +236,9 @@ bool CalendarBook::complete(const QString& reminder, const QDateTime& now)
     QSaveFile file(place->file);
     if (!file.open(QIODevice::WriteOnly) || file.write(*edited) != edited->size())
         return false;
+    // A disk that fills up cuts the file short without a word: commit() would put that in place of the user's.
+    if (!file.flush() || file.size() != edited->size())
+        return false;
     // Somebody else's change is worth more than a tick that can be repeated.
     if (FileStamp::of(place->file) != stamp)
         return false;

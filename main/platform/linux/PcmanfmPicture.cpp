@@ -8,8 +8,6 @@
 #include <QSettings>
 #include <QStandardPaths>
 
-#include <algorithm>
-
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;

@@ -1,11 +1,11 @@
 #include "platform/linux/SwayPicture.h"
 
+#include "foundation/WholeFile.h"
 #include "platform/PictureFile.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -131,12 +131,8 @@ void SwayPicture::note(const QList<ScreenPicture>& pictures) const
     QJsonObject files = record();
     for (const ScreenPicture& picture : pictures)
         files.insert(picture.connector, picture.file);
-    QSaveFile file(m_recordFile);
     // Without a record the picture shows all the same; it is merely not known later.
-    if (!file.open(QIODevice::WriteOnly))
-        return;
-    file.write(QJsonDocument(QJsonObject{{u"session"_s, m_session}, {u"files"_s, files}}).toJson());
-    file.commit();
+    writeWhole(m_recordFile, QJsonDocument(QJsonObject{{u"session"_s, m_session}, {u"files"_s, files}}).toJson());
 }
 
 } // namespace ambrelle

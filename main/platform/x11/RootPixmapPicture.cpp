@@ -1,10 +1,11 @@
 #include "platform/x11/RootPixmapPicture.h"
 
+#include "foundation/WholeFile.h"
 #include "platform/PictureFile.h"
 
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QSaveFile>
 #include <QScreen>
 
 #include <algorithm>
@@ -42,8 +43,9 @@ QRect trimmed(QRect area, const QRect& next)
 
 bool save(const QImage& image, const QString& path)
 {
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "PNG") && writeWhole(path, bytes).isEmpty();
 }
 
 } // namespace
