@@ -1,4 +1,10 @@
+#ifdef QT_WIDGETS_LIB
+#include <QApplication>
+using Application = QApplication;
+#else
 #include <QGuiApplication>
+using Application = QGuiApplication;
+#endif
 
 #include <gtest/gtest.h>
 
@@ -8,6 +14,6 @@ int main(int argc, char** argv)
     // Also without a display, unless one was asked for.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
+    const Application application(argc, argv);
     return RUN_ALL_TESTS();
 }

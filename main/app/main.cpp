@@ -7,7 +7,7 @@
 #include "app/SingleInstance.h"
 #include "platform/linux/Fonts.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QTextStream>
 
 #include <cstdlib>
@@ -50,7 +50,7 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     if (const QString reason = environment.whyNoDisplay(); !reason.isEmpty())
         return complain(reason);
     Fonts::registerBundled();
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
     environment.restore();
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const EndingSignals signals;

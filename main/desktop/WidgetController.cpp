@@ -16,7 +16,8 @@ WidgetController::WidgetController(const WidgetConfig& config, const Surrounding
           {.isLocked = [this] { return m_surroundings.settings.locked(); },
               .dragEnded = [this](QPointF origin) { dragEnded(origin); },
               .clicked = [this](const FaceAction& action) { Q_EMIT clicked(action); },
-              .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); }})
+              .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); },
+              .menuRequested = [this](QPointF at) { Q_EMIT menuRequested(at); }})
 {
     ScreenPlacement::syncDisplay(m_config, m_surroundings.host.screens());
     applySettings();
@@ -135,6 +136,7 @@ void WidgetController::dragEnded(QPointF origin)
 void WidgetController::toolbarUsed(WidgetToolbar::Button button)
 {
     switch (button) {
+    case WidgetToolbar::Button::settings: Q_EMIT settingsRequested(); break;
     case WidgetToolbar::Button::scale: setScale(next(m_config.scale)); break;
     case WidgetToolbar::Button::pin: setPinned(!m_config.pinned); break;
     case WidgetToolbar::Button::remove: Q_EMIT removeRequested(); break;

@@ -54,6 +54,8 @@ Q_SIGNALS:
     void changed();
     void clicked(const ambrelle::FaceAction& action);
     void removeRequested();
+    void settingsRequested();
+    void menuRequested(QPointF at); ///< global points
 
 private:
     void dragEnded(QPointF origin);

@@ -114,6 +114,10 @@ void WidgetManager::open(const WidgetConfig& config)
     connect(controller, &WidgetController::removeRequested, this, [this, controller] { remove(controller); });
     connect(controller, &WidgetController::clicked, this,
         [this, controller](const FaceAction& action) { Q_EMIT clicked(controller, action); });
+    connect(controller, &WidgetController::settingsRequested, this,
+        [this, controller] { Q_EMIT settingsRequested(controller); });
+    connect(controller, &WidgetController::menuRequested, this,
+        [this, controller](QPointF at) { Q_EMIT menuRequested(controller, at); });
     m_controllers.append(controller);
     controller->setReading(ReadingRound(m_with.feed).readingFor(config, controller->showsSeconds()));
     controller->show();

@@ -68,6 +68,8 @@ public:
 Q_SIGNALS:
     void presetApplied(); ///< the widgets are there, and not stored yet
     void clicked(ambrelle::WidgetController* controller, const ambrelle::FaceAction& action);
+    void settingsRequested(ambrelle::WidgetController* controller);
+    void menuRequested(ambrelle::WidgetController* controller, QPointF at); ///< global points
 
 private:
     class Change;

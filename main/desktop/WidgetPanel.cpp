@@ -124,7 +124,11 @@ void WidgetPanel::paint(QPainter& painter, const QRectF& area)
 
 void WidgetPanel::pointerPressed(const PointerEvent& event)
 {
-    if (m_closed || event.button != Qt::LeftButton)
+    if (m_closed)
+        return;
+    if (event.button == Qt::RightButton && !m_drag.isPressed())
+        m_hooks.menuRequested(event.global);
+    if (event.button != Qt::LeftButton)
         return;
     m_drag.press(event.global);
     m_dragStart = m_window->frame().topLeft();

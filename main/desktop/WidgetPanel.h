@@ -18,6 +18,7 @@ public:
         std::function<void(QPointF origin)> dragEnded; ///< of the face's lower left corner, global points
         std::function<void(const FaceAction&)> clicked;
         std::function<void(WidgetToolbar::Button)> toolbarUsed;
+        std::function<void(QPointF at)> menuRequested; ///< global points
     };
 
     WidgetPanel(WindowHost& host, Clock& clock, LayerCache& layers, FaceView view, Hooks hooks);

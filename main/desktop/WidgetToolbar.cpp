@@ -12,7 +12,7 @@ namespace {
 
 using enum WidgetToolbar::Button;
 
-constexpr std::array buttons{scale, pin, remove};
+constexpr std::array buttons{settings, scale, pin, remove};
 constexpr double capsuleInset = 1; // room for the edge's outer half
 constexpr double buttonInset = 3;
 constexpr double symbolSize = 16;
@@ -95,6 +95,7 @@ void WidgetToolbar::paintButton(QPainter& painter, Button button) const
     if (pressed || (m_hovered == button && !m_pressed))
         canvas.fill(box, groundOf(button, pressed), box.height() / 2);
     switch (button) {
+    case settings: canvas.symbol(box, u"paintpalette.fill"_s, symbolSize, ink); break;
     case scale:
         canvas.text(
             box, m_state.scaleTitle, {.face = {u"Inter"_s, 600}, .size = 13, .colour = ink, .align = Align::centre});

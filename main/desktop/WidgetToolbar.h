@@ -13,7 +13,7 @@ namespace ambrelle {
 /// The strip of buttons above a widget: its layout, its look and which button the pointer is on. Window points, y down.
 class WidgetToolbar {
 public:
-    enum class Button { scale, pin, remove };
+    enum class Button { settings, scale, pin, remove };
 
     struct State {
         QString scaleTitle;
