@@ -1,0 +1,62 @@
+"""The whole program on the display of a test, which names it as its first argument."""
+import json
+import os
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+PROGRAM = sys.argv[1]
+
+
+def wait_for(what, condition, seconds=10.0):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        if value := condition():
+            return value
+        time.sleep(0.05)
+    sys.exit(f"no {what} within {seconds} s")
+
+
+def pointer(*steps):
+    subprocess.run(["xdotool", *steps], check=True)
+
+
+class Session:
+    """The program with a home of its own."""
+
+    def __init__(self, settings=None):
+        self.home = Path(tempfile.mkdtemp(prefix="ambrelle-test-"))
+        self.store = self.home / "config/ambrelle/defaults.json"
+        self.store.parent.mkdir(parents=True)
+        if settings:
+            self.store.write_text(json.dumps(settings))
+        self.env = dict(os.environ, HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / "config"),
+                        XDG_DATA_HOME=str(self.home / "data"), XDG_CACHE_HOME=str(self.home / "cache"),
+                        XDG_RUNTIME_DIR=str(self.home))
+        for name in ("QT_QPA_PLATFORM", "XDG_CURRENT_DESKTOP", "SWAYSOCK"):
+            self.env.pop(name, None)
+        self.process = None
+
+    def start(self):
+        self.process = subprocess.Popen([PROGRAM], env=self.env, stderr=subprocess.PIPE, text=True)
+
+    def end(self, how=signal.SIGTERM):
+        self.process.send_signal(how)
+        self.process.wait(10)
+
+    def panels(self):
+        """Places and sizes of the program's windows on the screen."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
+                               capture_output=True, text=True)
+        places = []
+        for window in found.stdout.split():
+            shell = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], capture_output=True, text=True)
+            values = dict(line.split("=") for line in shell.stdout.splitlines())
+            places.append(tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
+        return sorted(places)
+
+    def widgets(self):
+        return json.loads(self.store.read_text()).get("widgets.v2", [])
