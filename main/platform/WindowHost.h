@@ -74,6 +74,32 @@ public:
     virtual double pixelRatio() const = 0;
 };
 
+/// What stands behind the widgets of one screen while they are arranged: draws its window, and hears what ends the
+/// arranging. Any call may end with the window's destruction; nothing is called afterwards.
+class BackdropDelegate {
+public:
+    virtual ~BackdropDelegate() = default;
+
+    /// As PanelDelegate::paint(), always for the whole window of `size` points.
+    virtual void paint(QPainter& painter, const QSizeF& size) = 0;
+    virtual void clicked() = 0; ///< the left button was pressed and released on it
+    virtual void keyPressed(Qt::Key key) = 0;
+    virtual void closeRequested() = 0; ///< the window system or the user asks it to go; it stays until destroyed
+};
+
+/// A translucent window over one screen, on every workspace and out of every list of windows: above the desktop and
+/// normal windows, below the panels of the floating level. It goes from the screen when it is destroyed.
+class BackdropWindow {
+public:
+    virtual ~BackdropWindow() = default;
+
+    virtual void setFrame(const QRectF& screen) = 0; ///< global points
+    virtual QRectF frame() const = 0;
+    virtual void show() = 0; ///< without taking the focus
+    virtual void takeFocus() = 0; ///< the keyboard comes here, now or as soon as the window is on the screen
+    virtual void update() = 0; ///< asks for a paint
+};
+
 /// The windows, screens and pointer of the machine. The only place where coordinates are turned over.
 class WindowHost : public QObject {
     Q_OBJECT
@@ -84,6 +110,7 @@ public:
     virtual QList<ScreenInfo> screens() const = 0;
     virtual QPointF pointer() const = 0; ///< global points
     virtual std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) = 0;
+    virtual std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) = 0;
 
 Q_SIGNALS:
     /// Displays were added, removed, rearranged or changed in size or scale; given once a change has settled.

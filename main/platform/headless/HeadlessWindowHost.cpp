@@ -22,6 +22,18 @@ private:
     QRectF m_frame;
 };
 
+class HeadlessBackdrop final : public BackdropWindow {
+public:
+    void setFrame(const QRectF& screen) override { m_frame = screen; }
+    QRectF frame() const override { return m_frame; }
+    void show() override { }
+    void takeFocus() override { }
+    void update() override { }
+
+private:
+    QRectF m_frame;
+};
+
 } // namespace
 
 QList<ScreenInfo> HeadlessWindowHost::screens() const
@@ -33,6 +45,11 @@ QList<ScreenInfo> HeadlessWindowHost::screens() const
 std::unique_ptr<PanelWindow> HeadlessWindowHost::makePanel(PanelDelegate&)
 {
     return std::make_unique<HeadlessPanel>();
+}
+
+std::unique_ptr<BackdropWindow> HeadlessWindowHost::makeBackdrop(BackdropDelegate&)
+{
+    return std::make_unique<HeadlessBackdrop>();
 }
 
 } // namespace ambrelle

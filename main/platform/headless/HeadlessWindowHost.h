@@ -14,6 +14,7 @@ public:
     QList<ScreenInfo> screens() const override;
     QPointF pointer() const override { return {}; }
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
+    std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override;
 };
 
 } // namespace ambrelle

@@ -58,6 +58,39 @@ QPointF RecordingPanel::toLocal(const QPointF& global) const
     return {global.x() - m_frame.x(), m_frame.y() + m_frame.height() - global.y()};
 }
 
+RecordingBackdrop::RecordingBackdrop(RecordingWindowHost& host, BackdropDelegate& delegate)
+    : m_host(&host)
+    , m_delegate(delegate)
+{
+}
+
+RecordingBackdrop::~RecordingBackdrop()
+{
+    if (m_host)
+        m_host->forget(this);
+}
+
+void RecordingBackdrop::takeFocus()
+{
+    if (m_host)
+        m_host->m_focused = this;
+}
+
+bool RecordingBackdrop::hasFocus() const
+{
+    return m_host && m_host->focused() == this;
+}
+
+QImage RecordingBackdrop::picture(double ratio) const
+{
+    QImage image((m_frame.size() * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    m_delegate.paint(painter, m_frame.size());
+    return image;
+}
+
 RecordingWindowHost::RecordingWindowHost()
 {
     ScreenInfo screen;
@@ -74,6 +107,19 @@ std::unique_ptr<PanelWindow> RecordingWindowHost::makePanel(PanelDelegate& deleg
     auto panel = std::make_unique<RecordingPanel>(*this, delegate);
     m_panels.append(panel.get());
     return panel;
+}
+
+std::unique_ptr<BackdropWindow> RecordingWindowHost::makeBackdrop(BackdropDelegate& delegate)
+{
+    auto backdrop = std::make_unique<RecordingBackdrop>(*this, delegate);
+    m_backdrops.append(backdrop.get());
+    return backdrop;
+}
+
+void RecordingWindowHost::pressKey(Qt::Key key)
+{
+    if (m_focused)
+        m_focused->delegate().keyPressed(key);
 }
 
 void RecordingWindowHost::setScreens(const QList<ScreenInfo>& screens)
@@ -101,6 +147,7 @@ void RecordingWindowHost::press(const QPointF& global, Qt::MouseButton button)
         hover(panelAt(global));
     m_pressed = panelAt(global);
     m_heldButton = button;
+    m_pressedBackdrop = m_pressed ? nullptr : backdropAt(global);
     if (m_pressed)
         m_pressed->delegate().pointerPressed(eventFor(*m_pressed, button, Qt::NoModifier));
 }
@@ -114,6 +161,9 @@ void RecordingWindowHost::release(const QPointF& global, Qt::MouseButton button)
     m_heldButton = Qt::NoButton;
     if (target)
         target->delegate().pointerReleased(eventFor(*target, button, Qt::NoModifier));
+    RecordingBackdrop* backdrop = std::exchange(m_pressedBackdrop, nullptr);
+    if (backdrop && button == Qt::LeftButton)
+        backdrop->delegate().clicked();
     hover(panelAt(global));
 }
 
@@ -147,6 +197,20 @@ void RecordingWindowHost::forget(RecordingPanel* panel)
     m_panels.removeOne(panel);
     m_hovered = m_hovered == panel ? nullptr : m_hovered;
     m_pressed = m_pressed == panel ? nullptr : m_pressed;
+}
+
+void RecordingWindowHost::forget(RecordingBackdrop* backdrop)
+{
+    m_backdrops.removeOne(backdrop);
+    m_focused = m_focused == backdrop ? nullptr : m_focused;
+    m_pressedBackdrop = m_pressedBackdrop == backdrop ? nullptr : m_pressedBackdrop;
+}
+
+RecordingBackdrop* RecordingWindowHost::backdropAt(const QPointF& global) const
+{
+    const auto found = std::ranges::find_if(m_backdrops,
+        [&](const RecordingBackdrop* backdrop) { return backdrop->isVisible() && backdrop->frame().contains(global); });
+    return found == m_backdrops.end() ? nullptr : *found;
 }
 
 void RecordingWindowHost::hover(RecordingPanel* panel)

@@ -61,6 +61,30 @@ private:
     QList<QRectF> m_updates;
 };
 
+/// A backdrop that exists in memory only. Any call of the delegate may be the end of it.
+class RecordingBackdrop final : public BackdropWindow {
+public:
+    RecordingBackdrop(RecordingWindowHost& host, BackdropDelegate& delegate);
+    ~RecordingBackdrop() override;
+
+    void setFrame(const QRectF& screen) override { m_frame = screen; }
+    QRectF frame() const override { return m_frame; }
+    void show() override { m_visible = true; }
+    void takeFocus() override;
+    void update() override { }
+
+    bool isVisible() const { return m_visible; }
+    bool hasFocus() const;
+    BackdropDelegate& delegate() const { return m_delegate; }
+    QImage picture(double ratio = 1) const; ///< what the delegate paints, on a transparent ground
+
+private:
+    QPointer<RecordingWindowHost> m_host;
+    BackdropDelegate& m_delegate;
+    QRectF m_frame;
+    bool m_visible = false;
+};
+
 /// A machine for tests: its screens and its pointer are what the test says, and its windows can be inspected. The
 /// pointer goes to the topmost window that hears it, enters and leaves as it moves, and stays with the pressed window
 /// until release.
@@ -74,27 +98,37 @@ public:
     QList<ScreenInfo> screens() const override { return m_screens; }
     QPointF pointer() const override { return m_pointer; }
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
+    std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override;
 
     void setScreens(const QList<ScreenInfo>& screens); ///< tells screensChanged() if the list differs
     QList<RecordingPanel*> panels() const { return m_panels; } ///< those alive, in the order they were made
+    QList<RecordingBackdrop*> backdrops() const { return m_backdrops; } ///< likewise
+    RecordingBackdrop* focused() const { return m_focused; }
+    void pressKey(Qt::Key key); ///< for the backdrop with the focus, if there is one
 
     void movePointer(const QPointF& global, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void press(const QPointF& global, Qt::MouseButton button = Qt::LeftButton);
     void release(const QPointF& global, Qt::MouseButton button = Qt::LeftButton);
     void click(const QPointF& global, Qt::MouseButton button = Qt::LeftButton);
     void drag(const QPointF& from, const QPointF& to, int steps = 4);
-    /// The window that would get a click there; null where only the desktop is.
+    /// The panel that would get a click there; null where only a backdrop or the desktop is.
     RecordingPanel* panelAt(const QPointF& global) const;
 
 private:
     friend class RecordingPanel;
+    friend class RecordingBackdrop;
     void forget(RecordingPanel* panel);
+    void forget(RecordingBackdrop* backdrop);
+    RecordingBackdrop* backdropAt(const QPointF& global) const;
     void hover(RecordingPanel* panel);
     PointerEvent eventFor(const RecordingPanel& panel, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const;
 
     QList<ScreenInfo> m_screens;
     QPointF m_pointer;
     QList<RecordingPanel*> m_panels;
+    QList<RecordingBackdrop*> m_backdrops;
+    RecordingBackdrop* m_focused = nullptr;
+    RecordingBackdrop* m_pressedBackdrop = nullptr;
     RecordingPanel* m_hovered = nullptr;
     RecordingPanel* m_pressed = nullptr;
     Qt::MouseButton m_heldButton = Qt::NoButton;

@@ -11,6 +11,7 @@ namespace ambrelle {
 PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
     : m_delegate(&delegate)
     , m_parts(parts)
+    , m_ground(parts)
     , m_pixelRatio(devicePixelRatio())
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
@@ -55,8 +56,7 @@ void PanelSurface::repaintAll()
 
 void PanelSurface::groundChanged()
 {
-    m_ground = {};
-    m_groundArea = {};
+    m_ground.forget();
     repaintAll();
     if (m_delegate)
         m_delegate->appearanceChanged();
@@ -97,25 +97,10 @@ void PanelSurface::paintEvent(QPaintEvent* event)
     const QRect area = event->region().boundingRect();
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    drawGround(painter);
+    // The toolkit has already made the area transparent.
+    m_ground.draw(painter, nativeGeometry(), m_pixelRatio);
     painter.setRenderHint(QPainter::Antialiasing);
     m_delegate->paint(painter, area);
-}
-
-/// The toolkit has already made the area transparent.
-void PanelSurface::drawGround(QPainter& painter)
-{
-    if (m_parts.compositor.isActive()) {
-        m_ground = {};
-        m_groundArea = {};
-        return;
-    }
-    if (const QRect place = nativeGeometry(); place != m_groundArea) {
-        m_ground = m_parts.picture.part(place);
-        m_ground.setDevicePixelRatio(m_pixelRatio);
-        m_groundArea = place;
-    }
-    painter.drawImage(QPointF(0, 0), m_ground);
 }
 
 void PanelSurface::moveEvent(QMoveEvent* event)

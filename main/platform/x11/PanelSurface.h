@@ -1,9 +1,8 @@
 #pragma once
 
 #include "platform/WindowHost.h"
-#include "platform/x11/X11Parts.h"
+#include "platform/x11/WindowGround.h"
 
-#include <QImage>
 #include <QRasterWindow>
 
 namespace ambrelle {
@@ -38,15 +37,13 @@ protected:
 
 private:
     QRect nativeGeometry() const;
-    void drawGround(QPainter& painter);
     void checkPixelRatio();
     PointerEvent pointerEvent(const QMouseEvent& event) const;
 
     PanelDelegate* m_delegate;
     X11Parts& m_parts;
-    QImage m_ground;
+    WindowGround m_ground;
     QPoint m_place; ///< where the window is or was last sent
-    QRect m_groundArea; ///< native pixels of the root window shown by m_ground
     double m_pixelRatio;
     int m_delivering = 0;
     bool m_appeared = false;

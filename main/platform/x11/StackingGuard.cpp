@@ -17,10 +17,12 @@ constexpr uint32_t fromPager = 2; // the source whose restacking of others' wind
 
 } // namespace
 
-StackingGuard::StackingGuard(RootWatch& watch, const X11Parts& parts, const QList<X11Panel*>& panels)
+StackingGuard::StackingGuard(
+    RootWatch& watch, const X11Parts& parts, const QList<X11Panel*>& panels, const QList<X11Backdrop*>& backdrops)
     : m_watch(watch)
     , m_parts(parts)
     , m_panels(panels)
+    , m_backdrops(backdrops)
 {
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(settling);
@@ -37,18 +39,21 @@ void StackingGuard::check()
 {
     const X11Connection& x = m_watch.connection();
     const std::vector<uint32_t> stacking = x.values(x.root(), Atom::clientListStacking);
-    const QList<X11Panel*> panels = panelsInOrder(stacking);
+    const QList<X11Panel*> panels = panelsInOrder(stacking, WindowLevel::desktop);
     if (!panels.isEmpty() && isForeignDesktopAbove(stacking, panels) && mayRestack())
         restack(panels);
+    const QList<X11Panel*> raised = panelsInOrder(stacking, WindowLevel::floating);
+    if (!raised.isEmpty() && isBackdropAbove(stacking, raised) && mayRestack())
+        restack(raised);
     m_watch.drain();
 }
 
-QList<X11Panel*> StackingGuard::panelsInOrder(const std::vector<uint32_t>& stacking) const
+QList<X11Panel*> StackingGuard::panelsInOrder(const std::vector<uint32_t>& stacking, WindowLevel level) const
 {
     QList<X11Panel*> ordered;
     for (const uint32_t window : stacking) {
-        const auto found = std::ranges::find_if(m_panels, [window](const X11Panel* panel) {
-            return panel->window() == window && panel->level() == WindowLevel::desktop && panel->isShown();
+        const auto found = std::ranges::find_if(m_panels, [window, level](const X11Panel* panel) {
+            return panel->window() == window && panel->level() == level && panel->isShown();
         });
         if (found != m_panels.end())
             ordered.append(*found);
@@ -71,6 +76,14 @@ bool StackingGuard::isForeignDesktopAbove(const std::vector<uint32_t>& stacking,
         found = found || (!types.empty() && types.front() == x.atom(Atom::typeDesktop));
     }
     return found;
+}
+
+bool StackingGuard::isBackdropAbove(const std::vector<uint32_t>& stacking, const QList<X11Panel*>& panels) const
+{
+    const auto lowest = std::ranges::find(stacking, panels.first()->window());
+    return std::any_of(lowest, stacking.end(), [this](uint32_t window) {
+        return std::ranges::any_of(m_backdrops, [window](const X11Backdrop* each) { return each->window() == window; });
+    });
 }
 
 bool StackingGuard::mayRestack()

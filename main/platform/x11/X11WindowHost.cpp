@@ -71,6 +71,14 @@ std::unique_ptr<PanelWindow> X11WindowHost::makePanel(PanelDelegate& delegate)
     return panel;
 }
 
+std::unique_ptr<BackdropWindow> X11WindowHost::makeBackdrop(BackdropDelegate& delegate)
+{
+    auto backdrop = std::make_unique<X11Backdrop>(delegate, *m_parts);
+    backdrop->onDestroyed = [this](X11Backdrop* gone) { m_backdrops.removeOne(gone); };
+    m_backdrops.append(backdrop.get());
+    return backdrop;
+}
+
 void X11WindowHost::watch()
 {
     // A window manager that is itself just starting may lose the request to show a window.
@@ -83,7 +91,7 @@ void X11WindowHost::watch()
     connect(m_watch.get(), &RootWatch::compositorChanged, &m_parts->compositor, &CompositorWatch::refresh);
     if (!m_watch->open(m_parts->connection))
         return;
-    m_guard = std::make_unique<StackingGuard>(*m_watch, *m_parts, m_panels);
+    m_guard = std::make_unique<StackingGuard>(*m_watch, *m_parts, m_panels, m_backdrops);
     m_guard->schedule();
     // Both may have changed while nobody watched.
     m_parts->compositor.refresh();
@@ -110,6 +118,8 @@ void X11WindowHost::groundChanged()
         if (m_panels.contains(panel))
             panel->groundChanged();
     }
+    for (X11Backdrop* backdrop : m_backdrops)
+        backdrop->groundChanged();
 }
 
 void X11WindowHost::managerChanged()
@@ -117,6 +127,8 @@ void X11WindowHost::managerChanged()
     m_parts->manager.forget();
     for (X11Panel* panel : m_panels)
         panel->redress();
+    for (X11Backdrop* backdrop : m_backdrops)
+        backdrop->redress();
 }
 
 void X11WindowHost::screensSettled()

@@ -2,6 +2,7 @@
 
 #include "platform/x11/RootWatch.h"
 #include "platform/x11/StackingGuard.h"
+#include "platform/x11/X11Backdrop.h"
 #include "platform/x11/X11Panel.h"
 #include "platform/x11/X11Parts.h"
 
@@ -20,6 +21,7 @@ public:
     QPointF pointer() const override;
     /// Only while available; the panel must go before the host.
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
+    std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override; ///< likewise
 
 private:
     void watch();
@@ -30,6 +32,7 @@ private:
 
     std::unique_ptr<X11Parts> m_parts;
     QList<X11Panel*> m_panels;
+    QList<X11Backdrop*> m_backdrops;
     std::unique_ptr<RootWatch> m_watch;
     std::unique_ptr<StackingGuard> m_guard;
     QTimer m_watchStart;
