@@ -27,16 +27,49 @@ bool isSame(QPointF one, QPointF other)
     return std::abs(one.x() - other.x()) < sameSpot && std::abs(one.y() - other.y()) < sameSpot;
 }
 
+/// An identifier without the connector that tells displays of one make apart.
+QString makeOf(const QString& id)
+{
+    return id.section(u'@', 0, 0);
+}
+
+/// A display that has got a twin, lost one or changed its connector beside one is known by its make.
 const ScreenInfo* find(const QList<ScreenInfo>& screens, const QString& id)
 {
-    const auto found = std::ranges::find(screens, id, &ScreenInfo::id);
+    auto found = std::ranges::find(screens, id, &ScreenInfo::id);
+    if (found == screens.end())
+        found = std::ranges::find(screens, makeOf(id), [](const ScreenInfo& screen) { return makeOf(screen.id); });
     return found == screens.end() ? nullptr : &*found;
+}
+
+/// Along one axis: in the outer thirds of a screen the distance to its edge stays, in the middle the share of it.
+double refitted(double start, double length, double before, double after)
+{
+    const double middle = start + length / 2;
+    if (middle < before / 3)
+        return start;
+    if (middle > before * 2 / 3)
+        return start + after - before;
+    return std::round(middle * after / before - length / 2);
+}
+
+QRectF refitted(const QRectF& frame, const QSizeF& before, const QSizeF& after)
+{
+    return {refitted(frame.x(), frame.width(), before.width(), after.width()),
+        refitted(frame.y(), frame.height(), before.height(), after.height()), frame.width(), frame.height()};
 }
 
 /// A screen's work area, or all of it when the desktop reports none.
 QRectF roomOf(const ScreenInfo& screen)
 {
     return screen.visibleFrame.isEmpty() ? screen.frame : screen.visibleFrame;
+}
+
+void makeHome(WidgetConfig& config, HomeSize& homeSize, const ScreenInfo& screen)
+{
+    config.display = screen.id;
+    config.displayOffset = config.origin - screen.frame.topLeft();
+    homeSize = screen.frame.size();
 }
 
 } // namespace
@@ -67,7 +100,7 @@ QRectF movedInto(const QRectF& frame, const QRectF& area)
     return moved;
 }
 
-QPointF origin(const WidgetConfig& config, const QList<ScreenInfo>& screens)
+QPointF origin(const WidgetConfig& config, const HomeSize& homeSize, const QList<ScreenInfo>& screens)
 {
     if (screens.isEmpty())
         return config.origin;
@@ -75,28 +108,46 @@ QPointF origin(const WidgetConfig& config, const QList<ScreenInfo>& screens)
     if (config.display && config.displayOffset) {
         const ScreenInfo* home = find(screens, *config.display);
         const ScreenInfo& host = home ? *home : screens.first();
-        wanted.moveTopLeft(host.frame.topLeft() + *config.displayOffset);
+        const QRectF onDisplay(*config.displayOffset, config.size());
+        wanted.moveTopLeft(host.frame.topLeft() + onDisplay.topLeft());
         if (!home)
             return movedInto(wanted, roomOf(host)).topLeft();
+        if (homeSize && *homeSize != host.frame.size()) {
+            wanted = refitted(onDisplay, *homeSize, host.frame.size()).translated(host.frame.topLeft());
+            if (QRectF({}, *homeSize).contains(onDisplay))
+                return movedInto(wanted, roomOf(host)).topLeft();
+        }
     }
     if (screenShowing(wanted, screens))
         return wanted.topLeft();
     return movedInto(wanted, roomOf(*screenNear(wanted, screens))).topLeft();
 }
 
-void rememberDisplay(WidgetConfig& config, const QList<ScreenInfo>& screens)
+void rememberDisplay(WidgetConfig& config, HomeSize& homeSize, const QList<ScreenInfo>& screens)
 {
-    if (config.display && config.displayOffset && isSame(origin(config, screens), config.origin))
+    if (config.display && config.displayOffset && isSame(origin(config, homeSize, screens), config.origin)) {
+        const ScreenInfo* home = find(screens, *config.display);
+        if (!homeSize && home && isSame(home->frame.topLeft() + *config.displayOffset, config.origin))
+            homeSize = home->frame.size();
         return;
-    if (const auto screen = screenShowing(config.frame(), screens)) {
-        config.display = screen->id;
-        config.displayOffset = config.origin - screen->frame.topLeft();
     }
+    if (const auto screen = screenShowing(config.frame(), screens))
+        makeHome(config, homeSize, *screen);
 }
 
-bool syncDisplay(WidgetConfig& config, const QList<ScreenInfo>& screens)
+void settle(WidgetConfig& config, HomeSize& homeSize, const QList<ScreenInfo>& screens)
 {
-    const QPointF place = origin(config, screens);
+    const auto screen = screenNear(config.frame(), screens);
+    if (!screen)
+        return;
+    if (!screenShowing(config.frame(), screens))
+        config.origin = movedInto(config.frame(), screen->frame).topLeft();
+    makeHome(config, homeSize, *screen);
+}
+
+bool syncDisplay(WidgetConfig& config, const HomeSize& homeSize, const QList<ScreenInfo>& screens)
+{
+    const QPointF place = origin(config, homeSize, screens);
     if (isSame(place, config.origin))
         return false;
     config.origin = place;
@@ -106,8 +157,8 @@ bool syncDisplay(WidgetConfig& config, const QList<ScreenInfo>& screens)
 QPointF originAfterResize(const WidgetConfig& before, const WidgetConfig& after, const QList<ScreenInfo>& screens)
 {
     const bool guest = before.display && !find(screens, *before.display);
-    if (guest && isSame(origin(before, screens), before.origin))
-        return origin(after, screens);
+    if (guest && isSame(origin(before, {}, screens), before.origin))
+        return origin(after, {}, screens);
     const auto screen = screenShowing(before.frame(), screens);
     if (screen && roomOf(*screen).contains(before.frame()))
         return movedInto(after.frame(), roomOf(*screen)).topLeft();

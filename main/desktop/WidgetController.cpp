@@ -1,5 +1,6 @@
 #include "desktop/WidgetController.h"
 
+#include "desktop/DragHelp.h"
 #include "desktop/ScreenPlacement.h"
 #include "model/AppSettings.h"
 #include "skins/SkinRegistry.h"
@@ -8,18 +9,22 @@
 
 namespace ambrelle {
 
-WidgetController::WidgetController(const WidgetConfig& config, const Surroundings& surroundings, QObject* parent)
+WidgetController::WidgetController(const WidgetConfig& config, const std::optional<QSizeF>& homeSize,
+    const Surroundings& surroundings, QObject* parent)
     : QObject(parent)
     , m_config(config)
+    , m_homeSize(homeSize)
     , m_surroundings(surroundings)
     , m_panel(surroundings.host, surroundings.clock, surroundings.layers, view(config.skin, config.kind),
           {.isLocked = [this] { return m_surroundings.settings.locked(); },
+              .dragged = [this](const QRectF& widget,
+                             Qt::KeyboardModifiers held) { return m_surroundings.drags.place(*this, widget, held); },
               .dragEnded = [this](QPointF origin) { dragEnded(origin); },
               .clicked = [this](const FaceAction& action) { Q_EMIT clicked(action); },
               .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); },
               .menuRequested = [this](QPointF at) { Q_EMIT menuRequested(at); }})
 {
-    ScreenPlacement::syncDisplay(m_config, m_surroundings.host.screens());
+    ScreenPlacement::syncDisplay(m_config, m_homeSize, m_surroundings.host.screens());
     applySettings();
     m_panel.setToolbar({title(m_config.scale), m_config.pinned});
     place();
@@ -81,11 +86,16 @@ void WidgetController::setOccluded(bool occluded)
     applySettings();
 }
 
-void WidgetController::applyLayer()
+WindowLevel WidgetController::level() const
 {
     // Edit mode lifts every widget above its backdrop.
     const bool floating = isRaised() || m_surroundings.settings.editing();
-    m_panel.setLevel(floating ? WindowLevel::floating : WindowLevel::desktop);
+    return floating ? WindowLevel::floating : WindowLevel::desktop;
+}
+
+void WidgetController::applyLayer()
+{
+    m_panel.setLevel(level());
 }
 
 void WidgetController::applySettings()
@@ -101,12 +111,12 @@ void WidgetController::renewView()
 
 void WidgetController::rememberDisplay()
 {
-    ScreenPlacement::rememberDisplay(m_config, m_surroundings.host.screens());
+    ScreenPlacement::rememberDisplay(m_config, m_homeSize, m_surroundings.host.screens());
 }
 
 bool WidgetController::syncDisplay()
 {
-    const bool moved = ScreenPlacement::syncDisplay(m_config, m_surroundings.host.screens());
+    const bool moved = ScreenPlacement::syncDisplay(m_config, m_homeSize, m_surroundings.host.screens());
     place(); // a screen's work area may have changed, or the window system moved the window
     return moved;
 }
@@ -114,21 +124,16 @@ bool WidgetController::syncDisplay()
 void WidgetController::close()
 {
     disconnect();
+    m_surroundings.drags.ended();
     m_panel.close();
 }
 
 void WidgetController::dragEnded(QPointF origin)
 {
+    m_surroundings.drags.ended();
     change([&](WidgetConfig& config) {
-        const QList<ScreenInfo> screens = m_surroundings.host.screens();
         config.origin = origin;
-        // Dropped out of sight it comes back to the nearest screen; dropped on a screen it belongs there from now on.
-        if (const auto screen = ScreenPlacement::screenNear(config.frame(), screens)) {
-            if (!ScreenPlacement::screenShowing(config.frame(), screens))
-                config.origin = ScreenPlacement::movedInto(config.frame(), screen->frame).topLeft();
-            config.display = screen->id;
-            config.displayOffset = config.origin - screen->frame.topLeft();
-        }
+        ScreenPlacement::settle(config, m_homeSize, m_surroundings.host.screens());
     });
     place();
 }

@@ -8,6 +8,7 @@
 namespace ambrelle {
 
 class AppSettings;
+class DragHelp;
 
 /// One live widget: its record, its panel, and every way of changing it. A change is shown, and then told by changed().
 class WidgetController : public QObject {
@@ -18,15 +19,21 @@ public:
         AppSettings& settings;
         Clock& clock;
         LayerCache& layers;
+        DragHelp& drags;
     };
 
-    WidgetController(const WidgetConfig& config, const Surroundings& surroundings, QObject* parent = nullptr);
+    /// `homeSize` as in ScreenPlacement.
+    WidgetController(const WidgetConfig& config, const std::optional<QSizeF>& homeSize,
+        const Surroundings& surroundings, QObject* parent = nullptr);
 
     const WidgetConfig& config() const { return m_config; }
+    const std::optional<QSizeF>& homeSize() const { return m_homeSize; }
     QRectF widgetFrame() const { return m_config.frame(); } ///< global points, y up
     bool isHovering() const { return m_panel.isHovering(); }
     bool isOccluded() const { return m_occluded; }
     bool isRaised() const; ///< above normal windows for the user's sake, by its pin or by the layer
+    WindowLevel level() const; ///< of the pin, of edit mode or of the layer
+    const QColor& accent() const { return m_panel.view().style().accent; }
     bool showsSeconds() const;
     double pixelRatio() const { return m_panel.pixelRatio(); } ///< pixels per point where it stands
 
@@ -41,7 +48,7 @@ public:
     void setReading(const std::shared_ptr<const Reading>& reading) { m_panel.setReading(reading); }
 
     void show() { m_panel.show(); }
-    void applyLayer(); ///< takes the level of the pin, of edit mode or of the layer
+    void applyLayer(); ///< takes its level()
     void applySettings(); ///< takes over what the settings say about motion and edit mode
     void renewView(); ///< draws with the skin's colours of now
 
@@ -65,6 +72,7 @@ private:
     FaceLook look() const;
 
     WidgetConfig m_config;
+    std::optional<QSizeF> m_homeSize;
     Surroundings m_surroundings;
     bool m_occluded = false;
     WidgetPanel m_panel;

@@ -9,6 +9,8 @@
 #include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 
+#include <QJsonArray>
+
 #include <algorithm>
 
 namespace ambrelle {
@@ -18,9 +20,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString storageKey = u"widgets.v2"_s;
+const QString homeSizesKey = u"widgetHomeSizes"_s; ///< [width, height] of each widget's display, by its identifier
 constexpr int millisecondsPerSecond = 1000;
 
 WidgetManager* theShared = nullptr;
+
+std::optional<QSizeF> sizeFrom(const QJsonValue& stored)
+{
+    const QSizeF size(stored.toArray().at(0).toDouble(), stored.toArray().at(1).toDouble());
+    return size.isEmpty() ? std::nullopt : std::optional(size);
+}
 
 } // namespace
 
@@ -45,6 +54,8 @@ private:
 
 WidgetManager::WidgetManager(const Collaborators& collaborators)
     : m_with(collaborators)
+    , m_drags(m_with.host, m_controllers)
+    , m_editBackdrops(m_with.host, [this] { setEditing(false); })
 {
     connect(&m_with.feed, &ReadingFeed::changed, this, [this](const WidgetKinds& kinds) {
         showReadings([&](const WidgetController& c) { return kinds.test(static_cast<std::size_t>(c.config().kind)); });
@@ -72,8 +83,9 @@ void WidgetManager::load()
 {
     const std::optional<QByteArray> stored = m_with.defaults.data(storageKey);
     const auto configs = stored ? WidgetConfig::decodeList(*stored) : std::nullopt;
+    const QJsonObject homeSizes = m_with.defaults.object(homeSizesKey).value_or(QJsonObject());
     for (const WidgetConfig& config : configs.value_or(QList<WidgetConfig>()))
-        open(config);
+        open(config, sizeFrom(homeSizes.value(config.id.toString(QUuid::WithoutBraces))));
     demandChanged();
 }
 
@@ -87,6 +99,19 @@ void WidgetManager::save()
         configs.append(controller->config());
     }
     m_with.defaults.setData(storageKey, WidgetConfig::encodeList(configs));
+    saveHomeSizes();
+}
+
+void WidgetManager::saveHomeSizes()
+{
+    QJsonObject sizes;
+    for (const WidgetController* controller : m_controllers) {
+        if (const auto& size = controller->homeSize())
+            sizes.insert(
+                controller->config().id.toString(QUuid::WithoutBraces), QJsonArray{size->width(), size->height()});
+    }
+    if (sizes != m_with.defaults.object(homeSizesKey).value_or(QJsonObject()))
+        m_with.defaults.set(homeSizesKey, sizes);
 }
 
 WidgetController* WidgetManager::add(WidgetKind kind, std::optional<Skin> skin, std::optional<QPointF> centeredAt)
@@ -107,9 +132,10 @@ WidgetController* WidgetManager::add(WidgetKind kind, std::optional<Skin> skin, 
     return m_controllers.last();
 }
 
-void WidgetManager::open(const WidgetConfig& config)
+void WidgetManager::open(const WidgetConfig& config, const std::optional<QSizeF>& homeSize)
 {
-    auto* controller = new WidgetController(config, {m_with.host, m_with.settings, m_with.clock, m_layers}, this);
+    auto* controller =
+        new WidgetController(config, homeSize, {m_with.host, m_with.settings, m_with.clock, m_layers, m_drags}, this);
     connect(controller, &WidgetController::changed, this, [this, controller] { controllerChanged(controller); });
     connect(controller, &WidgetController::removeRequested, this, [this, controller] { remove(controller); });
     connect(controller, &WidgetController::clicked, this,
@@ -208,6 +234,8 @@ void WidgetManager::ensureAllVisible()
     for (WidgetController* controller : m_controllers)
         moved |= controller->syncDisplay();
     configurePhotos(); // another screen may have finer pixels
+    if (m_with.settings.editing())
+        openBackdrops();
     if (moved)
         save();
 }
@@ -215,7 +243,23 @@ void WidgetManager::ensureAllVisible()
 void WidgetManager::setEditing(bool editing)
 {
     m_with.settings.editing.set(editing);
+}
+
+void WidgetManager::editingChanged()
+{
+    if (m_with.settings.editing())
+        openBackdrops();
+    else
+        m_editBackdrops.close();
     applyLayer();
+}
+
+void WidgetManager::openBackdrops()
+{
+    QList<QRectF> frames;
+    for (const WidgetController* controller : m_controllers)
+        frames.append(controller->widgetFrame());
+    m_editBackdrops.open(frames);
 }
 
 void WidgetManager::demandChanged()
@@ -255,6 +299,8 @@ void WidgetManager::settingChanged(const QString& key)
 {
     if (key == m_with.settings.layer.key())
         applyLayer();
+    if (key == m_with.settings.editing.key())
+        editingChanged();
     if (key != m_with.settings.animations.key() && key != m_with.settings.editing.key())
         return;
     for (WidgetController* controller : m_controllers)

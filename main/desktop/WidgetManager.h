@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/DragHelp.h"
+#include "desktop/EditBackdrop.h"
 #include "desktop/ReadingRound.h"
 #include "desktop/WidgetController.h"
 #include "drawing/LayerCache.h"
@@ -62,6 +64,7 @@ public:
 
     void applyLayer();
     void ensureAllVisible(); ///< after the screens changed
+    /// Edit mode: widgets come above everything else, with a backdrop on every screen that ends it.
     void setEditing(bool editing);
     void demandChanged(); ///< tells the services which widgets exist
 
@@ -74,11 +77,14 @@ Q_SIGNALS:
 private:
     class Change;
 
-    void open(const WidgetConfig& config);
+    void open(const WidgetConfig& config, const std::optional<QSizeF>& homeSize = std::nullopt);
+    void saveHomeSizes();
     void drop(WidgetController* controller);
     void removeIf(const std::function<bool(const WidgetController&)>& goes);
     void controllerChanged(WidgetController* controller);
     void settingChanged(const QString& key);
+    void editingChanged();
+    void openBackdrops();
     void showReadings(const std::function<bool(const WidgetController&)>& concerned);
     void configurePhotos();
     bool changesEverySecond(const WidgetController& controller) const;
@@ -87,6 +93,8 @@ private:
     Collaborators m_with;
     LayerCache m_layers;
     QList<WidgetController*> m_controllers; // children of this
+    DragHelp m_drags;
+    EditBackdrops m_editBackdrops;
     Ticket m_seconds;
     int m_openChanges = 0;
 };

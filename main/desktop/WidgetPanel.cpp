@@ -57,6 +57,8 @@ void WidgetPanel::applyAreas()
 
 void WidgetPanel::setLevel(WindowLevel level)
 {
+    if (std::exchange(m_level, level) != level)
+        endDrag();
     m_window->setLevel(level);
 }
 
@@ -144,6 +146,8 @@ void WidgetPanel::pointerMoved(const PointerEvent& event)
         return;
     if (isHovering() && m_toolbar.hover(event.local))
         m_window->update(m_toolbar.area());
+    if (m_drag.isPressed() && event.button != Qt::LeftButton)
+        endDrag(); // the button was released where this window did not hear it
     if (!m_drag.isPressed() || m_hooks.isLocked())
         return;
     const std::optional<DragGesture::Step> step = m_drag.move(event.global);
@@ -151,7 +155,18 @@ void WidgetPanel::pointerMoved(const PointerEvent& event)
         return;
     if (step->began)
         clickCancelled();
-    m_window->setFrame({m_dragStart + step->by, m_window->frame().size()});
+    const QRectF wanted(PanelGeometry::widgetOrigin(m_dragStart + step->by), m_face.look().size);
+    const QPointF placed = m_hooks.dragged(wanted, event.modifiers);
+    m_window->setFrame({PanelGeometry::panelFrame({placed, wanted.size()}).topLeft(), m_window->frame().size()});
+}
+
+void WidgetPanel::endDrag()
+{
+    const bool dragged = m_drag.isDragging();
+    m_drag.cancel();
+    clickCancelled();
+    if (dragged)
+        m_hooks.dragEnded(PanelGeometry::widgetOrigin(m_window->frame().topLeft()));
 }
 
 void WidgetPanel::clickCancelled()
@@ -165,11 +180,10 @@ void WidgetPanel::pointerReleased(const PointerEvent& event)
 {
     if (m_closed || event.button != Qt::LeftButton)
         return;
-    switch (m_drag.release()) {
-    case DragGesture::Outcome::none: break;
-    case DragGesture::Outcome::drag: m_hooks.dragEnded(PanelGeometry::widgetOrigin(m_window->frame().topLeft())); break;
-    case DragGesture::Outcome::click: click(event.local); break;
-    }
+    if (m_drag.isDragging())
+        endDrag();
+    else if (m_drag.release() == DragGesture::Outcome::click)
+        click(event.local);
 }
 
 void WidgetPanel::click(QPointF local)

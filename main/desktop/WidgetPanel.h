@@ -15,7 +15,9 @@ class WidgetPanel final : public PanelDelegate {
 public:
     struct Hooks {
         std::function<bool()> isLocked; ///< asked while dragging
-        std::function<void(QPointF origin)> dragEnded; ///< of the face's lower left corner, global points
+        /// Asked while dragging: the place for a face dragged to `widget`. Lower left corners, global points.
+        std::function<QPointF(const QRectF& widget, Qt::KeyboardModifiers modifiers)> dragged;
+        std::function<void(QPointF origin)> dragEnded; ///< likewise
         std::function<void(const FaceAction&)> clicked;
         std::function<void(WidgetToolbar::Button)> toolbarUsed;
         std::function<void(QPointF at)> menuRequested; ///< global points
@@ -27,7 +29,7 @@ public:
     void close(); ///< for good: nothing is heard or drawn any more
     /// Puts the face at `frame` (global points); the toolbar stays inside `room` as far as it can.
     void place(const QRectF& frame, const QRectF& room);
-    void setLevel(WindowLevel level);
+    void setLevel(WindowLevel level); ///< a drag ends with it: the window may lose the pointer
     void setView(FaceView view);
     void setLook(const FaceLook& look);
     /// Repaints if it differs from the one shown.
@@ -55,6 +57,7 @@ private:
     void hoverChanged();
     void applyAreas();
     void clickCancelled();
+    void endDrag();
     void click(QPointF local);
 
     Hooks m_hooks;
@@ -64,6 +67,7 @@ private:
     DragGesture m_drag;
     WidgetToolbar m_toolbar;
     QRectF m_room;
+    WindowLevel m_level = WindowLevel::desktop;
     QPointF m_dragStart; // origin of the window
     std::optional<FaceAction> m_pressedAction;
     bool m_closed = false;

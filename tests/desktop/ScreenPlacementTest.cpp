@@ -22,47 +22,116 @@ WidgetConfig widgetAt(QPointF origin)
     return {WidgetKind::cpu, Skin::glass, WidgetScale::medium, origin};
 }
 
+ScreenInfo sized(ScreenInfo info, const QSizeF& size)
+{
+    info.frame.setSize(size);
+    info.visibleFrame = info.frame.adjusted(0, 0, 0, -40);
+    return info;
+}
+
+/// A widget and what is known about its display.
+struct Placed {
+    WidgetConfig config;
+    ScreenPlacement::HomeSize homeSize;
+
+    explicit Placed(QPointF origin, const QList<ScreenInfo>& screens = {})
+        : config(widgetAt(origin))
+    {
+        remember(screens);
+    }
+    void remember(const QList<ScreenInfo>& screens) { ScreenPlacement::rememberDisplay(config, homeSize, screens); }
+    bool sync(const QList<ScreenInfo>& screens) { return ScreenPlacement::syncDisplay(config, homeSize, screens); }
+    bool operator==(const Placed&) const = default;
+};
+
 TEST(ScreenPlacement, FollowsItsDisplay)
 {
-    WidgetConfig widget = widgetAt({2000, 300});
-    ScreenPlacement::rememberDisplay(widget, {main, right});
-    EXPECT_EQ(widget.display, right.id);
-    EXPECT_EQ(widget.displayOffset, QPointF(560, 300));
+    Placed widget({2000, 300}, {main, right});
+    EXPECT_EQ(widget.config.display, right.id);
+    EXPECT_EQ(widget.config.displayOffset, QPointF(560, 300));
 
     ScreenInfo moved = right;
     moved.frame.moveTo(-1920, 200);
     moved.visibleFrame.moveTo(-1920, 200);
-    EXPECT_TRUE(ScreenPlacement::syncDisplay(widget, {main, moved}));
-    EXPECT_EQ(widget.origin, QPointF(-1360, 500));
+    EXPECT_TRUE(widget.sync({main, moved}));
+    EXPECT_EQ(widget.config.origin, QPointF(-1360, 500));
+}
+
+TEST(ScreenPlacement, KeepsItsPlaceOnADisplayOfAnotherSizeAndGetsTheOldOneBack)
+{
+    struct Case {
+        const char* what;
+        QPointF from;
+        QSizeF size;
+        QPointF to;
+    };
+    const Case cases[] = {
+        {"at the upper right, larger", {1250, 670}, {1920, 1080}, {1730, 850}},
+        {"at the upper right, smaller", {1250, 670}, {1024, 768}, {834, 538}},
+        {"at the lower left, rotated", {20, 30}, {900, 1440}, {20, 30}},
+        {"in the middle, rotated", {635, 365}, {900, 1440}, {365, 635}},
+        {"below the bar", {20, 690}, {1440, 700}, {20, 490}},
+        {"too far out for a very small one", {390, 20}, {500, 400}, {330, 20}},
+        {"hanging over the right edge", {1400, 30}, {1920, 1080}, {1880, 30}},
+    };
+    for (const Case& c : cases) {
+        const Placed before(c.from, {main});
+        Placed widget = before;
+        EXPECT_TRUE(widget.sync({sized(main, c.size)}) || c.from == c.to) << c.what;
+        EXPECT_EQ(widget.config.origin, c.to) << c.what;
+        widget.remember({sized(main, c.size)});
+        widget.sync({main});
+        EXPECT_EQ(widget, before) << c.what;
+    }
+
+    Placed unknown({1250, 670}, {main});
+    unknown.homeSize.reset();
+    unknown.sync({sized(main, {1920, 1080})});
+    EXPECT_EQ(unknown.config.origin, QPointF(1250, 670)) << "without the old size the distance to the origin stays";
+}
+
+TEST(ScreenPlacement, TellsDisplaysOfOneMakeApartByTheirConnectorOnly)
+{
+    const ScreenInfo twinOne = screen(QStringLiteral("Maker Model@DP-1"), {1440, 0, 1920, 1080});
+    const ScreenInfo twinTwo = screen(QStringLiteral("Maker Model@DP-2"), {3360, 0, 1920, 1080});
+    const ScreenInfo single = screen(QStringLiteral("Maker Model"), {1440, 0, 1920, 1080});
+    const auto standsOn = [](Placed widget, const QList<ScreenInfo>& screens) {
+        widget.sync(screens);
+        return ScreenPlacement::screenShowing(widget.config.frame(), screens)->id;
+    };
+    const Placed one({1500, 100}, {main, twinOne, twinTwo});
+    const Placed two({3500, 100}, {main, twinOne, twinTwo});
+    const Placed only({1500, 100}, {main, single});
+    EXPECT_EQ(standsOn(one, {main, twinTwo, twinOne}), twinOne.id);
+    EXPECT_EQ(standsOn(two, {main, twinOne, twinTwo}), twinTwo.id);
+    EXPECT_EQ(standsOn(two, {main, single}), single.id) << "its twin has gone";
+    EXPECT_EQ(standsOn(only, {main, twinTwo}), twinTwo.id) << "a twin has come";
+    EXPECT_EQ(standsOn(one, {main, right}), main.id) << "no display of that make";
 }
 
 TEST(ScreenPlacement, IsAGuestWhileItsDisplayIsAwayAndGoesHomeAfterwards)
 {
-    const WidgetConfig home = [] {
-        WidgetConfig widget = widgetAt({3100, 880});
-        ScreenPlacement::rememberDisplay(widget, {main, right});
-        return widget;
-    }();
-    WidgetConfig widget = home;
-    EXPECT_TRUE(ScreenPlacement::syncDisplay(widget, {main}));
-    EXPECT_TRUE(main.visibleFrame.contains(widget.frame()));
-    ScreenPlacement::rememberDisplay(widget, {main});
-    EXPECT_EQ(widget.display, right.id) << "saving while a guest keeps the home";
-    EXPECT_FALSE(ScreenPlacement::syncDisplay(widget, {main})) << "a guest stays where it is";
+    const Placed home({3100, 880}, {main, right});
+    Placed widget = home;
+    EXPECT_TRUE(widget.sync({main}));
+    EXPECT_TRUE(main.visibleFrame.contains(widget.config.frame()));
+    widget.remember({main});
+    EXPECT_EQ(widget.config.display, right.id) << "saving while a guest keeps the home";
+    EXPECT_FALSE(widget.sync({main})) << "a guest stays where it is";
 
-    WidgetConfig scaled = widget;
-    scaled.scale = WidgetScale::doubled;
-    scaled.origin = ScreenPlacement::originAfterResize(widget, scaled, {main});
-    ScreenPlacement::rememberDisplay(scaled, {main});
-    EXPECT_EQ(scaled.display, right.id) << "so does another size";
+    Placed scaled = widget;
+    scaled.config.scale = WidgetScale::doubled;
+    scaled.config.origin = ScreenPlacement::originAfterResize(widget.config, scaled.config, {main});
+    scaled.remember({main});
+    EXPECT_EQ(scaled.config.display, right.id) << "so does another size";
 
-    EXPECT_TRUE(ScreenPlacement::syncDisplay(widget, {main, right}));
+    EXPECT_TRUE(widget.sync({main, right}));
     EXPECT_EQ(widget, home);
 
-    ScreenPlacement::syncDisplay(widget, {main});
-    widget.origin = {50, 60};
-    ScreenPlacement::rememberDisplay(widget, {main});
-    EXPECT_EQ(widget.display, main.id) << "put elsewhere by hand it belongs there";
+    widget.sync({main});
+    widget.config.origin = {50, 60};
+    widget.remember({main});
+    EXPECT_EQ(widget.config.display, main.id) << "put elsewhere by hand it belongs there";
 }
 
 TEST(ScreenPlacement, BringsWidgetsBackThatNobodySees)
@@ -82,9 +151,9 @@ TEST(ScreenPlacement, BringsWidgetsBackThatNobodySees)
         {"no screen at all", {-5000, 300}, {}, {-5000, 300}},
     };
     for (const Case& c : cases) {
-        WidgetConfig widget = widgetAt(c.from);
-        ScreenPlacement::syncDisplay(widget, c.screens);
-        EXPECT_EQ(widget.origin, c.to) << c.what;
+        Placed widget(c.from);
+        widget.sync(c.screens);
+        EXPECT_EQ(widget.config.origin, c.to) << c.what;
     }
 }
 

@@ -1,7 +1,6 @@
 #include "desktop/Desk.h"
 
 #include "desktop/AppearanceFollower.h"
-#include "desktop/ScreenPlacement.h"
 #include "model/Composition.h"
 #include "platform/recording/RecordingAppearance.h"
 #include "platform/recording/RecordingDesktopPicture.h"
@@ -13,8 +12,6 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
-
-#include <random>
 
 namespace ambrelle {
 namespace {
@@ -264,51 +261,6 @@ TEST_F(WidgetManagerTest, TheWallpaperFollowsTheAppearanceToo)
     ASSERT_EQ(wait(), Skin::aero);
     follower.sync();
     EXPECT_EQ(picture.sets.size(), 3) << "a skin without a partner stays";
-}
-
-/// Whatever the user and the screens do: what is stored is what is shown, and every widget can be seen.
-TEST_F(WidgetManagerTest, SurvivesAnyOrderOfOperations)
-{
-    std::mt19937 random(20250602);
-    const auto pick = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
-    const ScreenInfo main = desk.host.screens().first();
-    for (int step = 0; step < 1500; ++step) {
-        const QList<WidgetController*>& widgets = desk.manager.controllers();
-        WidgetController* some = widgets.isEmpty() ? nullptr : widgets.at(pick(static_cast<int>(widgets.size())));
-        const int operation = pick(9);
-        if (!some || operation == 0) {
-            if (widgets.size() < 12)
-                desk.manager.add(allCases<WidgetKind>()[static_cast<std::size_t>(pick(20))], std::nullopt,
-                    pick(2) ? std::optional(QPointF(pick(3000) - 500, pick(1800) - 400)) : std::nullopt);
-        } else if (operation <= 2) {
-            desk.host.drag(some->widgetFrame().center(), QPointF(pick(6000) - 2000, pick(4000) - 1500));
-        } else if (operation == 3) {
-            some->setScale(next(some->config().scale));
-        } else if (operation == 4) {
-            some->setPinned(pick(2) == 0);
-        } else if (operation == 5) {
-            some->setSkin(allCases<Skin>()[static_cast<std::size_t>(pick(30))]);
-        } else if (operation == 6) {
-            desk.manager.remove(some);
-        } else {
-            const QList<QList<ScreenInfo>> arrangements{{main}, {main, secondScreen()}, {secondScreen()}, {}};
-            desk.host.setScreens(arrangements.at(pick(4)));
-            desk.manager.ensureAllVisible();
-        }
-        ASSERT_EQ(desk.stored(), desk.live()) << "step " << step << " operation " << operation;
-        for (const WidgetConfig& config : desk.live()) {
-            if (!desk.host.screens().isEmpty()) {
-                ASSERT_TRUE(ScreenPlacement::screenShowing(config.frame(), desk.host.screens())) << "step " << step;
-            }
-        }
-        ASSERT_EQ(desk.panels().size(), desk.live().size());
-    }
-    desk.host.setScreens({main, secondScreen()});
-    desk.manager.ensureAllVisible();
-    Desk next(store);
-    next.host.setScreens(desk.host.screens());
-    next.manager.load();
-    EXPECT_EQ(next.live(), desk.live());
 }
 
 } // namespace

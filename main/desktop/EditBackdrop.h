@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/WindowHost.h"
+
+#include <functional>
+
+namespace ambrelle {
+
+/// Stands behind the widgets of one screen in edit mode: shades what is there, tells how to arrange widgets, and hears
+/// the wish to finish.
+class EditBackdrop final : public BackdropDelegate {
+public:
+    EditBackdrop(WindowHost& host, std::function<void()> finished);
+
+    /// Covers `screen` and puts the instruction where it is hidden least by `widgets` (global points).
+    void cover(const ScreenInfo& screen, const QList<QRectF>& widgets);
+    void show() { m_window->show(); }
+    void takeFocus() { m_window->takeFocus(); }
+    const ScreenInfo& screen() const { return m_screen; }
+    const QRectF& instruction() const { return m_instruction; } ///< global points
+
+    void paint(QPainter& painter, const QSizeF& size) override;
+    void clicked() override { finish(); }
+    void keyPressed(Qt::Key key) override;
+    void closeRequested() override { finish(); }
+
+private:
+    void finish() const;
+
+    std::function<void()> m_finished;
+    ScreenInfo m_screen;
+    QRectF m_instruction;
+    double m_textSize = 0;
+    std::unique_ptr<BackdropWindow> m_window; // last: it calls back until it is gone
+};
+
+/// The backdrops of edit mode, one for each screen.
+class EditBackdrops {
+public:
+    /// `finished` is called by a backdrop and may close them all.
+    EditBackdrops(WindowHost& host, std::function<void()> finished);
+
+    /// Opens those that are missing and closes those whose screen has gone. The keyboard goes to the screen with the
+    /// pointer when they are opened, or when its backdrop went.
+    void open(const QList<QRectF>& widgets);
+    void close() { m_backdrops.clear(); }
+
+private:
+    void focus();
+
+    WindowHost& m_host;
+    std::function<void()> m_finished;
+    std::vector<std::unique_ptr<EditBackdrop>> m_backdrops;
+};
+
+} // namespace ambrelle
