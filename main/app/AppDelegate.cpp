@@ -45,6 +45,11 @@ WeatherService::Bases weatherBases()
     return bases;
 }
 
+QStringList desktopNames()
+{
+    return DesktopSession::current().desktop.split(u':', Qt::SkipEmptyParts);
+}
+
 QString madeFolder(const QString& path)
 {
     QDir().mkpath(path);
@@ -66,6 +71,8 @@ AppDelegate::AppDelegate()
     , m_feed({m_monitor, m_services, AppSettings::shared()}, m_clock)
     , m_manager({*m_host, UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared(), m_monitor, m_services,
           m_feed, m_clock})
+    , m_programs(desktopNames())
+    , m_actions(m_programs, m_services.player, desktopNames())
     , m_desktopPicture(chooseDesktopPicture(DesktopSession::current(), madeFolder(UserFolders::wallpapers())))
     , m_wallpaper(makeWallpaper(), *m_host, *m_desktopPicture, UserDefaults::shared(),
           {UserFolders::wallpapers(), dataFile(QStringLiteral("Wallpapers/Extras"))})
@@ -93,7 +100,7 @@ void AppDelegate::start()
     m_monitor.start(AppSettings::shared().interval());
     m_manager.load();
     connect(&m_manager, &WidgetManager::clicked, this,
-        [this](WidgetController*, const FaceAction& action) { perform(action, m_services); });
+        [this](WidgetController* widget, const FaceAction& action) { clicked(widget->config().kind, action); });
     m_automation.start();
     m_follower.start();
     if (AppSettings::shared().hasLaunchedBefore())
@@ -102,6 +109,14 @@ void AppDelegate::start()
         firstLaunch();
     connect(m_host.get(), &WindowHost::screensChanged, &m_manager, &WidgetManager::ensureAllVisible);
     connect(m_host.get(), &WindowHost::screensChanged, &m_wallpaper, &DesktopWallpaper::fitScreens);
+}
+
+void AppDelegate::clicked(WidgetKind kind, const FaceAction& action)
+{
+    if (action.verb != FaceAction::Verb::open)
+        perform(action, m_services);
+    else if (AppSettings::shared().clickToOpen())
+        m_actions.open(kind);
 }
 
 void AppDelegate::firstLaunch()

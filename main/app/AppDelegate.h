@@ -1,9 +1,11 @@
 #pragma once
 
 #include "app/LinuxPorts.h"
+#include "app/WidgetActions.h"
 #include "desktop/AppearanceFollower.h"
 #include "desktop/WidgetManager.h"
 #include "foundation/SystemClock.h"
+#include "platform/linux/DesktopPrograms.h"
 #include "platform/linux/LinuxSources.h"
 #include "platform/linux/PortalAppearance.h"
 #include "services/Automation.h"
@@ -27,6 +29,7 @@ public:
 
 private:
     void firstLaunch();
+    void clicked(WidgetKind kind, const FaceAction& action);
 
     SystemClock m_clock;
     LinuxSources m_sources;
@@ -37,6 +40,8 @@ private:
     LiveServices m_services;
     ReadingFeed m_feed;
     WidgetManager m_manager;
+    DesktopPrograms m_programs;
+    WidgetActions m_actions;
     std::unique_ptr<DesktopPicture> m_desktopPicture;
     DesktopWallpaper m_wallpaper;
     WallpaperStore m_thumbnails;

@@ -9,12 +9,14 @@
 
 namespace ambrelle {
 
-enum class PlayerCommand { playPause, next, previous };
+enum class PlayerCommand { playPause, next, previous, raise /* its window comes forward */ };
 
 /// A media player that runs.
 struct Player {
     QString id; ///< tells it from all others
     QString name; ///< what people call it
+    bool canRaise = false; ///< it obeys PlayerCommand::raise
+    QString program{}; ///< name for ProgramLauncher; empty while unknown
 
     bool operator==(const Player&) const = default;
 };

@@ -4,6 +4,7 @@
 
 #include <QtConcurrent>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <utility>
@@ -179,6 +180,13 @@ bool NowPlayingService::isToBeAsked() const
     if (!m_started || !m_shown)
         return false;
     return !m_source.notifies() || (m_track && m_track->isPlaying && !m_source.keepsTime(m_player));
+}
+
+std::optional<Player> NowPlayingService::player() const
+{
+    const QList<Player> players = m_source.players();
+    const auto found = std::ranges::find(players, m_player, &Player::id);
+    return !m_track || found == players.end() ? std::nullopt : std::optional(*found);
 }
 
 void NowPlayingService::send(PlayerCommand command)

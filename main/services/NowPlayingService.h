@@ -53,6 +53,8 @@ public:
     void loadPreviewData(const QImage& artwork);
 
     const std::optional<NowPlaying>& track() const { return m_track; }
+    /// The player of that track, while it runs.
+    std::optional<Player> player() const;
     const QImage& artwork() const { return m_artwork; } ///< null when there is none
     /// False where no player can be asked at all.
     bool isAvailable() const { return m_source.isAvailable(); }

@@ -3,7 +3,6 @@
 #include "platform/linux/MprisAnswer.h"
 
 #include <QDBusPendingCallWatcher>
-#include <QDBusVariant>
 #include <QFile>
 #include <QFileInfo>
 #include <QPointer>
@@ -52,12 +51,16 @@ QDBusMessage callOf(const QString& busName, const QString& interface, const QStr
     return message;
 }
 
-QString nameIn(const QDBusMessage& reply, const QString& busName)
+/// What a player says of itself, whatever is missing or of a wrong type.
+Player playerIn(const QDBusMessage& reply, const QString& busName)
 {
-    const QVariant value = reply.arguments().value(0);
-    const QString name =
-        reply.type() == QDBusMessage::ReplyMessage ? value.value<QDBusVariant>().variant().toString() : QString();
-    return name.trimmed().isEmpty() ? ownPart(busName).section(u'.', 0, 0) : name.simplified();
+    const QVariantMap values =
+        reply.type() == QDBusMessage::ReplyMessage ? busDictionary(reply.arguments().value(0)) : QVariantMap();
+    const QString name = values.value(u"Identity"_s).toString().simplified();
+    return {.id = busName,
+        .name = name.isEmpty() ? ownPart(busName).section(u'.', 0, 0) : name,
+        .canRaise = values.value(u"CanRaise"_s).toBool(),
+        .program = values.value(u"DesktopEntry"_s).toString()};
 }
 
 /// The bytes of a plain file of limited size; a device or a pipe could go on for ever.
@@ -129,13 +132,13 @@ void MprisPlayers::appeared(const QString& busName)
     const auto place = std::ranges::lower_bound(
         m_entries, askingOrder(busName), {}, [](const Entry& entry) { return askingOrder(entry.player.id); });
     m_entries.insert(place, {.player = {busName, {}}, .appearance = appearance, .picture = {}});
-    auto question = callOf(busName, propertiesInterface, u"Get"_s);
-    question.setArguments({family, u"Identity"_s});
+    auto question = callOf(busName, propertiesInterface, u"GetAll"_s);
+    question.setArguments({family});
     call(question, [this, busName, appearance](const QDBusMessage& reply) {
         auto* entry = entryOf(m_entries, busName);
         if (!entry || entry->appearance != appearance)
             return;
-        entry->player.name = nameIn(reply, busName);
+        entry->player = playerIn(reply, busName);
         Q_EMIT changed();
     });
 }
@@ -196,16 +199,18 @@ void MprisPlayers::artwork(const QString& player, qint64 mostBytes, QObject* con
 
 void MprisPlayers::command(const QString& player, PlayerCommand command)
 {
+    const bool raises = command == PlayerCommand::raise;
     const auto method = [command] {
         switch (command) {
         case PlayerCommand::playPause: return u"PlayPause"_s;
         case PlayerCommand::next: return u"Next"_s;
         case PlayerCommand::previous: return u"Previous"_s;
+        case PlayerCommand::raise: return u"Raise"_s;
         }
         Q_UNREACHABLE();
     };
     if (m_available)
-        m_bus.send(callOf(player, playerInterface, method()));
+        m_bus.send(callOf(player, raises ? family : playerInterface, method()));
 }
 
 void MprisPlayers::propertiesChanged(const QDBusMessage& message)

@@ -70,6 +70,7 @@ QString verb(PlayerCommand command)
     case PlayerCommand::playPause: return u"playpause"_s;
     case PlayerCommand::next: return u"next track"_s;
     case PlayerCommand::previous: return u"previous track"_s;
+    case PlayerCommand::raise: return u"activate"_s;
     }
     Q_UNREACHABLE();
 }

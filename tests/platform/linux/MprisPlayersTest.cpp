@@ -41,6 +41,7 @@ TEST_F(MprisPlayersTest, ASecondPlayerTakesOver)
 {
     const auto music = fake(u"music"_s, u"Music"_s);
     const auto spotify = fake(u"spotify"_s, u"Spotify"_s);
+    spotify->self[u"DesktopEntry"_s] = u"spotify-client"_s;
     service.start();
     music->play(u"one"_s);
     ASSERT_TRUE(waitForTitle(u"one"_s));
@@ -51,10 +52,13 @@ TEST_F(MprisPlayersTest, ASecondPlayerTakesOver)
     music->play(u"one"_s, false);
     ASSERT_TRUE(waitForTitle(u"two"_s));
     EXPECT_EQ(service.track()->app, u"Spotify"_s);
-    for (const auto command : {PlayerCommand::playPause, PlayerCommand::next, PlayerCommand::previous})
+    for (const auto command :
+        {PlayerCommand::playPause, PlayerCommand::next, PlayerCommand::previous, PlayerCommand::raise})
         service.send(command);
-    ASSERT_TRUE(waitUntil([&spotify] { return spotify->commands.size() == 3; }));
-    EXPECT_THAT(spotify->commands, ElementsAre(u"PlayPause"_s, u"Next"_s, u"Previous"_s));
+    ASSERT_TRUE(waitUntil([&spotify] { return spotify->commands.size() == 4; }));
+    EXPECT_THAT(
+        spotify->commands, ElementsAre(u"Player.PlayPause"_s, u"Player.Next"_s, u"Player.Previous"_s, u"Raise"_s));
+    EXPECT_EQ(service.player()->program, u"spotify-client"_s);
     EXPECT_TRUE(music->commands.isEmpty());
 
     spotify->play(u"two"_s, false);

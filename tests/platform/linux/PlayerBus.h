@@ -29,8 +29,8 @@ inline const auto playerPath = u"/org/mpris/MediaPlayer2"_s;
 class FakePlayer final : public QDBusVirtualObject {
 public:
     FakePlayer(const QString& address, const QString& name, const QString& identity)
-        : m_bus(QDBusConnection::connectToBus(address, name))
-        , m_identity(identity)
+        : self{{u"Identity"_s, identity}}
+        , m_bus(QDBusConnection::connectToBus(address, name))
     {
         m_bus.registerVirtualObject(playerPath, this);
         m_bus.registerService(playerFamily + u'.' + name);
@@ -40,12 +40,12 @@ public:
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
     {
-        if (message.member() == "Get"_L1)
-            m_bus.send(message.createReply(QVariant::fromValue(QDBusVariant(m_identity))));
+        if (message.arguments().value(0) == playerFamily)
+            m_bus.send(message.createReply(QVariant(self)));
         else if (message.member() == "GetAll"_L1)
             answer(message);
         else
-            commands.append(message.member());
+            commands.append(QString(message.interface() + u'.' + message.member()).mid(playerFamily.size() + 1));
         return true;
     }
     /// Plays or pauses a song, and says so.
@@ -63,10 +63,11 @@ public:
         m_bus.send(signal);
     }
 
+    QVariantMap self; ///< what it says of itself
     QVariantMap state;
     bool hangs = false;
     int asked = 0;
-    QStringList commands;
+    QStringList commands; ///< with what follows the family in the name of their interface
 
 private:
     void answer(const QDBusMessage& message)
@@ -77,7 +78,6 @@ private:
     }
 
     QDBusConnection m_bus;
-    QVariant m_identity;
 };
 
 /// A bus of the test's own, and the service that asks the players on it.

@@ -1,0 +1,89 @@
+#include "app/WidgetActions.h"
+
+#include "foundation/ManualClock.h"
+#include "platform/headless/HeadlessHttpClient.h"
+#include "platform/ProgramLauncher.h"
+#include "platform/recording/RecordingPlayers.h"
+#include "services/NowPlayingService.h"
+
+#include <gmock/gmock.h>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class RecordingLauncher final : public ProgramLauncher {
+public:
+    bool has(const QString& program) const override { return installed.contains(program); }
+    void open(const QString& program) override { opened.append(program); }
+
+    QStringList installed;
+    QStringList opened;
+};
+
+class WidgetActionsTest : public ::testing::Test {
+protected:
+    QStringList opened(WidgetKind kind, const QStringList& installed, const QStringList& desktops = {})
+    {
+        launcher.installed = installed;
+        launcher.opened.clear();
+        WidgetActions(launcher, player, desktops).open(kind);
+        return launcher.opened;
+    }
+    void play(const Player& running)
+    {
+        players.running = {running};
+        players.answers[running.id] = u"playing\nSong\nArtist\n200\n10"_s;
+        player.start();
+        player.poll();
+    }
+
+    RecordingLauncher launcher;
+    RecordingPlayers players;
+    HeadlessHttpClient http;
+    ManualClock clock;
+    NowPlayingService player{players, http, clock};
+};
+
+TEST_F(WidgetActionsTest, theRunningDesktopsOwnProgramComesFirst)
+{
+    const QStringList installed{u"org.gnome.Calendar"_s, u"org.kde.korganizer"_s, u"thunderbird"_s};
+    EXPECT_THAT(opened(WidgetKind::events, installed, {u"KDE"_s}), ElementsAre(u"org.kde.korganizer"_s));
+    EXPECT_THAT(opened(WidgetKind::events, installed, {u"ubuntu"_s, u"GNOME"_s}), ElementsAre(u"org.gnome.Calendar"_s));
+    EXPECT_THAT(opened(WidgetKind::events, {u"thunderbird"_s}, {u"KDE"_s}), ElementsAre(u"thunderbird"_s))
+        << "another desktop's program is better than none";
+    EXPECT_THAT(
+        opened(WidgetKind::clock, {u"gnome-datetime-panel"_s}, {u"GNOME"_s}), ElementsAre(u"gnome-datetime-panel"_s))
+        << "without a clock the settings of date and time";
+    EXPECT_THAT(opened(WidgetKind::cpu, {}), IsEmpty());
+}
+
+TEST_F(WidgetActionsTest, kindsWithoutAnActionOpenNothing)
+{
+    const QStringList everything{u"org.gnome.Music"_s, u"org.gnome.Calendar"_s, u"org.gnome.clocks"_s};
+    for (const WidgetKind kind : {WidgetKind::photo, WidgetKind::focus, WidgetKind::quote}) {
+        EXPECT_FALSE(WidgetActions::hasAction(kind));
+        EXPECT_THAT(opened(kind, everything), IsEmpty());
+    }
+    EXPECT_TRUE(WidgetActions::hasAction(WidgetKind::activity)) << "whatever is installed";
+}
+
+TEST_F(WidgetActionsTest, thePlayerOfTheShownTrackComesForward)
+{
+    const QStringList installed{u"org.gnome.Music"_s, u"mpv"_s};
+    EXPECT_THAT(opened(WidgetKind::nowPlaying, installed), ElementsAre(u"org.gnome.Music"_s)) << "nothing plays";
+
+    play({.id = u"a"_s, .name = u"A"_s, .canRaise = true, .program = u"a"_s});
+    EXPECT_THAT(opened(WidgetKind::nowPlaying, installed), IsEmpty());
+    EXPECT_THAT(players.commands, ElementsAre(std::pair(u"a"_s, PlayerCommand::raise)));
+
+    play({.id = u"b"_s, .name = u"B"_s, .canRaise = false, .program = u"mpv"_s});
+    EXPECT_THAT(opened(WidgetKind::nowPlaying, installed), ElementsAre(u"mpv"_s));
+    EXPECT_EQ(players.commands.size(), 1);
+}
+
+} // namespace
+} // namespace ambrelle

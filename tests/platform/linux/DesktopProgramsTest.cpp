@@ -1,0 +1,73 @@
+#include "platform/linux/DesktopPrograms.h"
+
+#include "platform/linux/DesktopEntry.h"
+
+#include "ToolDesk.h"
+
+#include <QElapsedTimer>
+
+namespace ambrelle::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(DesktopEntry, tellsWhetherAProgramCanBeStartedHere)
+{
+    struct Case {
+        const char* name;
+        QByteArray lines;
+        bool usable;
+    };
+    const QByteArray program = "Type=Application\nExec=true\n";
+    for (const Case& entry : {
+             Case{"plain", program, true},
+             Case{"no type", "Exec=true\n", false},
+             Case{"a link", "Type=Link\nURL=https://example.org\nExec=true\n", false},
+             Case{"nothing to run", "Type=Application\n", false},
+             Case{"run by message", "Type=Application\nDBusActivatable=true\n", true},
+             Case{"deleted by the user", program + "Hidden=true\n", false},
+             Case{"not in menus, such as a settings panel", program + "NoDisplay=true\n", true},
+             Case{"for this desktop", program + "OnlyShowIn=GNOME;XFCE;\n", true},
+             Case{"for others", program + "OnlyShowIn=KDE\n", false},
+             Case{"not for this one", program + "NotShowIn=XFCE;KDE;\n", false},
+             Case{"its program is there", program + "TryExec=sh\n", true},
+             Case{"its program has gone", program + "TryExec=/no/such/program\n", false},
+             Case{"said in another group", program + "[Desktop Action New]\nHidden=true\n", true},
+             Case{"said in a comment, with odd spaces", "Type = Application\n#Hidden=true\n Exec =true\r\n", true},
+         }) {
+        const QByteArray text = "# made by hand\n[Desktop Entry]\n" + entry.lines;
+        EXPECT_EQ(DesktopEntry::parse(text).isUsable({u"XFCE"_s}), entry.usable) << entry.name;
+    }
+    EXPECT_FALSE(DesktopEntry::parse("Type=Application\nExec=true\n").isUsable({})) << "outside of any group";
+    EXPECT_FALSE(DesktopEntry::parse(QByteArray("\0\xff[=", 4)).isUsable({}));
+}
+
+class DesktopProgramsTest : public ToolDesk { };
+
+TEST_F(DesktopProgramsTest, theDesktopsLauncherGetsTheEntry)
+{
+    const QByteArray text = "[Desktop Entry]\nType=Application\nExec=true\n";
+    writeFile(u"home/applications/org.example.Own.desktop"_s, text);
+    writeFile(u"home/applications/org.example.Gone.desktop"_s, text + "Hidden=true\n");
+    writeFile(u"system/applications/org.example.Gone.desktop"_s, text);
+    addTool(u"gio"_s, "printf '%s\\n' \"$@\" > HERE/part && mv HERE/part HERE/arguments\n");
+    const Variable home("XDG_DATA_HOME", QFile::encodeName(path(u"home"_s)));
+    const Variable system("XDG_DATA_DIRS", QFile::encodeName(path(u"system"_s)));
+
+    DesktopPrograms programs({u"XFCE"_s});
+    EXPECT_FALSE(programs.has(u"org.example.Gone"_s)) << "the user's own entry hides the system's";
+    EXPECT_FALSE(programs.has(u"../applications/org.example.Own"_s));
+    ASSERT_TRUE(programs.has(u"org.example.Own"_s));
+    programs.open(u"org.example.Own"_s);
+    QElapsedTimer time;
+    time.start();
+    while (!QFile::exists(path(u"arguments"_s)) && time.elapsed() < 10'000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    QFile arguments(path(u"arguments"_s));
+    ASSERT_TRUE(arguments.open(QIODevice::ReadOnly));
+    EXPECT_EQ(arguments.readAll(),
+        "launch\n" + QFile::encodeName(path(u"home/applications/org.example.Own.desktop"_s)) + '\n');
+}
+
+} // namespace
+} // namespace ambrelle::test
