@@ -168,7 +168,8 @@ def main():
     if not Path(SCRIPT).exists():
         print("skipped: mpv-mpris is not installed")
         sys.exit(77)
-    session = Session({"hasLaunchedBefore": True, "animations": False, "widgets.v2": [
+    session = Session({"hasLaunchedBefore": True, "animations": False, "clickToOpen": False,
+                       "widgets.v2": [
         {"kind": kind, "skin": "glass", "origin": [left, bottom]} for kind, (left, bottom, _) in FACES.items()]})
     folder = session.home / "data/ambrelle/calendars/tasks"
     folder.mkdir(parents=True)
