@@ -80,6 +80,7 @@ AppDelegate::AppDelegate()
     , m_automation(AppSettings::shared(), m_monitor, m_clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, AppSettings::shared().customWallpapers()); })
     , m_follower(m_appearance, AppSettings::shared(), m_manager, m_wallpaper, m_clock)
+    , m_interface({m_manager, AppSettings::shared(), m_services.focus, m_appearance, m_clock})
 {
     SystemMonitor::setShared(&m_monitor);
     WidgetManager::setShared(&m_manager);
@@ -101,6 +102,7 @@ void AppDelegate::start()
     m_manager.load();
     connect(&m_manager, &WidgetManager::clicked, this,
         [this](WidgetController* widget, const FaceAction& action) { clicked(widget->config().kind, action); });
+    m_interface.start();
     m_automation.start();
     m_follower.start();
     if (AppSettings::shared().hasLaunchedBefore())
@@ -122,6 +124,8 @@ void AppDelegate::clicked(WidgetKind kind, const FaceAction& action)
 void AppDelegate::firstLaunch()
 {
     AppSettings::shared().setHasLaunchedBefore(true);
+    // Not shown yet: its tabs are empty, and would hide the widgets that a first start is about.
+    m_interface.mainWindow().model().setShowWelcome(true);
     if (!m_manager.controllers().isEmpty())
         return;
     const Skin skin = AppSettings::shared().defaultSkin();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/LinuxPorts.h"
+#include "app/UserInterface.h"
 #include "app/WidgetActions.h"
 #include "desktop/AppearanceFollower.h"
 #include "desktop/WidgetManager.h"
@@ -26,6 +27,8 @@ public:
     ~AppDelegate() override;
 
     void start();
+    /// The program was asked to show itself, maybe with theme files.
+    void reopen(const QStringList& files) { m_interface.reopen(files); }
 
 private:
     void firstLaunch();
@@ -47,6 +50,7 @@ private:
     WallpaperStore m_thumbnails;
     Automation m_automation;
     AppearanceFollower m_follower;
+    UserInterface m_interface;
 };
 
 } // namespace ambrelle

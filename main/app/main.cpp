@@ -58,6 +58,9 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     QObject::connect(&signals, &EndingSignals::received, &application, [] { QCoreApplication::exit(); });
     AppDelegate delegate;
     delegate.start();
+    QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::reopen);
+    if (!commandLine.files.isEmpty())
+        delegate.reopen(commandLine.files);
     // The widgets come first; nobody waits for the socket.
     QMetaObject::invokeMethod(&instance, &SingleInstance::listen, Qt::QueuedConnection);
     return QCoreApplication::exec();

@@ -51,6 +51,7 @@ public:
     void applyLayer(); ///< takes its level()
     void applySettings(); ///< takes over what the settings say about motion and edit mode
     void renewView(); ///< draws with the skin's colours of now
+    void requestSettings() { Q_EMIT settingsRequested(); } ///< as its toolbar does
 
     void rememberDisplay(); ///< records which display the widget is on
     /// Puts the widget where it belongs on the screens of now; true when that changed its record.

@@ -58,5 +58,8 @@ class Session:
             places.append(tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
         return sorted(places)
 
+    def stored(self):
+        return json.loads(self.store.read_text())
+
     def widgets(self):
-        return json.loads(self.store.read_text()).get("widgets.v2", [])
+        return self.stored().get("widgets.v2", [])

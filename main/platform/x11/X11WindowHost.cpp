@@ -1,7 +1,8 @@
 #include "platform/x11/X11WindowHost.h"
 
+#include "platform/x11/ToolkitConnection.h"
+
 #include <QCursor>
-#include <QGuiApplication>
 
 #include <chrono>
 
@@ -12,23 +13,6 @@ namespace {
 // Long enough for every panel to have been painted; nothing that is watched is needed for that.
 constexpr std::chrono::milliseconds watchDelay{400};
 
-xcb_connection_t* toolkitConnection()
-{
-    const auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    return x11 ? x11->connection() : nullptr;
-}
-
-int screenNumber()
-{
-    char* host = nullptr;
-    int display = 0;
-    int screen = 0;
-    if (xcb_parse_display(nullptr, &host, &display, &screen) == 0)
-        return 0;
-    std::free(host);
-    return screen;
-}
-
 } // namespace
 
 X11WindowHost::X11WindowHost()
@@ -36,7 +20,7 @@ X11WindowHost::X11WindowHost()
     xcb_connection_t* connection = toolkitConnection();
     if (!connection)
         return;
-    m_parts = std::make_unique<X11Parts>(connection, screenNumber());
+    m_parts = std::make_unique<X11Parts>(connection, toolkitScreen());
     connect(&m_parts->compositor, &CompositorWatch::changed, this, &X11WindowHost::groundChanged);
     connect(&m_parts->screens, &ScreenList::changed, this, &X11WindowHost::screensSettled);
     m_watchStart.setSingleShot(true);

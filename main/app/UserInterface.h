@@ -1,0 +1,51 @@
+#pragma once
+
+#include "desktop/QuickMenu.h"
+#include "foundation/Clock.h"
+#include "platform/linux/StatusNotifierTray.h"
+#include "platform/x11/XEmbedTray.h"
+#include "window/MainWindowController.h"
+#include "window/StatusItemController.h"
+#include "window/WidgetContextMenu.h"
+
+namespace ambrelle {
+
+class SystemAppearance;
+
+/// The tray item, the menus and the main window.
+class UserInterface : public QObject {
+    Q_OBJECT
+public:
+    struct Collaborators {
+        WidgetManager& manager;
+        AppSettings& settings;
+        FocusTimer& focus;
+        SystemAppearance& appearance;
+        Clock& clock;
+    };
+
+    explicit UserInterface(const Collaborators& collaborators);
+
+    /// Looks for a tray, after the widgets had time to be painted.
+    void start();
+    /// The program was started again, maybe with theme files.
+    void reopen(const QStringList& files);
+
+    MainWindowController& mainWindow() { return m_mainWindow; }
+
+private:
+    void open(std::optional<MainTab> tab);
+    void followAppearance();
+
+    SystemAppearance& m_appearance;
+    Clock& m_clock;
+    QuickMenu m_quickMenu;
+    MainWindowController m_mainWindow;
+    WidgetContextMenu m_widgetMenu;
+    StatusItemController m_statusItem;
+    StatusNotifierTray m_busTray;
+    XEmbedTray m_windowTray;
+    Ticket m_start;
+};
+
+} // namespace ambrelle

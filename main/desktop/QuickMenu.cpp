@@ -1,0 +1,78 @@
+#include "desktop/QuickMenu.h"
+
+#include "desktop/WidgetManager.h"
+#include "model/AppSettings.h"
+#include "services/FocusTimer.h"
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+QuickMenu::QuickMenu(Collaborators collaborators)
+    : m_with(std::move(collaborators))
+{
+}
+
+QList<ActionItem> QuickMenu::items() const
+{
+    const Updates updates = m_with.updates ? m_with.updates() : Updates();
+    QList<ActionItem> items;
+    if (updates.found) {
+        items += {.title = u"Update to Ambrelle "_s + *updates.found,
+            .symbol = u"arrow.down.circle"_s,
+            .handler = updates.install};
+        items += ActionItem::separator();
+    }
+    items += openItem();
+    items += tabItem(u"Themes"_s, u"rectangle.on.rectangle.angled"_s, MainTab::themes);
+    items += tabItem(u"Add Widgets"_s, u"plus.square.on.square"_s, MainTab::widgets);
+    items += ActionItem::separator();
+    items += focusItem();
+    items += ActionItem::separator();
+    items += editItem();
+    items += lockItem();
+    items += ActionItem::separator();
+    items += tabItem(u"Settings"_s, u"gearshape"_s, MainTab::settings);
+    items.last().key = QKeySequence(Qt::CTRL | Qt::Key_Comma);
+    if (updates.enabled)
+        items += {.title = u"Check for Updates…"_s, .handler = updates.check};
+    items += {.title = u"Quit Ambrelle"_s, .key = QKeySequence(Qt::CTRL | Qt::Key_Q), .handler = m_with.quit};
+    return items;
+}
+
+ActionItem QuickMenu::openItem() const
+{
+    return {.title = u"Open Ambrelle"_s, .symbol = u"macwindow"_s, .handler = [open = m_with.open] { open({}); }};
+}
+
+ActionItem QuickMenu::tabItem(const QString& title, const QString& symbol, MainTab tab) const
+{
+    return {.title = title, .symbol = symbol, .handler = [open = m_with.open, tab] { open(tab); }};
+}
+
+ActionItem QuickMenu::focusItem() const
+{
+    FocusTimer& focus = m_with.focus;
+    return {.title = (focus.isRunning() ? u"Pause "_s : u"Start "_s) + title(focus.phase()),
+        .symbol = u"timer"_s,
+        .handler = [&focus] { focus.toggle(); }};
+}
+
+ActionItem QuickMenu::editItem() const
+{
+    const bool editing = m_with.settings.editing();
+    return {.title = u"Edit & Move Widgets"_s,
+        .symbol = u"hand.draw"_s,
+        .checked = editing,
+        .handler = [&manager = m_with.manager, editing] { manager.setEditing(!editing); }};
+}
+
+ActionItem QuickMenu::lockItem() const
+{
+    const bool locked = m_with.settings.locked();
+    return {.title = u"Lock Widget Positions"_s, .checked = locked, .handler = [&settings = m_with.settings, locked] {
+                settings.locked.set(!locked);
+            }};
+}
+
+} // namespace ambrelle

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "desktop/ActionItem.h"
+
+#include <QMenu>
+
+namespace ambrelle {
+
+/// A menu made from items. It is filled whenever it is about to be shown, so that it tells how things stand.
+class ActionMenu : public QMenu {
+    Q_OBJECT
+public:
+    using Items = std::function<QList<ActionItem>()>;
+
+    /// `ink`: the colour of the symbols where somebody else draws the menu; else they have that of the text.
+    explicit ActionMenu(Items items, const std::optional<QColor>& ink = std::nullopt);
+
+    void refill();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void fill(QMenu& menu, const QList<ActionItem>& items);
+
+    Items m_items;
+    std::optional<QColor> m_ink;
+};
+
+} // namespace ambrelle

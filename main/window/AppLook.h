@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QPalette>
+
+namespace ambrelle {
+
+/// The colours of menus and windows in the desktop's light or dark appearance; every text on its ground is at least
+/// 4.5 : 1.
+QPalette appPalette(bool dark);
+
+/// Gives menus and windows, the open ones too, those colours and the program's own font.
+void applyAppLook(bool dark);
+
+} // namespace ambrelle
