@@ -16,18 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString entryName = u"/autostart/org.ambrelle.Ambrelle.desktop"_s;
-constexpr qint64 longestEntry = 256 * 1024; // bytes; what is longer was not made by anything that starts programs
 constexpr const char* hiddenKey = "Hidden";
 constexpr const char* gnomeKey = "X-GNOME-Autostart-enabled"; // what a tool of one desktop writes instead of Hidden
-
-/// Nothing when the file cannot be read, or is too long to be an entry.
-std::optional<QByteArray> contentOf(const QString& path)
-{
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || file.size() > longestEntry || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return file.readAll();
-}
 
 bool isEnabled(const QByteArray& content)
 {
@@ -104,7 +94,7 @@ QString AutostartEntry::systemEntry() const
 LoginItem::Status AutostartEntry::status() const
 {
     const QString deciding = QFileInfo::exists(path()) ? path() : systemEntry();
-    const std::optional<QByteArray> content = contentOf(deciding);
+    const std::optional<QByteArray> content = DesktopEntryText::contentOf(deciding);
     return content && isEnabled(*content) ? Status::enabled : Status::disabled;
 }
 
@@ -118,7 +108,7 @@ QString AutostartEntry::setEnabled(bool enabled)
     const bool own = QFileInfo::exists(path());
     if ((status() == Status::enabled) == enabled && !(enabled && own))
         return {};
-    const std::optional<QByteArray> present = own ? contentOf(path()) : QByteArray();
+    const std::optional<QByteArray> present = own ? DesktopEntryText::contentOf(path()) : QByteArray();
     if (!present)
         return refused(u"“%1” cannot be read."_s.arg(path()));
     return enabled ? enable(*present) : disable(*present);
@@ -142,7 +132,7 @@ QString AutostartEntry::enable(const QByteArray& present) const
 
 QString AutostartEntry::disable(const QByteArray& present) const
 {
-    const std::optional<QByteArray> beneath = contentOf(systemEntry());
+    const std::optional<QByteArray> beneath = DesktopEntryText::contentOf(systemEntry());
     const bool wouldStillStart = beneath && isEnabled(*beneath);
     if (isFresh(present) && !wouldStillStart) {
         QFile file(path());

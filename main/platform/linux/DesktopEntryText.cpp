@@ -1,10 +1,17 @@
 #include "platform/linux/DesktopEntryText.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
 namespace ambrelle {
+
+namespace {
+
+constexpr qint64 longestEntry = 256 * 1024; // bytes; what is longer was not made by anything that starts programs
+
+} // namespace
 
 DesktopEntryText::DesktopEntryText(const QByteArray& text)
     : m_lines(text.split('\n'))
@@ -16,6 +23,14 @@ DesktopEntryText::DesktopEntryText(const QByteArray& text)
         return;
     m_begin = begin - m_lines.begin();
     m_end = std::find_if(begin + 1, m_lines.end(), isGroup) - m_lines.begin();
+}
+
+std::optional<QByteArray> DesktopEntryText::contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || file.size() > longestEntry || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.readAll();
 }
 
 qsizetype DesktopEntryText::lineOf(const QByteArray& key) const
@@ -34,6 +49,11 @@ std::optional<QByteArray> DesktopEntryText::value(const QByteArray& key) const
     if (line < 0)
         return std::nullopt;
     return m_lines[line].mid(m_lines[line].indexOf('=') + 1).trimmed();
+}
+
+QStringList DesktopEntryText::list(const QByteArray& key) const
+{
+    return QString::fromUtf8(value(key).value_or(QByteArray())).split(u';', Qt::SkipEmptyParts);
 }
 
 void DesktopEntryText::set(const QByteArray& key, const QByteArray& value)

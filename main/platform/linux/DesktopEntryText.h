@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArrayList>
-#include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -12,10 +12,13 @@ namespace ambrelle {
 class DesktopEntryText {
 public:
     explicit DesktopEntryText(const QByteArray& text);
+    /// What is in a file; nothing when it cannot be read, or is too long to be an entry.
+    static std::optional<QByteArray> contentOf(const QString& path);
 
     bool isEntry() const { return m_begin >= 0; } ///< false when the main group is missing
     /// The raw value of a key; none when it is missing.
     std::optional<QByteArray> value(const QByteArray& key) const;
+    QStringList list(const QByteArray& key) const;
     bool isTrue(const QByteArray& key) const { return value(key) == "true"; }
     void set(const QByteArray& key, const QByteArray& value); ///< only of an entry
     void remove(const QByteArray& key);

@@ -1,11 +1,12 @@
 #include "platform/linux/DesktopPrograms.h"
 
-#include "platform/linux/DesktopEntry.h"
+#include "platform/linux/DesktopEntryText.h"
 
 #include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <array>
 
 namespace ambrelle {
@@ -37,14 +38,30 @@ DesktopPrograms::DesktopPrograms(QStringList desktops)
 {
 }
 
+bool DesktopPrograms::isUsable(const DesktopEntryText& entry, const QStringList& desktops)
+{
+    if (entry.value("Type") != "Application" || entry.isTrue("Hidden"))
+        return false;
+    const auto names = [&](const QByteArray& key) {
+        const QStringList listed = entry.list(key);
+        return std::ranges::any_of(desktops, [&](const QString& desktop) { return listed.contains(desktop); });
+    };
+    if (names("NotShowIn") || (!entry.list("OnlyShowIn").isEmpty() && !names("OnlyShowIn")))
+        return false;
+    const QString tried = QString::fromUtf8(entry.value("TryExec").value_or(QByteArray()));
+    if (!tried.isEmpty() && QStandardPaths::findExecutable(tried).isEmpty())
+        return false;
+    return entry.value("Exec") || entry.isTrue("DBusActivatable");
+}
+
 QString DesktopPrograms::usableEntry(const QString& program) const
 {
     if (program.isEmpty() || program.contains(u'/'))
         return {};
     // The first folder that has an entry of the name hides the others.
     const QString file = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, program + u".desktop"_s);
-    const auto entry = file.isEmpty() ? std::nullopt : DesktopEntry::read(file);
-    return entry && entry->isUsable(m_desktops) ? file : QString();
+    const std::optional<QByteArray> content = DesktopEntryText::contentOf(file);
+    return content && isUsable(DesktopEntryText(*content), m_desktops) ? file : QString();
 }
 
 bool DesktopPrograms::has(const QString& program) const

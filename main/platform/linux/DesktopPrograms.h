@@ -6,6 +6,8 @@
 
 namespace ambrelle {
 
+class DesktopEntryText;
+
 /// The programs that have a desktop entry. They are started through the desktop's own launcher, so that they open
 /// what is running already, in the session's way.
 class DesktopPrograms final : public ProgramLauncher {
@@ -15,6 +17,9 @@ public:
 
     bool has(const QString& program) const override;
     void open(const QString& program) override;
+
+    /// Whether it names a program that can be started on any of `desktops`.
+    static bool isUsable(const DesktopEntryText& entry, const QStringList& desktops);
 
 private:
     QString usableEntry(const QString& program) const;

@@ -1,6 +1,6 @@
 #include "platform/linux/DesktopPrograms.h"
 
-#include "platform/linux/DesktopEntry.h"
+#include "platform/linux/DesktopEntryText.h"
 
 #include "ToolDesk.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(DesktopEntry, tellsWhetherAProgramCanBeStartedHere)
+TEST(DesktopPrograms, tellsWhetherAProgramCanBeStartedHere)
 {
     struct Case {
         const char* name;
@@ -36,10 +36,11 @@ TEST(DesktopEntry, tellsWhetherAProgramCanBeStartedHere)
              Case{"said in a comment, with odd spaces", "Type = Application\n#Hidden=true\n Exec =true\r\n", true},
          }) {
         const QByteArray text = "# made by hand\n[Desktop Entry]\n" + entry.lines;
-        EXPECT_EQ(DesktopEntry::parse(text).isUsable({u"XFCE"_s}), entry.usable) << entry.name;
+        EXPECT_EQ(DesktopPrograms::isUsable(DesktopEntryText(text), {u"XFCE"_s}), entry.usable) << entry.name;
     }
-    EXPECT_FALSE(DesktopEntry::parse("Type=Application\nExec=true\n").isUsable({})) << "outside of any group";
-    EXPECT_FALSE(DesktopEntry::parse(QByteArray("\0\xff[=", 4)).isUsable({}));
+    EXPECT_FALSE(DesktopPrograms::isUsable(DesktopEntryText("Type=Application\nExec=true\n"), {}))
+        << "outside of any group";
+    EXPECT_FALSE(DesktopPrograms::isUsable(DesktopEntryText(QByteArray("\0\xff[=", 4)), {}));
 }
 
 class DesktopProgramsTest : public ToolDesk { };
