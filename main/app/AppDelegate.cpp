@@ -65,12 +65,13 @@ Wallpaper makeWallpaper()
 
 AppDelegate::AppDelegate()
     : m_host(makeHost())
+    , m_senses(*m_host)
     , m_ports(m_clock, UserDefaults::shared().strings(calendarFoldersKey).value_or(QStringList()), isX11(*m_host))
     , m_monitor(m_sources.sources(), m_clock)
     , m_services(m_ports.ports(), weatherBases(), AppSettings::shared(), UserDefaults::shared(), m_clock)
     , m_feed({m_monitor, m_services, AppSettings::shared()}, m_clock)
-    , m_manager({*m_host, UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared(), m_monitor, m_services,
-          m_feed, m_clock})
+    , m_manager({*m_host, m_senses.senses(), UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared(),
+          m_monitor, m_services, m_feed, m_clock})
     , m_programs(desktopNames())
     , m_actions(m_programs, m_services.player, desktopNames())
     , m_desktopPicture(chooseDesktopPicture(DesktopSession::current(), madeFolder(UserFolders::wallpapers())))

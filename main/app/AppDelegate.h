@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/DesktopSenses.h"
 #include "app/LinuxPorts.h"
 #include "app/UserInterface.h"
 #include "app/WidgetActions.h"
@@ -38,6 +39,7 @@ private:
     LinuxSources m_sources;
     PortalAppearance m_appearance;
     std::unique_ptr<WindowHost> m_host;
+    DesktopSenses m_senses;
     LinuxPorts m_ports;
     SystemMonitor m_monitor;
     LiveServices m_services;

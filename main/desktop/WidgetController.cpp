@@ -1,6 +1,7 @@
 #include "desktop/WidgetController.h"
 
 #include "desktop/DragHelp.h"
+#include "desktop/OverlapRule.h"
 #include "desktop/ScreenPlacement.h"
 #include "model/AppSettings.h"
 #include "skins/SkinRegistry.h"
@@ -22,7 +23,9 @@ WidgetController::WidgetController(const WidgetConfig& config, const std::option
               .dragEnded = [this](QPointF origin) { dragEnded(origin); },
               .clicked = [this](const FaceAction& action) { Q_EMIT clicked(action); },
               .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); },
-              .menuRequested = [this](QPointF at) { Q_EMIT menuRequested(at); }})
+              .menuRequested = [this](QPointF at) { Q_EMIT menuRequested(at); },
+              .motionChanged = [this] { Q_EMIT motionChanged(); }})
+    , m_fade(surroundings.clock, [this](double opacity) { m_panel.setOpacity(opacity); })
 {
     ScreenPlacement::syncDisplay(m_config, m_homeSize, m_surroundings.host.screens());
     applySettings();
@@ -82,8 +85,18 @@ void WidgetController::setPinned(bool pinned)
 
 void WidgetController::setOccluded(bool occluded)
 {
+    if (occluded == m_occluded)
+        return;
     m_occluded = occluded;
     applySettings();
+}
+
+void WidgetController::setFaded(bool faded, bool hide)
+{
+    if (faded != m_faded)
+        m_panel.setClickThrough(faded);
+    m_faded = faded;
+    m_fade.to(OverlapRule::opacity(faded, hide));
 }
 
 WindowLevel WidgetController::level() const
@@ -125,6 +138,7 @@ void WidgetController::close()
 {
     disconnect();
     m_surroundings.drags.ended();
+    m_fade.stop();
     m_panel.close();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/WidgetPanel.h"
+#include "desktop/WindowFade.h"
 #include "model/WidgetConfig.h"
 
 #include <QObject>
@@ -31,6 +32,8 @@ public:
     QRectF widgetFrame() const { return m_config.frame(); } ///< global points, y up
     bool isHovering() const { return m_panel.isHovering(); }
     bool isOccluded() const { return m_occluded; }
+    bool isFaded() const { return m_faded; }
+    bool moves() const { return m_panel.moves(); } ///< its face has moving parts, paused or not
     bool isRaised() const; ///< above normal windows for the user's sake, by its pin or by the layer
     WindowLevel level() const; ///< of the pin, of edit mode or of the layer
     const QColor& accent() const { return m_panel.view().style().accent; }
@@ -43,8 +46,10 @@ public:
     void setScale(WidgetScale scale);
     void setPinned(bool pinned);
 
-    /// Another window covers the widget: nothing on it moves meanwhile.
+    /// Nobody sees the widget as it is meant to be seen: nothing on it moves meanwhile.
     void setOccluded(bool occluded);
+    /// Fades the widget to a ghost, or with `hide` out of sight, and back; meanwhile clicks reach what lies below it.
+    void setFaded(bool faded, bool hide);
     void setReading(const std::shared_ptr<const Reading>& reading) { m_panel.setReading(reading); }
 
     void show() { m_panel.show(); }
@@ -64,6 +69,7 @@ Q_SIGNALS:
     void removeRequested();
     void settingsRequested();
     void menuRequested(QPointF at); ///< global points
+    void motionChanged(); ///< moves() has; told while painting
 
 private:
     void dragEnded(QPointF origin);
@@ -76,7 +82,9 @@ private:
     std::optional<QSizeF> m_homeSize;
     Surroundings m_surroundings;
     bool m_occluded = false;
+    bool m_faded = false;
     WidgetPanel m_panel;
+    WindowFade m_fade;
 };
 
 } // namespace ambrelle

@@ -6,6 +6,7 @@
 #include "model/AppSettings.h"
 #include "model/Composition.h"
 #include "model/ThemeAccent.h"
+#include "platform/SessionVisibility.h"
 #include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 
@@ -56,8 +57,12 @@ WidgetManager::WidgetManager(const Collaborators& collaborators)
     : m_with(collaborators)
     , m_drags(m_with.host, m_controllers)
     , m_editBackdrops(m_with.host, [this] { setEditing(false); })
+    , m_overlap(collaborators.senses, collaborators.settings, collaborators.clock, m_controllers)
 {
+    connect(&m_with.senses.session, &SessionVisibility::changed, this, &WidgetManager::visibilityChanged);
     connect(&m_with.feed, &ReadingFeed::changed, this, [this](const WidgetKinds& kinds) {
+        if (!m_with.senses.session.isVisible())
+            return; // made up for when somebody looks again
         showReadings([&](const WidgetController& c) { return kinds.test(static_cast<std::size_t>(c.config().kind)); });
     });
     connect(&m_with.services.player, &NowPlayingService::changed, this, &WidgetManager::scheduleSeconds);
@@ -144,6 +149,8 @@ void WidgetManager::open(const WidgetConfig& config, const std::optional<QSizeF>
         [this, controller] { Q_EMIT settingsRequested(controller); });
     connect(controller, &WidgetController::menuRequested, this,
         [this, controller](QPointF at) { Q_EMIT menuRequested(controller, at); });
+    // It is told in the middle of painting.
+    connect(controller, &WidgetController::motionChanged, &m_overlap, &OverlapWatcher::update, Qt::QueuedConnection);
     m_controllers.append(controller);
     controller->setReading(ReadingRound(m_with.feed).readingFor(config, controller->showsSeconds()));
     controller->show();
@@ -226,6 +233,7 @@ void WidgetManager::applyLayer()
 {
     for (WidgetController* controller : m_controllers)
         controller->applyLayer();
+    m_overlap.update();
 }
 
 void WidgetManager::ensureAllVisible()
@@ -233,6 +241,7 @@ void WidgetManager::ensureAllVisible()
     bool moved = false;
     for (WidgetController* controller : m_controllers)
         moved |= controller->syncDisplay();
+    m_overlap.update();
     configurePhotos(); // another screen may have finer pixels
     if (m_with.settings.editing())
         openBackdrops();
@@ -271,6 +280,7 @@ void WidgetManager::demandChanged()
     m_with.services.demand(kinds);
     configurePhotos();
     scheduleSeconds();
+    m_overlap.update();
 }
 
 void WidgetManager::configurePhotos()
@@ -292,6 +302,7 @@ void WidgetManager::controllerChanged(WidgetController* controller)
     configurePhotos();
     showReadings([&](const WidgetController& candidate) { return &candidate == controller; });
     scheduleSeconds();
+    m_overlap.update();
     save();
 }
 
@@ -301,10 +312,13 @@ void WidgetManager::settingChanged(const QString& key)
         applyLayer();
     if (key == m_with.settings.editing.key())
         editingChanged();
-    if (key != m_with.settings.animations.key() && key != m_with.settings.editing.key())
-        return;
-    for (WidgetController* controller : m_controllers)
-        controller->applySettings();
+    if (key == m_with.settings.animations.key() || key == m_with.settings.editing.key()) {
+        for (WidgetController* controller : m_controllers)
+            controller->applySettings();
+        m_overlap.update();
+    }
+    if (key == m_with.settings.overlap.key())
+        m_overlap.update();
 }
 
 void WidgetManager::showReadings(const std::function<bool(const WidgetController&)>& concerned)
@@ -323,11 +337,18 @@ bool WidgetManager::changesEverySecond(const WidgetController& controller) const
     return controller.showsSeconds() || (plays && controller.config().kind == WidgetKind::nowPlaying);
 }
 
-/// Wakes up at the start of every second while some clock shows seconds or some track goes on.
+void WidgetManager::visibilityChanged()
+{
+    if (m_with.senses.session.isVisible())
+        showReadings([](const WidgetController&) { return true; });
+    scheduleSeconds();
+}
+
+/// Wakes up at the start of every second while some clock shows seconds or some track goes on, and somebody looks.
 void WidgetManager::scheduleSeconds()
 {
     const auto moves = [this](const WidgetController* controller) { return changesEverySecond(*controller); };
-    if (std::ranges::none_of(m_controllers, moves)) {
+    if (!m_with.senses.session.isVisible() || std::ranges::none_of(m_controllers, moves)) {
         m_seconds.reset();
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "desktop/DragHelp.h"
 #include "desktop/EditBackdrop.h"
+#include "desktop/OverlapWatcher.h"
 #include "desktop/ReadingRound.h"
 #include "desktop/WidgetController.h"
 #include "drawing/LayerCache.h"
@@ -25,6 +26,7 @@ class WidgetManager : public QObject {
 public:
     struct Collaborators {
         WindowHost& host;
+        OverlapWatcher::Senses senses;
         UserDefaults& defaults;
         AppSettings& settings;
         ThemeAccent& accents;
@@ -89,12 +91,14 @@ private:
     void configurePhotos();
     bool changesEverySecond(const WidgetController& controller) const;
     void scheduleSeconds();
+    void visibilityChanged();
 
     Collaborators m_with;
     LayerCache m_layers;
     QList<WidgetController*> m_controllers; // children of this
     DragHelp m_drags;
     EditBackdrops m_editBackdrops;
+    OverlapWatcher m_overlap;
     Ticket m_seconds;
     int m_openChanges = 0;
 };

@@ -62,6 +62,19 @@ void WidgetPanel::setLevel(WindowLevel level)
     m_window->setLevel(level);
 }
 
+void WidgetPanel::setOpacity(double opacity)
+{
+    m_window->setOpacity(opacity);
+}
+
+void WidgetPanel::setClickThrough(bool through)
+{
+    m_window->setClickThrough(through);
+    // Not every window system says that the pointer is elsewhere from now on.
+    if (through)
+        pointerLeft();
+}
+
 void WidgetPanel::setView(FaceView view)
 {
     m_face.setView(std::move(view));
@@ -101,7 +114,7 @@ void WidgetPanel::setMotionActive(bool active)
     if (active == m_motion.isActive() || m_closed)
         return;
     m_motion.setActive(active);
-    if (!m_face.result().moving.isEmpty())
+    if (moves())
         repaint();
 }
 
@@ -114,6 +127,7 @@ void WidgetPanel::paint(QPainter& painter, const QRectF& area)
 {
     const QPointF origin = faceArea().topLeft();
     const QRectF painted = area.translated(-origin);
+    const bool moved = moves();
     painter.save();
     painter.translate(origin);
     m_face.paint(painter, painted, m_motion.time());
@@ -122,6 +136,8 @@ void WidgetPanel::paint(QPainter& painter, const QRectF& area)
         m_toolbar.paint(painter);
     const double scale = m_face.look().scale;
     m_motion.drawn(m_face.result().moving, {painted.topLeft() / scale, painted.size() / scale});
+    if (moves() != moved)
+        m_hooks.motionChanged();
 }
 
 void WidgetPanel::pointerPressed(const PointerEvent& event)

@@ -21,6 +21,7 @@ public:
         std::function<void(const FaceAction&)> clicked;
         std::function<void(WidgetToolbar::Button)> toolbarUsed;
         std::function<void(QPointF at)> menuRequested; ///< global points
+        std::function<void()> motionChanged; ///< the face has moving parts now, or none any more; told while painting
     };
 
     WidgetPanel(WindowHost& host, Clock& clock, LayerCache& layers, FaceView view, Hooks hooks);
@@ -30,6 +31,8 @@ public:
     /// Puts the face at `frame` (global points); the toolbar stays inside `room` as far as it can.
     void place(const QRectF& frame, const QRectF& room);
     void setLevel(WindowLevel level); ///< a drag ends with it: the window may lose the pointer
+    void setOpacity(double opacity); ///< of the window with everything on it, 0 to 1
+    void setClickThrough(bool through); ///< the pointer reaches what lies below the window
     void setView(FaceView view);
     void setLook(const FaceLook& look);
     /// Repaints if it differs from the one shown.
@@ -39,6 +42,7 @@ public:
     void repaint(); ///< the face
 
     bool isHovering() const { return m_hover.isHovering(); }
+    bool moves() const { return !m_face.result().moving.isEmpty(); } ///< the face has moving parts, paused or not
     const FaceView& view() const { return m_face.view(); }
     const WidgetToolbar& toolbar() const { return m_toolbar; }
     QRectF faceArea() const; ///< window points, y down

@@ -9,7 +9,7 @@
 
 namespace ambrelle {
 
-/// A window that the user sees now, of this program or another.
+/// A window of another program that the user sees now.
 struct OnscreenWindow {
     enum class Layer {
         normal, ///< what people work in
@@ -20,27 +20,27 @@ struct OnscreenWindow {
     QRectF bounds; ///< global points, y up; with its frame, without its shadow
     double alpha = 1; ///< 0 to 1, of the whole window
     Layer layer = Layer::normal;
-    bool isOurs = false; ///< of this process
     bool isFullScreen = false;
 
     bool operator==(const OnscreenWindow&) const = default;
 };
 
-/// Which windows are on the screens. Windows that are minimised, of another workspace or put aside to show the desktop
-/// are not.
+/// Which windows of other programs are on the screens. Windows that are minimised, of another workspace or put aside to
+/// show the desktop are not.
 class WindowList : public QObject {
     Q_OBJECT
 public:
     virtual bool isAvailable() const = 0;
     virtual QString whyNot() const = 0; ///< one sentence, empty while available
 
-    /// From the lowest to the topmost; none when the list cannot be had just now.
+    /// In any order; none when the list cannot be had just now.
     virtual std::optional<QList<OnscreenWindow>> windows() const = 0;
     /// While nobody watches, changed() is silent and nothing wakes up.
     virtual void setWatching(bool watching) = 0;
 
 Q_SIGNALS:
-    /// Some window appeared, vanished, moved or changed its alpha; told a moment after the last of several changes.
+    /// Some window appeared, vanished, moved or changed its alpha. Told a moment after the first of several changes,
+    /// and again while they go on; always after the last.
     void changed();
 };
 

@@ -6,8 +6,10 @@
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
+#include "platform/recording/RecordingSessionVisibility.h"
 #include "platform/recording/RecordingSources.h"
 #include "platform/recording/RecordingWindowHost.h"
+#include "platform/recording/RecordingWindowList.h"
 #include "services/SystemMonitor.h"
 #include "support/QuietServices.h"
 
@@ -27,12 +29,14 @@ struct Desk {
     ManualClock clock;
     RecordingSources machine;
     RecordingWindowHost host;
+    RecordingWindowList windows;
+    RecordingSessionVisibility session;
     AppSettings settings{defaults};
     ThemeAccent accents{defaults};
     SystemMonitor monitor{machine.sources(), clock};
     QuietServices services{settings, defaults, clock};
     ReadingFeed feed{{monitor, services.live, settings}, clock, QLocale::c()};
-    WidgetManager manager{{host, defaults, settings, accents, monitor, services.live, feed, clock}};
+    WidgetManager manager{{host, {windows, session}, defaults, settings, accents, monitor, services.live, feed, clock}};
 
     QList<WidgetConfig> live() const
     {

@@ -67,10 +67,15 @@ xcb_get_property_cookie_t X11Connection::ask(xcb_window_t window, Atom name) con
 std::vector<uint32_t> X11Connection::values(xcb_get_property_cookie_t cookie) const
 {
     const Reply reply(xcb_get_property_reply(m_connection, cookie, nullptr));
-    if (!reply || reply->format != 32)
+    return reply ? values(*reply) : std::vector<uint32_t>();
+}
+
+std::vector<uint32_t> X11Connection::values(const xcb_get_property_reply_t& reply)
+{
+    if (reply.format != 32)
         return {};
-    const auto* first = static_cast<const uint32_t*>(xcb_get_property_value(reply.get()));
-    return {first, first + reply->value_len};
+    const auto* first = static_cast<const uint32_t*>(xcb_get_property_value(&reply));
+    return {first, first + reply.value_len};
 }
 
 QByteArray X11Connection::text(xcb_window_t window, Atom name) const

@@ -36,6 +36,7 @@ public:
 
     xcb_get_property_cookie_t ask(xcb_window_t window, Atom name) const;
     std::vector<uint32_t> values(xcb_get_property_cookie_t cookie) const; ///< empty when unset or not of 32 bits
+    static std::vector<uint32_t> values(const xcb_get_property_reply_t& reply);
     std::vector<uint32_t> values(xcb_window_t window, Atom name) const { return values(ask(window, name)); }
     QByteArray text(xcb_window_t window, Atom name) const;
 

@@ -1,6 +1,7 @@
 #include "platform/x11/X11InputMonitor.h"
 
 #include "platform/x11/GlobalSpace.h"
+#include "platform/x11/NativeScreens.h"
 #include "platform/x11/Reply.h"
 
 #include <QCursor>
@@ -42,19 +43,6 @@ bool isPresent(xcb_connection_t* connection, xcb_extension_t& extension)
 {
     const xcb_query_extension_reply_t* reply = xcb_get_extension_data(connection, &extension);
     return reply && reply->present;
-}
-
-/// A place in native pixels of the root window, in the toolkit's coordinates. A screen keeps its native place under
-/// scaling; only distances from there are scaled.
-QPointF toolkitPoint(const QPointF& native)
-{
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        const QPointF corner = screen->geometry().topLeft();
-        const double ratio = screen->devicePixelRatio();
-        if (QRectF(corner, QSizeF(screen->size()) * ratio).contains(native))
-            return corner + (native - corner) / ratio;
-    }
-    return native / qGuiApp->devicePixelRatio();
 }
 
 GlobalSpace globalSpace()
@@ -250,7 +238,7 @@ bool X11InputMonitor::takePointer()
         return true;
     const QPoint place(reply->root_x, reply->root_y);
     if (std::exchange(m_toldPlace, place) != place)
-        Q_EMIT moved(globalSpace().turned(toolkitPoint(place)));
+        Q_EMIT moved(globalSpace().turned(NativeScreens().toolkitPoint(place)));
     return true;
 }
 

@@ -21,6 +21,7 @@ X11WindowHost::X11WindowHost()
     if (!connection)
         return;
     m_parts = std::make_unique<X11Parts>(connection, toolkitScreen());
+    m_windows = std::make_unique<X11WindowList>(*m_parts);
     connect(&m_parts->compositor, &CompositorWatch::changed, this, &X11WindowHost::groundChanged);
     connect(&m_parts->screens, &ScreenList::changed, this, &X11WindowHost::screensSettled);
     m_watchStart.setSingleShot(true);
@@ -77,6 +78,8 @@ void X11WindowHost::watch()
         return;
     m_guard = std::make_unique<StackingGuard>(*m_watch, *m_parts, m_panels, m_backdrops);
     m_guard->schedule();
+    m_windows->attach(*m_watch);
+    m_visibility.attach(*m_watch);
     // Both may have changed while nobody watched.
     m_parts->compositor.refresh();
     if (!m_parts->compositor.isActive() && m_parts->picture.isOutdated())

@@ -5,6 +5,8 @@
 #include "platform/x11/X11Backdrop.h"
 #include "platform/x11/X11Panel.h"
 #include "platform/x11/X11Parts.h"
+#include "platform/x11/X11SessionVisibility.h"
+#include "platform/x11/X11WindowList.h"
 
 namespace ambrelle {
 
@@ -23,6 +25,10 @@ public:
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override; ///< likewise
 
+    /// Both only while available. They tell nothing before the first panel has been on the screen for a moment.
+    WindowList& windowList() { return *m_windows; }
+    SessionVisibility& sessionVisibility() { return m_visibility; }
+
 private:
     void watch();
     void rootPropertyChanged(xcb_atom_t name);
@@ -35,6 +41,8 @@ private:
     QList<X11Backdrop*> m_backdrops;
     std::unique_ptr<RootWatch> m_watch;
     std::unique_ptr<StackingGuard> m_guard;
+    std::unique_ptr<X11WindowList> m_windows;
+    X11SessionVisibility m_visibility;
     QTimer m_watchStart;
 };
 

@@ -78,6 +78,24 @@ void Onlooker::closeWindow(xcb_window_t window)
     xcb_flush(m_connection);
 }
 
+void Onlooker::place(xcb_window_t window, const QRect& place)
+{
+    const uint32_t values[]{static_cast<uint32_t>(place.x()), static_cast<uint32_t>(place.y()),
+        static_cast<uint32_t>(place.width()), static_cast<uint32_t>(place.height())};
+    constexpr uint16_t all =
+        XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT;
+    xcb_configure_window(m_connection, window, all, values);
+    xcb_flush(m_connection);
+}
+
+void Onlooker::setValues(
+    xcb_window_t window, const char* property, xcb_atom_t type, const std::vector<uint32_t>& values)
+{
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom(property), type, 32,
+        static_cast<uint32_t>(values.size()), values.data());
+    xcb_flush(m_connection);
+}
+
 void Onlooker::setRootPicture(const QImage& picture)
 {
     const QImage image = picture.convertToFormat(QImage::Format_RGB32);
@@ -118,6 +136,12 @@ bool Onlooker::hasPixmap(xcb_pixmap_t pixmap) const
 void Onlooker::showDesktop(bool on)
 {
     tellManager(m_screen->root, "_NET_SHOWING_DESKTOP", on ? 1 : 0);
+}
+
+void Onlooker::fillScreen(xcb_window_t window)
+{
+    constexpr uint32_t add = 1;
+    tellManager(window, "_NET_WM_STATE", add, atom("_NET_WM_STATE_FULLSCREEN"));
 }
 
 QRgb Onlooker::pixel(const QPoint& place) const
@@ -218,7 +242,7 @@ xcb_atom_t Onlooker::atom(const char* name) const
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-void Onlooker::tellManager(xcb_window_t window, const char* message, uint32_t first) const
+void Onlooker::tellManager(xcb_window_t window, const char* message, uint32_t first, uint32_t second) const
 {
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
@@ -226,6 +250,7 @@ void Onlooker::tellManager(xcb_window_t window, const char* message, uint32_t fi
     event.window = window;
     event.type = atom(message);
     event.data.data32[0] = first;
+    event.data.data32[1] = second;
     xcb_send_event(m_connection, 0, m_screen->root,
         XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT, reinterpret_cast<char*>(&event));
     xcb_flush(m_connection);

@@ -30,10 +30,13 @@ public:
     /// Opens a window of one colour and waits for it; `type` is an atom's name such as "_NET_WM_WINDOW_TYPE_NORMAL".
     xcb_window_t openWindow(const QRect& place, QRgb colour, const char* type = "_NET_WM_WINDOW_TYPE_NORMAL");
     void closeWindow(xcb_window_t window);
+    void place(xcb_window_t window, const QRect& place); ///< asks for it
+    void setValues(xcb_window_t window, const char* property, xcb_atom_t type, const std::vector<uint32_t>& values);
     void setRootPicture(const QImage& picture); ///< as a wallpaper program does
     void dropRootPicture();
     bool hasPixmap(xcb_pixmap_t pixmap) const; ///< the server still keeps it
     void showDesktop(bool on);
+    void fillScreen(xcb_window_t window);
 
     QRgb pixel(const QPoint& place) const;
     QImage picture(const QRect& area) const;
@@ -49,7 +52,7 @@ public:
 
 private:
     xcb_atom_t atom(const char* name) const;
-    void tellManager(xcb_window_t window, const char* message, uint32_t first) const;
+    void tellManager(xcb_window_t window, const char* message, uint32_t first, uint32_t second = 0) const;
 
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;

@@ -247,6 +247,33 @@ TEST_F(X11WindowHostTest, OpacityIsTheWindowsOwnProperty)
     EXPECT_TRUE(shows(facePixel(), faceColour));
 }
 
+TEST_F(X11WindowHostTest, AGhostStaysOneThroughAChangeOfLevel)
+{
+    showPanel();
+    const xcb_window_t other = coverPanel();
+    panel->setLevel(WindowLevel::floating);
+    ASSERT_TRUE(shows(facePixel(), faceColour));
+    ASSERT_TRUE(movePointer(facePixel()));
+    ASSERT_TRUE(waitUntil([&] { return face.inside; }));
+    panel->setOpacity(0.18);
+    panel->setClickThrough(true);
+    EXPECT_TRUE(waitUntil([&] { return !face.inside; })) << "the pointer is elsewhere now";
+    panel->setLevel(WindowLevel::desktop);
+    panel->setLevel(WindowLevel::floating);
+    ASSERT_TRUE(waitUntil([&] { return onlooker.isAbove(panel->window(), other); }));
+    EXPECT_FALSE(onlooker.values(panel->window(), "_NET_WM_WINDOW_OPACITY").empty());
+    EXPECT_TRUE(shows(facePixel(), windowColour));
+    EXPECT_TRUE(click(facePixel()));
+    EXPECT_TRUE(waitUntil([&] { return onlooker.clicks(other) == 1; }));
+    EXPECT_FALSE(face.inside);
+    panel->setOpacity(1);
+    panel->setClickThrough(false);
+    EXPECT_TRUE(shows(facePixel(), faceColour));
+    EXPECT_TRUE(click(facePixel()));
+    EXPECT_TRUE(waitUntil([&] { return face.pressed.size() == 1; }));
+    EXPECT_TRUE(face.inside);
+}
+
 TEST_F(X11WindowHostTest, ShowsTheDesktopPictureWhereNothingComposites)
 {
     const QSize screen = (host.screens().first().frame.size() * ratio).toSize();

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "foundation/Ticket.h"
+
+#include <QList>
+#include <QObject>
+
+namespace ambrelle {
+
+class AppSettings;
+class Clock;
+class SessionVisibility;
+class WidgetController;
+class WindowList;
+
+/// Sees to it that raised widgets give way to the windows they lie over, and that nothing moves on a widget nobody
+/// sees. Watches windows only while that matters for some widget.
+class OverlapWatcher : public QObject {
+    Q_OBJECT
+public:
+    struct Senses {
+        WindowList& windows;
+        SessionVisibility& session;
+    };
+
+    /// `widgets` may change; update() follows.
+    OverlapWatcher(
+        const Senses& senses, const AppSettings& settings, Clock& clock, const QList<WidgetController*>& widgets);
+
+    /// After any change of the widgets, of where they are, or of what the settings say about them: starts or stops
+    /// watching, and restores widgets that need no watching.
+    void update();
+    void check(); ///< looks at the windows of now; does nothing while their list cannot be had
+
+private:
+    bool mayFade() const;
+    bool mayPause() const;
+
+    Senses m_senses;
+    const AppSettings& m_settings;
+    Clock& m_clock;
+    const QList<WidgetController*>& m_widgets;
+    bool m_watching = false;
+    Ticket m_soon;
+};
+
+} // namespace ambrelle
