@@ -2,14 +2,16 @@
 
 #include "desktop/ScreenPlacement.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace ambrelle {
 
 namespace {
 
 constexpr double sameLine = 0.01;
+constexpr double overshoot = 12; // of a guide, beyond what it joins
 
 /// What a rectangle is along one axis.
 struct Span {
@@ -32,11 +34,13 @@ double partOf(const Span& span, Part part)
     Q_UNREACHABLE();
 }
 
-/// A place that attracts one part of the dragged widget, and where its guide is drawn.
+/// A place that attracts one part of the dragged widget, where its guide is drawn, and what of the other axis it
+/// belongs to.
 struct Line {
     Part part;
     double at;
     double guide;
+    Span across;
 };
 
 Span along(const QRectF& rect, Qt::Orientation axis)
@@ -44,35 +48,41 @@ Span along(const QRectF& rect, Qt::Orientation axis)
     return axis == Qt::Horizontal ? Span{rect.left(), rect.right()} : Span{rect.top(), rect.bottom()};
 }
 
-/// Of an area that the widget lies in.
-void addInner(QList<Line>& lines, const Span& area)
+Qt::Orientation other(Qt::Orientation axis)
 {
-    for (const Part part : {Part::low, Part::middle, Part::high})
-        lines.append({part, partOf(area, part), partOf(area, part)});
+    return axis == Qt::Horizontal ? Qt::Vertical : Qt::Horizontal;
 }
 
-void addNeighbour(QList<Line>& lines, const Span& neighbour, bool beside)
+/// Of an area that the widget lies in, or level with.
+void addSameParts(QList<Line>& lines, const Span& area, const Span& across)
 {
-    addInner(lines, neighbour);
-    lines.append({Part::low, neighbour.high, neighbour.high});
-    lines.append({Part::high, neighbour.low, neighbour.low});
-    if (!beside)
+    for (const Part part : {Part::low, Part::middle, Part::high})
+        lines.append({part, partOf(area, part), partOf(area, part), across});
+}
+
+void addNeighbour(QList<Line>& lines, const Span& neighbour, const Span& across, const Span& draggedAcross)
+{
+    constexpr double gap = AlignmentHelp::gap;
+    addSameParts(lines, neighbour, across);
+    lines.append({Part::low, neighbour.high, neighbour.high, across});
+    lines.append({Part::high, neighbour.low, neighbour.low, across});
+    if (!across.overlaps(draggedAcross))
         return;
-    lines.append({Part::low, neighbour.high + AlignmentHelp::gap, neighbour.high + AlignmentHelp::gap / 2});
-    lines.append({Part::high, neighbour.low - AlignmentHelp::gap, neighbour.low - AlignmentHelp::gap / 2});
+    lines.append({Part::low, neighbour.high + gap, neighbour.high + gap / 2, across});
+    lines.append({Part::high, neighbour.low - gap, neighbour.low - gap / 2, across});
 }
 
 QList<Line> linesFor(
     const QRectF& wanted, const QList<QRectF>& neighbours, const ScreenInfo& screen, Qt::Orientation axis)
 {
-    const Qt::Orientation across = axis == Qt::Horizontal ? Qt::Vertical : Qt::Horizontal;
+    const Qt::Orientation across = other(axis);
     QList<Line> lines;
     for (const QRectF& neighbour : neighbours) {
         if (neighbour.intersects(screen.frame))
-            addNeighbour(lines, along(neighbour, axis), along(neighbour, across).overlaps(along(wanted, across)));
+            addNeighbour(lines, along(neighbour, axis), along(neighbour, across), along(wanted, across));
     }
-    addInner(lines, along(screen.visibleFrame, axis));
-    addInner(lines, along(screen.frame, axis));
+    addSameParts(lines, along(screen.visibleFrame, axis), along(screen.visibleFrame, across));
+    addSameParts(lines, along(screen.frame, axis), along(screen.frame, across));
     return lines;
 }
 
@@ -87,13 +97,40 @@ double nearestShift(const Span& wanted, const QList<Line>& lines)
     return nearest.value_or(0);
 }
 
-/// A guide begins with the pixel before its line, and does not leave the screen.
-QRectF guideArea(double at, const QRectF& screen, Qt::Orientation axis)
+/// The lines that a widget at `placed` lies on. Its edges say enough where its centre lies on one too.
+QList<Line> linesAt(const Span& placed, QList<Line> lines)
 {
-    const double start = std::floor(at) - 1;
-    const QRectF area = axis == Qt::Horizontal ? QRectF(start, screen.top(), AlignmentHelp::thickness, screen.height())
-                                               : QRectF(screen.left(), start, screen.width(), AlignmentHelp::thickness);
-    return ScreenPlacement::movedInto(area, screen);
+    lines.removeIf([&](const Line& line) { return std::abs(line.at - partOf(placed, line.part)) >= sameLine; });
+    const auto isMiddle = [](const Line& line) { return line.part == Part::middle; };
+    if (!std::ranges::all_of(lines, isMiddle))
+        lines.removeIf(isMiddle);
+    return lines;
+}
+
+QRectF guideArea(double start, const Span& across, Qt::Orientation axis)
+{
+    const double length = across.high - across.low;
+    if (axis == Qt::Horizontal)
+        return {start, across.low, AlignmentHelp::thickness, length};
+    return {across.low, start, length, AlignmentHelp::thickness};
+}
+
+/// One guide for each line, from the dragged widget to everything else on that line. It begins with the pixel before
+/// its line, and does not leave the screen.
+void addGuides(
+    QList<QRectF>& guides, const QRectF& placed, const QList<Line>& lines, const QRectF& screen, Qt::Orientation axis)
+{
+    std::map<double, Span> spans;
+    const Span own = along(placed, other(axis));
+    for (const Line& line : linesAt(along(placed, axis), lines)) {
+        Span& span = spans.try_emplace(std::floor(line.guide) - 1, own).first->second;
+        span = {std::min(span.low, line.across.low), std::max(span.high, line.across.high)};
+    }
+    const Span whole = along(screen, other(axis));
+    for (const auto& [start, span] : spans) {
+        const Span cut{std::max(span.low - overshoot, whole.low), std::min(span.high + overshoot, whole.high)};
+        guides.append(ScreenPlacement::movedInto(guideArea(start, cut, axis), screen));
+    }
 }
 
 } // namespace
@@ -114,15 +151,8 @@ AlignmentHelp::Result AlignmentHelp::align(const QRectF& wanted) const
     const QRectF placed = wanted.translated(
         nearestShift(along(wanted, Qt::Horizontal), columns), nearestShift(along(wanted, Qt::Vertical), rows));
     Result result{placed.topLeft(), {}};
-    const auto addGuides = [&](const QList<Line>& lines, Qt::Orientation axis) {
-        for (const Line& line : lines) {
-            const QRectF guide = guideArea(line.guide, screen->frame, axis);
-            if (std::abs(line.at - partOf(along(placed, axis), line.part)) < sameLine && !result.guides.contains(guide))
-                result.guides.append(guide);
-        }
-    };
-    addGuides(columns, Qt::Horizontal);
-    addGuides(rows, Qt::Vertical);
+    addGuides(result.guides, placed, columns, screen->frame, Qt::Horizontal);
+    addGuides(result.guides, placed, rows, screen->frame, Qt::Vertical);
     return result;
 }
 

@@ -15,7 +15,7 @@ public:
 
     struct Result {
         QPointF origin;
-        QList<QRectF> guides; ///< across the screen, thin, one for each line that the widget lies on
+        QList<QRectF> guides; ///< thin, one for each line that the widget lies on, on the screen
     };
 
     AlignmentHelp(QList<QRectF> neighbours, QList<ScreenInfo> screens);

@@ -7,8 +7,8 @@ namespace ambrelle {
 namespace {
 
 constexpr double bright = 0.5; // lightness from which a colour wants a dark edge
-const QColor darkEdge(0, 0, 0, 150);
-const QColor lightEdge(255, 255, 255, 170);
+const QColor darkEdge(0, 0, 0, 70);
+const QColor lightEdge(255, 255, 255, 130);
 
 } // namespace
 

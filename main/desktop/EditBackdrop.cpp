@@ -15,7 +15,7 @@ namespace {
 
 const QString instructionText = u"Drag widgets anywhere. Click an empty space or press Esc to finish."_s;
 
-constexpr double edge = 16; // kept free along the screen's edges
+constexpr double edge = 16; // kept free along the screen's edges and around widgets
 constexpr std::array textSizes{16.0, 13.0, 11.0, 9.0}; // the largest that fits the screen
 constexpr int mostLines = 8;
 
@@ -70,10 +70,13 @@ void EditBackdrop::cover(const ScreenInfo& screen, const QList<QRectF>& widgets)
     m_screen = screen;
     const QRectF work = screen.visibleFrame.isEmpty() ? screen.frame : screen.visibleFrame;
     const QRectF room = work.adjusted(edge, edge, -edge, -edge);
+    QList<QRectF> taken;
+    for (const QRectF& widget : widgets)
+        taken.append(widget.adjusted(-edge, -edge, edge, edge));
     for (const double size : textSizes) {
         m_textSize = size;
         const QSizeF capsule = capsuleSize(instructionStyle(size), room.width());
-        m_instruction = instructionPlace(capsule, room, widgets);
+        m_instruction = instructionPlace(capsule, room, taken);
         if (fits(capsule, room.size()))
             break;
     }

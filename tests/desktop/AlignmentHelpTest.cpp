@@ -39,11 +39,11 @@ TEST(AlignmentHelp, AttractsEdgesCentresAndGapsWithinSixPoints)
         {"right edges", {577, 600}, {580, 600}, 1},
         {"centres", {487, 600}, {490, 600}, 1},
         {"left edge and right edge", {752, 600}, {750, 600}, 1},
-        {"the layouts' gap beside it", {763, 300}, {760, 300}, 4},
+        {"the layouts' gap beside it", {763, 300}, {760, 300}, 3},
         {"no gap above the far end of another row", {763, 600}, {763, 600}, 0},
         {"the layouts' gap above it", {450, 484}, {450, 480}, 1},
         {"both axes at once", {398, 477}, {400, 480}, 2},
-        {"the nearer of two lines", {756, 300}, {760, 300}, 4},
+        {"the nearer of two lines", {756, 300}, {760, 300}, 3},
         {"the screen's left edge", {-4, 600}, {0, 600}, 1},
         {"the screen's right edge", {1274, 600}, {1270, 600}, 1},
         {"below the bar", {1000, 686}, {1000, 690}, 1},
@@ -59,6 +59,13 @@ TEST(AlignmentHelp, AttractsEdgesCentresAndGapsWithinSixPoints)
             EXPECT_TRUE(screenFrame.contains(guide)) << c.what;
     }
     EXPECT_EQ(AlignmentHelp({neighbour}, {}).align({{401, 600}, small}).origin, QPointF(401, 600)) << "no screen";
+}
+
+TEST(AlignmentHelp, GuidesJoinTheWidgetWithAllItIsInLineWith)
+{
+    const QList<QRectF> column{{400, 300, 350, 170}, {400, 600, 350, 170}};
+    EXPECT_EQ(align({402, 20}, column).guides, (QList<QRectF>{{399, 8, 3, 774}}));
+    EXPECT_EQ(align({1268, 20}, column).guides, (QList<QRectF>{{1437, 0, 3, 900}})) << "the edge of the screen";
 }
 
 /// A widget dragged slowly past its neighbours never jumps back and never farther than the pull of a line.
