@@ -109,14 +109,12 @@ QPointF origin(const WidgetConfig& config, const HomeSize& homeSize, const QList
         const ScreenInfo* home = find(screens, *config.display);
         const ScreenInfo& host = home ? *home : screens.first();
         const QRectF onDisplay(*config.displayOffset, config.size());
-        wanted.moveTopLeft(host.frame.topLeft() + onDisplay.topLeft());
-        if (!home)
+        const bool refits = homeSize && *homeSize != host.frame.size();
+        wanted = refits ? refitted(onDisplay, *homeSize, host.frame.size()) : onDisplay;
+        wanted.translate(host.frame.topLeft());
+        const bool wasWhole = refits && QRectF({}, *homeSize).contains(onDisplay);
+        if (!home || wasWhole)
             return movedInto(wanted, roomOf(host)).topLeft();
-        if (homeSize && *homeSize != host.frame.size()) {
-            wanted = refitted(onDisplay, *homeSize, host.frame.size()).translated(host.frame.topLeft());
-            if (QRectF({}, *homeSize).contains(onDisplay))
-                return movedInto(wanted, roomOf(host)).topLeft();
-        }
     }
     if (screenShowing(wanted, screens))
         return wanted.topLeft();
@@ -154,11 +152,12 @@ bool syncDisplay(WidgetConfig& config, const HomeSize& homeSize, const QList<Scr
     return true;
 }
 
-QPointF originAfterResize(const WidgetConfig& before, const WidgetConfig& after, const QList<ScreenInfo>& screens)
+QPointF originAfterResize(
+    const WidgetConfig& before, const WidgetConfig& after, const HomeSize& homeSize, const QList<ScreenInfo>& screens)
 {
     const bool guest = before.display && !find(screens, *before.display);
-    if (guest && isSame(origin(before, {}, screens), before.origin))
-        return origin(after, {}, screens);
+    if (guest && isSame(origin(before, homeSize, screens), before.origin))
+        return origin(after, homeSize, screens);
     const auto screen = screenShowing(before.frame(), screens);
     if (screen && roomOf(*screen).contains(before.frame()))
         return movedInto(after.frame(), roomOf(*screen)).topLeft();

@@ -12,8 +12,8 @@ namespace ambrelle {
 /// screen nothing moves.
 ///
 /// `homeSize` is the size its display had when `displayOffset` was recorded, none when nobody knows. On a display of
-/// another size the widget stands where it stood relative to the nearer edges; its record stays, so that it stands at
-/// its old place exactly when the display gets its old size back.
+/// another size, and as a guest, the widget stands where it stood relative to the nearer edges; its record stays, so
+/// that it stands at its old place exactly when the display gets its old size back.
 namespace ScreenPlacement {
 
 using HomeSize = std::optional<QSizeF>;
@@ -38,7 +38,8 @@ void settle(WidgetConfig& config, HomeSize& homeSize, const QList<ScreenInfo>& s
 
 /// Where a widget stands after it became `after.size()` large: a guest stays in its corner, and a widget that was whole
 /// on a screen does not grow out of it; else its lower left corner stays.
-QPointF originAfterResize(const WidgetConfig& before, const WidgetConfig& after, const QList<ScreenInfo>& screens);
+QPointF originAfterResize(
+    const WidgetConfig& before, const WidgetConfig& after, const HomeSize& homeSize, const QList<ScreenInfo>& screens);
 
 /// `frame` moved as little as possible to lie whole in `area`; its upper left corner wins when it is larger.
 QRectF movedInto(const QRectF& frame, const QRectF& area);

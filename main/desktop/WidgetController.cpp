@@ -53,7 +53,8 @@ void WidgetController::change(const std::function<void(WidgetConfig&)>& edit)
     if (m_config == before)
         return;
     if (m_config.size() != before.size() && m_config.origin == before.origin)
-        m_config.origin = ScreenPlacement::originAfterResize(before, m_config, m_surroundings.host.screens());
+        m_config.origin =
+            ScreenPlacement::originAfterResize(before, m_config, m_homeSize, m_surroundings.host.screens());
     show(before);
     Q_EMIT changed();
 }

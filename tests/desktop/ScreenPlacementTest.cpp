@@ -114,14 +114,14 @@ TEST(ScreenPlacement, IsAGuestWhileItsDisplayIsAwayAndGoesHomeAfterwards)
     const Placed home({3100, 880}, {main, right});
     Placed widget = home;
     EXPECT_TRUE(widget.sync({main}));
-    EXPECT_TRUE(main.visibleFrame.contains(widget.config.frame()));
+    EXPECT_EQ(widget.config.origin, QPointF(1180, 690)) << "as far from the edges, but below the bar";
     widget.remember({main});
     EXPECT_EQ(widget.config.display, right.id) << "saving while a guest keeps the home";
     EXPECT_FALSE(widget.sync({main})) << "a guest stays where it is";
 
     Placed scaled = widget;
     scaled.config.scale = WidgetScale::doubled;
-    scaled.config.origin = ScreenPlacement::originAfterResize(widget.config, scaled.config, {main});
+    scaled.config.origin = ScreenPlacement::originAfterResize(widget.config, scaled.config, widget.homeSize, {main});
     scaled.remember({main});
     EXPECT_EQ(scaled.config.display, right.id) << "so does another size";
 
@@ -162,7 +162,7 @@ TEST(ScreenPlacement, DoesNotLetAWidgetGrowOutOfItsScreen)
     const auto grown = [](QPointF origin) {
         WidgetConfig after = widgetAt(origin);
         after.scale = WidgetScale::huge;
-        return ScreenPlacement::originAfterResize(widgetAt(origin), after, {main});
+        return ScreenPlacement::originAfterResize(widgetAt(origin), after, {}, {main});
     };
     EXPECT_EQ(grown({100, 100}), QPointF(100, 100));
     EXPECT_EQ(grown({1250, 670}), QPointF(1185, 605));
