@@ -1,0 +1,118 @@
+#!/usr/bin/python3
+"""Edit mode of the whole program on the display of this test: edit_test.py PROGRAM.
+
+It is started from the menu. A dragged widget comes in line with another one and is stored there, a click on a face ends
+nothing, the backdrops follow the screens, and Escape or a click on an empty spot brings everything back.
+"""
+import shutil
+import subprocess
+import sys
+from pathlib import Path
+
+sys.path.append(str(Path(__file__).parents[1] / "support"))
+from program import Session, pointer, wait_for
+from status_host import StatusHost
+
+LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
+SMALL = 170
+WIDGETS = [{"kind": "cpu", "skin": "glass", "origin": [300, 500]}, {"kind": "disk", "skin": "glass", "origin": [700, 200]}]
+
+
+def describe(window, *properties):
+    return subprocess.run(["xprop", "-id", window, *properties], capture_output=True, text=True).stdout
+
+
+def visible(session):
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(session.process.pid)],
+                           capture_output=True, text=True)
+    return found.stdout.split()
+
+
+def backdrops(session):
+    return [window for window in visible(session) if "_NET_WM_WINDOW_TYPE_NORMAL" in describe(window)]
+
+
+def has_focus(session):
+    root = subprocess.run(["xprop", "-root", "_NET_ACTIVE_WINDOW"], capture_output=True, text=True).stdout
+    active = int(root.split("#")[1].split(",")[0], 16)
+    return active in map(int, backdrops(session))
+
+
+def face(widget, height):
+    """The middle of its face in pixels of the screen."""
+    x, y = widget["origin"]
+    return x + SMALL / 2, height - y - SMALL / 2
+
+
+def drag(start, by):
+    x, y = start
+    pointer("mousemove", str(int(x)), str(int(y)), "sleep", "0.2", "mousedown", "1")
+    for step in range(1, 21):
+        pointer("mousemove", str(int(x + by[0] * step / 20)), str(int(y + by[1] * step / 20)))
+    pointer("sleep", "0.1", "mouseup", "1")
+
+
+def begin(session, host, count=1):
+    host.choose(lambda line: "Edit" in str(line.get("label")))
+    wait_for("backdrop on every screen", lambda: len(backdrops(session)) == count)
+    wait_for("keyboard at a backdrop", lambda: has_focus(session))
+
+
+def ended(session):
+    wait_for("end of edit mode", lambda: not backdrops(session))
+    wait_for("widgets below windows", lambda: len(session.panels()) == len(WIDGETS) and not any(
+        "_NET_WM_STATE_ABOVE" in describe(window, "_NET_WM_STATE") for window in visible(session)))
+
+
+def arrange(session, host, height):
+    begin(session, host)
+    start = face(WIDGETS[1], height)
+    drag(start, (300 - 700 + 4, 0))  # to within four points of the other one's left edge
+    wait_for("stored place in line", lambda: session.widgets()[1]["origin"] == [300, 200])
+    wait_for("panel in line", lambda: any(
+        panel[:2] == (300 - LEFT, height - 200 - SMALL - ABOVE) for panel in session.panels()))
+    wait_for("end of the guides", lambda: len(visible(session)) == len(WIDGETS) + 1)
+    assert backdrops(session), "a drag ended edit mode"
+    pointer("click", "1")
+    pointer("sleep", "0.3")
+    assert backdrops(session), "a click on a face ended edit mode"
+    pointer("mousemove", "1100", "400", "sleep", "0.2", "click", "1")
+    ended(session)
+
+
+def follow_screens(session, host, width, height):
+    begin(session, host)
+    half = width // 2
+    try:
+        for name, place in (("LEFT", f"{half}/300x{height}/200+0+0 screen"),
+                            ("RIGHT", f"{half}/300x{height}/200+{half}+0 none")):
+            subprocess.run(["xrandr", "--setmonitor", name, *place.split()], check=True, capture_output=True)
+        wait_for("backdrop on the new screen", lambda: len(backdrops(session)) == 2)
+        wait_for("keyboard at one of them", lambda: has_focus(session))
+    finally:
+        for name in ("RIGHT", "LEFT"):
+            subprocess.run(["xrandr", "--delmonitor", name], check=True, capture_output=True)
+    wait_for("single backdrop", lambda: len(backdrops(session)) == 1)
+    wait_for("keyboard at it", lambda: has_focus(session))
+    pointer("key", "Escape")
+    ended(session)
+
+
+def main():
+    width, height = map(int, subprocess.check_output(["xdotool", "getdisplaygeometry"]).split())
+    host = StatusHost()
+    session = Session({"hasLaunchedBefore": True, "animations": False, "widgets.v2": WIDGETS})
+    session.start()
+    wait_for("widgets", lambda: len(session.panels()) == len(WIDGETS))
+    wait_for("tray item", lambda: host.iterate() or host.item)
+    arrange(session, host, height)
+    follow_screens(session, host, width, height)
+    begin(session, host)
+    session.end()
+    assert session.process.returncode == 0, f"ended with {session.process.returncode}"
+    shutil.rmtree(session.home)
+    host.close()
+    print("arranged in line, followed the screens, ended by a click and by Escape")
+
+
+main()
