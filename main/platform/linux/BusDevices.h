@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/DeviceSource.h"
+#include "platform/linux/OpenBus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -15,8 +16,6 @@ namespace ambrelle {
 class BusDevices : public DeviceSource {
     Q_OBJECT
 public:
-    using OpenBus = std::function<QDBusConnection()>;
-
     bool isAvailable() const final { return m_whyNot.isEmpty(); }
     QString whyNot() const final { return m_whyNot; }
     std::optional<QList<ConnectedDevice>> devices() const final { return m_devices; }

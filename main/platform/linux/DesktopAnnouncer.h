@@ -2,11 +2,9 @@
 
 #include "platform/Announcer.h"
 #include "platform/linux/EventSounds.h"
+#include "platform/linux/OpenBus.h"
 
-#include <QDBusConnection>
 #include <QObject>
-
-#include <functional>
 
 namespace ambrelle {
 
@@ -16,8 +14,6 @@ QString soundEvent(AnnouncedSound sound);
 /// Notifications through the desktop's notification service, sounds through its sound theme.
 class DesktopAnnouncer final : public Announcer {
 public:
-    using OpenBus = std::function<QDBusConnection()>;
-
     explicit DesktopAnnouncer(OpenBus openBus = &QDBusConnection::sessionBus);
 
     bool isAvailable() const override { return m_whyNot.isEmpty(); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/OpenBus.h"
 #include "platform/LocationSource.h"
 
 #include <QDBusConnection>
@@ -22,7 +23,6 @@ std::optional<Location> locationFrom(const QVariantMap& properties);
 class GeoClueLocation final : public LocationSource {
     Q_OBJECT
 public:
-    using OpenBus = std::function<QDBusConnection()>;
     using Milliseconds = std::chrono::milliseconds;
 
     struct Patience {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Errands.h"
+#include "platform/linux/OpenBus.h"
 #include "platform/PlayerSource.h"
 
 #include <QDBusConnection>
@@ -16,8 +17,6 @@ namespace ambrelle {
 class MprisPlayers final : public PlayerSource {
     Q_OBJECT
 public:
-    using OpenBus = std::function<QDBusConnection()>;
-
     explicit MprisPlayers(OpenBus openBus = &QDBusConnection::sessionBus);
 
     bool isAvailable() const override { return m_available; }

@@ -1,12 +1,10 @@
 #pragma once
 
+#include "platform/linux/OpenBus.h"
 #include "platform/SystemAppearance.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QFileSystemWatcher>
-
-#include <functional>
 
 namespace ambrelle {
 
@@ -15,8 +13,6 @@ namespace ambrelle {
 class PortalAppearance final : public SystemAppearance {
     Q_OBJECT
 public:
-    using OpenBus = std::function<QDBusConnection()>;
-
     explicit PortalAppearance(OpenBus openBus = &QDBusConnection::sessionBus);
 
     bool isAvailable() const override { return m_known; }

@@ -1,10 +1,7 @@
 #pragma once
 
 #include "platform/InputMonitor.h"
-
-#include <QDBusConnection>
-
-#include <functional>
+#include "platform/linux/OpenBus.h"
 
 namespace ambrelle {
 
@@ -13,7 +10,6 @@ namespace ambrelle {
 class SessionInputMonitor final : public InputMonitor {
     Q_OBJECT
 public:
-    using OpenBus = std::function<QDBusConnection()>;
     using InputMonitor::metresPerPoint;
 
     explicit SessionInputMonitor(OpenBus openBus = &QDBusConnection::sessionBus);

@@ -123,7 +123,7 @@ protected:
     FakeManager manager;
     FakeClient client;
     FakePosition position;
-    GeoClueLocation::OpenBus openBus()
+    OpenBus openBus()
     {
         return [this] { return QDBusConnection::connectToBus(m_address, u"client"_s); };
     }

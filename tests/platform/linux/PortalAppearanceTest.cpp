@@ -66,7 +66,7 @@ protected:
         signal.setArguments({QLatin1String(section), QLatin1String(key), QVariant::fromValue(QDBusVariant(value))});
         ASSERT_TRUE(portal.send(signal));
     }
-    PortalAppearance::OpenBus openBus()
+    OpenBus openBus()
     {
         return [this] { return QDBusConnection::connectToBus(m_address, QStringLiteral("client")); };
     }
