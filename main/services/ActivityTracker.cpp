@@ -3,6 +3,7 @@
 #include "foundation/Clock.h"
 #include "foundation/UserDefaults.h"
 #include "platform/InputMonitor.h"
+#include "services/DayKey.h"
 
 #include <QJsonArray>
 
@@ -21,14 +22,10 @@ namespace {
 
 constexpr std::chrono::seconds sampleInterval{10};
 constexpr double idleAfter = 60; // seconds
+constexpr double saveAfter = 60; // seconds; a save waits for the disk
 const QString key = u"activity.today"_s;
 
 ActivityTracker* sharedTracker = nullptr;
-
-QString dayKey(QDate date)
-{
-    return u"%1-%2-%3"_s.arg(date.year()).arg(date.month()).arg(date.day());
-}
 
 /// The stored amount; 0 when it is none.
 double amount(const QJsonValue& value)
@@ -87,6 +84,7 @@ void ActivityTracker::start()
     m_monitor.start();
     m_wasAvailable = m_monitor.isAvailable();
     m_metresPerPoint = m_monitor.metresPerPoint();
+    m_savedAt = m_clock.elapsed();
     m_timer = m_clock.every(sampleInterval, [this] { sample(); });
     if (m_figures != before)
         Q_EMIT changed();
@@ -151,6 +149,7 @@ void ActivityTracker::load()
 
 void ActivityTracker::save()
 {
+    m_savedAt = m_clock.elapsed();
     QJsonArray hours;
     for (const double seconds : m_figures.hours)
         hours.append(seconds);
@@ -170,11 +169,14 @@ void ActivityTracker::sample()
 void ActivityTracker::finishSample(std::optional<double> idleSeconds)
 {
     const Figures before = m_figures;
-    if (const QString today = dayKey(m_clock.now().date()); today != m_day)
+    const QString today = dayKey(m_clock.now().date());
+    const bool isAnotherDay = today != m_day;
+    if (isAnotherDay)
         beginDay(today);
     countActivity(idleSeconds);
     convertTravel();
-    save();
+    if (m_clock.elapsed() - m_savedAt >= saveAfter || isAnotherDay)
+        save();
     const bool wasAvailable = std::exchange(m_wasAvailable, m_monitor.isAvailable());
     if (m_figures != before || m_wasAvailable != wasAvailable)
         Q_EMIT changed();

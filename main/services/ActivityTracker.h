@@ -16,7 +16,7 @@ class InputMonitor;
 class UserDefaults;
 
 /// How long the user was active in each hour of today, how far the pointer went and how often they clicked. Measures
-/// only while started; what it measured survives restarts until the day is over.
+/// only while started; what it measured survives restarts until the day is over, and a crash but for the last minute.
 class ActivityTracker : public QObject {
     Q_OBJECT
 public:
@@ -71,6 +71,7 @@ private:
     std::optional<QPointF> m_lastPoint;
     double m_pendingPoints = 0; ///< travel that is not in the metres yet
     double m_metresPerPoint = 0;
+    double m_savedAt = 0; ///< on the steady clock
     bool m_wasAvailable = true; ///< at the last sample
     bool m_showsSamples = false;
     Ticket m_timer; ///< held while started

@@ -3,6 +3,7 @@
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "platform/Announcer.h"
+#include "services/DayKey.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,7 +40,7 @@ FocusTimer::FocusTimer(Announcer& announcer, AppSettings& settings, UserDefaults
     , m_clock(clock)
 {
     m_now.remaining = duration(m_now.phase);
-    m_now.completedToday = storedCount(today());
+    m_now.completedToday = storedCount(dayKey(m_clock.now().date()));
     m_published = m_now;
     connect(&settings, &AppSettings::changed, this, [this](const QString& key) {
         const QString lengths[] = {
@@ -203,7 +204,7 @@ void FocusTimer::advance(bool finished)
 
 void FocusTimer::recordCompletion()
 {
-    const QString day = today();
+    const QString day = dayKey(m_clock.now().date());
     m_now.completedToday = storedCount(day) + 1;
     m_defaults.set(completedKey, QJsonObject{{day, m_now.completedToday}});
 }
@@ -227,12 +228,6 @@ void FocusTimer::publish()
         return;
     m_published = m_now;
     Q_EMIT changed();
-}
-
-QString FocusTimer::today() const
-{
-    const QDate date = m_clock.now().date();
-    return u"%1-%2-%3"_s.arg(date.year()).arg(date.month()).arg(date.day());
 }
 
 int FocusTimer::storedCount(const QString& day) const

@@ -94,7 +94,6 @@ private:
     void announce(Phase finished);
     void publish();
 
-    QString today() const;
     int storedCount(const QString& day) const;
 
     Announcer& m_announcer;

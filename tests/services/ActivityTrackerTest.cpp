@@ -120,6 +120,14 @@ TEST_F(ActivityTrackerTest, figuresSurviveARestartOnTheSameDayOnly)
     tracker.stop();
     EXPECT_EQ(ActivityTracker(monitor, defaults, clock).clicks(), 3);
     EXPECT_EQ(ActivityTracker(monitor, defaults, clock).hours(), tracker.hours());
+
+    tracker.start();
+    Q_EMIT monitor.clicked();
+    clock.advance(50s);
+    EXPECT_EQ(ActivityTracker(monitor, defaults, clock).clicks(), 3) << "the disk has its rest for a minute";
+    clock.advance(10s);
+    EXPECT_EQ(ActivityTracker(monitor, defaults, clock).clicks(), 4) << "after a crash";
+    tracker.stop();
     clock.setNow(utc(8, 0, 0, 0));
     const ActivityTracker tomorrows(monitor, defaults, clock);
     EXPECT_EQ(tomorrows.clicks(), 0);
