@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype mostRows = 12; // no face has room for more
+
 QString tr(const char* text)
 {
     return QCoreApplication::translate("Readings", text);
@@ -70,7 +72,7 @@ RemindersReading remindersReading(const RemindersService& service, const QDateTi
         reading.notice = {symbol(WidgetKind::reminders), tr("All done")};
     if (reading.notice)
         return reading;
-    for (const ReminderRow& reminder : service.reminders()) {
+    for (const ReminderRow& reminder : service.reminders().first(std::min(mostRows, service.reminders().size()))) {
         reading.rows.append({.id = reminder.id,
             .title = reminder.title,
             .due = reminder.dueText(now, locale).value_or(QString()),

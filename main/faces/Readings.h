@@ -254,7 +254,7 @@ struct RemindersReading {
     };
 
     Notice notice{};
-    QList<Row> rows;
+    QList<Row> rows; ///< at most twelve
 
     bool operator==(const RemindersReading&) const = default;
 };

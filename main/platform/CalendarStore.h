@@ -49,8 +49,8 @@ struct CalendarReminder {
 };
 
 /// The events and reminders of the user. Nothing here blocks: answers come later on this thread, unless `context` is
-/// gone by then. Moments are given in the time zone of the moment that came with the question; what has no zone of its
-/// own counts as there.
+/// gone by then. What has no time zone of its own counts as in that of the moment that came with the question. Moments
+/// are given in UTC: thousands of them compare in no time.
 class CalendarStore : public QObject {
     Q_OBJECT
 public:

@@ -1,5 +1,7 @@
 #include "services/RemindersService.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <utility>
 
@@ -23,10 +25,15 @@ bool comesBefore(const ReminderRow& one, const ReminderRow& other)
     return QString::localeAwareCompare(one.title, other.title) < 0;
 }
 
-QColor colorOf(const QString& identifier, const QList<CalendarInfo>& calendars)
+/// By identifier, of those that have one.
+QHash<QString, QColor> colorsOf(const QList<CalendarInfo>& calendars)
 {
-    const auto calendar = std::ranges::find(calendars, identifier, &CalendarInfo::identifier);
-    return calendar != calendars.end() && calendar->color.isValid() ? calendar->color : systemOrange;
+    QHash<QString, QColor> colors;
+    for (const CalendarInfo& calendar : calendars) {
+        if (calendar.color.isValid())
+            colors.insert(calendar.identifier, calendar.color);
+    }
+    return colors;
 }
 
 QString dateText(QDate date, QDate today, const QLocale& locale)
@@ -150,11 +157,11 @@ void RemindersService::publish(const QList<CalendarReminder>& reminders)
 {
     if (!m_store.isAvailable() || !m_completing.isEmpty())
         return; // meanwhile
-    const auto calendars = m_store.calendars();
+    const auto colors = colorsOf(m_store.calendars());
     QList<ReminderRow> rows;
     for (const CalendarReminder& reminder : reminders) {
         rows.append({reminder.identifier, reminder.title.isEmpty() ? tr("Untitled") : reminder.title, reminder.due,
-            reminder.hasTime, colorOf(reminder.calendar, calendars)});
+            reminder.hasTime, colors.value(reminder.calendar, systemOrange)});
     }
     std::ranges::stable_sort(rows, comesBefore);
     publish(rows, {});

@@ -21,11 +21,9 @@ sys_seconds instantOf(const QDateTime& moment)
     return sys_seconds(seconds(moment.toSecsSinceEpoch()));
 }
 
-/// In the time zone of another.
-QDateTime like(QDateTime model, sys_seconds instant)
+QDateTime utc(sys_seconds instant)
 {
-    model.setSecsSinceEpoch(instant.time_since_epoch().count());
-    return model;
+    return QDateTime::fromSecsSinceEpoch(instant.time_since_epoch().count(), Qt::UTC);
 }
 
 std::string_view view(const QByteArray& text)
@@ -157,8 +155,8 @@ QList<CalendarEvent> CalendarBook::eventsOf(
             events.append({.identifier = uid + u'@' + QString::number(start),
                 .calendar = page.calendar,
                 .title = occurrence.item->title,
-                .start = like(from, occurrence.start),
-                .end = like(from, occurrence.end),
+                .start = utc(occurrence.start),
+                .end = utc(occurrence.end),
                 .allDay = occurrence.item->start->isDay});
         }
     }
@@ -210,7 +208,7 @@ QList<CalendarReminder> CalendarBook::reminders(const QDateTime& now)
                 CalendarReminder reminder{
                     .identifier = identifier, .calendar = page.calendar, .title = open.item->title};
                 if (open.due) {
-                    reminder.due = like(now, open.due->instant(local));
+                    reminder.due = utc(open.due->instant(local));
                     reminder.hasTime = !open.due->isDay;
                 }
                 reminders.append(reminder);
