@@ -61,6 +61,11 @@ Wallpaper makeWallpaper()
     return {wallpaperRecipe, dataFile(QStringLiteral("Wallpapers"))};
 }
 
+ImageDiskCache thumbnailCache()
+{
+    return {UserFolders::previews(), Information::read().build};
+}
+
 } // namespace
 
 AppDelegate::AppDelegate()
@@ -77,7 +82,7 @@ AppDelegate::AppDelegate()
     , m_desktopPicture(chooseDesktopPicture(DesktopSession::current(), madeFolder(UserFolders::wallpapers())))
     , m_wallpaper(makeWallpaper(), *m_host, *m_desktopPicture, UserDefaults::shared(),
           {UserFolders::wallpapers(), dataFile(QStringLiteral("Wallpapers/Extras"))})
-    , m_thumbnails(makeWallpaper(), ImageDiskCache(UserFolders::previews(), Information::read().build))
+    , m_thumbnails(makeWallpaper(), thumbnailCache())
     , m_automation(AppSettings::shared(), m_monitor, m_clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, AppSettings::shared().customWallpapers()); })
     , m_follower(m_appearance, AppSettings::shared(), m_manager, m_wallpaper, m_clock)
@@ -100,6 +105,9 @@ AppDelegate::~AppDelegate()
 void AppDelegate::start()
 {
     m_monitor.start(AppSettings::shared().interval());
+    m_services.photos.setSample([wallpaper = makeWallpaper(), cache = thumbnailCache()] {
+        return WallpaperStore::picture(wallpaper, cache, WallpaperStore::samplePhoto);
+    });
     m_manager.load();
     connect(&m_manager, &WidgetManager::clicked, this,
         [this](WidgetController* widget, const FaceAction& action) { clicked(widget->config().kind, action); });

@@ -1,12 +1,20 @@
 #include "app/BatchModes.h"
 
 #include "app/Information.h"
+#include "app/UserFolders.h"
 #include "app/WallpaperBatch.h"
+#include "faces/ReadingFeed.h"
 #include "foundation/ManualClock.h"
+#include "foundation/UserDefaults.h"
+#include "model/AppSettings.h"
 #include "offline/PreviewRenderer.h"
+#include "offline/SampleData.h"
+#include "platform/headless/HeadlessPorts.h"
 #include "platform/headless/HeadlessSources.h"
+#include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 #include "skins/WallpaperRecipes.h"
+#include "wallpapers/WallpaperStore.h"
 
 #include <QTextStream>
 
@@ -26,6 +34,23 @@ QString skinNames()
     return names.join(u", "_s);
 }
 
+int renderPreviews(const Wallpaper& wallpaper, const QString& folder, std::optional<Skin> only)
+{
+    const HeadlessSources machine;
+    HeadlessPorts ports;
+    ManualClock clock(SampleData::moment());
+    UserDefaults defaults = UserDefaults::temporary(); // the pictures are not the user's
+    AppSettings settings(defaults);
+    SystemMonitor monitor(machine.sources(), clock);
+    LiveServices services(
+        {ports.http, ports.location, ports.players, ports.calendars, ports.announcer, {&ports.devices}, ports.input},
+        {}, settings, defaults, clock);
+    const ReadingFeed feed({monitor, services, settings}, clock);
+    const ImageDiskCache cache(UserFolders::previews(), Information::read().build);
+    SampleData::load(monitor, services, WallpaperStore::picture(wallpaper, cache, WallpaperStore::samplePhoto));
+    return PreviewRenderer::run(folder, only, feed, wallpaper);
+}
+
 } // namespace
 
 int runBatchMode(const CommandLine& commandLine)
@@ -39,10 +64,7 @@ int runBatchMode(const CommandLine& commandLine)
     const Wallpaper wallpaper(wallpaperRecipe, dataFile(u"Wallpapers"_s));
     if (commandLine.mode == CommandLine::Mode::renderWallpapers)
         return renderWallpapers(wallpaper, commandLine.folder, only);
-    const HeadlessSources machine;
-    ManualClock clock;
-    SystemMonitor monitor(machine.sources(), clock);
-    return PreviewRenderer::run(commandLine.folder, only, monitor, wallpaper);
+    return renderPreviews(wallpaper, commandLine.folder, only);
 }
 
 } // namespace ambrelle

@@ -16,11 +16,11 @@ QString tr(const char* text)
 /// Why there is no picture.
 QString sentence(const PhotoAlbum& album, const WidgetConfig& config)
 {
+    if (album.isLoading(config.id))
+        return tr("Loading…");
     if (!config.photoFolder)
         return tr("Choose a folder in the widget's settings");
-    if (album.isEmpty(config.id))
-        return tr("No images in this folder");
-    return album.isLoading(config.id) ? tr("Loading…") : tr("This image cannot be shown");
+    return album.isEmpty(config.id) ? tr("No images in this folder") : tr("This image cannot be shown");
 }
 
 } // namespace

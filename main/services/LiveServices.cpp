@@ -49,6 +49,17 @@ void LiveServices::demand(const WidgetKinds& kinds)
     m_pending = m_clock.after(widgetsFirst, [this] { serve(); });
 }
 
+void LiveServices::loadPreviewData(const QImage& artwork)
+{
+    weather.loadPreviewData();
+    player.loadPreviewData(artwork);
+    events.loadPreviewData();
+    reminders.loadPreviewData();
+    focus.loadPreviewData();
+    devices.loadPreviewData();
+    activity.loadPreviewData();
+}
+
 void LiveServices::serve()
 {
     const auto wants = [this](WidgetKind kind) { return contains(m_wanted, kind); };

@@ -34,6 +34,9 @@ public:
     /// Tells which kinds of widgets there are now. What is not needed any more stops if it can.
     void demand(const WidgetKinds& kinds);
 
+    /// Fixed content in all of them, for pictures; `artwork` is that of the track. Photos belong to widgets.
+    void loadPreviewData(const QImage& artwork);
+
     WeatherService weather;
     NowPlayingService player;
     EventsService events;

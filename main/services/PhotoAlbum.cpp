@@ -2,8 +2,6 @@
 
 #include "services/PhotoRotator.h"
 
-#include <utility>
-
 namespace ambrelle {
 
 namespace {
@@ -74,7 +72,7 @@ PhotoRotator& PhotoAlbum::rotator(const QUuid& id)
 {
     std::unique_ptr<PhotoRotator>& entry = m_rotators[id];
     if (!entry) {
-        entry = std::make_unique<PhotoRotator>(m_clock, m_workers, m_choose);
+        entry = std::make_unique<PhotoRotator>(m_clock, m_workers, m_choose, m_sample);
         connect(entry.get(), &PhotoRotator::changed, this, [this, id] { Q_EMIT changed(id); });
     }
     return *entry;

@@ -9,9 +9,11 @@
 #include <QThreadPool>
 #include <QUuid>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace ambrelle {
 
@@ -30,6 +32,8 @@ public:
     static PhotoAlbum& shared();
     static void setShared(PhotoAlbum* album);
 
+    /// What the widgets without a folder show that are configured from now on; `make` is called on another thread.
+    void setSample(std::function<QImage()> make) { m_sample = std::move(make); }
     /// What a widget is set to; `shown` is its size in pixels. See PhotoRotator::configure().
     void configure(const QUuid& id, const std::optional<QString>& folder, int intervalMinutes, QSize shown);
     void keepOnly(const QList<QUuid>& ids); ///< forgets the widgets that are gone
@@ -49,6 +53,7 @@ private:
 
     Clock& m_clock;
     Choice m_choose;
+    std::function<QImage()> m_sample;
     QThreadPool m_workers;
     std::map<QUuid, std::unique_ptr<PhotoRotator>> m_rotators;
 };

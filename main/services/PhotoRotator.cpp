@@ -38,17 +38,21 @@ QStringList PhotoFolder::pictures(const QString& folder)
     return paths;
 }
 
-PhotoRotator::PhotoRotator(Clock& clock, QThreadPool& workers, Choice choose)
+PhotoRotator::PhotoRotator(Clock& clock, QThreadPool& workers, Choice choose, Sample sample)
     : m_clock(clock)
     , m_workers(workers)
     , m_choose(std::move(choose))
+    , m_sample(std::move(sample))
 {
 }
 
 void PhotoRotator::configure(const std::optional<QString>& folder, int intervalMinutes, QSize shown)
 {
     const bool isResized = std::exchange(m_shownSize, shown) != shown;
-    if (std::exchange(m_folder, folder) != folder)
+    const bool isAnother = std::exchange(m_folder, folder) != folder;
+    if (!folder && (isAnother || isResized))
+        showSample();
+    else if (isAnother)
         listFolder();
     else if (isResized && !m_last.isEmpty())
         decodeLast();
@@ -81,10 +85,6 @@ void PhotoRotator::listFolder()
     ++m_request;
     m_files.clear();
     m_last.clear();
-    if (!m_folder) {
-        m_isEmpty = true;
-        return show({});
-    }
     setLoading();
     const auto list = [folder = *m_folder] {
         yieldToOthers();
@@ -105,11 +105,28 @@ void PhotoRotator::listFolder()
 void PhotoRotator::decodeLast()
 {
     setLoading();
-    const auto decode = [file = m_last, shown = m_shownSize] {
+    make([file = m_last, shown = m_shownSize] { return PictureDecoder::read(file, shown); });
+}
+
+void PhotoRotator::showSample()
+{
+    ++m_request;
+    m_files.clear();
+    m_last.clear();
+    m_isEmpty = true;
+    if (!m_sample)
+        return show({});
+    m_isLoading = true;
+    make([sample = m_sample, shown = m_shownSize] { return PictureDecoder::covering(sample(), shown); });
+}
+
+void PhotoRotator::make(const std::function<QImage()>& picture)
+{
+    const auto work = [picture] {
         yieldToOthers();
-        return PictureDecoder::read(file, shown);
+        return picture();
     };
-    QtConcurrent::run(&m_workers, decode).then(this, [this, request = ++m_request](const QImage& image) {
+    QtConcurrent::run(&m_workers, work).then(this, [this, request = ++m_request](const QImage& image) {
         if (request == m_request)
             show(image);
     });

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 class QThreadPool;
@@ -22,7 +23,10 @@ class Clock;
 class PhotoRotator : public QObject {
     Q_OBJECT
 public:
-    PhotoRotator(Clock& clock, QThreadPool& workers, Choice choose = chooseAtRandom);
+    using Sample = std::function<QImage()>; ///< any thread may call it
+
+    /// `sample` makes what is shown while there is no folder; without it nothing is.
+    PhotoRotator(Clock& clock, QThreadPool& workers, Choice choose = chooseAtRandom, Sample sample = {});
 
     /// Another folder than before is listed and one of its pictures shown; with an interval of 1 or more (minutes) the
     /// next one follows every so often. `shown`: the pixels a picture has to cover; when they change, the same picture
@@ -44,12 +48,15 @@ Q_SIGNALS:
 private:
     void listFolder();
     void decodeLast();
+    void showSample();
+    void make(const std::function<QImage()>& picture);
     void show(const QImage& image);
     void setLoading();
 
     Clock& m_clock;
     QThreadPool& m_workers;
     Choice m_choose;
+    Sample m_sample;
     std::optional<QString> m_folder;
     QStringList m_files; ///< paths
     QString m_last; ///< the file chosen last; empty: none

@@ -66,4 +66,11 @@ QImage decode(const QByteArray& bytes, QSize shown)
     return quicklyDrawn(reader.read());
 }
 
+QImage covering(const QImage& picture, QSize shown)
+{
+    const QSize target = decodedSize(picture.size(), shown);
+    return quicklyDrawn(
+        target == picture.size() ? picture : picture.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
 } // namespace ambrelle::PictureDecoder

@@ -19,6 +19,8 @@ inline constexpr int mostPasses = 100; ///< over the whole picture
 /// null when it is no picture, or too much of one.
 QImage read(const QString& file, QSize shown);
 QImage decode(const QByteArray& bytes, QSize shown);
+/// Likewise of a picture of the program's own.
+QImage covering(const QImage& picture, QSize shown);
 
 } // namespace PictureDecoder
 

@@ -22,18 +22,6 @@ QImage blank()
     return image;
 }
 
-QImage make(const Wallpaper& wallpaper, const ImageDiskCache& cache, Skin skin)
-{
-    const QString url = cache.url(u"wallpaper-"_s + rawValue(skin));
-    if (QImage image = ImageDiskCache::read(url); image.size() == WallpaperStore::pixels)
-        return image;
-    const QImage painted = wallpaper.picture(skin, WallpaperStore::pixels);
-    if (painted.isNull())
-        return blank();
-    ImageDiskCache::write(painted, url);
-    return painted.convertToFormat(QImage::Format_RGB32);
-}
-
 } // namespace
 
 WallpaperStore::WallpaperStore(Wallpaper wallpaper, ImageDiskCache cache)
@@ -78,7 +66,7 @@ void WallpaperStore::load(Skin skin, std::function<void(const QImage&)> done)
     m_started.insert(skin);
     const auto work = [wallpaper = m_wallpaper, cache = m_cache, skin] {
         yieldToOthers();
-        return make(wallpaper, cache, skin);
+        return picture(wallpaper, cache, skin);
     };
     QtConcurrent::run(&m_queue, work).then(this, [this, skin](const QImage& image) { finish(skin, image); });
 }
@@ -87,9 +75,21 @@ QImage WallpaperStore::imageNow(Skin skin)
 {
     if (!m_images.contains(skin)) {
         m_started.insert(skin);
-        finish(skin, make(m_wallpaper, m_cache, skin));
+        finish(skin, picture(m_wallpaper, m_cache, skin));
     }
     return m_images.value(skin);
+}
+
+QImage WallpaperStore::picture(const Wallpaper& wallpaper, const ImageDiskCache& cache, Skin skin)
+{
+    const QString url = cache.url(u"wallpaper-"_s + rawValue(skin));
+    if (QImage image = ImageDiskCache::read(url); image.size() == pixels)
+        return image;
+    const QImage painted = wallpaper.picture(skin, pixels);
+    if (painted.isNull())
+        return blank();
+    ImageDiskCache::write(painted, url);
+    return painted.convertToFormat(QImage::Format_RGB32);
 }
 
 void WallpaperStore::finish(Skin skin, const QImage& image)

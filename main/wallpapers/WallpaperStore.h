@@ -17,6 +17,7 @@ class WallpaperStore : public QObject {
     Q_OBJECT
 public:
     static constexpr QSize pixels{1152, 720};
+    static constexpr Skin samplePhoto = Skin::polar; ///< whose wallpaper photo widgets show before they have a folder
 
     WallpaperStore(Wallpaper wallpaper, ImageDiskCache cache);
     ~WallpaperStore() override;
@@ -31,6 +32,8 @@ public:
     void load(Skin skin, std::function<void(const QImage& image)> done);
     /// The thumbnail, made on this thread if need be.
     QImage imageNow(Skin skin);
+    /// The thumbnail from the cache, or made and put there; nobody keeps it. Any thread may call this.
+    static QImage picture(const Wallpaper& wallpaper, const ImageDiskCache& cache, Skin skin);
 
 Q_SIGNALS:
     void changed(ambrelle::Skin skin); ///< its thumbnail is there now

@@ -242,4 +242,27 @@ TEST_F(PhotoRotatorTest, theAlbumKeepsOneForEachWidget)
     // Goes while its folder is being listed.
 }
 
+TEST_F(PhotoRotatorTest, withoutAFolderTheSampleIsShownAtItsSize)
+{
+    put(u"a.png"_s, red);
+    PhotoAlbum album(clock);
+    album.setSample([] {
+        QImage sample(64, 40, QImage::Format_RGB32);
+        sample.fill(blue);
+        return sample;
+    });
+    const QUuid id = QUuid::createUuid();
+    const auto shown = [&](const std::optional<QString>& path, QSize size) {
+        album.configure(id, path, 0, size);
+        EXPECT_TRUE(waitUntil([&] { return !album.isLoading(id); }));
+        const QImage image = album.image(id);
+        return std::pair(image.size(), image.isNull() ? QRgb{0} : image.pixel(0, 0));
+    };
+    EXPECT_EQ(shown(std::nullopt, {16, 10}), std::pair(QSize(16, 10), blue));
+    EXPECT_TRUE(album.isEmpty(id));
+    EXPECT_EQ(shown(std::nullopt, {32, 5}), std::pair(QSize(32, 20), blue)) << "another size";
+    EXPECT_EQ(shown(folder.path(), {4, 4}), std::pair(QSize(4, 4), red));
+    EXPECT_EQ(shown(std::nullopt, {100, 90}), std::pair(QSize(64, 40), blue)) << "never blown up";
+}
+
 } // namespace

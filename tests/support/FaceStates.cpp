@@ -1,9 +1,15 @@
 #include "support/FaceStates.h"
 
-#include "faces/SampleReadings.h"
+#include "faces/ReadingFeed.h"
 #include "foundation/ManualClock.h"
+#include "foundation/UserDefaults.h"
+#include "model/AppSettings.h"
+#include "offline/SampleData.h"
 #include "platform/headless/HeadlessSources.h"
 #include "services/SystemMonitor.h"
+#include "support/QuietServices.h"
+
+#include <QPainter>
 
 namespace ambrelle {
 
@@ -368,14 +374,27 @@ void lengthen(DevicesReading& r)
     lengthenNames(r);
 }
 
+/// Bright above and dark below, as photographs are.
+QImage landscape()
+{
+    QImage image(244, 244, QImage::Format_RGB32);
+    QLinearGradient air(0, 0, 0, 244);
+    air.setColorAt(0, QColor(0x6F, 0xA8, 0xDC));
+    air.setColorAt(1, QColor(0x2C, 0x4C, 0x3B));
+    QPainter(&image).fillRect(image.rect(), air);
+    return image;
+}
+
 Reading sample(WidgetKind kind, const QLocale& locale)
 {
-    const QDateTime now(QDate(2026, 10, 14), QTime(9, 41));
-    ManualClock clock(now);
+    ManualClock clock(SampleData::moment());
+    UserDefaults defaults = UserDefaults::temporary();
+    AppSettings settings(defaults);
     const HeadlessSources machine;
     SystemMonitor monitor(machine.sources(), clock);
-    monitor.loadPreviewData();
-    return sampleReading(kind, monitor, now, locale);
+    QuietServices services(settings, defaults, clock);
+    SampleData::load(monitor, services.live, landscape());
+    return ReadingFeed({monitor, services.live, settings}, clock, locale).readingFor(SampleData::widget(kind), true);
 }
 
 } // namespace
