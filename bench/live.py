@@ -204,4 +204,5 @@ def main():
         print(f"{figure + ' ' + unit:16}" + "".join(f"{v:12.2f}{ratio:>8}" for v, ratio in zip(values, ratios)))
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,116 @@
+// Preloaded into the program, notes how long its main thread was away from its event loop, as lines of
+// "seconds-since-start wall-ms cpu-ms" in the file that AMBRELLE_GAPS names when the program ends.
+#include <dlfcn.h>
+#include <poll.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <vector>
+
+namespace {
+
+struct Moment {
+    double wall = 0; // all in milliseconds
+    double cpu = 0;
+};
+
+struct Gap {
+    double at = 0; // seconds
+    Moment length;
+};
+
+constexpr double noticeable = 1; // milliseconds
+
+std::vector<Gap> gaps;
+Moment start;
+Moment left; // the loop's last wait ended
+bool isAway = false;
+
+double read(clockid_t clock)
+{
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+Moment now()
+{
+    return {read(CLOCK_MONOTONIC), read(CLOCK_THREAD_CPUTIME_ID)};
+}
+
+/// The event loop waits for its wake-up among others; the main thread also waits for single answers, within its work.
+bool isLoop(const pollfd* files, nfds_t count)
+{
+    if (syscall(SYS_gettid) != getpid())
+        return false;
+    for (nfds_t i = 0; i < count; ++i) {
+        std::array<char, 40> link{};
+        std::array<char, 40> target{};
+        std::snprintf(link.data(), link.size(), "/proc/self/fd/%d", files[i].fd);
+        if (readlink(link.data(), target.data(), target.size() - 1) > 0 && std::strstr(target.data(), "eventfd"))
+            return true;
+    }
+    return false;
+}
+
+void arrive()
+{
+    const Moment here = now();
+    if (!isAway)
+        start = here;
+    else if (here.wall - left.wall > noticeable)
+        gaps.push_back({(left.wall - start.wall) / 1e3, {here.wall - left.wall, here.cpu - left.cpu}});
+}
+
+void leave()
+{
+    left = now();
+    isAway = true;
+}
+
+template <typename Wait> int waited(const pollfd* files, nfds_t count, Wait wait)
+{
+    if (!isLoop(files, count))
+        return wait();
+    arrive();
+    const int result = wait();
+    leave();
+    return result;
+}
+
+struct Report {
+    ~Report()
+    {
+        const char* name = std::getenv("AMBRELLE_GAPS");
+        std::FILE* file = name ? std::fopen(name, "w") : nullptr;
+        if (!file)
+            return;
+        for (const Gap& gap : gaps)
+            std::fprintf(file, "%.3f %.2f %.2f\n", gap.at, gap.length.wall, gap.length.cpu);
+        std::fclose(file);
+    }
+} report;
+
+template <typename Function> Function* next(const char* name)
+{
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+extern "C" int poll(pollfd* files, nfds_t count, int timeout)
+{
+    static const auto real = next<int(pollfd*, nfds_t, int)>("poll");
+    return waited(files, count, [&] { return real(files, count, timeout); });
+}
+
+extern "C" int ppoll(pollfd* files, nfds_t count, const timespec* timeout, const sigset_t* mask)
+{
+    static const auto real = next<int(pollfd*, nfds_t, const timespec*, const sigset_t*)>("ppoll");
+    return waited(files, count, [&] { return real(files, count, timeout, mask); });
+}
