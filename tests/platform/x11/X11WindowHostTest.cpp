@@ -252,6 +252,7 @@ TEST_F(X11WindowHostTest, AGhostStaysOneThroughAChangeOfLevel)
     showPanel();
     const xcb_window_t other = coverPanel();
     panel->setLevel(WindowLevel::floating);
+    ASSERT_TRUE(waitUntil([&] { return onlooker.isAbove(panel->window(), other); }));
     ASSERT_TRUE(shows(facePixel(), faceColour));
     ASSERT_TRUE(movePointer(facePixel()));
     ASSERT_TRUE(waitUntil([&] { return face.inside; }));
