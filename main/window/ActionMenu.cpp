@@ -1,5 +1,6 @@
 #include "window/ActionMenu.h"
 
+#include "window/MenuStyle.h"
 #include "window/SymbolIcon.h"
 
 #include <QKeyEvent>
@@ -22,6 +23,7 @@ ActionMenu::ActionMenu(Items items, const std::optional<QColor>& ink)
     : m_items(std::move(items))
     , m_ink(ink)
 {
+    setStyle(MenuStyle::shared());
     connect(this, &QMenu::aboutToShow, this, &ActionMenu::refill);
 }
 
@@ -42,6 +44,7 @@ void ActionMenu::fill(QMenu& menu, const QList<ActionItem>& items)
         }
         if (!item.items.isEmpty()) {
             QMenu* submenu = menu.addMenu(symbolIcon(item.symbol, m_ink), shown(item.title));
+            submenu->setStyle(MenuStyle::shared());
             fill(*submenu, item.items);
             continue;
         }
