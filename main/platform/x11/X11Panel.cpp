@@ -5,6 +5,7 @@
 
 #include <xcb/shape.h>
 
+#include <array>
 #include <cmath>
 
 namespace ambrelle {
@@ -18,6 +19,17 @@ constexpr uint32_t fromApplication = 1;
 
 // Without a compositor a window is either there or not.
 constexpr double leastOpacityShown = 0.5;
+
+/// Takes no input focus, appears as a normal window, and belongs to no group. The toolkit makes all its windows one,
+/// and Xfwm4 keeps the floating ones of a group no higher than those of the desktop level.
+void writeHints(const X11Connection& x, xcb_window_t window)
+{
+    constexpr uint32_t inputAndState = 3;
+    constexpr uint32_t normalState = 1;
+    const std::array<uint32_t, 9> hints{inputAndState, 0, normalState};
+    xcb_change_property(x.handle(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 32,
+        static_cast<uint32_t>(hints.size()), hints.data());
+}
 
 xcb_rectangle_t shapeRectangle(const QRect& rect)
 {
@@ -121,6 +133,7 @@ void X11Panel::dress()
         states.push_back(x.atom(Atom::stateAbove));
     x.setProperty(m_window, Atom::wmState, XCB_ATOM_ATOM, states);
     x.setProperty(m_window, Atom::wmDesktop, XCB_ATOM_CARDINAL, {everyDesktop});
+    writeHints(x, m_window);
     // The toolkit also offers WM_TAKE_FOCUS, an invitation to move the focus here.
     x.setProperty(m_window, Atom::wmProtocols, XCB_ATOM_ATOM,
         {x.atom(Atom::wmDeleteWindow), x.atom(Atom::wmPing), x.atom(Atom::wmSyncRequest)});

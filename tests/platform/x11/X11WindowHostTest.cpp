@@ -153,6 +153,19 @@ TEST_F(X11WindowHostTest, StaysOutOfListsAndLevelsAreSwitchedWhileShown)
     }
 }
 
+TEST_F(X11WindowHostTest, FloatsAboveNewWindowsAlsoBesideAPanelOfTheDesktopLevel)
+{
+    panel->setLevel(WindowLevel::floating);
+    showPanel();
+    PlainFace lowFace;
+    const std::unique_ptr<X11Panel> low = make(lowFace, {500, 200, 240, 160});
+    low->show();
+    ASSERT_TRUE(waitUntil([&] { return !lowFace.painted.isEmpty() && onlooker.isManaged(low->window()); }));
+    const xcb_window_t other = coverPanel();
+    EXPECT_TRUE(waitUntil([&] { return onlooker.isAbove(other, low->window()); }));
+    EXPECT_TRUE(onlooker.isAbove(panel->window(), other));
+}
+
 TEST_F(X11WindowHostTest, HearsThePointerWithoutTakingTheFocus)
 {
     showPanel();
