@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/linux/OpenBus.h"
 #include "platform/SessionVisibility.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QSet>
@@ -18,8 +18,6 @@ namespace ambrelle {
 class BusSessionVisibility final : public SessionVisibility {
     Q_OBJECT
 public:
-    using OpenBus = std::function<QDBusConnection()>;
-
     explicit BusSessionVisibility(
         OpenBus openSessionBus = &QDBusConnection::sessionBus, OpenBus openSystemBus = &QDBusConnection::systemBus);
 
