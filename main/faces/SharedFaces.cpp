@@ -32,6 +32,13 @@ MoonDisc moonOf(const SkinStyle& style)
     return {.lit = blended(style.ink, style.accent, 0.12), .dark = style.faint, .edge = edge};
 }
 
+/// The parts of a device without the dots between them where these take the room of the last part.
+QString fitted(const QString& detail, const TextStyle& text, double width)
+{
+    return elided(detail, text, width) == detail ? detail
+                                                 : QString(detail).replace(QStringLiteral(" · "), QStringLiteral(" "));
+}
+
 void sessionDots(Canvas& canvas, const SkinStyle& style, const Box& box, int lit)
 {
     constexpr int count = 4;
@@ -195,7 +202,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         canvas.text(upper, device.name, style.row().elided(Qt::ElideMiddle));
         const Box below = line.cutTop(style.captionSize + 1);
         if (!device.detail.isEmpty())
-            canvas.text(below, device.detail, style.caption());
+            canvas.text(below, fitted(device.detail, style.caption(), below.width()), style.caption());
         else if (device.level)
             skin.level(canvas, below.centred(below.width(), 4), *device.level,
                 *device.level <= low ? style.warn : style.accent);
