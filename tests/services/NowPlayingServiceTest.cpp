@@ -3,11 +3,10 @@
 #include "foundation/ManualClock.h"
 #include "platform/recording/RecordingHttpClient.h"
 #include "platform/recording/RecordingPlayers.h"
+#include "support/WaitUntil.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QTimer>
 
 #include <gmock/gmock.h>
 
@@ -60,15 +59,6 @@ protected:
         service.start();
         Q_EMIT players.changed();
         clock.advance(100ms);
-    }
-    static bool waitUntil(const std::function<bool()>& condition)
-    {
-        const QDeadlineTimer deadline(20'000);
-        QTimer look;
-        look.start(10);
-        while (!condition() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-        return condition();
     }
     /// Lets pictures be decoded until one has arrived, or none.
     bool waitForArtwork(bool present)

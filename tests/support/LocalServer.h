@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/WaitUntil.h"
+
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QUrl>
@@ -10,15 +11,6 @@
 #include <memory>
 
 namespace ambrelle {
-
-/// Lets the event loop run until the condition holds, five seconds at most.
-inline bool waitUntil(const std::function<bool()>& condition)
-{
-    const QDeadlineTimer deadline(5000);
-    while (!condition() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    return condition();
-}
 
 /// A web server on this machine that remembers the target of every request and plays back what the test lays down.
 class LocalServer {

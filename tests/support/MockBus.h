@@ -1,11 +1,12 @@
 #pragma once
 
+#include "support/WaitUntil.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
@@ -91,15 +92,6 @@ public:
     {
         return call(service, path, "org.freedesktop.DBus.Properties", "Set",
             {QLatin1String(interface), QLatin1String(name), QVariant::fromValue(QDBusVariant(value))});
-    }
-
-    /// Lets the event loop run until the condition holds, ten seconds at most.
-    static bool waitUntil(const std::function<bool()>& condition)
-    {
-        const QDeadlineTimer deadline(10'000);
-        while (!condition() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-        return condition();
     }
 
 private:

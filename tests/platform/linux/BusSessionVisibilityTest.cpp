@@ -29,11 +29,11 @@ protected:
     }
     bool becomes(bool visible) const
     {
-        return MockBus::waitUntil([&] { return visibility->isVisible() == visible; });
+        return waitUntil([&] { return visibility->isVisible() == visible; });
     }
     bool becomesAvailable() const
     {
-        return MockBus::waitUntil([&] { return visibility->isAvailable(); });
+        return waitUntil([&] { return visibility->isAvailable(); });
     }
     bool setSaverActive(bool active)
     {

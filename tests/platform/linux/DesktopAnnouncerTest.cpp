@@ -39,7 +39,7 @@ TEST(DesktopAnnouncerTest, TheDesktopShowsWhatIsNotified)
         log += daemon->readAllStandardOutput();
         return log.contains("Notify") && log.endsWith('\n');
     };
-    ASSERT_TRUE(MockBus::waitUntil(notified)) << log.constData();
+    ASSERT_TRUE(waitUntil(notified)) << log.constData();
     // The name, no other replaced, the icon, the texts, no actions.
     EXPECT_TRUE(log.contains(R"(Notify "Ambrelle" 0 "org.ambrelle.Ambrelle" "Break's over" "Ready? Grüße" [] )"))
         << log.constData();
@@ -50,7 +50,7 @@ TEST(DesktopAnnouncerTest, TheDesktopShowsWhatIsNotified)
 
     bus.stop(daemon);
     announcer.notify(u"Nobody"_s, u"listens"_s);
-    EXPECT_TRUE(MockBus::waitUntil([&announcer] { return !announcer.isAvailable(); }));
+    EXPECT_TRUE(waitUntil([&announcer] { return !announcer.isAvailable(); }));
     EXPECT_FALSE(announcer.whyNot().isEmpty());
 }
 
@@ -84,7 +84,7 @@ protected:
     void play(AnnouncedSound sound)
     {
         sounds.play(soundEvent(sound));
-        EXPECT_TRUE(MockBus::waitUntil([this] { return !sounds.isBusy(); }));
+        EXPECT_TRUE(waitUntil([this] { return !sounds.isBusy(); }));
     }
     /// What the sound card got to hear, once the sound was played.
     QByteArray heard(AnnouncedSound sound)
@@ -92,7 +92,7 @@ protected:
         QFile::remove(card);
         const int before = sounds.played();
         play(sound);
-        EXPECT_TRUE(MockBus::waitUntil([this, before] { return sounds.played() > before; }));
+        EXPECT_TRUE(waitUntil([this, before] { return sounds.played() > before; }));
         QFile file(card);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
@@ -124,7 +124,7 @@ TEST_F(EventSoundsTest, AMachineWithoutSoundStaysSilent)
     EXPECT_EQ(sounds.played(), 0);
     EventSounds without({u"Test"_s, u"org.example.Test"_s}, u"/nowhere/libcanberra.so"_s);
     without.play(u"bell"_s);
-    EXPECT_TRUE(MockBus::waitUntil([&without] { return !without.isBusy(); }));
+    EXPECT_TRUE(waitUntil([&without] { return !without.isBusy(); }));
     EXPECT_EQ(without.played(), 0);
 }
 

@@ -33,11 +33,11 @@ protected:
     }
     static bool waitFor(const DeviceSource& source, const QList<ConnectedDevice>& expected)
     {
-        return MockBus::waitUntil([&] { return source.devices() == expected; });
+        return waitUntil([&] { return source.devices() == expected; });
     }
     static bool waitFor(const DeviceSource& source, const QString& whyNot)
     {
-        return MockBus::waitUntil([&] { return source.whyNot() == whyNot; });
+        return waitUntil([&] { return source.whyNot() == whyNot; });
     }
 
     bool plugIn(const char* name)
@@ -268,18 +268,18 @@ TEST(ProfilerDevicesTest, RunsTheToolAndReadsItsReport)
                                 "cat " AMBRELLE_TEST_DATA "/linux/bluetooth-report.json\n"));
     source.refresh();
     source.refresh(); // while it runs
-    ASSERT_TRUE(MockBus::waitUntil([&source] { return source.devices().has_value(); }));
+    ASSERT_TRUE(waitUntil([&source] { return source.devices().has_value(); }));
     EXPECT_EQ(source.devices()->size(), 6);
 
     for (const char* script :
         {"echo '{}'\n", "cat " AMBRELLE_TEST_DATA "/linux/bluetooth-report.json; exit 3\n", "kill -9 $$\n"}) {
         ProfilerDevices failing(tool(script));
         failing.refresh();
-        EXPECT_TRUE(MockBus::waitUntil([&failing] { return !failing.isAvailable(); })) << script;
+        EXPECT_TRUE(waitUntil([&failing] { return !failing.isAvailable(); })) << script;
     }
     ProfilerDevices missing(u"/nowhere/profiler"_s);
     missing.refresh();
-    EXPECT_TRUE(MockBus::waitUntil([&missing] { return !missing.isAvailable(); }));
+    EXPECT_TRUE(waitUntil([&missing] { return !missing.isAvailable(); }));
     EXPECT_EQ(missing.devices(), QList<ConnectedDevice>());
 }
 

@@ -1,16 +1,14 @@
 #include "platform/linux/GeoClueLocation.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QDBusContext>
 #include <QDBusError>
 #include <QDBusObjectPath>
-#include <QDeadlineTimer>
 #include <QProcess>
 #include <QStandardPaths>
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace ambrelle {
 
@@ -112,14 +110,6 @@ protected:
     {
         Q_EMIT client.LocationUpdated(QDBusObjectPath(u"/"_s), QDBusObjectPath(u"/client/1/location"_s));
     }
-    static bool waitUntil(const std::function<bool()>& condition)
-    {
-        const QDeadlineTimer deadline(5000);
-        while (!condition() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-        return condition();
-    }
-
     FakeManager manager;
     FakeClient client;
     FakePosition position;

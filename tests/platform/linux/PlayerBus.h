@@ -5,14 +5,13 @@
 #include "foundation/SystemClock.h"
 #include "platform/recording/RecordingHttpClient.h"
 #include "services/NowPlayingService.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
-#include <QDeadlineTimer>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -111,15 +110,6 @@ protected:
         return names;
     }
     QString title() const { return service.track() ? service.track()->title : QString(); }
-    static bool waitUntil(const std::function<bool()>& condition)
-    {
-        const QDeadlineTimer deadline(20'000);
-        QTimer look;
-        look.start(10);
-        while (!condition() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-        return condition();
-    }
     bool waitForTitle(const QString& wanted) const
     {
         return waitUntil([this, &wanted] { return title() == wanted; });

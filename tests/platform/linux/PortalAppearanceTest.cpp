@@ -1,8 +1,8 @@
 #include "platform/linux/PortalAppearance.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QDBusVariant>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
@@ -70,14 +70,6 @@ protected:
     {
         return [this] { return QDBusConnection::connectToBus(m_address, QStringLiteral("client")); };
     }
-    static bool waitUntil(const std::function<bool()>& condition)
-    {
-        const QDeadlineTimer deadline(5000);
-        while (!condition() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-        return condition();
-    }
-
     FakeSettings settings;
     QDBusConnection portal{QString()};
 

@@ -1,10 +1,9 @@
 #include "platform/linux/ScriptPlayers.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <gmock/gmock.h>
 
@@ -50,16 +49,6 @@ protected:
         EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); }));
         return answer.value_or(u"no answer"_s);
     }
-    static bool waitUntil(const std::function<bool()>& condition)
-    {
-        const QDeadlineTimer deadline(20'000);
-        QTimer look;
-        look.start(10);
-        while (!condition() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-        return condition();
-    }
-
     QTemporaryDir folder;
     QString runner = folder.filePath(u"runner"_s);
     QString log = folder.filePath(u"log"_s);

@@ -2,30 +2,20 @@
 
 #include "platform/linux/LinuxSources.h"
 #include "platform/linux/ListerProcessSource.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
-#include <functional>
-
 #include <sched.h>
 #include <sys/mount.h>
 
 namespace ambrelle {
 namespace {
-
-bool waitUntil(const std::function<bool()>& condition, int milliseconds = 5000)
-{
-    const QDeadlineTimer deadline(milliseconds);
-    while (!condition() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    return condition();
-}
 
 /// A folder that stands in for /proc, /sys or /dev.
 class SourcesTest : public ::testing::Test {
