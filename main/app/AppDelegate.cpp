@@ -86,7 +86,7 @@ AppDelegate::AppDelegate()
     , m_automation(AppSettings::shared(), m_monitor, m_clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, AppSettings::shared().customWallpapers()); })
     , m_follower(m_appearance, AppSettings::shared(), m_manager, m_wallpaper, m_clock)
-    , m_interface({m_manager, AppSettings::shared(), m_services.focus, m_appearance, m_clock})
+    , m_interface({*m_host, m_manager, AppSettings::shared(), m_services.focus, m_appearance, m_clock})
 {
     SystemMonitor::setShared(&m_monitor);
     WidgetManager::setShared(&m_manager);

@@ -26,6 +26,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .quit = [] { QCoreApplication::exit(); }})
     , m_mainWindow([this] { return m_quickMenu.items(); })
     , m_widgetMenu(with.manager, m_quickMenu)
+    , m_widgetSettings({with.manager, with.host, with.appearance, with.clock})
     , m_statusItem([this] { return m_quickMenu.items(); }, [this] { m_mainWindow.toggle(); }, with.clock)
 {
     connect(&m_appearance, &SystemAppearance::changed, this, &UserInterface::followAppearance);

@@ -7,6 +7,7 @@
 #include "window/MainWindowController.h"
 #include "window/StatusItemController.h"
 #include "window/WidgetContextMenu.h"
+#include "window/WidgetSettings.h"
 
 namespace ambrelle {
 
@@ -17,6 +18,7 @@ class UserInterface : public QObject {
     Q_OBJECT
 public:
     struct Collaborators {
+        WindowHost& host;
         WidgetManager& manager;
         AppSettings& settings;
         FocusTimer& focus;
@@ -42,6 +44,7 @@ private:
     QuickMenu m_quickMenu;
     MainWindowController m_mainWindow;
     WidgetContextMenu m_widgetMenu;
+    WidgetSettings m_widgetSettings;
     StatusItemController m_statusItem;
     StatusNotifierTray m_busTray;
     XEmbedTray m_windowTray;

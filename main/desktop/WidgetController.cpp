@@ -7,6 +7,7 @@
 #include "skins/SkinRegistry.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ambrelle {
 
@@ -49,7 +50,7 @@ void WidgetController::change(const std::function<void(WidgetConfig&)>& edit)
     const WidgetConfig before = m_config;
     edit(m_config);
     m_config.id = before.id;
-    m_config.opacity = std::clamp(m_config.opacity, 0.0, 1.0);
+    m_config.opacity = std::isfinite(m_config.opacity) ? std::clamp(m_config.opacity, 0.0, 1.0) : before.opacity;
     if (m_config == before)
         return;
     if (m_config.size() != before.size() && m_config.origin == before.origin)
@@ -137,6 +138,7 @@ bool WidgetController::syncDisplay()
 
 void WidgetController::close()
 {
+    Q_EMIT closed();
     disconnect();
     m_surroundings.drags.ended();
     m_fade.stop();

@@ -40,7 +40,8 @@ public:
     bool showsSeconds() const;
     double pixelRatio() const { return m_panel.pixelRatio(); } ///< pixels per point where it stands
 
-    /// Any change of the record except its identity; an opacity beyond 0 to 1 is clamped.
+    /// Any change of the record except its identity; an opacity beyond 0 to 1 is clamped, and one
+    /// that is no number changes nothing.
     void change(const std::function<void(WidgetConfig&)>& edit);
     void setSkin(Skin skin);
     void setScale(WidgetScale scale);
@@ -65,6 +66,7 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void closed(); ///< it went for good; the last signal
     void clicked(const ambrelle::FaceAction& action);
     void removeRequested();
     void settingsRequested();

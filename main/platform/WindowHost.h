@@ -109,6 +109,9 @@ public:
     /// The main display first; empty for the moment in which none is connected.
     virtual QList<ScreenInfo> screens() const = 0;
     virtual QPointF pointer() const = 0; ///< global points
+    /// The place of `rect` (global points) as the toolkit counts, for its own windows: y down.
+    virtual QRectF toolkitRect(const QRectF& rect) const = 0;
+    virtual bool isComposited() const = 0; ///< translucent windows blend with what lies below
     virtual std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) = 0;
     virtual std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) = 0;
 

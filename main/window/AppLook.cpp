@@ -1,5 +1,7 @@
 #include "window/AppLook.h"
 
+#include "window/WindowStyle.h"
+
 #include <QApplication>
 #include <QFont>
 
@@ -45,6 +47,7 @@ QPalette appPalette(bool isDark)
 
 void applyAppLook(bool isDark)
 {
+    WindowStyle::apply();
     constexpr double points = 10;
     QFont font(u"Inter"_s);
     font.setPointSizeF(points);

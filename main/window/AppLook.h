@@ -8,7 +8,7 @@ namespace ambrelle {
 /// 4.5 : 1.
 QPalette appPalette(bool dark);
 
-/// Gives menus and windows, the open ones too, those colours and the program's own font.
+/// Gives menus and windows, the open ones too, the program's style and font and those colours.
 void applyAppLook(bool dark);
 
 } // namespace ambrelle

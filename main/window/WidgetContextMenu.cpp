@@ -27,7 +27,7 @@ void WidgetContextMenu::open(WidgetController& widget)
         return target ? widgetMenu(*target, m_manager, m_quick) : QList<ActionItem>();
     });
     m_menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(&widget, &QObject::destroyed, m_menu, &QWidget::close);
+    connect(&widget, &WidgetController::closed, m_menu, &QWidget::close);
     m_menu->popup(QCursor::pos());
 }
 

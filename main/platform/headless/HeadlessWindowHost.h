@@ -13,6 +13,8 @@ public:
     QString whyNot() const override { return {}; }
     QList<ScreenInfo> screens() const override;
     QPointF pointer() const override { return {}; }
+    QRectF toolkitRect(const QRectF& rect) const override { return rect; }
+    bool isComposited() const override { return false; }
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override;
 };

@@ -102,6 +102,12 @@ RecordingWindowHost::RecordingWindowHost()
     m_screens = {screen};
 }
 
+QRectF RecordingWindowHost::toolkitRect(const QRectF& rect) const
+{
+    const double top = m_screens.isEmpty() ? 0 : m_screens.first().frame.bottom();
+    return {QPointF(rect.left(), top - rect.bottom()), rect.size()};
+}
+
 std::unique_ptr<PanelWindow> RecordingWindowHost::makePanel(PanelDelegate& delegate)
 {
     auto panel = std::make_unique<RecordingPanel>(*this, delegate);

@@ -97,6 +97,8 @@ public:
     QString whyNot() const override { return {}; }
     QList<ScreenInfo> screens() const override { return m_screens; }
     QPointF pointer() const override { return m_pointer; }
+    QRectF toolkitRect(const QRectF& rect) const override; ///< the main screen's upper left corner is 0, 0
+    bool isComposited() const override { return true; }
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override;
 

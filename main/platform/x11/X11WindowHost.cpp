@@ -46,6 +46,11 @@ QPointF X11WindowHost::pointer() const
     return m_parts ? m_parts->screens.space().turned(QPointF(QCursor::pos())) : QPointF();
 }
 
+QRectF X11WindowHost::toolkitRect(const QRectF& rect) const
+{
+    return m_parts ? m_parts->screens.space().turnedBack(rect) : rect;
+}
+
 std::unique_ptr<PanelWindow> X11WindowHost::makePanel(PanelDelegate& delegate)
 {
     auto panel = std::make_unique<X11Panel>(delegate, *m_parts);

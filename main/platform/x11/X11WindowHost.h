@@ -21,6 +21,8 @@ public:
     QString whyNot() const override;
     QList<ScreenInfo> screens() const override;
     QPointF pointer() const override;
+    QRectF toolkitRect(const QRectF& rect) const override;
+    bool isComposited() const override { return m_parts && m_parts->compositor.isActive(); }
     /// Only while available; the panel must go before the host.
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override; ///< likewise

@@ -1,0 +1,21 @@
+#include "window/CityChooser.h"
+#include "window/SettingsForm.h"
+
+#include <QCoreApplication>
+
+namespace ambrelle {
+
+void addClockRows(SettingsForm& form)
+{
+    auto* cities = new CityChooser;
+    form.addRow(QCoreApplication::translate("WidgetSettings", "City"), cities,
+        [cities](const WidgetConfig& config) { cities->setChosen(config.city, config.timeZone); });
+    QObject::connect(cities, &CityChooser::chose, &form, [&form](const std::optional<CityChooser::City>& city) {
+        form.change([&](WidgetConfig& config) {
+            config.city = city ? std::optional(city->name) : std::nullopt;
+            config.timeZone = city ? std::optional(city->zone) : std::nullopt;
+        });
+    });
+}
+
+} // namespace ambrelle

@@ -1,0 +1,122 @@
+#include "window/ElidedLabel.h"
+#include "window/SettingsForm.h"
+#include "window/WindowStyle.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QPushButton>
+
+#include <array>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr std::array intervals{0, 1, 5, 10, 15, 30, 60, 180, 360, 1440}; // minutes; 0: never
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("WidgetSettings", text);
+}
+
+QString intervalText(int minutes)
+{
+    constexpr int hour = 60;
+    constexpr int day = 24 * hour;
+    if (minutes <= 0)
+        return tr("Never");
+    if (minutes == day)
+        return tr("Every day");
+    if (minutes % hour == 0)
+        return minutes == hour ? tr("Every hour") : tr("Every %1 hours").arg(minutes / hour);
+    return minutes == 1 ? tr("Every minute") : tr("Every %1 minutes").arg(minutes);
+}
+
+/// Outlives the settings, which close as soon as another window gets the pointer.
+void chooseFolder(const QPointer<WidgetController>& widget)
+{
+    if (!widget)
+        return;
+    auto* dialog =
+        new QFileDialog(nullptr, tr("Choose Folder"), widget->config().photoFolder.value_or(QDir::homePath()));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    QObject::connect(dialog, &QFileDialog::fileSelected, widget, [widget](const QString& folder) {
+        widget->change([&](WidgetConfig& config) { config.photoFolder = folder; });
+    });
+    QObject::connect(widget, &WidgetController::closed, dialog, &QWidget::close);
+    dialog->show();
+}
+
+/// The folder's name over the two buttons.
+class FolderField final : public QWidget {
+public:
+    explicit FolderField(SettingsForm& form)
+        : m_choose(new QPushButton(tr("Choose Folder…")))
+        , m_clear(new QPushButton(tr("Use Sample Photo")))
+        , m_name(new ElidedLabel)
+    {
+        auto* grid = new QGridLayout(this);
+        grid->setContentsMargins(0, 0, 0, 0);
+        grid->setSpacing(6);
+        m_name->setMinimumHeight(WindowStyle::controlHeight);
+        grid->addWidget(m_name, 0, 0, 1, 2);
+        grid->addWidget(m_choose, 1, 0);
+        grid->addWidget(m_clear, 1, 1);
+        setFocusProxy(m_choose);
+        connect(m_choose, &QPushButton::clicked, &form, [this, &form] {
+            const QPointer<WidgetController> widget = form.widget();
+            window()->close(); // it hears every key until then
+            chooseFolder(widget);
+        });
+        connect(m_clear, &QPushButton::clicked, &form,
+            [&form] { form.change([](WidgetConfig& config) { config.photoFolder.reset(); }); });
+    }
+
+    void setFolder(const std::optional<QString>& folder)
+    {
+        const QString name = folder ? QDir(*folder).dirName() : QString();
+        m_name->setText(!folder ? tr("None") : name.isEmpty() ? *folder : name);
+        m_name->setToolTip(folder.value_or(QString()));
+        m_clear->setEnabled(folder.has_value());
+    }
+
+private:
+    QPushButton* m_choose;
+    QPushButton* m_clear;
+    ElidedLabel* m_name;
+};
+
+void addInterval(SettingsForm& form)
+{
+    auto* choice = new QComboBox;
+    for (const int minutes : intervals)
+        choice->addItem(intervalText(minutes), minutes);
+    form.addRow(tr("Change"), choice, [choice](const WidgetConfig& config) {
+        const QSignalBlocker quiet(choice);
+        const int minutes = std::max(config.photoInterval, 0);
+        // A value from elsewhere is offered too, so that the settings never show another than the one that holds.
+        if (choice->findData(minutes) < 0)
+            choice->addItem(intervalText(minutes), minutes);
+        choice->setCurrentIndex(choice->findData(minutes));
+    });
+    QObject::connect(choice, &QComboBox::currentIndexChanged, &form, [&form, choice](int index) {
+        form.change([&](WidgetConfig& config) { config.photoInterval = choice->itemData(index).toInt(); });
+    });
+}
+
+} // namespace
+
+void addPhotoRows(SettingsForm& form)
+{
+    auto* folder = new FolderField(form);
+    form.addRow(tr("Folder"), folder, [folder](const WidgetConfig& config) { folder->setFolder(config.photoFolder); });
+    addInterval(form);
+    form.addSwitch(tr("Fill Frame"), &WidgetConfig::photoFill);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/WindowHost.h"
+
+#include <QRectF>
+
+namespace ambrelle {
+
+/// Where a popover of that size stands that belongs to `widget`: right or left of it where there is room, else below or
+/// above, and whole on the widget's screen in any case. Global points, y up.
+QRectF popoverFrame(const QRectF& widget, const QSizeF& size, const QList<ScreenInfo>& screens);
+
+} // namespace ambrelle

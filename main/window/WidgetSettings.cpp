@@ -1,0 +1,38 @@
+#include "window/WidgetSettings.h"
+
+#include "desktop/WidgetManager.h"
+#include "platform/SystemAppearance.h"
+#include "platform/WindowHost.h"
+#include "window/AppLook.h"
+#include "window/PopoverPlacement.h"
+
+namespace ambrelle {
+
+WidgetSettings::WidgetSettings(const Collaborators& collaborators, QObject* parent)
+    : QObject(parent)
+    , m_with(collaborators)
+{
+    connect(
+        &m_with.manager, &WidgetManager::settingsRequested, this, [this](WidgetController* widget) { open(*widget); });
+}
+
+WidgetSettings::~WidgetSettings()
+{
+    delete m_popover;
+}
+
+void WidgetSettings::open(WidgetController& widget)
+{
+    delete m_popover;
+    applyAppLook(m_with.appearance.isDark());
+    m_popover = new SettingsPopover(widget, m_with.clock, m_with.host.isComposited());
+    m_popover->adjustSize();
+    const QMargins shadow = m_popover->shadow();
+    const QSize visible = m_popover->size().shrunkBy(shadow);
+    const QRectF frame = popoverFrame(widget.widgetFrame(), visible, m_with.host.screens());
+    const QPoint corner = m_with.host.toolkitRect(frame).topLeft().toPoint();
+    m_popover->move(corner - QPoint(shadow.left(), shadow.top()));
+    m_popover->show();
+}
+
+} // namespace ambrelle
