@@ -42,7 +42,7 @@ public:
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(QRectF(area).center() - QPointF(side, side) / 2);
         painter->scale(side, side);
-        painter->fillPath(symbolPath(m_name), m_ink.value_or(inkOf(mode)));
+        painter->fillPath(symbolPath(m_name), m_ink && mode != QIcon::Selected ? *m_ink : inkOf(mode));
         painter->restore();
     }
     QIconEngine* clone() const override { return new SymbolEngine(*this); }
