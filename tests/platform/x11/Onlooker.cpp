@@ -69,6 +69,11 @@ xcb_window_t Onlooker::openWindow(const QRect& place, QRgb colour, const char* t
     xcb_map_window(m_connection, window);
     xcb_flush(m_connection);
     waitUntil([&] { return isViewable(window) && isManaged(window); });
+    // A window manager may still be busy with what an earlier window of the same number asked for.
+    if (geometry(window) != place) {
+        this->place(window, place);
+        waitUntil([&] { return geometry(window) == place; });
+    }
     return window;
 }
 
