@@ -1,0 +1,115 @@
+#pragma once
+
+#include "platform/x11/Onlooker.h"
+#include "platform/x11/X11WindowHost.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace ambrelle::test {
+
+inline constexpr QRgb windowColour = 0xFF2060C0;
+inline constexpr QRgb faceColour = 0xFFE04020;
+inline constexpr double margin = 20; ///< of the face in its window, points
+
+/// A face of one colour in the middle of its window, and a record of what it heard.
+class PlainFace : public PanelDelegate {
+public:
+    void paint(QPainter& painter, const QRectF& area) override
+    {
+        painted.append(area);
+        painter.fillRect(face, colour);
+    }
+    void pointerPressed(const PointerEvent& event) override { pressed.append(event); }
+    void pointerMoved(const PointerEvent& event) override { moved.append(event); }
+    void pointerReleased(const PointerEvent& event) override
+    {
+        released.append(event);
+        if (onRelease)
+            onRelease();
+    }
+    void pointerEntered() override { inside = true; }
+    void pointerLeft() override { inside = false; }
+    void appearanceChanged() override { ++changes; }
+
+    QRectF face;
+    QColor colour = QColor::fromRgb(faceColour);
+    QList<QRectF> painted;
+    QList<PointerEvent> pressed;
+    QList<PointerEvent> moved;
+    QList<PointerEvent> released;
+    bool inside = false;
+    int changes = 0;
+    std::function<void()> onRelease;
+};
+
+/// A panel on the real screen, not shown yet.
+class PanelTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(host.isAvailable()) << host.whyNot().toStdString();
+        ASSERT_FALSE(host.screens().isEmpty());
+        ratio = host.screens().first().pixelRatio;
+        ASSERT_TRUE(runTool(QStringLiteral("xdotool"), {"mousemove", "1", "1"}));
+        panel = make(face, {200, 200, 240, 160});
+    }
+
+    std::unique_ptr<X11Panel> make(PlainFace& plain, const QRectF& frame)
+    {
+        plain.face = QRectF({0, 0}, frame.size()).adjusted(margin, margin, -margin, -margin);
+        std::unique_ptr<X11Panel> made(static_cast<X11Panel*>(host.makePanel(plain).release()));
+        made->setFrame(frame);
+        made->setInputArea(plain.face);
+        made->setOutline(plain.face, 16);
+        return made;
+    }
+
+    void showPanel()
+    {
+        panel->show();
+        ASSERT_TRUE(waitUntil([&] {
+            return onlooker.isViewable(panel->window()) && !face.painted.isEmpty()
+                && onlooker.isManaged(panel->window());
+        }));
+    }
+
+    /// A point of a panel, from its upper left corner, as a pixel of the screen.
+    QPoint pixelOf(const X11Panel& which, const QPointF& local) const
+    {
+        return onlooker.geometry(which.window()).topLeft() + (local * ratio).toPoint();
+    }
+    QPoint facePixel() const { return pixelOf(*panel, face.face.center()); }
+    QPoint marginPixel() const { return pixelOf(*panel, {8, 8}); }
+    bool shows(const QPoint& place, QRgb colour) const
+    {
+        return waitUntil([&] { return onlooker.pixel(place) == (colour | 0xFF000000); });
+    }
+    bool movePointer(const QPoint& place) const
+    {
+        return runTool(
+            QStringLiteral("xdotool"), {"mousemove", QString::number(place.x()), QString::number(place.y())});
+    }
+    bool click(const QPoint& place) const
+    {
+        return movePointer(place) && runTool(QStringLiteral("xdotool"), {"click", "1"});
+    }
+    /// An ordinary, focused window of another application that covers the panel.
+    xcb_window_t coverPanel()
+    {
+        const QRect place = onlooker.geometry(panel->window()).adjusted(-30, -30, 30, 30);
+        const xcb_window_t window = onlooker.openWindow(place, windowColour);
+        EXPECT_TRUE(runTool(QStringLiteral("xdotool"), {"windowactivate", QString::number(window)}));
+        EXPECT_TRUE(waitUntil([&] { return onlooker.activeWindow() == window; }));
+        return window;
+    }
+
+    Onlooker onlooker;
+    X11WindowHost host;
+    PlainFace face;
+    std::unique_ptr<X11Panel> panel;
+    double ratio = 1;
+};
+
+} // namespace ambrelle::test

@@ -1,0 +1,39 @@
+#include "platform/x11/PixelGrid.h"
+#include "platform/x11/RoundedRows.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+namespace {
+
+TEST(PixelGridTest, RoundsOutToEdgesThatPointsAndPixelsShare)
+{
+    struct Case {
+        double ratio;
+        QRectF area;
+        QRect expected;
+    };
+    const Case cases[]{
+        {1, {3.2, 4, 5, 6}, {3, 4, 6, 6}},
+        {2, {-1.5, 0, 2, 3}, {-2, 0, 3, 3}},
+        {1.5, {1, 2, 3, 3}, {0, 2, 4, 4}},
+        {1.25, {5, 8, 3, 4}, {4, 8, 4, 4}},
+        {1.1, {1, 1, 1, 1}, {0, 0, 10, 10}},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(PixelGrid(each.ratio).covering(each.area), each.expected) << each.ratio;
+}
+
+TEST(RoundedRowsTest, CoversTheRoundedRectangleOnce)
+{
+    int pixels = 0;
+    for (const xcb_rectangle_t& row : roundedRows({10, 20, 60, 40}, 12)) {
+        pixels += row.width * row.height;
+        EXPECT_TRUE(QRect(10, 20, 60, 40).contains(QRect(row.x, row.y, row.width, row.height)));
+    }
+    EXPECT_NEAR(pixels, 60 * 40 - (4 - M_PI) * 12 * 12, 12);
+    EXPECT_TRUE(roundedRows({}, 5).empty());
+}
+
+} // namespace
+} // namespace ambrelle
