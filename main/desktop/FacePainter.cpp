@@ -60,6 +60,22 @@ void FacePainter::setReading(std::shared_ptr<const Reading> reading)
     m_still = {};
 }
 
+QStringList FacePainter::texts() const
+{
+    if (!m_reading)
+        return {};
+    QImage nowhere(1, 1, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&nowhere);
+    CanvasRecord record;
+    m_view.draw(painter, *m_reading, {.record = &record});
+    QStringList all;
+    for (const CanvasMark& mark : record) {
+        if (mark.kind != CanvasMark::Kind::symbol)
+            all += mark.text;
+    }
+    return all;
+}
+
 QRectF FacePainter::scaled(const QRectF& facePoints) const
 {
     return {facePoints.topLeft() * m_look.scale, facePoints.size() * m_look.scale};

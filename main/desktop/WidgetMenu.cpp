@@ -2,6 +2,7 @@
 
 #include "desktop/QuickMenu.h"
 #include "desktop/WidgetManager.h"
+#include "desktop/WidgetWording.h"
 
 namespace ambrelle {
 
@@ -21,7 +22,7 @@ std::function<void()> act(const Widget& widget, std::function<void(WidgetControl
 
 ActionItem sizeItem(const Widget& widget)
 {
-    ActionItem item{.title = u"Size"_s};
+    ActionItem item{.title = WidgetWording::size()};
     for (const WidgetScale scale : allCases<WidgetScale>()) {
         item.items += {.title = title(scale),
             .checked = widget->config().scale == scale,
@@ -33,7 +34,7 @@ ActionItem sizeItem(const Widget& widget)
 ActionItem pinItem(const Widget& widget)
 {
     const bool pinned = widget->config().pinned;
-    return {.title = pinned ? u"Unpin"_s : u"Pin Above Windows"_s,
+    return {.title = WidgetWording::pin(pinned),
         .symbol = pinned ? u"pin.slash"_s : u"pin"_s,
         .handler = act(widget, [pinned](WidgetController& target) { target.setPinned(!pinned); })};
 }
@@ -44,7 +45,7 @@ QList<ActionItem> widgetMenu(WidgetController& widget, WidgetManager& manager, c
 {
     const Widget target(&widget);
     QList<ActionItem> items;
-    items += {.title = u"Widget Settings…"_s,
+    items += {.title = WidgetWording::settings(),
         .symbol = u"paintpalette.fill"_s,
         .handler = act(target, [](WidgetController& controller) { controller.requestSettings(); })};
     items += sizeItem(target);
@@ -54,7 +55,7 @@ QList<ActionItem> widgetMenu(WidgetController& widget, WidgetManager& manager, c
     items += quick.lockItem();
     items += quick.openItem();
     items += ActionItem::separator();
-    items += {.title = u"Remove Widget"_s,
+    items += {.title = WidgetWording::remove(),
         .symbol = u"trash"_s,
         .handler = act(target, [&manager](WidgetController& c) { manager.remove(&c); })};
     return items;

@@ -80,6 +80,7 @@ void WidgetPanel::setView(FaceView view)
     m_face.setView(std::move(view));
     applyAreas();
     repaint();
+    m_window->namesChanged();
 }
 
 void WidgetPanel::setLook(const FaceLook& look)
@@ -105,6 +106,7 @@ void WidgetPanel::setToolbar(const WidgetToolbar::State& state)
     if (state == m_toolbar.state())
         return;
     m_toolbar.setState(state);
+    m_window->namesChanged();
     if (isHovering())
         m_window->update(m_toolbar.area());
 }
@@ -254,6 +256,26 @@ void WidgetPanel::hoverChanged()
 void WidgetPanel::appearanceChanged()
 {
     m_window->update({{}, m_window->frame().size()});
+}
+
+QString WidgetPanel::accessibleName() const
+{
+    return title(m_face.view().face().kind);
+}
+
+QList<PanelButton> WidgetPanel::buttons() const
+{
+    QList<PanelButton> all;
+    for (const WidgetToolbar::Button button : WidgetToolbar::buttons())
+        all += {m_toolbar.buttonName(button), m_toolbar.buttonArea(button)};
+    return all;
+}
+
+void WidgetPanel::pressButton(qsizetype index)
+{
+    const auto known = WidgetToolbar::buttons();
+    if (!m_closed && index >= 0 && index < std::ssize(known))
+        m_hooks.toolbarUsed(known[static_cast<size_t>(index)]);
 }
 
 } // namespace ambrelle

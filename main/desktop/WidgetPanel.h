@@ -55,6 +55,10 @@ public:
     void pointerEntered() override;
     void pointerLeft() override;
     void appearanceChanged() override;
+    QString accessibleName() const override;
+    QString accessibleText() const override { return m_face.texts().join(u' '); }
+    QList<PanelButton> buttons() const override;
+    void pressButton(qsizetype index) override;
 
 private:
     std::optional<FaceAction> actionAt(QPointF local) const;

@@ -1,5 +1,6 @@
 #include "desktop/WidgetToolbar.h"
 
+#include "desktop/WidgetWording.h"
 #include "drawing/Canvas.h"
 
 #include <array>
@@ -12,7 +13,7 @@ namespace {
 
 using enum WidgetToolbar::Button;
 
-constexpr std::array buttons{settings, scale, pin, remove};
+constexpr std::array everyButton{settings, scale, pin, remove};
 constexpr double capsuleInset = 1; // room for the edge's outer half
 constexpr double buttonInset = 3;
 constexpr double symbolSize = 16;
@@ -38,7 +39,7 @@ QColor groundOf(WidgetToolbar::Button button, bool pressed)
 
 std::optional<WidgetToolbar::Button> WidgetToolbar::buttonAt(QPointF point) const
 {
-    for (const Button button : buttons) {
+    for (const Button button : everyButton) {
         if (buttonArea(button).contains(point))
             return button;
     }
@@ -47,7 +48,23 @@ std::optional<WidgetToolbar::Button> WidgetToolbar::buttonAt(QPointF point) cons
 
 QRectF WidgetToolbar::buttonArea(Button button) const
 {
-    return Box(m_area).column(static_cast<int>(button), static_cast<int>(buttons.size()));
+    return Box(m_area).column(static_cast<int>(button), static_cast<int>(everyButton.size()));
+}
+
+QString WidgetToolbar::buttonName(Button button) const
+{
+    switch (button) {
+    case settings: return WidgetWording::settings();
+    case scale: return u"%1: %2"_s.arg(WidgetWording::size(), m_state.scaleTitle);
+    case pin: return WidgetWording::pin(m_state.pinned);
+    case remove: return WidgetWording::remove();
+    }
+    return {};
+}
+
+std::span<const WidgetToolbar::Button> WidgetToolbar::buttons()
+{
+    return everyButton;
 }
 
 bool WidgetToolbar::hover(std::optional<QPointF> point)
@@ -82,7 +99,7 @@ void WidgetToolbar::paint(QPainter& painter) const
     canvas.fill(capsule, capsuleColour, radius);
     canvas.frame(m_area, QPen(outerEdge, 1), m_area.height() / 2);
     canvas.frame(capsule, QPen(capsuleEdge, 1), radius);
-    for (const Button button : buttons)
+    for (const Button button : everyButton)
         paintButton(painter, button);
     painter.restore();
 }

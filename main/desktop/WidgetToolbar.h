@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <optional>
+#include <span>
 
 class QPainter;
 
@@ -29,6 +30,8 @@ public:
 
     std::optional<Button> buttonAt(QPointF point) const;
     QRectF buttonArea(Button button) const;
+    QString buttonName(Button button) const;
+    static std::span<const Button> buttons(); ///< from left to right
 
     /// Each is true when the toolbar looks different now. `point` is none when the pointer is elsewhere.
     bool hover(std::optional<QPointF> point);

@@ -36,6 +36,14 @@ struct PointerEvent {
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
 };
 
+/// A button drawn in a panel, as assistive technology knows it.
+struct PanelButton {
+    QString name;
+    QRectF area; ///< window points, y down; also while it is not drawn
+
+    bool operator==(const PanelButton&) const = default;
+};
+
 /// What a panel does with its window: draws it and hears the pointer. Nothing is called after the window is destroyed.
 class PanelDelegate {
 public:
@@ -51,6 +59,12 @@ public:
     virtual void pointerLeft() = 0;
     /// The pixel ratio changed, or the desktop picture behind a window that shows it.
     virtual void appearanceChanged() = 0;
+
+    // For assistive technology, which alone asks for these.
+    virtual QString accessibleName() const { return {}; } ///< empty: an ornament that nobody is told of
+    virtual QString accessibleText() const { return {}; } ///< what is to be read in the panel at present
+    virtual QList<PanelButton> buttons() const { return {}; }
+    virtual void pressButton(qsizetype /*index*/) { } ///< of buttons(); any other is ignored
 };
 
 /// A borderless, translucent window that never takes the focus, on every workspace, out of every list of windows.
@@ -72,6 +86,7 @@ public:
     virtual void setOutline(const QRectF& area, double corner) = 0;
     virtual void update(const QRectF& area) = 0; ///< asks for a paint of that part (window points, y down)
     virtual double pixelRatio() const = 0;
+    virtual void namesChanged() = 0; ///< of the delegate or its buttons; costs nothing unless they were asked for
 };
 
 /// What stands behind the widgets of one screen while they are arranged: draws its window, and hears what ends the

@@ -96,6 +96,38 @@ TEST_F(WidgetControllerTest, PaintsTheToolbarOnlyWhileHovering)
     EXPECT_GT(panel->picture().pixelColor(inTheStrip).alpha(), 150);
 }
 
+TEST_F(WidgetControllerTest, IsNamedReadAndPressedWithoutThePointer)
+{
+    PanelDelegate& face = panel->delegate();
+    const auto names = [&] {
+        QStringList all;
+        for (const PanelButton& button : face.buttons())
+            all += button.name;
+        return all.join(u'|').toStdString();
+    };
+    EXPECT_EQ(face.accessibleName(), title(cpu));
+    EXPECT_TRUE(face.accessibleText().startsWith(u"CPU")) << qPrintable(face.accessibleText());
+    EXPECT_EQ(names(), "Widget Settings…|Size: 100%|Pin Above Windows|Remove Widget");
+    WidgetToolbar toolbar;
+    toolbar.setArea(PanelGeometry::toolbarArea(widget->widgetFrame()));
+    EXPECT_EQ(face.buttons().at(3).area, toolbar.buttonArea(WidgetToolbar::Button::remove));
+
+    const WidgetController* asked = nullptr;
+    QObject::connect(&desk.manager, &WidgetManager::settingsRequested, &desk.manager,
+        [&](const WidgetController* which) { asked = which; });
+    const int renamings = panel->renamings();
+    for (const qsizetype button : {0, 1, 2, -1, 4})
+        face.pressButton(button);
+    EXPECT_EQ(asked, widget);
+    EXPECT_EQ(widget->config().scale, WidgetScale::large);
+    EXPECT_TRUE(widget->config().pinned);
+    EXPECT_EQ(names(), "Widget Settings…|Size: 125%|Unpin|Remove Widget");
+    EXPECT_EQ(panel->renamings(), renamings + 2);
+    face.pressButton(3);
+    face.pressButton(3); // it is asked again before it has gone
+    EXPECT_TRUE(desk.panels().isEmpty());
+}
+
 TEST_F(WidgetControllerTest, DrawsBackdropBorderOpacityAndEditMark)
 {
     const QPoint beside(30 - 3, 32 + 85); // between the face and the backdrop's edge

@@ -17,6 +17,7 @@ public:
     void setOutline(const QRectF&, double) override { }
     void update(const QRectF&) override { }
     double pixelRatio() const override { return 1; }
+    void namesChanged() override { }
 
 private:
     QRectF m_frame;

@@ -29,6 +29,7 @@ public:
     void update(const QRectF& area) override { m_updates.append(area); }
     /// The ratio of the screen under the middle of the window, else of the main screen, else 1.
     double pixelRatio() const override;
+    void namesChanged() override { ++m_renamings; }
 
     bool isVisible() const { return m_visible; }
     WindowLevel level() const { return m_level; }
@@ -40,6 +41,8 @@ public:
 
     QList<QRectF> updates() const { return m_updates; } ///< every area asked for since the last clearUpdates()
     void clearUpdates() { m_updates.clear(); }
+
+    int renamings() const { return m_renamings; } ///< how often the names were said to have changed
 
     PanelDelegate& delegate() const { return m_delegate; }
     /// What the delegate paints for the whole window, on a transparent ground.
@@ -59,6 +62,7 @@ private:
     QRectF m_outline;
     double m_outlineCorner = 0;
     QList<QRectF> m_updates;
+    int m_renamings = 0;
 };
 
 /// A backdrop that exists in memory only. Any call of the delegate may be the end of it.

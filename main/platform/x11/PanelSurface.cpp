@@ -1,5 +1,6 @@
 #include "platform/x11/PanelSurface.h"
 
+#include "platform/x11/PanelAccess.h"
 #include "platform/x11/PixelGrid.h"
 
 #include <QMouseEvent>
@@ -22,6 +23,12 @@ PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
     setProperty("_q_showWithoutActivating", true);
     setTitle(QStringLiteral("Ambrelle"));
     connect(this, &QWindow::screenChanged, this, &PanelSurface::checkPixelRatio);
+}
+
+PanelSurface::~PanelSurface()
+{
+    if (m_access)
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(m_access));
 }
 
 void PanelSurface::retire()
@@ -60,6 +67,28 @@ void PanelSurface::groundChanged()
     repaintAll();
     if (m_delegate)
         m_delegate->appearanceChanged();
+}
+
+void PanelSurface::namesChanged()
+{
+    if (m_access)
+        m_access->tellNewNames();
+}
+
+void PanelSurface::pressButton(qsizetype index)
+{
+    if (!m_delegate)
+        return;
+    ++m_delivering;
+    m_delegate->pressButton(index);
+    --m_delivering;
+}
+
+QAccessibleInterface* PanelSurface::accessibleRoot() const
+{
+    if (!m_delegate || m_delegate->accessibleName().isEmpty())
+        return nullptr;
+    return QAccessible::queryAccessibleInterface(const_cast<PanelSurface*>(this));
 }
 
 bool PanelSurface::event(QEvent* event)

@@ -7,12 +7,15 @@
 
 namespace ambrelle {
 
+class PanelAccess;
+
 /// The toolkit's side of a panel: clears what is to be painted, or puts the desktop picture there where nothing
 /// composites, and hands painting and the pointer on to the delegate.
 class PanelSurface final : public QRasterWindow {
     Q_OBJECT
 public:
     PanelSurface(PanelDelegate& delegate, X11Parts& parts);
+    ~PanelSurface() override;
 
     /// No further call of the delegate; deletes the window, after the event that is being delivered if there is one.
     void retire();
@@ -20,6 +23,13 @@ public:
     void repaint(const QRectF& area); ///< asks for a paint of those points, rounded out to whole pixels
     void repaintAll();
     void groundChanged(); ///< the desktop picture or the need for it has changed
+    void namesChanged();
+
+    const PanelDelegate* delegate() const { return m_delegate; } ///< null once retired
+    void pressButton(qsizetype index); ///< may end in retire()
+    QAccessibleInterface* accessibleRoot() const override;
+    /// What assistive technology sees of the panel; null once it has gone.
+    void setAccess(PanelAccess* access) { m_access = access; }
 
 Q_SIGNALS:
     void pixelRatioChanged();
@@ -46,6 +56,7 @@ private:
     QPoint m_place; ///< where the window is or was last sent
     double m_pixelRatio;
     int m_delivering = 0;
+    PanelAccess* m_access = nullptr;
     bool m_appeared = false;
 };
 

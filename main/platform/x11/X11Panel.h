@@ -25,8 +25,10 @@ public:
     void setOutline(const QRectF& area, double corner) override;
     void update(const QRectF& area) override { m_surface->repaint(area); }
     double pixelRatio() const override { return m_surface->devicePixelRatio(); }
+    void namesChanged() override { m_surface->namesChanged(); }
 
     xcb_window_t window() const { return m_window; }
+    PanelSurface& surface() const { return *m_surface; }
     WindowLevel level() const { return m_level; }
     bool isShown() const { return m_surface->isVisible(); }
     bool isOnScreen() const { return m_surface->isExposed(); } ///< painted at least once since it was shown

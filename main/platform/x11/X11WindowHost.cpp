@@ -1,5 +1,6 @@
 #include "platform/x11/X11WindowHost.h"
 
+#include "platform/x11/PanelAccess.h"
 #include "platform/x11/ToolkitConnection.h"
 
 #include <QCursor>
@@ -22,6 +23,7 @@ X11WindowHost::X11WindowHost()
         return;
     m_parts = std::make_unique<X11Parts>(connection, toolkitScreen());
     m_windows = std::make_unique<X11WindowList>(*m_parts);
+    PanelAccess::install();
     connect(&m_parts->compositor, &CompositorWatch::changed, this, &X11WindowHost::groundChanged);
     connect(&m_parts->screens, &ScreenList::changed, this, &X11WindowHost::screensSettled);
     m_watchStart.setSingleShot(true);
@@ -76,6 +78,9 @@ void X11WindowHost::watch()
         if (panel->isShown() && !panel->isOnScreen())
             panel->remap();
     }
+    // The toolkit listens for assistive technology from this question on. It asks it itself only once a window of
+    // controls is shown.
+    QAccessible::isActive();
     m_watch = std::make_unique<RootWatch>();
     connect(m_watch.get(), &RootWatch::propertyChanged, this, &X11WindowHost::rootPropertyChanged);
     connect(m_watch.get(), &RootWatch::compositorChanged, &m_parts->compositor, &CompositorWatch::refresh);

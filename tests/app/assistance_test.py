@@ -1,0 +1,77 @@
+#!/usr/bin/python3
+"""The whole program and assistive technology on the bus of this test: assistance_test.py PROGRAM.
+
+A client finds the widgets by name, reads them, presses the buttons of their toolbars without a pointer, and hears what
+these are called from then on.
+"""
+import shutil
+import sys
+
+import dbus
+
+try:
+    import gi
+    gi.require_version("Atspi", "2.0")
+    from gi.repository import Atspi, GLib
+except (ImportError, ValueError):
+    print("skipped: gir1.2-atspi-2.0 is not installed")
+    sys.exit(77)
+
+from program import Session, wait_for
+
+BUTTONS = ["Widget Settings…", "Size: 100%", "Pin Above Windows", "Remove Widget"]
+
+
+def settled(condition):
+    """Whether it holds, once what the client was told has been heard."""
+    while GLib.MainContext.default().iteration(False):
+        pass
+    return condition()
+
+
+def children(item):
+    return [child for child in map(item.get_child_at_index, range(item.get_child_count())) if child]
+
+
+def program():
+    return next((item for item in children(Atspi.get_desktop(0)) if item.get_name() == "ambrelle"), None)
+
+
+def widgets():
+    return {window.get_name(): window for window in children(program())} if program() else {}
+
+
+def names(window):
+    return [button.get_name() for button in children(window)]
+
+
+def press(window, name):
+    Atspi.Action.do_action(window.get_child_at_index(names(window).index(name)), 0)
+
+
+status = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
+status.Set("org.a11y.Status", "IsEnabled", True, dbus_interface=dbus.PROPERTIES_IFACE)
+told = []
+listener = Atspi.EventListener.new(lambda event: told.append(event.source.get_name()))
+listener.register("object:property-change:accessible-name")
+session = Session({"hasLaunchedBefore": True, "widgets.v2": [
+    {"kind": kind, "skin": "glass", "origin": [x, 300]} for kind, x in (("memory", 200), ("battery", 600))]})
+session.start()
+
+wait_for("widgets by their names", lambda: settled(lambda: set(widgets()) == {"Memory", "Battery"}))
+memory = widgets()["Memory"]
+assert "GB" in memory.get_description(), memory.get_description()
+assert names(memory) == BUTTONS, names(memory)
+panel = Atspi.Component.get_extents(memory, Atspi.CoordType.SCREEN)
+assert (panel.x, panel.y, panel.width, panel.height) in session.panels(), "the panel is somewhere else"
+
+press(memory, "Size: 100%")
+press(memory, "Pin Above Windows")
+wait_for("the new names", lambda: settled(lambda: told == ["Size: 125%", "Unpin"]))
+assert names(memory) == [BUTTONS[0], "Size: 125%", "Unpin", BUTTONS[3]], names(memory)
+press(memory, "Remove Widget")
+wait_for("one widget less", lambda: settled(lambda: set(widgets()) == {"Battery"}))
+wait_for("it stored", lambda: [widget["kind"] for widget in session.widgets()] == ["battery"])
+session.end()
+assert session.process.returncode == 0, f"ended with {session.process.returncode}"
+shutil.rmtree(session.home)

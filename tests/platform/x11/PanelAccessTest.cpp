@@ -1,0 +1,98 @@
+#include "platform/x11/Onlooker.h"
+#include "platform/x11/X11WindowHost.h"
+
+#include <QAccessible>
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+namespace ambrelle::test {
+namespace {
+
+class NamedPanel : public PanelDelegate {
+public:
+    void paint(QPainter&, const QRectF&) override { }
+    void pointerPressed(const PointerEvent&) override { }
+    void pointerMoved(const PointerEvent&) override { }
+    void pointerReleased(const PointerEvent&) override { }
+    void pointerEntered() override { }
+    void pointerLeft() override { }
+    void appearanceChanged() override { }
+    QString accessibleName() const override { return name; }
+    QString accessibleText() const override { return QStringLiteral("42, %"); }
+    QList<PanelButton> buttons() const override { return offered; }
+    void pressButton(qsizetype index) override
+    {
+        if (onPress)
+            onPress(index);
+    }
+
+    QString name = QStringLiteral("CPU");
+    QList<PanelButton> offered{{QStringLiteral("Pin"), {10, 4, 49, 32}}, {QStringLiteral("Remove"), {59, 4, 49, 32}}};
+    std::function<void(qsizetype)> onPress;
+};
+
+class PanelAccessTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        panel.reset(static_cast<X11Panel*>(host.makePanel(delegate).release()));
+        panel->setFrame({200, 200, 240, 160});
+        panel->show();
+        ASSERT_TRUE(waitUntil([&] { return onlooker.isManaged(panel->window()); }));
+    }
+    QAccessibleInterface* access() const { return QAccessible::queryAccessibleInterface(&panel->surface()); }
+
+    Onlooker onlooker;
+    X11WindowHost host;
+    NamedPanel delegate;
+    std::unique_ptr<X11Panel> panel;
+};
+
+TEST_F(PanelAccessTest, ThePanelAndItsButtonsAreKnownByNamePlaceAndRole)
+{
+    QAccessibleInterface* application = QAccessible::queryAccessibleInterface(qApp);
+    QAccessibleInterface* window = access();
+    ASSERT_NE(window, nullptr);
+    EXPECT_GE(application->indexOfChild(window), 0);
+    EXPECT_EQ(window->parent(), application);
+    EXPECT_EQ(window->text(QAccessible::Name), delegate.name);
+    EXPECT_EQ(window->text(QAccessible::Description), delegate.accessibleText());
+    EXPECT_EQ(window->rect(), panel->surface().geometry());
+    EXPECT_FALSE(window->state().invisible);
+
+    ASSERT_EQ(window->childCount(), 2);
+    EXPECT_EQ(window->child(2), nullptr);
+    for (int index = 0; index < 2; ++index) {
+        QAccessibleInterface* button = window->child(index);
+        const PanelButton& offered = delegate.offered.at(index);
+        EXPECT_EQ(button->text(QAccessible::Name), offered.name);
+        EXPECT_EQ(button->role(), QAccessible::Button);
+        EXPECT_EQ(button->rect().translated(-panel->surface().position()), offered.area.toRect());
+        EXPECT_EQ(window->childAt(button->rect().center().x(), button->rect().center().y()), button);
+        EXPECT_EQ(window->indexOfChild(button), index);
+        EXPECT_EQ(button->parent(), window);
+    }
+    delegate.name.clear();
+    EXPECT_EQ(application->indexOfChild(window), -1) << "an ornament";
+}
+
+TEST_F(PanelAccessTest, APressReachesTheDelegateAndMayCloseThePanel)
+{
+    qsizetype pressed = -1;
+    delegate.onPress = [&](qsizetype index) {
+        pressed = index;
+        panel.reset();
+    };
+    QAccessibleInterface* button = access()->child(1);
+    const QAccessible::Id id = QAccessible::uniqueId(button);
+    button->actionInterface()->doAction(QStringLiteral("no such action"));
+    EXPECT_EQ(pressed, -1);
+    button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(pressed, 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
+}
+
+} // namespace
+} // namespace ambrelle::test
