@@ -3,7 +3,7 @@
 
 A widget is dragged with a real pointer, the program is killed without warning and comes back with it in its new place;
 the wallpaper of the first start stays on the root window, is recognised and cut anew for other screens; whatever lies in
-the store of settings, the program starts.
+the store of settings, the program starts; it follows the scale of the desktop while it runs.
 """
 import json
 import random
@@ -112,9 +112,39 @@ def second_start(session):
     session.end(signal.SIGTERM)
 
 
+def live_scale():
+    """The desktop asks for larger points while the program runs: the whole face is there, and as large."""
+    session = Session({"hasLaunchedBefore": True, "widgets.v2": [{"kind": "countdown", "skin": "paper", "origin": [60, 200]}]})
+    settings = session.home / "settings"
+    settings.write_text("Xft/DPI 98304\n")
+    desktop = subprocess.Popen(["xsettingsd", "-c", str(settings)], stderr=subprocess.PIPE, text=True)
+    assert any("Took ownership" in line for line in desktop.stderr), "the desktop has no settings"
+    session.start()
+    wait_for("widget", lambda: len(session.panels()) == 1)
+
+    def corners():
+        """The plate's colour inside the upper left and the lower right corner of the face."""
+        (x, y, width, height), = session.panels()
+        scale = width / (196 + 2 * MARGIN)
+        inside = [(MARGIN + 8, 32 + 8), (MARGIN + 170 - 8, 32 + 170 - 8)]
+        return [pixel(["import", "-window", "root"], round(x + left * scale), round(y + top * scale)) for left, top in inside]
+    plate = wait_for("face", lambda: (c := corners())[0] == c[1] and c[0])
+    for dots, width in ((144, 384), (96, 256)):
+        settings.write_text(f"Xft/DPI {dots * 1024}\n")
+        desktop.send_signal(signal.SIGHUP)
+        wait_for(f"window at {dots} dots per inch", lambda: session.panels()[0][2] == width)
+        wait_for(f"whole face at {dots} dots per inch", lambda: corners() == [plate, plate])
+    session.end(signal.SIGTERM)
+    desktop.kill()
+    desktop.wait()
+    shutil.rmtree(session.home)
+
+
 subject = drag_and_kill()
 wallpaper(subject)
 damaged_stores(subject)
 second_start(subject)
 shutil.rmtree(subject.home)
+if shutil.which("xsettingsd"):
+    live_scale()
 print("dragged, killed and restored; started with every damaged store; ran once")

@@ -13,9 +13,6 @@ BackdropSurface::BackdropSurface(BackdropDelegate& delegate, X11Parts& parts)
     , m_ground(parts)
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-    QSurfaceFormat translucent = format();
-    translucent.setAlphaBufferSize(8);
-    setFormat(translucent);
     // Of several backdrops that appear together the last would get the focus; it is asked for expressly instead.
     setProperty("_q_showWithoutActivating", true);
     setTitle(QStringLiteral("Ambrelle"));
@@ -35,21 +32,21 @@ void BackdropSurface::retire()
 void BackdropSurface::groundChanged()
 {
     m_ground.forget();
-    update();
+    updateAll();
 }
 
 bool BackdropSurface::event(QEvent* event)
 {
     // Once retired, also the event that deletes this object comes by.
     if (!m_delegate)
-        return QRasterWindow::event(event);
+        return RasterSurface::event(event);
     ++m_delivering;
     bool handled = true;
     if (event->type() == QEvent::Close) {
         event->ignore();
         m_delegate->closeRequested();
     } else {
-        handled = QRasterWindow::event(event);
+        handled = RasterSurface::event(event);
     }
     --m_delivering;
     return handled;
@@ -57,18 +54,16 @@ bool BackdropSurface::event(QEvent* event)
 
 void BackdropSurface::exposeEvent(QExposeEvent* event)
 {
-    QRasterWindow::exposeEvent(event);
+    RasterSurface::exposeEvent(event);
     if (isExposed() && !m_appeared)
         Q_EMIT appeared();
     m_appeared = isExposed();
 }
 
-void BackdropSurface::paintEvent(QPaintEvent* event)
+void BackdropSurface::paint(QPainter& painter, const QRegion&)
 {
     if (!m_delegate)
         return;
-    QPainter painter(this);
-    painter.setClipRegion(event->region());
     m_ground.draw(painter, nativePlace(), devicePixelRatio());
     painter.setRenderHint(QPainter::Antialiasing);
     m_delegate->paint(painter, QSizeF(size()));

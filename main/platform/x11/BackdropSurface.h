@@ -1,14 +1,13 @@
 #pragma once
 
 #include "platform/WindowHost.h"
+#include "platform/x11/RasterSurface.h"
 #include "platform/x11/WindowGround.h"
-
-#include <QRasterWindow>
 
 namespace ambrelle {
 
 /// The toolkit's side of a backdrop: a borderless window that may have the focus.
-class BackdropSurface final : public QRasterWindow {
+class BackdropSurface final : public RasterSurface {
     Q_OBJECT
 public:
     BackdropSurface(BackdropDelegate& delegate, X11Parts& parts);
@@ -23,7 +22,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     void exposeEvent(QExposeEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void paint(QPainter& painter, const QRegion& area) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -16,9 +16,6 @@ PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
     , m_pixelRatio(devicePixelRatio())
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
-    QSurfaceFormat translucent = format();
-    translucent.setAlphaBufferSize(8);
-    setFormat(translucent);
     // The toolkit's own name for mapping a window with user time 0, which keeps the focus where it is.
     setProperty("_q_showWithoutActivating", true);
     setTitle(QStringLiteral("Ambrelle"));
@@ -56,15 +53,10 @@ void PanelSurface::repaint(const QRectF& area)
         update(wanted);
 }
 
-void PanelSurface::repaintAll()
-{
-    update(QRect({0, 0}, size()));
-}
-
 void PanelSurface::groundChanged()
 {
     m_ground.forget();
-    repaintAll();
+    updateAll();
     if (m_delegate)
         m_delegate->appearanceChanged();
 }
@@ -95,7 +87,7 @@ bool PanelSurface::event(QEvent* event)
 {
     // Once retired, also the event that deletes this object comes by.
     if (!m_delegate)
-        return QRasterWindow::event(event);
+        return RasterSurface::event(event);
     ++m_delivering;
     bool handled = true;
     if (event->type() == QEvent::Enter)
@@ -105,45 +97,35 @@ bool PanelSurface::event(QEvent* event)
     else if (event->type() == QEvent::Close)
         event->ignore(); // a task bar may ask; panels go when their widget goes
     else
-        handled = QRasterWindow::event(event);
+        handled = RasterSurface::event(event);
     --m_delivering;
     return handled;
 }
 
 void PanelSurface::exposeEvent(QExposeEvent* event)
 {
-    QRasterWindow::exposeEvent(event);
+    RasterSurface::exposeEvent(event);
     if (isExposed() && !m_appeared)
         Q_EMIT appeared();
     m_appeared = isExposed();
 }
 
-void PanelSurface::paintEvent(QPaintEvent* event)
+void PanelSurface::paint(QPainter& painter, const QRegion& area)
 {
     if (!m_delegate)
         return;
     checkPixelRatio();
-    const QRect area = event->region().boundingRect();
-    QPainter painter(this);
-    painter.setClipRegion(event->region());
-    // The toolkit has already made the area transparent.
     m_ground.draw(painter, nativeGeometry(), m_pixelRatio);
     painter.setRenderHint(QPainter::Antialiasing);
-    m_delegate->paint(painter, area);
+    m_delegate->paint(painter, area.boundingRect());
 }
 
 void PanelSurface::moveEvent(QMoveEvent* event)
 {
-    QRasterWindow::moveEvent(event);
+    RasterSurface::moveEvent(event);
     m_place = event->pos();
     if (m_delegate && !m_parts.compositor.isActive())
-        repaintAll();
-}
-
-void PanelSurface::resizeEvent(QResizeEvent* event)
-{
-    QRasterWindow::resizeEvent(event);
-    repaintAll();
+        updateAll();
 }
 
 void PanelSurface::mousePressEvent(QMouseEvent* event)

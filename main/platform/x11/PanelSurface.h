@@ -1,9 +1,8 @@
 #pragma once
 
 #include "platform/WindowHost.h"
+#include "platform/x11/RasterSurface.h"
 #include "platform/x11/WindowGround.h"
-
-#include <QRasterWindow>
 
 namespace ambrelle {
 
@@ -11,7 +10,7 @@ class PanelAccess;
 
 /// The toolkit's side of a panel: clears what is to be painted, or puts the desktop picture there where nothing
 /// composites, and hands painting and the pointer on to the delegate.
-class PanelSurface final : public QRasterWindow {
+class PanelSurface final : public RasterSurface {
     Q_OBJECT
 public:
     PanelSurface(PanelDelegate& delegate, X11Parts& parts);
@@ -21,7 +20,6 @@ public:
     void retire();
     void moveTo(const QRect& geometry);
     void repaint(const QRectF& area); ///< asks for a paint of those points, rounded out to whole pixels
-    void repaintAll();
     void groundChanged(); ///< the desktop picture or the need for it has changed
     void namesChanged();
 
@@ -38,9 +36,8 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     void exposeEvent(QExposeEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void paint(QPainter& painter, const QRegion& area) override;
     void moveEvent(QMoveEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -17,7 +17,7 @@ public:
     QRectF frame() const override { return m_frame; }
     void show() override;
     void takeFocus() override;
-    void update() override { m_surface->update(); }
+    void update() override { m_surface->updateAll(); }
 
     xcb_window_t window() const { return m_window; }
     void groundChanged() { m_surface->groundChanged(); }
