@@ -70,7 +70,7 @@ void X11Backdrop::redress()
 }
 
 /// Writes what a window manager reads when the window appears.
-void X11Backdrop::dress()
+void X11Backdrop::dress() const
 {
     const X11Connection& x = m_parts.connection;
     x.setProperty(m_window, Atom::wmState, XCB_ATOM_ATOM,
@@ -82,7 +82,7 @@ void X11Backdrop::dress()
 }
 
 /// The toolkit writes states of its own when the window appears.
-void X11Backdrop::announce()
+void X11Backdrop::announce() const
 {
     const X11Connection& x = m_parts.connection;
     x.tellManager(m_window, Atom::wmState,

@@ -26,8 +26,8 @@ public:
     std::function<void(X11Backdrop*)> onDestroyed;
 
 private:
-    void dress();
-    void announce();
+    void dress() const;
+    void announce() const;
     void appeared();
     void activate();
 
