@@ -9,7 +9,7 @@
 namespace ambrelle {
 
 BackdropSurface::BackdropSurface(BackdropDelegate& delegate, X11Parts& parts)
-    : m_delegate(&delegate)
+    : m_delegate(delegate)
     , m_ground(parts)
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
@@ -18,55 +18,26 @@ BackdropSurface::BackdropSurface(BackdropDelegate& delegate, X11Parts& parts)
     setTitle(QStringLiteral("Ambrelle"));
 }
 
-void BackdropSurface::retire()
-{
-    m_delegate = nullptr;
-    if (m_delivering == 0) {
-        delete this;
-        return;
-    }
-    hide();
-    deleteLater();
-}
-
 void BackdropSurface::groundChanged()
 {
     m_ground.forget();
     updateAll();
 }
 
-bool BackdropSurface::event(QEvent* event)
+bool BackdropSurface::handle(QEvent& event)
 {
-    // Once retired, also the event that deletes this object comes by.
-    if (!m_delegate)
-        return RasterSurface::event(event);
-    ++m_delivering;
-    bool handled = true;
-    if (event->type() == QEvent::Close) {
-        event->ignore();
-        m_delegate->closeRequested();
-    } else {
-        handled = RasterSurface::event(event);
-    }
-    --m_delivering;
-    return handled;
-}
-
-void BackdropSurface::exposeEvent(QExposeEvent* event)
-{
-    RasterSurface::exposeEvent(event);
-    if (isExposed() && !m_appeared)
-        Q_EMIT appeared();
-    m_appeared = isExposed();
+    if (event.type() != QEvent::Close)
+        return false;
+    event.ignore();
+    m_delegate.closeRequested();
+    return true;
 }
 
 void BackdropSurface::paint(QPainter& painter, const QRegion&)
 {
-    if (!m_delegate)
-        return;
     m_ground.draw(painter, nativePlace(), devicePixelRatio());
     painter.setRenderHint(QPainter::Antialiasing);
-    m_delegate->paint(painter, QSizeF(size()));
+    m_delegate.paint(painter, QSizeF(size()));
 }
 
 QRect BackdropSurface::nativePlace() const
@@ -84,14 +55,13 @@ void BackdropSurface::mousePressEvent(QMouseEvent* event)
 /// Only with the release, so that no half of a click reaches the window below.
 void BackdropSurface::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton && std::exchange(m_pressed, false) && m_delegate)
-        m_delegate->clicked();
+    if (event->button() == Qt::LeftButton && std::exchange(m_pressed, false))
+        m_delegate.clicked();
 }
 
 void BackdropSurface::keyPressEvent(QKeyEvent* event)
 {
-    if (m_delegate)
-        m_delegate->keyPressed(static_cast<Qt::Key>(event->key()));
+    m_delegate.keyPressed(static_cast<Qt::Key>(event->key()));
 }
 
 } // namespace ambrelle

@@ -10,7 +10,7 @@
 namespace ambrelle {
 
 PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
-    : m_delegate(&delegate)
+    : m_delegate(delegate)
     , m_parts(parts)
     , m_ground(parts)
     , m_pixelRatio(devicePixelRatio())
@@ -26,17 +26,6 @@ PanelSurface::~PanelSurface()
 {
     if (m_access)
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(m_access));
-}
-
-void PanelSurface::retire()
-{
-    m_delegate = nullptr;
-    if (m_delivering == 0) {
-        delete this;
-        return;
-    }
-    hide();
-    deleteLater();
 }
 
 void PanelSurface::moveTo(const QRect& geometry)
@@ -57,8 +46,8 @@ void PanelSurface::groundChanged()
 {
     m_ground.forget();
     updateAll();
-    if (m_delegate)
-        m_delegate->appearanceChanged();
+    if (!isRetired())
+        m_delegate.appearanceChanged();
 }
 
 void PanelSurface::namesChanged()
@@ -69,87 +58,61 @@ void PanelSurface::namesChanged()
 
 void PanelSurface::pressButton(qsizetype index)
 {
-    if (!m_delegate)
-        return;
-    ++m_delivering;
-    m_delegate->pressButton(index);
-    --m_delivering;
+    if (!isRetired())
+        deliver([&] { m_delegate.pressButton(index); });
 }
 
 QAccessibleInterface* PanelSurface::accessibleRoot() const
 {
-    if (!m_delegate || m_delegate->accessibleName().isEmpty())
+    if (isRetired() || m_delegate.accessibleName().isEmpty())
         return nullptr;
     return QAccessible::queryAccessibleInterface(const_cast<PanelSurface*>(this));
 }
 
-bool PanelSurface::event(QEvent* event)
+bool PanelSurface::handle(QEvent& event)
 {
-    // Once retired, also the event that deletes this object comes by.
-    if (!m_delegate)
-        return RasterSurface::event(event);
-    ++m_delivering;
-    bool handled = true;
-    if (event->type() == QEvent::Enter)
-        m_delegate->pointerEntered();
-    else if (event->type() == QEvent::Leave)
-        m_delegate->pointerLeft();
-    else if (event->type() == QEvent::Close)
-        event->ignore(); // a task bar may ask; panels go when their widget goes
-    else
-        handled = RasterSurface::event(event);
-    --m_delivering;
-    return handled;
-}
-
-void PanelSurface::exposeEvent(QExposeEvent* event)
-{
-    RasterSurface::exposeEvent(event);
-    if (isExposed() && !m_appeared)
-        Q_EMIT appeared();
-    m_appeared = isExposed();
+    switch (event.type()) {
+    case QEvent::Enter: m_delegate.pointerEntered(); return true;
+    case QEvent::Leave: m_delegate.pointerLeft(); return true;
+    case QEvent::Close: event.ignore(); return true; // a task bar may ask; panels go when their widget goes
+    default: return false;
+    }
 }
 
 void PanelSurface::paint(QPainter& painter, const QRegion& area)
 {
-    if (!m_delegate)
-        return;
     checkPixelRatio();
     m_ground.draw(painter, nativeGeometry(), m_pixelRatio);
     painter.setRenderHint(QPainter::Antialiasing);
-    m_delegate->paint(painter, area.boundingRect());
+    m_delegate.paint(painter, area.boundingRect());
 }
 
 void PanelSurface::moveEvent(QMoveEvent* event)
 {
     RasterSurface::moveEvent(event);
     m_place = event->pos();
-    if (m_delegate && !m_parts.compositor.isActive())
+    if (!m_parts.compositor.isActive())
         updateAll();
 }
 
 void PanelSurface::mousePressEvent(QMouseEvent* event)
 {
-    if (m_delegate)
-        m_delegate->pointerPressed(pointerEvent(*event));
+    m_delegate.pointerPressed(pointerEvent(*event));
 }
 
 void PanelSurface::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!m_delegate)
-        return;
     PointerEvent moved = pointerEvent(*event);
     for (const Qt::MouseButton held : {Qt::MiddleButton, Qt::RightButton, Qt::LeftButton}) {
         if (event->buttons().testFlag(held))
             moved.button = held;
     }
-    m_delegate->pointerMoved(moved);
+    m_delegate.pointerMoved(moved);
 }
 
 void PanelSurface::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (m_delegate)
-        m_delegate->pointerReleased(pointerEvent(*event));
+    m_delegate.pointerReleased(pointerEvent(*event));
 }
 
 QRect PanelSurface::nativeGeometry() const

@@ -16,14 +16,12 @@ public:
     PanelSurface(PanelDelegate& delegate, X11Parts& parts);
     ~PanelSurface() override;
 
-    /// No further call of the delegate; deletes the window, after the event that is being delivered if there is one.
-    void retire();
     void moveTo(const QRect& geometry);
     void repaint(const QRectF& area); ///< asks for a paint of those points, rounded out to whole pixels
     void groundChanged(); ///< the desktop picture or the need for it has changed
     void namesChanged();
 
-    const PanelDelegate* delegate() const { return m_delegate; } ///< null once retired
+    const PanelDelegate* delegate() const { return isRetired() ? nullptr : &m_delegate; } ///< null once retired
     void pressButton(qsizetype index); ///< may end in retire()
     QAccessibleInterface* accessibleRoot() const override;
     /// What assistive technology sees of the panel; null once it has gone.
@@ -31,11 +29,9 @@ public:
 
 Q_SIGNALS:
     void pixelRatioChanged();
-    void appeared(); ///< on the screen, and in the window manager's care
 
 protected:
-    bool event(QEvent* event) override;
-    void exposeEvent(QExposeEvent* event) override;
+    bool handle(QEvent& event) override;
     void paint(QPainter& painter, const QRegion& area) override;
     void moveEvent(QMoveEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -47,14 +43,12 @@ private:
     void checkPixelRatio();
     PointerEvent pointerEvent(const QMouseEvent& event) const;
 
-    PanelDelegate* m_delegate;
+    PanelDelegate& m_delegate;
     X11Parts& m_parts;
     WindowGround m_ground;
     QPoint m_place; ///< where the window is or was last sent
     double m_pixelRatio;
-    int m_delivering = 0;
     PanelAccess* m_access = nullptr;
-    bool m_appeared = false;
 };
 
 } // namespace ambrelle

@@ -26,16 +26,52 @@ void RasterSurface::updateAll()
     update(QRect({0, 0}, size()));
 }
 
+void RasterSurface::retire()
+{
+    m_retired = true;
+    if (m_delivering == 0) {
+        delete this;
+        return;
+    }
+    hide();
+    deleteLater();
+}
+
+void RasterSurface::deliver(const std::function<void()>& work)
+{
+    ++m_delivering;
+    work();
+    --m_delivering;
+}
+
 bool RasterSurface::event(QEvent* event)
 {
-    switch (event->type()) {
+    // Only the event that deletes this object still counts.
+    if (m_retired)
+        return event->type() == QEvent::DeferredDelete && QWindow::event(event);
+    bool taken = false;
+    deliver([&] { taken = handle(*event) || take(*event); });
+    return taken;
+}
+
+bool RasterSurface::take(QEvent& event)
+{
+    switch (event.type()) {
     case QEvent::UpdateRequest: flush(); return true;
     case QEvent::Paint: // the server has lost what it showed
         m_outdated = QRect({0, 0}, size());
         flush();
         return true;
-    default: return QWindow::event(event);
+    default: return QWindow::event(&event);
     }
+}
+
+void RasterSurface::exposeEvent(QExposeEvent* event)
+{
+    QWindow::exposeEvent(event);
+    if (isExposed() && !m_appeared)
+        Q_EMIT appeared();
+    m_appeared = isExposed();
 }
 
 void RasterSurface::resizeEvent(QResizeEvent* event)
