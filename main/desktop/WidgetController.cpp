@@ -24,7 +24,7 @@ WidgetController::WidgetController(const WidgetConfig& config, const std::option
               .dragEnded = [this](QPointF origin) { dragEnded(origin); },
               .clicked = [this](const FaceAction& action) { Q_EMIT clicked(action); },
               .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); },
-              .menuRequested = [this](QPointF at) { Q_EMIT menuRequested(at); },
+              .menuRequested = [this] { Q_EMIT menuRequested(); },
               .motionChanged = [this] { Q_EMIT motionChanged(); }})
     , m_fade(surroundings.clock, [this](double opacity) { m_panel.setOpacity(opacity); })
 {

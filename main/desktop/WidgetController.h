@@ -70,7 +70,7 @@ Q_SIGNALS:
     void clicked(const ambrelle::FaceAction& action);
     void removeRequested();
     void settingsRequested();
-    void menuRequested(QPointF at); ///< global points
+    void menuRequested();
     void motionChanged(); ///< moves() has; told while painting
 
 private:

@@ -147,8 +147,8 @@ void WidgetManager::open(const WidgetConfig& config, const std::optional<QSizeF>
         [this, controller](const FaceAction& action) { Q_EMIT clicked(controller, action); });
     connect(controller, &WidgetController::settingsRequested, this,
         [this, controller] { Q_EMIT settingsRequested(controller); });
-    connect(controller, &WidgetController::menuRequested, this,
-        [this, controller](QPointF at) { Q_EMIT menuRequested(controller, at); });
+    connect(
+        controller, &WidgetController::menuRequested, this, [this, controller] { Q_EMIT menuRequested(controller); });
     // It is told in the middle of painting.
     connect(controller, &WidgetController::motionChanged, &m_overlap, &OverlapWatcher::update, Qt::QueuedConnection);
     m_controllers.append(controller);
@@ -315,10 +315,9 @@ void WidgetManager::settingChanged(const QString& key)
     if (key == m_with.settings.animations.key() || key == m_with.settings.editing.key()) {
         for (WidgetController* controller : m_controllers)
             controller->applySettings();
-        m_overlap.update();
     }
-    if (key == m_with.settings.overlap.key())
-        m_overlap.update();
+    if (key == m_with.settings.animations.key() || key == m_with.settings.overlap.key())
+        m_overlap.update(); // applyLayer() tells it of the layer and edit mode
 }
 
 void WidgetManager::showReadings(const std::function<bool(const WidgetController&)>& concerned)

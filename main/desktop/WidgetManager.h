@@ -74,7 +74,7 @@ Q_SIGNALS:
     void presetApplied(); ///< the widgets are there, and not stored yet
     void clicked(ambrelle::WidgetController* controller, const ambrelle::FaceAction& action);
     void settingsRequested(ambrelle::WidgetController* controller);
-    void menuRequested(ambrelle::WidgetController* controller, QPointF at); ///< global points
+    void menuRequested(ambrelle::WidgetController* controller);
 
 private:
     class Change;

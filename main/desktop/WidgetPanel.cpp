@@ -147,7 +147,7 @@ void WidgetPanel::pointerPressed(const PointerEvent& event)
     if (m_closed)
         return;
     if (event.button == Qt::RightButton && !m_drag.isPressed())
-        m_hooks.menuRequested(event.global);
+        m_hooks.menuRequested();
     if (event.button != Qt::LeftButton)
         return;
     m_drag.press(event.global);

@@ -20,7 +20,7 @@ public:
         std::function<void(QPointF origin)> dragEnded; ///< likewise
         std::function<void(const FaceAction&)> clicked;
         std::function<void(WidgetToolbar::Button)> toolbarUsed;
-        std::function<void(QPointF at)> menuRequested; ///< global points
+        std::function<void()> menuRequested;
         std::function<void()> motionChanged; ///< the face has moving parts now, or none any more; told while painting
     };
 
