@@ -96,7 +96,7 @@ struct Report {
     }
 } report;
 
-template <typename Function> Function* next(const char* name)
+template <typename Function> Function* nextBeat(const char* name)
 {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
@@ -105,12 +105,12 @@ template <typename Function> Function* next(const char* name)
 
 extern "C" int poll(pollfd* files, nfds_t count, int timeout)
 {
-    static const auto real = next<int(pollfd*, nfds_t, int)>("poll");
+    static const auto real = nextBeat<int(pollfd*, nfds_t, int)>("poll");
     return waited(files, count, [&] { return real(files, count, timeout); });
 }
 
 extern "C" int ppoll(pollfd* files, nfds_t count, const timespec* timeout, const sigset_t* mask)
 {
-    static const auto real = next<int(pollfd*, nfds_t, const timespec*, const sigset_t*)>("ppoll");
+    static const auto real = nextBeat<int(pollfd*, nfds_t, const timespec*, const sigset_t*)>("ppoll");
     return waited(files, count, [&] { return real(files, count, timeout, mask); });
 }

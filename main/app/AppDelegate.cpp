@@ -88,19 +88,9 @@ AppDelegate::AppDelegate()
     , m_follower(m_appearance, AppSettings::shared(), m_manager, m_wallpaper, m_clock)
     , m_interface({*m_host, m_manager, AppSettings::shared(), m_services.focus, m_appearance, m_clock})
 {
-    SystemMonitor::setShared(&m_monitor);
-    WidgetManager::setShared(&m_manager);
-    WallpaperStore::setShared(&m_thumbnails);
-    Automation::setShared(&m_automation);
 }
 
-AppDelegate::~AppDelegate()
-{
-    Automation::setShared(nullptr);
-    WallpaperStore::setShared(nullptr);
-    WidgetManager::setShared(nullptr);
-    SystemMonitor::setShared(nullptr);
-}
+AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::start()
 {

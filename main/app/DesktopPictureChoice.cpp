@@ -1,12 +1,12 @@
 #include "app/DesktopPictureChoice.h"
 
 #include "platform/headless/HeadlessDesktopPicture.h"
-#include "platform/linux/GSettingsPicture.h"
-#include "platform/linux/PcmanfmPicture.h"
-#include "platform/linux/PlasmaPicture.h"
-#include "platform/linux/SwayPicture.h"
-#include "platform/linux/XfconfPicture.h"
-#include "platform/x11/RootPixmapPicture.h"
+#include "platform/linux/picture/GSettingsPicture.h"
+#include "platform/linux/picture/PcmanfmPicture.h"
+#include "platform/linux/picture/PlasmaPicture.h"
+#include "platform/linux/picture/SwayPicture.h"
+#include "platform/linux/picture/XfconfPicture.h"
+#include "platform/x11/root/RootPixmapPicture.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>

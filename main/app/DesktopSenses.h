@@ -3,7 +3,7 @@
 #include "app/JointVisibility.h"
 #include "desktop/OverlapWatcher.h"
 #include "platform/headless/HeadlessWindowList.h"
-#include "platform/linux/BusSessionVisibility.h"
+#include "platform/linux/bus/BusSessionVisibility.h"
 #include "platform/WindowHost.h"
 
 namespace ambrelle {

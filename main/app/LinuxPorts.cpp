@@ -1,7 +1,7 @@
 #include "app/LinuxPorts.h"
 
-#include "platform/linux/SessionInputMonitor.h"
-#include "platform/x11/X11InputMonitor.h"
+#include "platform/linux/bus/SessionInputMonitor.h"
+#include "platform/x11/session/X11InputMonitor.h"
 
 namespace ambrelle {
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "platform/calendar/FolderCalendarStore.h"
 #include "platform/InputMonitor.h"
-#include "platform/linux/BluezDevices.h"
-#include "platform/linux/DesktopAnnouncer.h"
-#include "platform/linux/FolderCalendarStore.h"
-#include "platform/linux/GeoClueLocation.h"
-#include "platform/linux/MprisPlayers.h"
-#include "platform/linux/QtHttpClient.h"
-#include "platform/linux/UPowerDevices.h"
+#include "platform/linux/bus/BluezDevices.h"
+#include "platform/linux/bus/GeoClueLocation.h"
+#include "platform/linux/bus/MprisPlayers.h"
+#include "platform/linux/bus/UPowerDevices.h"
+#include "platform/linux/desktop/DesktopAnnouncer.h"
+#include "platform/network/QtHttpClient.h"
 #include "services/LiveServices.h"
 
 #include <memory>

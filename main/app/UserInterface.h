@@ -2,8 +2,8 @@
 
 #include "desktop/QuickMenu.h"
 #include "foundation/Clock.h"
-#include "platform/linux/StatusNotifierTray.h"
-#include "platform/x11/XEmbedTray.h"
+#include "platform/linux/bus/StatusNotifierTray.h"
+#include "platform/x11/session/XEmbedTray.h"
 #include "window/MainWindowController.h"
 #include "window/StatusItemController.h"
 #include "window/WidgetContextMenu.h"

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int complain(const QString& sentence)
+int refuse(const QString& sentence)
 {
     QTextStream(stderr) << "ambrelle: " << sentence << '\n';
     return EXIT_FAILURE;
@@ -65,10 +65,10 @@ int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, std::opt
     const std::optional<int> width = pixels("WIDTH", 2880);
     const std::optional<int> height = pixels("HEIGHT", 1800);
     if (!width || !height)
-        return complain(badSize(width ? "HEIGHT" : "WIDTH"));
+        return refuse(badSize(width ? "HEIGHT" : "WIDTH"));
     const QDir directory(folder);
     if (!directory.mkpath(u"."_s))
-        return complain(u"The folder “%1” cannot be made."_s.arg(folder));
+        return refuse(u"The folder “%1” cannot be made."_s.arg(folder));
 
     const auto every = allCases<Skin>();
     const QList<Skin> skins = only ? QList{*only} : QList<Skin>(every.begin(), every.end());
@@ -84,9 +84,9 @@ int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, std::opt
         const QString reason = png.isEmpty() ? QString() : writeWhole(path, png);
         progress.clear();
         if (png.isEmpty())
-            return complain(u"There is not enough memory for %1 by %2 pixels."_s.arg(*width).arg(*height));
+            return refuse(u"There is not enough memory for %1 by %2 pixels."_s.arg(*width).arg(*height));
         if (!reason.isEmpty())
-            return complain(u"“%1” cannot be written: %2."_s.arg(path, reason));
+            return refuse(u"“%1” cannot be written: %2."_s.arg(path, reason));
         out << QString::asprintf(
             "%s %.2fs\n", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9);
         out.flush();

@@ -5,7 +5,7 @@
 #include "app/Environment.h"
 #include "app/Information.h"
 #include "app/SingleInstance.h"
-#include "platform/linux/Fonts.h"
+#include "platform/linux/desktop/Fonts.h"
 
 #include <QApplication>
 #include <QTextStream>

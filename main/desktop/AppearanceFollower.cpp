@@ -10,7 +10,7 @@ namespace ambrelle {
 namespace {
 
 // Some desktops announce a change before all of them answer with it, or announce it several times.
-constexpr std::chrono::milliseconds settling{300};
+constexpr std::chrono::milliseconds appearanceSettling{300};
 
 } // namespace
 
@@ -27,7 +27,7 @@ AppearanceFollower::AppearanceFollower(SystemAppearance& appearance, AppSettings
 void AppearanceFollower::start()
 {
     connect(&m_appearance, &SystemAppearance::changed, this,
-        [this] { m_pending = m_clock.after(settling, [this] { sync(); }); });
+        [this] { m_pending = m_clock.after(appearanceSettling, [this] { sync(); }); });
     connect(&m_manager, &WidgetManager::presetApplied, this, &AppearanceFollower::sync);
     connect(&m_settings, &AppSettings::changed, this, [this](const QString& key) {
         if (key == m_settings.followAppearance.key())

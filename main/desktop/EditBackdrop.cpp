@@ -15,20 +15,21 @@ namespace {
 
 const QString instructionText = u"Drag widgets anywhere. Click an empty space or press Esc to finish."_s;
 
-constexpr double edge = 16; // kept free along the screen's edges and around widgets
+constexpr double instructionMargin = 16; // kept free along the screen's edges and around widgets
 constexpr std::array textSizes{16.0, 13.0, 11.0, 9.0}; // the largest that fits the screen
 constexpr int mostLines = 8;
 
 // Dark enough to tell that the desktop is out of reach, and light enough to see where a widget will stand.
 const QColor shade(8, 10, 16, 92);
 // White on this is above 10 : 1 over any wallpaper, a white one included.
-const QColor capsuleColour(18, 18, 22, 232);
-const QColor capsuleEdge(255, 255, 255, 64);
-const QColor ink(255, 255, 255, 240);
+const QColor instructionColour(18, 18, 22, 232);
+const QColor instructionEdge(255, 255, 255, 64);
+const QColor instructionInk(255, 255, 255, 240);
 
 TextStyle instructionStyle(double size)
 {
-    return {.face = {u"Inter"_s, 500}, .size = size, .colour = ink, .align = Align::centre, .lines = mostLines};
+    return {
+        .face = {u"Inter"_s, 500}, .size = size, .colour = instructionInk, .align = Align::centre, .lines = mostLines};
 }
 
 double lineHeight(const TextStyle& style)
@@ -69,10 +70,10 @@ void EditBackdrop::cover(const ScreenInfo& screen, const QList<QRectF>& widgets)
 {
     m_screen = screen;
     const QRectF work = screen.visibleFrame.isEmpty() ? screen.frame : screen.visibleFrame;
-    const QRectF room = work.adjusted(edge, edge, -edge, -edge);
+    const QRectF room = work.adjusted(instructionMargin, instructionMargin, -instructionMargin, -instructionMargin);
     QList<QRectF> taken;
     for (const QRectF& widget : widgets)
-        taken.append(widget.adjusted(-edge, -edge, edge, edge));
+        taken.append(widget.adjusted(-instructionMargin, -instructionMargin, instructionMargin, instructionMargin));
     for (const double size : textSizes) {
         m_textSize = size;
         const QSizeF capsule = capsuleSize(instructionStyle(size), room.width());
@@ -93,8 +94,8 @@ void EditBackdrop::paint(QPainter& painter, const QSizeF& size)
     const TextStyle style = instructionStyle(m_textSize);
     const QSizeF around = padding(style);
     const double radius = std::min(capsule.height() / 2, around.width());
-    canvas.fill(capsule, capsuleColour, radius);
-    canvas.frame(capsule, QPen(capsuleEdge, 1), radius);
+    canvas.fill(capsule, instructionColour, radius);
+    canvas.frame(capsule, QPen(instructionEdge, 1), radius);
     Box text = capsule.inset(around.width() - 0.5, around.height()); // the widest line must not break again
     for (const QString& line : wrapped(instructionText, style, text.width()))
         canvas.text(text.cutTop(lineHeight(style)), line, style);

@@ -13,7 +13,7 @@ namespace ambrelle {
 namespace {
 
 // A slider changes a widget with every step of the pointer; its place among the windows is looked at less often.
-constexpr std::chrono::milliseconds settling{100};
+constexpr std::chrono::milliseconds overlapSettling{100};
 
 } // namespace
 
@@ -59,7 +59,7 @@ void OverlapWatcher::update()
     if (starts)
         check();
     else if (needed && !m_soon)
-        m_soon = m_clock.after(settling, [this] { check(); });
+        m_soon = m_clock.after(overlapSettling, [this] { check(); });
 }
 
 void OverlapWatcher::check()

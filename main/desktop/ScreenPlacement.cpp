@@ -22,7 +22,7 @@ double distance(const QRectF& frame, const QRectF& screen)
     return std::hypot(dx, dy);
 }
 
-bool isSame(QPointF one, QPointF other)
+bool isSamePlace(QPointF one, QPointF other)
 {
     return std::abs(one.x() - other.x()) < sameSpot && std::abs(one.y() - other.y()) < sameSpot;
 }
@@ -123,9 +123,9 @@ QPointF origin(const WidgetConfig& config, const HomeSize& homeSize, const QList
 
 void rememberDisplay(WidgetConfig& config, HomeSize& homeSize, const QList<ScreenInfo>& screens)
 {
-    if (config.display && config.displayOffset && isSame(origin(config, homeSize, screens), config.origin)) {
+    if (config.display && config.displayOffset && isSamePlace(origin(config, homeSize, screens), config.origin)) {
         const ScreenInfo* home = find(screens, *config.display);
-        if (!homeSize && home && isSame(home->frame.topLeft() + *config.displayOffset, config.origin))
+        if (!homeSize && home && isSamePlace(home->frame.topLeft() + *config.displayOffset, config.origin))
             homeSize = home->frame.size();
         return;
     }
@@ -146,7 +146,7 @@ void settle(WidgetConfig& config, HomeSize& homeSize, const QList<ScreenInfo>& s
 bool syncDisplay(WidgetConfig& config, const HomeSize& homeSize, const QList<ScreenInfo>& screens)
 {
     const QPointF place = origin(config, homeSize, screens);
-    if (isSame(place, config.origin))
+    if (isSamePlace(place, config.origin))
         return false;
     config.origin = place;
     return true;
@@ -156,7 +156,7 @@ QPointF originAfterResize(
     const WidgetConfig& before, const WidgetConfig& after, const HomeSize& homeSize, const QList<ScreenInfo>& screens)
 {
     const bool guest = before.display && !find(screens, *before.display);
-    if (guest && isSame(origin(before, homeSize, screens), before.origin))
+    if (guest && isSamePlace(origin(before, homeSize, screens), before.origin))
         return origin(after, homeSize, screens);
     const auto screen = screenShowing(before.frame(), screens);
     if (screen && roomOf(*screen).contains(before.frame()))

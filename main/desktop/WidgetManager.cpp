@@ -24,8 +24,6 @@ const QString storageKey = u"widgets.v2"_s;
 const QString homeSizesKey = u"widgetHomeSizes"_s; ///< [width, height] of each widget's display, by its identifier
 constexpr int millisecondsPerSecond = 1000;
 
-WidgetManager* theShared = nullptr;
-
 std::optional<QSizeF> sizeFrom(const QJsonValue& stored)
 {
     const QSizeF size(stored.toArray().at(0).toDouble(), stored.toArray().at(1).toDouble());
@@ -71,17 +69,6 @@ WidgetManager::WidgetManager(const Collaborators& collaborators)
         for (WidgetController* controller : m_controllers)
             controller->renewView();
     });
-}
-
-WidgetManager& WidgetManager::shared()
-{
-    Q_ASSERT(theShared);
-    return *theShared;
-}
-
-void WidgetManager::setShared(WidgetManager* manager)
-{
-    theShared = manager;
 }
 
 void WidgetManager::load()

@@ -38,10 +38,6 @@ public:
 
     explicit WidgetManager(const Collaborators& collaborators);
 
-    /// The application's manager; setShared() comes first.
-    static WidgetManager& shared();
-    static void setShared(WidgetManager* manager);
-
     const QList<WidgetController*>& controllers() const { return m_controllers; } ///< in the order of creation
 
     /// Opens the stored widgets; records that cannot be read are left out, and what is stored stays until the next

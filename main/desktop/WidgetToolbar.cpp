@@ -19,10 +19,10 @@ constexpr double buttonInset = 3;
 constexpr double symbolSize = 16;
 
 // White on this is above 7 : 1 over any wallpaper, a white one included.
-const QColor capsuleColour(20, 20, 22, 208);
-const QColor capsuleEdge(255, 255, 255, 56);
+const QColor toolbarColour(20, 20, 22, 208);
+const QColor toolbarEdge(255, 255, 255, 56);
 const QColor outerEdge(0, 0, 0, 70);
-const QColor ink(255, 255, 255, 235);
+const QColor toolbarInk(255, 255, 255, 235);
 const QColor hoverColour(255, 255, 255, 40);
 const QColor pressColour(255, 255, 255, 80);
 const QColor removeHover(200, 44, 40);
@@ -96,9 +96,9 @@ void WidgetToolbar::paint(QPainter& painter) const
     Canvas canvas(painter, {});
     const Box capsule = Box(m_area).inset(capsuleInset);
     const double radius = capsule.height() / 2;
-    canvas.fill(capsule, capsuleColour, radius);
+    canvas.fill(capsule, toolbarColour, radius);
     canvas.frame(m_area, QPen(outerEdge, 1), m_area.height() / 2);
-    canvas.frame(capsule, QPen(capsuleEdge, 1), radius);
+    canvas.frame(capsule, QPen(toolbarEdge, 1), radius);
     for (const Button button : everyButton)
         paintButton(painter, button);
     painter.restore();
@@ -112,13 +112,13 @@ void WidgetToolbar::paintButton(QPainter& painter, Button button) const
     if (pressed || (m_hovered == button && !m_pressed))
         canvas.fill(box, groundOf(button, pressed), box.height() / 2);
     switch (button) {
-    case settings: canvas.symbol(box, u"paintpalette.fill"_s, symbolSize, ink); break;
+    case settings: canvas.symbol(box, u"paintpalette.fill"_s, symbolSize, toolbarInk); break;
     case scale:
-        canvas.text(
-            box, m_state.scaleTitle, {.face = {u"Inter"_s, 600}, .size = 13, .colour = ink, .align = Align::centre});
+        canvas.text(box, m_state.scaleTitle,
+            {.face = {u"Inter"_s, 600}, .size = 13, .colour = toolbarInk, .align = Align::centre});
         break;
-    case pin: canvas.symbol(box, m_state.pinned ? u"pin.slash"_s : u"pin"_s, symbolSize, ink); break;
-    case remove: canvas.symbol(box, u"xmark"_s, symbolSize, ink); break;
+    case pin: canvas.symbol(box, m_state.pinned ? u"pin.slash"_s : u"pin"_s, symbolSize, toolbarInk); break;
+    case remove: canvas.symbol(box, u"xmark"_s, symbolSize, toolbarInk); break;
     }
 }
 

@@ -9,7 +9,7 @@ namespace {
 constexpr std::chrono::milliseconds frame{16};
 constexpr double arrived = 0.999; // of the way: the last frame may come a rounding error early
 
-double eased(double part)
+double easedFade(double part)
 {
     return part * part * (3 - 2 * part);
 }
@@ -41,7 +41,7 @@ void WindowFade::step()
 {
     const double part = (m_clock.elapsed() - m_began) / std::chrono::duration<double>(duration).count();
     if (part < arrived) {
-        m_shown = m_from + (m_target - m_from) * eased(part);
+        m_shown = m_from + (m_target - m_from) * easedFade(part);
         m_next = m_clock.after(frame, [this] { step(); });
     } else {
         m_shown = m_target;

@@ -1,6 +1,7 @@
 #include "drawing/Charts.h"
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
 
 #include <QLinearGradient>
 
@@ -11,11 +12,6 @@ namespace ambrelle {
 
 namespace {
 
-double clamped(double fraction)
-{
-    return std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
-}
-
 } // namespace
 
 QPolygonF samplePoints(const Box& box, const QList<double>& samples, double top)
@@ -23,7 +19,7 @@ QPolygonF samplePoints(const Box& box, const QList<double>& samples, double top)
     QPolygonF points;
     const qsizetype last = std::max<qsizetype>(1, samples.size() - 1);
     for (qsizetype index = 0; index < samples.size(); ++index) {
-        const double height = top > 0 ? clamped(samples[index] / top) : 0;
+        const double height = top > 0 ? bounded(samples[index] / top) : 0;
         points.append({box.left() + box.width() * static_cast<double>(index) / static_cast<double>(last),
             box.bottom() - box.height() * height});
     }
@@ -130,7 +126,7 @@ void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& trac
 {
     const double radius = box.height() / 2;
     canvas.fill(box, track, radius);
-    const double width = box.width() * clamped(fraction);
+    const double width = box.width() * bounded(fraction);
     if (width > 0)
         canvas.fill(Box(box.x(), box.y(), std::max(width, box.height()), box.height()), fill, radius);
 }

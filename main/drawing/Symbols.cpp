@@ -218,7 +218,7 @@ QPainterPath makePath(std::string_view name, char16_t glyph)
     return unit.map(path);
 }
 
-char16_t glyphOf(std::string_view name)
+char16_t glyphNamed(std::string_view name)
 {
     const auto* row = std::ranges::lower_bound(symbolTable, name, {}, &SymbolRow::name);
     return row != symbolTable.end() && row->name == name ? row->glyph : u'\0';
@@ -228,7 +228,7 @@ char16_t glyphOf(std::string_view name)
 
 bool hasSymbol(const QString& name)
 {
-    return glyphOf(name.toStdString()) != u'\0';
+    return glyphNamed(name.toStdString()) != u'\0';
 }
 
 QPainterPath symbolPath(const QString& name)
@@ -238,7 +238,7 @@ QPainterPath symbolPath(const QString& name)
     if (found != paths.constEnd())
         return *found;
     const std::string utf8 = name.toStdString();
-    const char16_t glyph = glyphOf(utf8);
+    const char16_t glyph = glyphNamed(utf8);
     return *paths.insert(name, glyph ? makePath(utf8, glyph) : QPainterPath());
 }
 

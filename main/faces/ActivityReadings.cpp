@@ -1,9 +1,8 @@
 #include "faces/ActivityReadings.h"
 
+#include "foundation/Wording.h"
 #include "model/WidgetKind.h"
 #include "services/ActivityTracker.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -11,11 +10,6 @@
 namespace ambrelle {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Readings", text);
-}
 
 int wholeMinutes(double seconds)
 {
@@ -25,8 +19,8 @@ int wholeMinutes(double seconds)
 QString duration(int minutes)
 {
     if (minutes < 60)
-        return tr("%1 min").arg(minutes);
-    return tr("%1 h %2 min").arg(minutes / 60).arg(minutes % 60);
+        return Wording::tr("%1 min").arg(minutes);
+    return Wording::tr("%1 h %2 min").arg(minutes / 60).arg(minutes % 60);
 }
 
 QString distance(double metres, const QLocale& locale)
@@ -34,13 +28,13 @@ QString distance(double metres, const QLocale& locale)
     constexpr double kilometre = 1000;
     const double whole = std::round(metres);
     if (whole < kilometre)
-        return tr("%1 m").arg(locale.toString(whole, 'f', 0));
-    return tr("%1 km").arg(locale.toString(metres / kilometre, 'f', 2));
+        return Wording::tr("%1 m").arg(locale.toString(whole, 'f', 0));
+    return Wording::tr("%1 km").arg(locale.toString(metres / kilometre, 'f', 2));
 }
 
 QString clicks(int count, const QLocale& locale)
 {
-    return count == 1 ? tr("1 click") : tr("%1 clicks").arg(locale.toString(count));
+    return count == 1 ? Wording::tr("1 click") : Wording::tr("%1 clicks").arg(locale.toString(count));
 }
 
 } // namespace
@@ -56,7 +50,7 @@ ActivityReading activityReading(const ActivityTracker& tracker, const QDateTime&
         reading.metres = distance(tracker.metres(), locale);
         reading.clicks = clicks(tracker.clicks(), locale);
     } else {
-        reading.hint = tr("Active time only");
+        reading.hint = Wording::tr("Active time only");
     }
     return reading;
 }

@@ -1,9 +1,8 @@
 #include "faces/DevicesReadings.h"
 
+#include "foundation/Wording.h"
 #include "model/WidgetKind.h"
 #include "services/DevicesService.h"
-
-#include <QCoreApplication>
 
 namespace ambrelle {
 
@@ -11,16 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Readings", text);
-}
-
 QString whyEmpty(const DevicesService& service)
 {
     if (!service.whyNot().isEmpty())
         return service.whyNot();
-    return service.isSearching() ? tr("Looking for devices…") : tr("No devices connected");
+    return service.isSearching() ? Wording::tr("Looking for devices…") : Wording::tr("No devices connected");
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #include "faces/EventsReadings.h"
 
+#include "foundation/Wording.h"
 #include "model/WidgetKind.h"
 #include "services/EventsService.h"
 #include "services/RemindersService.h"
 
-#include <QCoreApplication>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -17,11 +17,6 @@ namespace {
 
 constexpr qsizetype mostRows = 12; // no face has room for more
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Readings", text);
-}
-
 /// "09:30" or "All day"; of another day than today with its name before.
 QString timeText(const EventRow& event, const QDateTime& now, const QLocale& locale)
 {
@@ -30,14 +25,14 @@ QString timeText(const EventRow& event, const QDateTime& now, const QLocale& loc
     const QDate today = now.date();
     if (start.date() > today) {
         const QString day = locale.standaloneDayName(start.date().dayOfWeek(), QLocale::ShortFormat);
-        return event.allDay ? tr("%1, all day").arg(day) : day + u' ' + Units::time(start, locale);
+        return event.allDay ? Wording::tr("%1, all day").arg(day) : day + u' ' + Units::time(start, locale);
     }
     if (event.allDay)
-        return tr("All day");
+        return Wording::tr("All day");
     if (start.date() == today)
         return Units::time(start, locale);
     // Since yesterday or longer: what is left of today tells more than when it began.
-    return end.date() > today ? tr("All day") : tr("Until %1").arg(Units::time(end, locale));
+    return end.date() > today ? Wording::tr("All day") : Wording::tr("Until %1").arg(Units::time(end, locale));
 }
 
 } // namespace
@@ -55,7 +50,7 @@ EventsReading eventsReading(const EventsService& service, const QDateTime& now, 
     const bool anyToday = std::ranges::any_of(
         events, [&](const EventRow& event) { return event.start.toTimeZone(now.timeZone()).date() <= today; });
     if (!anyToday) {
-        reading.notice = {symbol(WidgetKind::events), tr("No more events today")};
+        reading.notice = {symbol(WidgetKind::events), Wording::tr("No more events today")};
         return reading;
     }
     for (const EventRow& event : events)
@@ -69,7 +64,7 @@ RemindersReading remindersReading(const RemindersService& service, const QDateTi
     if (!service.status().isEmpty())
         reading.notice = {symbol(WidgetKind::reminders), service.status()};
     else if (service.reminders().isEmpty())
-        reading.notice = {symbol(WidgetKind::reminders), tr("All done")};
+        reading.notice = {symbol(WidgetKind::reminders), Wording::tr("All done")};
     if (reading.notice)
         return reading;
     for (const ReminderRow& reminder : service.reminders().first(std::min(mostRows, service.reminders().size()))) {

@@ -1,9 +1,8 @@
 #include "faces/NowPlayingReadings.h"
 
+#include "foundation/Wording.h"
 #include "model/WidgetKind.h"
 #include "services/NowPlayingService.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -16,8 +15,7 @@ constexpr double longestTrack = 100 * 3600; // seconds; endless streams tell abs
 
 Notice nothingPlaying(const NowPlayingService& service)
 {
-    return {symbol(WidgetKind::nowPlaying),
-        service.isAvailable() ? QCoreApplication::translate("Readings", "Nothing playing") : service.whyNot()};
+    return {symbol(WidgetKind::nowPlaying), service.isAvailable() ? Wording::tr("Nothing playing") : service.whyNot()};
 }
 
 /// Whole seconds into the track.

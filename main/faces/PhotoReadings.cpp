@@ -1,26 +1,21 @@
 #include "faces/PhotoReadings.h"
 
+#include "foundation/Wording.h"
 #include "services/PhotoAlbum.h"
-
-#include <QCoreApplication>
 
 namespace ambrelle {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Readings", text);
-}
-
 /// Why there is no picture.
 QString sentence(const PhotoAlbum& album, const WidgetConfig& config)
 {
     if (album.isLoading(config.id))
-        return tr("Loading…");
+        return Wording::tr("Loading…");
     if (!config.photoFolder)
-        return tr("Choose a folder in the widget's settings");
-    return album.isEmpty(config.id) ? tr("No images in this folder") : tr("This image cannot be shown");
+        return Wording::tr("Choose a folder in the widget's settings");
+    return album.isEmpty(config.id) ? Wording::tr("No images in this folder")
+                                    : Wording::tr("This image cannot be shown");
 }
 
 } // namespace

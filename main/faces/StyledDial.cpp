@@ -1,5 +1,7 @@
 #include "faces/StyledDial.h"
 
+#include "drawing/Fraction.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -57,7 +59,7 @@ void drawTicks(Canvas& canvas, const Box& circle, const StyledDial& dial, double
 
 Box StyledDial::draw(Canvas& canvas, const Box& box, double fraction) const
 {
-    fraction = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    fraction = bounded(fraction);
     const Box circle = box.square().inset(width / 2);
     switch (flavor) {
     case DialFlavor::ring: drawRing(canvas, circle, *this, fraction); break;

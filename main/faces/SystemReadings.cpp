@@ -1,9 +1,8 @@
 #include "faces/SystemReadings.h"
 
+#include "foundation/Wording.h"
 #include "model/WidgetKind.h"
 #include "services/SystemMonitor.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -17,11 +16,6 @@ constexpr double highLoad = 0.85;
 constexpr double fullDisk = 0.9;
 constexpr int lowBattery = 20; // percent
 constexpr double quietNetwork = 10'000; // bytes a second: the least full height of the graphs
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Readings", text);
-}
 
 Notice missing(const SystemMonitor& monitor, SystemMeasure measure, WidgetKind kind)
 {
@@ -38,10 +32,10 @@ QString span(int minutes)
 QString batteryState(const BatteryInfo& battery)
 {
     if (battery.isCharging)
-        return tr("Charging");
+        return Wording::tr("Charging");
     if (battery.isCharged)
-        return tr("Full");
-    return battery.onAC ? tr("Plugged in") : tr("On battery");
+        return Wording::tr("Full");
+    return battery.onAC ? Wording::tr("Plugged in") : Wording::tr("On battery");
 }
 
 Share memoryPart(const QString& name, quint64 bytes, quint64 total)
@@ -56,9 +50,9 @@ CpuReading cpuReading(const SystemMonitor& monitor)
 {
     CpuReading reading{.notice = missing(monitor, SystemMeasure::processor, WidgetKind::cpu)};
     reading.percent = Units::percent(monitor.cpu());
-    reading.load = tr("Load %1").arg(monitor.loadAverage()[0], 0, 'f', 2);
+    reading.load = Wording::tr("Load %1").arg(monitor.loadAverage()[0], 0, 'f', 2);
     const auto cores = monitor.perCore().size();
-    reading.cores = cores == 1 ? tr("1 core") : tr("%1 cores").arg(cores);
+    reading.cores = cores == 1 ? Wording::tr("1 core") : Wording::tr("%1 cores").arg(cores);
     reading.perCore = monitor.perCore();
     reading.history = monitor.cpuHistory();
     reading.high = monitor.cpu() > highLoad;
@@ -71,10 +65,10 @@ MemoryReading memoryReading(const SystemMonitor& monitor)
     const MemoryInfo& memory = monitor.memory();
     reading.percent = Units::percent(memory.fraction());
     reading.used = Units::gib(static_cast<double>(memory.used), 1);
-    reading.total = tr("of %1 GB").arg(Units::gib(static_cast<double>(memory.total), 0));
-    reading.parts = {memoryPart(tr("App"), memory.app, memory.total),
-        memoryPart(tr("Wired"), memory.wired, memory.total),
-        memoryPart(tr("Compressed"), memory.compressed, memory.total)};
+    reading.total = Wording::tr("of %1 GB").arg(Units::gib(static_cast<double>(memory.total), 0));
+    reading.parts = {memoryPart(Wording::tr("App"), memory.app, memory.total),
+        memoryPart(Wording::tr("Wired"), memory.wired, memory.total),
+        memoryPart(Wording::tr("Compressed"), memory.compressed, memory.total)};
     reading.history = monitor.memoryHistory();
     reading.high = memory.fraction() > highLoad;
     return reading;
@@ -86,7 +80,7 @@ DiskReading diskReading(const SystemMonitor& monitor)
     const std::optional<DiskInfo> disk = monitor.mainDisk();
     if (!disk) {
         if (!reading.notice)
-            reading.notice = {symbol(WidgetKind::disk), tr("No volumes")};
+            reading.notice = {symbol(WidgetKind::disk), Wording::tr("No volumes")};
         return reading;
     }
     reading.name = disk->name;
@@ -95,7 +89,7 @@ DiskReading diskReading(const SystemMonitor& monitor)
     const auto free = static_cast<double>(disk->free);
     reading.free = Units::gb(free, free < 10e9 ? 1 : 0);
     reading.unit = u"GB"_s;
-    reading.total = tr("of %1 GB").arg(Units::gb(static_cast<double>(disk->total), 0));
+    reading.total = Wording::tr("of %1 GB").arg(Units::gb(static_cast<double>(disk->total), 0));
     reading.high = reading.fraction > fullDisk;
     return reading;
 }
@@ -105,15 +99,15 @@ BatteryReading batteryReading(const SystemMonitor& monitor)
     BatteryReading reading{};
     const std::optional<BatteryInfo>& battery = monitor.battery();
     if (!battery) {
-        reading.notice = {u"powerplug.fill"_s, tr("No battery")};
+        reading.notice = {u"powerplug.fill"_s, Wording::tr("No battery")};
         return reading;
     }
     reading.level = std::clamp(battery->percent, 0.0, 1.0);
     reading.percent = Units::percent(battery->percent);
     reading.state = batteryState(*battery);
     if (battery->minutesRemaining)
-        reading.remaining =
-            (battery->isCharging ? tr("%1 to full") : tr("%1 left")).arg(span(*battery->minutesRemaining));
+        reading.remaining = (battery->isCharging ? Wording::tr("%1 to full") : Wording::tr("%1 left"))
+                                .arg(span(*battery->minutesRemaining));
     reading.charging = battery->isCharging;
     reading.onMains = battery->onAC;
     reading.low = reading.percent <= lowBattery;
@@ -139,7 +133,7 @@ DownloadsReading downloadsReading(const SystemMonitor& monitor, int resetMinutes
     const auto up = static_cast<double>(monitor.sessionUp());
     reading.down = Units::size(down);
     reading.up = Units::size(up);
-    reading.hint = resetMinutes > 0 ? tr("Resets every %1 min").arg(resetMinutes) : tr("Since start");
+    reading.hint = resetMinutes > 0 ? Wording::tr("Resets every %1 min").arg(resetMinutes) : Wording::tr("Since start");
     reading.share = down + up > 0 ? down / (down + up) : 0;
     return reading;
 }
@@ -149,7 +143,7 @@ ProcessesReading processesReading(const SystemMonitor& monitor)
     ProcessesReading reading{.notice = missing(monitor, SystemMeasure::processes, WidgetKind::processes)};
     const QList<ProcessRow>& processes = monitor.processes();
     if (processes.isEmpty() && !reading.notice)
-        reading.notice = {symbol(WidgetKind::processes), tr("Measuring…")};
+        reading.notice = {symbol(WidgetKind::processes), Wording::tr("Measuring…")};
     const double busiest = processes.isEmpty() ? 0 : processes.first().cpu;
     for (const ProcessRow& process : processes) {
         reading.rows.append({process.name, QString::number(process.cpu, 'f', 1) + u'%',

@@ -1,8 +1,8 @@
 #include "faces/TimeReadings.h"
 
 #include "faces/MoonPhase.h"
+#include "foundation/Wording.h"
 
-#include <QCoreApplication>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -13,11 +13,6 @@ namespace ambrelle {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Readings", text);
-}
 
 /// Day and month in the locale's order: its long date without weekday and year.
 QString dayAndMonth(QDate date, const QLocale& locale)
@@ -31,12 +26,12 @@ QString dayAndMonth(QDate date, const QLocale& locale)
 QString offsetText(int seconds)
 {
     if (seconds == 0)
-        return tr("same time");
+        return Wording::tr("same time");
     const int minutes = std::abs(seconds) / 60;
-    QString span = tr("%1 h").arg(minutes / 60);
+    QString span = Wording::tr("%1 h").arg(minutes / 60);
     if (minutes % 60 != 0)
-        span += u' ' + tr("%1 min").arg(minutes % 60);
-    return (seconds > 0 ? tr("%1 ahead") : tr("%1 behind")).arg(span);
+        span += u' ' + Wording::tr("%1 min").arg(minutes % 60);
+    return (seconds > 0 ? Wording::tr("%1 ahead") : Wording::tr("%1 behind")).arg(span);
 }
 
 void addSun(
@@ -108,18 +103,18 @@ CountdownReading countdownReading(const WidgetConfig& config, const QDateTime& n
 {
     CountdownReading reading;
     if (!config.countdownDate) {
-        reading.notice = {symbol(WidgetKind::countdown), tr("Pick a date")};
+        reading.notice = {symbol(WidgetKind::countdown), Wording::tr("Pick a date")};
         return reading;
     }
     const QDateTime target = config.countdownDate->toTimeZone(now.timeZone());
     const qint64 days = now.date().daysTo(target.date());
     reading.days = QString::number(std::abs(days));
     if (days == 0)
-        reading.unit = tr("days: today");
+        reading.unit = Wording::tr("days: today");
     else if (days < 0)
-        reading.unit = days == -1 ? tr("day ago") : tr("days ago");
+        reading.unit = days == -1 ? Wording::tr("day ago") : Wording::tr("days ago");
     else
-        reading.unit = days == 1 ? tr("day") : tr("days");
+        reading.unit = days == 1 ? Wording::tr("day") : Wording::tr("days");
     reading.title = config.countdownTitle.value_or(QString());
     reading.date = locale.toString(target.date(), QLocale::ShortFormat);
     if (config.countdownStart && *config.countdownStart < *config.countdownDate) {
@@ -137,10 +132,12 @@ SkyReading skyReading(const QDateTime& now, const std::optional<WeatherSnapshot>
     reading.phase = MoonPhase::name(now);
     // A tenth of a percent of the lunation is 43 minutes: finer steps would only repaint.
     reading.fraction = std::round(MoonPhase::fraction(now) * 1000) / 1000;
-    reading.illumination = tr("%1% lit").arg(Units::percent(MoonPhase::illumination(now)));
+    reading.illumination = Wording::tr("%1% lit").arg(Units::percent(MoonPhase::illumination(now)));
     const MoonPhase::Principal next = MoonPhase::next(now);
     const auto days = static_cast<int>(std::lround(next.days));
-    const QString when = days == 0 ? tr("today") : days == 1 ? tr("in 1 day") : tr("in %1 days").arg(days);
+    const QString when = days == 0 ? Wording::tr("today")
+        : days == 1                ? Wording::tr("in 1 day")
+                                   : Wording::tr("in %1 days").arg(days);
     reading.next = next.name + u' ' + when;
     if (weather && weather->sunrise && weather->sunset)
         addSun(reading, *weather->sunrise, *weather->sunset, now, locale);

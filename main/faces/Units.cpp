@@ -1,5 +1,7 @@
 #include "faces/Units.h"
 
+#include "drawing/Fraction.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 int percent(double fraction)
 {
-    return std::isnan(fraction) ? 0 : static_cast<int>(std::lround(std::clamp(fraction, 0.0, 1.0) * 100));
+    return static_cast<int>(std::lround(bounded(fraction) * 100));
 }
 
 QString gib(double bytes, int digits)

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double cellPitch = 180;
 // On an area no larger than the margins the widgets stay visible, and their records readable.
-constexpr double leastFit = 0.05;
+constexpr double leastFactor = 0.05;
 
 PlacedWidget natural(const Spot& spot, Skin skin)
 {
@@ -33,7 +33,7 @@ double fitting(const QSizeF& design, const QSizeF& size)
 {
     const double horizontal = (size.width() - 2 * Composition::marginX) / design.width();
     const double vertical = (size.height() - 2 * Composition::marginY) / design.height();
-    return std::max(leastFit, std::min({1.0, horizontal, vertical}));
+    return std::max(leastFactor, std::min({1.0, horizontal, vertical}));
 }
 
 Composition fromSpots(std::span<const Spot> spots)

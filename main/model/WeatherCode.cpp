@@ -37,7 +37,7 @@ constexpr std::array rows = std::to_array<Row>({
 });
 static_assert(inOrder(rows), "the rows must stand in the order of the kinds");
 
-const Row& rowOf(int code)
+const Row& codeRow(int code)
 {
     return rows[static_cast<std::size_t>(kind(code))];
 }
@@ -74,12 +74,12 @@ Kind kind(int code)
 
 QString description(int code)
 {
-    return rowOf(code).description.toString();
+    return codeRow(code).description.toString();
 }
 
 QString symbol(int code, bool isDay)
 {
-    const Row& row = rowOf(code);
+    const Row& row = codeRow(code);
     return isDay ? row.byDay : row.byNight;
 }
 

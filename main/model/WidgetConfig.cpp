@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Beyond these a widget could be neither seen nor grasped.
-constexpr double leastFit = 0.01;
+constexpr double leastStoredFit = 0.01;
 constexpr double greatestFit = 10;
 
 // The fields that have a default, once for both directions.
@@ -95,8 +95,8 @@ std::optional<WidgetConfig> WidgetConfig::decode(JsonReader& reader)
     WidgetConfig config(kind, skin);
     config.origin = reader.required<QPointF>("origin"_L1);
     visitDefaulted(config, Reader{reader});
-    if (config.fit < leastFit || config.fit > greatestFit)
-        reader.fail("fit"_L1, u"expected a number from %1 to %2"_s.arg(leastFit).arg(greatestFit));
+    if (config.fit < leastStoredFit || config.fit > greatestFit)
+        reader.fail("fit"_L1, u"expected a number from %1 to %2"_s.arg(leastStoredFit).arg(greatestFit));
     config.opacity = std::clamp(config.opacity, 0.0, 1.0);
     return reader.ok() ? std::optional(std::move(config)) : std::nullopt;
 }

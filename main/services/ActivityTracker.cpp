@@ -25,8 +25,6 @@ constexpr double idleAfter = 60; // seconds
 constexpr double saveAfter = 60; // seconds; a save waits for the disk
 const QString key = u"activity.today"_s;
 
-ActivityTracker* sharedTracker = nullptr;
-
 /// The stored amount; 0 when it is none.
 double amount(const QJsonValue& value)
 {
@@ -62,17 +60,6 @@ ActivityTracker::~ActivityTracker()
 {
     const QSignalBlocker nobodyListens(this);
     stop();
-}
-
-ActivityTracker& ActivityTracker::shared()
-{
-    Q_ASSERT_X(sharedTracker, "ActivityTracker::shared", "the application sets it when it starts");
-    return *sharedTracker;
-}
-
-void ActivityTracker::setShared(ActivityTracker* tracker)
-{
-    sharedTracker = tracker;
 }
 
 void ActivityTracker::start()

@@ -23,10 +23,6 @@ public:
     ActivityTracker(InputMonitor& monitor, UserDefaults& defaults, Clock& clock);
     ~ActivityTracker() override; ///< stops
 
-    /// The application's tracker; setShared() comes first.
-    static ActivityTracker& shared();
-    static void setShared(ActivityTracker* tracker);
-
     void start(); ///< does nothing when started
     void stop(); ///< and keeps the figures
     /// Fixed figures for pictures; stops.

@@ -10,9 +10,7 @@ namespace ambrelle {
 
 namespace {
 
-constexpr std::chrono::seconds period{30};
-
-Automation* sharedAutomation = nullptr;
+constexpr std::chrono::seconds automationPeriod{30};
 
 } // namespace
 
@@ -25,17 +23,6 @@ Automation::Automation(const AppSettings& settings, SystemMonitor& monitor, Cloc
     , m_lastCounterReset(m_lastShuffle)
 {
     connect(&settings, &AppSettings::changed, this, &Automation::follow);
-}
-
-Automation& Automation::shared()
-{
-    Q_ASSERT_X(sharedAutomation, "Automation::shared", "the application sets it when it starts");
-    return *sharedAutomation;
-}
-
-void Automation::setShared(Automation* automation)
-{
-    sharedAutomation = automation;
 }
 
 void Automation::start()
@@ -51,7 +38,7 @@ void Automation::follow()
     if (!m_isStarted || !isWanted)
         m_timer.reset();
     else if (!m_timer)
-        m_timer = m_clock.every(period, [this] { tick(); });
+        m_timer = m_clock.every(automationPeriod, [this] { tick(); });
 }
 
 void Automation::tick()

@@ -20,10 +20,6 @@ public:
     /// `shuffle` puts another wallpaper on the desktop.
     Automation(const AppSettings& settings, SystemMonitor& monitor, Clock& clock, std::function<void()> shuffle);
 
-    /// The application's instance; setShared() comes first.
-    static Automation& shared();
-    static void setShared(Automation* automation);
-
     /// Looks every half minute from now on whether a chore is due.
     void start();
 

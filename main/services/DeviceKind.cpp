@@ -12,7 +12,7 @@ struct Word {
 };
 
 // The first that occurs decides: earbuds are headphones to many a source, and a trackpad may call itself a mouse too.
-constexpr std::array words = std::to_array<Word>({
+constexpr std::array kindWords = std::to_array<Word>({
     {QLatin1StringView("airpods"), DeviceKind::earbuds},
     {QLatin1StringView("buds"), DeviceKind::earbuds},
     {QLatin1StringView("earbud"), DeviceKind::earbuds},
@@ -34,8 +34,8 @@ DeviceKind kindOf(const QString& name, const QString& minorType)
 {
     const QString text = (minorType + u' ' + name).toLower();
     const auto* const word =
-        std::ranges::find_if(words, [&text](const Word& each) { return text.contains(each.text); });
-    return word == words.end() ? DeviceKind::other : word->kind;
+        std::ranges::find_if(kindWords, [&text](const Word& each) { return text.contains(each.text); });
+    return word == kindWords.end() ? DeviceKind::other : word->kind;
 }
 
 } // namespace ambrelle

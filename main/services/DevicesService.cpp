@@ -15,8 +15,6 @@ namespace {
 
 constexpr auto scanPeriod = 60s;
 
-DevicesService* sharedService = nullptr;
-
 bool isSame(const ConnectedDevice& one, const ConnectedDevice& other)
 {
     return one.name == other.name
@@ -81,17 +79,6 @@ DevicesService::DevicesService(QList<DeviceSource*> sources, Clock& clock)
     : m_sources(std::move(sources))
     , m_clock(clock)
 {
-}
-
-DevicesService& DevicesService::shared()
-{
-    Q_ASSERT_X(sharedService, "DevicesService::shared", "the application sets it when it starts");
-    return *sharedService;
-}
-
-void DevicesService::setShared(DevicesService* service)
-{
-    sharedService = service;
 }
 
 void DevicesService::start()

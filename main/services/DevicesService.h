@@ -29,10 +29,6 @@ public:
     /// The first source is the one that has to work for devices to be found at all; the others add to it.
     DevicesService(QList<DeviceSource*> sources, Clock& clock);
 
-    /// The application's service; setShared() comes first.
-    static DevicesService& shared();
-    static void setShared(DevicesService* service);
-
     /// Looks for devices from now on. Nothing more once started, or while showing samples.
     void start();
     /// Asks all sources afresh.

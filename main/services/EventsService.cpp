@@ -14,8 +14,6 @@ namespace {
 
 constexpr QColor systemBlue(0x00, 0x7A, 0xFF);
 
-EventsService* sharedService = nullptr;
-
 QList<CalendarInfo> withEvents(QList<CalendarInfo> calendars)
 {
     calendars.removeIf([](const CalendarInfo& calendar) { return !calendar.hasEvents; });
@@ -35,17 +33,6 @@ EventsService::EventsService(CalendarStore& store, const AppSettings& settings, 
     , m_settings(settings)
     , m_clock(clock)
 {
-}
-
-EventsService& EventsService::shared()
-{
-    Q_ASSERT_X(sharedService, "EventsService::shared", "the application sets it when it starts");
-    return *sharedService;
-}
-
-void EventsService::setShared(EventsService* service)
-{
-    sharedService = service;
 }
 
 void EventsService::start()

@@ -30,10 +30,6 @@ public:
 
     EventsService(CalendarStore& store, const AppSettings& settings, Clock& clock);
 
-    /// The application's service; setShared() comes first.
-    static EventsService& shared();
-    static void setShared(EventsService* service);
-
     /// Asks for access and lists events from then on; once only.
     void start();
     /// Reads the events again; they are published when the store answers.

@@ -19,8 +19,6 @@ namespace {
 const auto completedKey = u"focus.completed"_s;
 constexpr double noticeableJump = 1; // seconds; less is the clock being kept right
 
-FocusTimer* sharedTimer = nullptr;
-
 double secondsBetween(const QDateTime& from, const QDateTime& to)
 {
     return static_cast<double>(from.msecsTo(to)) / 1000;
@@ -48,17 +46,6 @@ FocusTimer::FocusTimer(Announcer& announcer, AppSettings& settings, UserDefaults
         if (std::ranges::find(lengths, key) != std::end(lengths))
             durationsChanged();
     });
-}
-
-FocusTimer& FocusTimer::shared()
-{
-    Q_ASSERT_X(sharedTimer, "FocusTimer::shared", "the application sets it when it starts");
-    return *sharedTimer;
-}
-
-void FocusTimer::setShared(FocusTimer* timer)
-{
-    sharedTimer = timer;
 }
 
 void FocusTimer::toggle()

@@ -41,10 +41,6 @@ public:
 
     FocusTimer(Announcer& announcer, AppSettings& settings, UserDefaults& defaults, Clock& clock);
 
-    /// The application's timer; setShared() comes first.
-    static FocusTimer& shared();
-    static void setShared(FocusTimer* timer);
-
     /// Pauses the running period, or starts or resumes the current one.
     void toggle();
     void start();

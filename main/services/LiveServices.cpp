@@ -9,16 +9,6 @@ using enum WidgetKind;
 // The widgets are on the screen before anything is asked of networks and buses.
 constexpr std::chrono::milliseconds widgetsFirst{250};
 
-template <typename... Services> void share(Services*... services)
-{
-    (Services::setShared(services), ...);
-}
-
-template <typename... Services> void unshare(const Services&...)
-{
-    (Services::setShared(nullptr), ...);
-}
-
 } // namespace
 
 LiveServices::LiveServices(const Ports& ports, const WeatherService::Bases& weatherBases, AppSettings& settings,
@@ -33,12 +23,6 @@ LiveServices::LiveServices(const Ports& ports, const WeatherService::Bases& weat
     , photos(clock)
     , m_clock(clock)
 {
-    share(&weather, &player, &events, &reminders, &focus, &devices, &activity, &photos);
-}
-
-LiveServices::~LiveServices()
-{
-    unshare(weather, player, events, reminders, focus, devices, activity, photos);
 }
 
 void LiveServices::demand(const WidgetKinds& kinds)

@@ -27,7 +27,6 @@ public:
 
     LiveServices(const Ports& ports, const WeatherService::Bases& weatherBases, AppSettings& settings,
         UserDefaults& defaults, Clock& clock);
-    ~LiveServices();
     LiveServices(const LiveServices&) = delete;
     LiveServices& operator=(const LiveServices&) = delete;
 

@@ -19,8 +19,6 @@ namespace {
 constexpr auto pollPeriod = 2s;
 constexpr auto settlingTime = 50ms;
 constexpr qsizetype pictureLine = 5; // counted from 0
-NowPlayingService* sharedService = nullptr;
-
 double decimal(const QString& line)
 {
     bool isNumber = false;
@@ -43,17 +41,6 @@ NowPlayingService::NowPlayingService(PlayerSource& source, HttpClient& http, Clo
     , m_http(http)
     , m_clock(clock)
 {
-}
-
-NowPlayingService& NowPlayingService::shared()
-{
-    Q_ASSERT(sharedService);
-    return *sharedService;
-}
-
-void NowPlayingService::setShared(NowPlayingService* service)
-{
-    sharedService = service;
 }
 
 void NowPlayingService::start()

@@ -37,10 +37,6 @@ public:
 
     NowPlayingService(PlayerSource& source, HttpClient& http, Clock& clock);
 
-    /// The application's service; setShared() comes first.
-    static NowPlayingService& shared();
-    static void setShared(NowPlayingService* service);
-
     /// Looks at once, and from now on whenever something changes. Later calls do nothing.
     void start();
     /// Whether anybody looks at the track; in the beginning it counts as shown. While nobody does, no player is asked.

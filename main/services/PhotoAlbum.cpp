@@ -6,8 +6,6 @@ namespace ambrelle {
 
 namespace {
 
-PhotoAlbum* sharedAlbum = nullptr;
-
 } // namespace
 
 PhotoAlbum::PhotoAlbum(Clock& clock, Choice choose)
@@ -22,17 +20,6 @@ PhotoAlbum::~PhotoAlbum()
 {
     m_rotators.clear(); // nobody waits for answers any more
     m_workers.clear();
-}
-
-PhotoAlbum& PhotoAlbum::shared()
-{
-    Q_ASSERT_X(sharedAlbum, "PhotoAlbum::shared", "the application sets it when it starts");
-    return *sharedAlbum;
-}
-
-void PhotoAlbum::setShared(PhotoAlbum* album)
-{
-    sharedAlbum = album;
 }
 
 void PhotoAlbum::configure(const QUuid& id, const std::optional<QString>& folder, int intervalMinutes, QSize shown)

@@ -28,10 +28,6 @@ public:
     explicit PhotoAlbum(Clock& clock, Choice choose = chooseAtRandom);
     ~PhotoAlbum() override;
 
-    /// The application's album; setShared() comes first.
-    static PhotoAlbum& shared();
-    static void setShared(PhotoAlbum* album);
-
     /// What the widgets without a folder show that are configured from now on; `make` is called on another thread.
     void setSample(std::function<QImage()> make) { m_sample = std::move(make); }
     /// What a widget is set to; `shown` is its size in pixels. See PhotoRotator::configure().

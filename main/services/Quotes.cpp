@@ -12,7 +12,7 @@ struct Row {
     const char16_t* note;
 };
 
-constexpr std::array words{
+constexpr std::array rareWords{
     Row{u"Petrichor", u"The pleasant smell of earth after rain falls on dry ground.", u"noun · PET-ri-kor"},
     Row{u"Serendipity", u"Finding something good without looking for it.", u"noun · ser-en-DIP-i-tee"},
     Row{u"Ephemeral", u"Lasting a very short time; here and then gone.", u"adjective · ih-FEM-er-ul"},
@@ -116,7 +116,7 @@ constexpr std::array sayings{
     Row{u"Scandinavian saying", u"There is no bad weather, only bad clothing.", nullptr},
 };
 
-template <std::size_t count> const Row& rowOf(const std::array<Row, count>& rows, qint64 day)
+template <std::size_t count> const Row& quoteOf(const std::array<Row, count>& rows, qint64 day)
 {
     // A prime that shares no factor with the number of rows: neighbours in time are far apart in the table.
     constexpr qint64 stride = 7919;
@@ -132,7 +132,7 @@ Quote Quotes::entry(bool wantsWords, QDate date, int offset)
 {
     constexpr qint64 dayBeforeTheEra = 1721425; // as a Julian day: the first day of the year 1 is number 1
     const qint64 day = date.toJulianDay() - dayBeforeTheEra + offset;
-    const Row& row = wantsWords ? rowOf(words, day) : rowOf(sayings, day);
+    const Row& row = wantsWords ? quoteOf(rareWords, day) : quoteOf(sayings, day);
     Quote quote{.text = QString::fromUtf16(row.text), .source = QString::fromUtf16(row.source)};
     if (row.note)
         quote.note = QString::fromUtf16(row.note);

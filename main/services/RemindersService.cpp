@@ -13,8 +13,6 @@ namespace {
 
 constexpr QColor systemOrange(0xFF, 0x95, 0x00);
 
-RemindersService* sharedService = nullptr;
-
 /// The earliest due first, those without a date last; among equals by title.
 bool comesBefore(const ReminderRow& one, const ReminderRow& other)
 {
@@ -70,17 +68,6 @@ RemindersService::RemindersService(CalendarStore& store, Clock& clock)
     : m_store(store)
     , m_clock(clock)
 {
-}
-
-RemindersService& RemindersService::shared()
-{
-    Q_ASSERT_X(sharedService, "RemindersService::shared", "the application sets it when it starts");
-    return *sharedService;
-}
-
-void RemindersService::setShared(RemindersService* service)
-{
-    sharedService = service;
 }
 
 void RemindersService::start()

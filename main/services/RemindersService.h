@@ -37,10 +37,6 @@ public:
 
     RemindersService(CalendarStore& store, Clock& clock);
 
-    /// The application's service; setShared() comes first.
-    static RemindersService& shared();
-    static void setShared(RemindersService* service);
-
     /// Asks for access and lists reminders from then on; once only.
     void start();
     /// Reads the reminders again; they are published when the store answers, and not while a ticked row is on view.

@@ -15,8 +15,6 @@ constexpr double diskPeriod = 30; // seconds
 constexpr double shortestElapsed = 0.001; // seconds
 constexpr double shortestInterval = 0.1; // seconds
 
-SystemMonitor* sharedMonitor = nullptr;
-
 QList<double> emptyHistory()
 {
     return QList<double>(SystemMonitor::historyLength, 0);
@@ -47,17 +45,6 @@ SystemMonitor::SystemMonitor(const SystemSources& sources, Clock& clock)
     , m_uptime(sources.processor.uptime())
 {
     connect(&sources.volumes, &VolumeSource::volumesChanged, this, [this] { m_lastDiskRead.reset(); });
-}
-
-SystemMonitor& SystemMonitor::shared()
-{
-    Q_ASSERT_X(sharedMonitor, "SystemMonitor::shared", "the application sets it when it starts");
-    return *sharedMonitor;
-}
-
-void SystemMonitor::setShared(SystemMonitor* monitor)
-{
-    sharedMonitor = monitor;
 }
 
 void SystemMonitor::start(double interval)

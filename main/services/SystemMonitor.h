@@ -22,10 +22,6 @@ public:
 
     SystemMonitor(const SystemSources& sources, Clock& clock);
 
-    /// The application's monitor; setShared() comes first.
-    static SystemMonitor& shared();
-    static void setShared(SystemMonitor* monitor);
-
     /// Samples at once and then every `interval` seconds, in place of any interval before; the interval is at least
     /// 0.1.
     void start(double interval);

@@ -17,10 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::minutes period{20};
+constexpr std::chrono::minutes weatherPeriod{20};
 constexpr qint64 mostBytes = 1024 * 1024; // of an answer
-
-WeatherService* sharedService = nullptr;
 
 struct Query {
     QString key;
@@ -59,17 +57,6 @@ WeatherService::WeatherService(
     connect(&settings, &AppSettings::changed, this, &WeatherService::settingChanged);
 }
 
-WeatherService& WeatherService::shared()
-{
-    Q_ASSERT_X(sharedService, "WeatherService::shared", "the application sets it when it starts");
-    return *sharedService;
-}
-
-void WeatherService::setShared(WeatherService* service)
-{
-    sharedService = service;
-}
-
 void WeatherService::start()
 {
     if (std::exchange(m_started, true))
@@ -78,7 +65,7 @@ void WeatherService::start()
     connect(&m_location, &LocationSource::failed, this, &WeatherService::locationFailed);
     connect(&m_location, &LocationSource::authorizationChanged, this, &WeatherService::authorizationChanged);
     refresh(false);
-    m_timer = m_clock.every(period, [this] { findPlace(); });
+    m_timer = m_clock.every(weatherPeriod, [this] { findPlace(); });
 }
 
 void WeatherService::refresh(bool reusingPlace)

@@ -26,10 +26,6 @@ public:
     WeatherService(
         HttpClient& network, LocationSource& location, const AppSettings& settings, Clock& clock, Bases bases);
 
-    /// The application's service; setShared() comes first.
-    static WeatherService& shared();
-    static void setShared(WeatherService* service);
-
     /// Begins to fetch, at once and every twenty minutes. Later calls do nothing.
     void start();
     /// Fetches again, for the last place or from finding the place on. Nothing before start(). The service itself calls

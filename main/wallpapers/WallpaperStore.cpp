@@ -12,8 +12,6 @@ namespace {
 
 constexpr int concurrentPictures = 3;
 
-WallpaperStore* sharedStore = nullptr;
-
 /// What callers get instead of waiting forever.
 QImage blank()
 {
@@ -34,17 +32,6 @@ WallpaperStore::WallpaperStore(Wallpaper wallpaper, ImageDiskCache cache)
 WallpaperStore::~WallpaperStore()
 {
     m_queue.clear(); // what has not begun is not wanted any more
-}
-
-WallpaperStore& WallpaperStore::shared()
-{
-    Q_ASSERT(sharedStore);
-    return *sharedStore;
-}
-
-void WallpaperStore::setShared(WallpaperStore* store)
-{
-    sharedStore = store;
 }
 
 QImage WallpaperStore::image(Skin skin)
@@ -100,11 +87,6 @@ void WallpaperStore::finish(Skin skin, const QImage& image)
     for (const Caller& caller : m_waiting.take(skin))
         caller(image);
     Q_EMIT changed(skin);
-}
-
-QImage WallpaperCache::image(Skin skin)
-{
-    return WallpaperStore::shared().imageNow(skin);
 }
 
 } // namespace ambrelle

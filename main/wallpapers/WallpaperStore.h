@@ -22,10 +22,6 @@ public:
     WallpaperStore(Wallpaper wallpaper, ImageDiskCache cache);
     ~WallpaperStore() override;
 
-    /// The application's store; setShared() comes first.
-    static WallpaperStore& shared();
-    static void setShared(WallpaperStore* store);
-
     /// The thumbnail, or null after starting to make it; `changed()` tells when it is there.
     QImage image(Skin skin);
     /// Calls `done` with the thumbnail: at once when it is there, else when it is made; callers in their order.
@@ -50,12 +46,5 @@ private:
     QSet<Skin> m_started;
     QThreadPool m_queue;
 };
-
-namespace WallpaperCache {
-
-/// The thumbnail for callers that cannot wait.
-QImage image(Skin skin);
-
-} // namespace WallpaperCache
 
 } // namespace ambrelle

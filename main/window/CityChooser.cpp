@@ -9,7 +9,7 @@ namespace ambrelle {
 
 namespace {
 
-constexpr int rowsShown = 14;
+constexpr int citiesShown = 14;
 
 } // namespace
 
@@ -18,7 +18,7 @@ CityChooser::CityChooser(QWidget* parent)
 {
     setEditable(true);
     setInsertPolicy(NoInsert);
-    setMaxVisibleItems(rowsShown);
+    setMaxVisibleItems(citiesShown);
     addItem(tr("Local Time"));
     for (const WorldCity& city : worldCities())
         addItem(city.name.toString(), QString(city.zone));

@@ -1,14 +1,13 @@
+#include "foundation/Wording.h"
 #include "window/CityChooser.h"
 #include "window/SettingsForm.h"
-
-#include <QCoreApplication>
 
 namespace ambrelle {
 
 void addClockRows(SettingsForm& form)
 {
     auto* cities = new CityChooser;
-    form.addRow(QCoreApplication::translate("WidgetSettings", "City"), cities,
+    form.addRow(Wording::tr("City"), cities,
         [cities](const WidgetConfig& config) { cities->setChosen(config.city, config.timeZone); });
     QObject::connect(cities, &CityChooser::chose, &form, [&form](const std::optional<CityChooser::City>& city) {
         form.change([&](WidgetConfig& config) {

@@ -1,8 +1,8 @@
 #include "foundation/Clock.h"
+#include "foundation/Wording.h"
 #include "window/DateField.h"
 #include "window/SettingsForm.h"
 
-#include <QCoreApplication>
 #include <QLineEdit>
 #include <QTimeZone>
 
@@ -13,17 +13,12 @@ namespace {
 constexpr int daysAhead = 7; // of the date offered first
 constexpr int longestTitle = 200;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("WidgetSettings", text);
-}
-
 void addTitle(SettingsForm& form)
 {
     auto* title = new QLineEdit;
     title->setMaxLength(longestTitle);
-    title->setPlaceholderText(tr("What you look forward to"));
-    form.addRow(tr("Title"), title, [title](const WidgetConfig& config) {
+    title->setPlaceholderText(Wording::tr("What you look forward to"));
+    form.addRow(Wording::tr("Title"), title, [title](const WidgetConfig& config) {
         if (const QString text = config.countdownTitle.value_or(QString()); text != title->text())
             title->setText(text);
     });
@@ -38,9 +33,10 @@ void addTitle(SettingsForm& form)
 void addCountdownRows(SettingsForm& form, const Clock& clock)
 {
     addTitle(form);
-    auto* date = new DateField(tr("Pick a Date"),
+    auto* date = new DateField(Wording::tr("Pick a Date"),
         [&clock] { return clock.now().date().addDays(daysAhead).startOfDay(clock.now().timeZone()); });
-    form.addRow(tr("Date"), date, [date](const WidgetConfig& config) { date->setMoment(config.countdownDate); });
+    form.addRow(
+        Wording::tr("Date"), date, [date](const WidgetConfig& config) { date->setMoment(config.countdownDate); });
     QObject::connect(date, &DateField::chose, &form, [&form, &clock](const std::optional<QDateTime>& moment) {
         form.change([&](WidgetConfig& config) {
             // Its progress counts from the day on which the date was picked.
@@ -49,8 +45,9 @@ void addCountdownRows(SettingsForm& form, const Clock& clock)
             config.countdownDate = moment;
         });
     });
-    auto* start = new DateField(tr("Start Now"), [&clock] { return clock.now(); });
-    form.addRow(tr("Start"), start, [start](const WidgetConfig& config) { start->setMoment(config.countdownStart); });
+    auto* start = new DateField(Wording::tr("Start Now"), [&clock] { return clock.now(); });
+    form.addRow(
+        Wording::tr("Start"), start, [start](const WidgetConfig& config) { start->setMoment(config.countdownStart); });
     QObject::connect(start, &DateField::chose, &form, [&form](const std::optional<QDateTime>& moment) {
         form.change([&](WidgetConfig& config) { config.countdownStart = moment; });
     });

@@ -21,7 +21,7 @@ constexpr QSize firstSize{760, 520};
 constexpr int margin = 28;
 constexpr int columnWidth = 240;
 constexpr int columnSpacing = 4;
-constexpr QSize symbolSize{18, 18};
+constexpr QSize tabSymbolSize{18, 18};
 
 QString sentenceOf(MainTab tab)
 {
@@ -44,7 +44,7 @@ QString sentenceOf(const QStringList& files)
 
 QIcon blank()
 {
-    QPixmap nothing(symbolSize);
+    QPixmap nothing(tabSymbolSize);
     nothing.fill(Qt::transparent);
     return nothing;
 }
@@ -147,7 +147,7 @@ void MainWindow::makeButtons()
         auto* button = new QToolButton;
         button->setDefaultAction(action);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        button->setIconSize(symbolSize);
+        button->setIconSize(tabSymbolSize);
         if (action->icon().isNull())
             button->setIcon(blank()); // the texts stand below each other
         button->setAutoRaise(true);

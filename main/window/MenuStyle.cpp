@@ -22,10 +22,10 @@ constexpr double plateCorner = 5;
 constexpr int panelMargin = 5; // around all lines
 constexpr int lineHeight = 28;
 constexpr int separatorHeight = 11;
-constexpr int edge = 10; // left and right inside a line
+constexpr int lineMargin = 10; // left and right inside a line
 constexpr int checkColumn = 22;
 constexpr int symbolColumn = 27;
-constexpr int symbolSize = 17;
+constexpr int menuSymbolSize = 17;
 constexpr int markSize = 15;
 constexpr int keyGap = 28;
 constexpr int arrowColumn = 20;
@@ -57,7 +57,7 @@ public:
         , m_item(item)
         , m_enabled(item.state.testFlag(QStyle::State_Enabled))
         , m_chosen(m_enabled && item.state.testFlag(QStyle::State_Selected))
-        , m_rest(item.rect.adjusted(edge, 0, -edge, 0))
+        , m_rest(item.rect.adjusted(lineMargin, 0, -lineMargin, 0))
     {
         const QPalette& colours = item.palette;
         m_ink = m_chosen ? colours.color(QPalette::HighlightedText)
@@ -76,7 +76,8 @@ public:
         if (m_item.maxIconWidth > 0)
             drawIcon(cutLeft(symbolColumn));
         if (m_item.menuItemType == QStyleOptionMenuItem::SubMenu)
-            drawSymbol(m_painter, u"chevron.right"_s, m_rest.adjusted(m_rest.width() - arrowColumn, 0, edge, 0), m_ink);
+            drawSymbol(
+                m_painter, u"chevron.right"_s, m_rest.adjusted(m_rest.width() - arrowColumn, 0, lineMargin, 0), m_ink);
         drawTexts();
     }
 
@@ -96,7 +97,7 @@ private:
 
     void drawIcon(const QRect& area) const
     {
-        const QRect place(area.left(), area.center().y() - symbolSize / 2, symbolSize, symbolSize);
+        const QRect place(area.left(), area.center().y() - menuSymbolSize / 2, menuSymbolSize, menuSymbolSize);
         const QIcon::Mode enabledMode = m_chosen ? QIcon::Selected : QIcon::Normal;
         m_item.icon.paint(&m_painter, place, Qt::AlignCenter, m_enabled ? enabledMode : QIcon::Disabled);
     }
@@ -155,7 +156,7 @@ QSize MenuStyle::sizeFromContents(
     const QString key = item->text.section(u'\t', 1);
     // The toolkit reserves room for the longest key of all lines itself.
     const double text = QFontMetricsF(item->font).size(Qt::TextShowMnemonic, item->text.section(u'\t', 0, 0)).width();
-    return {2 * edge + static_cast<int>(std::ceil(text)) + (item->menuHasCheckableItems ? checkColumn : 0)
+    return {2 * lineMargin + static_cast<int>(std::ceil(text)) + (item->menuHasCheckableItems ? checkColumn : 0)
             + (item->maxIconWidth > 0 ? symbolColumn : 0) + (key.isEmpty() ? arrowColumn : keyGap),
         lineHeight};
 }
@@ -171,7 +172,8 @@ void MenuStyle::drawControl(
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     if (isSeparator(*item))
-        painter->fillRect(QRectF(item->rect.left() + edge, item->rect.center().y(), item->rect.width() - 2 * edge, 1),
+        painter->fillRect(
+            QRectF(item->rect.left() + lineMargin, item->rect.center().y(), item->rect.width() - 2 * lineMargin, 1),
             between(item->palette, lineStrength));
     else
         MenuLine(*painter, *item).draw();

@@ -1,9 +1,9 @@
+#include "foundation/Wording.h"
 #include "window/ElidedLabel.h"
 #include "window/SettingsForm.h"
 #include "window/WindowStyle.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -17,22 +17,17 @@ namespace {
 
 constexpr std::array intervals{0, 1, 5, 10, 15, 30, 60, 180, 360, 1440}; // minutes; 0: never
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("WidgetSettings", text);
-}
-
 QString intervalText(int minutes)
 {
     constexpr int hour = 60;
     constexpr int day = 24 * hour;
     if (minutes <= 0)
-        return tr("Never");
+        return Wording::tr("Never");
     if (minutes == day)
-        return tr("Every day");
+        return Wording::tr("Every day");
     if (minutes % hour == 0)
-        return minutes == hour ? tr("Every hour") : tr("Every %1 hours").arg(minutes / hour);
-    return minutes == 1 ? tr("Every minute") : tr("Every %1 minutes").arg(minutes);
+        return minutes == hour ? Wording::tr("Every hour") : Wording::tr("Every %1 hours").arg(minutes / hour);
+    return minutes == 1 ? Wording::tr("Every minute") : Wording::tr("Every %1 minutes").arg(minutes);
 }
 
 /// Outlives the settings, which close as soon as another window gets the pointer.
@@ -41,7 +36,7 @@ void chooseFolder(const QPointer<WidgetController>& widget)
     if (!widget)
         return;
     auto* dialog =
-        new QFileDialog(nullptr, tr("Choose Folder"), widget->config().photoFolder.value_or(QDir::homePath()));
+        new QFileDialog(nullptr, Wording::tr("Choose Folder"), widget->config().photoFolder.value_or(QDir::homePath()));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
@@ -56,8 +51,8 @@ void chooseFolder(const QPointer<WidgetController>& widget)
 class FolderField final : public QWidget {
 public:
     explicit FolderField(SettingsForm& form)
-        : m_choose(new QPushButton(tr("Choose Folder…")))
-        , m_clear(new QPushButton(tr("Use Sample Photo")))
+        : m_choose(new QPushButton(Wording::tr("Choose Folder…")))
+        , m_clear(new QPushButton(Wording::tr("Use Sample Photo")))
         , m_name(new ElidedLabel)
     {
         auto* grid = new QGridLayout(this);
@@ -80,7 +75,7 @@ public:
     void setFolder(const std::optional<QString>& folder)
     {
         const QString name = folder ? QDir(*folder).dirName() : QString();
-        m_name->setText(!folder ? tr("None") : name.isEmpty() ? *folder : name);
+        m_name->setText(!folder ? Wording::tr("None") : name.isEmpty() ? *folder : name);
         m_name->setToolTip(folder.value_or(QString()));
         m_clear->setEnabled(folder.has_value());
     }
@@ -96,7 +91,7 @@ void addInterval(SettingsForm& form)
     auto* choice = new QComboBox;
     for (const int minutes : intervals)
         choice->addItem(intervalText(minutes), minutes);
-    form.addRow(tr("Change"), choice, [choice](const WidgetConfig& config) {
+    form.addRow(Wording::tr("Change"), choice, [choice](const WidgetConfig& config) {
         const QSignalBlocker quiet(choice);
         const int minutes = std::max(config.photoInterval, 0);
         // A value from elsewhere is offered too, so that the settings never show another than the one that holds.
@@ -114,9 +109,10 @@ void addInterval(SettingsForm& form)
 void addPhotoRows(SettingsForm& form)
 {
     auto* folder = new FolderField(form);
-    form.addRow(tr("Folder"), folder, [folder](const WidgetConfig& config) { folder->setFolder(config.photoFolder); });
+    form.addRow(
+        Wording::tr("Folder"), folder, [folder](const WidgetConfig& config) { folder->setFolder(config.photoFolder); });
     addInterval(form);
-    form.addSwitch(tr("Fill Frame"), &WidgetConfig::photoFill);
+    form.addSwitch(Wording::tr("Fill Frame"), &WidgetConfig::photoFill);
 }
 
 } // namespace ambrelle

@@ -22,7 +22,7 @@ constexpr int shadowReach = 22;
 constexpr int shadowDrop = 6;
 constexpr double shadowOpacity = 0.02; // of its innermost layer; each covers those within
 constexpr double badgeCorner = 9;
-constexpr double symbolSize = 19;
+constexpr double badgeSymbolSize = 19;
 
 void addKindRows(SettingsForm& form, const Clock& clock)
 {
@@ -124,8 +124,8 @@ void SettingsPopover::paintHeader(QPainter& painter) const
     painter.setBrush(faded(accent, 0.16));
     painter.drawRoundedRect(badge, badgeCorner, badgeCorner);
     painter.save();
-    painter.translate(badge.center() - QPointF(symbolSize, symbolSize) / 2);
-    painter.scale(symbolSize, symbolSize);
+    painter.translate(badge.center() - QPointF(badgeSymbolSize, badgeSymbolSize) / 2);
+    painter.scale(badgeSymbolSize, badgeSymbolSize);
     painter.fillPath(symbolPath(m_symbol), accent);
     painter.restore();
     QFont bold = font();

@@ -12,7 +12,7 @@ namespace {
 
 constexpr QSize swatchSize(30, 16);
 constexpr double swatchGap = 4; // before the title
-constexpr int rowsShown = 14;
+constexpr int skinsShown = 14;
 
 /// The skin's ground with a dot of its ink and one of its accent.
 class SwatchEngine final : public QIconEngine {
@@ -62,7 +62,7 @@ SkinChooser::SkinChooser(QWidget* parent)
     : QComboBox(parent)
 {
     setIconSize(swatchSize);
-    setMaxVisibleItems(rowsShown);
+    setMaxVisibleItems(skinsShown);
     for (const ThemeGroup shelf : allCases<ThemeGroup>()) {
         addHeading(title(shelf));
         for (const Skin skin : allCases<Skin>()) {

@@ -2,7 +2,7 @@
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "platform/headless/HeadlessLocation.h"
-#include "platform/linux/QtHttpClient.h"
+#include "platform/network/QtHttpClient.h"
 #include "services/WeatherService.h"
 #include "support/LocalServer.h"
 

@@ -7,7 +7,7 @@ namespace {
 
 using enum WidgetKind;
 
-ScreenInfo secondScreen()
+ScreenInfo rightScreen()
 {
     ScreenInfo info;
     info.id = QStringLiteral("second");
@@ -61,7 +61,7 @@ TEST_F(EditModeTest, EndsByEscapeAnEmptySpotAndTheWindowSystem)
         {"the window manager", [&] { desk.host.focused()->delegate().closeRequested(); }, true},
         {"the setting", [&] { desk.settings.editing.set(false); }, true},
     };
-    show({main, secondScreen()});
+    show({main, rightScreen()});
     for (const Case& c : cases) {
         desk.manager.setEditing(true);
         ASSERT_EQ(desk.host.backdrops().size(), 2) << c.what;
@@ -77,11 +77,11 @@ TEST_F(EditModeTest, EndsByEscapeAnEmptySpotAndTheWindowSystem)
 
 TEST_F(EditModeTest, BackdropsFollowTheScreensAndTheKeyboardThePointer)
 {
-    show({main, secondScreen()});
+    show({main, rightScreen()});
     desk.host.movePointer({2000, 500});
     desk.manager.setEditing(true);
     ASSERT_TRUE(desk.host.focused());
-    EXPECT_EQ(desk.host.focused()->frame(), secondScreen().frame);
+    EXPECT_EQ(desk.host.focused()->frame(), rightScreen().frame);
 
     show({main});
     ASSERT_EQ(desk.host.backdrops().size(), 1);

@@ -7,7 +7,7 @@ namespace ambrelle {
 namespace {
 
 using namespace std::chrono_literals;
-using Layer = OnscreenWindow::Layer;
+using WindowLayer = OnscreenWindow::Layer;
 
 constexpr auto fadeTime = WindowFade::duration + 16ms;
 
@@ -46,8 +46,8 @@ TEST_F(OverlapTest, GivesWayOnlyToWindowsThatPeopleWorkIn)
         {"past the lower rim", {{0, 0, 900, 110.5}}, true},
         {"nearly transparent", {over.bounds, 0.05}, false},
         {"faint", {over.bounds, 0.06}, true},
-        {"a dock or a menu", {over.bounds, 1, Layer::overlay}, false},
-        {"the desktop", {{0, 0, 1440, 900}, 1, Layer::desktop}, false},
+        {"a dock or a menu", {over.bounds, 1, WindowLayer::overlay}, false},
+        {"the desktop", {{0, 0, 1440, 900}, 1, WindowLayer::desktop}, false},
     };
     widget->setPinned(true);
     for (const Case& each : cases) {
@@ -173,8 +173,8 @@ TEST(OverlapRuleTest, KnowsWhatLiesWhollyBelowOthers)
         {"two together", {{left}, {right}}, true},
         {"a seam of half a point", {{left.adjusted(0, 0, -0.2, 0)}, {right.adjusted(0.2, 0, 0, 0)}}, true},
         {"one shines through", {{left}, {right, 0.8}}, false},
-        {"a translucent one fills the screen", {{{0, 0, 1440, 900}, 0.8, Layer::normal, true}}, true},
-        {"another screen is filled", {{{1440, 0, 1440, 900}, 1, Layer::normal, true}}, false},
+        {"a translucent one fills the screen", {{{0, 0, 1440, 900}, 0.8, WindowLayer::normal, true}}, true},
+        {"another screen is filled", {{{1440, 0, 1440, 900}, 1, WindowLayer::normal, true}}, false},
     };
     for (const Case& each : cases)
         EXPECT_EQ(OverlapRule::isUnder(frame, each.windows), each.isUnder) << each.what;

@@ -1,4 +1,5 @@
 #include "faces/ActivityReadings.h"
+#include "faces/Locales.h"
 
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"
@@ -14,8 +15,6 @@ namespace ambrelle {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QLocale british(QLocale::English, QLocale::UnitedKingdom);
 
 struct ActivityReadingTest : testing::Test {
     ActivityReading reading(double seconds, double metres, int clicks)

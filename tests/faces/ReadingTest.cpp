@@ -1,3 +1,4 @@
+#include "faces/Locales.h"
 #include "faces/ReadingFeed.h"
 #include "faces/SystemReadings.h"
 #include "faces/TimeReadings.h"
@@ -15,9 +16,6 @@ namespace ambrelle {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QLocale british(QLocale::English, QLocale::UnitedKingdom);
-const QLocale american(QLocale::English, QLocale::UnitedStates);
 
 QDateTime utc(int year, int month, int day, int hour, int minute)
 {

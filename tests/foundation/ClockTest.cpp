@@ -1,6 +1,6 @@
 #include "foundation/ManualClock.h"
-#include "foundation/SystemClock.h"
 #include "foundation/WorkQueue.h"
+#include "platform/linux/kernel/SystemClock.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>

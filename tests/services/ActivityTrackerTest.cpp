@@ -15,9 +15,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QString key = u"activity.today"_s;
+const QString activityKey = u"activity.today"_s;
 
-QDateTime utc(int day, int hour, int minute, int second = 0)
+QDateTime march(int day, int hour, int minute, int second = 0)
 {
     return {QDate(2026, 3, day), QTime(hour, minute, second), Qt::UTC};
 }
@@ -32,7 +32,7 @@ struct ActivityTrackerTest : testing::Test {
 
     RecordingInputMonitor monitor;
     UserDefaults defaults = UserDefaults::temporary();
-    ManualClock clock{utc(7, 9, 59, 45)};
+    ManualClock clock{march(7, 9, 59, 45)};
     ActivityTracker tracker{monitor, defaults, clock};
     QObject counter;
     int changes = 0;
@@ -95,7 +95,7 @@ TEST_F(ActivityTrackerTest, runsOnlyOnDemandAndAsksNothingOtherwise)
 
 TEST_F(ActivityTrackerTest, midnightBeginsAtZeroWithTheNextSample)
 {
-    clock.setNow(utc(7, 23, 59, 55));
+    clock.setNow(march(7, 23, 59, 55));
     tracker.start();
     Q_EMIT monitor.clicked();
     Q_EMIT monitor.moved({0, 0});
@@ -107,7 +107,7 @@ TEST_F(ActivityTrackerTest, midnightBeginsAtZeroWithTheNextSample)
     EXPECT_EQ(tracker.activeSeconds(), 10);
     EXPECT_EQ(tracker.hours().at(0), 10);
     EXPECT_DOUBLE_EQ(tracker.metres(), 0.07) << "travel not converted yet belongs to the sample";
-    EXPECT_EQ(defaults.object(key)->value(u"day"_s).toString(), u"2026-3-8"_s);
+    EXPECT_EQ(defaults.object(activityKey)->value(u"day"_s).toString(), u"2026-3-8"_s);
 }
 
 TEST_F(ActivityTrackerTest, figuresSurviveARestartOnTheSameDayOnly)
@@ -128,7 +128,7 @@ TEST_F(ActivityTrackerTest, figuresSurviveARestartOnTheSameDayOnly)
     clock.advance(10s);
     EXPECT_EQ(ActivityTracker(monitor, defaults, clock).clicks(), 4) << "after a crash";
     tracker.stop();
-    clock.setNow(utc(8, 0, 0, 0));
+    clock.setNow(march(8, 0, 0, 0));
     const ActivityTracker tomorrows(monitor, defaults, clock);
     EXPECT_EQ(tomorrows.clicks(), 0);
     EXPECT_EQ(tomorrows.activeSeconds(), 0);
@@ -163,7 +163,7 @@ TEST_F(ActivityTrackerTest, aDamagedRecordHarmsNothing)
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(each.what);
-        defaults.set(key, each.stored);
+        defaults.set(activityKey, each.stored);
         ActivityTracker loaded(monitor, defaults, clock);
         EXPECT_EQ(loaded.activeSeconds(), each.seconds);
         EXPECT_EQ(loaded.metres(), each.metres);
@@ -186,7 +186,7 @@ TEST_F(ActivityTrackerTest, samplesForPicturesAreNeverStored)
     clock.advance(1min);
     tracker.start();
     tracker.stop();
-    EXPECT_EQ(defaults.object(key)->value(u"clicks"_s).toInt(-1), 0);
+    EXPECT_EQ(defaults.object(activityKey)->value(u"clicks"_s).toInt(-1), 0);
     EXPECT_EQ(tracker.clicks(), 0);
     EXPECT_EQ(tracker.whyNot(), u"off"_s);
 }

@@ -16,7 +16,7 @@ namespace {
 using namespace std::chrono_literals;
 using Phase = FocusTimer::Phase;
 
-const auto key = u"focus.completed"_s;
+const auto completedKey = u"focus.completed"_s;
 const auto workDone = u"Focus session done|Nice work. Take 5 minutes."_s;
 const auto roundDone = u"Focus session done|Nice work. Take 15 minutes."_s;
 const auto breakOver = u"Break's over|Ready for the next session? Click the Focus widget to start."_s;
@@ -152,16 +152,16 @@ TEST_F(FocusTimerTest, KeepsTheCountOfTodayOnly)
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(each.what);
-        defaults.set(key, each.stored);
+        defaults.set(completedKey, each.stored);
         ManualClock morning(QDateTime(QDate(2026, 3, 7), QTime(9, 0), Qt::UTC));
         FocusTimer fresh(announcer, settings, defaults, morning);
         EXPECT_EQ(fresh.completedToday(), each.atStart);
         fresh.start();
         morning.advance(25min);
         EXPECT_EQ(fresh.completedToday(), each.afterOne);
-        EXPECT_EQ(defaults.object(key), QJsonObject({{u"2026-3-7"_s, each.afterOne}}));
+        EXPECT_EQ(defaults.object(completedKey), QJsonObject({{u"2026-3-7"_s, each.afterOne}}));
     }
-    defaults.set(key, u"no object"_s);
+    defaults.set(completedKey, u"no object"_s);
     FocusTimer fresh(announcer, settings, defaults, clock);
     EXPECT_EQ(fresh.completedToday(), 0);
 }
@@ -176,7 +176,7 @@ TEST_F(FocusTimerTest, ADayBeginsWithItsFirstFinishedSession)
     EXPECT_EQ(timer.completedToday(), 1) << "it is the next day, but nothing is finished";
     clock.advance(10min);
     EXPECT_EQ(timer.completedToday(), 1);
-    EXPECT_EQ(defaults.object(key), QJsonObject({{u"2026-3-8"_s, 1}}));
+    EXPECT_EQ(defaults.object(completedKey), QJsonObject({{u"2026-3-8"_s, 1}}));
 }
 
 TEST_F(FocusTimerTest, LengthsOfTheSettingsCountForWhatDoesNotRun)
@@ -252,7 +252,7 @@ TEST_F(FocusTimerTest, TheSampleIsAPeriodUnderWayThatStandsStill)
     clock.advance(1h);
     EXPECT_EQ(timer.phase(), Phase::focus);
     EXPECT_TRUE(announcer.said.isEmpty());
-    EXPECT_FALSE(defaults.object(key));
+    EXPECT_FALSE(defaults.object(completedKey));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "platform/x11/X11WindowHost.h"
 
-#include "platform/x11/PanelAccess.h"
-#include "platform/x11/ToolkitConnection.h"
+#include "platform/x11/connection/ToolkitConnection.h"
+#include "platform/x11/window/PanelAccess.h"
 
 #include <QCursor>
 

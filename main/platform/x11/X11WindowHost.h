@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/x11/RootWatch.h"
-#include "platform/x11/StackingGuard.h"
-#include "platform/x11/X11Backdrop.h"
-#include "platform/x11/X11Panel.h"
-#include "platform/x11/X11Parts.h"
-#include "platform/x11/X11SessionVisibility.h"
-#include "platform/x11/X11WindowList.h"
+#include "platform/x11/connection/RootWatch.h"
+#include "platform/x11/session/X11SessionVisibility.h"
+#include "platform/x11/session/X11WindowList.h"
+#include "platform/x11/window/StackingGuard.h"
+#include "platform/x11/window/X11Backdrop.h"
+#include "platform/x11/window/X11Panel.h"
+#include "platform/x11/window/X11Parts.h"
 
 namespace ambrelle {
 

@@ -1,5 +1,6 @@
 #include "skins/classic/ClassicPieces.h"
 
+#include "drawing/Fraction.h"
 #include "faces/FaceKit.h"
 #include "skins/classic/ClassicStyle.h"
 
@@ -12,11 +13,6 @@ namespace {
 const QPen rule(ink, 1);
 constexpr double shadow = 2;
 constexpr double scrollBar = 15;
-
-double part(double fraction)
-{
-    return std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
-}
 
 /// A solid triangle of rows two pixels wider each.
 void arrowHead(Canvas& canvas, const Box& box, bool up)
@@ -108,7 +104,7 @@ void histogram(Canvas& canvas, const Box& box, const QList<double>& history)
     graph.cutBottom(1);
     const QList<double> bars = binned(history, count);
     for (int index = 0; index < count; ++index) {
-        const double height = std::round(graph.height() * part(bars[index]));
+        const double height = std::round(graph.height() * bounded(bars[index]));
         Box column = Box(graph.x() + index * pitch, graph.bottom() - height, pitch - 1, height);
         canvas.fill(column.cutTop(2), ink);
         canvas.fill(column, half);
@@ -119,7 +115,7 @@ void progress(Canvas& canvas, const Box& box, double fraction)
 {
     canvas.frame(box, rule);
     Box inside = box.inset(1);
-    const double width = std::round(inside.width() * part(fraction));
+    const double width = std::round(inside.width() * bounded(fraction));
     if (width < 1)
         return;
     canvas.fill(inside.cutLeft(width), half);
@@ -141,7 +137,7 @@ void patternBar(Canvas& canvas, const Box& box, const QList<Share>& parts)
     const Box inside = box.inset(1);
     Box rest = inside;
     for (qsizetype index = 0; index < parts.size(); ++index) {
-        const double width = std::round(inside.width() * part(parts[index].fraction));
+        const double width = std::round(inside.width() * bounded(parts[index].fraction));
         canvas.fill(rest.cutLeft(width), pattern(index));
         canvas.fill(Box(rest.x(), rest.y(), 1, rest.height()), ink);
         rest.cutLeft(1);
@@ -157,7 +153,7 @@ void cell(Canvas& canvas, const Box& box, double level)
     const Box body(box.x(), box.y(), count * (blockWidth + gap) + gap + 2, blockHeight + 2 * gap + 2);
     canvas.frame(body, rule);
     canvas.fill(Box(body.right(), body.center().y() - 4, 4, 8), ink);
-    const long full = std::lround(part(level) * count);
+    const long full = std::lround(bounded(level) * count);
     Box blocks = body.inset(1 + gap);
     for (long index = 0; index < full; ++index) {
         canvas.fill(blocks.cutLeft(blockWidth), ink);
@@ -173,7 +169,7 @@ Box wedges(Canvas& canvas, const Box& box, double fraction)
     constexpr double sweep = 360.0 / count - gap;
     const Box outer = box.square().inset(0.5);
     const Box inner = outer.inset(width);
-    const long full = std::lround(part(fraction) * count);
+    const long full = std::lround(bounded(fraction) * count);
     QPainterPath solid;
     QPainterPath outlined;
     for (int index = 0; index < count; ++index) {

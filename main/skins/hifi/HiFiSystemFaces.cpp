@@ -2,6 +2,7 @@
 
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
+#include "drawing/Pens.h"
 #include "faces/FaceKit.h"
 #include "skins/hifi/Cabinet.h"
 #include "skins/hifi/MagicEye.h"
@@ -15,11 +16,6 @@ namespace ambrelle {
 using namespace hifi;
 
 namespace {
-
-QPen pen(const QBrush& brush, double width)
-{
-    return {brush, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-}
 
 /// A row of small lamps lit by the parts of a whole.
 void lampBar(
@@ -71,7 +67,7 @@ void HiFiSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext
     if (reading.high)
         canvas.symbol(strip.cutRight(14), QStringLiteral("exclamationmark.triangle.fill"), 12, pointerRed.darker(115));
     const QPainterPath line = smoothLine(samplePoints(strip.inset(2, 1), reading.history, 1));
-    canvas.stroke(line, pen(print, 1));
+    canvas.stroke(line, roundPen(print, 1));
     canvas.disc(line.currentPosition(), 1.8, pointerRed);
     meter.needle(canvas, reading.percent / 100.0, 1);
 }
@@ -141,8 +137,8 @@ void HiFiSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCon
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(style().accent, 0.22));
     canvas.fill(areaUnder(lines.lower, lines.middle), faded(pale, 0.18));
     canvas.rule(Box(box.x(), lines.middle - 1, box.width(), 2), style().faint, 1);
-    canvas.stroke(lines.upper, pen(style().accent, 1));
-    canvas.stroke(lines.lower, pen(pale, 1));
+    canvas.stroke(lines.upper, roundPen(style().accent, 1));
+    canvas.stroke(lines.lower, roundPen(pale, 1));
 }
 
 void HiFiSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const

@@ -9,7 +9,7 @@ namespace ambrelle {
 
 namespace {
 
-void walnut(Painting& painting, SeededRandom& random)
+void walnutGround(Painting& painting, SeededRandom& random)
 {
     constexpr RGBA pore = hex(0x3A2212);
     constexpr RGBA wood = hex(0x6A4526);
@@ -75,7 +75,7 @@ void rail(Painting& painting, double x)
 void paintHiFiWallpaper(Painting& painting, SeededRandom& random)
 {
     painting.verticalGradient(hex(0x4A2E1A), hex(0x2A180C));
-    walnut(painting, random);
+    walnutGround(painting, random);
     rail(painting, 0.03);
     rail(painting, 0.97);
     painting.glow(painting.at(0.5, 0.9), 0.6 * painting.height(), hex(0xFFB060, 0.22));

@@ -17,10 +17,10 @@ constexpr double tubeWidth = 50.0 / 62;
 constexpr double tubeHeight = 82.0 / 62;
 constexpr double tubeGap = 5.0 / 62;
 constexpr double colonWidth = 22.0 / 62;
-constexpr double pointWidth = 11.0 / 62;
+constexpr double lampWidth = 11.0 / 62;
 constexpr double dotRadius = 3.0 / 62;
 constexpr double meshPitch = 3; // points
-constexpr double unitShare = 0.5; // of the digits' height
+constexpr double lampUnitShare = 0.5; // of the digits' height
 
 /// Honeycomb rows of the anode in front of the digits.
 QPainterPath mesh(const Box& box)
@@ -106,7 +106,7 @@ double widthOf(QChar character)
 {
     if (character == u':')
         return colonWidth;
-    return character == u'.' || character == u',' ? pointWidth : tubeWidth;
+    return character == u'.' || character == u',' ? lampWidth : tubeWidth;
 }
 
 bool isDot(QChar character)
@@ -154,7 +154,7 @@ double Nixies::draw(Canvas& canvas, const Box& box, const QString& value, const 
 {
     double cells = 0;
     const QList<Cell> places = cellsOf(value, &cells);
-    const double unitSize = std::max(style.floor, cap * unitShare / style.body.capRatio * 0.8);
+    const double unitSize = std::max(style.floor, cap * lampUnitShare / style.body.capRatio * 0.8);
     const double unitWidth = unit.isEmpty() ? 0 : shape(style.body, unitSize, unit)->width + 5;
     const double size = std::min(cap, (box.width() - unitWidth) / std::max(cells, tubeWidth));
     const FigureStyle digit = wire(style, size).aligned(Align::centre);

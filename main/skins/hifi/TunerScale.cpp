@@ -1,6 +1,7 @@
 #include "skins/hifi/TunerScale.h"
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
 #include "skins/hifi/Cabinet.h"
 
 #include <cmath>
@@ -11,11 +12,6 @@ namespace ambrelle::hifi {
 namespace {
 
 constexpr double pointerWidth = 1.8;
-
-double bounded(double fraction)
-{
-    return std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
-}
 
 } // namespace
 

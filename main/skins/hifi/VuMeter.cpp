@@ -1,6 +1,7 @@
 #include "skins/hifi/VuMeter.h"
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
 
 #include <array>
 #include <cmath>
@@ -24,11 +25,6 @@ constexpr double needleBeyond = 3.5; // of the arc
 constexpr double trembling = 1.5; // degrees
 constexpr double idle = 0.002; // below it the needle leans on its pin
 constexpr double needleContrast = 4.5;
-
-double bounded(double fraction)
-{
-    return std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
-}
 
 } // namespace
 

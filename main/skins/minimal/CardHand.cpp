@@ -1,6 +1,8 @@
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
+#include "drawing/Pens.h"
 #include "drawing/Plates.h"
 
 #include <algorithm>
@@ -13,11 +15,6 @@ namespace {
 constexpr double badgeSize = 20;
 constexpr double badgeCorner = 7;
 constexpr double headerHeight = 18;
-
-QPen round(const QBrush& brush, double width)
-{
-    return {brush, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-}
 
 class CardHand final : public MinimalHand {
 public:
@@ -102,7 +99,7 @@ void CardHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& rea
 Box CardHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr double width = 11;
-    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const double share = bounded(fraction);
     const Box circle = box.square().inset(width / 2);
     QPainterPath ring;
     ring.addEllipse(circle);
@@ -111,7 +108,7 @@ Box CardHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor
     arc.arcMoveTo(circle, 90);
     arc.arcTo(circle, 90, -360 * share);
     if (share > 0)
-        canvas.stroke(arc, round(colour, width));
+        canvas.stroke(arc, roundPen(colour, width));
     return circle.inset(width / 2 + 2);
 }
 

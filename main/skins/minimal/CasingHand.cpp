@@ -1,6 +1,7 @@
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
 
 #include <algorithm>
 #include <cmath>
@@ -147,7 +148,7 @@ Box CasingHand::dial(Canvas& canvas, const Box& box, double fraction, const QCol
     constexpr double depth = 6;
     constexpr double gap = 3; // degrees
     constexpr double step = 360.0 / blocks;
-    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const double share = bounded(fraction);
     const long lit = std::lround(share * blocks);
     const Box circle = box.square().inset(depth / 2);
     for (int index = 0; index < blocks; ++index) {
@@ -164,7 +165,7 @@ Box CasingHand::dial(Canvas& canvas, const Box& box, double fraction, const QCol
 void CasingHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr int ticks = 40;
-    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const double share = bounded(fraction);
     const long lit = std::lround(share * ticks);
     const Box band = box.centred(box.width(), std::max(6.0, box.height()));
     for (int index = 0; index < ticks; ++index) {

@@ -1,6 +1,8 @@
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
+#include "drawing/Pens.h"
 #include "drawing/Plates.h"
 
 #include <QConicalGradient>
@@ -16,11 +18,6 @@ namespace ambrelle {
 namespace {
 
 const QColor emptyTrack = faded(Qt::white, 0.12);
-
-QPen round(const QBrush& brush, double width)
-{
-    return {brush, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-}
 
 /// Short strokes that stand on the edge of the plate and lean a little, as frost grows from a frame.
 QPainterPath iceTicks(const Box& box, double corner)
@@ -153,7 +150,7 @@ void FrostHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& re
 Box FrostHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr double width = 5;
-    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const double share = bounded(fraction);
     const Box circle = box.square().inset(width / 2);
     QPainterPath ring;
     ring.addEllipse(circle);
@@ -173,7 +170,7 @@ Box FrostHand::dial(Canvas& canvas, const Box& box, double fraction, const QColo
     arc.arcMoveTo(circle, 90);
     arc.arcTo(circle, 90, -360 * share);
     if (share > 0)
-        canvas.stroke(arc, round(light, width));
+        canvas.stroke(arc, roundPen(light, width));
     return circle.inset(width / 2 + 3);
 }
 
@@ -285,7 +282,7 @@ void FrostHand::player(Canvas& canvas, Box content, const NowPlayingReading& rea
     trackLines(canvas, places, reading, style().header().sized(15));
     controls(canvas, places.controls.centred(3 * 44, 26), reading.playing,
         [&](const Box& place, const QString& symbol, bool) {
-            canvas.stroke(symbolIn(place, symbol, 24), round(look().ink, 1.2));
+            canvas.stroke(symbolIn(place, symbol, 24), roundPen(look().ink, 1.2));
         });
 }
 

@@ -1,6 +1,7 @@
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
 
 #include <algorithm>
 #include <cmath>
@@ -101,7 +102,7 @@ Box HairlineHand::dial(Canvas& canvas, const Box& box, double fraction, const QC
 {
     constexpr int ticks = 60;
     constexpr double length = 7;
-    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const double share = bounded(fraction);
     const long lit = std::lround(share * ticks);
     const Box circle = box.square();
     const double outer = circle.width() / 2;
@@ -119,7 +120,7 @@ void HairlineHand::level(Canvas& canvas, const Box& box, double fraction, const 
 {
     constexpr double least = 5;
     const double tick = std::max(least, box.height());
-    const double share = std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+    const double share = bounded(fraction);
     const QPointF end(box.left() + box.width() * share, box.center().y());
     canvas.rule(box, look().accent3, 1);
     canvas.line({box.left(), end.y()}, end, QPen(colour, 1));

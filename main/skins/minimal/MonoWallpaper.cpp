@@ -6,7 +6,7 @@ namespace ambrelle {
 
 namespace {
 
-void hairline(Painting& painting, double thickness)
+void horizon(Painting& painting, double thickness)
 {
     const QPointF start = painting.at(0.06, 0.62);
     const double y = std::round(start.y()); // on whole pixels: a hairline must not blur
@@ -30,7 +30,7 @@ void paintMonoWallpaper(Painting& painting, SeededRandom& random)
     const double thickness = std::max(std::round(painting.height() / 1200), 1.0);
     painting.fill(black());
     painting.glow(painting.at(0.5, 0.5), 0.7 * painting.height(), white(0.035));
-    hairline(painting, thickness);
+    horizon(painting, thickness);
     circle(painting, thickness);
     painting.grain(0.012, random);
 }

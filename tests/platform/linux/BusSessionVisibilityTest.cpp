@@ -1,4 +1,4 @@
-#include "platform/linux/BusSessionVisibility.h"
+#include "platform/linux/bus/BusSessionVisibility.h"
 #include "support/MockBus.h"
 
 #include <gtest/gtest.h>

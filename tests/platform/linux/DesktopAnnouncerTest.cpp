@@ -1,4 +1,4 @@
-#include "platform/linux/DesktopAnnouncer.h"
+#include "platform/linux/desktop/DesktopAnnouncer.h"
 
 #include "support/MockBus.h"
 

@@ -1,8 +1,8 @@
-#include "platform/linux/DesktopPrograms.h"
+#include "platform/linux/desktop/DesktopPrograms.h"
 
-#include "platform/linux/DesktopEntryText.h"
+#include "platform/linux/desktop/DesktopEntryText.h"
 
-#include "ToolDesk.h"
+#include "platform/linux/ToolDesk.h"
 
 #include <QElapsedTimer>
 

@@ -1,7 +1,7 @@
-#include "platform/linux/GSettingsPicture.h"
-#include "platform/linux/GVariantText.h"
-#include "platform/linux/PcmanfmPicture.h"
-#include "platform/linux/SwayPicture.h"
+#include "platform/linux/picture/GSettingsPicture.h"
+#include "platform/linux/picture/GVariantText.h"
+#include "platform/linux/picture/PcmanfmPicture.h"
+#include "platform/linux/picture/SwayPicture.h"
 #include "platform/linux/ToolDesk.h"
 
 #include <QElapsedTimer>

@@ -1,9 +1,9 @@
-#include "platform/linux/BluezDevices.h"
-#include "platform/linux/ProfilerDevices.h"
-#include "platform/linux/ProfilerReport.h"
-#include "platform/linux/UPowerDevices.h"
+#include "platform/linux/bus/BluezDevices.h"
+#include "platform/linux/bus/UPowerDevices.h"
+#include "platform/mac/ProfilerDevices.h"
+#include "platform/mac/ProfilerReport.h"
 #include "support/MockBus.h"
-#include "TestData.h"
+#include "support/TestData.h"
 
 #include <QTemporaryDir>
 

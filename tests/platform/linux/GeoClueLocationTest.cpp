@@ -1,4 +1,4 @@
-#include "platform/linux/GeoClueLocation.h"
+#include "platform/linux/bus/GeoClueLocation.h"
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>

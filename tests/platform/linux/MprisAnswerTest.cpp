@@ -1,4 +1,4 @@
-#include "platform/linux/MprisAnswer.h"
+#include "platform/linux/bus/MprisAnswer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,12 @@
-#include "TestData.h"
+#include "platform/mac/ProcessList.h"
+#include "support/TestData.h"
 
-#include "platform/linux/InterfaceParser.h"
-#include "platform/linux/MemoryParser.h"
-#include "platform/linux/MountParser.h"
-#include "platform/linux/PowerSupplyParser.h"
-#include "platform/linux/ProcessorParser.h"
-#include "platform/linux/ProcessParser.h"
+#include "platform/linux/kernel/InterfaceParser.h"
+#include "platform/linux/kernel/MemoryParser.h"
+#include "platform/linux/kernel/MountParser.h"
+#include "platform/linux/kernel/PowerSupplyParser.h"
+#include "platform/linux/kernel/ProcessorParser.h"
+#include "platform/linux/kernel/ProcessParser.h"
 
 #include <QDir>
 

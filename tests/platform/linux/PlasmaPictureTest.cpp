@@ -1,4 +1,4 @@
-#include "platform/linux/PlasmaPicture.h"
+#include "platform/linux/picture/PlasmaPicture.h"
 #include "platform/linux/ToolDesk.h"
 
 #include <QDBusContext>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/linux/MprisPlayers.h"
+#include "platform/linux/bus/MprisPlayers.h"
 
-#include "foundation/SystemClock.h"
+#include "platform/linux/kernel/SystemClock.h"
 #include "platform/recording/RecordingHttpClient.h"
 #include "services/NowPlayingService.h"
 #include "support/WaitUntil.h"

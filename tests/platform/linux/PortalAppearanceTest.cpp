@@ -1,4 +1,4 @@
-#include "platform/linux/PortalAppearance.h"
+#include "platform/linux/bus/PortalAppearance.h"
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>

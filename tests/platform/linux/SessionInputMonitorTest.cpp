@@ -1,4 +1,4 @@
-#include "platform/linux/SessionInputMonitor.h"
+#include "platform/linux/bus/SessionInputMonitor.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

@@ -1,7 +1,7 @@
-#include "TestData.h"
+#include "support/TestData.h"
 
-#include "platform/linux/LinuxSources.h"
-#include "platform/linux/ListerProcessSource.h"
+#include "platform/linux/kernel/LinuxSources.h"
+#include "platform/mac/ListerProcessSource.h"
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>

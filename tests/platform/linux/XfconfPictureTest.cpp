@@ -1,4 +1,4 @@
-#include "platform/linux/XfconfPicture.h"
+#include "platform/linux/picture/XfconfPicture.h"
 #include "platform/linux/ToolDesk.h"
 
 namespace ambrelle::test {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/Reply.h"
+#include "platform/x11/connection/Reply.h"
 
 #include <QImage>
 #include <QRect>

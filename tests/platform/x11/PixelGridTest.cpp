@@ -1,5 +1,5 @@
-#include "platform/x11/PixelGrid.h"
-#include "platform/x11/RoundedRows.h"
+#include "platform/x11/window/PixelGrid.h"
+#include "platform/x11/window/RoundedRows.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/x11/RootPixmapPicture.h"
+#include "platform/x11/root/RootPixmapPicture.h"
 #include "platform/x11/Onlooker.h"
 
 #include <QDir>

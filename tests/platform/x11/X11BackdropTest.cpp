@@ -1,4 +1,4 @@
-#include "platform/x11/Onlooker.h"
+#include "platform/x11/PanelTest.h"
 #include "platform/x11/X11WindowHost.h"
 
 #include <QPainter>
@@ -8,8 +8,6 @@
 namespace ambrelle::test {
 namespace {
 
-constexpr QRgb windowColour = 0xFF2060C0;
-constexpr QRgb faceColour = 0xFFE04020;
 constexpr QRgb backdropColour = 0xFF308040;
 
 class PlainBackdrop : public BackdropDelegate {

@@ -1,4 +1,4 @@
-#include "platform/x11/X11InputMonitor.h"
+#include "platform/x11/session/X11InputMonitor.h"
 
 #include "platform/x11/Onlooker.h"
 

@@ -1,5 +1,5 @@
-#include "platform/x11/NativeScreens.h"
-#include "platform/x11/Onlooker.h"
+#include "platform/x11/connection/NativeScreens.h"
+#include "platform/x11/PanelTest.h"
 #include "platform/x11/X11WindowHost.h"
 
 #include <gtest/gtest.h>
@@ -9,9 +9,8 @@
 namespace ambrelle::test {
 namespace {
 
-using Layer = OnscreenWindow::Layer;
+using WindowLayer = OnscreenWindow::Layer;
 
-constexpr QRgb windowColour = 0xFF2060C0;
 const QRect place(100, 120, 300, 200); // native pixels, as all places here
 
 class EmptyFace : public PanelDelegate {
@@ -76,17 +75,17 @@ TEST_F(X11WindowListTest, TellsKindsOfWindowsApartAndLeavesOutItsOwn)
 {
     struct Case {
         const char* type;
-        Layer layer;
+        WindowLayer layer;
     };
     const Case cases[] = {
-        {"_NET_WM_WINDOW_TYPE_NORMAL", Layer::normal},
-        {"_NET_WM_WINDOW_TYPE_DIALOG", Layer::normal},
-        {"_NET_WM_WINDOW_TYPE_UTILITY", Layer::normal},
-        {"_NET_WM_WINDOW_TYPE_DOCK", Layer::overlay},
-        {"_NET_WM_WINDOW_TYPE_TOOLTIP", Layer::overlay},
-        {"_NET_WM_WINDOW_TYPE_POPUP_MENU", Layer::overlay},
-        {"_NET_WM_WINDOW_TYPE_NOTIFICATION", Layer::overlay},
-        {"_NET_WM_WINDOW_TYPE_DESKTOP", Layer::desktop},
+        {"_NET_WM_WINDOW_TYPE_NORMAL", WindowLayer::normal},
+        {"_NET_WM_WINDOW_TYPE_DIALOG", WindowLayer::normal},
+        {"_NET_WM_WINDOW_TYPE_UTILITY", WindowLayer::normal},
+        {"_NET_WM_WINDOW_TYPE_DOCK", WindowLayer::overlay},
+        {"_NET_WM_WINDOW_TYPE_TOOLTIP", WindowLayer::overlay},
+        {"_NET_WM_WINDOW_TYPE_POPUP_MENU", WindowLayer::overlay},
+        {"_NET_WM_WINDOW_TYPE_NOTIFICATION", WindowLayer::overlay},
+        {"_NET_WM_WINDOW_TYPE_DESKTOP", WindowLayer::desktop},
     };
     EXPECT_EQ(list.windows(), QList<OnscreenWindow>());
     for (const Case& each : cases) {

@@ -1,0 +1,169 @@
+#include "platform/calendar/CalendarFolders.h"
+
+#include "platform/calendar/IcsParser.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <utility>
+
+#include <sys/stat.h>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int deepest = 3; // levels below a root
+constexpr qsizetype mostFolders = 500;
+constexpr qsizetype mostFiles = 50'000; // of one folder
+constexpr qint64 mostMarkBytes = 4096;
+constexpr qsizetype longestFolderName = 200;
+
+QString mark(const QString& folder, QLatin1StringView name)
+{
+    const auto content = boundedContent(folder + u'/' + name, mostMarkBytes);
+    return content ? QString::fromUtf8(*content).simplified().left(longestFolderName) : QString();
+}
+
+class Walk {
+public:
+    CalendarFolders result;
+
+    void root(const QString& path)
+    {
+        if (QFileInfo(path).isDir())
+            visit(path, 0);
+        else
+            await(path);
+    }
+
+private:
+    bool isNew(const QString& path)
+    {
+        struct stat info { };
+        return ::stat(QFile::encodeName(path).constData(), &info) == 0
+            && m_visited.insert({info.st_dev, info.st_ino}).second;
+    }
+
+    void visit(const QString& path, int depth)
+    {
+        if (result.folders.size() >= mostFolders || !isNew(path))
+            return;
+        CalendarFolder folder{.path = path, .isRoot = depth == 0, .name = QFileInfo(path).fileName()};
+        QStringList below;
+        list(folder, below);
+        folder.files.sort();
+        below.sort();
+        result.watched.append({path, {}});
+        watchLinks(folder);
+        if (folder.isMarked)
+            readMarks(folder);
+        result.folders.append(folder);
+        if (depth == deepest)
+            return;
+        for (const QString& name : std::as_const(below))
+            visit(path + u'/' + name, depth + 1);
+    }
+
+    static void list(CalendarFolder& folder, QStringList& below)
+    {
+        std::error_code error;
+        const fs::path path(QFile::encodeName(folder.path).toStdString());
+        const auto options = fs::directory_options::skip_permission_denied;
+        for (fs::directory_iterator entry(path, options, error); !error && entry != fs::directory_iterator();
+             entry.increment(error)) {
+            const QString name = QFile::decodeName(entry->path().filename().c_str());
+            std::error_code unknown;
+            if (name == "displayname"_L1 || name == "color"_L1) {
+                folder.isMarked = true;
+                continue;
+            }
+            folder.isEmpty = false;
+            if (name.startsWith(u'.') || folder.files.size() >= mostFiles)
+                continue;
+            if (entry->is_directory(unknown))
+                below.append(name);
+            else if (name.endsWith(".ics"_L1, Qt::CaseInsensitive))
+                folder.files.append(name);
+        }
+    }
+
+    static void readMarks(CalendarFolder& folder)
+    {
+        if (const QString name = mark(folder.path, "displayname"_L1); !name.isEmpty())
+            folder.name = name;
+        folder.color = calendarColor(mark(folder.path, "color"_L1));
+    }
+
+    /// A file behind a link changes in another folder.
+    void watchLinks(const CalendarFolder& folder)
+    {
+        for (const QString& name : folder.files) {
+            const QFileInfo file(folder.path + u'/' + name);
+            if (!file.isSymLink())
+                continue;
+            const WatchedFolder home{QFileInfo(file.symLinkTarget()).path(), {}};
+            if (!result.watched.contains(home) && result.watched.size() < 2 * mostFolders)
+                result.watched.append(home);
+        }
+    }
+
+    void await(const QString& path)
+    {
+        const QFileInfo missing(path);
+        const QString parent = missing.path();
+        if (parent == path)
+            return;
+        if (QFileInfo(parent).isDir())
+            result.watched.append({parent, missing.fileName()});
+        else
+            await(parent);
+    }
+
+    std::set<std::pair<dev_t, ino_t>> m_visited;
+};
+
+qint64 nanoseconds(const timespec& time)
+{
+    return qint64(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+} // namespace
+
+std::optional<FileStamp> FileStamp::of(const QString& path)
+{
+    struct stat info { };
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0 || !S_ISREG(info.st_mode))
+        return std::nullopt;
+    return FileStamp{info.st_dev, info.st_ino, info.st_size, nanoseconds(info.st_mtim), nanoseconds(info.st_ctim)};
+}
+
+CalendarFolders CalendarFolders::found(const QStringList& roots)
+{
+    Walk walk;
+    for (const QString& path : roots)
+        walk.root(QDir::cleanPath(path));
+    return walk.result;
+}
+
+std::optional<QByteArray> boundedContent(const QString& path, qint64 mostBytes)
+{
+    const auto stamp = FileStamp::of(path);
+    if (!stamp || stamp->size > mostBytes)
+        return std::nullopt;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    // Not asked for more than there is: room for that much would be made each time.
+    const QByteArray content = file.read(stamp->size + 1);
+    return content.size() == stamp->size ? std::optional(content) : std::nullopt; // else it is being written
+}
+
+} // namespace ambrelle

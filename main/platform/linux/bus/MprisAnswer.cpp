@@ -1,0 +1,81 @@
+#include "platform/linux/bus/MprisAnswer.h"
+
+#include <QDBusArgument>
+#include <QStringList>
+#include <QUrl>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype longestText = 500; // no face has room for more
+constexpr qsizetype longestAddress = 4096;
+constexpr double microsecond = 1e-6; // seconds
+
+/// A text within one line of the answer.
+QString oneLine(const QString& text)
+{
+    return text.left(2 * longestText).simplified().left(longestText);
+}
+
+QString seconds(const QVariant& microseconds)
+{
+    const double time = static_cast<double>(microseconds.toLongLong()) * microsecond;
+    return QString::number(std::max(time, 0.0), 'f', 3);
+}
+
+QString titleOf(const QVariantMap& metadata)
+{
+    QString title = oneLine(metadata.value(u"xesam:title"_s).toString());
+    if (!title.isEmpty())
+        return title;
+    return oneLine(QUrl(metadata.value(u"xesam:url"_s).toString().left(longestAddress)).fileName());
+}
+
+QString pictureOf(const QVariantMap& metadata)
+{
+    const QString address = metadata.value(u"mpris:artUrl"_s).toString();
+    return address.size() <= longestAddress && !address.contains(u'\n') ? address : QString();
+}
+
+} // namespace
+
+QVariantMap busDictionary(const QVariant& value)
+{
+    if (value.metaType() != QMetaType::fromType<QDBusArgument>())
+        return value.toMap();
+    const auto argument = value.value<QDBusArgument>();
+    return argument.currentSignature() == "a{sv}"_L1 ? qdbus_cast<QVariantMap>(argument) : QVariantMap();
+}
+
+MprisAnswer mprisAnswer(const QVariantMap& properties, const QString& name)
+{
+    const QString status = properties.value(u"PlaybackStatus"_s).toString();
+    const QVariantMap metadata = busDictionary(properties.value(u"Metadata"_s));
+    const bool playing = status == "Playing"_L1;
+    QString title = titleOf(metadata);
+    if (title.isEmpty() && playing)
+        title = oneLine(name);
+    if ((!playing && status != "Paused"_L1) || title.isEmpty())
+        return {.lines = u"stopped"_s, .picture = {}};
+
+    MprisAnswer answer{.lines = {}, .picture = pictureOf(metadata)};
+    bool hasRate = false;
+    const double rate = properties.value(u"Rate"_s).toDouble(&hasRate);
+    if (hasRate && std::isfinite(rate))
+        answer.rate = rate;
+    QStringList lines{playing ? u"playing"_s : u"paused"_s, title,
+        oneLine(metadata.value(u"xesam:artist"_s).toStringList().join(", "_L1)),
+        seconds(metadata.value(u"mpris:length"_s)), seconds(properties.value(u"Position"_s))};
+    if (!answer.picture.isEmpty())
+        lines.append(answer.picture);
+    answer.lines = lines.join(u'\n');
+    return answer;
+}
+
+} // namespace ambrelle

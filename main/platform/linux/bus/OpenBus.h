@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QDBusConnection>
+
+#include <functional>
+
+namespace ambrelle {
+
+/// Connects to a message bus, when somebody first needs it.
+using OpenBus = std::function<QDBusConnection()>;
+
+/// Of the objects that have properties.
+inline const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
+/// Milliseconds for the answer of a service, which may have to be started for it.
+inline constexpr int busPatience = 3000;
+
+} // namespace ambrelle

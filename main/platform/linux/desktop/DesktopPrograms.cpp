@@ -1,0 +1,90 @@
+#include "platform/linux/desktop/DesktopPrograms.h"
+
+#include "platform/linux/desktop/DesktopEntryText.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <array>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Launcher {
+    QLatin1StringView program;
+    QLatin1StringView verb; ///< empty: none
+    QLatin1StringView desktop; ///< empty: good anywhere
+};
+
+// Each takes the file of an entry. In the order of preference.
+constexpr std::array launchers{
+    Launcher{"kioclient"_L1, "exec"_L1, "KDE"_L1},
+    Launcher{"kioclient5"_L1, "exec"_L1, "KDE"_L1},
+    Launcher{"gio"_L1, "launch"_L1, {}},
+    Launcher{"kioclient"_L1, "exec"_L1, {}},
+    Launcher{"kioclient5"_L1, "exec"_L1, {}},
+    Launcher{"dex"_L1, {}, {}},
+};
+
+} // namespace
+
+DesktopPrograms::DesktopPrograms(QStringList desktops)
+    : m_desktops(std::move(desktops))
+{
+}
+
+bool DesktopPrograms::isUsable(const DesktopEntryText& entry, const QStringList& desktops)
+{
+    if (entry.value("Type") != "Application" || entry.isTrue("Hidden"))
+        return false;
+    const auto names = [&](const QByteArray& key) {
+        const QStringList listed = entry.list(key);
+        return std::ranges::any_of(desktops, [&](const QString& desktop) { return listed.contains(desktop); });
+    };
+    if (names("NotShowIn") || (!entry.list("OnlyShowIn").isEmpty() && !names("OnlyShowIn")))
+        return false;
+    const QString tried = QString::fromUtf8(entry.value("TryExec").value_or(QByteArray()));
+    if (!tried.isEmpty() && QStandardPaths::findExecutable(tried).isEmpty())
+        return false;
+    return entry.value("Exec") || entry.isTrue("DBusActivatable");
+}
+
+QString DesktopPrograms::usableEntry(const QString& program) const
+{
+    if (program.isEmpty() || program.contains(u'/'))
+        return {};
+    // The first folder that has an entry of the name hides the others.
+    const QString file = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, program + u".desktop"_s);
+    const std::optional<QByteArray> content = DesktopEntryText::contentOf(file);
+    return content && isUsable(DesktopEntryText(*content), m_desktops) ? file : QString();
+}
+
+bool DesktopPrograms::has(const QString& program) const
+{
+    return !usableEntry(program).isEmpty();
+}
+
+void DesktopPrograms::open(const QString& program)
+{
+    const QString file = usableEntry(program);
+    if (file.isEmpty())
+        return;
+    for (const Launcher& launcher : launchers) {
+        if (!launcher.desktop.isEmpty() && !m_desktops.contains(launcher.desktop))
+            continue;
+        const QString tool = QStandardPaths::findExecutable(launcher.program);
+        if (tool.isEmpty())
+            continue;
+        QStringList arguments{launcher.verb, file};
+        arguments.removeAll(QString());
+        QProcess::startDetached(tool, arguments, QDir::homePath());
+        return;
+    }
+}
+
+} // namespace ambrelle

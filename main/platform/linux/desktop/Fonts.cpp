@@ -1,0 +1,32 @@
+#include "platform/linux/desktop/Fonts.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fontconfig/fontconfig.h>
+
+namespace ambrelle::Fonts {
+
+using namespace Qt::StringLiterals;
+
+bool registerFolder(const QString& folder)
+{
+    const QByteArray path = QFile::encodeName(folder);
+    // The folder as a whole: fontconfig keeps what it found there, and reads no font file at the next start.
+    return QFileInfo(folder).isDir()
+        && FcConfigAppFontAddDir(nullptr, reinterpret_cast<const FcChar8*>(path.constData())) == FcTrue;
+}
+
+bool registerBundled()
+{
+    const QDir program = QFileInfo(u"/proc/self/exe"_s).canonicalFilePath().section(u'/', 0, -2);
+    // Beside the program while developing, below the common prefix when installed.
+    for (const QString& folder : {u"share/ambrelle/fonts"_s, u"../share/ambrelle/fonts"_s}) {
+        if (registerFolder(QDir::cleanPath(program.filePath(folder))))
+            return true;
+    }
+    return false;
+}
+
+} // namespace ambrelle::Fonts

@@ -1,0 +1,69 @@
+#include "platform/linux/kernel/LinuxProcessorSource.h"
+
+#include "platform/linux/kernel/ProcessorParser.h"
+
+#include <ctime>
+
+#include <sys/sysinfo.h>
+
+namespace ambrelle {
+
+namespace {
+
+// The kernel's estimates of waiting and guest time may go back by a few ticks. Seen through a counter that wraps
+// that would be a day of work in a second, so such a counter stands still until it has caught up.
+quint32 neverBack(quint32 before, quint32 now)
+{
+    return qint32(now - before) < 0 ? before : now;
+}
+
+} // namespace
+
+LinuxProcessorSource::LinuxProcessorSource(const QByteArray& procFolder)
+    : m_file(procFolder + "/stat")
+{
+    m_available = m_file.read().has_value();
+}
+
+QString LinuxProcessorSource::whyNot() const
+{
+    return m_available ? QString() : QStringLiteral("The kernel does not tell how busy the processors are.");
+}
+
+std::optional<QList<ProcessorTicks>> LinuxProcessorSource::ticks()
+{
+    const auto text = m_file.read();
+    auto current = text ? parseProcessorTicks(*text) : std::nullopt;
+    m_available = current.has_value();
+    if (!current)
+        return std::nullopt;
+    if (m_previous.size() == current->size()) {
+        for (qsizetype i = 0; i < current->size(); ++i) {
+            auto& now = (*current)[i];
+            const auto& before = m_previous.at(i);
+            now = {neverBack(before.user, now.user), neverBack(before.system, now.system),
+                neverBack(before.idle, now.idle), neverBack(before.nice, now.nice)};
+        }
+    }
+    m_previous = *current;
+    return current;
+}
+
+std::optional<std::array<double, 3>> LinuxProcessorSource::loadAverages()
+{
+    struct sysinfo info { };
+    if (::sysinfo(&info) != 0)
+        return std::nullopt;
+    constexpr double scale = 1 << SI_LOAD_SHIFT;
+    return std::array{double(info.loads[0]) / scale, double(info.loads[1]) / scale, double(info.loads[2]) / scale};
+}
+
+double LinuxProcessorSource::uptime()
+{
+    timespec time{};
+    if (::clock_gettime(CLOCK_BOOTTIME, &time) != 0)
+        return 0;
+    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+}
+
+} // namespace ambrelle

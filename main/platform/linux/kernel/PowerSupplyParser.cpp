@@ -1,0 +1,137 @@
+#include "platform/linux/kernel/PowerSupplyParser.h"
+
+#include "foundation/TextFields.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+using Figure = std::optional<qint64> PowerSupply::*;
+struct SupplyLine {
+    std::string_view name;
+    Figure field;
+};
+
+constexpr std::string_view prefix = "POWER_SUPPLY_";
+constexpr std::array supplyLines{
+    SupplyLine{"ENERGY_NOW", &PowerSupply::energy},
+    SupplyLine{"ENERGY_FULL", &PowerSupply::energyFull},
+    SupplyLine{"CHARGE_NOW", &PowerSupply::charge},
+    SupplyLine{"CHARGE_FULL", &PowerSupply::chargeFull},
+    SupplyLine{"POWER_NOW", &PowerSupply::power},
+    SupplyLine{"CURRENT_NOW", &PowerSupply::current},
+    SupplyLine{"VOLTAGE_NOW", &PowerSupply::voltage},
+    SupplyLine{"CAPACITY", &PowerSupply::percent},
+    SupplyLine{"TIME_TO_EMPTY_NOW", &PowerSupply::secondsToEmpty},
+    SupplyLine{"TIME_TO_FULL_NOW", &PowerSupply::secondsToFull},
+};
+
+constexpr qint64 mostMinutes = 7 * 24 * 60; // beyond a week the rate was noise
+
+QByteArray bytes(std::string_view text)
+{
+    return QByteArray(text.data(), qsizetype(text.size()));
+}
+
+void readLine(PowerSupply& supply, std::string_view name, std::string_view value)
+{
+    if (name == "TYPE")
+        supply.type = bytes(value);
+    else if (name == "STATUS")
+        supply.status = bytes(value);
+    else if (name == "SCOPE")
+        supply.isOfDevice = value == "Device";
+    else if (name == "PRESENT")
+        supply.present = value != "0";
+    else if (name == "ONLINE")
+        supply.online = value != "0";
+    else if (const auto* known = std::find_if(
+                 supplyLines.begin(), supplyLines.end(), [name](const SupplyLine& each) { return each.name == name; });
+             known != supplyLines.end())
+        supply.*known->field = toNumber<qint64>(value);
+}
+
+struct Gauge {
+    qint64 now = 0;
+    qint64 full = 0;
+    std::optional<double> perHour; // in the unit of now, always positive
+};
+
+/// The battery in millionths of watt hours, else of ampere hours, else in per cent: what it has both figures of.
+Gauge gaugeOf(const PowerSupply& supply)
+{
+    const double volts = double(supply.voltage.value_or(0)) / 1e6;
+    const auto rate = [volts](std::optional<qint64> own, std::optional<qint64> other, double factor) {
+        // Some drivers count what flows out as negative.
+        if (own)
+            return std::optional(std::abs(double(*own)));
+        return other && volts > 0 ? std::optional(std::abs(double(*other)) * factor) : std::nullopt;
+    };
+    if (supply.energy && supply.energyFull.value_or(0) > 0)
+        return {*supply.energy, *supply.energyFull, rate(supply.power, supply.current, volts)};
+    if (supply.charge && supply.chargeFull.value_or(0) > 0)
+        return {*supply.charge, *supply.chargeFull, rate(supply.current, supply.power, volts > 0 ? 1 / volts : 0)};
+    return {supply.percent.value_or(0), 100, std::nullopt};
+}
+
+std::optional<int> minutesFor(double amount, std::optional<double> perHour, std::optional<qint64> seconds)
+{
+    double minutes = seconds ? double(*seconds) / 60 : -1;
+    if (!seconds && perHour && *perHour >= 1)
+        minutes = std::max(amount, 0.0) / *perHour * 60;
+    return minutes >= 0 && minutes <= double(mostMinutes) ? int(std::lround(minutes)) : -1;
+}
+
+bool feedsMachine(const PowerSupply& supply)
+{
+    return !supply.isOfDevice && supply.type != "Battery" && supply.type != "UPS";
+}
+
+} // namespace
+
+PowerSupply parsePowerSupply(std::string_view text, std::string_view type)
+{
+    PowerSupply supply;
+    supply.type = bytes(type);
+    while (!text.empty()) {
+        auto line = takeLine(text);
+        if (!line.starts_with(prefix))
+            continue;
+        line.remove_prefix(prefix.size());
+        const auto name = takeUntil(line, '=');
+        readLine(supply, name, line);
+    }
+    return supply;
+}
+
+QList<PowerSourceDescription> describe(const QList<PowerSupply>& supplies)
+{
+    const bool hasMains = std::any_of(supplies.begin(), supplies.end(), feedsMachine);
+    const bool online = std::any_of(
+        supplies.begin(), supplies.end(), [](const PowerSupply& each) { return feedsMachine(each) && each.online; });
+
+    QList<PowerSourceDescription> descriptions;
+    for (const auto& supply : supplies) {
+        if (supply.type != "Battery" || !supply.present)
+            continue;
+        const auto gauge = gaugeOf(supply);
+        PowerSourceDescription description;
+        description.type = supply.isOfDevice ? PowerSourceType::other : PowerSourceType::internalBattery;
+        // A worn battery may hold more than its own estimate of full.
+        description.currentCapacity = std::clamp<qint64>(gauge.now, 0, gauge.full);
+        description.maxCapacity = gauge.full;
+        description.isCharging = supply.status == "Charging";
+        description.isCharged = supply.status == "Full";
+        description.onAC = hasMains ? online : supply.status != "Discharging";
+        description.timeToFullCharge =
+            minutesFor(double(gauge.full) - double(gauge.now), gauge.perHour, supply.secondsToFull);
+        description.timeToEmpty = minutesFor(double(gauge.now), gauge.perHour, supply.secondsToEmpty);
+        descriptions.append(description);
+    }
+    return descriptions;
+}
+
+} // namespace ambrelle

@@ -1,0 +1,41 @@
+#include "platform/linux/kernel/ProcessParser.h"
+
+#include "foundation/TextFields.h"
+
+namespace ambrelle {
+
+namespace {
+
+void skipFields(std::string_view& text, int count)
+{
+    for (int i = 0; i < count; ++i)
+        takeField(text);
+}
+
+} // namespace
+
+std::optional<ProcessStat> parseProcessStat(std::string_view text)
+{
+    // Only the last bracket ends the name: a process may call itself ") R 1 (".
+    const auto open = text.find(" (");
+    const auto close = text.rfind(')');
+    if (open == std::string_view::npos || close == std::string_view::npos || close < open + 2)
+        return std::nullopt;
+    const auto id = toNumber<qint64>(text.substr(0, open));
+    const auto name = text.substr(open + 2, close - open - 2);
+
+    // Fields are numbered from 1 in proc(5); the state, number 3, follows the name.
+    auto rest = text.substr(close + 1);
+    skipFields(rest, 11);
+    const auto userTicks = takeNumber<quint64>(rest); // 14
+    const auto systemTicks = takeNumber<quint64>(rest);
+    skipFields(rest, 6);
+    const auto start = takeNumber<quint64>(rest); // 22
+    skipFields(rest, 1);
+    const auto resident = takeNumber<qint64>(rest); // 24
+    if (!id || !userTicks || !systemTicks || !start || !resident)
+        return std::nullopt;
+    return ProcessStat{*id, name, *userTicks + *systemTicks, *start, quint64(std::max<qint64>(*resident, 0))};
+}
+
+} // namespace ambrelle

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "foundation/Clock.h"
+#include "foundation/MinuteBeat.h"
+#include "foundation/WorkQueue.h"
+#include "platform/linux/kernel/ClockWatch.h"
+
+#include <QTimer>
+
+namespace ambrelle {
+
+/// The machine's clock. One timer serves all work, and none runs while nobody waits. It belongs to the thread that made
+/// it and needs that thread's event loop.
+class SystemClock : public Clock {
+public:
+    SystemClock();
+
+    QDateTime now() const override { return QDateTime::currentDateTime(); }
+    double elapsed() const override;
+    [[nodiscard]] Ticket every(std::chrono::milliseconds period, Work work) override;
+    [[nodiscard]] Ticket after(std::chrono::milliseconds delay, Work work) override;
+    [[nodiscard]] Ticket everyMinute(Work work) override;
+
+private:
+    void arm();
+
+    QTimer m_timer;
+    WorkQueue m_queue;
+    MinuteBeat m_minutes;
+    ClockWatch m_watch;
+};
+
+} // namespace ambrelle

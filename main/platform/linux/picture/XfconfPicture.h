@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/DesktopPicture.h"
+#include "platform/linux/picture/ConnectedScreens.h"
+#include "platform/linux/picture/ToolErrands.h"
+
+#include <QMap>
+
+#include <optional>
+
+namespace ambrelle {
+
+/// Xfce's desktop: a picture for each workspace of each screen, kept in Xfconf.
+class XfconfPicture final : public DesktopPicture {
+    Q_OBJECT
+public:
+    explicit XfconfPicture(
+        std::chrono::milliseconds patience = ToolErrands::usualPatience, ListScreens screens = &connectedScreens);
+
+    bool isAvailable() const override { return whyNot().isEmpty(); }
+    QString whyNot() const override;
+    void set(const QList<ScreenPicture>& pictures, Done done) override;
+    void read(const QString& connector, std::function<void(const QString& file)> done) override;
+    void remember(const QString& folder, std::function<void(const QJsonObject& memory)> done) override;
+    void giveBack(const QJsonObject& memory, Done done) override;
+
+private:
+    using Values = QMap<QString, std::optional<QString>>; ///< by property; nothing: it is not set
+    /// What is known of the desktop when an errand runs.
+    struct Desk {
+        QMap<QString, QString> values; ///< by property, of the whole desktop
+        int workspaces = 0;
+        QStringList connectors; ///< of the connected screens
+        QString error;
+
+        std::optional<QString> value(const QString& property) const;
+        QStringList listedPlaces() const;
+        QStringList placesOf(const QString& connector) const;
+    };
+
+    QStringList connectors() const;
+    // All of these wait.
+    Desk look(const QStringList& connectors) const;
+    int workspaceCount() const;
+    QString show(const QList<ScreenPicture>& pictures, const Desk& before) const;
+    QString write(const Values& wanted, const Desk& before) const;
+    QString put(const QString& property, const std::optional<QString>& value) const;
+
+    static QString shown(const QString& connector, const Desk& desk);
+    static QJsonObject memory(const Desk& desk);
+
+    ListScreens m_screens;
+    ToolErrands m_tools;
+};
+
+} // namespace ambrelle

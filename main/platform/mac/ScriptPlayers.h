@@ -1,0 +1,60 @@
+#pragma once
+
+#include "foundation/Errands.h"
+#include "platform/PlayerSource.h"
+
+#include <QPointer>
+
+#include <functional>
+#include <optional>
+
+namespace ambrelle {
+
+inline const QString scriptRunner = QStringLiteral("/usr/bin/osascript");
+
+using ScriptDone = std::function<void(const std::optional<QString>& output)>;
+
+/// Runs an AppleScript and gives what it printed, trimmed; none when the runner cannot be started or fails. The answer
+/// comes later on this thread. When `context` goes before, the script is stopped.
+void runAppleScript(const QString& source, QObject* context, ScriptDone done, const QString& runner = scriptRunner);
+
+/// The players of a system with a script runner. Scripts tell nothing by themselves: they have to be asked regularly.
+class ScriptPlayers final : public PlayerSource {
+    Q_OBJECT
+public:
+    /// Whether the application with that bundle identifier runs.
+    using IsRunning = std::function<bool(const QString& bundle)>;
+
+    /// Pictures on their way to the program lie in `folder` for a moment.
+    explicit ScriptPlayers(IsRunning isRunning, const QString& runner = scriptRunner, const QString& folder = {});
+
+    bool isAvailable() const override;
+    QString whyNot() const override;
+    void start() override { }
+    QList<Player> players() const override;
+    bool notifies() const override { return false; }
+    bool keepsTime(const QString&) const override { return true; }
+    void query(const QString& player, QObject* context, Answered answered) override;
+    void artwork(const QString& player, qint64 mostBytes, QObject* context, Delivered delivered) override;
+    void command(const QString& player, PlayerCommand command) override;
+
+private:
+    struct Export {
+        QString player;
+        qint64 mostBytes = 0;
+        QPointer<QObject> context;
+        Delivered delivered;
+    };
+
+    void startExport();
+    void readExport(bool exported);
+    void finishExport(const QByteArray& picture);
+
+    IsRunning m_isRunning;
+    QString m_runner;
+    QString m_pictureFile;
+    QList<Export> m_exports; // the first one runs: they share the file
+    Errands m_reading;
+};
+
+} // namespace ambrelle

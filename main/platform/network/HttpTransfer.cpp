@@ -1,0 +1,139 @@
+#include "platform/network/HttpTransfer.h"
+
+#include <QHostAddress>
+#include <QNetworkReply>
+
+#include <utility>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int mostRedirects = 5;
+
+bool isThisMachine(const QString& host)
+{
+    return host == "localhost"_L1 || QHostAddress(host).isLoopback();
+}
+
+QNetworkRequest requestFor(const QUrl& url)
+{
+    QNetworkRequest request(url);
+    request.setHeader(QNetworkRequest::UserAgentHeader, u"Ambrelle"_s);
+    // Followed here, one request each: the module's own way loses the answer when the server closes the connection.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    // Single documents gain nothing by it.
+    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+    for (const auto attribute : {QNetworkRequest::CookieLoadControlAttribute,
+             QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::AuthenticationReuseAttribute})
+        request.setAttribute(attribute, QNetworkRequest::Manual);
+    return request;
+}
+
+} // namespace
+
+bool mayFetch(const QUrl& url)
+{
+    if (!url.isValid() || url.host().isEmpty())
+        return false;
+    return url.scheme() == "https"_L1 || (url.scheme() == "http"_L1 && isThisMachine(url.host()));
+}
+
+HttpTransfer::HttpTransfer(
+    QNetworkAccessManager& manager, const QUrl& url, const Bounds& bounds, QObject* context, HttpClient::Done done)
+    : QObject(&manager)
+    , m_manager(manager)
+    , m_mostBytes(bounds.bytes)
+    , m_context(context)
+    , m_done(std::move(done))
+{
+    connect(context, &QObject::destroyed, this, [this] { end(tr("Nobody waits for the answer.")); });
+    connect(&m_deadline, &QTimer::timeout, this, [this] { end(tr("The server did not answer in time.")); });
+    m_deadline.setSingleShot(true);
+    m_deadline.setTimerType(Qt::PreciseTimer);
+    m_deadline.start(bounds.time);
+    request(url);
+}
+
+void HttpTransfer::request(const QUrl& url)
+{
+    m_body.clear();
+    m_reply = m_manager.get(requestFor(url));
+    // One byte more than may come is enough to see that it is too much.
+    m_reply->setReadBufferSize(m_mostBytes + 1);
+    connect(m_reply, &QNetworkReply::readyRead, this, &HttpTransfer::collect);
+    connect(m_reply, &QNetworkReply::finished, this, &HttpTransfer::replyFinished);
+}
+
+void HttpTransfer::collect()
+{
+    m_body += m_reply->read(m_mostBytes + 1 - m_body.size());
+    const qint64 announced = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    if (m_body.size() > m_mostBytes || announced > m_mostBytes)
+        end(tr("The server's answer is too large."));
+}
+
+void HttpTransfer::replyFinished()
+{
+    if (m_reply->error() != QNetworkReply::NoError) {
+        end(failure());
+        return;
+    }
+    const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    if (!target.isEmpty()) {
+        redirect(m_reply->url().resolved(target));
+        return;
+    }
+    collect();
+    end(failure());
+}
+
+void HttpTransfer::redirect(const QUrl& target)
+{
+    if (target.scheme() != "https"_L1) {
+        end(tr("The server points to an address that is not secure."));
+    } else if (++m_redirects > mostRedirects) {
+        end(tr("The server points somewhere else again and again."));
+    } else {
+        m_reply->deleteLater();
+        request(target);
+    }
+}
+
+void HttpTransfer::end(const QString& error)
+{
+    if (!m_done)
+        return;
+    const auto done = std::exchange(m_done, nullptr);
+    disconnect(m_reply, nullptr, this, nullptr);
+    m_deadline.stop();
+    m_reply->abort();
+    m_reply->deleteLater();
+    deleteLater();
+    Q_EMIT ended();
+    if (m_context)
+        done(error.isEmpty() ? HttpAnswer{m_body, {}} : HttpAnswer{{}, error});
+}
+
+QString HttpTransfer::failure() const
+{
+    const QString host = m_reply->url().host();
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    switch (m_reply->error()) {
+    case QNetworkReply::NoError:
+        if (status >= 200 && status < 300)
+            return {};
+        break;
+    case QNetworkReply::HostNotFoundError: return tr("The server %1 was not found.").arg(host);
+    case QNetworkReply::ConnectionRefusedError: return tr("The server %1 refuses connections.").arg(host);
+    case QNetworkReply::SslHandshakeFailedError: return tr("The connection to %1 would not be secure.").arg(host);
+    case QNetworkReply::RemoteHostClosedError: return tr("The server %1 broke the connection off.").arg(host);
+    default: break;
+    }
+    return status >= 200 ? tr("The server answered with error %1.").arg(status)
+                         : tr("The server %1 cannot be reached.").arg(host);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/WindowHost.h"
+#include "platform/x11/window/RasterSurface.h"
+#include "platform/x11/window/WindowGround.h"
+
+namespace ambrelle {
+
+/// The toolkit's side of a backdrop: a borderless window that may have the focus.
+class BackdropSurface final : public RasterSurface {
+    Q_OBJECT
+public:
+    BackdropSurface(BackdropDelegate& delegate, X11Parts& parts);
+
+    void groundChanged(); ///< the desktop picture or the need for it has changed
+
+protected:
+    bool handle(QEvent& event) override;
+    void paint(QPainter& painter, const QRegion& area) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QRect nativePlace() const;
+
+    BackdropDelegate& m_delegate;
+    WindowGround m_ground;
+    bool m_pressed = false;
+};
+
+} // namespace ambrelle

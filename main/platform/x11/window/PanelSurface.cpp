@@ -1,0 +1,148 @@
+#include "platform/x11/window/PanelSurface.h"
+
+#include "platform/x11/window/PanelAccess.h"
+#include "platform/x11/window/PixelGrid.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+
+namespace ambrelle {
+
+PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
+    : m_delegate(delegate)
+    , m_parts(parts)
+    , m_ground(parts)
+    , m_pixelRatio(devicePixelRatio())
+{
+    setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
+    // The toolkit's own name for mapping a window with user time 0, which keeps the focus where it is.
+    setProperty("_q_showWithoutActivating", true);
+    setTitle(QStringLiteral("Ambrelle"));
+    connect(this, &QWindow::screenChanged, this, &PanelSurface::checkPixelRatio);
+}
+
+PanelSurface::~PanelSurface()
+{
+    if (m_access)
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(m_access));
+}
+
+void PanelSurface::moveTo(const QRect& geometry)
+{
+    m_place = geometry.topLeft();
+    if (geometry != this->geometry())
+        setGeometry(geometry);
+}
+
+void PanelSurface::repaint(const QRectF& area)
+{
+    const QRect wanted = PixelGrid(m_pixelRatio).covering(area) & QRect({0, 0}, size());
+    if (!wanted.isEmpty())
+        update(wanted);
+}
+
+void PanelSurface::groundChanged()
+{
+    m_ground.forget();
+    updateAll();
+    if (!isRetired())
+        m_delegate.appearanceChanged();
+}
+
+void PanelSurface::namesChanged()
+{
+    if (m_access)
+        m_access->tellNewNames();
+}
+
+void PanelSurface::pressButton(qsizetype index)
+{
+    if (!isRetired())
+        deliver([&] { m_delegate.pressButton(index); });
+}
+
+QAccessibleInterface* PanelSurface::accessibleRoot() const
+{
+    if (isRetired() || m_delegate.accessibleName().isEmpty())
+        return nullptr;
+    return QAccessible::queryAccessibleInterface(const_cast<PanelSurface*>(this));
+}
+
+bool PanelSurface::handle(QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::Enter: m_delegate.pointerEntered(); return true;
+    case QEvent::Leave: m_delegate.pointerLeft(); return true;
+    case QEvent::Close: event.ignore(); return true; // a task bar may ask; panels go when their widget goes
+    default: return false;
+    }
+}
+
+void PanelSurface::paint(QPainter& painter, const QRegion& area)
+{
+    checkPixelRatio();
+    m_ground.draw(painter, nativeGeometry(), m_pixelRatio);
+    painter.setRenderHint(QPainter::Antialiasing);
+    m_delegate.paint(painter, area.boundingRect());
+}
+
+void PanelSurface::moveEvent(QMoveEvent* event)
+{
+    RasterSurface::moveEvent(event);
+    m_place = event->pos();
+    if (!m_parts.compositor.isActive())
+        updateAll();
+}
+
+void PanelSurface::mousePressEvent(QMouseEvent* event)
+{
+    m_delegate.pointerPressed(pointerEvent(*event));
+}
+
+void PanelSurface::mouseMoveEvent(QMouseEvent* event)
+{
+    PointerEvent moved = pointerEvent(*event);
+    for (const Qt::MouseButton held : {Qt::MiddleButton, Qt::RightButton, Qt::LeftButton}) {
+        if (event->buttons().testFlag(held))
+            moved.button = held;
+    }
+    m_delegate.pointerMoved(moved);
+}
+
+void PanelSurface::mouseReleaseEvent(QMouseEvent* event)
+{
+    m_delegate.pointerReleased(pointerEvent(*event));
+}
+
+QRect PanelSurface::nativeGeometry() const
+{
+    // A screen keeps its native place under scaling; only distances from there are scaled.
+    // While a window manager takes the window over, position() passes through places that no move event tells of.
+    const QPointF corner = screen()->geometry().topLeft();
+    const QPointF place = corner + (QPointF(m_place) - corner) * m_pixelRatio;
+    return {place.toPoint(), (QSizeF(size()) * m_pixelRatio).toSize()};
+}
+
+void PanelSurface::checkPixelRatio()
+{
+    if (m_pixelRatio == devicePixelRatio())
+        return;
+    m_pixelRatio = devicePixelRatio();
+    // Painting may have found it out, and must not be asked to change the window meanwhile.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            Q_EMIT pixelRatioChanged();
+            groundChanged();
+        },
+        Qt::QueuedConnection);
+}
+
+PointerEvent PanelSurface::pointerEvent(const QMouseEvent& event) const
+{
+    return {
+        event.position(), m_parts.screens.space().turned(event.globalPosition()), event.button(), event.modifiers()};
+}
+
+} // namespace ambrelle

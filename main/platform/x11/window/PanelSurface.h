@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/WindowHost.h"
+#include "platform/x11/window/RasterSurface.h"
+#include "platform/x11/window/WindowGround.h"
+
+namespace ambrelle {
+
+class PanelAccess;
+
+/// The toolkit's side of a panel: clears what is to be painted, or puts the desktop picture there where nothing
+/// composites, and hands painting and the pointer on to the delegate.
+class PanelSurface final : public RasterSurface {
+    Q_OBJECT
+public:
+    PanelSurface(PanelDelegate& delegate, X11Parts& parts);
+    ~PanelSurface() override;
+
+    void moveTo(const QRect& geometry);
+    void repaint(const QRectF& area); ///< asks for a paint of those points, rounded out to whole pixels
+    void groundChanged(); ///< the desktop picture or the need for it has changed
+    void namesChanged();
+
+    const PanelDelegate* delegate() const { return isRetired() ? nullptr : &m_delegate; } ///< null once retired
+    void pressButton(qsizetype index); ///< may end in retire()
+    QAccessibleInterface* accessibleRoot() const override;
+    /// What assistive technology sees of the panel; null once it has gone.
+    void setAccess(PanelAccess* access) { m_access = access; }
+
+Q_SIGNALS:
+    void pixelRatioChanged();
+
+protected:
+    bool handle(QEvent& event) override;
+    void paint(QPainter& painter, const QRegion& area) override;
+    void moveEvent(QMoveEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QRect nativeGeometry() const;
+    void checkPixelRatio();
+    PointerEvent pointerEvent(const QMouseEvent& event) const;
+
+    PanelDelegate& m_delegate;
+    X11Parts& m_parts;
+    WindowGround m_ground;
+    QPoint m_place; ///< where the window is or was last sent
+    double m_pixelRatio;
+    PanelAccess* m_access = nullptr;
+};
+
+} // namespace ambrelle

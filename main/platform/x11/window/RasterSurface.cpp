@@ -1,0 +1,105 @@
+#include "platform/x11/window/RasterSurface.h"
+
+#include <QEvent>
+#include <QPainter>
+
+#include <utility>
+
+namespace ambrelle {
+
+RasterSurface::RasterSurface()
+{
+    setSurfaceType(QSurface::RasterSurface);
+    QSurfaceFormat translucent = format();
+    translucent.setAlphaBufferSize(8);
+    setFormat(translucent);
+}
+
+void RasterSurface::update(const QRect& area)
+{
+    m_outdated |= area;
+    requestUpdate();
+}
+
+void RasterSurface::updateAll()
+{
+    update(QRect({0, 0}, size()));
+}
+
+void RasterSurface::retire()
+{
+    m_retired = true;
+    if (m_delivering == 0) {
+        delete this;
+        return;
+    }
+    hide();
+    deleteLater();
+}
+
+void RasterSurface::deliver(const std::function<void()>& work)
+{
+    ++m_delivering;
+    work();
+    --m_delivering;
+}
+
+bool RasterSurface::event(QEvent* event)
+{
+    // Only the event that deletes this object still counts.
+    if (m_retired)
+        return event->type() == QEvent::DeferredDelete && QWindow::event(event);
+    bool taken = false;
+    deliver([&] { taken = handle(*event) || take(*event); });
+    return taken;
+}
+
+bool RasterSurface::take(QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::UpdateRequest: flush(); return true;
+    case QEvent::Paint: // the server has lost what it showed
+        m_outdated = QRect({0, 0}, size());
+        flush();
+        return true;
+    default: return QWindow::event(&event);
+    }
+}
+
+void RasterSurface::exposeEvent(QExposeEvent* event)
+{
+    QWindow::exposeEvent(event);
+    if (isExposed() && !m_appeared)
+        Q_EMIT appeared();
+    m_appeared = isExposed();
+}
+
+void RasterSurface::resizeEvent(QResizeEvent* event)
+{
+    QWindow::resizeEvent(event);
+    updateAll();
+}
+
+void RasterSurface::flush()
+{
+    const QRect whole({0, 0}, size());
+    if (!isExposed() || whole.isEmpty())
+        return;
+    if (m_store.size() != size() || m_storeRatio != devicePixelRatio()) {
+        m_store.resize(size());
+        m_storeRatio = devicePixelRatio();
+        m_outdated = whole;
+    }
+    const QRegion area = std::exchange(m_outdated, QRegion()) & whole;
+    if (area.isEmpty())
+        return;
+    m_store.beginPaint(area);
+    QPainter painter(m_store.paintDevice());
+    painter.setClipRegion(area);
+    paint(painter, area);
+    painter.end();
+    m_store.endPaint();
+    m_store.flush(area);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/x11/connection/RootWatch.h"
+#include "platform/x11/window/X11Backdrop.h"
+#include "platform/x11/window/X11Panel.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace ambrelle {
+
+/// Keeps panels of the desktop level above the desktop windows of file managers and shells, some of which rise when
+/// they are clicked or start later, and those of the floating level above the backdrops, which get the focus.
+class StackingGuard final : public QObject {
+    Q_OBJECT
+public:
+    StackingGuard(
+        RootWatch& watch, const X11Parts& parts, const QList<X11Panel*>& panels, const QList<X11Backdrop*>& backdrops);
+
+    void schedule(); ///< looks once the order has been quiet for a moment
+
+private:
+    void check();
+    QList<X11Panel*> panelsInOrder(const std::vector<uint32_t>& stacking, WindowLevel level) const;
+    bool isForeignDesktopAbove(const std::vector<uint32_t>& stacking, const QList<X11Panel*>& panels) const;
+    bool isBackdropAbove(const std::vector<uint32_t>& stacking, const QList<X11Panel*>& panels) const;
+    bool mayRestack();
+    void restack(const QList<X11Panel*>& panels) const;
+
+    RootWatch& m_watch;
+    const X11Parts& m_parts;
+    const QList<X11Panel*>& m_panels;
+    const QList<X11Backdrop*>& m_backdrops;
+    QTimer m_quiet;
+    QElapsedTimer m_sinceFirst;
+    int m_restacks = 0;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/WindowHost.h"
+#include "platform/x11/window/BackdropSurface.h"
+
+#include <functional>
+
+namespace ambrelle {
+
+/// A backdrop as a normal window that task bars and pagers leave out.
+class X11Backdrop final : public BackdropWindow {
+public:
+    X11Backdrop(BackdropDelegate& delegate, X11Parts& parts);
+    ~X11Backdrop() override;
+
+    void setFrame(const QRectF& screen) override;
+    QRectF frame() const override { return m_frame; }
+    void show() override;
+    void takeFocus() override;
+    void update() override { m_surface->updateAll(); }
+
+    xcb_window_t window() const { return m_window; }
+    void groundChanged() { m_surface->groundChanged(); }
+    void redress(); ///< tells a new window manager what the window is
+
+    std::function<void(X11Backdrop*)> onDestroyed;
+
+private:
+    void dress() const;
+    void announce() const;
+    void appeared();
+    void activate();
+
+    BackdropSurface* m_surface; ///< deletes itself once retired
+    X11Parts& m_parts;
+    xcb_window_t m_window;
+    QRectF m_frame;
+    bool m_wantsFocus = false;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,236 @@
+#include "platform/x11/window/X11Panel.h"
+
+#include "platform/x11/window/PixelGrid.h"
+#include "platform/x11/window/RoundedRows.h"
+
+#include <xcb/shape.h>
+
+#include <array>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+// Without a compositor a window is either there or not.
+constexpr double leastOpacityShown = 0.5;
+
+/// Takes no input focus, appears as a normal window, and belongs to no group. The toolkit makes all its windows one,
+/// and Xfwm4 keeps the floating ones of a group no higher than those of the desktop level.
+void writeHints(const X11Connection& x, xcb_window_t window)
+{
+    constexpr uint32_t inputAndState = 3;
+    constexpr uint32_t normalState = 1;
+    const std::array<uint32_t, 9> hints{inputAndState, 0, normalState};
+    xcb_change_property(x.handle(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 32,
+        static_cast<uint32_t>(hints.size()), hints.data());
+}
+
+xcb_rectangle_t shapeRectangle(const QRect& rect)
+{
+    return {static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()), static_cast<uint16_t>(rect.width()),
+        static_cast<uint16_t>(rect.height())};
+}
+
+} // namespace
+
+X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts)
+    : m_surface(new PanelSurface(delegate, parts))
+    , m_parts(parts)
+{
+    m_surface->create();
+    m_window = static_cast<xcb_window_t>(m_surface->winId());
+    QObject::connect(m_surface, &PanelSurface::pixelRatioChanged, m_surface, [this] {
+        place();
+        applyInput();
+        applyShape();
+    });
+    // Openbox gives its frame the input area only when that is set after the window has appeared.
+    QObject::connect(m_surface, &PanelSurface::appeared, m_surface, [this] { applyInput(); });
+    dress();
+}
+
+X11Panel::~X11Panel()
+{
+    if (onDestroyed)
+        onDestroyed(this);
+    QObject::disconnect(m_surface, &PanelSurface::pixelRatioChanged, nullptr, nullptr);
+    QObject::disconnect(m_surface, &PanelSurface::appeared, nullptr, nullptr);
+    m_surface->retire();
+}
+
+void X11Panel::setFrame(const QRectF& frame)
+{
+    m_frame = frame;
+    place();
+}
+
+void X11Panel::place()
+{
+    const QRectF wanted = m_parts.screens.space().turnedBack(m_frame);
+    m_surface->moveTo({wanted.topLeft().toPoint(), PixelGrid(pixelRatio()).covering(wanted.size())});
+}
+
+void X11Panel::show()
+{
+    if (isShown())
+        return;
+    m_surface->show();
+    announce();
+}
+
+void X11Panel::hide()
+{
+    if (!isShown())
+        return;
+    m_surface->hide();
+    dress();
+}
+
+void X11Panel::setLevel(WindowLevel level)
+{
+    if (level == m_level)
+        return;
+    m_level = level;
+    if (isShown())
+        remap();
+    else
+        dress();
+}
+
+void X11Panel::remap()
+{
+    // Openbox reads the type of a window only when the window appears.
+    m_surface->hide();
+    dress();
+    m_surface->show();
+    announce();
+}
+
+void X11Panel::redress()
+{
+    dress();
+    if (isShown())
+        announce();
+}
+
+/// Writes what a window manager reads when the window appears. Only raw properties: the toolkit's window flags would
+/// rewrite type and states.
+void X11Panel::dress()
+{
+    const X11Connection& x = m_parts.connection;
+    const bool floating = m_level == WindowLevel::floating;
+    const xcb_atom_t type = floating ? m_parts.manager.floatingType() : x.atom(Atom::typeDesktop);
+    x.setProperty(m_window, Atom::wmWindowType, XCB_ATOM_ATOM, {type});
+    std::vector<uint32_t> states{
+        x.atom(Atom::stateSticky), x.atom(Atom::stateSkipTaskbar), x.atom(Atom::stateSkipPager)};
+    if (floating)
+        states.push_back(x.atom(Atom::stateAbove));
+    x.setProperty(m_window, Atom::wmState, XCB_ATOM_ATOM, states);
+    x.setProperty(m_window, Atom::wmDesktop, XCB_ATOM_CARDINAL, {WindowHint::everyDesktop});
+    writeHints(x, m_window);
+    // The toolkit also offers WM_TAKE_FOCUS, an invitation to move the focus here.
+    x.setProperty(m_window, Atom::wmProtocols, XCB_ATOM_ATOM,
+        {x.atom(Atom::wmDeleteWindow), x.atom(Atom::wmPing), x.atom(Atom::wmSyncRequest)});
+    x.setText(m_window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, QByteArray("ambrelle\0Ambrelle\0", 18));
+    x.setText(m_window, x.atom(Atom::wmName), x.atom(Atom::utf8String), "Ambrelle");
+    x.flush();
+}
+
+/// Says the same once more to the window manager: after a window was hidden it removes the states at a moment of its
+/// own, often after they were written anew.
+void X11Panel::announce()
+{
+    const X11Connection& x = m_parts.connection;
+    const auto state = [&](uint32_t action, Atom first, uint32_t second = XCB_ATOM_NONE) {
+        x.tellManager(m_window, Atom::wmState, {action, x.atom(first), second, WindowHint::fromApplication});
+    };
+    state(m_level == WindowLevel::floating ? WindowHint::addState : WindowHint::removeState, Atom::stateAbove);
+    state(WindowHint::removeState, Atom::stateBelow);
+    state(WindowHint::addState, Atom::stateSkipTaskbar, x.atom(Atom::stateSkipPager));
+    state(WindowHint::addState, Atom::stateSticky);
+    state(WindowHint::removeState, Atom::stateDemandsAttention);
+    x.tellManager(m_window, Atom::wmDesktop, {WindowHint::everyDesktop, WindowHint::fromApplication});
+    x.flush();
+}
+
+void X11Panel::setOpacity(double opacity)
+{
+    m_opacity = std::clamp(opacity, 0.0, 1.0);
+    const X11Connection& x = m_parts.connection;
+    if (m_opacity >= 1)
+        x.removeProperty(m_window, Atom::wmWindowOpacity);
+    else
+        x.setProperty(
+            m_window, Atom::wmWindowOpacity, XCB_ATOM_CARDINAL, {static_cast<uint32_t>(m_opacity * 0xFFFFFFFF)});
+    applyShape();
+    x.flush();
+}
+
+void X11Panel::setClickThrough(bool through)
+{
+    if (through == m_clickThrough)
+        return;
+    m_clickThrough = through;
+    applyInput();
+}
+
+void X11Panel::setInputArea(const QRectF& area)
+{
+    if (m_inputArea == area)
+        return;
+    m_inputArea = area;
+    applyInput();
+}
+
+void X11Panel::applyInput()
+{
+    xcb_connection_t* connection = m_parts.connection.handle();
+    if (!m_clickThrough && !m_inputArea) {
+        xcb_shape_mask(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, m_window, 0, 0, XCB_PIXMAP_NONE);
+    } else {
+        const QRect area = m_clickThrough ? QRect() : PixelGrid(pixelRatio()).pixels(*m_inputArea);
+        const xcb_rectangle_t rectangle = shapeRectangle(area);
+        xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window, 0,
+            0, area.isEmpty() ? 0 : 1, &rectangle);
+    }
+    m_parts.connection.flush();
+}
+
+void X11Panel::setOutline(const QRectF& area, double corner)
+{
+    m_outline = area;
+    m_corner = corner;
+    applyShape();
+}
+
+/// Where nothing composites a window covers its whole rectangle, so it is cut to its outline: otherwise its margins
+/// would hide the faces of its neighbours and other windows.
+void X11Panel::applyShape()
+{
+    const bool bare = !m_parts.compositor.isActive();
+    const bool hidden = bare && m_opacity < leastOpacityShown;
+    const bool cut = bare && !m_outline.isEmpty();
+    xcb_connection_t* connection = m_parts.connection.handle();
+    if (!hidden && !cut) {
+        if (m_shaped)
+            xcb_shape_mask(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window, 0, 0, XCB_PIXMAP_NONE);
+        m_shaped = false;
+    } else {
+        const std::vector<xcb_rectangle_t> rows = hidden
+            ? std::vector<xcb_rectangle_t>{}
+            : roundedRows(PixelGrid(pixelRatio()).pixels(m_outline), m_corner * pixelRatio());
+        xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED, m_window,
+            0, 0, static_cast<uint32_t>(rows.size()), rows.data());
+        m_shaped = true;
+    }
+    m_parts.connection.flush();
+}
+
+void X11Panel::groundChanged()
+{
+    applyShape();
+    m_surface->groundChanged();
+}
+
+} // namespace ambrelle

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/WindowHost.h"
+#include "platform/x11/window/PanelSurface.h"
+
+#include <functional>
+#include <optional>
+
+namespace ambrelle {
+
+/// A panel as a window that the window manager knows as part of the desktop, or as a dock above the other windows.
+class X11Panel final : public PanelWindow {
+public:
+    X11Panel(PanelDelegate& delegate, X11Parts& parts);
+    ~X11Panel() override;
+
+    void setFrame(const QRectF& frame) override;
+    QRectF frame() const override { return m_frame; }
+    void show() override;
+    void hide() override;
+    void setLevel(WindowLevel level) override;
+    void setOpacity(double opacity) override;
+    void setClickThrough(bool through) override;
+    void setInputArea(const QRectF& area) override;
+    void setOutline(const QRectF& area, double corner) override;
+    void update(const QRectF& area) override { m_surface->repaint(area); }
+    double pixelRatio() const override { return m_surface->devicePixelRatio(); }
+    void namesChanged() override { m_surface->namesChanged(); }
+
+    xcb_window_t window() const { return m_window; }
+    PanelSurface& surface() const { return *m_surface; }
+    WindowLevel level() const { return m_level; }
+    bool isShown() const { return m_surface->isVisible(); }
+    bool isOnScreen() const { return m_surface->isExposed(); } ///< painted at least once since it was shown
+    void place(); ///< puts the window where its frame says, after the screens have moved
+    void redress(); ///< tells a new window manager what the window is
+    void remap(); ///< puts the window on top of its layer, where the window manager has no better way
+    void groundChanged(); ///< the compositor came or went, or the desktop picture changed
+
+    std::function<void(X11Panel*)> onDestroyed;
+
+private:
+    void dress();
+    void announce();
+    void applyInput();
+    void applyShape();
+
+    PanelSurface* m_surface; ///< deletes itself once retired
+    X11Parts& m_parts;
+    xcb_window_t m_window;
+    QRectF m_frame;
+    WindowLevel m_level = WindowLevel::desktop;
+    double m_opacity = 1;
+    bool m_clickThrough = false;
+    bool m_shaped = false;
+    std::optional<QRectF> m_inputArea;
+    QRectF m_outline;
+    double m_corner = 0;
+};
+
+} // namespace ambrelle

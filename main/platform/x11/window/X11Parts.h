@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/x11/connection/CompositorWatch.h"
+#include "platform/x11/connection/ScreenList.h"
+#include "platform/x11/connection/WindowManager.h"
+#include "platform/x11/connection/X11Connection.h"
+#include "platform/x11/root/RootPicture.h"
+
+namespace ambrelle {
+
+/// What all panels of one X server share.
+struct X11Parts {
+    X11Parts(xcb_connection_t* handle, int screenNumber)
+        : connection(handle, screenNumber)
+    {
+    }
+
+    X11Connection connection;
+    CompositorWatch compositor{connection};
+    RootPicture picture{connection};
+    WindowManager manager{connection};
+    ScreenList screens;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/calendar/CalendarOccurrences.h"
+#include "platform/calendar/IcsParser.h"
+#include "support/TestData.h"
+
+#include <QDateTime>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace ambrelle {
+
+inline std::chrono::sys_seconds instantOf(const QDateTime& moment)
+{
+    return std::chrono::sys_seconds(std::chrono::seconds(moment.toSecsSinceEpoch()));
+}
+
+inline QDateTime momentOf(std::chrono::sys_seconds instant)
+{
+    return QDateTime::fromSecsSinceEpoch(instant.time_since_epoch().count(), Qt::UTC);
+}
+
+/// "03-28 08:00 to 03-28 08:15 Stand-up" in UTC, by start, and the days of an all-day event in the local zone.
+inline QStringList eventRows(const QByteArray& text, const QDateTime& from, const QDateTime& to)
+{
+    const CalendarZone local(from.timeZone());
+    const IcsFile file = IcsParser::parsed(view(text));
+    QStringList rows;
+    Effort effort;
+    for (const auto& series : file.series) {
+        if (series.isReminder())
+            continue;
+        for (const auto& event : CalendarOccurrences::events(series, instantOf(from), instantOf(to), local, effort)) {
+            const bool isDay = event.item->start->isDay;
+            const auto format = [&](std::chrono::sys_seconds instant) {
+                return isDay ? momentOf(instant).toTimeZone(from.timeZone()).toString(QStringLiteral("MM-dd"))
+                             : momentOf(instant).toString(QStringLiteral("MM-dd HH:mm"));
+            };
+            rows.append(format(event.start) + QStringLiteral(" to ") + format(event.end) + u' ' + event.item->title);
+        }
+    }
+    rows.sort();
+    return rows;
+}
+
+} // namespace ambrelle

@@ -1,0 +1,295 @@
+#include "platform/calendar/FolderCalendarStore.h"
+
+#include "foundation/ManualClock.h"
+#include "platform/calendar/CalendarBook.h"
+#include "support/TestData.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+
+#include <ctime>
+
+#include <sys/stat.h>
+
+namespace ambrelle {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+QByteArray event(const QByteArray& uid, const QByteArray& start = "20250602T120000Z")
+{
+    return "BEGIN:VEVENT\r\nUID:" + uid + "\r\nSUMMARY:" + uid + "\r\nDTSTART:" + start + "\r\nEND:VEVENT\r\n";
+}
+
+QByteArray reminder(const QByteArray& uid, const QByteArray& lines = {})
+{
+    return "BEGIN:VTODO\r\nUID:" + uid + "\r\nSUMMARY:" + uid + "\r\n" + lines + "END:VTODO\r\n";
+}
+
+QByteArray calendar(const QByteArray& content)
+{
+    return "BEGIN:VCALENDAR\r\n" + content + "END:VCALENDAR\r\n";
+}
+
+class FolderCalendarStoreTest : public ::testing::Test {
+protected:
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    void write(const QString& name, const QByteArray& content) const
+    {
+        QDir().mkpath(QFileInfo(path(name)).path());
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
+        ASSERT_EQ(file.write(content), content.size());
+    }
+    QByteArray read(const QString& name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    bool waitUntil(const std::function<bool()>& condition)
+    {
+        const QDeadlineTimer deadline(20'000);
+        QTimer tick; // ends the waiting for events now and then
+        tick.start(5);
+        while (!condition() && !deadline.hasExpired()) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+            clock.advance(20ms);
+        }
+        return condition();
+    }
+    bool access(FolderCalendarStore& store)
+    {
+        std::optional<bool> granted;
+        store.requestAccess(&m_context, [&granted](bool answer) { granted = answer; });
+        EXPECT_FALSE(granted); // never at once
+        EXPECT_TRUE(waitUntil([&granted] { return granted.has_value(); }));
+        return granted.value_or(false);
+    }
+    QStringList titles(FolderCalendarStore& store, const QStringList& calendars)
+    {
+        std::optional<QStringList> titles;
+        const QDateTime today(QDate(2025, 6, 2), QTime(0, 0), Qt::UTC);
+        store.events(today, today.addDays(7), calendars, &m_context, [&titles](const QList<CalendarEvent>& events) {
+            titles.emplace();
+            for (const CalendarEvent& each : events)
+                titles->append(each.title);
+            titles->sort();
+        });
+        EXPECT_TRUE(waitUntil([&titles] { return titles.has_value(); }));
+        return titles.value_or(QStringList());
+    }
+    QList<CalendarReminder> reminders(FolderCalendarStore& store)
+    {
+        std::optional<QList<CalendarReminder>> found;
+        store.reminders(clock.now(), &m_context, [&found](const QList<CalendarReminder>& answer) { found = answer; });
+        EXPECT_TRUE(waitUntil([&found] { return found.has_value(); }));
+        return found.value_or(QList<CalendarReminder>());
+    }
+    bool complete(FolderCalendarStore& store, const QString& identifier)
+    {
+        std::optional<bool> saved;
+        store.complete(identifier, moment, &m_context, [&saved](bool answer) { saved = answer; });
+        EXPECT_TRUE(waitUntil([&saved] { return saved.has_value(); }));
+        return saved.value_or(false);
+    }
+
+    ManualClock clock;
+    const QDateTime moment{QDate(2025, 6, 2), QTime(10, 0), Qt::UTC};
+
+private:
+    QTemporaryDir m_folder;
+    QObject m_context;
+};
+
+TEST_F(FolderCalendarStoreTest, FoldersAndFilesAreCalendars)
+{
+    write(u"root/synced/account/office/displayname"_s, "Work \xE2\x9C\x93\n");
+    write(u"root/synced/account/office/color"_s, "#ff8800aa\n");
+    write(u"root/synced/account/office/a.ics"_s, calendar(event("a")));
+    write(u"root/synced/account/office/b.ics"_s, "X-WR" + calendar("X-WR-CALNAME:Not a name\r\n" + reminder("b")));
+    write(u"root/synced/account/office/.hidden.ics"_s, calendar(event("hidden")));
+    write(u"root/synced/account/todo/c.ics"_s, calendar(reminder("c")));
+    write(u"root/synced/account/new/color"_s, "teal");
+    QDir().mkpath(path(u"root/synced/account/empty"_s));
+    write(u"root/many.ics"_s, calendar(event("d") + event("e")));
+    write(u"root/named.ICS"_s, calendar("X-WR-CALNAME:Holidays\r\nCOLOR:gold\r\n" + event("f")));
+    write(u"root/invitation.ics"_s, calendar(event("g")));
+    write(u"root/exported/export.ics"_s, calendar(event("h") + event("i")));
+    write(u"root/.git/j.ics"_s, calendar(event("j")));
+    write(u"root/notes/readme.txt"_s, "none of it");
+    write(u"root/one/two/three/four/deep.ics"_s, calendar(event("deep")));
+    FolderCalendarStore store(clock, {path(u"missing"_s), path(u"root"_s), path(u"root/synced/../"_s)});
+    EXPECT_FALSE(store.isAvailable());
+    ASSERT_TRUE(access(store));
+
+    const QString account = path(u"root/synced/account/"_s);
+    const QList<CalendarInfo> expected{
+        {account + u"empty"_s, u"empty"_s, {}, true, true},
+        {path(u"root/exported/export.ics"_s), u"exported"_s, {}, true, false},
+        {path(u"root/named.ICS"_s), u"Holidays"_s, QColor(255, 215, 0), true, false},
+        {path(u"root/many.ics"_s), u"many"_s, {}, true, false},
+        {account + u"new"_s, u"new"_s, QColor(0, 128, 128), true, true},
+        {path(u"root"_s), u"root"_s, {}, true, false},
+        {account + u"todo"_s, u"todo"_s, {}, false, true},
+        {account + u"office"_s, u"Work ✓"_s, QColor(0xFF, 0x88, 0), true, false},
+    };
+    auto found = store.calendars();
+    std::ranges::sort(found, {}, [](const CalendarInfo& each) { return each.name.toLower(); });
+    EXPECT_EQ(found.size(), expected.size());
+    for (qsizetype i = 0; i < std::min(found.size(), expected.size()); ++i) {
+        EXPECT_EQ(found[i].identifier.toStdString(), expected[i].identifier.toStdString());
+        EXPECT_EQ(found[i], expected[i]) << qPrintable(found[i].name);
+    }
+    EXPECT_THAT(titles(store, {path(u"root/many.ics"_s), path(u"root"_s)}), ElementsAre(u"d"_s, u"e"_s, u"g"_s));
+    EXPECT_THAT(titles(store, {account + u"office"_s, account + u"todo"_s}), ElementsAre(u"a"_s));
+}
+
+TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
+{
+    FolderCalendarStore store(clock, {path(u"home/.calendars"_s)});
+    int changes = 0;
+    QObject::connect(&store, &CalendarStore::changed, [&changes] { ++changes; });
+    EXPECT_FALSE(access(store));
+    EXPECT_TRUE(store.whyNot(CalendarKind::events).contains(u"~/.calendars"_s));
+    EXPECT_TRUE(store.whyNot(CalendarKind::reminders).contains(u"~/.calendars"_s));
+
+    const auto becomes = [&](const QStringList& expected) {
+        return waitUntil([&] {
+            const int before = changes;
+            QStringList calendars;
+            for (const CalendarInfo& each : store.calendars())
+                calendars.append(each.identifier);
+            return titles(store, calendars) == expected && changes == before;
+        });
+    };
+    const QString file = u"home/.calendars/office/a.ics"_s;
+    write(file, calendar(event("appears")));
+    EXPECT_TRUE(becomes({u"appears"_s}));
+    EXPECT_TRUE(store.isAvailable());
+    EXPECT_EQ(store.whyNot(CalendarKind::events), QString());
+    write(file, calendar(event("rewritten")));
+    EXPECT_TRUE(becomes({u"rewritten"_s}));
+    write(u"home/b.tmp"_s, calendar(event("moved")));
+    ASSERT_EQ(::rename(qPrintable(path(u"home/b.tmp"_s)), qPrintable(path(u"home/.calendars/office/b.ics"_s))), 0);
+    EXPECT_TRUE(becomes({u"moved"_s, u"rewritten"_s}));
+    // A file elsewhere that a link leads to.
+    write(u"elsewhere/c.ics"_s, calendar(event("linked")));
+    ASSERT_TRUE(QFile::link(path(u"elsewhere/c.ics"_s), path(u"home/.calendars/c.ics"_s)));
+    EXPECT_TRUE(becomes({u"linked"_s, u"moved"_s, u"rewritten"_s}));
+    write(u"elsewhere/c.ics"_s, calendar(event("behind the link")));
+    EXPECT_TRUE(becomes({u"behind the link"_s, u"moved"_s, u"rewritten"_s}));
+    write(u"home/.calendars/office/displayname"_s, "Renamed");
+    EXPECT_TRUE(waitUntil([&store] {
+        return std::ranges::any_of(
+            store.calendars(), [](const CalendarInfo& each) { return each.name == "Renamed"_L1; });
+    }));
+
+    ASSERT_TRUE(QDir(path(u"home/.calendars"_s)).removeRecursively());
+    EXPECT_TRUE(waitUntil([&store] { return !store.isAvailable(); }));
+    write(file, calendar(event("again")));
+    EXPECT_TRUE(becomes({u"again"_s}));
+
+    const int settled = changes;
+    write(u"home/.calendars/office/notes.txt"_s, "not a calendar");
+    write(file, calendar(event("last")));
+    EXPECT_TRUE(becomes({u"last"_s}));
+    EXPECT_EQ(changes, settled + 1);
+}
+
+TEST_F(FolderCalendarStoreTest, CompletesRemindersInTheirFiles)
+{
+    write(u"root/list/plain.ics"_s, calendar(reminder("plain", "X-KEPT:as it is\r\n")));
+    write(u"root/list/daily.ics"_s, calendar(reminder("daily", "DUE;VALUE=DATE:20250602\r\nRRULE:FREQ=DAILY\r\n")));
+    ASSERT_EQ(::chmod(qPrintable(path(u"root/list/plain.ics"_s)), 0640), 0);
+    FolderCalendarStore store(clock, {path(u"root"_s)});
+    ASSERT_TRUE(access(store));
+    int changes = 0;
+    QObject::connect(&store, &CalendarStore::changed, [&changes] { ++changes; });
+
+    auto found = reminders(store);
+    ASSERT_EQ(found.size(), 2);
+    EXPECT_EQ(found[0].title, u"daily"_s);
+    EXPECT_EQ(found[0].due, QDateTime(QDate(2025, 6, 2), QTime(0, 0), Qt::UTC));
+    EXPECT_FALSE(found[0].hasTime);
+    EXPECT_EQ(found[1].due, std::nullopt);
+    EXPECT_TRUE(complete(store, found[1].identifier));
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(read(u"root/list/plain.ics"_s),
+        calendar(reminder("plain",
+            "X-KEPT:as it is\r\nSTATUS:COMPLETED\r\nCOMPLETED:20250602T100000Z\r\nPERCENT-COMPLETE:100\r\n"
+            "LAST-MODIFIED:20250602T100000Z\r\nSEQUENCE:1\r\n")));
+    EXPECT_TRUE(QFile::permissions(path(u"root/list/plain.ics"_s)).testFlags(QFile::ReadGroup | QFile::WriteOwner));
+    EXPECT_FALSE(QFile::permissions(path(u"root/list/plain.ics"_s)).testFlag(QFile::ReadOther));
+
+    EXPECT_TRUE(complete(store, found[0].identifier));
+    found = reminders(store);
+    ASSERT_EQ(found.size(), 1);
+    EXPECT_EQ(found[0].due, QDateTime(QDate(2025, 6, 3), QTime(0, 0), Qt::UTC));
+    EXPECT_EQ(QDir(path(u"root/list"_s)).entryList(QDir::Files | QDir::Hidden).size(), 2); // nothing left lying about
+
+    EXPECT_FALSE(complete(store, u"nothing"_s));
+    ASSERT_TRUE(QFile::remove(path(u"root/list/daily.ics"_s)));
+    EXPECT_FALSE(complete(store, found[0].identifier));
+    EXPECT_THAT(reminders(store), IsEmpty());
+}
+
+TEST_F(FolderCalendarStoreTest, HostileFilesDoNotHideTheOthers)
+{
+    write(u"root/good.ics"_s, calendar(event("good") + event("better")));
+    write(u"root/empty.ics"_s, {});
+    write(u"root/cut.ics"_s, testData("calendars/web-calendar.ics").left(700));
+    QDir().mkpath(path(u"root/folder.ics"_s));
+    ASSERT_TRUE(QFile::link(u"/dev/zero"_s, path(u"root/zero.ics"_s)));
+    ASSERT_TRUE(QFile::link(path(u"root/loop.ics"_s), path(u"root/loop.ics"_s)));
+    ASSERT_TRUE(QFile::link(path(u"root"_s), path(u"root/circle"_s)));
+    ASSERT_EQ(::mkfifo(qPrintable(path(u"root/pipe.ics"_s)), 0600), 0);
+    QFile large(path(u"root/large.ics"_s));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(CalendarBook::mostFileBytes + 1));
+    FolderCalendarStore store(clock, {path(u"root"_s)});
+    ASSERT_TRUE(access(store));
+    EXPECT_THAT(titles(store, {path(u"root/good.ics"_s)}), ElementsAre(u"better"_s, u"good"_s));
+}
+
+double secondsOf(clockid_t processor)
+{
+    timespec time{};
+    ::clock_gettime(processor, &time);
+    return double(time.tv_sec) + double(time.tv_nsec) / 1e9;
+}
+
+TEST_F(FolderCalendarStoreTest, ThousandsOfItemsAreReadOnAnotherThread)
+{
+    QByteArray many;
+    for (int i = 0; i < 20'000; ++i)
+        many += event(QByteArray::number(i), i % 2000 == 0 ? "20250603T080000Z" : "20240603T080000Z");
+    write(u"root/many.ics"_s, calendar(many));
+    for (int i = 0; i < 1000; ++i)
+        write(u"root/items/%1.ics"_s.arg(i), calendar(event("item" + QByteArray::number(i))));
+    FolderCalendarStore store(clock, {path(u"root"_s)});
+    std::optional<bool> granted;
+    QObject context;
+    const double before = secondsOf(CLOCK_THREAD_CPUTIME_ID);
+    const double allBefore = secondsOf(CLOCK_PROCESS_CPUTIME_ID);
+    store.requestAccess(&context, [&granted](bool answer) { granted = answer; });
+    ASSERT_TRUE(waitUntil([&granted] { return granted.has_value(); }));
+    qsizetype found = 0;
+    const QDateTime today(QDate(2025, 6, 2), QTime(0, 0), Qt::UTC);
+    store.events(today, today.addDays(7), {path(u"root/many.ics"_s), path(u"root/items"_s)}, &context,
+        [&found](const QList<CalendarEvent>& events) { found = events.size(); });
+    EXPECT_TRUE(waitUntil([&found] { return found > 0; }));
+    EXPECT_EQ(found, 1010);
+    const double all = secondsOf(CLOCK_PROCESS_CPUTIME_ID) - allBefore;
+    EXPECT_LT(secondsOf(CLOCK_THREAD_CPUTIME_ID) - before, all / 3);
+}
+
+} // namespace
+} // namespace ambrelle

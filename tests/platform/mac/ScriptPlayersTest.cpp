@@ -1,0 +1,173 @@
+#include "platform/mac/ScriptPlayers.h"
+#include "support/WaitUntil.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr qint64 plenty = 1000; // bytes
+
+/// A runner of the test's own stands where the system's would. It writes down what it was given.
+class ScriptPlayersTest : public ::testing::Test {
+protected:
+    /// Lets the runner do that, in the language of the shell; the script is $2.
+    void runnerDoes(const QByteArray& commands)
+    {
+        QFile file(runner);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write("#!/bin/sh\nprintf '%s\\n' \"$@\" >> '" + QFile::encodeName(log) + "'\n" + commands + '\n');
+        file.setPermissions(file.permissions() | QFile::ExeUser);
+    }
+    QString given() const
+    {
+        QFile file(log);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+    std::optional<QString> run(const QString& source, const QString& program)
+    {
+        std::optional<std::optional<QString>> output;
+        runAppleScript(
+            source, &players, [&output](const auto& printed) { output = printed; }, program);
+        EXPECT_TRUE(waitUntil([&output] { return output.has_value(); }));
+        return output.value_or(u"no answer"_s);
+    }
+    QString query(const QString& player)
+    {
+        std::optional<QString> answer;
+        players.query(player, &players, [&answer](const QString& lines) { answer = lines; });
+        EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); }));
+        return answer.value_or(u"no answer"_s);
+    }
+    QTemporaryDir folder;
+    QString runner = folder.filePath(u"runner"_s);
+    QString log = folder.filePath(u"log"_s);
+    QString pictureFile = folder.filePath(u"ambrelle-artwork"_s);
+    QStringList running{u"com.spotify.client"_s, u"com.apple.Music"_s};
+    ScriptPlayers players{[this](const QString& bundle) { return running.contains(bundle); }, runner, folder.path()};
+};
+
+TEST_F(ScriptPlayersTest, RunsScripts)
+{
+    struct Case {
+        const char* what;
+        const char* commands;
+        std::optional<QString> output;
+    };
+    const Case cases[] = {
+        {"trimmed, with the line breaks inside", "printf ' \\n a\\nb \\n\\n'; echo lost >&2", u"a\nb"_s},
+        {"UTF-8", "printf 'Reykjav\\303\\255k'", u"Reykjavík"_s},
+        {"nothing", "", u""_s},
+        {"more than a pipe holds", "head -c 300000 /dev/zero | tr '\\0' x", QString(300'000, u'x')},
+        {"a failure", "echo a; exit 1", {}},
+        {"a crash", "echo a; kill -9 $$", {}},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.what);
+        runnerDoes(each.commands);
+        EXPECT_EQ(run(u"say \"a b\"\nsay $HOME"_s, runner), each.output);
+    }
+    EXPECT_THAT(given().toStdString(), ::testing::StartsWith("-e\nsay \"a b\"\nsay $HOME\n-e\n"));
+    EXPECT_EQ(run(u"x"_s, folder.filePath(u"missing"_s)), std::nullopt);
+}
+
+TEST_F(ScriptPlayersTest, AsksEachPlayerInItsWords)
+{
+    EXPECT_FALSE(players.isAvailable());
+    EXPECT_FALSE(players.whyNot().isEmpty());
+    runnerDoes("printf 'playing\\na\\nb\\n1\\n2\\n'");
+    EXPECT_TRUE(players.isAvailable());
+    EXPECT_FALSE(players.notifies());
+
+    EXPECT_THAT(players.players(), ElementsAre(Player{u"Music"_s, u"Music"_s}, Player{u"Spotify"_s, u"Spotify"_s}));
+    EXPECT_EQ(query(u"Spotify"_s), u"playing\na\nb\n1\n2"_s);
+    EXPECT_EQ(given().toStdString(),
+        "-e\n"
+        "tell application \"Spotify\"\n"
+        "    if player state is stopped then return \"stopped\"\n"
+        "    set t to current track\n"
+        "    return (player state as string) & linefeed & (name of t) & linefeed & (artist of t) & linefeed & "
+        "(((duration of t) / 1000) as string) & linefeed & (player position as string) & linefeed & (artwork url of "
+        "t)\n"
+        "end tell\n");
+    query(u"Music"_s);
+    EXPECT_THAT(given().toStdString(),
+        ::testing::EndsWith("linefeed & ((duration of t) as string) & linefeed & (player position as string)\n"
+                            "end tell\n"));
+    EXPECT_THAT(given().toStdString(), HasSubstr("tell application \"Music\"\n"));
+
+    runnerDoes("exit 1");
+    EXPECT_EQ(query(u"Music"_s), QString());
+    running.clear();
+    EXPECT_TRUE(players.players().isEmpty());
+}
+
+TEST_F(ScriptPlayersTest, PassesCommands)
+{
+    runnerDoes("");
+    players.command(u"Music"_s, PlayerCommand::playPause);
+    ASSERT_TRUE(waitUntil([this] { return given() == u"-e\ntell application \"Music\" to playpause\n"_s; }));
+    players.command(u"Spotify"_s, PlayerCommand::next);
+    ASSERT_TRUE(waitUntil([this] { return given().endsWith(u"tell application \"Spotify\" to next track\n"_s); }));
+    players.command(u"Spotify"_s, PlayerCommand::previous);
+    ASSERT_TRUE(waitUntil([this] { return given().endsWith(u"tell application \"Spotify\" to previous track\n"_s); }));
+}
+
+TEST_F(ScriptPlayersTest, TakesExportedPictures)
+{
+    const QByteArray exports = "printf '%s' picture > '" + QFile::encodeName(pictureFile) + "'; ";
+    struct Case {
+        const char* what;
+        QString player;
+        QByteArray commands;
+        qint64 mostBytes;
+        QByteArray picture;
+    };
+    const Case cases[] = {
+        {"a picture", u"Music"_s, exports + "echo ok", plenty, "picture"},
+        {"one that is too large", u"Music"_s, exports + "echo ok", 6, {}},
+        {"no picture, but one of an earlier track", u"Music"_s, exports + "echo none", plenty, {}},
+        {"a failure", u"Music"_s, exports + "echo ok; exit 1", plenty, {}},
+        {"a player that exports none", u"Spotify"_s, exports + "echo ok", plenty, {}},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.what);
+        runnerDoes(each.commands);
+        std::optional<QByteArray> picture;
+        players.artwork(
+            each.player, each.mostBytes, &players, [&picture](const QByteArray& bytes) { picture = bytes; });
+        ASSERT_TRUE(waitUntil([&picture] { return picture.has_value(); }));
+        EXPECT_EQ(*picture, each.picture);
+    }
+    EXPECT_THAT(given().toStdString(),
+        HasSubstr("set f to open for access (POSIX file \"" + pictureFile.toStdString()
+            + "\") with write permission\n"
+              "set eof f to 0\nwrite artData to f\nclose access f\nreturn \"ok\"\n"));
+}
+
+TEST_F(ScriptPlayersTest, ExportsDoNotMeetInTheFile)
+{
+    // Each run exports its number, slowly.
+    runnerDoes("n=$(grep -c '^-e$' '" + QFile::encodeName(log) + "'); printf 1 > '" + QFile::encodeName(pictureFile)
+        + "'; sleep 0.1; printf %s $n > '" + QFile::encodeName(pictureFile) + "'; echo ok");
+    QByteArrayList delivered;
+    for (int round = 0; round < 3; ++round)
+        players.artwork(
+            u"Music"_s, plenty, &players, [&delivered](const QByteArray& bytes) { delivered.append(bytes); });
+    ASSERT_TRUE(waitUntil([&delivered] { return delivered.size() == 3; }));
+    EXPECT_THAT(delivered, ElementsAre("1", "2", "3"));
+    EXPECT_FALSE(QFile::exists(pictureFile));
+}
+
+} // namespace
+} // namespace ambrelle

@@ -1,0 +1,247 @@
+#include "platform/network/QtHttpClient.h"
+
+#include "platform/network/HttpTransfer.h"
+#include "support/LocalServer.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QSslConfiguration>
+#include <QSslKey>
+#include <QSslServer>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qint64 mostBytes = 1000;
+
+/// Fetches and waits for the answer.
+HttpAnswer fetch(HttpClient& client, const QUrl& url)
+{
+    QObject context;
+    std::optional<HttpAnswer> answer;
+    client.get(url, mostBytes, &context, [&answer](const HttpAnswer& arrived) { answer = arrived; });
+    EXPECT_FALSE(answer) << "an answer comes later, never during the call";
+    EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); }));
+    return answer.value_or(HttpAnswer{});
+}
+
+LocalServer::Play raw(const QByteArray& bytes)
+{
+    return [bytes](QTcpSocket& socket) { socket.write(bytes); };
+}
+
+LocalServer::Play packed(const QByteArray& body)
+{
+    constexpr qsizetype lengthField = 4; // which qCompress() puts before the stream
+    return LocalServer::answer(qCompress(body).mid(lengthField), "200 OK", "Content-Encoding: deflate\r\n");
+}
+
+} // namespace
+
+TEST(HttpAddressTest, PlainHttpIsForThisMachineAlone)
+{
+    const std::pair<const char*, bool> cases[] = {{"https://weather.example/v1", true}, {"http://127.0.0.1:80/", true},
+        {"http://[::1]/", true}, {"http://localhost:8080", true}, {"http://weather.example/", false},
+        {"http://127.0.0.1.example/", false}, {"http://192.168.0.1/", false}, {"ftp://localhost/", false},
+        {"file:///etc/passwd", false}, {"https:///nowhere", false}, {"", false}};
+    for (const auto& [address, allowed] : cases)
+        EXPECT_EQ(mayFetch(QUrl(QLatin1String(address))), allowed) << address;
+    QtHttpClient client;
+    EXPECT_EQ(
+        fetch(client, QUrl(u"http://weather.example/"_s)).error, u"The address “weather.example” is not secure."_s);
+    EXPECT_TRUE(client.isIdle());
+}
+
+TEST(QtHttpClientTest, AnswersWithTheBodyOrASentence)
+{
+    const QByteArray full(mostBytes, 'x');
+    const QByteArray head = "HTTP/1.1 200 OK\r\n";
+    struct Case {
+        const char* what;
+        LocalServer::Play play;
+        HttpAnswer expected;
+    };
+    const Case cases[] = {
+        {"a document", LocalServer::answer("{}"), {"{}", {}}},
+        {"a body as large as allowed", LocalServer::answer(full), {full, {}}},
+        {"a larger one, announced", LocalServer::answer(full + 'x'), {{}, u"The server's answer is too large."_s}},
+        {"announced huge, and nothing comes", raw(head + "Content-Length: 999999999999\r\n\r\n"),
+            {{}, u"The server did not answer in time."_s}},
+        {"a larger one, not announced", raw(head + "\r\n" + full + full), {{}, u"The server's answer is too large."_s}},
+        {"a packed document", packed("[1]"), {"[1]", {}}},
+        {"a small pack of much", packed(QByteArray(8'000'000, ' ')), {{}, u"The server's answer is too large."_s}},
+        {"a way that leads nowhere", LocalServer::answer("?", "302 Found"),
+            {{}, u"The server answered with error 302."_s}},
+        {"an error", LocalServer::answer("details", "500 Oops"), {{}, u"The server answered with error 500."_s}},
+        {"not found", LocalServer::answer({}, "404 No"), {{}, u"The server answered with error 404."_s}},
+        {"a demand for a password", LocalServer::answer({}, "401 No", "WWW-Authenticate: Basic realm=\"x\"\r\n"),
+            {{}, u"The server answered with error 401."_s}},
+        {"silence", [](QTcpSocket&) {}, {{}, u"The server did not answer in time."_s}},
+        {"half a document, then silence", raw(head + "Content-Length: 10\r\n\r\n12345"),
+            {{}, u"The server did not answer in time."_s}},
+        {"half a document, then the end",
+            [&](QTcpSocket& socket) {
+                socket.write(head + "Content-Length: 10\r\n\r\n12345");
+                socket.disconnectFromHost();
+            },
+            {{}, u"The server 127.0.0.1 broke the connection off."_s}},
+        {"a way to an insecure address", LocalServer::answer({}, "302 Found", "Location: http://127.0.0.1:1/\r\n"),
+            {{}, u"The server points to an address that is not secure."_s}},
+        {"a way to a file", LocalServer::answer({}, "302 Found", "Location: file:///etc/passwd\r\n"),
+            {{}, u"The server points to an address that is not secure."_s}},
+        {"no HTTP at all", raw("SSH-2.0-Server\r\n"), {{}, u"The server 127.0.0.1 broke the connection off."_s}},
+    };
+    LocalServer server;
+    QtHttpClient client(300ms);
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        server.play = each.play;
+        const HttpAnswer answer = fetch(client, server.url(u"/v1/search?name=S%C3%A3o%20Paulo%26&x=a,b"_s));
+        EXPECT_EQ(answer.error.toStdString(), each.expected.error.toStdString());
+        EXPECT_EQ(answer.body, each.expected.body);
+        EXPECT_EQ(server.targets.last(), "/v1/search?name=S%C3%A3o%20Paulo%26&x=a,b");
+    }
+}
+
+TEST(QtHttpClientTest, AServerThatIsNotThereIsNamed)
+{
+    QUrl closed;
+    {
+        const LocalServer server;
+        closed = server.url();
+    }
+    QtHttpClient client(5s);
+    EXPECT_EQ(fetch(client, closed).error, u"The server 127.0.0.1 refuses connections."_s);
+    EXPECT_EQ(fetch(client, QUrl(u"https://weather.invalid/"_s)).error, u"The server weather.invalid was not found."_s);
+}
+
+TEST(QtHttpClientTest, ASlowDripDoesNotOutliveTheTimeOut)
+{
+    LocalServer server;
+    server.play = [](QTcpSocket& socket) {
+        socket.write("HTTP/1.1 200 OK\r\n\r\n");
+        auto* drip = new QTimer(&socket);
+        QObject::connect(drip, &QTimer::timeout, &socket, [&socket] { socket.write("."); });
+        drip->start(20);
+    };
+    QtHttpClient client(250ms);
+    EXPECT_EQ(fetch(client, server.url()).error, u"The server did not answer in time."_s);
+}
+
+TEST(QtHttpClientTest, NobodyIsAnsweredWhoIsGone)
+{
+    LocalServer server;
+    QTcpSocket* connection = nullptr;
+    server.play = [&connection](QTcpSocket& socket) { connection = &socket; };
+    auto client = std::make_unique<QtHttpClient>(5s);
+    bool answered = false;
+    auto context = std::make_unique<QObject>();
+    client->get(server.url(), mostBytes, context.get(), [&answered](const HttpAnswer&) { answered = true; });
+    ASSERT_TRUE(waitUntil([&connection] { return connection != nullptr; }));
+    bool hungUp = false;
+    QObject::connect(connection, &QTcpSocket::disconnected, [&hungUp] { hungUp = true; });
+    context.reset();
+    EXPECT_TRUE(waitUntil([&] { return hungUp && client->isIdle(); })) << "the request is taken back";
+
+    QObject patient;
+    client->get(server.url(), mostBytes, &patient, [&answered](const HttpAnswer&) { answered = true; });
+    client.reset();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(answered);
+}
+
+TEST(QtHttpClientTest, HoldsNothingOnceItIsIdle)
+{
+    LocalServer server;
+    server.play = LocalServer::answer("1");
+    QtHttpClient client(5s);
+    QObject context;
+    int answers = 0;
+    const auto count = [&answers](const HttpAnswer& answer) { answers += answer.body == "1"; };
+    EXPECT_TRUE(client.isIdle());
+    client.get(server.url(), mostBytes, &context, count);
+    client.get(server.url(), mostBytes, &context, [&](const HttpAnswer& answer) {
+        count(answer);
+        client.get(server.url(), mostBytes, &context, count); // from within an answer
+    });
+    EXPECT_FALSE(client.isIdle());
+    EXPECT_TRUE(waitUntil([&answers] { return answers == 3; }));
+    EXPECT_TRUE(client.isIdle());
+}
+
+/// A server with a certificate of its own making.
+class SecureHttpTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        const QString openssl = QStandardPaths::findExecutable(u"openssl"_s);
+        if (openssl.isEmpty() || !QSslSocket::supportsSsl())
+            GTEST_SKIP() << "openssl is not installed";
+        const QString key = folder.filePath(u"key"_s);
+        const QString certificate = folder.filePath(u"certificate"_s);
+        ASSERT_EQ(QProcess::execute(openssl,
+                      {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s, u"ec_paramgen_curve:prime256v1"_s,
+                          u"-nodes"_s, u"-subj"_s, u"/CN=localhost"_s, u"-addext"_s, u"subjectAltName=IP:127.0.0.1"_s,
+                          u"-days"_s, u"2"_s, u"-keyout"_s, key, u"-out"_s, certificate}),
+            0);
+        QFile keyFile(key);
+        ASSERT_TRUE(keyFile.open(QIODevice::ReadOnly));
+        certificates = QSslCertificate::fromPath(certificate);
+        ASSERT_EQ(certificates.size(), 1);
+        QSslConfiguration configuration;
+        configuration.setPrivateKey(QSslKey(&keyFile, QSsl::Ec));
+        configuration.setLocalCertificate(certificates.first());
+        auto server = std::make_unique<QSslServer>();
+        server->setSslConfiguration(configuration);
+        secure = std::make_unique<LocalServer>(std::move(server), u"https"_s);
+        secure->play = LocalServer::answer("safe");
+    }
+    void TearDown() override { QSslConfiguration::setDefaultConfiguration(before); }
+
+    void trust()
+    {
+        QSslConfiguration configuration = before;
+        configuration.addCaCertificates(certificates);
+        QSslConfiguration::setDefaultConfiguration(configuration);
+    }
+
+    QTemporaryDir folder;
+    QList<QSslCertificate> certificates;
+    QSslConfiguration before = QSslConfiguration::defaultConfiguration();
+    std::unique_ptr<LocalServer> secure;
+    LocalServer plain;
+    QtHttpClient client{5s};
+};
+
+TEST_F(SecureHttpTest, FollowsWaysToSecureAddressesOnly)
+{
+    trust();
+    EXPECT_EQ(fetch(client, secure->url()).body, "safe");
+    plain.play = LocalServer::answer({}, "301 Moved", "Location: " + secure->url(u"/new"_s).toEncoded() + "\r\n");
+    EXPECT_EQ(fetch(client, plain.url(u"/old"_s)).body, "safe");
+    EXPECT_EQ(secure->targets.last(), "/new");
+
+    secure->play = LocalServer::answer({}, "302 Found", "Location: " + plain.url(u"/back"_s).toEncoded() + "\r\n");
+    EXPECT_EQ(fetch(client, secure->url()).error, u"The server points to an address that is not secure."_s);
+    EXPECT_EQ(plain.targets.last(), "/old");
+    secure->play = LocalServer::answer({}, "302 Found", "Location: /again\r\n");
+    EXPECT_EQ(fetch(client, secure->url()).error, u"The server points somewhere else again and again."_s);
+}
+
+TEST_F(SecureHttpTest, ACertificateThatNobodyTrustsEndsIt)
+{
+    EXPECT_EQ(fetch(client, secure->url()).error, u"The connection to 127.0.0.1 would not be secure."_s);
+    EXPECT_TRUE(secure->targets.isEmpty());
+}
+
+} // namespace ambrelle
