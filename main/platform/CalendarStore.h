@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/Port.h"
+
 #include <QColor>
 #include <QDateTime>
 #include <QList>
-#include <QObject>
-#include <QString>
 #include <QStringList>
 
 #include <functional>
@@ -50,16 +50,16 @@ struct CalendarReminder {
 
 /// The events and reminders of the user. Nothing here blocks: answers come later on this thread, unless `context` is
 /// gone by then. What has no time zone of its own counts as in that of the moment that came with the question. Moments
-/// are given in UTC: thousands of them compare in no time.
-class CalendarStore : public QObject {
-    Q_OBJECT
+/// are given in UTC: thousands of them compare in no time. Available while there is any calendar to read, which is
+/// known once requestAccess() was answered.
+class CalendarStore : public Port {
 public:
-    /// Whether there is any calendar to read. Known once requestAccess() was answered.
-    virtual bool isAvailable() const = 0;
-    /// One sentence, empty while available.
-    virtual QString whyNot(CalendarKind kind) const = 0;
+    QString whyNot() const final { return whyNone(CalendarKind::events); }
+    /// Why there are none of that kind: one sentence, empty while available.
+    virtual QString whyNone(CalendarKind kind) const = 0;
 
-    /// Opens the store, and answers isAvailable(). From then on changed() comes when anything is different.
+    /// Opens the store, and answers isAvailable(). From then on changed() comes when calendars, events or reminders, or
+    /// whether there are any, are different.
     virtual void requestAccess(QObject* context, std::function<void(bool granted)> done) = 0;
     /// All calendars by name; empty before access was granted.
     virtual QList<CalendarInfo> calendars() const = 0;
@@ -73,9 +73,6 @@ public:
     /// today. `done` gets whether it was saved.
     virtual void complete(
         const QString& reminder, const QDateTime& now, QObject* context, std::function<void(bool saved)> done) = 0;
-
-Q_SIGNALS:
-    void changed(); ///< calendars, events or reminders, or whether there are any
 };
 
 } // namespace ambrelle

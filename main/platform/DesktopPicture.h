@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/Port.h"
+
 #include <QJsonObject>
 #include <QList>
-#include <QObject>
-#include <QString>
 
 #include <functional>
 
@@ -19,14 +19,10 @@ struct ScreenPicture {
 
 /// The picture that the desktop shows behind everything. Nothing here blocks: answers come later on the main thread, or
 /// never when the object is destroyed before.
-class DesktopPicture : public QObject {
-    Q_OBJECT
+class DesktopPicture : public Port {
 public:
     /// Gets one sentence why it did not work, empty when it did.
     using Done = std::function<void(const QString& error)>;
-
-    virtual bool isAvailable() const = 0;
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
 
     /// Shows each picture on its screen, filling it; other screens keep theirs. A desktop that has one picture for all
     /// screens takes the first. On failure the old picture stays.

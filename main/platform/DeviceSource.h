@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/Port.h"
+
 #include <QList>
-#include <QObject>
-#include <QString>
 
 #include <optional>
 
@@ -23,21 +23,15 @@ struct ConnectedDevice {
     bool operator==(const ConnectedDevice&) const = default;
 };
 
-/// Tells which accessories are connected, and how full their batteries are.
-class DeviceSource : public QObject {
-    Q_OBJECT
+/// Tells which accessories are connected, and how full their batteries are. Available until it turned out otherwise.
+class DeviceSource : public Port {
 public:
-    virtual bool isAvailable() const = 0; ///< true until it turned out otherwise
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
     /// As told last; none before the first answer, empty while unavailable.
     virtual std::optional<QList<ConnectedDevice>> devices() const = 0;
 
     /// Asks afresh. Before the first call nothing is asked or listened to; after it changes are told without asking,
     /// but not every system tells those of batteries.
     virtual void refresh() = 0;
-
-Q_SIGNALS:
-    void changed(); ///< any of the answers above
 };
 
 } // namespace ambrelle

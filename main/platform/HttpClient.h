@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/Port.h"
+
 #include <QByteArray>
-#include <QObject>
 #include <QUrl>
 
 #include <functional>
@@ -17,13 +18,9 @@ struct HttpAnswer {
 };
 
 /// Fetches single documents from the network.
-class HttpClient : public QObject {
-    Q_OBJECT
+class HttpClient : public Port {
 public:
     using Done = std::function<void(const HttpAnswer& answer)>;
-
-    virtual bool isAvailable() const = 0;
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
 
     /// Gets `url` and answers later on this thread, unless `context` is gone by then. An answer takes at most 20
     /// seconds and `mostBytes`; redirects lead to HTTPS only, plain HTTP is for this machine alone.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QObject>
+#include "platform/Port.h"
+
 #include <QPointF>
-#include <QString>
 
 #include <functional>
 #include <optional>
@@ -10,15 +10,14 @@
 namespace ambrelle {
 
 /// What the user does with the pointer outside this program's windows, and how long ago they did anything at all. Takes
-/// nothing away from other programs and never sees what is typed.
-class InputMonitor : public QObject {
+/// nothing away from other programs and never sees what is typed. Available if it tells at least when the last input
+/// was.
+class InputMonitor : public Port {
     Q_OBJECT
 public:
     /// Seconds; nothing when the machine cannot tell.
     using Answer = std::function<void(std::optional<double> seconds)>;
 
-    virtual bool isAvailable() const = 0; ///< it tells at least when the last input was
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
     /// Whether the session tells clicks and the pointer's travel. For certain after start(); before that, a guess.
     virtual bool tellsPointer() const = 0;
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QObject>
-#include <QString>
+#include "platform/Port.h"
 
 namespace ambrelle {
 
@@ -23,11 +22,10 @@ struct Location {
 };
 
 /// Tells where the machine is, to about three kilometres, when asked.
-class LocationSource : public QObject {
+class LocationSource : public Port {
     Q_OBJECT
 public:
-    virtual bool isAvailable() const = 0; ///< false while nothing can tell a location
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
+    /// Told by changed() when it is another.
     virtual LocationAuthorization authorization() const = 0;
 
     /// Asks for one location, and before that for permission if nobody was asked yet. Either located() or failed()
@@ -37,7 +35,6 @@ public:
 Q_SIGNALS:
     void located(const ambrelle::Location& location);
     void failed();
-    void authorizationChanged();
 };
 
 } // namespace ambrelle

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/Port.h"
+
 #include <QByteArray>
 #include <QList>
-#include <QObject>
-#include <QString>
 
 #include <functional>
 
@@ -21,15 +21,12 @@ struct Player {
     bool operator==(const Player&) const = default;
 };
 
-/// The media players that run now. Asking never starts one.
-class PlayerSource : public QObject {
-    Q_OBJECT
+/// The media players that run now. Asking never starts one. changed() tells that a player appeared, vanished, or plays
+/// something else or otherwise than before.
+class PlayerSource : public Port {
 public:
     using Answered = std::function<void(const QString& answer)>;
     using Delivered = std::function<void(const QByteArray& picture)>;
-
-    virtual bool isAvailable() const = 0;
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
 
     /// Begins to look for players; before that there are none. Later calls do nothing.
     virtual void start() = 0;
@@ -50,10 +47,6 @@ public:
     virtual void artwork(const QString& player, qint64 mostBytes, QObject* context, Delivered delivered) = 0;
     /// Tells the player; nobody hears whether it obeys.
     virtual void command(const QString& player, PlayerCommand command) = 0;
-
-Q_SIGNALS:
-    /// A player appeared, vanished, or plays something else or otherwise than before.
-    void changed();
 };
 
 } // namespace ambrelle

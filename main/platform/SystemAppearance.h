@@ -1,20 +1,13 @@
 #pragma once
 
-#include <QObject>
-#include <QString>
+#include "platform/Port.h"
 
 namespace ambrelle {
 
-/// Whether the desktop is in its light or its dark appearance.
-class SystemAppearance : public QObject {
-    Q_OBJECT
+/// Whether the desktop is in its light or its dark appearance; light while nothing tells it.
+class SystemAppearance : public Port {
 public:
-    virtual bool isAvailable() const = 0; ///< false while nothing tells the appearance; light then
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
-    virtual bool isDark() const = 0;
-
-Q_SIGNALS:
-    void changed(); ///< isDark() gives another answer than before
+    virtual bool isDark() const = 0; ///< changed() tells of another answer
 };
 
 } // namespace ambrelle

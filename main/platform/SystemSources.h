@@ -1,23 +1,14 @@
 #pragma once
 
+#include "platform/Port.h"
+
 #include <QList>
-#include <QObject>
-#include <QString>
 
 #include <array>
 #include <functional>
 #include <optional>
 
 namespace ambrelle {
-
-/// Something of the machine that can be measured, or cannot here: off is told apart from zero.
-class SystemSource {
-public:
-    virtual ~SystemSource() = default;
-
-    virtual bool isAvailable() const = 0;
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
-};
 
 /// What one logical processor did since the machine booted, in ticks of any one length; each counter wraps at 2³².
 struct ProcessorTicks {
@@ -29,7 +20,7 @@ struct ProcessorTicks {
     bool operator==(const ProcessorTicks&) const = default;
 };
 
-class ProcessorSource : public SystemSource {
+class ProcessorSource : public Port {
 public:
     /// One entry per running processor, in the kernel's order; nothing when the kernel does not answer.
     virtual std::optional<QList<ProcessorTicks>> ticks() = 0;
@@ -48,7 +39,7 @@ struct MemoryPages {
     bool operator==(const MemoryPages&) const = default;
 };
 
-class MemorySource : public SystemSource {
+class MemorySource : public Port {
 public:
     virtual quint64 physicalMemory() = 0; ///< bytes, 0 when unknown
     virtual quint64 pageSize() = 0; ///< bytes
@@ -68,15 +59,11 @@ struct Volume {
     bool operator==(const Volume&) const = default;
 };
 
-class VolumeSource : public QObject, public SystemSource {
-    Q_OBJECT
+class VolumeSource : public Port {
 public:
-    /// Never waits for a network or a slow device: such a volume joins the list, with volumesChanged(), once it
-    /// answered.
+    /// Never waits for a network or a slow device: such a volume joins the list once it answered. changed() tells that,
+    /// and volumes mounted or unmounted.
     virtual QList<Volume> volumes() = 0;
-
-Q_SIGNALS:
-    void volumesChanged(); ///< volumes were mounted or unmounted
 };
 
 enum class PowerSourceType {
@@ -97,7 +84,7 @@ struct PowerSourceDescription {
     bool operator==(const PowerSourceDescription&) const = default;
 };
 
-class PowerSource : public SystemSource {
+class PowerSource : public Port {
 public:
     /// Empty on a machine without batteries.
     virtual QList<PowerSourceDescription> descriptions() = 0;
@@ -113,7 +100,7 @@ struct InterfaceCounters {
     bool operator==(const InterfaceCounters&) const = default;
 };
 
-class NetworkSource : public SystemSource {
+class NetworkSource : public Port {
 public:
     virtual std::optional<QList<InterfaceCounters>> interfaces() = 0;
 };
@@ -127,7 +114,7 @@ struct ProcessRow {
     bool operator==(const ProcessRow&) const = default;
 };
 
-class ProcessSource : public SystemSource {
+class ProcessSource : public Port {
 public:
     using Completion = std::function<void(QList<ProcessRow>)>;
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/Port.h"
+
 #include <QList>
-#include <QObject>
 #include <QPointF>
 #include <QRectF>
-#include <QString>
 
 #include <memory>
 
@@ -116,11 +116,9 @@ public:
 };
 
 /// The windows, screens and pointer of the machine. The only place where coordinates are turned over.
-class WindowHost : public QObject {
+class WindowHost : public Port {
     Q_OBJECT
 public:
-    virtual bool isAvailable() const = 0;
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
     /// The main display first; empty for the moment in which none is connected.
     virtual QList<ScreenInfo> screens() const = 0;
     virtual QPointF pointer() const = 0; ///< global points

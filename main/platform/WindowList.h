@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/Port.h"
+
 #include <QList>
-#include <QObject>
 #include <QRectF>
-#include <QString>
 
 #include <optional>
 
@@ -27,21 +27,14 @@ struct OnscreenWindow {
 
 /// Which windows of other programs are on the screens. Windows that are minimised, of another workspace or put aside to
 /// show the desktop are not.
-class WindowList : public QObject {
-    Q_OBJECT
+class WindowList : public Port {
 public:
-    virtual bool isAvailable() const = 0;
-    virtual QString whyNot() const = 0; ///< one sentence, empty while available
-
     /// In any order; none when the list cannot be had just now.
     virtual std::optional<QList<OnscreenWindow>> windows() const = 0;
-    /// While nobody watches, changed() is silent and nothing wakes up.
+    /// While somebody watches, changed() tells that some window appeared, vanished, moved or changed its alpha: a
+    /// moment after the first of several changes, and again while they go on; always after the last. While nobody
+    /// watches, nothing wakes up.
     virtual void setWatching(bool watching) = 0;
-
-Q_SIGNALS:
-    /// Some window appeared, vanished, moved or changed its alpha. Told a moment after the first of several changes,
-    /// and again while they go on; always after the last.
-    void changed();
 };
 
 } // namespace ambrelle

@@ -56,7 +56,7 @@ void EventsService::accessChanged()
 {
     if (!m_store.isAvailable()) {
         m_timer.reset();
-        publish({}, {}, m_store.whyNot(CalendarKind::events));
+        publish({}, {}, m_store.whyNone(CalendarKind::events));
         return;
     }
     if (!m_timer)

@@ -88,7 +88,7 @@ void RemindersService::accessChanged()
 {
     if (!m_store.isAvailable()) {
         m_timer.reset();
-        publish({}, m_store.whyNot(CalendarKind::reminders));
+        publish({}, m_store.whyNone(CalendarKind::reminders));
         return;
     }
     // A day without a time begins at another moment elsewhere.

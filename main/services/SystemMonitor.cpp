@@ -44,7 +44,7 @@ SystemMonitor::SystemMonitor(const SystemSources& sources, Clock& clock)
     , m_upHistory(emptyHistory())
     , m_uptime(sources.processor.uptime())
 {
-    connect(&sources.volumes, &VolumeSource::volumesChanged, this, [this] { m_lastDiskRead.reset(); });
+    connect(&sources.volumes, &VolumeSource::changed, this, [this] { m_lastDiskRead.reset(); });
 }
 
 void SystemMonitor::start(double interval)
@@ -144,7 +144,7 @@ void SystemMonitor::requestProcesses()
     });
 }
 
-SystemSource& SystemMonitor::source(SystemMeasure measure) const
+Port& SystemMonitor::source(SystemMeasure measure) const
 {
     switch (measure) {
     case SystemMeasure::processor: return m_sources.processor;

@@ -71,7 +71,7 @@ private:
     void readNetwork(double moment);
     void readDisks(double moment);
     void requestProcesses();
-    SystemSource& source(SystemMeasure measure) const;
+    Port& source(SystemMeasure measure) const;
 
     SystemSources m_sources;
     Clock& m_clock;

@@ -63,7 +63,7 @@ void WeatherService::start()
         return;
     connect(&m_location, &LocationSource::located, this, &WeatherService::located);
     connect(&m_location, &LocationSource::failed, this, &WeatherService::locationFailed);
-    connect(&m_location, &LocationSource::authorizationChanged, this, &WeatherService::authorizationChanged);
+    connect(&m_location, &LocationSource::changed, this, &WeatherService::authorizationChanged);
     refresh(false);
     m_timer = m_clock.every(weatherPeriod, [this] { findPlace(); });
 }

@@ -231,7 +231,7 @@ TEST_F(SystemMonitorTest, VolumesAreReadEveryThirtySecondsAndAfterAMount)
     EXPECT_FALSE(monitor.mainDisk());
 
     machine.volumes.currentVolumes = {{QStringLiteral("System"), QStringLiteral("/"), true, 100, 50, {}, true}};
-    Q_EMIT machine.volumes.volumesChanged();
+    Q_EMIT machine.volumes.changed();
     EXPECT_EQ(machine.volumes.readings, 2);
     clock.advance(10s);
     EXPECT_EQ(machine.volumes.readings, 3);

@@ -33,7 +33,7 @@ QStringList FolderCalendarStore::standardFolders()
         QDir::homePath() + u"/.calendars"_s};
 }
 
-QString FolderCalendarStore::whyNot(CalendarKind kind) const
+QString FolderCalendarStore::whyNone(CalendarKind kind) const
 {
     if (isAvailable())
         return {};

@@ -25,7 +25,7 @@ public:
     static QStringList standardFolders();
 
     bool isAvailable() const override { return !m_calendars.isEmpty(); }
-    QString whyNot(CalendarKind kind) const override;
+    QString whyNone(CalendarKind kind) const override;
     void requestAccess(QObject* context, std::function<void(bool)> done) override;
     QList<CalendarInfo> calendars() const override { return m_calendars; }
     void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,

@@ -9,7 +9,7 @@ class HeadlessCalendarStore final : public CalendarStore {
     Q_OBJECT
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot(CalendarKind) const override { return QStringLiteral("This mode reads no calendars."); }
+    QString whyNone(CalendarKind) const override { return QStringLiteral("This mode reads no calendars."); }
     void requestAccess(QObject* context, std::function<void(bool)> done) override
     {
         QMetaObject::invokeMethod(

@@ -4,7 +4,7 @@ namespace ambrelle {
 
 namespace {
 
-template <class Port> class Unavailable : public Port {
+template <class Source> class Unavailable : public Source {
 public:
     bool isAvailable() const final { return false; }
     QString whyNot() const final { return QStringLiteral("This mode does not measure the machine."); }

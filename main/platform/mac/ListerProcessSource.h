@@ -2,15 +2,13 @@
 
 #include "platform/SystemSources.h"
 
-#include <QObject>
 #include <QStringList>
 
 namespace ambrelle {
 
 /// Lists processes with the system's ps, for hosts whose processes cannot be read in any cheaper way. Its shares are
 /// those since each process started.
-class ListerProcessSource final : public QObject, public ProcessSource {
-    Q_OBJECT
+class ListerProcessSource final : public ProcessSource {
 public:
     /// `program` writes lines of "pid pcpu pmem name", the busiest process first.
     explicit ListerProcessSource(const QString& program = QStringLiteral("ps"),

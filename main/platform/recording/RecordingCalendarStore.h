@@ -10,7 +10,6 @@ namespace ambrelle {
 
 /// A store whose content a test sets, and which answers when the test says so.
 class RecordingCalendarStore final : public CalendarStore {
-    Q_OBJECT
 public:
     QString currentWhyNot; ///< empty: available
     QList<CalendarInfo> currentCalendars;
@@ -23,7 +22,7 @@ public:
     int accessRequests = 0;
 
     bool isAvailable() const override { return currentWhyNot.isEmpty(); }
-    QString whyNot(CalendarKind) const override { return currentWhyNot; }
+    QString whyNone(CalendarKind) const override { return currentWhyNot; }
     void requestAccess(QObject* context, std::function<void(bool)> done) override
     {
         ++accessRequests;

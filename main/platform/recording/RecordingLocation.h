@@ -6,19 +6,18 @@ namespace ambrelle {
 
 /// A machine that is where a test says.
 class RecordingLocation final : public LocationSource {
-    Q_OBJECT
 public:
     bool isAvailable() const override { return true; }
     QString whyNot() const override { return {}; }
     LocationAuthorization authorization() const override { return m_authorization; }
     void requestLocation() override { ++requests; }
 
-    void setAuthorization(LocationAuthorization authorization) ///< tells authorizationChanged() if it differs
+    void setAuthorization(LocationAuthorization authorization) ///< tells changed() if it differs
     {
         if (m_authorization == authorization)
             return;
         m_authorization = authorization;
-        Q_EMIT authorizationChanged();
+        Q_EMIT changed();
     }
 
     int requests = 0; ///< how often a location was asked for; the test answers with the signals

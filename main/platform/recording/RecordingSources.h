@@ -7,7 +7,7 @@
 namespace ambrelle {
 
 /// The part all recording sources share: available until the test says why not.
-template <class Port> class RecordingSource : public Port {
+template <class Source> class RecordingSource : public Source {
 public:
     bool isAvailable() const final { return m_whyNot.isEmpty(); }
     QString whyNot() const final { return m_whyNot; }

@@ -159,8 +159,8 @@ TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
     int changes = 0;
     QObject::connect(&store, &CalendarStore::changed, [&changes] { ++changes; });
     EXPECT_FALSE(access(store));
-    EXPECT_TRUE(store.whyNot(CalendarKind::events).contains(u"~/.calendars"_s));
-    EXPECT_TRUE(store.whyNot(CalendarKind::reminders).contains(u"~/.calendars"_s));
+    EXPECT_TRUE(store.whyNone(CalendarKind::events).contains(u"~/.calendars"_s));
+    EXPECT_TRUE(store.whyNone(CalendarKind::reminders).contains(u"~/.calendars"_s));
 
     const auto becomes = [&](const QStringList& expected) {
         return waitUntil([&] {
@@ -175,7 +175,7 @@ TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
     write(file, calendar(event("appears")));
     EXPECT_TRUE(becomes({u"appears"_s}));
     EXPECT_TRUE(store.isAvailable());
-    EXPECT_EQ(store.whyNot(CalendarKind::events), QString());
+    EXPECT_EQ(store.whyNone(CalendarKind::events), QString());
     write(file, calendar(event("rewritten")));
     EXPECT_TRUE(becomes({u"rewritten"_s}));
     write(u"home/b.tmp"_s, calendar(event("moved")));

@@ -84,8 +84,7 @@ protected:
         m_daemon.start(daemon, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
         ASSERT_TRUE(m_daemon.waitForReadyRead(5000));
         m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
-        QObject::connect(
-            &source, &LocationSource::authorizationChanged, [this] { answers.append(source.authorization()); });
+        QObject::connect(&source, &LocationSource::changed, [this] { answers.append(source.authorization()); });
         QObject::connect(&source, &LocationSource::located, [this](const Location& where) { places.append(where); });
         QObject::connect(&source, &LocationSource::failed, [this] { ++failures; });
     }
@@ -185,7 +184,7 @@ TEST_F(GeoClueLocationTest, EveryRefusalIsTold)
         client.refusal = each.refusal;
         GeoClueLocation firm(openBus(), {300ms, 1h});
         bool told = false;
-        QObject::connect(&firm, &LocationSource::authorizationChanged, [&told] { told = true; });
+        QObject::connect(&firm, &LocationSource::changed, [&told] { told = true; });
         firm.requestLocation();
         EXPECT_TRUE(waitUntil([&told] { return told; }));
         EXPECT_EQ(firm.authorization(), each.expected);

@@ -112,7 +112,7 @@ TEST_F(SourcesTest, ASlowVolumeJoinsOnceItAnswered)
         "3 1 0:51 / /nowhere rw - nfs4 server:/gone rw\n");
     LinuxVolumeSource source(root(), root());
     int changes = 0;
-    QObject::connect(&source, &VolumeSource::volumesChanged, [&changes] { ++changes; });
+    QObject::connect(&source, &VolumeSource::changed, [&changes] { ++changes; });
     write(QStringLiteral("self/mountinfo"),
         "1 1 8:1 / / rw - ext4 /dev/none rw\n2 1 0:50 / /tmp rw - nfs4 server:/tmp rw\n"
         "3 1 0:51 / /nowhere rw - nfs4 server:/gone rw\n");
@@ -130,7 +130,7 @@ TEST_F(SourcesTest, AMountIsNoticedAtOnce)
         GTEST_SKIP() << "needs the right to mount";
     LinuxVolumeSource source;
     int changes = 0;
-    QObject::connect(&source, &VolumeSource::volumesChanged, [&changes] { ++changes; });
+    QObject::connect(&source, &VolumeSource::changed, [&changes] { ++changes; });
     QCoreApplication::processEvents();
     ASSERT_EQ(changes, 0);
     ASSERT_EQ(::mount("none", root().constData(), "tmpfs", 0, nullptr), 0);

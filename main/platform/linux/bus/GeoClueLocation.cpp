@@ -184,7 +184,7 @@ void GeoClueLocation::settle(LocationAuthorization answer, QDeadlineTimer holds)
     m_authorization = answer;
     m_holds = holds;
     if (answer != before)
-        Q_EMIT authorizationChanged();
+        Q_EMIT changed();
 }
 
 void GeoClueLocation::finish()

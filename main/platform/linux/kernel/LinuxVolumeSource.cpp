@@ -17,7 +17,7 @@ LinuxVolumeSource::LinuxVolumeSource(const QByteArray& procFolder, const QByteAr
     , m_labelFolder(devFolder + "/disk/by-label")
 {
     m_available = m_mounts.read().has_value();
-    connect(&m_slowSizes, &SlowVolumeSizes::appeared, this, &LinuxVolumeSource::volumesChanged);
+    connect(&m_slowSizes, &SlowVolumeSizes::appeared, this, &LinuxVolumeSource::changed);
     watchMounts();
 }
 
@@ -79,7 +79,7 @@ void LinuxVolumeSource::watchMounts()
         return;
     // The kernel reports a changed mount table as an exceptional condition, once per change.
     auto* notifier = new QSocketNotifier(m_watched, QSocketNotifier::Exception, this);
-    connect(notifier, &QSocketNotifier::activated, this, &LinuxVolumeSource::volumesChanged);
+    connect(notifier, &QSocketNotifier::activated, this, &LinuxVolumeSource::changed);
 }
 
 QHash<QString, QString> LinuxVolumeSource::labels() const
