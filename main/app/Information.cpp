@@ -1,5 +1,7 @@
 #include "app/Information.h"
 
+#include "platform/linux/kernel/RunningProgram.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -13,7 +15,7 @@ using namespace Qt::StringLiterals;
 QString dataFile(const QString& name)
 {
     // QCoreApplication is not there yet when fonts are registered.
-    const QDir program = QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).dir();
+    const QDir program = QFileInfo(runningProgram()).dir();
     for (const QString& place : {u"share/ambrelle/"_s, u"../share/ambrelle/"_s}) {
         QString path = QDir::cleanPath(program.filePath(place + name));
         if (QFileInfo::exists(path))

@@ -1,5 +1,7 @@
 #include "platform/linux/desktop/Fonts.h"
 
+#include "platform/linux/kernel/RunningProgram.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -20,7 +22,7 @@ bool registerFolder(const QString& folder)
 
 bool registerBundled()
 {
-    const QDir program = QFileInfo(u"/proc/self/exe"_s).canonicalFilePath().section(u'/', 0, -2);
+    const QDir program = QFileInfo(runningProgram()).dir();
     // Beside the program while developing, below the common prefix when installed.
     for (const QString& folder : {u"share/ambrelle/fonts"_s, u"../share/ambrelle/fonts"_s}) {
         if (registerFolder(QDir::cleanPath(program.filePath(folder))))
