@@ -1,30 +1,30 @@
 #pragma once
 
-#include "app/DesktopSenses.h"
-#include "app/LinuxPorts.h"
 #include "app/UserInterface.h"
 #include "app/WidgetActions.h"
 #include "desktop/AppearanceFollower.h"
 #include "desktop/WidgetManager.h"
-#include "platform/linux/bus/PortalAppearance.h"
-#include "platform/linux/desktop/DesktopPrograms.h"
-#include "platform/linux/kernel/LinuxSources.h"
-#include "platform/linux/kernel/SystemClock.h"
+#include "platform/Machine.h"
 #include "services/Automation.h"
+#include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 #include "wallpapers/DesktopWallpaper.h"
 #include "wallpapers/WallpaperStore.h"
 
-#include <memory>
-
 namespace ambrelle {
 
-/// Wires the real machine, the services and the desktop together, and starts them in order. Needs the application
-/// object.
+/// Wires a machine, the services and the desktop together, and starts them in order. Needs the application object.
 class AppDelegate : public QObject {
-    Q_OBJECT
 public:
-    AppDelegate();
+    /// What the user has settled so far.
+    struct Stores {
+        UserDefaults& defaults;
+        AppSettings& settings;
+        ThemeAccent& accents;
+    };
+
+    /// The machine and the stores outlive the application.
+    AppDelegate(Machine& machine, const Stores& stores);
     ~AppDelegate() override;
 
     void start();
@@ -35,19 +35,13 @@ private:
     void firstLaunch();
     void clicked(WidgetKind kind, const FaceAction& action);
 
-    SystemClock m_clock;
-    LinuxSources m_sources;
-    PortalAppearance m_appearance;
-    std::unique_ptr<WindowHost> m_host;
-    DesktopSenses m_senses;
-    LinuxPorts m_ports;
+    const Machine::Ports m_ports;
+    AppSettings& m_settings;
     SystemMonitor m_monitor;
     LiveServices m_services;
     ReadingFeed m_feed;
     WidgetManager m_manager;
-    DesktopPrograms m_programs;
     WidgetActions m_actions;
-    std::unique_ptr<DesktopPicture> m_desktopPicture;
     DesktopWallpaper m_wallpaper;
     WallpaperStore m_thumbnails;
     Automation m_automation;

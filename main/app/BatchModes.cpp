@@ -1,6 +1,7 @@
 #include "app/BatchModes.h"
 
 #include "app/Information.h"
+#include "app/ServicePorts.h"
 #include "app/UserFolders.h"
 #include "app/WallpaperBatch.h"
 #include "faces/ReadingFeed.h"
@@ -9,9 +10,7 @@
 #include "model/AppSettings.h"
 #include "offline/PreviewRenderer.h"
 #include "offline/SampleData.h"
-#include "platform/headless/HeadlessPorts.h"
-#include "platform/headless/HeadlessSources.h"
-#include "services/LiveServices.h"
+#include "platform/headless/HeadlessMachine.h"
 #include "services/SystemMonitor.h"
 #include "skins/WallpaperRecipes.h"
 #include "wallpapers/WallpaperStore.h"
@@ -36,16 +35,13 @@ QString skinNames()
 
 int renderPreviews(const Wallpaper& wallpaper, const QString& folder, std::optional<Skin> only)
 {
-    const HeadlessSources machine;
-    HeadlessPorts ports;
-    ManualClock clock(SampleData::moment());
+    HeadlessMachine machine(std::make_unique<ManualClock>(SampleData::moment()));
+    const Machine::Ports ports = machine.ports();
     UserDefaults defaults = UserDefaults::temporary(); // the pictures are not the user's
     AppSettings settings(defaults);
-    SystemMonitor monitor(machine.sources(), clock);
-    LiveServices services(
-        {ports.http, ports.location, ports.players, ports.calendars, ports.announcer, {&ports.devices}, ports.input},
-        {}, settings, defaults, clock);
-    const ReadingFeed feed({monitor, services, settings}, clock);
+    SystemMonitor monitor(ports.sources, ports.clock);
+    LiveServices services(servicePorts(ports), {}, settings, defaults, ports.clock);
+    const ReadingFeed feed({monitor, services, settings}, ports.clock);
     const ImageDiskCache cache(UserFolders::previews(), Information::read().build);
     SampleData::load(monitor, services, WallpaperStore::picture(wallpaper, cache, WallpaperStore::samplePhoto));
     return PreviewRenderer::run(folder, only, feed, wallpaper);

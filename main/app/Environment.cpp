@@ -2,28 +2,15 @@
 
 #include <QtGlobal>
 
-#include <xcb/xcb.h>
-
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr const char* platformName = "QT_QPA_PLATFORM";
 
-bool displayAnswers()
-{
-    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-    const bool answers = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return answers;
-}
-
 } // namespace
 
-Environment::Environment(bool batch)
-    : m_batch(batch)
+Environment::Environment(const QByteArray& plugin)
 {
     // A desktop's own toolkit theme would load that desktop's whole toolkit, for widgets that draw themselves. An empty
     // value would not do: the toolkit then looks elsewhere.
@@ -32,10 +19,7 @@ Environment::Environment(bool batch)
     // Repaints wait for no further timer: what changes together already comes in one round. It stays set, since the
     // toolkit reads it at the first repaint.
     qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
-    if (batch)
-        put(platformName, "offscreen");
-    else if (qEnvironmentVariableIsEmpty(platformName) || qgetenv(platformName).startsWith("wayland"))
-        put(platformName, "xcb"); // under Wayland too: only X11 windows can be placed
+    put(platformName, plugin);
 }
 
 void Environment::put(const char* name, const QByteArray& value)
@@ -44,15 +28,9 @@ void Environment::put(const char* name, const QByteArray& value)
     qputenv(name, value);
 }
 
-QString Environment::whyNoDisplay() const
+QByteArray Environment::wishedPlugin()
 {
-    if (m_batch || !qgetenv(platformName).startsWith("xcb"))
-        return {};
-    if (qEnvironmentVariableIsEmpty("DISPLAY"))
-        return u"Ambrelle needs an X11 display (or XWayland), and the variable DISPLAY names none."_s;
-    if (!displayAnswers())
-        return u"Ambrelle cannot reach the display “%1”."_s.arg(qEnvironmentVariable("DISPLAY"));
-    return {};
+    return qgetenv(platformName);
 }
 
 void Environment::restore() const

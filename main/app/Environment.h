@@ -2,18 +2,17 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QString>
 
 namespace ambrelle {
 
 /// What the toolkit is told before the application object exists, and untold afterwards.
 class Environment {
 public:
-    /// `batch`: no display is needed.
-    explicit Environment(bool batch);
+    /// `plugin`: the toolkit's platform plugin to run on.
+    explicit Environment(const QByteArray& plugin);
 
-    /// Why no window can be shown; empty when one can.
-    QString whyNoDisplay() const;
+    /// The platform plugin that the user asks for; empty: none in particular.
+    static QByteArray wishedPlugin();
     /// The variables that child processes inherit are the user's again.
     void restore() const;
 
@@ -25,7 +24,6 @@ private:
 
     void put(const char* name, const QByteArray& value);
 
-    bool m_batch;
     QList<Variable> m_replaced;
 };
 

@@ -2,6 +2,7 @@
 
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
+#include "platform/TrayPresence.h"
 #include "window/AppLook.h"
 
 #include <QCoreApplication>
@@ -17,6 +18,7 @@ constexpr std::chrono::milliseconds trayDelay{500};
 
 UserInterface::UserInterface(const Collaborators& with)
     : m_appearance(with.appearance)
+    , m_trays(with.trays)
     , m_clock(with.clock)
     , m_quickMenu({.manager = with.manager,
           .settings = with.settings,
@@ -30,8 +32,7 @@ UserInterface::UserInterface(const Collaborators& with)
     , m_statusItem([this] { return m_quickMenu.items(); }, [this] { m_mainWindow.toggle(); }, with.clock)
 {
     connect(&m_appearance, &SystemAppearance::changed, this, &UserInterface::followAppearance);
-    for (const TrayPresence* tray :
-        {static_cast<const TrayPresence*>(&m_busTray), static_cast<const TrayPresence*>(&m_windowTray)})
+    for (const TrayPresence* tray : m_trays)
         connect(tray, &TrayPresence::appeared, &m_statusItem, &StatusItemController::show);
 }
 
@@ -39,8 +40,8 @@ void UserInterface::start()
 {
     m_start = m_clock.after(trayDelay, [this] {
         followAppearance();
-        m_busTray.start();
-        m_windowTray.start();
+        for (TrayPresence* tray : m_trays)
+            tray->start();
     });
 }
 

@@ -2,8 +2,6 @@
 
 #include "desktop/QuickMenu.h"
 #include "foundation/Clock.h"
-#include "platform/linux/bus/StatusNotifierTray.h"
-#include "platform/x11/session/XEmbedTray.h"
 #include "window/MainWindowController.h"
 #include "window/StatusItemController.h"
 #include "window/WidgetContextMenu.h"
@@ -12,10 +10,10 @@
 namespace ambrelle {
 
 class SystemAppearance;
+class TrayPresence;
 
 /// The tray item, the menus and the main window.
 class UserInterface : public QObject {
-    Q_OBJECT
 public:
     struct Collaborators {
         WindowHost& host;
@@ -23,6 +21,7 @@ public:
         AppSettings& settings;
         FocusTimer& focus;
         SystemAppearance& appearance;
+        QList<TrayPresence*> trays;
         Clock& clock;
     };
 
@@ -40,14 +39,13 @@ private:
     void followAppearance();
 
     SystemAppearance& m_appearance;
+    QList<TrayPresence*> m_trays;
     Clock& m_clock;
     QuickMenu m_quickMenu;
     MainWindowController m_mainWindow;
     WidgetContextMenu m_widgetMenu;
     WidgetSettings m_widgetSettings;
     StatusItemController m_statusItem;
-    StatusNotifierTray m_busTray;
-    XEmbedTray m_windowTray;
     Ticket m_start;
 };
 

@@ -3,11 +3,17 @@
 #include "app/CommandLine.h"
 #include "app/EndingSignals.h"
 #include "app/Environment.h"
+#include "app/Hosts.h"
 #include "app/Information.h"
 #include "app/SingleInstance.h"
+#include "app/UserFolders.h"
+#include "foundation/UserDefaults.h"
+#include "model/AppSettings.h"
+#include "model/ThemeAccent.h"
 #include "platform/linux/desktop/Fonts.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QTextStream>
 
 #include <cstdlib>
@@ -18,6 +24,7 @@ using namespace ambrelle;
 using namespace Qt::StringLiterals;
 
 constexpr int wrongUse = 2;
+const QString calendarFoldersKey = u"calendarFolders"_s; ///< besides the usual ones
 
 QStringList argumentsOf(int argc, char** argv)
 {
@@ -41,14 +48,23 @@ int handOver(const SingleInstance& instance, const QStringList& files, int argc,
     return complain(u"Ambrelle is already running, but does not answer."_s);
 }
 
+Machine::Wishes machineWishes()
+{
+    const QString folder = UserFolders::wallpapers();
+    QDir().mkpath(folder);
+    return {.calendarFolders = UserDefaults::shared().strings(calendarFoldersKey).value_or(QStringList()),
+        .noteFolder = folder};
+}
+
 int runDesktop(const CommandLine& commandLine, int argc, char** argv)
 {
     SingleInstance instance;
     if (instance.role() == SingleInstance::Role::second)
         return handOver(instance, commandLine.files, argc, argv);
-    const Environment environment(false);
-    if (const QString reason = environment.whyNoDisplay(); !reason.isEmpty())
-        return complain(reason);
+    const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
+    if (!choice.whyNot.isEmpty())
+        return complain(choice.whyNot);
+    const Environment environment(choice.plugin);
     Fonts::registerBundled();
     const QApplication application(argc, argv);
     environment.restore();
@@ -56,7 +72,10 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     const EndingSignals signals;
     // Not quit(): it would ask the panels first, and they refuse to be closed by a window manager.
     QObject::connect(&signals, &EndingSignals::received, &application, [] { QCoreApplication::exit(); });
-    AppDelegate delegate;
+    const std::unique_ptr<Machine> machine = choice.host.make(machineWishes());
+    if (!machine)
+        return complain(u"Ambrelle cannot show widgets on this display."_s);
+    AppDelegate delegate(*machine, {UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared()});
     delegate.start();
     QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::reopen);
     if (!commandLine.files.isEmpty())
@@ -68,7 +87,7 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
 
 int runBatch(const CommandLine& commandLine, int argc, char** argv)
 {
-    const Environment environment(true);
+    const Environment environment("offscreen");
     Fonts::registerBundled();
     const QGuiApplication application(argc, argv);
     return runBatchMode(commandLine);

@@ -1,13 +1,24 @@
 #include "foundation/BackgroundThread.h"
 
-#include <sys/resource.h>
+#include <atomic>
 
 namespace ambrelle {
 
+namespace {
+
+std::atomic<void (*)()> yieldingWay = nullptr;
+
+} // namespace
+
 void yieldToOthers()
 {
-    // On Linux the niceness is the thread's own, which the toolkit's thread priorities do not use.
-    ::setpriority(PRIO_PROCESS, 0, 10);
+    if (const auto way = yieldingWay.load())
+        way();
+}
+
+void setYieldToOthers(void (*way)())
+{
+    yieldingWay = way;
 }
 
 } // namespace ambrelle

@@ -1,7 +1,7 @@
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
-#include "platform/headless/HeadlessLocation.h"
+#include "platform/headless/HeadlessPorts.h"
 #include "platform/network/QtHttpClient.h"
 #include "services/WeatherService.h"
 #include "support/LocalServer.h"

@@ -1,7 +1,7 @@
 #include "app/WidgetActions.h"
 
 #include "foundation/ManualClock.h"
-#include "platform/headless/HeadlessHttpClient.h"
+#include "platform/headless/HeadlessPorts.h"
 #include "platform/ProgramLauncher.h"
 #include "platform/recording/RecordingPlayers.h"
 #include "services/NowPlayingService.h"

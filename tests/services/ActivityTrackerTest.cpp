@@ -2,7 +2,7 @@
 
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"
-#include "platform/headless/HeadlessInputMonitor.h"
+#include "platform/headless/HeadlessPorts.h"
 #include "platform/recording/RecordingInputMonitor.h"
 
 #include <QJsonArray>

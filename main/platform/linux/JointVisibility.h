@@ -9,9 +9,9 @@
 
 namespace ambrelle {
 
-/// Visible while no part says otherwise. The parts must outlive it.
+/// What the buses tell and what the window system tells: visible while no part says otherwise. The parts must outlive
+/// it.
 class JointVisibility final : public SessionVisibility {
-    Q_OBJECT
 public:
     explicit JointVisibility(const QList<const SessionVisibility*>& parts)
         : m_parts(parts)

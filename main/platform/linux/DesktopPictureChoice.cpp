@@ -1,15 +1,13 @@
-#include "app/DesktopPictureChoice.h"
+#include "platform/linux/DesktopPictureChoice.h"
 
-#include "platform/headless/HeadlessDesktopPicture.h"
+#include "platform/headless/HeadlessDesktop.h"
 #include "platform/linux/picture/GSettingsPicture.h"
 #include "platform/linux/picture/PcmanfmPicture.h"
 #include "platform/linux/picture/PlasmaPicture.h"
 #include "platform/linux/picture/SwayPicture.h"
 #include "platform/linux/picture/XfconfPicture.h"
-#include "platform/x11/root/RootPixmapPicture.h"
 
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QHash>
 
 namespace ambrelle {
@@ -39,13 +37,10 @@ const QHash<QString, DesktopPictureKind> desktops{
 DesktopSession DesktopSession::current()
 {
     const QString socket = qEnvironmentVariable("SWAYSOCK");
-    const bool hasX11 = qGuiApp && qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return {
         .desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
         // The variable may outlive its Sway.
         .swaySocket = QFileInfo::exists(socket) ? socket : QString(),
-        // An X server below Wayland has a root window that nobody sees.
-        .isX11 = hasX11 && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"),
     };
 }
 
@@ -58,10 +53,11 @@ DesktopPictureKind desktopPictureKind(const DesktopSession& session)
         if (known != desktops.end())
             return *known;
     }
-    return session.isX11 ? DesktopPictureKind::rootPixmap : DesktopPictureKind::none;
+    return DesktopPictureKind::hosts;
 }
 
-std::unique_ptr<DesktopPicture> chooseDesktopPicture(const DesktopSession& session, const QString& folder)
+std::unique_ptr<DesktopPicture> chooseDesktopPicture(
+    const DesktopSession& session, const QString& folder, const MakeDesktopPicture& hosts)
 {
     switch (desktopPictureKind(session)) {
     case DesktopPictureKind::gnome: return std::make_unique<GSettingsPicture>(GSettingsPicture::Family::gnome);
@@ -73,9 +69,10 @@ std::unique_ptr<DesktopPicture> chooseDesktopPicture(const DesktopSession& sessi
         return std::make_unique<SwayPicture>(folder + u"/desktop-picture.json"_s, session.swaySocket);
     case DesktopPictureKind::lxde: return std::make_unique<PcmanfmPicture>(PcmanfmPicture::Family::lxde);
     case DesktopPictureKind::lxqt: return std::make_unique<PcmanfmPicture>(PcmanfmPicture::Family::lxqt);
-    case DesktopPictureKind::rootPixmap: return std::make_unique<RootPixmapPicture>();
-    case DesktopPictureKind::none: break;
+    case DesktopPictureKind::hosts: break;
     }
+    if (auto picture = hosts())
+        return picture;
     return std::make_unique<HeadlessDesktopPicture>();
 }
 

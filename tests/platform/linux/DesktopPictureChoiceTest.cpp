@@ -1,4 +1,6 @@
-#include "app/DesktopPictureChoice.h"
+#include "platform/linux/DesktopPictureChoice.h"
+
+#include "platform/recording/RecordingDesktopPicture.h"
 
 #include <QCoreApplication>
 
@@ -27,21 +29,34 @@ TEST(DesktopPictureChoice, FollowsTheNamesOfTheDesktop)
              Case{u"KDE"_s, Kind::plasma},
              Case{u"LXDE"_s, Kind::lxde},
              Case{u"LXQt"_s, Kind::lxqt},
-             Case{u"openbox"_s, Kind::rootPixmap},
-             Case{u""_s, Kind::rootPixmap},
+             Case{u"openbox"_s, Kind::hosts},
+             Case{u""_s, Kind::hosts},
          }) {
-        EXPECT_EQ(desktopPictureKind({.desktop = each.desktop, .isX11 = true}), each.expected)
-            << qPrintable(each.desktop);
-        const bool needsX11 = each.expected == Kind::rootPixmap;
-        EXPECT_EQ(desktopPictureKind({.desktop = each.desktop}), needsX11 ? Kind::none : each.expected);
+        EXPECT_EQ(desktopPictureKind({.desktop = each.desktop}), each.expected) << qPrintable(each.desktop);
         // One desktop started inside another.
         EXPECT_EQ(desktopPictureKind({.desktop = each.desktop, .swaySocket = u"/run/sway.sock"_s}), Kind::sway);
     }
 }
 
+TEST(DesktopPictureChoice, TheHostsOwnStandsInForDesktopsWithout)
+{
+    DesktopPicture* made = nullptr;
+    const auto make = [&made] {
+        auto picture = std::make_unique<RecordingDesktopPicture>();
+        made = picture.get();
+        return picture;
+    };
+    const auto own = chooseDesktopPicture({.desktop = u"openbox"_s}, QString(), make);
+    EXPECT_EQ(own.get(), made);
+    made = nullptr;
+    const auto desktops = chooseDesktopPicture({.desktop = u"XFCE"_s}, QString(), make);
+    ASSERT_TRUE(desktops);
+    EXPECT_FALSE(made) << "the desktop would paint over it";
+}
+
 TEST(DesktopPictureChoice, NothingToChooseFromStillAnswers)
 {
-    const std::unique_ptr<DesktopPicture> none = chooseDesktopPicture({}, QString());
+    const std::unique_ptr<DesktopPicture> none = chooseDesktopPicture({}, QString(), [] { return nullptr; });
     EXPECT_FALSE(none->isAvailable());
     EXPECT_FALSE(none->whyNot().isEmpty());
     QString error;

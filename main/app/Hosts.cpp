@@ -1,0 +1,55 @@
+#include "app/Hosts.h"
+
+#include "platform/headless/HeadlessMachine.h"
+#include "platform/linux/kernel/SystemClock.h"
+#include "platform/x11/X11Machine.h"
+
+#include <algorithm>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+HostOffer headlessOffer(const QByteArray& plugin)
+{
+    return {.plugins = {plugin},
+        .whyNot = [] { return QString(); },
+        .make =
+            [](const Machine::Wishes&) { return std::make_unique<HeadlessMachine>(std::make_unique<SystemClock>()); }};
+}
+
+bool standsFor(const HostOffer& offer, const QByteArray& wished)
+{
+    // Options may follow the name.
+    return wished.isEmpty()
+        || std::ranges::any_of(offer.plugins, [&](const QByteArray& plugin) { return wished.startsWith(plugin); });
+}
+
+} // namespace
+
+QList<HostOffer> hostOffers()
+{
+    return {
+        X11Machine::offer(),
+    };
+}
+
+HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished)
+{
+    QStringList reasons;
+    for (const HostOffer& offer : offers) {
+        if (!standsFor(offer, wished))
+            continue;
+        const QByteArray plugin = offer.plugins.first();
+        const QString reason = offer.whyNot();
+        if (reason.isEmpty())
+            return {.host = offer, .plugin = wished.startsWith(plugin) ? wished : plugin};
+        reasons.append(reason);
+    }
+    const HostOffer none = headlessOffer(wished);
+    return {.host = none, .plugin = wished, .whyNot = reasons.join(u' ')};
+}
+
+} // namespace ambrelle

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/HostOffer.h"
+
+namespace ambrelle {
+
+/// The host that the program runs on.
+struct HostChoice {
+    HostOffer host;
+    QByteArray plugin; ///< the toolkit's platform plugin to run on
+    QString whyNot; ///< why no window can be shown; empty when one can
+};
+
+/// The hosts this program knows, the preferred one first.
+QList<HostOffer> hostOffers();
+
+/// The first of the offers that can show windows. `wished` is the user's QT_QPA_PLATFORM: where it is not empty, only
+/// hosts that stand for that plugin count, and if none does, the program runs on that plugin without showing widgets.
+HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished);
+
+} // namespace ambrelle

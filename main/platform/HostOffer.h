@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Machine.h"
+
+#include <QByteArray>
+
+#include <functional>
+
+namespace ambrelle {
+
+/// How a host offers itself when the program starts.
+struct HostOffer {
+    /// The toolkit's platform plugins it stands for, as QT_QPA_PLATFORM names them. It runs on the first itself; who
+    /// wishes one of the others gets this host all the same.
+    QList<QByteArray> plugins;
+    /// Why it cannot show windows here: one sentence, empty when it can. Asked before the application object exists.
+    std::function<QString()> whyNot;
+    /// The machine; null when it turns out that there is none after all. Called after the application object exists,
+    /// with the user's own environment.
+    std::function<std::unique_ptr<Machine>(const Machine::Wishes&)> make;
+};
+
+} // namespace ambrelle

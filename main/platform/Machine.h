@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/SystemSources.h"
+
+#include <QStringList>
+
+#include <memory>
+
+namespace ambrelle {
+
+class Announcer;
+class CalendarStore;
+class Clock;
+class DesktopPicture;
+class DeviceSource;
+class HttpClient;
+class InputMonitor;
+class LocationSource;
+class LoginItem;
+class PlayerSource;
+class ProgramLauncher;
+class SessionVisibility;
+class SystemAppearance;
+class TrayPresence;
+class WindowHost;
+class WindowList;
+
+/// All that the program asks of the computer and the desktop it runs on. One host, one machine.
+class Machine {
+public:
+    /// What a host has to know of the program and its user.
+    struct Wishes {
+        QStringList calendarFolders; ///< looked at besides the usual ones
+        QString noteFolder; ///< exists; takes notes on what the desktop itself cannot tell
+    };
+
+    /// Every port there is. They live as long as the machine; nothing is opened or asked before somebody asks them.
+    struct Ports {
+        Clock& clock;
+        WindowHost& windows;
+        WindowList& otherWindows;
+        SessionVisibility& visibility;
+        InputMonitor& input;
+        SystemAppearance& appearance;
+        DesktopPicture& desktopPicture;
+        QList<TrayPresence*> trays; ///< the program's item goes into whichever appears first
+        ProgramLauncher& programs;
+        LoginItem& loginItem;
+        Announcer& announcer;
+        SystemSources sources;
+        QList<DeviceSource*> devices; ///< the best first
+        HttpClient& http;
+        LocationSource& location;
+        PlayerSource& players;
+        CalendarStore& calendars;
+        QStringList desktopNames; ///< of the running desktop, from the special to the general; may be empty
+    };
+
+    Machine() = default;
+    virtual ~Machine() = default;
+    Machine(const Machine&) = delete;
+    Machine& operator=(const Machine&) = delete;
+
+    virtual Ports ports() = 0;
+};
+
+} // namespace ambrelle

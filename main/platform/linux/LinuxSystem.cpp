@@ -1,0 +1,19 @@
+#include "platform/linux/LinuxSystem.h"
+
+#include "foundation/BackgroundThread.h"
+#include "platform/linux/kernel/RunningProgram.h"
+#include "platform/linux/kernel/ThreadPriority.h"
+
+namespace ambrelle {
+
+LinuxSystem::LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture& hostsPicture)
+    : session(DesktopSession::current())
+    , calendars(clock, FolderCalendarStore::standardFolders() + wishes.calendarFolders)
+    , programs(session.names())
+    , loginItem(runningProgram())
+    , desktopPicture(chooseDesktopPicture(session, wishes.noteFolder, hostsPicture))
+{
+    setYieldToOthers(lowerThreadPriority);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/calendar/FolderCalendarStore.h"
+#include "platform/linux/bus/BluezDevices.h"
+#include "platform/linux/bus/BusSessionVisibility.h"
+#include "platform/linux/bus/GeoClueLocation.h"
+#include "platform/linux/bus/MprisPlayers.h"
+#include "platform/linux/bus/PortalAppearance.h"
+#include "platform/linux/bus/SessionInputMonitor.h"
+#include "platform/linux/bus/StatusNotifierTray.h"
+#include "platform/linux/bus/UPowerDevices.h"
+#include "platform/linux/desktop/AutostartEntry.h"
+#include "platform/linux/desktop/DesktopAnnouncer.h"
+#include "platform/linux/desktop/DesktopPrograms.h"
+#include "platform/linux/DesktopPictureChoice.h"
+#include "platform/linux/kernel/LinuxSources.h"
+#include "platform/linux/kernel/SystemClock.h"
+#include "platform/Machine.h"
+#include "platform/network/QtHttpClient.h"
+
+namespace ambrelle {
+
+/// What every Linux host has, whatever shows its windows: the ports for which the window system is not asked. Making it
+/// also tells background threads how to yield.
+struct LinuxSystem {
+    /// `hostsPicture` makes the picture of a desktop that has no way of its own to set it.
+    LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture& hostsPicture);
+
+    DesktopSession session;
+    SystemClock clock;
+    LinuxSources sources;
+    PortalAppearance appearance;
+    BusSessionVisibility visibility; ///< of the locker and the seat; the window system may know more
+    SessionInputMonitor input; ///< for hosts that cannot see the pointer outside their windows
+    StatusNotifierTray tray;
+    QtHttpClient http;
+    GeoClueLocation location;
+    MprisPlayers players;
+    FolderCalendarStore calendars;
+    DesktopAnnouncer announcer;
+    BluezDevices bluetooth;
+    UPowerDevices power;
+    DesktopPrograms programs;
+    AutostartEntry loginItem;
+    std::unique_ptr<DesktopPicture> desktopPicture;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,56 @@
+#include "app/Hosts.h"
+
+#include "foundation/Clock.h"
+#include "platform/DesktopPicture.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+HostOffer offer(const QList<QByteArray>& plugins, const QString& whyNot)
+{
+    return {.plugins = plugins, .whyNot = [whyNot] { return whyNot; }, .make = {}};
+}
+
+TEST(Hosts, TheFirstThatWorksAndIsWishedIsTaken)
+{
+    const QString none;
+    struct Case {
+        const char* what;
+        QList<HostOffer> offers;
+        QByteArray wished;
+        QByteArray plugin;
+        QString whyNot;
+    };
+    for (const Case& each : {
+             Case{"no wish", {offer({"one"}, none), offer({"two"}, none)}, "", "one", none},
+             Case{"the preferred one cannot", {offer({"one"}, u"No."_s), offer({"two"}, none)}, "", "two", none},
+             Case{"nothing can", {offer({"one"}, u"No."_s), offer({"two"}, u"Nor I."_s)}, "", "", u"No. Nor I."_s},
+             Case{"the user prefers another", {offer({"one"}, none), offer({"two"}, none)}, "two", "two", none},
+             Case{"options stay", {offer({"one"}, none)}, "one:dpi=96", "one:dpi=96", none},
+             Case{"one stands for another", {offer({"one", "two"}, none)}, "two-egl", "one", none},
+             Case{"the wished one cannot", {offer({"one"}, u"No."_s), offer({"two"}, none)}, "one", "one", u"No."_s},
+         }) {
+        const HostChoice choice = chooseHost(each.offers, each.wished);
+        EXPECT_EQ(choice.plugin, each.plugin) << each.what;
+        EXPECT_EQ(choice.whyNot, each.whyNot) << each.what;
+    }
+}
+
+TEST(Hosts, APluginThatNobodyStandsForShowsNothing)
+{
+    const HostChoice choice = chooseHost(hostOffers(), "offscreen");
+    EXPECT_EQ(choice.plugin, "offscreen");
+    ASSERT_EQ(choice.whyNot, QString());
+    const std::unique_ptr<Machine> machine = choice.host.make({});
+    ASSERT_TRUE(machine);
+    const Machine::Ports ports = machine->ports();
+    EXPECT_FALSE(ports.desktopPicture.isAvailable()) << "pictures of a desktop that nobody sees would be set";
+    EXPECT_LT(qAbs(ports.clock.now().secsTo(QDateTime::currentDateTime())), 5);
+}
+
+} // namespace
+} // namespace ambrelle
