@@ -2,8 +2,7 @@
 
 #include "foundation/ManualClock.h"
 #include "platform/headless/HeadlessPorts.h"
-#include "platform/ProgramLauncher.h"
-#include "platform/recording/RecordingPlayers.h"
+#include "platform/recording/RecordingMachine.h"
 #include "services/NowPlayingService.h"
 
 #include <gmock/gmock.h>
@@ -14,15 +13,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-class RecordingLauncher final : public ProgramLauncher {
-public:
-    bool has(const QString& program) const override { return installed.contains(program); }
-    void open(const QString& program) override { opened.append(program); }
-
-    QStringList installed;
-    QStringList opened;
-};
 
 class WidgetActionsTest : public ::testing::Test {
 protected:
@@ -41,7 +31,7 @@ protected:
         player.poll();
     }
 
-    RecordingLauncher launcher;
+    RecordingPrograms launcher;
     RecordingPlayers players;
     HeadlessHttpClient http;
     ManualClock clock;

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "foundation/ManualClock.h"
+#include "platform/LoginItem.h"
+#include "platform/Machine.h"
+#include "platform/ProgramLauncher.h"
+#include "platform/recording/RecordingAnnouncer.h"
+#include "platform/recording/RecordingAppearance.h"
+#include "platform/recording/RecordingCalendarStore.h"
+#include "platform/recording/RecordingDesktopPicture.h"
+#include "platform/recording/RecordingDevices.h"
+#include "platform/recording/RecordingHttpClient.h"
+#include "platform/recording/RecordingInputMonitor.h"
+#include "platform/recording/RecordingLocation.h"
+#include "platform/recording/RecordingPlayers.h"
+#include "platform/recording/RecordingSessionVisibility.h"
+#include "platform/recording/RecordingSources.h"
+#include "platform/recording/RecordingWindowHost.h"
+#include "platform/recording/RecordingWindowList.h"
+#include "platform/TrayPresence.h"
+
+namespace ambrelle {
+
+/// The programs that a test installs.
+class RecordingPrograms final : public ProgramLauncher {
+public:
+    bool has(const QString& program) const override { return installed.contains(program); }
+    void open(const QString& program) override { opened.append(program); }
+
+    QStringList installed;
+    QStringList opened;
+};
+
+/// A login item that can always be set.
+class RecordingLoginItem final : public LoginItem {
+public:
+    Status status() const override { return isEnabled ? Status::enabled : Status::disabled; }
+    QString whyNot() const override { return {}; }
+    QString setEnabled(bool enabled) override
+    {
+        isEnabled = enabled;
+        return {};
+    }
+
+    bool isEnabled = false;
+};
+
+/// A desktop that has a place for tray items once the test sends appeared().
+class RecordingTray final : public TrayPresence {
+public:
+    bool isAvailable() const override { return false; }
+    QString whyNot() const override { return QStringLiteral("The test has no tray."); }
+    void start() override { ++starts; }
+
+    int starts = 0;
+};
+
+/// A whole machine in the hands of a test.
+class RecordingMachine final : public Machine {
+public:
+    ManualClock clock;
+    RecordingWindowHost windows;
+    RecordingWindowList otherWindows;
+    RecordingSessionVisibility visibility;
+    RecordingInputMonitor input;
+    RecordingAppearance appearance;
+    RecordingDesktopPicture desktopPicture;
+    RecordingTray tray;
+    RecordingPrograms programs;
+    RecordingLoginItem loginItem;
+    RecordingAnnouncer announcer;
+    RecordingSources sources;
+    RecordingDevices devices;
+    RecordingHttpClient http;
+    RecordingLocation location;
+    RecordingPlayers players;
+    RecordingCalendarStore calendars;
+    QStringList desktopNames;
+
+    Ports ports() override
+    {
+        return {
+            .clock = clock,
+            .windows = windows,
+            .otherWindows = otherWindows,
+            .visibility = visibility,
+            .input = input,
+            .appearance = appearance,
+            .desktopPicture = desktopPicture,
+            .trays = {&tray},
+            .programs = programs,
+            .loginItem = loginItem,
+            .announcer = announcer,
+            .sources = sources.sources(),
+            .devices = {&devices},
+            .http = http,
+            .location = location,
+            .players = players,
+            .calendars = calendars,
+            .desktopNames = desktopNames,
+        };
+    }
+};
+
+} // namespace ambrelle

@@ -1,0 +1,208 @@
+#include "app/AppDelegate.h"
+#include "foundation/UserDefaults.h"
+#include "model/AppSettings.h"
+#include "model/ThemeAccent.h"
+#include "platform/recording/RecordingMachine.h"
+#include "support/WaitUntil.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QToolButton>
+
+#include <gmock/gmock.h>
+
+#include <utility>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* launchedKey = "hasLaunchedBefore";
+
+/// Another value for an environment variable while this lives.
+class ReplacedVariable {
+public:
+    ReplacedVariable(const char* name, const QByteArray& value)
+        : m_name(name)
+        , m_wasSet(qEnvironmentVariableIsSet(name))
+        , m_value(qgetenv(name))
+    {
+        qputenv(name, value);
+    }
+    ~ReplacedVariable() { m_wasSet ? qputenv(m_name, m_value) : qunsetenv(m_name); }
+    ReplacedVariable(const ReplacedVariable&) = delete;
+    ReplacedVariable& operator=(const ReplacedVariable&) = delete;
+
+private:
+    const char* m_name;
+    bool m_wasSet;
+    QByteArray m_value;
+};
+
+/// The whole program on a machine of its own. Its store may be another one's, which is what a restart finds.
+struct Program {
+    explicit Program(UserDefaults& store)
+        : defaults(store)
+    {
+    }
+
+    UserDefaults& defaults;
+    RecordingMachine machine;
+    AppSettings settings{defaults};
+    ThemeAccent accents{defaults};
+    AppDelegate delegate{machine, {defaults, settings, accents}};
+};
+
+class StartUp : public ::testing::Test {
+protected:
+    QList<WidgetConfig> stored() const
+    {
+        return WidgetConfig::decodeList(defaults.data(u"widgets.v2"_s).value_or("[]")).value();
+    }
+    void store(const QList<WidgetConfig>& widgets)
+    {
+        defaults.set(QString::fromLatin1(launchedKey), true);
+        defaults.setData(u"widgets.v2"_s, WidgetConfig::encodeList(widgets));
+    }
+
+    QTemporaryDir home;
+    ReplacedVariable data{"XDG_DATA_HOME", QFile::encodeName(home.filePath(u"data"_s))};
+    ReplacedVariable cache{"XDG_CACHE_HOME", QFile::encodeName(home.filePath(u"cache"_s))};
+    UserDefaults defaults = UserDefaults::temporary();
+};
+
+TEST_F(StartUp, FirstLaunchFillsTheDesktop)
+{
+    defaults.set(u"defaultSkin"_s, rawValue(Skin::paper));
+    Program program(defaults);
+    program.machine.desktopPicture.memory = {{u"file"_s, u"/pictures/own.jpg"_s}};
+    program.delegate.start();
+
+    const QList<WidgetConfig> widgets = stored();
+    const QList<RecordingPanel*> panels = program.machine.windows.panels();
+    ASSERT_GT(widgets.size(), 4);
+    ASSERT_EQ(panels.size(), widgets.size());
+    for (qsizetype i = 0; i < widgets.size(); ++i) {
+        EXPECT_EQ(widgets[i].skin, Skin::paper);
+        EXPECT_TRUE(panels[i]->isVisible());
+        EXPECT_TRUE(panels[i]->frame().contains(widgets[i].frame())) << i << ": it stands elsewhere than stored";
+        const QImage picture = panels[i]->picture();
+        QImage blank = picture;
+        blank.fill(Qt::transparent);
+        EXPECT_NE(picture, blank) << i;
+    }
+    EXPECT_EQ(defaults.boolean(QString::fromLatin1(launchedKey)), true);
+
+    const RecordingDesktopPicture& desktop = program.machine.desktopPicture;
+    ASSERT_TRUE(waitUntil([&] { return !desktop.sets.isEmpty(); })) << "nobody asked for the wallpaper";
+    const ScreenPicture picture = desktop.sets.first().value(0);
+    EXPECT_EQ(picture.connector, program.machine.windows.screens().first().connector);
+    EXPECT_EQ(Wallpaper::skinOf(picture.file), Skin::paper);
+    EXPECT_TRUE(picture.file.startsWith(home.path())) << qPrintable(picture.file);
+    EXPECT_TRUE(QFileInfo::exists(picture.file));
+    EXPECT_THAT(desktop.rememberFolders, ElementsAre(QFileInfo(picture.file).path())) << "the user's own is lost";
+}
+
+TEST_F(StartUp, LaterLaunchesRestoreWhatWasThere)
+{
+    const QList<WidgetConfig> widgets{{WidgetKind::clock, Skin::glass, WidgetScale::large, {100, 500}},
+        {WidgetKind::cpu, Skin::paper, WidgetScale::small, {700, 200}}};
+    store(widgets);
+    Program program(defaults);
+    program.delegate.start();
+
+    const QList<RecordingPanel*> panels = program.machine.windows.panels();
+    ASSERT_EQ(panels.size(), 2);
+    for (qsizetype i = 0; i < widgets.size(); ++i)
+        EXPECT_TRUE(panels[i]->frame().contains(widgets[i].frame())) << i;
+    QCoreApplication::processEvents();
+    EXPECT_THAT(program.machine.desktopPicture.sets, IsEmpty()) << "the user may have another picture by now";
+}
+
+TEST_F(StartUp, WhoRemovedEverythingKeepsAnEmptyDesktop)
+{
+    store({});
+    Program program(defaults);
+    program.delegate.start();
+    EXPECT_THAT(program.machine.windows.panels(), IsEmpty());
+    EXPECT_THAT(program.machine.desktopPicture.sets, IsEmpty());
+}
+
+TEST_F(StartUp, ClicksAreCarriedOut)
+{
+    const WidgetConfig clock{WidgetKind::clock, Skin::glass, WidgetScale::medium, {100, 100}};
+    const WidgetConfig focus{WidgetKind::focus, Skin::glass, WidgetScale::medium, {700, 100}};
+    store({clock, focus});
+    Program program(defaults);
+    RecordingMachine& machine = program.machine;
+    machine.programs.installed = QStringList{u"org.gnome.clocks"_s};
+    program.delegate.start();
+    // Where a click means something is known once the face was drawn.
+    for (const RecordingPanel* panel : machine.windows.panels())
+        panel->picture();
+
+    machine.windows.click(clock.frame().center());
+    EXPECT_THAT(machine.programs.opened, ElementsAre(u"org.gnome.clocks"_s));
+    program.settings.clickToOpen.set(false);
+    machine.windows.click(clock.frame().center());
+    EXPECT_EQ(machine.programs.opened.size(), 1) << "the user does not want clicks to open programs";
+
+    // The focus timer says when its time is over: some click on its face started it.
+    const QRectF face = focus.frame();
+    for (double x = face.left() + 4; x < face.right() && machine.announcer.said.isEmpty(); x += 8) {
+        for (double y = face.top() + 4; y < face.bottom() && machine.announcer.said.isEmpty(); y += 8) {
+            machine.windows.click({x, y});
+            machine.clock.advance(26min);
+        }
+    }
+    EXPECT_FALSE(machine.announcer.said.isEmpty()) << "no click on the focus timer starts it";
+}
+
+TEST_F(StartUp, LooksForTheTrayOnceTheWidgetsArePainted)
+{
+    store({});
+    Program program(defaults);
+    program.delegate.start();
+    EXPECT_EQ(program.machine.tray.starts, 0);
+    program.machine.clock.advance(1s);
+    EXPECT_EQ(program.machine.tray.starts, 1);
+}
+
+TEST_F(StartUp, QuitsFromItsWindowAndLeavesNothingOpen)
+{
+    RecordingMachine machine;
+    AppSettings settings(defaults);
+    ThemeAccent accents(defaults);
+    store({{WidgetKind::clock, Skin::glass}});
+    {
+        AppDelegate delegate(machine, {defaults, settings, accents});
+        delegate.start();
+        delegate.reopen({});
+        QToolButton* quit = nullptr;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            for (QToolButton* button : window->findChildren<QToolButton*>()) {
+                if (button->accessibleName() == u"Quit Ambrelle"_s || button->text() == u"Quit Ambrelle"_s)
+                    quit = button;
+            }
+        }
+        ASSERT_TRUE(quit);
+        QTimer::singleShot(0, quit, &QToolButton::click);
+        QTimer patience;
+        patience.callOnTimeout([] { QCoreApplication::exit(-1); });
+        patience.start(20s);
+        EXPECT_EQ(QCoreApplication::exec(), 0);
+        EXPECT_EQ(machine.windows.panels().size(), 1);
+    }
+    EXPECT_THAT(machine.windows.panels(), IsEmpty());
+    EXPECT_FALSE(machine.otherWindows.isWatched);
+    EXPECT_FALSE(machine.input.isRunning);
+    EXPECT_EQ(stored().size(), 1);
+}
+
+} // namespace
+} // namespace ambrelle
