@@ -15,7 +15,6 @@ class WidgetManager;
 /// Changes skins that have a light and a dark variant, and their wallpaper, with the desktop's appearance, if the user
 /// asked for it.
 class AppearanceFollower : public QObject {
-    Q_OBJECT
 public:
     AppearanceFollower(SystemAppearance& appearance, AppSettings& settings, WidgetManager& manager,
         DesktopWallpaper& wallpaper, Clock& clock);

@@ -16,7 +16,6 @@ class WindowList;
 /// Sees to it that raised widgets give way to the windows they lie over, and that nothing moves on a widget nobody
 /// sees. Watches windows only while that matters for some widget.
 class OverlapWatcher : public QObject {
-    Q_OBJECT
 public:
     struct Senses {
         WindowList& windows;

@@ -15,7 +15,6 @@ class SystemMonitor;
 /// The chores that the settings can ask for every so many minutes: another wallpaper, and the count of downloaded bytes
 /// begun anew. Both periods begin when this is made. Costs nothing while neither is asked for.
 class Automation : public QObject {
-    Q_OBJECT
 public:
     /// `shuffle` puts another wallpaper on the desktop.
     Automation(const AppSettings& settings, SystemMonitor& monitor, Clock& clock, std::function<void()> shuffle);

@@ -6,7 +6,6 @@ namespace ambrelle {
 
 /// A line of text that is shortened in the middle where it does not fit.
 class ElidedLabel final : public QLabel {
-    Q_OBJECT
 public:
     using QLabel::QLabel;
 

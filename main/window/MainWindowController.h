@@ -11,7 +11,6 @@ class MainWindow;
 
 /// The main window: made when it is opened and destroyed when it is closed, so that it costs nothing meanwhile.
 class MainWindowController : public QObject {
-    Q_OBJECT
 public:
     /// `actions`: the quick actions, offered in the window too.
     explicit MainWindowController(ActionMenu::Items actions, QObject* parent = nullptr);

@@ -9,7 +9,6 @@ namespace ambrelle {
 /// How the program's menus look: airy lines with columns for check marks and symbols, the chosen one on a rounded plate
 /// in the accent colour, light or dark as the palette says.
 class MenuStyle final : public QProxyStyle {
-    Q_OBJECT
 public:
     static QStyle* shared();
 

@@ -18,7 +18,6 @@ class Clock;
 /// Rows of settings of one widget, the label left and the control right. A control writes the widget's record at once,
 /// and shows it again when it changes elsewhere.
 class SettingsForm final : public QWidget {
-    Q_OBJECT
 public:
     using Show = std::function<void(const WidgetConfig&)>;
 

@@ -12,7 +12,6 @@ namespace ambrelle {
 /// The program's item in the tray: a click toggles the main window, the right button or a click with Control opens the
 /// menu. It comes as soon as told that there is a tray; a tray that starts again gets it again.
 class StatusItemController : public QObject {
-    Q_OBJECT
 public:
     StatusItemController(ActionMenu::Items items, std::function<void()> toggle, Clock& clock);
     ~StatusItemController() override;

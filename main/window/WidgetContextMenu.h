@@ -12,7 +12,6 @@ class WidgetManager;
 
 /// Opens the menu of the widget that was clicked with the right button, one at a time.
 class WidgetContextMenu : public QObject {
-    Q_OBJECT
 public:
     /// Both outlive this.
     WidgetContextMenu(WidgetManager& manager, const QuickMenu& quick, QObject* parent = nullptr);

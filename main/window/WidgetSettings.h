@@ -13,7 +13,6 @@ class WindowHost;
 
 /// Opens the settings of the widget that asks for them, one at a time.
 class WidgetSettings final : public QObject {
-    Q_OBJECT
 public:
     /// All of them outlive this.
     struct Collaborators {

@@ -7,7 +7,6 @@ namespace ambrelle {
 /// A machine without a display, for the modes that render and exit: one fixed screen of 1440 × 900 points, windows that
 /// show nowhere and hear nothing.
 class HeadlessWindowHost final : public WindowHost {
-    Q_OBJECT
 public:
     bool isAvailable() const override { return true; }
     QString whyNot() const override { return {}; }

@@ -20,7 +20,6 @@ void runAppleScript(const QString& source, QObject* context, ScriptDone done, co
 
 /// The players of a system with a script runner. Scripts tell nothing by themselves: they have to be asked regularly.
 class ScriptPlayers final : public PlayerSource {
-    Q_OBJECT
 public:
     /// Whether the application with that bundle identifier runs.
     using IsRunning = std::function<bool(const QString& bundle)>;

@@ -6,7 +6,6 @@ namespace ambrelle {
 
 /// The appearance a test sets.
 class RecordingAppearance final : public SystemAppearance {
-    Q_OBJECT
 public:
     bool isAvailable() const override { return true; }
     QString whyNot() const override { return {}; }

@@ -11,7 +11,6 @@ namespace ambrelle {
 /// A desktop for tests: it shows what was set unless the test lets it fail, and answers at once or when the test says
 /// so.
 class RecordingDesktopPicture final : public DesktopPicture {
-    Q_OBJECT
 public:
     QString unavailable; ///< why not, as a sentence; empty while available
     QString failure; ///< how set() and giveBack() end from now on; empty: well

@@ -8,7 +8,6 @@ namespace ambrelle {
 
 /// The accessories a test lays down.
 class RecordingDevices final : public DeviceSource {
-    Q_OBJECT
 public:
     bool isAvailable() const override { return m_whyNot.isEmpty(); }
     QString whyNot() const override { return m_whyNot; }

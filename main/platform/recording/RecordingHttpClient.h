@@ -11,7 +11,6 @@ namespace ambrelle {
 
 /// A network whose every answer a test gives.
 class RecordingHttpClient final : public HttpClient {
-    Q_OBJECT
 public:
     bool isAvailable() const override { return true; }
     QString whyNot() const override { return {}; }

@@ -11,7 +11,6 @@ namespace ambrelle {
 
 /// A user whom a test plays: it sends the signals itself.
 class RecordingInputMonitor final : public InputMonitor {
-    Q_OBJECT
 public:
     using InputMonitor::metresPerPoint;
 

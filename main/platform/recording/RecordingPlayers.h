@@ -11,7 +11,6 @@ namespace ambrelle {
 
 /// Players whose every answer a test gives: at once what `answers` holds, unless it wants to answer by hand.
 class RecordingPlayers final : public PlayerSource {
-    Q_OBJECT
 public:
     bool isAvailable() const override { return sentence.isEmpty(); }
     QString whyNot() const override { return sentence; }

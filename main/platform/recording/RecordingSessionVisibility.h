@@ -8,7 +8,6 @@ namespace ambrelle {
 
 /// A screen that a test locks and unlocks.
 class RecordingSessionVisibility final : public SessionVisibility {
-    Q_OBJECT
 public:
     bool isAvailable() const override { return true; }
     QString whyNot() const override { return {}; }

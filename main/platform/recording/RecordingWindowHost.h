@@ -93,7 +93,6 @@ private:
 /// pointer goes to the topmost window that hears it, enters and leaves as it moves, and stays with the pressed window
 /// until release.
 class RecordingWindowHost final : public WindowHost {
-    Q_OBJECT
 public:
     RecordingWindowHost(); ///< with one screen of 1440 × 900 points, 40 of them taken by a bar at the top
 

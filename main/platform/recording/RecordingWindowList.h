@@ -6,7 +6,6 @@ namespace ambrelle {
 
 /// Windows that a test puts on the screen.
 class RecordingWindowList final : public WindowList {
-    Q_OBJECT
 public:
     std::optional<QList<OnscreenWindow>> current = QList<OnscreenWindow>();
     bool isWatched = false;

@@ -12,7 +12,6 @@ namespace ambrelle {
 
 /// Panels on an X server. Make it after the application object, which must run on the "xcb" platform plugin.
 class X11WindowHost final : public WindowHost {
-    Q_OBJECT
 public:
     X11WindowHost();
     ~X11WindowHost() override;

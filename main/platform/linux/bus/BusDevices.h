@@ -14,7 +14,6 @@ namespace ambrelle {
 /// What the device sources on the system bus share: connecting late, asking one round after the other, and noticing
 /// that the service comes and goes.
 class BusDevices : public DeviceSource {
-    Q_OBJECT
 public:
     bool isAvailable() const final { return m_whyNot.isEmpty(); }
     QString whyNot() const final { return m_whyNot; }

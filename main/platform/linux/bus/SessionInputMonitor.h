@@ -8,7 +8,6 @@ namespace ambrelle {
 /// The idle time that the desktop's own services tell on the session bus: for sessions in which no program may see the
 /// input of another. Clicks and travel stay unknown.
 class SessionInputMonitor final : public InputMonitor {
-    Q_OBJECT
 public:
     using InputMonitor::metresPerPoint;
 

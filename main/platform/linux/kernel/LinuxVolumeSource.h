@@ -10,7 +10,6 @@ namespace ambrelle {
 
 /// The volumes in /proc/self/mountinfo, named by the labels in /dev/disk/by-label.
 class LinuxVolumeSource final : public VolumeSource {
-    Q_OBJECT
 public:
     explicit LinuxVolumeSource(const QByteArray& procFolder = "/proc", const QByteArray& devFolder = "/dev");
     ~LinuxVolumeSource() override;

@@ -9,7 +9,6 @@ namespace ambrelle {
 
 /// The picture of a desktop that keeps it in GSettings: one for all screens.
 class GSettingsPicture final : public DesktopPicture {
-    Q_OBJECT
 public:
     enum class Family {
         gnome, ///< also others that have kept its settings

@@ -9,7 +9,6 @@ namespace ambrelle {
 
 /// The desktop that a PCMan file manager draws for LXDE or LXQt: one picture for all screens.
 class PcmanfmPicture final : public DesktopPicture {
-    Q_OBJECT
 public:
     enum class Family { lxde, lxqt };
 

@@ -12,7 +12,6 @@ namespace ambrelle {
 
 /// Plasma's desktop: each screen's picture, changed by scripts that its shell runs.
 class PlasmaPicture final : public DesktopPicture {
-    Q_OBJECT
 public:
     explicit PlasmaPicture(QDBusConnection bus = QDBusConnection::sessionBus(),
         std::chrono::milliseconds patience = std::chrono::seconds(5), ListScreens screens = &connectedScreens);

@@ -8,7 +8,6 @@ namespace ambrelle {
 /// Sway's desktop: each output's picture. Sway does not tell what it shows, so only what was set here is known, and
 /// that only as long as the same Sway runs.
 class SwayPicture final : public DesktopPicture {
-    Q_OBJECT
 public:
     /// `recordFile` is where to note what was set; `session` tells this run of Sway from others.
     SwayPicture(const QString& recordFile, const QString& session,

@@ -12,7 +12,6 @@ namespace ambrelle {
 
 /// Xfce's desktop: a picture for each workspace of each screen, kept in Xfconf.
 class XfconfPicture final : public DesktopPicture {
-    Q_OBJECT
 public:
     explicit XfconfPicture(
         std::chrono::milliseconds patience = ToolErrands::usualPatience, ListScreens screens = &connectedScreens);

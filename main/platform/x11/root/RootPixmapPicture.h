@@ -9,7 +9,6 @@ namespace ambrelle {
 /// The desktop picture where no desktop draws one: the root window's own. The picture and a note of which file it shows
 /// stay on the X server when the program ends. Make it after the application object.
 class RootPixmapPicture final : public DesktopPicture {
-    Q_OBJECT
 public:
     RootPixmapPicture();
 

@@ -21,7 +21,6 @@ namespace ambrelle {
 /// saver counts. Grabs nothing. On a connection of its own, whose answers nobody waits for; a pointer that rests costs
 /// nothing. Needs the application object on the "xcb" platform plugin.
 class X11InputMonitor final : public InputMonitor {
-    Q_OBJECT
 public:
     X11InputMonitor();
     ~X11InputMonitor() override;

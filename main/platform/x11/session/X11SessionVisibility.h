@@ -7,7 +7,6 @@ namespace ambrelle {
 
 /// Whether the X server's screen saver has blanked the screen, on its own account or for a program.
 class X11SessionVisibility final : public SessionVisibility {
-    Q_OBJECT
 public:
     /// Before this the screen counts as visible. The watch must be open and outlive this object.
     void attach(const RootWatch& watch)

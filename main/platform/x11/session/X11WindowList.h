@@ -11,7 +11,6 @@ namespace ambrelle {
 
 /// The windows that the window manager lists. Behind XWayland these are only the X windows.
 class X11WindowList final : public WindowList {
-    Q_OBJECT
 public:
     explicit X11WindowList(const X11Parts& parts);
 

@@ -10,7 +10,6 @@ namespace ambrelle {
 
 /// A panel that takes the windows of items into its own. Present while something owns the tray selection of the screen.
 class XEmbedTray final : public TrayPresence, private QAbstractNativeEventFilter {
-    Q_OBJECT
 public:
     bool isAvailable() const override;
     QString whyNot() const override;

@@ -8,7 +8,6 @@ namespace ambrelle {
 
 /// The toolkit's side of a backdrop: a borderless window that may have the focus.
 class BackdropSurface final : public RasterSurface {
-    Q_OBJECT
 public:
     BackdropSurface(BackdropDelegate& delegate, X11Parts& parts);
 

@@ -12,7 +12,6 @@ namespace ambrelle {
 /// Keeps panels of the desktop level above the desktop windows of file managers and shells, some of which rise when
 /// they are clicked or start later, and those of the floating level above the backdrops, which get the focus.
 class StackingGuard final : public QObject {
-    Q_OBJECT
 public:
     StackingGuard(
         RootWatch& watch, const X11Parts& parts, const QList<X11Panel*>& panels, const QList<X11Backdrop*>& backdrops);
