@@ -6,6 +6,7 @@
 #include <QList>
 
 #include <functional>
+#include <optional>
 
 namespace ambrelle {
 
@@ -21,11 +22,23 @@ struct Player {
     bool operator==(const Player&) const = default;
 };
 
+/// What a player plays, or holds in pause.
+struct PlayerTrack {
+    bool isPlaying = false;
+    QString title{};
+    QString artist{};
+    double duration = 0; ///< seconds, 0 while unknown
+    double position = 0; ///< seconds into the track
+    QString picture{}; ///< address of any kind; empty where the player tells none
+
+    bool operator==(const PlayerTrack&) const = default;
+};
+
 /// The media players that run now. Asking never starts one. changed() tells that a player appeared, vanished, or plays
 /// something else or otherwise than before.
 class PlayerSource : public Port {
 public:
-    using Answered = std::function<void(const QString& answer)>;
+    using Answered = std::function<void(const std::optional<PlayerTrack>& track)>;
     using Delivered = std::function<void(const QByteArray& picture)>;
 
     /// Begins to look for players; before that there are none. Later calls do nothing.
@@ -38,9 +51,8 @@ public:
     /// Whether the position moves on by one second a second while the player plays, so that it can be reckoned.
     virtual bool keepsTime(const QString& player) const = 0;
 
-    /// Asks what the player plays. The answer has five or six lines: "playing" or another state, title, artist, length
-    /// and position in seconds, and, if there is one, the address of a picture. A player that plays nothing or does not
-    /// answer gives fewer. All answers come later on this thread, unless `context` is gone by then.
+    /// Asks what the player plays; no track when it plays nothing or does not answer. All answers come later on this
+    /// thread, unless `context` is gone by then.
     virtual void query(const QString& player, QObject* context, Answered answered) = 0;
     /// Gets the picture of the player's track where the player itself hands it out: the bytes of a picture file, none
     /// if there is none or it has more than `mostBytes`.

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <utility>
 
 namespace ambrelle {
@@ -18,12 +17,19 @@ namespace {
 
 constexpr auto pollPeriod = 2s;
 constexpr auto settlingTime = 50ms;
-constexpr qsizetype pictureLine = 5; // counted from 0
-double decimal(const QString& line)
+
+NowPlaying trackShown(const QString& app, const PlayerTrack& track, const QDateTime& now)
 {
-    bool isNumber = false;
-    const double number = line.trimmed().toDouble(&isNumber);
-    return isNumber && std::isfinite(number) ? number : 0;
+    NowPlaying playing{.app = app,
+        .title = track.title,
+        .artist = track.artist,
+        .duration = track.duration,
+        .position = track.position,
+        .isPlaying = track.isPlaying,
+        .sampledAt = now};
+    if (track.picture.startsWith("http"_L1))
+        playing.artworkURL = track.picture;
+    return playing;
 }
 
 /// Whether anybody could see a difference: while a track pauses, the moment at which that was heard shows nowhere.
@@ -97,41 +103,24 @@ void NowPlayingService::ask(Pass pass)
         return;
     }
     const QString player = pass.players.at(pass.next).id;
-    m_source.query(
-        player, this, [this, pass = std::move(pass)](const QString& answer) mutable { hear(std::move(pass), answer); });
+    m_source.query(player, this, [this, pass = std::move(pass)](const std::optional<PlayerTrack>& track) mutable {
+        hear(std::move(pass), track);
+    });
 }
 
-void NowPlayingService::hear(Pass pass, const QString& answer)
+void NowPlayingService::hear(Pass pass, const std::optional<PlayerTrack>& track)
 {
     const Player& player = pass.players.at(pass.next++);
-    const Found found{.player = player.id,
-        .track = parse(player.name, answer, m_clock.now()),
-        .picture = answer.section(u'\n', pictureLine, pictureLine)};
-    if (found.track && found.track->isPlaying) {
-        publish(found);
-        return;
-    }
-    if (found.track && !pass.paused.track)
+    if (track && (track->isPlaying || !pass.paused.track)) {
+        const Found found{
+            .player = player.id, .track = trackShown(player.name, *track, m_clock.now()), .picture = track->picture};
+        if (track->isPlaying) {
+            publish(found);
+            return;
+        }
         pass.paused = found;
+    }
     ask(std::move(pass));
-}
-
-std::optional<NowPlaying> NowPlayingService::parse(const QString& app, const QString& answer, const QDateTime& now)
-{
-    const QStringList lines = answer.split(u'\n');
-    if (lines.size() < pictureLine)
-        return {};
-    NowPlaying track{.app = app,
-        .title = lines.at(1),
-        .artist = lines.at(2),
-        .duration = decimal(lines.at(3)),
-        .position = decimal(lines.at(4)),
-        .isPlaying = lines.at(0) == "playing"_L1,
-        .sampledAt = now};
-    const QString picture = lines.value(pictureLine);
-    if (picture.startsWith("http"_L1))
-        track.artworkURL = picture;
-    return track;
 }
 
 void NowPlayingService::publish(const Found& found)

@@ -56,9 +56,6 @@ public:
     bool isAvailable() const { return m_source.isAvailable(); }
     QString whyNot() const { return m_source.whyNot(); } ///< one sentence, empty while available
 
-    /// Reads an answer of PlayerSource::query(); none unless it has five lines. Numbers that cannot be read are 0.
-    static std::optional<NowPlaying> parse(const QString& app, const QString& answer, const QDateTime& now);
-
 Q_SIGNALS:
     void changed(); ///< the track, its state or position, or the artwork is another
 
@@ -85,7 +82,7 @@ private:
 
     void sourceChanged();
     void ask(Pass pass);
-    void hear(Pass pass, const QString& answer);
+    void hear(Pass pass, const std::optional<PlayerTrack>& track);
     void publish(const Found& found);
     void setTimers();
     bool isToBeAsked() const;

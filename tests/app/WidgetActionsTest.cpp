@@ -26,7 +26,7 @@ protected:
     void play(const Player& running)
     {
         players.running = {running};
-        players.answers[running.id] = u"playing\nSong\nArtist\n200\n10"_s;
+        players.answers[running.id] = PlayerTrack{.isPlaying = true, .title = u"Song"_s};
         player.start();
         player.poll();
     }

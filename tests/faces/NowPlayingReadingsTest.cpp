@@ -15,10 +15,10 @@ namespace {
 
 class NowPlayingReadingTest : public ::testing::Test {
 protected:
-    NowPlayingReading readingOf(const QString& answer, qint64 milliseconds = 0)
+    NowPlayingReading readingOf(const std::optional<PlayerTrack>& track, qint64 milliseconds = 0)
     {
         players.running = {{u"mpv"_s, u"mpv"_s}};
-        players.answers[u"mpv"_s] = answer;
+        players.answers[u"mpv"_s] = track;
         service.poll();
         return nowPlayingReading(service, clock.now().addMSecs(milliseconds));
     }
@@ -33,26 +33,33 @@ TEST_F(NowPlayingReadingTest, ThePositionGoesOnWhileTheTrackPlays)
 {
     struct Case {
         const char* what;
-        const char* answer;
+        bool isPlaying;
+        double duration, position; ///< seconds, as the player answers
         qint64 after; ///< milliseconds
         QString elapsed, total;
         double progress;
     };
     const Case cases[] = {
-        {"at the answer", "playing\na\nb\n200\n84.2", 0, u"1:24"_s, u"3:20"_s, 0.42},
-        {"within the same second", "playing\na\nb\n200\n84.2", 799, u"1:24"_s, u"3:20"_s, 0.42},
-        {"in the next second", "playing\na\nb\n200\n84.2", 800, u"1:25"_s, u"3:20"_s, 0.425},
-        {"paused", "paused\na\nb\n200\n84.2", 60'000, u"1:24"_s, u"3:20"_s, 0.42},
-        {"not beyond the end", "playing\na\nb\n200\n199", 60'000, u"3:20"_s, u"3:20"_s, 1},
-        {"not back with the clock", "playing\na\nb\n200\n84.2", -60'000, u"1:24"_s, u"3:20"_s, 0.42},
-        {"an endless stream", "playing\na\nb\n0\n84", 6'000, u"1:30"_s, {}, 0},
-        {"one that tells an absurd length", "playing\na\nb\n9223372036854\n84", 0, u"1:24"_s, {}, 0},
-        {"absurd numbers", "playing\na\nb\n-5\n-1e300", 0, u"0:00"_s, {}, 0},
-        {"over an hour", "paused\na\nb\n5400\n3725", 0, u"62:05"_s, u"90:00"_s, 3725.0 / 5400},
+        {"at the answer", true, 200, 84.2, 0, u"1:24"_s, u"3:20"_s, 0.42},
+        {"within the same second", true, 200, 84.2, 799, u"1:24"_s, u"3:20"_s, 0.42},
+        {"in the next second", true, 200, 84.2, 800, u"1:25"_s, u"3:20"_s, 0.425},
+        {"paused", false, 200, 84.2, 60'000, u"1:24"_s, u"3:20"_s, 0.42},
+        {"not beyond the end", true, 200, 199, 60'000, u"3:20"_s, u"3:20"_s, 1},
+        {"not back with the clock", true, 200, 84.2, -60'000, u"1:24"_s, u"3:20"_s, 0.42},
+        {"an endless stream", true, 0, 84, 6'000, u"1:30"_s, {}, 0},
+        {"one that tells an absurd length", true, 9223372036854, 84, 0, u"1:24"_s, {}, 0},
+        {"absurd numbers", true, -5, -1e300, 0, u"0:00"_s, {}, 0},
+        {"over an hour", false, 5400, 3725, 0, u"62:05"_s, u"90:00"_s, 3725.0 / 5400},
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(each.what);
-        const NowPlayingReading reading = readingOf(QString::fromLatin1(each.answer), each.after);
+        const PlayerTrack track{.isPlaying = each.isPlaying,
+            .title = u"a"_s,
+            .artist = u"b"_s,
+            .duration = each.duration,
+            .position = each.position};
+        const NowPlayingReading reading = readingOf(track, each.after);
+        EXPECT_EQ(reading.playing, each.isPlaying);
         EXPECT_EQ(reading.elapsed, each.elapsed);
         EXPECT_EQ(reading.total, each.total);
         EXPECT_DOUBLE_EQ(reading.progress, each.progress);
@@ -60,13 +67,11 @@ TEST_F(NowPlayingReadingTest, ThePositionGoesOnWhileTheTrackPlays)
         EXPECT_EQ(reading.artist, u"b"_s);
         EXPECT_FALSE(reading.notice);
     }
-    EXPECT_FALSE(readingOf(u"paused\na\nb\n1\n1"_s).playing);
-    EXPECT_TRUE(readingOf(u"playing\na\nb\n1\n1"_s).playing);
 }
 
 TEST_F(NowPlayingReadingTest, SaysWhyThereIsNothing)
 {
-    EXPECT_EQ(readingOf(u"stopped"_s), (NowPlayingReading{.notice = {u"music.note"_s, u"Nothing playing"_s}}));
+    EXPECT_EQ(readingOf({}), (NowPlayingReading{.notice = {u"music.note"_s, u"Nothing playing"_s}}));
     players.sentence = u"There is no bus."_s;
     EXPECT_EQ(readingOf({}).notice.sentence, u"There is no bus."_s);
 }

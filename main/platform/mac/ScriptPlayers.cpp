@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace ambrelle {
@@ -44,6 +45,13 @@ QString queryScript(const KnownPlayer& player)
            "    return (player state as string) & linefeed & (name of t) & linefeed & (artist of t) & linefeed & "
            "(%2 as string) & linefeed & (player position as string)%3\n"
            "end tell"_s.arg(player.name, player.duration, player.picture);
+}
+
+double decimal(const QString& line)
+{
+    bool isNumber = false;
+    const double number = line.trimmed().toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? number : 0;
 }
 
 QString quoted(QString text)
@@ -110,6 +118,20 @@ void runAppleScript(const QString& source, QObject* context, ScriptDone done, co
     process->start(runner, {u"-e"_s, source});
 }
 
+std::optional<PlayerTrack> parseScriptTrack(const QString& answer)
+{
+    constexpr qsizetype fewestLines = 5;
+    const QStringList lines = answer.split(u'\n');
+    if (lines.size() < fewestLines)
+        return {};
+    return PlayerTrack{.isPlaying = lines.at(0) == "playing"_L1,
+        .title = lines.at(1),
+        .artist = lines.at(2),
+        .duration = decimal(lines.at(3)),
+        .position = decimal(lines.at(4)),
+        .picture = lines.value(fewestLines)};
+}
+
 ScriptPlayers::ScriptPlayers(IsRunning isRunning, const QString& runner, const QString& folder)
     : m_isRunning(std::move(isRunning))
     , m_runner(runner)
@@ -145,7 +167,7 @@ void ScriptPlayers::query(const QString& player, QObject* context, Answered answ
         known ? queryScript(*known) : u"return \"stopped\""_s, this,
         [context = QPointer(context), answered = std::move(answered)](const std::optional<QString>& output) {
             if (context)
-                answered(output.value_or(QString()));
+                answered(parseScriptTrack(output.value_or(QString())));
         },
         m_runner);
 }

@@ -18,6 +18,11 @@ using ScriptDone = std::function<void(const std::optional<QString>& output)>;
 /// comes later on this thread. When `context` goes before, the script is stopped.
 void runAppleScript(const QString& source, QObject* context, ScriptDone done, const QString& runner = scriptRunner);
 
+/// Reads what a player answered to the script of ScriptPlayers::query(): "playing" or another state, title, artist,
+/// length and position in seconds, each in a line of its own, and perhaps the address of a picture. None unless there
+/// are five lines; numbers that cannot be read are 0.
+std::optional<PlayerTrack> parseScriptTrack(const QString& answer);
+
 /// The players of a system with a script runner. Scripts tell nothing by themselves: they have to be asked regularly.
 class ScriptPlayers final : public PlayerSource {
 public:

@@ -35,12 +35,12 @@ public:
     void command(const QString& player, PlayerCommand command) override { commands.append({player, command}); }
 
     /// Answers the oldest query that waits.
-    void answer(const QString& answer) { m_asked.takeFirst().give(answer); }
+    void answer(const std::optional<PlayerTrack>& track) { m_asked.takeFirst().give(track); }
     /// Hands out the picture that was wanted first, or later.
     void deliver(const QByteArray& picture, qsizetype index = 0) { m_wanted.takeAt(index).give(picture); }
 
     QList<Player> running;
-    QHash<QString, QString> answers; ///< by player; none: the player does not answer
+    QHash<QString, std::optional<PlayerTrack>> answers; ///< by player
     QString sentence; ///< why there are no players
     bool byHand = false;
     bool notifying = true;

@@ -30,41 +30,51 @@ TEST(MprisAnswerTest, TellsStateTextsAndTimes)
         {u"mpris:length"_s, qint64{221'500'000}}, {u"xesam:url"_s, u"file:///music/north%20lights.mp3"_s}};
     const QVariantMap untitled = with(song, "xesam:title", u" "_s);
     const auto largest = std::numeric_limits<qint64>::max();
+    const PlayerTrack played{
+        .isPlaying = true, .title = u"Northern Lights"_s, .artist = u"A, B"_s, .duration = 221.5, .position = 1.117637};
+    const PlayerTrack nameless{.isPlaying = true, .title = u"Player"_s, .position = 1.117637};
+    const auto changed = [](PlayerTrack track, auto member, const auto& value) {
+        track.*member = value;
+        return track;
+    };
     struct Case {
         const char* what;
         QVariantMap properties;
-        const char* lines;
+        std::optional<PlayerTrack> track;
     };
     const Case cases[] = {
-        {"a song", playing(song), "playing\nNorthern Lights\nA, B\n221.500\n1.118"},
-        {"pause", with(playing(song), "PlaybackStatus", u"Paused"_s), "paused\nNorthern Lights\nA, B\n221.500\n1.118"},
-        {"stopped", with(playing(song), "PlaybackStatus", u"Stopped"_s), "stopped"},
-        {"nothing at all", {}, "stopped"},
-        {"no title", playing(untitled), "playing\nnorth lights.mp3\nA, B\n221.500\n1.118"},
-        {"neither title nor file", playing({}), "playing\nPlayer\n\n0.000\n1.118"},
-        {"nothing loaded", with(playing({}), "PlaybackStatus", u"Paused"_s), "stopped"},
+        {"a song", playing(song), played},
+        {"pause", with(playing(song), "PlaybackStatus", u"Paused"_s), changed(played, &PlayerTrack::isPlaying, false)},
+        {"stopped", with(playing(song), "PlaybackStatus", u"Stopped"_s), {}},
+        {"nothing at all", {}, {}},
+        {"no title", playing(untitled), changed(played, &PlayerTrack::title, u"north lights.mp3"_s)},
+        {"neither title nor file", playing({}), nameless},
+        {"nothing loaded", with(playing({}), "PlaybackStatus", u"Paused"_s), {}},
         {"a picture", playing(with(song, "mpris:artUrl", u"https://p.example/a"_s)),
-            "playing\nNorthern Lights\nA, B\n221.500\n1.118\nhttps://p.example/a"},
+            changed(played, &PlayerTrack::picture, u"https://p.example/a"_s)},
         {"texts of several lines", playing(with(song, "xesam:title", u"paused\nTitle\r\n\u2028of\t many "_s)),
-            "playing\npaused Title of many\nA, B\n221.500\n1.118"},
-        {"an address of several lines", playing(with(song, "mpris:artUrl", u"https://p.example\nhttps://q"_s)),
-            "playing\nNorthern Lights\nA, B\n221.500\n1.118"},
+            changed(played, &PlayerTrack::title, u"paused Title of many"_s)},
+        {"an address of several lines", playing(with(song, "mpris:artUrl", u"https://p.example\nhttps://q"_s)), played},
         {"one artist, not in a list", playing(with(song, "xesam:artist", u"Solo"_s)),
-            "playing\nNorthern Lights\nSolo\n221.500\n1.118"},
+            changed(played, &PlayerTrack::artist, u"Solo"_s)},
         {"times of other types", with(playing(with(song, "mpris:length", u"3000000"_s)), "Position", 2e6),
-            "playing\nNorthern Lights\nA, B\n3.000\n2.000"},
+            changed(changed(played, &PlayerTrack::duration, 3.0), &PlayerTrack::position, 2.0)},
         {"absurd times", with(playing(with(song, "mpris:length", largest)), "Position", qint64{-5}),
-            "playing\nNorthern Lights\nA, B\n9223372036854.775\n0.000"},
+            changed(changed(played, &PlayerTrack::duration, static_cast<double>(largest) * 1e-6),
+                &PlayerTrack::position, 0.0)},
         {"wrong types", with(playing({{u"xesam:title"_s, QVariantMap()}, {u"xesam:artist"_s, 5}}), "Position", u"x"_s),
-            "playing\nPlayer\n\n0.000\n0.000"},
-        {"metadata of a wrong type", with(playing({}), "Metadata", 5), "playing\nPlayer\n\n0.000\n1.118"},
+            changed(nameless, &PlayerTrack::position, 0.0)},
+        {"metadata of a wrong type", with(playing({}), "Metadata", 5), nameless},
     };
     for (const Case& each : cases)
-        EXPECT_EQ(mprisAnswer(each.properties, u"Player"_s).lines.toStdString(), each.lines) << each.what;
+        EXPECT_EQ(mprisAnswer(each.properties, u"Player"_s).track, each.track) << each.what;
 
     const QString endless(1'000'000, u'a');
     const QVariantMap flood{{u"xesam:title"_s, endless}, {u"mpris:artUrl"_s, endless}, {u"xesam:artist"_s, endless}};
-    EXPECT_LT(mprisAnswer(playing(flood), u"Player"_s).lines.size(), 2000);
+    const PlayerTrack cut = mprisAnswer(playing(flood), u"Player"_s).track.value();
+    EXPECT_EQ(cut.title.size(), 500);
+    EXPECT_EQ(cut.artist.size(), 500);
+    EXPECT_TRUE(cut.picture.isEmpty());
 }
 
 TEST(MprisAnswerTest, TellsTheRate)

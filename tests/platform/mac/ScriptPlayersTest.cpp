@@ -42,12 +42,12 @@ protected:
         EXPECT_TRUE(waitUntil([&output] { return output.has_value(); }));
         return output.value_or(u"no answer"_s);
     }
-    QString query(const QString& player)
+    std::optional<PlayerTrack> query(const QString& player)
     {
-        std::optional<QString> answer;
-        players.query(player, &players, [&answer](const QString& lines) { answer = lines; });
+        std::optional<std::optional<PlayerTrack>> answer;
+        players.query(player, &players, [&answer](const auto& track) { answer = track; });
         EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); }));
-        return answer.value_or(u"no answer"_s);
+        return answer.value_or(PlayerTrack{.title = u"no answer"_s});
     }
     QTemporaryDir folder;
     QString runner = folder.filePath(u"runner"_s);
@@ -90,7 +90,8 @@ TEST_F(ScriptPlayersTest, AsksEachPlayerInItsWords)
     EXPECT_FALSE(players.notifies());
 
     EXPECT_THAT(players.players(), ElementsAre(Player{u"Music"_s, u"Music"_s}, Player{u"Spotify"_s, u"Spotify"_s}));
-    EXPECT_EQ(query(u"Spotify"_s), u"playing\na\nb\n1\n2"_s);
+    EXPECT_EQ(query(u"Spotify"_s),
+        (PlayerTrack{.isPlaying = true, .title = u"a"_s, .artist = u"b"_s, .duration = 1, .position = 2}));
     EXPECT_EQ(given().toStdString(),
         "-e\n"
         "tell application \"Spotify\"\n"
@@ -107,7 +108,7 @@ TEST_F(ScriptPlayersTest, AsksEachPlayerInItsWords)
     EXPECT_THAT(given().toStdString(), HasSubstr("tell application \"Music\"\n"));
 
     runnerDoes("exit 1");
-    EXPECT_EQ(query(u"Music"_s), QString());
+    EXPECT_EQ(query(u"Music"_s), std::nullopt);
     running.clear();
     EXPECT_TRUE(players.players().isEmpty());
 }
@@ -121,6 +122,37 @@ TEST_F(ScriptPlayersTest, PassesCommands)
     ASSERT_TRUE(waitUntil([this] { return given().endsWith(u"tell application \"Spotify\" to next track\n"_s); }));
     players.command(u"Spotify"_s, PlayerCommand::previous);
     ASSERT_TRUE(waitUntil([this] { return given().endsWith(u"tell application \"Spotify\" to previous track\n"_s); }));
+}
+
+TEST_F(ScriptPlayersTest, ReadsAnswers)
+{
+    struct Case {
+        const char* what;
+        QString answer;
+        std::optional<PlayerTrack> track;
+    };
+    const Case cases[] = {
+        {"a failed query", {}, {}},
+        {"no track", u"stopped"_s, {}},
+        {"four lines", u"playing\na\nb\n3"_s, {}},
+        {"five lines", u"playing\nTitle\nArtist\n 180.5 \n\t2"_s,
+            PlayerTrack{
+                .isPlaying = true, .title = u"Title"_s, .artist = u"Artist"_s, .duration = 180.5, .position = 2}},
+        {"any state but playing is a pause", u"Playing\na\nb\n1\n2"_s,
+            PlayerTrack{.title = u"a"_s, .artist = u"b"_s, .duration = 1, .position = 2}},
+        {"a decimal comma does not count", u"playing\na\n\n200\n12,5"_s,
+            PlayerTrack{.isPlaying = true, .title = u"a"_s, .duration = 200}},
+        {"neither do words and infinities", u"paused\na\nb\ninf\nmissing value"_s,
+            PlayerTrack{.title = u"a"_s, .artist = u"b"_s}},
+        {"an address", u"paused\na\nb\n1\n2\nhttps://p.example/a.jpg\nmore"_s,
+            PlayerTrack{.title = u"a"_s,
+                .artist = u"b"_s,
+                .duration = 1,
+                .position = 2,
+                .picture = u"https://p.example/a.jpg"_s}},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(parseScriptTrack(each.answer), each.track) << each.what;
 }
 
 TEST_F(ScriptPlayersTest, TakesExportedPictures)

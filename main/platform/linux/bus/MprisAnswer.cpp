@@ -17,16 +17,15 @@ constexpr qsizetype longestText = 500; // no face has room for more
 constexpr qsizetype longestAddress = 4096;
 constexpr double microsecond = 1e-6; // seconds
 
-/// A text within one line of the answer.
+/// A text as it shows in one line.
 QString oneLine(const QString& text)
 {
     return text.left(2 * longestText).simplified().left(longestText);
 }
 
-QString seconds(const QVariant& microseconds)
+double seconds(const QVariant& microseconds)
 {
-    const double time = static_cast<double>(microseconds.toLongLong()) * microsecond;
-    return QString::number(std::max(time, 0.0), 'f', 3);
+    return std::max(static_cast<double>(microseconds.toLongLong()) * microsecond, 0.0);
 }
 
 QString titleOf(const QVariantMap& metadata)
@@ -62,19 +61,18 @@ MprisAnswer mprisAnswer(const QVariantMap& properties, const QString& name)
     if (title.isEmpty() && playing)
         title = oneLine(name);
     if ((!playing && status != "Paused"_L1) || title.isEmpty())
-        return {.lines = u"stopped"_s, .picture = {}};
+        return {};
 
-    MprisAnswer answer{.lines = {}, .picture = pictureOf(metadata)};
+    MprisAnswer answer{.track = PlayerTrack{.isPlaying = playing,
+                           .title = title,
+                           .artist = oneLine(metadata.value(u"xesam:artist"_s).toStringList().join(", "_L1)),
+                           .duration = seconds(metadata.value(u"mpris:length"_s)),
+                           .position = seconds(properties.value(u"Position"_s)),
+                           .picture = pictureOf(metadata)}};
     bool hasRate = false;
     const double rate = properties.value(u"Rate"_s).toDouble(&hasRate);
     if (hasRate && std::isfinite(rate))
         answer.rate = rate;
-    QStringList lines{playing ? u"playing"_s : u"paused"_s, title,
-        oneLine(metadata.value(u"xesam:artist"_s).toStringList().join(", "_L1)),
-        seconds(metadata.value(u"mpris:length"_s)), seconds(properties.value(u"Position"_s))};
-    if (!answer.picture.isEmpty())
-        lines.append(answer.picture);
-    answer.lines = lines.join(u'\n');
     return answer;
 }
 

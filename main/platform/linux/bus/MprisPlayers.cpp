@@ -177,10 +177,10 @@ void MprisPlayers::query(const QString& player, QObject* context, Answered answe
             if (entry && reply.type() == QDBusMessage::ReplyMessage) {
                 answer = mprisAnswer(busDictionary(reply.arguments().value(0)), entry->player.name);
                 entry->rate = answer.rate;
-                entry->picture = answer.picture;
+                entry->picture = answer.track ? answer.track->picture : QString();
             }
             if (context)
-                answered(answer.lines);
+                answered(answer.track);
         });
 }
 
