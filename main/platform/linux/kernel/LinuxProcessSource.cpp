@@ -1,10 +1,43 @@
 #include "platform/linux/kernel/LinuxProcessSource.h"
 
+#include "foundation/TextFields.h"
+#include "platform/linux/kernel/ProcessParser.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
 namespace ambrelle {
 
-LinuxProcessSource::LinuxProcessSource(const QByteArray& procFolder)
-    : m_table(procFolder)
+namespace {
+
+constexpr double shortestInterval = 0.25; // seconds; over less a share would be noise
+
+std::optional<double> secondsOn(clockid_t clock)
 {
+    timespec time{};
+    if (::clock_gettime(clock, &time) != 0)
+        return std::nullopt;
+    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+}
+
+} // namespace
+
+LinuxProcessSource::LinuxProcessSource(const QByteArray& procFolder)
+    : m_folder(::open(procFolder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    , m_ticksPerSecond(double(::sysconf(_SC_CLK_TCK)))
+    , m_pagesInMemory(double(::sysconf(_SC_PHYS_PAGES)))
+{
+}
+
+LinuxProcessSource::~LinuxProcessSource()
+{
+    if (m_folder >= 0)
+        ::close(m_folder);
 }
 
 QString LinuxProcessSource::whyNot() const
@@ -14,7 +47,98 @@ QString LinuxProcessSource::whyNot() const
 
 void LinuxProcessSource::top(int count, Completion completion)
 {
-    completion(m_table.busiest(count));
+    completion(busiest(count));
+}
+
+/// Among equals in the order of their numbers.
+QList<ProcessRow> LinuxProcessSource::busiest(int count)
+{
+    const double moment = secondsOn(CLOCK_MONOTONIC).value_or(0);
+    if (m_current.empty() || moment - m_moment >= shortestInterval) {
+        readProcesses(moment - m_moment);
+        m_moment = moment;
+    }
+
+    std::vector<const Process*> order;
+    order.reserve(m_current.size());
+    for (const auto& process : m_current)
+        order.push_back(&process);
+    const auto wanted = order.begin() + std::clamp<qsizetype>(count, 0, qsizetype(order.size()));
+    std::partial_sort(order.begin(), wanted, order.end(),
+        [](const Process* a, const Process* b) { return a->cpu != b->cpu ? a->cpu > b->cpu : a->id < b->id; });
+
+    QList<ProcessRow> rows;
+    for (auto each = order.begin(); each != wanted; ++each) {
+        if (const auto details = detailsOf((*each)->id))
+            rows.append({(*each)->id, details->name, (*each)->cpu, details->memory});
+    }
+    return rows;
+}
+
+void LinuxProcessSource::readProcesses(double elapsed)
+{
+    std::swap(m_current, m_previous);
+    m_current.clear();
+    // Not readdir(): rewinding it asks the kernel for the whole folder in small pieces.
+    alignas(dirent64) std::array<char, 32768> buffer;
+    ::lseek(m_folder, 0, SEEK_SET);
+    for (;;) {
+        const auto length = ::syscall(SYS_getdents64, m_folder, buffer.data(), buffer.size());
+        if (length <= 0)
+            break;
+        for (long offset = 0; offset < length;) {
+            const auto* entry = reinterpret_cast<const dirent64*>(buffer.data() + offset);
+            if (const auto id = toNumber<qint64>(entry->d_name))
+                readProcess(*id, elapsed);
+            offset += entry->d_reclen;
+        }
+    }
+    if (!std::is_sorted(m_current.begin(), m_current.end()))
+        std::sort(m_current.begin(), m_current.end());
+}
+
+void LinuxProcessSource::readProcess(qint64 id, double elapsed)
+{
+    Process process;
+    process.id = id;
+    const auto before = std::lower_bound(m_previous.cbegin(), m_previous.cend(), process);
+    const bool isKnown = before != m_previous.cend() && before->id == id;
+    if (isKnown)
+        process.clock = before->clock;
+    else if (::clock_getcpuclockid(pid_t(id), &process.clock) != 0)
+        return;
+    const auto seconds = secondsOn(process.clock);
+    if (!seconds)
+        return; // it ended meanwhile
+    process.seconds = *seconds;
+
+    // Less than before: the number was given to another process.
+    if (isKnown && before->seconds <= *seconds)
+        process.cpu = 100 * (*seconds - before->seconds) / elapsed;
+    else if (const auto details = detailsOf(id))
+        process.cpu = 100 * *seconds / std::max(details->age, shortestInterval);
+    m_current.push_back(process);
+}
+
+std::optional<LinuxProcessSource::Details> LinuxProcessSource::detailsOf(qint64 id) const
+{
+    std::array<char, 32> path;
+    std::array<char, 1024> text;
+    std::snprintf(path.data(), path.size(), "%lld/stat", id);
+    const int file = ::openat(m_folder, path.data(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return std::nullopt;
+    const auto length = ::read(file, text.data(), text.size());
+    ::close(file);
+    const auto stat = parseProcessStat({text.data(), std::size_t(std::max<ssize_t>(length, 0))});
+    if (!stat)
+        return std::nullopt;
+    Details details;
+    details.name = QString::fromUtf8(stat->name.data(), qsizetype(stat->name.size()));
+    if (m_pagesInMemory > 0)
+        details.memory = 100 * double(stat->residentPages) / m_pagesInMemory;
+    details.age = secondsOn(CLOCK_BOOTTIME).value_or(0) - double(stat->start) / m_ticksPerSecond;
+    return details;
 }
 
 } // namespace ambrelle
