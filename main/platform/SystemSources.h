@@ -10,12 +10,13 @@
 
 namespace ambrelle {
 
-/// What one logical processor did since the machine booted, in ticks of any one length; each counter wraps at 2³².
+/// What one logical processor did since the machine booted, in ticks of any one length. While a processor runs, its
+/// counters never go back.
 struct ProcessorTicks {
-    quint32 user = 0;
-    quint32 system = 0;
-    quint32 idle = 0;
-    quint32 nice = 0;
+    quint64 user = 0;
+    quint64 system = 0;
+    quint64 idle = 0;
+    quint64 nice = 0;
 
     bool operator==(const ProcessorTicks&) const = default;
 };
@@ -29,21 +30,20 @@ public:
     virtual double uptime() = 0; ///< seconds since boot, sleep included; 0 when unknown
 };
 
-/// How many pages of memory serve what. The four do not overlap, except that purgeable pages are internal ones.
-struct MemoryPages {
-    quint64 wired = 0; ///< the kernel's own and locked pages
-    quint64 purgeable = 0; ///< internal pages that may be dropped at any time
-    quint64 compressor = 0; ///< pages that hold compressed ones
-    quint64 internal = 0; ///< pages of programs without a file behind them
+/// What takes up memory that cannot simply be given away, in bytes; none counts twice. Files kept in memory and what a
+/// program allows to be dropped at any time are no part of it.
+struct MemoryUse {
+    quint64 programs = 0; ///< of programs, without a file behind it
+    quint64 wired = 0; ///< the kernel's own, and what is locked in its place
+    quint64 compressed = 0; ///< taken by other memory in compressed form
 
-    bool operator==(const MemoryPages&) const = default;
+    bool operator==(const MemoryUse&) const = default;
 };
 
 class MemorySource : public Port {
 public:
     virtual quint64 physicalMemory() = 0; ///< bytes, 0 when unknown
-    virtual quint64 pageSize() = 0; ///< bytes
-    virtual std::optional<MemoryPages> pages() = 0;
+    virtual std::optional<MemoryUse> use() = 0; ///< none when the kernel does not answer
 };
 
 /// A mounted volume; what is absent could not be learnt.

@@ -25,10 +25,8 @@ CPUReader::Reading CPUReader::read()
     for (qsizetype i = 0; i < current->size(); ++i) {
         const auto& now = current->at(i);
         const auto& before = previous.at(i);
-        // Differences of 32-bit counters stay right across a wrap; the sums need more room.
-        const quint64 busy =
-            quint64{now.user - before.user} + quint64{now.system - before.system} + quint64{now.nice - before.nice};
-        const quint64 ticks = busy + quint64{now.idle - before.idle};
+        const quint64 busy = (now.user - before.user) + (now.system - before.system) + (now.nice - before.nice);
+        const quint64 ticks = busy + (now.idle - before.idle);
         if (ticks > 0)
             reading.perCore[i] = double(busy) / double(ticks);
         allBusy += busy;

@@ -11,17 +11,14 @@ MemoryReader::MemoryReader(MemorySource& source)
 
 MemoryInfo MemoryReader::read()
 {
-    const auto pages = m_source.pages();
+    const auto use = m_source.use();
     MemoryInfo info;
     info.total = m_source.physicalMemory();
-    if (!pages)
+    if (!use)
         return info;
-
-    const quint64 page = m_source.pageSize();
-    const quint64 appPages = pages->internal > pages->purgeable ? pages->internal - pages->purgeable : 0;
-    info.app = appPages * page;
-    info.wired = pages->wired * page;
-    info.compressed = pages->compressor * page;
+    info.app = use->programs;
+    info.wired = use->wired;
+    info.compressed = use->compressed;
     info.used = std::min(info.total, info.app + info.wired + info.compressed);
     return info;
 }

@@ -7,7 +7,6 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <limits>
 
 namespace ambrelle {
 namespace {
@@ -31,7 +30,7 @@ protected:
 
 TEST(CPUReaderTest, SharesOfTheTimeBetweenReadings)
 {
-    constexpr quint32 top = std::numeric_limits<quint32>::max();
+    constexpr quint64 large = quint64{1} << 40;
     struct Case {
         const char* what;
         QList<ProcessorTicks> before, after;
@@ -41,10 +40,10 @@ TEST(CPUReaderTest, SharesOfTheTimeBetweenReadings)
     const Case cases[] = {
         {"busy is user, system and nice", {{0, 0, 0, 0}, {0, 0, 0, 0}}, {{10, 20, 60, 10}, {0, 0, 300, 0}}, 0.1,
             {0.4, 0}},
-        {"every counter wraps", {{top - 4, top, top - 49, top}}, {{5, 9, 40, 9}}, 30.0 / 120, {30.0 / 120}},
+        {"differences beyond 32 bits", {{1, 1, 1, 1}}, {{large + 1, large + 1, 9 * large + 1, large + 1}}, 0.25,
+            {0.25}},
         {"no time passed", {{5, 5, 5, 5}}, {{5, 5, 5, 5}}, 0, {0}},
         {"a processor went away", {{0, 0, 0, 0}, {0, 0, 0, 0}}, {{50, 0, 50, 0}}, 0, {0}},
-        {"sums beyond 32 bits", {{0, 0, 0, 0}, {0, 0, 0, 0}}, {{top, top, 0, top}, {top, top, 0, top}}, 1, {1, 1}},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
@@ -77,19 +76,20 @@ TEST(MemoryReaderTest, CountsPressureInBytes)
 {
     struct Case {
         quint64 physical;
-        std::optional<MemoryPages> pages;
+        std::optional<MemoryUse> use;
         MemoryInfo expected;
     };
     const Case cases[] = {
-        {100 * 4096, MemoryPages{10, 5, 7, 25}, {100 * 4096, 37 * 4096, 20 * 4096, 10 * 4096, 7 * 4096}},
-        {100 * 4096, MemoryPages{10, 30, 0, 25}, {100 * 4096, 10 * 4096, 0, 10 * 4096, 0}},
-        {20 * 4096, MemoryPages{10, 0, 7, 25}, {20 * 4096, 20 * 4096, 25 * 4096, 10 * 4096, 7 * 4096}},
-        {100 * 4096, std::nullopt, {100 * 4096, 0, 0, 0, 0}},
+        {1000, MemoryUse{.programs = 200, .wired = 100, .compressed = 70},
+            {.total = 1000, .used = 370, .app = 200, .wired = 100, .compressed = 70}},
+        {200, MemoryUse{.programs = 250, .wired = 100, .compressed = 70},
+            {.total = 200, .used = 200, .app = 250, .wired = 100, .compressed = 70}},
+        {1000, std::nullopt, {.total = 1000}},
     };
     for (const auto& each : cases) {
         RecordingMemory memory;
         memory.currentPhysicalMemory = each.physical;
-        memory.currentPages = each.pages;
+        memory.currentUse = each.use;
         EXPECT_EQ(MemoryReader(memory).read(), each.expected);
     }
     EXPECT_EQ(MemoryInfo().fraction(), 0);
@@ -161,8 +161,8 @@ TEST_F(SystemMonitorTest, TheFirstSampleHasNoRatesAndGrowsEveryHistory)
     machine.processor.currentTicks = {{1, 2, 3, 4}, {1, 2, 3, 4}};
     machine.processor.currentLoads = {{1.5, 1, 0.5}};
     machine.processor.currentUptime = 99;
-    machine.memory.currentPhysicalMemory = 10 * 4096;
-    machine.memory.currentPages = MemoryPages{5, 0, 0, 0};
+    machine.memory.currentPhysicalMemory = 1000;
+    machine.memory.currentUse = MemoryUse{.wired = 500};
     setTraffic(5000, 600);
     monitor.start(2);
 

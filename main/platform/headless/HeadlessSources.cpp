@@ -18,8 +18,7 @@ class HeadlessProcessor final : public Unavailable<ProcessorSource> {
 
 class HeadlessMemory final : public Unavailable<MemorySource> {
     quint64 physicalMemory() override { return 0; }
-    quint64 pageSize() override { return 0; }
-    std::optional<MemoryPages> pages() override { return std::nullopt; }
+    std::optional<MemoryUse> use() override { return std::nullopt; }
 };
 
 class HeadlessVolumes final : public Unavailable<VolumeSource> {

@@ -29,12 +29,10 @@ struct RecordingProcessor final : RecordingSource<ProcessorSource> {
 
 struct RecordingMemory final : RecordingSource<MemorySource> {
     quint64 currentPhysicalMemory = 0;
-    quint64 currentPageSize = 4096;
-    std::optional<MemoryPages> currentPages = MemoryPages();
+    std::optional<MemoryUse> currentUse = MemoryUse();
 
     quint64 physicalMemory() override { return currentPhysicalMemory; }
-    quint64 pageSize() override { return currentPageSize; }
-    std::optional<MemoryPages> pages() override { return currentPages; }
+    std::optional<MemoryUse> use() override { return currentUse; }
 };
 
 struct RecordingVolumes final : RecordingSource<VolumeSource> {

@@ -28,23 +28,24 @@ TEST(ProcessorParserTest, EachProcessorThatIsOnline)
     EXPECT_EQ(offline->size(), 4);
     EXPECT_EQ(offline->last(), (ProcessorTicks{280000, 101000 + 30 + 1050 + 9, 7544000 + 22000, 1200}));
 
-    // The oldest kernels have four figures; a counter beyond 32 bits keeps its lower half.
-    EXPECT_EQ(parseProcessorTicks("cpu0 4294967301 2 3 4\n"), (QList<ProcessorTicks>{{5, 3, 4, 2}}));
+    // The oldest kernels have four figures.
+    EXPECT_EQ(parseProcessorTicks("cpu0 4294967301 2 3 4\n"), (QList<ProcessorTicks>{{4294967301, 3, 4, 2}}));
     for (const char* damaged :
         {"", "cpu", "cpu 1 2 3 4 5", "cpu0 1 2 3", "cpu0 1 x 3 4", "cpu0 1 2 3 4 5 -6", "intr 1"})
         EXPECT_FALSE(parseProcessorTicks(damaged)) << damaged;
 }
 
-TEST(MemoryParserTest, NoPageCountsTwice)
+TEST(MemoryParserTest, NothingCountsTwice)
 {
     const auto memory = parseMemory(view(testData("meminfo-laptop.txt")));
     ASSERT_TRUE(memory);
     EXPECT_EQ(memory->total, 16156348ULL * 1024);
     EXPECT_EQ(memory->kernel, (308224ULL + 24576 + 81920 + 4096 + 8192 + 262144) * 1024);
     EXPECT_EQ(memory->compressed, 262144ULL * 1024);
-    const auto pages = pagesOf(*memory, 4096);
-    EXPECT_EQ(pages.internal, (5242880ULL + 1048576 - 524288) / 4);
-    EXPECT_EQ(pages.wired, memory->kernel / 4096 + 524288 / 4);
+    EXPECT_EQ(useOf(*memory),
+        (MemoryUse{.programs = (5242880ULL + 1048576 - 524288) * 1024,
+            .wired = memory->kernel + 524288ULL * 1024,
+            .compressed = memory->compressed}));
 
     const auto virtualMachine = parseMemory(view(testData("meminfo-virtual-machine.txt")));
     ASSERT_TRUE(virtualMachine);
@@ -54,7 +55,7 @@ TEST(MemoryParserTest, NoPageCountsTwice)
     EXPECT_FALSE(parseMemory("AnonPages: 100 kB\n"));
     EXPECT_FALSE(parseMemory("MemTotal: 99999999999999999999 kB\nAnonPages: 100 kB\n"));
     EXPECT_EQ(parseMemory("MemTotal: 9 kB\nAnonPages: 8 kB\nShmem: -7 kB\nZswap 5")->shared, 0U);
-    EXPECT_EQ(pagesOf({100, 10, 10, 4096 * 50, 0, 0}, 0).internal, 0U);
+    EXPECT_EQ(useOf({100, 10, 10, 4096 * 50, 0, 0}).programs, 0U);
 
     EXPECT_EQ(parseCompressedDevice("  4096 2048  73728 0 0 0 0 0 0\n"), 73728U);
     EXPECT_EQ(parseCompressedDevice("4096"), 0U);
@@ -218,7 +219,7 @@ void readWithAll(std::string_view text)
         ASSERT_FALSE(processors->isEmpty());
     }
     if (const auto memory = parseMemory(text)) {
-        ASSERT_LE(pagesOf(*memory, 4096).wired, quint64{1} << 50);
+        ASSERT_LE(useOf(*memory).wired, quint64{1} << 50);
     }
     parseCompressedDevice(text);
     for (const auto& mount : browsableMounts(parseMounts(text)))

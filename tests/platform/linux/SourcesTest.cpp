@@ -75,7 +75,7 @@ TEST_F(SourcesTest, CompressedSwapDevicesTakeMemory)
     write(QStringLiteral("block/zram1/mm_stat"), "900000 100 40960 0 0 0 0 0 0\n");
     LinuxMemorySource source(root(), root());
     EXPECT_EQ(source.physicalMemory(), 4096U * 1024);
-    EXPECT_EQ(source.pages()->compressor * source.pageSize(), 3U * 40960);
+    EXPECT_EQ(source.use()->compressed, 3U * 40960);
     EXPECT_FALSE(LinuxMemorySource("/nowhere", "/nowhere").isAvailable());
 }
 
@@ -282,9 +282,10 @@ TEST(LinuxSourcesTest, ThisMachineAnswersSensibly)
     EXPECT_LT(loads->front(), 10'000);
     EXPECT_GT(sources.processor.uptime(), 0);
     ASSERT_TRUE(sources.processor.ticks());
-    const auto pages = sources.memory.pages();
-    ASSERT_TRUE(pages);
-    EXPECT_LT(pages->internal * sources.memory.pageSize(), sources.memory.physicalMemory());
+    const auto memory = sources.memory.use();
+    ASSERT_TRUE(memory);
+    EXPECT_GT(memory->programs, 0U);
+    EXPECT_LT(memory->programs, sources.memory.physicalMemory());
     EXPECT_TRUE(sources.network.interfaces());
     ASSERT_FALSE(sources.volumes.volumes().isEmpty());
 }

@@ -5,19 +5,16 @@
 #include <QDir>
 #include <QFile>
 
-#include <unistd.h>
-
 namespace ambrelle {
 
 LinuxMemorySource::LinuxMemorySource(const QByteArray& procFolder, const QByteArray& sysFolder)
     : m_file(procFolder + "/meminfo")
-    , m_pageSize(quint64(::sysconf(_SC_PAGESIZE)))
 {
     const QDir devices(QFile::decodeName(sysFolder + "/block"));
     const auto names = devices.entryList({QStringLiteral("zram*")}, QDir::Dirs | QDir::NoDotAndDotDot);
     for (const auto& name : names)
         m_compressedDevices.emplace_back(QFile::encodeName(devices.filePath(name)) + "/mm_stat");
-    pages();
+    use();
 }
 
 QString LinuxMemorySource::whyNot() const
@@ -25,7 +22,7 @@ QString LinuxMemorySource::whyNot() const
     return isAvailable() ? QString() : QStringLiteral("The kernel does not tell how memory is used.");
 }
 
-std::optional<MemoryPages> LinuxMemorySource::pages()
+std::optional<MemoryUse> LinuxMemorySource::use()
 {
     const auto text = m_file.read();
     auto memory = text ? parseMemory(*text) : std::nullopt;
@@ -34,7 +31,7 @@ std::optional<MemoryPages> LinuxMemorySource::pages()
     m_total = memory->total;
     for (auto& device : m_compressedDevices)
         memory->compressed += parseCompressedDevice(device.read().value_or(std::string_view()));
-    return pagesOf(*memory, m_pageSize);
+    return useOf(*memory);
 }
 
 } // namespace ambrelle

@@ -15,13 +15,11 @@ public:
     bool isAvailable() const override { return m_total > 0; }
     QString whyNot() const override;
     quint64 physicalMemory() override { return m_total; }
-    quint64 pageSize() override { return m_pageSize; }
-    std::optional<MemoryPages> pages() override;
+    std::optional<MemoryUse> use() override;
 
 private:
     KeptFile m_file;
     std::vector<KeptFile> m_compressedDevices;
-    quint64 m_pageSize = 0;
     quint64 m_total = 0;
 };
 

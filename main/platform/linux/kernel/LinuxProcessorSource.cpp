@@ -2,6 +2,7 @@
 
 #include "platform/linux/kernel/ProcessorParser.h"
 
+#include <algorithm>
 #include <ctime>
 
 #include <sys/sysinfo.h>
@@ -10,11 +11,12 @@ namespace ambrelle {
 
 namespace {
 
-// The kernel's estimates of waiting and guest time may go back by a few ticks. Seen through a counter that wraps
-// that would be a day of work in a second, so such a counter stands still until it has caught up.
-quint32 neverBack(quint32 before, quint32 now)
+// The kernel's estimates of waiting and guest time may go back by a few ticks: such a counter stands still until it has
+// caught up.
+ProcessorTicks neverBack(const ProcessorTicks& before, const ProcessorTicks& now)
 {
-    return qint32(now - before) < 0 ? before : now;
+    return {std::max(before.user, now.user), std::max(before.system, now.system), std::max(before.idle, now.idle),
+        std::max(before.nice, now.nice)};
 }
 
 } // namespace
@@ -38,12 +40,8 @@ std::optional<QList<ProcessorTicks>> LinuxProcessorSource::ticks()
     if (!current)
         return std::nullopt;
     if (m_previous.size() == current->size()) {
-        for (qsizetype i = 0; i < current->size(); ++i) {
-            auto& now = (*current)[i];
-            const auto& before = m_previous.at(i);
-            now = {neverBack(before.user, now.user), neverBack(before.system, now.system),
-                neverBack(before.idle, now.idle), neverBack(before.nice, now.nice)};
-        }
+        for (qsizetype i = 0; i < current->size(); ++i)
+            (*current)[i] = neverBack(m_previous.at(i), current->at(i));
     }
     m_previous = *current;
     return current;

@@ -59,16 +59,13 @@ quint64 parseCompressedDevice(std::string_view text)
     return takeNumber<quint64>(text).value_or(0);
 }
 
-MemoryPages pagesOf(const KernelMemory& memory, quint64 pageSize)
+MemoryUse useOf(const KernelMemory& memory)
 {
-    const quint64 page = std::max<quint64>(pageSize, 1);
     const quint64 swappable = memory.anonymous + memory.shared;
-    MemoryPages pages;
-    pages.wired = (memory.kernel + memory.unevictable) / page;
-    pages.internal = (swappable - std::min(swappable, memory.unevictable)) / page;
-    pages.compressor = memory.compressed / page;
-    // Pages that programs gave up (MADV_FREE) are counted by no file of the whole machine, so none is purgeable.
-    return pages;
+    // What programs allow to be dropped (MADV_FREE) is counted by no file of the whole machine, so it stays in.
+    return {.programs = swappable - std::min(swappable, memory.unevictable),
+        .wired = memory.kernel + memory.unevictable,
+        .compressed = memory.compressed};
 }
 
 } // namespace ambrelle

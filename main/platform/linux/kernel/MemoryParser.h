@@ -22,7 +22,7 @@ struct KernelMemory {
 std::optional<KernelMemory> parseMemory(std::string_view text);
 /// The third figure of a zram device's mm_stat: the memory it takes, in bytes; 0 when it cannot be read.
 quint64 parseCompressedDevice(std::string_view text);
-/// No page counts twice: locked pages are wired, and not a program's as well.
-MemoryPages pagesOf(const KernelMemory& memory, quint64 pageSize);
+/// Nothing counts twice: locked memory is wired, and not a program's as well.
+MemoryUse useOf(const KernelMemory& memory);
 
 } // namespace ambrelle

@@ -23,8 +23,7 @@ std::optional<ProcessorTicks> parseTicks(std::string_view line)
         fields[i] = *value;
     }
     const auto [user, nice, system, idle, wait, interrupts, softInterrupts, stolen] = fields;
-    return ProcessorTicks{
-        quint32(user), quint32(system + interrupts + softInterrupts + stolen), quint32(idle + wait), quint32(nice)};
+    return ProcessorTicks{user, system + interrupts + softInterrupts + stolen, idle + wait, nice};
 }
 
 } // namespace
