@@ -53,20 +53,20 @@ template <typename Service> void ReadingFeed::follow(const Service& service, con
 
 Reading ReadingFeed::readingFor(const WidgetConfig& config, bool seconds) const
 {
-    const SystemMonitor& monitor = m_sources.monitor;
+    const SystemSample& sample = m_sources.monitor.sample();
     const LiveServices& services = m_sources.services;
     const AppSettings& settings = m_sources.settings;
     const QDateTime now = m_clock.now();
     switch (config.kind) {
     case clock: return clockReading(config, now, m_locale, seconds);
     case calendar: return calendarReading(now.date(), m_locale);
-    case cpu: return cpuReading(monitor);
-    case memory: return memoryReading(monitor);
-    case disk: return diskReading(monitor);
-    case battery: return batteryReading(monitor);
-    case network: return networkReading(monitor);
-    case downloads: return downloadsReading(monitor, settings.downloadResetMinutes());
-    case processes: return processesReading(monitor);
+    case cpu: return cpuReading(sample);
+    case memory: return memoryReading(sample);
+    case disk: return diskReading(sample);
+    case battery: return batteryReading(sample);
+    case network: return networkReading(sample);
+    case downloads: return downloadsReading(sample, settings.downloadResetMinutes());
+    case processes: return processesReading(sample);
     case weather: return weatherReading(services.weather, m_locale);
     case events: return eventsReading(services.events, now, m_locale);
     case nowPlaying: return nowPlayingReading(services.player, now);

@@ -2,7 +2,7 @@
 
 #include "foundation/Wording.h"
 #include "model/WidgetKind.h"
-#include "services/SystemMonitor.h"
+#include "services/SystemSample.h"
 
 #include <algorithm>
 
@@ -17,11 +17,10 @@ constexpr double fullDisk = 0.9;
 constexpr int lowBattery = 20; // percent
 constexpr double quietNetwork = 10'000; // bytes a second: the least full height of the graphs
 
-Notice missing(const SystemMonitor& monitor, SystemMeasure measure, WidgetKind kind)
+Notice missing(const SystemSample& sample, SystemMeasure measure, WidgetKind kind)
 {
-    if (monitor.isAvailable(measure))
-        return {};
-    return {symbol(kind), monitor.whyNot(measure)};
+    const QString& sentence = sample.whyNot(measure);
+    return sentence.isEmpty() ? Notice() : Notice{symbol(kind), sentence};
 }
 
 QString span(int minutes)
@@ -46,38 +45,38 @@ Share memoryPart(const QString& name, quint64 bytes, quint64 total)
 
 } // namespace
 
-CpuReading cpuReading(const SystemMonitor& monitor)
+CpuReading cpuReading(const SystemSample& sample)
 {
-    CpuReading reading{.notice = missing(monitor, SystemMeasure::processor, WidgetKind::cpu)};
-    reading.percent = Units::percent(monitor.cpu());
-    reading.load = Wording::tr("Load %1").arg(monitor.loadAverage()[0], 0, 'f', 2);
-    const auto cores = monitor.perCore().size();
+    CpuReading reading{.notice = missing(sample, SystemMeasure::processor, WidgetKind::cpu)};
+    reading.percent = Units::percent(sample.cpu);
+    reading.load = Wording::tr("Load %1").arg(sample.loadAverage[0], 0, 'f', 2);
+    const auto cores = sample.perCore.size();
     reading.cores = cores == 1 ? Wording::tr("1 core") : Wording::tr("%1 cores").arg(cores);
-    reading.perCore = monitor.perCore();
-    reading.history = monitor.cpuHistory();
-    reading.high = monitor.cpu() > highLoad;
+    reading.perCore = sample.perCore;
+    reading.history = sample.cpuHistory;
+    reading.high = sample.cpu > highLoad;
     return reading;
 }
 
-MemoryReading memoryReading(const SystemMonitor& monitor)
+MemoryReading memoryReading(const SystemSample& sample)
 {
-    MemoryReading reading{.notice = missing(monitor, SystemMeasure::memory, WidgetKind::memory)};
-    const MemoryInfo& memory = monitor.memory();
+    MemoryReading reading{.notice = missing(sample, SystemMeasure::memory, WidgetKind::memory)};
+    const MemoryInfo& memory = sample.memory;
     reading.percent = Units::percent(memory.fraction());
     reading.used = Units::gib(static_cast<double>(memory.used), 1);
     reading.total = Wording::tr("of %1 GB").arg(Units::gib(static_cast<double>(memory.total), 0));
     reading.parts = {memoryPart(Wording::tr("App"), memory.app, memory.total),
         memoryPart(Wording::tr("Wired"), memory.wired, memory.total),
         memoryPart(Wording::tr("Compressed"), memory.compressed, memory.total)};
-    reading.history = monitor.memoryHistory();
+    reading.history = sample.memoryHistory;
     reading.high = memory.fraction() > highLoad;
     return reading;
 }
 
-DiskReading diskReading(const SystemMonitor& monitor)
+DiskReading diskReading(const SystemSample& sample)
 {
-    DiskReading reading{.notice = missing(monitor, SystemMeasure::disks, WidgetKind::disk)};
-    const std::optional<DiskInfo> disk = monitor.mainDisk();
+    DiskReading reading{.notice = missing(sample, SystemMeasure::disks, WidgetKind::disk)};
+    const std::optional<DiskInfo> disk = sample.mainDisk();
     if (!disk) {
         if (!reading.notice)
             reading.notice = {symbol(WidgetKind::disk), Wording::tr("No volumes")};
@@ -94,10 +93,10 @@ DiskReading diskReading(const SystemMonitor& monitor)
     return reading;
 }
 
-BatteryReading batteryReading(const SystemMonitor& monitor)
+BatteryReading batteryReading(const SystemSample& sample)
 {
     BatteryReading reading{};
-    const std::optional<BatteryInfo>& battery = monitor.battery();
+    const std::optional<BatteryInfo>& battery = sample.battery;
     if (!battery) {
         reading.notice = {u"powerplug.fill"_s, Wording::tr("No battery")};
         return reading;
@@ -114,23 +113,23 @@ BatteryReading batteryReading(const SystemMonitor& monitor)
     return reading;
 }
 
-NetworkReading networkReading(const SystemMonitor& monitor)
+NetworkReading networkReading(const SystemSample& sample)
 {
-    NetworkReading reading{.notice = missing(monitor, SystemMeasure::network, WidgetKind::network)};
-    reading.down = Units::rate(monitor.downRate());
-    reading.up = Units::rate(monitor.upRate());
-    reading.downHistory = monitor.downHistory();
-    reading.upHistory = monitor.upHistory();
+    NetworkReading reading{.notice = missing(sample, SystemMeasure::network, WidgetKind::network)};
+    reading.down = Units::rate(sample.downRate);
+    reading.up = Units::rate(sample.upRate);
+    reading.downHistory = sample.downHistory;
+    reading.upHistory = sample.upHistory;
     reading.peak = std::max(
         {quietNetwork, *std::ranges::max_element(reading.downHistory), *std::ranges::max_element(reading.upHistory)});
     return reading;
 }
 
-DownloadsReading downloadsReading(const SystemMonitor& monitor, int resetMinutes)
+DownloadsReading downloadsReading(const SystemSample& sample, int resetMinutes)
 {
-    DownloadsReading reading{.notice = missing(monitor, SystemMeasure::network, WidgetKind::downloads)};
-    const auto down = static_cast<double>(monitor.sessionDown());
-    const auto up = static_cast<double>(monitor.sessionUp());
+    DownloadsReading reading{.notice = missing(sample, SystemMeasure::network, WidgetKind::downloads)};
+    const auto down = static_cast<double>(sample.sessionDown);
+    const auto up = static_cast<double>(sample.sessionUp);
     reading.down = Units::size(down);
     reading.up = Units::size(up);
     reading.hint = resetMinutes > 0 ? Wording::tr("Resets every %1 min").arg(resetMinutes) : Wording::tr("Since start");
@@ -138,10 +137,10 @@ DownloadsReading downloadsReading(const SystemMonitor& monitor, int resetMinutes
     return reading;
 }
 
-ProcessesReading processesReading(const SystemMonitor& monitor)
+ProcessesReading processesReading(const SystemSample& sample)
 {
-    ProcessesReading reading{.notice = missing(monitor, SystemMeasure::processes, WidgetKind::processes)};
-    const QList<ProcessRow>& processes = monitor.processes();
+    ProcessesReading reading{.notice = missing(sample, SystemMeasure::processes, WidgetKind::processes)};
+    const QList<ProcessRow>& processes = sample.processes;
     if (processes.isEmpty() && !reading.notice)
         reading.notice = {symbol(WidgetKind::processes), Wording::tr("Measuring…")};
     const double busiest = processes.isEmpty() ? 0 : processes.first().cpu;

@@ -4,16 +4,16 @@
 
 namespace ambrelle {
 
-class SystemMonitor;
+struct SystemSample;
 
-/// What the system widgets show of a monitor's values; a notice where the machine cannot be asked.
-CpuReading cpuReading(const SystemMonitor& monitor);
-MemoryReading memoryReading(const SystemMonitor& monitor);
-DiskReading diskReading(const SystemMonitor& monitor);
-BatteryReading batteryReading(const SystemMonitor& monitor);
-NetworkReading networkReading(const SystemMonitor& monitor);
+/// What the system widgets show of a sample; a notice where the machine cannot be asked.
+CpuReading cpuReading(const SystemSample& sample);
+MemoryReading memoryReading(const SystemSample& sample);
+DiskReading diskReading(const SystemSample& sample);
+BatteryReading batteryReading(const SystemSample& sample);
+NetworkReading networkReading(const SystemSample& sample);
 /// `resetMinutes`: period of the automatic reset, 0: none.
-DownloadsReading downloadsReading(const SystemMonitor& monitor, int resetMinutes);
-ProcessesReading processesReading(const SystemMonitor& monitor);
+DownloadsReading downloadsReading(const SystemSample& sample, int resetMinutes);
+ProcessesReading processesReading(const SystemSample& sample);
 
 } // namespace ambrelle

@@ -30,8 +30,8 @@ public:
     virtual double uptime() = 0; ///< seconds since boot, sleep included; 0 when unknown
 };
 
-/// What takes up memory that cannot simply be given away, in bytes; none counts twice. Files kept in memory and what a
-/// program allows to be dropped at any time are no part of it.
+/// What takes up memory that cannot simply be given away, in bytes; nothing counts twice. Files kept in memory are no
+/// part of it, nor what programs allow to be dropped at any time, as far as the system tells that apart.
 struct MemoryUse {
     quint64 programs = 0; ///< of programs, without a file behind it
     quint64 wired = 0; ///< the kernel's own, and what is locked in its place

@@ -15,11 +15,6 @@ constexpr double diskPeriod = 30; // seconds
 constexpr double shortestElapsed = 0.001; // seconds
 constexpr double shortestInterval = 0.1; // seconds
 
-QList<double> emptyHistory()
-{
-    return QList<double>(SystemMonitor::historyLength, 0);
-}
-
 void append(QList<double>& history, double value)
 {
     std::shift_left(history.begin(), history.end(), 1);
@@ -37,13 +32,9 @@ SystemMonitor::SystemMonitor(const SystemSources& sources, Clock& clock)
     , m_batteryReader(sources.power)
     , m_networkReader(sources.network)
     , m_processReader(sources.processes)
-    , m_cpuHistory(emptyHistory())
-    , m_loadHistory(emptyHistory())
-    , m_memoryHistory(emptyHistory())
-    , m_downHistory(emptyHistory())
-    , m_upHistory(emptyHistory())
-    , m_uptime(sources.processor.uptime())
 {
+    m_sample.uptime = sources.processor.uptime();
+    noteAbsences();
     connect(&sources.volumes, &VolumeSource::changed, this, [this] { m_lastDiskRead.reset(); });
 }
 
@@ -58,37 +49,29 @@ void SystemMonitor::start(double interval)
 
 void SystemMonitor::resetSessionTotals()
 {
-    m_sessionDown = 0;
-    m_sessionUp = 0;
+    m_sample.sessionDown = 0;
+    m_sample.sessionUp = 0;
     Q_EMIT changed();
 }
 
-bool SystemMonitor::isAvailable(SystemMeasure measure) const
+void SystemMonitor::loadPreviewData()
 {
-    return m_showsSamples || source(measure).isAvailable();
-}
-
-QString SystemMonitor::whyNot(SystemMeasure measure) const
-{
-    return m_showsSamples ? QString() : source(measure).whyNot();
-}
-
-std::optional<DiskInfo> SystemMonitor::mainDisk() const
-{
-    return m_disks.isEmpty() ? std::nullopt : std::optional(m_disks.first());
+    m_sample = previewSample();
+    Q_EMIT processesChanged();
+    Q_EMIT changed();
 }
 
 void SystemMonitor::tick()
 {
     const double moment = m_clock.elapsed();
-    m_showsSamples = false;
     readProcessor();
-    m_memory = m_memoryReader.read();
-    append(m_memoryHistory, m_memory.fraction());
-    m_battery = m_batteryReader.read();
-    m_uptime = m_sources.processor.uptime();
+    m_sample.memory = m_memoryReader.read();
+    append(m_sample.memoryHistory, m_sample.memory.fraction());
+    m_sample.battery = m_batteryReader.read();
+    m_sample.uptime = m_sources.processor.uptime();
     readNetwork(moment);
     readDisks(moment);
+    noteAbsences();
     requestProcesses();
     Q_EMIT changed();
 }
@@ -96,11 +79,10 @@ void SystemMonitor::tick()
 void SystemMonitor::readProcessor()
 {
     auto reading = m_cpuReader.read();
-    m_cpu = reading.total;
-    m_perCore = std::move(reading.perCore);
-    append(m_cpuHistory, m_cpu);
-    m_loadAverage = m_sources.processor.loadAverages().value_or(std::array<double, 3>{});
-    append(m_loadHistory, m_loadAverage.front());
+    m_sample.cpu = reading.total;
+    m_sample.perCore = std::move(reading.perCore);
+    append(m_sample.cpuHistory, m_sample.cpu);
+    m_sample.loadAverage = m_sources.processor.loadAverages().value_or(std::array<double, 3>{});
 }
 
 void SystemMonitor::readNetwork(double moment)
@@ -112,21 +94,21 @@ void SystemMonitor::readNetwork(double moment)
         // A counter goes back when its interface was reset or removed: that interval counts for nothing.
         const quint64 received = totals.received >= before.received ? totals.received - before.received : 0;
         const quint64 sent = totals.sent >= before.sent ? totals.sent - before.sent : 0;
-        m_downRate = double(received) / elapsed;
-        m_upRate = double(sent) / elapsed;
-        m_sessionDown += received;
-        m_sessionUp += sent;
+        m_sample.downRate = double(received) / elapsed;
+        m_sample.upRate = double(sent) / elapsed;
+        m_sample.sessionDown += received;
+        m_sample.sessionUp += sent;
     }
     m_lastNetwork = NetworkReading{totals, moment};
-    append(m_downHistory, m_downRate);
-    append(m_upHistory, m_upRate);
+    append(m_sample.downHistory, m_sample.downRate);
+    append(m_sample.upHistory, m_sample.upRate);
 }
 
 void SystemMonitor::readDisks(double moment)
 {
     if (m_lastDiskRead && moment - *m_lastDiskRead <= diskPeriod)
         return;
-    m_disks = m_diskReader.read();
+    m_sample.disks = m_diskReader.read();
     m_lastDiskRead = moment;
 }
 
@@ -138,23 +120,17 @@ void SystemMonitor::requestProcesses()
     m_processReader.top(processCount, [monitor = QPointer(this)](QList<ProcessRow> rows) {
         if (!monitor)
             return;
-        monitor->m_processes = std::move(rows);
+        monitor->m_sample.processes = std::move(rows);
         monitor->m_processFetchInFlight = false;
         Q_EMIT monitor->processesChanged();
     });
 }
 
-Port& SystemMonitor::source(SystemMeasure measure) const
+void SystemMonitor::noteAbsences()
 {
-    switch (measure) {
-    case SystemMeasure::processor: return m_sources.processor;
-    case SystemMeasure::memory: return m_sources.memory;
-    case SystemMeasure::disks: return m_sources.volumes;
-    case SystemMeasure::battery: return m_sources.power;
-    case SystemMeasure::network: return m_sources.network;
-    case SystemMeasure::processes: break;
-    }
-    return m_sources.processes;
+    // In the order of SystemMeasure.
+    m_sample.absences = {m_sources.processor.whyNot(), m_sources.memory.whyNot(), m_sources.volumes.whyNot(),
+        m_sources.power.whyNot(), m_sources.network.whyNot(), m_sources.processes.whyNot()};
 }
 
 } // namespace ambrelle

@@ -131,19 +131,19 @@ TEST_F(FeedTest, AMachineWithoutABatteryOrVolumesSaysSo)
     EXPECT_EQ(noticeOf(read(WidgetKind::processes)).sentence, u"Measuring…"_s);
 }
 
-TEST_F(FeedTest, TheSamplesReadAsTheyWereMade)
+TEST(SystemReadingTest, TheSamplesReadAsTheyWereMade)
 {
-    monitor.loadPreviewData();
-    const BatteryReading battery = batteryReading(monitor);
+    const SystemSample sample = previewSample();
+    const BatteryReading battery = batteryReading(sample);
     EXPECT_EQ(battery.percent, 73);
     EXPECT_FALSE(battery.low);
-    const ProcessesReading processes = processesReading(monitor);
+    const ProcessesReading processes = processesReading(sample);
     ASSERT_EQ(processes.rows.size(), 8);
     EXPECT_EQ(processes.rows.first().percent, u"13.2%"_s);
     EXPECT_DOUBLE_EQ(processes.rows.first().fraction, 1);
-    const NetworkReading network = networkReading(monitor);
+    const NetworkReading network = networkReading(sample);
     EXPECT_GE(network.peak, *std::ranges::max_element(network.upHistory));
-    EXPECT_EQ(memoryReading(monitor).parts.size(), 3);
+    EXPECT_EQ(memoryReading(sample).parts.size(), 3);
 }
 
 } // namespace ambrelle

@@ -166,21 +166,22 @@ TEST_F(SystemMonitorTest, TheFirstSampleHasNoRatesAndGrowsEveryHistory)
     setTraffic(5000, 600);
     monitor.start(2);
 
-    EXPECT_EQ(monitor.cpu(), 0);
-    EXPECT_THAT(monitor.perCore(), ElementsAre(0, 0));
-    EXPECT_EQ(monitor.downRate(), 0);
-    EXPECT_EQ(monitor.sessionDown(), 0U);
-    EXPECT_EQ(monitor.uptime(), 99);
-    for (const auto* history : {&monitor.cpuHistory(), &monitor.loadHistory(), &monitor.memoryHistory(),
-             &monitor.downHistory(), &monitor.upHistory()})
-        EXPECT_EQ(history->size(), SystemMonitor::historyLength);
-    EXPECT_EQ(monitor.loadHistory().last(), 1.5);
-    EXPECT_EQ(monitor.memoryHistory().last(), 0.5);
+    EXPECT_EQ(monitor.sample().cpu, 0);
+    EXPECT_THAT(monitor.sample().perCore, ElementsAre(0, 0));
+    EXPECT_EQ(monitor.sample().downRate, 0);
+    EXPECT_EQ(monitor.sample().sessionDown, 0U);
+    EXPECT_EQ(monitor.sample().uptime, 99);
+    for (const auto* history : {&monitor.sample().cpuHistory, &monitor.sample().memoryHistory,
+             &monitor.sample().downHistory, &monitor.sample().upHistory})
+        EXPECT_EQ(history->size(), SystemSample::historyLength);
+    EXPECT_EQ(monitor.sample().loadAverage.front(), 1.5);
+    EXPECT_EQ(monitor.sample().memoryHistory.last(), 0.5);
 
     machine.processor.currentLoads.reset();
     clock.advance(2s);
-    EXPECT_THAT(monitor.loadAverage(), Each(0));
-    EXPECT_EQ(monitor.loadHistory().at(SystemMonitor::historyLength - 2), 1.5);
+    EXPECT_THAT(monitor.sample().loadAverage, Each(0));
+    EXPECT_EQ(monitor.sample().memoryHistory.at(SystemSample::historyLength - 2), 0.5);
+    EXPECT_EQ(monitor.sample().memoryHistory.at(SystemSample::historyLength - 3), 0);
 }
 
 TEST_F(SystemMonitorTest, RatesAndTotalsFollowTheCounters)
@@ -189,25 +190,25 @@ TEST_F(SystemMonitorTest, RatesAndTotalsFollowTheCounters)
     monitor.start(2);
     setTraffic(5000, 1600);
     clock.advance(2s);
-    EXPECT_DOUBLE_EQ(monitor.downRate(), 2000);
-    EXPECT_DOUBLE_EQ(monitor.upRate(), 300);
+    EXPECT_DOUBLE_EQ(monitor.sample().downRate, 2000);
+    EXPECT_DOUBLE_EQ(monitor.sample().upRate, 300);
 
     setTraffic(10, 2600); // one direction was reset
     clock.advance(2s);
-    EXPECT_EQ(monitor.downRate(), 0);
-    EXPECT_DOUBLE_EQ(monitor.upRate(), 500);
-    EXPECT_EQ(monitor.sessionDown(), 4000U);
-    EXPECT_EQ(monitor.sessionUp(), 1600U);
+    EXPECT_EQ(monitor.sample().downRate, 0);
+    EXPECT_DOUBLE_EQ(monitor.sample().upRate, 500);
+    EXPECT_EQ(monitor.sample().sessionDown, 4000U);
+    EXPECT_EQ(monitor.sample().sessionUp, 1600U);
 
     setTraffic(12, 2600);
     monitor.start(2); // at the same moment: a millisecond is taken
-    EXPECT_DOUBLE_EQ(monitor.downRate(), 2000);
+    EXPECT_DOUBLE_EQ(monitor.sample().downRate, 2000);
 
     monitor.resetSessionTotals();
-    EXPECT_EQ(monitor.sessionDown(), 0U);
-    EXPECT_EQ(monitor.sessionUp(), 0U);
-    EXPECT_DOUBLE_EQ(monitor.downRate(), 2000);
-    EXPECT_DOUBLE_EQ(monitor.downHistory().last(), 2000);
+    EXPECT_EQ(monitor.sample().sessionDown, 0U);
+    EXPECT_EQ(monitor.sample().sessionUp, 0U);
+    EXPECT_DOUBLE_EQ(monitor.sample().downRate, 2000);
+    EXPECT_DOUBLE_EQ(monitor.sample().downHistory.last(), 2000);
 }
 
 TEST_F(SystemMonitorTest, AnyIntervalFromTheSettingsGivesOneTimer)
@@ -228,15 +229,15 @@ TEST_F(SystemMonitorTest, VolumesAreReadEveryThirtySecondsAndAfterAMount)
     EXPECT_EQ(machine.volumes.readings, 1);
     clock.advance(10s);
     EXPECT_EQ(machine.volumes.readings, 2);
-    EXPECT_FALSE(monitor.mainDisk());
+    EXPECT_FALSE(monitor.sample().mainDisk());
 
     machine.volumes.currentVolumes = {{QStringLiteral("System"), QStringLiteral("/"), true, 100, 50, {}, true}};
     Q_EMIT machine.volumes.changed();
     EXPECT_EQ(machine.volumes.readings, 2);
     clock.advance(10s);
     EXPECT_EQ(machine.volumes.readings, 3);
-    ASSERT_TRUE(monitor.mainDisk());
-    EXPECT_EQ(monitor.mainDisk()->id(), QStringLiteral("/"));
+    ASSERT_TRUE(monitor.sample().mainDisk());
+    EXPECT_EQ(monitor.sample().mainDisk()->id(), QStringLiteral("/"));
 }
 
 TEST_F(SystemMonitorTest, ListsProcessesOneAtATimeWhileWanted)
@@ -254,10 +255,10 @@ TEST_F(SystemMonitorTest, ListsProcessesOneAtATimeWhileWanted)
         rows.append({i, QStringLiteral("worker"), 9.0 - i, 1});
     machine.processes.answer(rows);
     EXPECT_EQ(published, 1);
-    EXPECT_EQ(monitor.processes(), rows.first(8));
+    EXPECT_EQ(monitor.sample().processes, rows.first(8));
     clock.advance(1s);
     EXPECT_EQ(machine.processes.requests.size(), 2);
-    EXPECT_EQ(monitor.processes().size(), 8); // the old list stays meanwhile
+    EXPECT_EQ(monitor.sample().processes.size(), 8); // the old list stays meanwhile
     monitor.setWantsProcesses(false);
     machine.processes.answer({});
     clock.advance(5s);
@@ -282,15 +283,33 @@ TEST_F(SystemMonitorTest, WhatCannotBeMeasuredIsNotZero)
     machine.network.setWhyNot(QStringLiteral("No network here."));
     machine.network.currentInterfaces.reset();
     monitor.start(1);
-    EXPECT_TRUE(monitor.isAvailable(SystemMeasure::processor));
-    EXPECT_FALSE(monitor.isAvailable(SystemMeasure::network));
-    EXPECT_EQ(monitor.whyNot(SystemMeasure::network), QStringLiteral("No network here."));
+    EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::processor), QString());
+    EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::network), QStringLiteral("No network here."));
 
     monitor.loadPreviewData();
-    EXPECT_TRUE(monitor.isAvailable(SystemMeasure::network));
-    EXPECT_EQ(monitor.whyNot(SystemMeasure::network), QString());
+    EXPECT_EQ(monitor.sample(), previewSample());
+    EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::network), QString());
     clock.advance(1s);
-    EXPECT_FALSE(monitor.isAvailable(SystemMeasure::network));
+    EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::network), QStringLiteral("No network here."));
+
+    struct Case {
+        SystemMeasure measure;
+        QString sentence;
+    };
+    machine.processor.setWhyNot(QStringLiteral("processor"));
+    machine.memory.setWhyNot(QStringLiteral("memory"));
+    machine.volumes.setWhyNot(QStringLiteral("volumes"));
+    machine.power.setWhyNot(QStringLiteral("power"));
+    machine.network.setWhyNot(QStringLiteral("network"));
+    machine.processes.setWhyNot(QStringLiteral("processes"));
+    const SystemMonitor nothingStarted(machine.sources(), clock);
+    for (const Case& each : {Case{SystemMeasure::processor, QStringLiteral("processor")},
+             Case{SystemMeasure::memory, QStringLiteral("memory")},
+             Case{SystemMeasure::disks, QStringLiteral("volumes")},
+             Case{SystemMeasure::battery, QStringLiteral("power")},
+             Case{SystemMeasure::network, QStringLiteral("network")},
+             Case{SystemMeasure::processes, QStringLiteral("processes")}})
+        EXPECT_EQ(nothingStarted.sample().whyNot(each.measure), each.sentence);
 }
 
 TEST(SystemMonitorPreviewTest, SamplesFitTogetherOnAMachineWithoutSources)
@@ -300,22 +319,21 @@ TEST(SystemMonitorPreviewTest, SamplesFitTogetherOnAMachineWithoutSources)
     SystemMonitor monitor(machine.sources(), clock);
     monitor.setWantsProcesses(true);
     monitor.start(1);
-    EXPECT_TRUE(monitor.perCore().isEmpty());
-    EXPECT_TRUE(monitor.processes().isEmpty());
-    EXPECT_FALSE(monitor.battery());
+    EXPECT_TRUE(monitor.sample().perCore.isEmpty());
+    EXPECT_TRUE(monitor.sample().processes.isEmpty());
+    EXPECT_FALSE(monitor.sample().battery);
 
-    monitor.loadPreviewData();
+    const SystemSample preview = previewSample();
     // Worked out apart: base + amplitude (0.55 sin p + 0.3 sin 2p + 0.15 sin 3p) at the first step.
-    EXPECT_NEAR(monitor.cpuHistory().first(), 0.4562, 0.0001);
-    EXPECT_NEAR(monitor.downHistory().first(), 2'400'000 + 1'800'000 * (-0.19992), 100);
-    EXPECT_EQ(monitor.cpu(), monitor.cpuHistory().last());
-    EXPECT_EQ(monitor.loadAverage().front(), monitor.loadHistory().last());
-    EXPECT_NEAR(monitor.memory().fraction(), monitor.memoryHistory().last(), 1e-9);
-    EXPECT_EQ(monitor.memory().used, monitor.memory().app + monitor.memory().wired + monitor.memory().compressed);
-    EXPECT_EQ(monitor.perCore().size(), 8);
-    EXPECT_EQ(monitor.processes().size(), 8);
-    EXPECT_TRUE(monitor.mainDisk() && monitor.mainDisk()->isRoot);
-    EXPECT_TRUE(monitor.battery());
+    EXPECT_NEAR(preview.cpuHistory.first(), 0.4562, 0.0001);
+    EXPECT_NEAR(preview.downHistory.first(), 2'400'000 + 1'800'000 * (-0.19992), 100);
+    EXPECT_EQ(preview.cpu, preview.cpuHistory.last());
+    EXPECT_NEAR(preview.memory.fraction(), preview.memoryHistory.last(), 1e-9);
+    EXPECT_EQ(preview.memory.used, preview.memory.app + preview.memory.wired + preview.memory.compressed);
+    EXPECT_EQ(preview.perCore.size(), 8);
+    EXPECT_EQ(preview.processes.size(), 8);
+    EXPECT_TRUE(preview.mainDisk() && preview.mainDisk()->isRoot);
+    EXPECT_TRUE(preview.battery);
 }
 
 } // namespace

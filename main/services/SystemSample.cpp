@@ -1,4 +1,4 @@
-#include "services/SystemMonitor.h"
+#include "services/SystemSample.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,8 +13,8 @@ constexpr qint64 gigabyte = 1'000'000'000;
 QList<double> wave(double phase, double base, double amplitude)
 {
     QList<double> values;
-    values.reserve(SystemMonitor::historyLength);
-    for (int i = 0; i < SystemMonitor::historyLength; ++i) {
+    values.reserve(SystemSample::historyLength);
+    for (int i = 0; i < SystemSample::historyLength; ++i) {
         const double swing = 0.55 * std::sin(i / 4.1 + phase) + 0.3 * std::sin(2 * phase + i / 1.7)
             + 0.15 * std::sin(3 * phase + i / 0.9);
         values.append(std::max(base + amplitude * swing, 0.0));
@@ -49,32 +49,28 @@ QList<ProcessRow> sampleProcesses()
 
 } // namespace
 
-void SystemMonitor::loadPreviewData()
+SystemSample previewSample()
 {
-    m_cpuHistory = wave(1, 0.32, 0.18);
-    m_loadHistory = wave(2, 2.2, 0.8);
-    m_memoryHistory = wave(3, 0.41, 0.04);
-    m_downHistory = wave(4, 2'400'000, 1'800'000);
-    m_upHistory = wave(5, 600'000, 450'000);
+    SystemSample sample;
+    sample.cpuHistory = wave(1, 0.32, 0.18);
+    sample.memoryHistory = wave(3, 0.41, 0.04);
+    sample.downHistory = wave(4, 2'400'000, 1'800'000);
+    sample.upHistory = wave(5, 600'000, 450'000);
 
-    m_cpu = m_cpuHistory.last();
-    m_perCore.clear();
+    sample.cpu = sample.cpuHistory.last();
     for (int i = 0; i < 8; ++i)
-        m_perCore.append(std::abs(std::sin(1.3 * i)) * 0.6 + 0.15);
-    m_loadAverage = {m_loadHistory.last(), 2.05, 1.88};
-    m_memory = sampleMemory(m_memoryHistory.last());
-    m_disks = {{QStringLiteral("Macintosh HD"), QStringLiteral("/"), 994 * gigabyte, 412 * gigabyte, true}};
-    m_battery = BatteryInfo{0.73, false, false, false, 284};
-    m_downRate = m_downHistory.last();
-    m_upRate = m_upHistory.last();
-    m_sessionDown = quint64(4.82 * gigabyte);
-    m_sessionUp = quint64(0.64 * gigabyte);
-    m_processes = sampleProcesses();
-    m_uptime = 3 * 86400 + 7 * 3600 + 42 * 60;
-
-    m_showsSamples = true;
-    Q_EMIT processesChanged();
-    Q_EMIT changed();
+        sample.perCore.append(std::abs(std::sin(1.3 * i)) * 0.6 + 0.15);
+    sample.loadAverage = {wave(2, 2.2, 0.8).last(), 2.05, 1.88};
+    sample.memory = sampleMemory(sample.memoryHistory.last());
+    sample.disks = {{QStringLiteral("Macintosh HD"), QStringLiteral("/"), 994 * gigabyte, 412 * gigabyte, true}};
+    sample.battery = BatteryInfo{0.73, false, false, false, 284};
+    sample.downRate = sample.downHistory.last();
+    sample.upRate = sample.upHistory.last();
+    sample.sessionDown = quint64(4.82 * gigabyte);
+    sample.sessionUp = quint64(0.64 * gigabyte);
+    sample.processes = sampleProcesses();
+    sample.uptime = 3 * 86400 + 7 * 3600 + 42 * 60;
+    return sample;
 }
 
 } // namespace ambrelle
