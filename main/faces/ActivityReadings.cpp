@@ -1,4 +1,4 @@
-#include "faces/ActivityReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include "foundation/Wording.h"
 #include "model/WidgetKind.h"

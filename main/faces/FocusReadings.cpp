@@ -1,4 +1,4 @@
-#include "faces/FocusReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include "services/FocusTimer.h"
 

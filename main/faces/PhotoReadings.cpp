@@ -1,4 +1,4 @@
-#include "faces/PhotoReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include "foundation/Wording.h"
 #include "services/PhotoAlbum.h"

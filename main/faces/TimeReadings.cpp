@@ -1,4 +1,4 @@
-#include "faces/TimeReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include "faces/MoonPhase.h"
 #include "foundation/Wording.h"

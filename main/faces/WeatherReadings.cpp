@@ -1,4 +1,4 @@
-#include "faces/WeatherReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include "model/WeatherCode.h"
 #include "model/WidgetKind.h"

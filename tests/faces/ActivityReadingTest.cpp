@@ -1,5 +1,5 @@
-#include "faces/ActivityReadings.h"
 #include "faces/Locales.h"
+#include "faces/ReadingFunctions.h"
 
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"

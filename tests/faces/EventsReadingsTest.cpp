@@ -1,4 +1,4 @@
-#include "faces/EventsReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"

@@ -1,5 +1,4 @@
-#include "faces/DevicesReadings.h"
-#include "faces/FocusReadings.h"
+#include "faces/ReadingFunctions.h"
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"

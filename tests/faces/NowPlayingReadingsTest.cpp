@@ -1,4 +1,4 @@
-#include "faces/NowPlayingReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include "foundation/ManualClock.h"
 #include "platform/recording/RecordingHttpClient.h"

@@ -1,4 +1,4 @@
-#include "faces/PhotoReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include "foundation/ManualClock.h"
 #include "services/PhotoAlbum.h"

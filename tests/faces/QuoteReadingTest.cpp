@@ -1,4 +1,4 @@
-#include "faces/QuoteReadings.h"
+#include "faces/ReadingFunctions.h"
 
 #include <gtest/gtest.h>
 

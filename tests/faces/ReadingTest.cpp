@@ -1,7 +1,6 @@
 #include "faces/Locales.h"
 #include "faces/ReadingFeed.h"
-#include "faces/SystemReadings.h"
-#include "faces/TimeReadings.h"
+#include "faces/ReadingFunctions.h"
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"

@@ -1,6 +1,5 @@
 #include "faces/Locales.h"
-#include "faces/TimeReadings.h"
-#include "faces/WeatherReadings.h"
+#include "faces/ReadingFunctions.h"
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
