@@ -1,3 +1,5 @@
+#include "window/KindRows.h"
+
 #include "foundation/Wording.h"
 #include "window/ElidedLabel.h"
 #include "window/SettingsForm.h"
@@ -26,8 +28,8 @@ QString intervalText(int minutes)
     if (minutes == day)
         return Wording::tr("Every day");
     if (minutes % hour == 0)
-        return minutes == hour ? Wording::tr("Every hour") : Wording::tr("Every %1 hours").arg(minutes / hour);
-    return minutes == 1 ? Wording::tr("Every minute") : Wording::tr("Every %1 minutes").arg(minutes);
+        return Wording::tr("Every %n hours", nullptr, minutes / hour);
+    return Wording::tr("Every %n minutes", nullptr, minutes);
 }
 
 /// Outlives the settings, which close as soon as another window gets the pointer.

@@ -1,3 +1,5 @@
+#include "window/KindRows.h"
+
 #include "foundation/Wording.h"
 #include "window/SettingsForm.h"
 

@@ -13,8 +13,6 @@ class QGridLayout;
 
 namespace ambrelle {
 
-class Clock;
-
 /// Rows of settings of one widget, the label left and the control right. A control writes the widget's record at once,
 /// and shows it again when it changes elsewhere.
 class SettingsForm final : public QWidget {
@@ -58,13 +56,5 @@ private:
     std::vector<Show> m_shows;
     std::vector<QWidget*> m_rules;
 };
-
-/// The rows of every widget.
-void addAppearanceRows(SettingsForm& form);
-/// The rows of one kind.
-void addClockRows(SettingsForm& form);
-void addPhotoRows(SettingsForm& form);
-void addCountdownRows(SettingsForm& form, const Clock& clock);
-void addQuoteRows(SettingsForm& form);
 
 } // namespace ambrelle

@@ -2,6 +2,8 @@
 
 #include "drawing/Colours.h"
 #include "drawing/Symbols.h"
+#include "foundation/Wording.h"
+#include "window/KindRows.h"
 #include "window/SettingsForm.h"
 #include "window/WindowStyle.h"
 
@@ -58,8 +60,8 @@ SettingsPopover::SettingsPopover(WidgetController& widget, const Clock& clock, b
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground, composited);
-    setWindowTitle(tr("Widget Settings…"));
-    setAccessibleName(tr("%1 Settings").arg(m_title));
+    setWindowTitle(Wording::tr("Widget Settings…"));
+    setAccessibleName(Wording::tr("%1 Settings").arg(m_title));
     addKindRows(*m_form, clock);
     addAppearanceRows(*m_form);
     auto* column = new QVBoxLayout(this);
