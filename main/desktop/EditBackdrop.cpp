@@ -2,6 +2,7 @@
 
 #include "desktop/InstructionPlace.h"
 #include "drawing/Canvas.h"
+#include "foundation/Wording.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +14,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString instructionText = u"Drag widgets anywhere. Click an empty space or press Esc to finish."_s;
+QString instructionText()
+{
+    return Wording::tr("Drag widgets anywhere. Click an empty space or press Esc to finish.");
+}
 
 constexpr double instructionMargin = 16; // kept free along the screen's edges and around widgets
 constexpr std::array textSizes{16.0, 13.0, 11.0, 9.0}; // the largest that fits the screen
@@ -46,7 +50,7 @@ QSizeF padding(const TextStyle& style)
 QSizeF capsuleSize(const TextStyle& style, double room)
 {
     const QSizeF around = padding(style) * 2;
-    const QStringList lines = wrapped(instructionText, style, room - around.width());
+    const QStringList lines = wrapped(instructionText(), style, room - around.width());
     double widest = 0;
     for (const QString& line : lines)
         widest = std::max(widest, shape(style.face, style.size, line)->width);
@@ -97,7 +101,7 @@ void EditBackdrop::paint(QPainter& painter, const QSizeF& size)
     canvas.fill(capsule, instructionColour, radius);
     canvas.frame(capsule, QPen(instructionEdge, 1), radius);
     Box text = capsule.inset(around.width() - 0.5, around.height()); // the widest line must not break again
-    for (const QString& line : wrapped(instructionText, style, text.width()))
+    for (const QString& line : wrapped(instructionText(), style, text.width()))
         canvas.text(text.cutTop(lineHeight(style)), line, style);
 }
 

@@ -10,10 +10,10 @@ enum class MainTab { themes, widgets, wallpapers, settings };
 namespace tables {
 using namespace Qt::StringLiterals;
 inline constexpr std::array mainTabRows = std::to_array<TitledRow<MainTab>>({
-    {MainTab::themes, "themes"_L1, u"Themes"},
-    {MainTab::widgets, "widgets"_L1, u"Widgets"},
-    {MainTab::wallpapers, "wallpapers"_L1, u"Wallpapers"},
-    {MainTab::settings, "settings"_L1, u"Settings"},
+    {MainTab::themes, "themes"_L1, QT_TRANSLATE_NOOP("ambrelle", "Themes")},
+    {MainTab::widgets, "widgets"_L1, QT_TRANSLATE_NOOP("ambrelle", "Widgets")},
+    {MainTab::wallpapers, "wallpapers"_L1, QT_TRANSLATE_NOOP("ambrelle", "Wallpapers")},
+    {MainTab::settings, "settings"_L1, QT_TRANSLATE_NOOP("ambrelle", "Settings")},
 });
 } // namespace tables
 

@@ -1,6 +1,7 @@
 #include "desktop/QuickMenu.h"
 
 #include "desktop/WidgetManager.h"
+#include "foundation/Wording.h"
 #include "model/AppSettings.h"
 #include "services/FocusTimer.h"
 
@@ -18,31 +19,32 @@ QList<ActionItem> QuickMenu::items() const
     const Updates updates = m_with.updates ? m_with.updates() : Updates();
     QList<ActionItem> items;
     if (updates.found) {
-        items += {.title = u"Update to Ambrelle "_s + *updates.found,
+        items += {.title = Wording::tr("Update to Ambrelle %1").arg(*updates.found),
             .symbol = u"arrow.down.circle"_s,
             .handler = updates.install};
         items += ActionItem::separator();
     }
     items += openItem();
-    items += tabItem(u"Themes"_s, u"rectangle.on.rectangle.angled"_s, MainTab::themes);
-    items += tabItem(u"Add Widgets"_s, u"plus.square.on.square"_s, MainTab::widgets);
+    items += tabItem(Wording::tr("Themes"), u"rectangle.on.rectangle.angled"_s, MainTab::themes);
+    items += tabItem(Wording::tr("Add Widgets"), u"plus.square.on.square"_s, MainTab::widgets);
     items += ActionItem::separator();
     items += focusItem();
     items += ActionItem::separator();
     items += editItem();
     items += lockItem();
     items += ActionItem::separator();
-    items += tabItem(u"Settings"_s, u"gearshape"_s, MainTab::settings);
+    items += tabItem(Wording::tr("Settings"), u"gearshape"_s, MainTab::settings);
     items.last().key = QKeySequence(Qt::CTRL | Qt::Key_Comma);
     if (updates.enabled)
-        items += {.title = u"Check for Updates…"_s, .handler = updates.check};
-    items += {.title = u"Quit Ambrelle"_s, .key = QKeySequence(Qt::CTRL | Qt::Key_Q), .handler = m_with.quit};
+        items += {.title = Wording::tr("Check for Updates…"), .handler = updates.check};
+    items += {.title = Wording::tr("Quit Ambrelle"), .key = QKeySequence(Qt::CTRL | Qt::Key_Q), .handler = m_with.quit};
     return items;
 }
 
 ActionItem QuickMenu::openItem() const
 {
-    return {.title = u"Open Ambrelle"_s, .symbol = u"macwindow"_s, .handler = [open = m_with.open] { open({}); }};
+    return {
+        .title = Wording::tr("Open Ambrelle"), .symbol = u"macwindow"_s, .handler = [open = m_with.open] { open({}); }};
 }
 
 ActionItem QuickMenu::tabItem(const QString& title, const QString& symbol, MainTab tab) const
@@ -53,7 +55,7 @@ ActionItem QuickMenu::tabItem(const QString& title, const QString& symbol, MainT
 ActionItem QuickMenu::focusItem() const
 {
     FocusTimer& focus = m_with.focus;
-    return {.title = (focus.isRunning() ? u"Pause "_s : u"Start "_s) + title(focus.phase()),
+    return {.title = (focus.isRunning() ? Wording::tr("Pause %1") : Wording::tr("Start %1")).arg(title(focus.phase())),
         .symbol = u"timer"_s,
         .handler = [&focus] { focus.toggle(); }};
 }
@@ -61,7 +63,7 @@ ActionItem QuickMenu::focusItem() const
 ActionItem QuickMenu::editItem() const
 {
     const bool editing = m_with.settings.editing();
-    return {.title = u"Edit & Move Widgets"_s,
+    return {.title = Wording::tr("Edit & Move Widgets"),
         .symbol = u"hand.draw"_s,
         .checked = editing,
         .handler = [&manager = m_with.manager, editing] { manager.setEditing(!editing); }};
@@ -70,9 +72,9 @@ ActionItem QuickMenu::editItem() const
 ActionItem QuickMenu::lockItem() const
 {
     const bool locked = m_with.settings.locked();
-    return {.title = u"Lock Widget Positions"_s, .checked = locked, .handler = [&settings = m_with.settings, locked] {
-                settings.locked.set(!locked);
-            }};
+    return {.title = Wording::tr("Lock Widget Positions"),
+        .checked = locked,
+        .handler = [&settings = m_with.settings, locked] { settings.locked.set(!locked); }};
 }
 
 } // namespace ambrelle

@@ -55,7 +55,7 @@ QString WidgetToolbar::buttonName(Button button) const
 {
     switch (button) {
     case settings: return WidgetWording::settings();
-    case scale: return u"%1: %2"_s.arg(WidgetWording::size(), m_state.scaleTitle);
+    case scale: return Wording::tr("%1: %2").arg(WidgetWording::size(), m_state.scaleTitle);
     case pin: return WidgetWording::pin(m_state.pinned);
     case remove: return WidgetWording::remove();
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "foundation/Wording.h"
 
 namespace ambrelle {
 
@@ -9,22 +9,22 @@ namespace WidgetWording {
 
 inline QString settings()
 {
-    return QStringLiteral("Widget Settings…");
+    return Wording::tr("Widget Settings…");
 }
 
 inline QString size()
 {
-    return QStringLiteral("Size");
+    return Wording::tr("Size");
 }
 
 inline QString pin(bool pinned)
 {
-    return pinned ? QStringLiteral("Unpin") : QStringLiteral("Pin Above Windows");
+    return pinned ? Wording::tr("Unpin") : Wording::tr("Pin Above Windows");
 }
 
 inline QString remove()
 {
-    return QStringLiteral("Remove Widget");
+    return Wording::tr("Remove Widget");
 }
 
 } // namespace WidgetWording

@@ -34,7 +34,7 @@ QString distance(double metres, const QLocale& locale)
 
 QString clicks(int count, const QLocale& locale)
 {
-    return count == 1 ? Wording::tr("1 click") : Wording::tr("%1 clicks").arg(locale.toString(count));
+    return Wording::tr("%1 clicks", nullptr, count).arg(locale.toString(count));
 }
 
 } // namespace

@@ -25,7 +25,8 @@ QString timeText(const EventRow& event, const QDateTime& now, const QLocale& loc
     const QDate today = now.date();
     if (start.date() > today) {
         const QString day = locale.standaloneDayName(start.date().dayOfWeek(), QLocale::ShortFormat);
-        return event.allDay ? Wording::tr("%1, all day").arg(day) : day + u' ' + Units::time(start, locale);
+        return event.allDay ? Wording::tr("%1, all day").arg(day)
+                            : Wording::tr("%1 %2", "day of the week, time").arg(day, Units::time(start, locale));
     }
     if (event.allDay)
         return Wording::tr("All day");
@@ -41,7 +42,8 @@ EventsReading eventsReading(const EventsService& service, const QDateTime& now, 
 {
     EventsReading reading;
     const QDate today = now.date();
-    reading.day = locale.standaloneDayName(today.dayOfWeek()) + u' ' + QString::number(today.day());
+    reading.day = Wording::tr("%1 %2", "day of the week, of the month")
+                      .arg(locale.standaloneDayName(today.dayOfWeek()), QString::number(today.day()));
     if (!service.status().isEmpty()) {
         reading.notice = {symbol(WidgetKind::events), service.status()};
         return reading;

@@ -1,6 +1,7 @@
 #include "faces/FaceKit.h"
 
 #include "drawing/PixelPaint.h"
+#include "foundation/Wording.h"
 
 #include <algorithm>
 #include <cmath>
@@ -75,6 +76,11 @@ void partsKey(
         line.cutRight(value + 4);
         canvas.text(line, parts[index].name, style.caption().coloured(style.ink));
     }
+}
+
+QString freeText(const DiskReading& reading)
+{
+    return Wording::tr("%1 %2 free").arg(reading.free, reading.unit);
 }
 
 void markedFigure(Canvas& canvas, const Box& box, const QString& symbol, const QColor& mark, const Units::Pair& pair,

@@ -43,6 +43,9 @@ void partsBar(Canvas& canvas, const Box& box, const QList<Share>& parts, const Q
 void partsKey(
     Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, const QList<QBrush>& fills);
 
+/// "214 GB free".
+QString freeText(const DiskReading& reading);
+
 /// A symbol (an arrow) before a figure with its unit.
 void markedFigure(Canvas& canvas, const Box& box, const QString& symbol, const QColor& mark, const Units::Pair& pair,
     const FigureStyle& figure);

@@ -1,5 +1,7 @@
 #include "faces/MoonPhase.h"
 
+#include "foundation/Wording.h"
+
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -14,10 +16,10 @@ struct Phase {
 };
 
 constexpr std::array<Phase, 4> phases{{
-    {"New Moon", "Waxing Crescent"},
-    {"First Quarter", "Waxing Gibbous"},
-    {"Full Moon", "Waning Gibbous"},
-    {"Last Quarter", "Waning Crescent"},
+    {QT_TRANSLATE_NOOP("ambrelle", "New Moon"), QT_TRANSLATE_NOOP("ambrelle", "Waxing Crescent")},
+    {QT_TRANSLATE_NOOP("ambrelle", "First Quarter"), QT_TRANSLATE_NOOP("ambrelle", "Waxing Gibbous")},
+    {QT_TRANSLATE_NOOP("ambrelle", "Full Moon"), QT_TRANSLATE_NOOP("ambrelle", "Waning Gibbous")},
+    {QT_TRANSLATE_NOOP("ambrelle", "Last Quarter"), QT_TRANSLATE_NOOP("ambrelle", "Waning Crescent")},
 }};
 
 constexpr double secondsPerDay = 86400;
@@ -47,15 +49,15 @@ QString name(const QDateTime& at)
     const double halfDay = 0.5 / synodicMonth * 4;
     const auto nearest = static_cast<std::size_t>(std::lround(quarters));
     if (std::abs(quarters - static_cast<double>(nearest)) <= halfDay)
-        return QString::fromLatin1(phases[nearest % 4].principal);
-    return QString::fromLatin1(phases[static_cast<std::size_t>(quarters) % 4].following);
+        return Wording::tr(phases[nearest % 4].principal);
+    return Wording::tr(phases[static_cast<std::size_t>(quarters) % 4].following);
 }
 
 Principal next(const QDateTime& at)
 {
     const double quarters = fraction(at) * 4;
     const double following = std::floor(quarters) + 1;
-    return {QString::fromLatin1(phases[static_cast<std::size_t>(following) % 4].principal),
+    return {Wording::tr(phases[static_cast<std::size_t>(following) % 4].principal),
         (following - quarters) / 4 * synodicMonth};
 }
 

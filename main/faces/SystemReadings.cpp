@@ -40,7 +40,7 @@ QString batteryState(const BatteryInfo& battery)
 Share memoryPart(const QString& name, quint64 bytes, quint64 total)
 {
     const double amount = static_cast<double>(bytes);
-    return {name, Units::gib(amount, 1) + u" GB"_s, total > 0 ? amount / static_cast<double>(total) : 0};
+    return {name, Wording::tr("%1 GB").arg(Units::gib(amount, 1)), total > 0 ? amount / static_cast<double>(total) : 0};
 }
 
 } // namespace
@@ -50,8 +50,7 @@ CpuReading cpuReading(const SystemSample& sample)
     CpuReading reading{.notice = missing(sample, SystemMeasure::processor, WidgetKind::cpu)};
     reading.percent = Units::percent(sample.cpu);
     reading.load = Wording::tr("Load %1").arg(sample.loadAverage[0], 0, 'f', 2);
-    const auto cores = sample.perCore.size();
-    reading.cores = cores == 1 ? Wording::tr("1 core") : Wording::tr("%1 cores").arg(cores);
+    reading.cores = Wording::tr("%n cores", nullptr, static_cast<int>(sample.perCore.size()));
     reading.perCore = sample.perCore;
     reading.history = sample.cpuHistory;
     reading.high = sample.cpu > highLoad;
@@ -87,7 +86,7 @@ DiskReading diskReading(const SystemSample& sample)
     reading.percent = Units::percent(reading.fraction);
     const auto free = static_cast<double>(disk->free);
     reading.free = Units::gb(free, free < 10e9 ? 1 : 0);
-    reading.unit = u"GB"_s;
+    reading.unit = Wording::tr("GB");
     reading.total = Wording::tr("of %1 GB").arg(Units::gb(static_cast<double>(disk->total), 0));
     reading.high = reading.fraction > fullDisk;
     return reading;

@@ -28,9 +28,8 @@ QString offsetText(int seconds)
     if (seconds == 0)
         return Wording::tr("same time");
     const int minutes = std::abs(seconds) / 60;
-    QString span = Wording::tr("%1 h").arg(minutes / 60);
-    if (minutes % 60 != 0)
-        span += u' ' + Wording::tr("%1 min").arg(minutes % 60);
+    const QString span = minutes % 60 == 0 ? Wording::tr("%1 h").arg(minutes / 60)
+                                           : Wording::tr("%1 h %2 min").arg(minutes / 60).arg(minutes % 60);
     return (seconds > 0 ? Wording::tr("%1 ahead") : Wording::tr("%1 behind")).arg(span);
 }
 
@@ -108,13 +107,12 @@ CountdownReading countdownReading(const WidgetConfig& config, const QDateTime& n
     }
     const QDateTime target = config.countdownDate->toTimeZone(now.timeZone());
     const qint64 days = now.date().daysTo(target.date());
-    reading.days = QString::number(std::abs(days));
+    const auto count = static_cast<int>(std::abs(days));
+    reading.days = QString::number(count);
     if (days == 0)
         reading.unit = Wording::tr("days: today");
-    else if (days < 0)
-        reading.unit = days == -1 ? Wording::tr("day ago") : Wording::tr("days ago");
     else
-        reading.unit = days == 1 ? Wording::tr("day") : Wording::tr("days");
+        reading.unit = days < 0 ? Wording::tr("days ago", nullptr, count) : Wording::tr("days", nullptr, count);
     reading.title = config.countdownTitle.value_or(QString());
     reading.date = locale.toString(target.date(), QLocale::ShortFormat);
     if (config.countdownStart && *config.countdownStart < *config.countdownDate) {
@@ -135,10 +133,7 @@ SkyReading skyReading(const QDateTime& now, const std::optional<WeatherSnapshot>
     reading.illumination = Wording::tr("%1% lit").arg(Units::percent(MoonPhase::illumination(now)));
     const MoonPhase::Principal next = MoonPhase::next(now);
     const auto days = static_cast<int>(std::lround(next.days));
-    const QString when = days == 0 ? Wording::tr("today")
-        : days == 1                ? Wording::tr("in 1 day")
-                                   : Wording::tr("in %1 days").arg(days);
-    reading.next = next.name + u' ' + when;
+    reading.next = (days == 0 ? Wording::tr("%1 today") : Wording::tr("%1 in %n days", nullptr, days)).arg(next.name);
     if (weather && weather->sunrise && weather->sunset)
         addSun(reading, *weather->sunrise, *weather->sunset, now, locale);
     return reading;

@@ -1,6 +1,7 @@
 #include "faces/Units.h"
 
 #include "drawing/Fraction.h"
+#include "foundation/Wording.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,17 +28,17 @@ QString gb(double bytes, int digits)
 Pair rate(double bytesPerSecond)
 {
     if (bytesPerSecond >= 1e6)
-        return {QString::number(bytesPerSecond / 1e6, 'f', 2), u"MB/s"_s};
-    return {QString::number(bytesPerSecond / 1e3, 'f', 2), u"KB/s"_s};
+        return {QString::number(bytesPerSecond / 1e6, 'f', 2), Wording::tr("MB/s")};
+    return {QString::number(bytesPerSecond / 1e3, 'f', 2), Wording::tr("KB/s")};
 }
 
 Pair size(double bytes)
 {
     if (bytes < 1e6)
-        return {QString::number(bytes / 1e3, 'f', 0), u"KB"_s};
+        return {QString::number(bytes / 1e3, 'f', 0), Wording::tr("KB")};
     if (bytes < 1e9)
-        return {QString::number(bytes / 1e6, 'f', 2), u"MB"_s};
-    return {QString::number(bytes / 1e9, 'f', 2), u"GB"_s};
+        return {QString::number(bytes / 1e6, 'f', 2), Wording::tr("MB")};
+    return {QString::number(bytes / 1e9, 'f', 2), Wording::tr("GB")};
 }
 
 bool usesDayClock(const QLocale& locale)

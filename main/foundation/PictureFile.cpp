@@ -1,5 +1,7 @@
 #include "foundation/PictureFile.h"
 
+#include "foundation/Wording.h"
+
 #include <QFileInfo>
 #include <QImageReader>
 
@@ -19,14 +21,14 @@ QString faultOf(QImageReader& reader)
 {
     const QFileInfo info(reader.fileName());
     if (!info.isFile())
-        return u"There is no picture “%1”."_s.arg(info.filePath());
+        return Wording::tr("There is no picture “%1”.").arg(info.filePath());
     if (info.size() > mostBytes)
-        return u"The picture “%1” is too large a file."_s.arg(info.fileName());
+        return Wording::tr("The picture “%1” is too large a file.").arg(info.fileName());
     if (!reader.canRead())
-        return u"“%1” cannot be read as a picture."_s.arg(info.fileName());
+        return Wording::tr("“%1” cannot be read as a picture.").arg(info.fileName());
     const QSize size = reader.size(); // invalid where the format tells it only with the pixels
     if (size.isValid() && qint64(size.width()) * size.height() > mostPixels)
-        return u"The picture “%1” has too many pixels."_s.arg(info.fileName());
+        return Wording::tr("The picture “%1” has too many pixels.").arg(info.fileName());
     return {};
 }
 
@@ -61,8 +63,8 @@ PictureFile::Decoded PictureFile::filling(const QString& file, const QSize& size
         return {.error = fault};
     QImage image = reader.read();
     if (image.isNull())
-        return {
-            .error = u"“%1” cannot be read as a picture: %2."_s.arg(QFileInfo(file).fileName(), reader.errorString())};
+        return {.error = Wording::tr("“%1” cannot be read as a picture: %2.")
+                             .arg(QFileInfo(file).fileName(), reader.errorString())};
     if (image.size() != size) {
         const QSize scaled = sizeFilling(size, image.size());
         image = cutInTheMiddle(image.scaled(scaled, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), size);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Json.h"
+#include "foundation/Wording.h"
 
 #include <QLatin1StringView>
 #include <QString>
@@ -12,7 +13,8 @@
 namespace ambrelle {
 
 /// The table of an enumeration: one row per enumerator, in declaration order. A row has at least `value` (the
-/// enumerator) and `raw` (the stored text), mostly `title` and `symbol` too. Each enumeration specialises this.
+/// enumerator) and `raw` (the stored text), mostly `title` (its text before translation) and `symbol` too. Each
+/// enumeration specialises this.
 template <typename E> inline constexpr auto rawRows = nullptr;
 
 /// Whether the rows stand in the order of the enumerators, so that an enumerator is the index of its row.
@@ -51,7 +53,7 @@ requires requires(E value)
 }
 QString title(E value)
 {
-    return rowOf(value).title.toString();
+    return Wording::tr(rowOf(value).title);
 }
 
 /// The name of the symbol drawn beside the title.

@@ -1,5 +1,7 @@
 #include "model/Skin.h"
 
+#include "foundation/Wording.h"
+
 namespace ambrelle {
 
 namespace {
@@ -18,36 +20,50 @@ bool isWide(Skin skin, WidgetKind kind)
     }
 }
 
-AccentChoice swatch(const char16_t* name, float red, float green, float blue)
+AccentChoice swatch(const char* name, float red, float green, float blue)
 {
-    return {QString::fromUtf16(name), QColor::fromRgbF(red, green, blue)};
+    return {Wording::tr(name), QColor::fromRgbF(red, green, blue)};
 }
 
 QList<AccentChoice> swatches(Skin skin)
 {
     switch (skin) {
     case Skin::hifi:
-        return {swatch(u"Ice", 0.45f, 0.85f, 1), swatch(u"Red LED", 1, 0.24f, 0.18f), swatch(u"Green", 0.42f, 1, 0.5f),
-            swatch(u"Violet", 0.75f, 0.55f, 1)};
+        return {swatch(QT_TRANSLATE_NOOP("ambrelle", "Ice"), 0.45f, 0.85f, 1),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Red LED"), 1, 0.24f, 0.18f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Green"), 0.42f, 1, 0.5f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Violet"), 0.75f, 0.55f, 1)};
     case Skin::cockpit:
     case Skin::apollo:
-        return {swatch(u"Amber", 1, 0.7f, 0.1f), swatch(u"Green", 0.35f, 1, 0.45f), swatch(u"Cyan", 0.3f, 0.9f, 1),
-            swatch(u"White", 0.92f, 0.94f, 0.96f)};
+        return {swatch(QT_TRANSLATE_NOOP("ambrelle", "Amber"), 1, 0.7f, 0.1f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Green"), 0.35f, 1, 0.45f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Cyan"), 0.3f, 0.9f, 1),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "White"), 0.92f, 0.94f, 0.96f)};
     case Skin::neon:
-        return {swatch(u"Cyan", 0.15f, 0.9f, 1), swatch(u"Violet", 0.7f, 0.35f, 1), swatch(u"Lime", 0.6f, 1, 0.2f),
-            swatch(u"Orange", 1, 0.5f, 0.1f)};
+        return {swatch(QT_TRANSLATE_NOOP("ambrelle", "Cyan"), 0.15f, 0.9f, 1),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Violet"), 0.7f, 0.35f, 1),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Lime"), 0.6f, 1, 0.2f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Orange"), 1, 0.5f, 0.1f)};
     case Skin::overdrive:
-        return {swatch(u"Cyan", 0.1f, 0.95f, 1), swatch(u"Magenta", 1, 0.16f, 0.72f), swatch(u"Acid", 0.62f, 1, 0.1f),
-            swatch(u"Signal red", 1, 0.26f, 0.2f)};
+        return {swatch(QT_TRANSLATE_NOOP("ambrelle", "Cyan"), 0.1f, 0.95f, 1),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Magenta"), 1, 0.16f, 0.72f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Acid"), 0.62f, 1, 0.1f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Signal red"), 1, 0.26f, 0.2f)};
     default: break;
     }
     if (isLight(skin)) {
-        return {swatch(u"Crimson", 0.8f, 0.15f, 0.15f), swatch(u"Cobalt", 0.12f, 0.35f, 0.85f),
-            swatch(u"Forest", 0.1f, 0.48f, 0.3f), swatch(u"Tangerine", 0.95f, 0.45f, 0.08f),
-            swatch(u"Plum", 0.5f, 0.22f, 0.65f)};
+        return {swatch(QT_TRANSLATE_NOOP("ambrelle", "Crimson"), 0.8f, 0.15f, 0.15f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Cobalt"), 0.12f, 0.35f, 0.85f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Forest"), 0.1f, 0.48f, 0.3f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Tangerine"), 0.95f, 0.45f, 0.08f),
+            swatch(QT_TRANSLATE_NOOP("ambrelle", "Plum"), 0.5f, 0.22f, 0.65f)};
     }
-    return {swatch(u"Amber", 1, 0.7f, 0.2f), swatch(u"Coral", 1, 0.45f, 0.4f), swatch(u"Mint", 0.4f, 0.95f, 0.72f),
-        swatch(u"Sky", 0.38f, 0.75f, 1), swatch(u"Violet", 0.72f, 0.56f, 1), swatch(u"Rose", 1, 0.48f, 0.74f)};
+    return {swatch(QT_TRANSLATE_NOOP("ambrelle", "Amber"), 1, 0.7f, 0.2f),
+        swatch(QT_TRANSLATE_NOOP("ambrelle", "Coral"), 1, 0.45f, 0.4f),
+        swatch(QT_TRANSLATE_NOOP("ambrelle", "Mint"), 0.4f, 0.95f, 0.72f),
+        swatch(QT_TRANSLATE_NOOP("ambrelle", "Sky"), 0.38f, 0.75f, 1),
+        swatch(QT_TRANSLATE_NOOP("ambrelle", "Violet"), 0.72f, 0.56f, 1),
+        swatch(QT_TRANSLATE_NOOP("ambrelle", "Rose"), 1, 0.48f, 0.74f)};
 }
 
 } // namespace
@@ -61,7 +77,7 @@ SizeClass sizeClass(Skin skin, WidgetKind kind)
 
 QList<AccentChoice> accentChoices(Skin skin)
 {
-    return QList<AccentChoice>{{QStringLiteral("Original"), std::nullopt}} + swatches(skin);
+    return QList<AccentChoice>{{Wording::tr("Original"), std::nullopt}} + swatches(skin);
 }
 
 } // namespace ambrelle

@@ -1,5 +1,6 @@
 #include "model/WeatherCode.h"
 
+#include "foundation/Wording.h"
 #include "model/RawEnum.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace {
 
 struct Row {
     Kind value;
-    QStringView description;
+    const char* description;
     QLatin1StringView byDay;
     QLatin1StringView byNight;
 };
@@ -22,18 +23,19 @@ struct Row {
 using enum Kind;
 
 constexpr std::array rows = std::to_array<Row>({
-    {clear, u"Clear", "sun.max.fill"_L1, "moon.stars.fill"_L1},
-    {mostlyClear, u"Mostly Clear", "cloud.sun.fill"_L1, "cloud.moon.fill"_L1},
-    {partlyCloudy, u"Partly Cloudy", "cloud.sun.fill"_L1, "cloud.moon.fill"_L1},
-    {overcast, u"Overcast", "cloud.fill"_L1, "cloud.fill"_L1},
-    {fog, u"Fog", "cloud.fog.fill"_L1, "cloud.fog.fill"_L1},
-    {drizzle, u"Drizzle", "cloud.drizzle.fill"_L1, "cloud.drizzle.fill"_L1},
-    {rain, u"Rain", "cloud.rain.fill"_L1, "cloud.rain.fill"_L1},
-    {snow, u"Snow", "cloud.snow.fill"_L1, "cloud.snow.fill"_L1},
-    {showers, u"Showers", "cloud.heavyrain.fill"_L1, "cloud.heavyrain.fill"_L1},
-    {snowShowers, u"Snow Showers", "cloud.snow.fill"_L1, "cloud.snow.fill"_L1},
-    {thunderstorms, u"Thunderstorms", "cloud.bolt.rain.fill"_L1, "cloud.bolt.rain.fill"_L1},
-    {unknown, u"—", "cloud.fill"_L1, "cloud.fill"_L1},
+    {clear, QT_TRANSLATE_NOOP("ambrelle", "Clear"), "sun.max.fill"_L1, "moon.stars.fill"_L1},
+    {mostlyClear, QT_TRANSLATE_NOOP("ambrelle", "Mostly Clear"), "cloud.sun.fill"_L1, "cloud.moon.fill"_L1},
+    {partlyCloudy, QT_TRANSLATE_NOOP("ambrelle", "Partly Cloudy"), "cloud.sun.fill"_L1, "cloud.moon.fill"_L1},
+    {overcast, QT_TRANSLATE_NOOP("ambrelle", "Overcast"), "cloud.fill"_L1, "cloud.fill"_L1},
+    {fog, QT_TRANSLATE_NOOP("ambrelle", "Fog"), "cloud.fog.fill"_L1, "cloud.fog.fill"_L1},
+    {drizzle, QT_TRANSLATE_NOOP("ambrelle", "Drizzle"), "cloud.drizzle.fill"_L1, "cloud.drizzle.fill"_L1},
+    {rain, QT_TRANSLATE_NOOP("ambrelle", "Rain"), "cloud.rain.fill"_L1, "cloud.rain.fill"_L1},
+    {snow, QT_TRANSLATE_NOOP("ambrelle", "Snow"), "cloud.snow.fill"_L1, "cloud.snow.fill"_L1},
+    {showers, QT_TRANSLATE_NOOP("ambrelle", "Showers"), "cloud.heavyrain.fill"_L1, "cloud.heavyrain.fill"_L1},
+    {snowShowers, QT_TRANSLATE_NOOP("ambrelle", "Snow Showers"), "cloud.snow.fill"_L1, "cloud.snow.fill"_L1},
+    {thunderstorms, QT_TRANSLATE_NOOP("ambrelle", "Thunderstorms"), "cloud.bolt.rain.fill"_L1,
+        "cloud.bolt.rain.fill"_L1},
+    {unknown, QT_TRANSLATE_NOOP("ambrelle", "—"), "cloud.fill"_L1, "cloud.fill"_L1},
 });
 static_assert(inOrder(rows), "the rows must stand in the order of the kinds");
 
@@ -74,7 +76,7 @@ Kind kind(int code)
 
 QString description(int code)
 {
-    return codeRow(code).description.toString();
+    return Wording::tr(codeRow(code).description);
 }
 
 QString symbol(int code, bool isDay)

@@ -21,7 +21,7 @@ enum class WidgetScale { small, medium, large, huge, doubled };
 struct WidgetScaleRow {
     WidgetScale value;
     QLatin1StringView raw;
-    QStringView title;
+    const char* title;
     double factor;
 };
 
@@ -35,32 +35,32 @@ enum class OverlapBehavior { show, fade, hide };
 template <typename E> struct TitledRow {
     E value;
     QLatin1StringView raw;
-    QStringView title;
+    const char* title;
 };
 
 namespace tables {
 using namespace Qt::StringLiterals;
 inline constexpr std::array widgetScaleRows = std::to_array<WidgetScaleRow>({
-    {WidgetScale::small, "small"_L1, u"75%", 0.75},
-    {WidgetScale::medium, "medium"_L1, u"100%", 1},
-    {WidgetScale::large, "large"_L1, u"125%", 1.25},
-    {WidgetScale::huge, "huge"_L1, u"150%", 1.5},
+    {WidgetScale::small, "small"_L1, QT_TRANSLATE_NOOP("ambrelle", "75%"), 0.75},
+    {WidgetScale::medium, "medium"_L1, QT_TRANSLATE_NOOP("ambrelle", "100%"), 1},
+    {WidgetScale::large, "large"_L1, QT_TRANSLATE_NOOP("ambrelle", "125%"), 1.25},
+    {WidgetScale::huge, "huge"_L1, QT_TRANSLATE_NOOP("ambrelle", "150%"), 1.5},
     // A small widget becomes exactly as wide as a medium one.
-    {WidgetScale::doubled, "double"_L1, u"2\u00D7", 350.0 / 170.0},
+    {WidgetScale::doubled, "double"_L1, QT_TRANSLATE_NOOP("ambrelle", "2×"), 350.0 / 170.0},
 });
 inline constexpr std::array backdropRows = std::to_array<TitledRow<Backdrop>>({
-    {Backdrop::none, "none"_L1, u"None"},
-    {Backdrop::dim, "dim"_L1, u"Dim"},
-    {Backdrop::glass, "glass"_L1, u"Glass"},
+    {Backdrop::none, "none"_L1, QT_TRANSLATE_NOOP("ambrelle", "None")},
+    {Backdrop::dim, "dim"_L1, QT_TRANSLATE_NOOP("ambrelle", "Dim")},
+    {Backdrop::glass, "glass"_L1, QT_TRANSLATE_NOOP("ambrelle", "Glass")},
 });
 inline constexpr std::array widgetLayerRows = std::to_array<TitledRow<WidgetLayer>>({
-    {WidgetLayer::desktop, "desktop"_L1, u"On Desktop (behind windows)"},
-    {WidgetLayer::floating, "floating"_L1, u"Floating (above windows)"},
+    {WidgetLayer::desktop, "desktop"_L1, QT_TRANSLATE_NOOP("ambrelle", "On Desktop (behind windows)")},
+    {WidgetLayer::floating, "floating"_L1, QT_TRANSLATE_NOOP("ambrelle", "Floating (above windows)")},
 });
 inline constexpr std::array overlapBehaviorRows = std::to_array<TitledRow<OverlapBehavior>>({
-    {OverlapBehavior::show, "show"_L1, u"Show"},
-    {OverlapBehavior::fade, "fade"_L1, u"Fade"},
-    {OverlapBehavior::hide, "hide"_L1, u"Hide"},
+    {OverlapBehavior::show, "show"_L1, QT_TRANSLATE_NOOP("ambrelle", "Show")},
+    {OverlapBehavior::fade, "fade"_L1, QT_TRANSLATE_NOOP("ambrelle", "Fade")},
+    {OverlapBehavior::hide, "hide"_L1, QT_TRANSLATE_NOOP("ambrelle", "Hide")},
 });
 } // namespace tables
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QLatin1StringView>
-#include <QStringView>
 
 #include <span>
 
@@ -9,7 +8,7 @@ namespace ambrelle {
 
 /// A city that a clock can show the time of.
 struct WorldCity {
-    QStringView name; ///< as people read it
+    const char* name; ///< in English; people read Wording::tr() of it
     QLatin1StringView zone; ///< of the IANA time zone database
 };
 

@@ -1,5 +1,6 @@
 #include "offline/SampleData.h"
 
+#include "foundation/Wording.h"
 #include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 
@@ -23,12 +24,12 @@ WidgetConfig widget(WidgetKind kind)
     WidgetConfig config(kind, Skin::glass);
     switch (kind) {
     case WidgetKind::clock:
-        config.city = u"Reykjavík"_s;
+        config.city = Wording::tr("Reykjavík");
         config.timeZone = u"Atlantic/Reykjavik"_s;
         break;
     case WidgetKind::photo: config.id = photoWidget; break;
     case WidgetKind::countdown:
-        config.countdownTitle = u"Trip to Lisbon"_s;
+        config.countdownTitle = Wording::tr("Trip to Lisbon");
         config.countdownDate = moment().addDays(42);
         config.countdownStart = moment().addDays(-58);
         break;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Wording.h"
 #include "platform/Port.h"
 
 namespace ambrelle {
@@ -15,7 +16,7 @@ public:
     /// Empty on success; else a sentence that begins with refusal() and goes on with the reason.
     virtual QString setEnabled(bool enabled) = 0;
 
-    static QString refusal() { return QStringLiteral("Couldn't change the login item"); }
+    static QString refusal() { return Wording::tr("Couldn't change the login item"); }
 };
 
 } // namespace ambrelle

@@ -1,5 +1,7 @@
 #include "services/DevicesService.h"
 
+#include "foundation/Wording.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -42,12 +44,12 @@ void complete(ConnectedDevice& device, const ConnectedDevice& other)
 
 QString partsOf(const ConnectedDevice& device)
 {
-    const std::pair<QString, std::optional<double>> parts[] = {
-        {u"L"_s, device.left}, {u"R"_s, device.right}, {u"Case"_s, device.caseLevel}};
+    const std::pair<QString, std::optional<double>> parts[] = {{Wording::tr("L %1"), device.left},
+        {Wording::tr("R %1"), device.right}, {Wording::tr("Case %1"), device.caseLevel}};
     QStringList levels;
-    for (const auto& [name, level] : parts) {
+    for (const auto& [text, level] : parts) {
         if (level)
-            levels.append(u"%1 %2"_s.arg(name).arg(std::lround(*level * 100)));
+            levels.append(text.arg(std::lround(*level * 100)));
     }
     return levels.join(u" · "_s);
 }
@@ -106,12 +108,12 @@ void DevicesService::loadPreviewData()
     const auto row = [](const QString& name, DeviceKind kind, std::optional<double> battery) {
         return DeviceRow{name, name, kind, battery, false, {}};
     };
-    DeviceRow earbuds = row(u"Earbuds"_s, DeviceKind::earbuds, 0.82);
-    earbuds.detail = u"L 82 · R 85 · Case 60"_s;
-    DeviceRow mouse = row(u"Mouse"_s, DeviceKind::mouse, 0.12);
+    DeviceRow earbuds = row(Wording::tr("Earbuds"), DeviceKind::earbuds, 0.82);
+    earbuds.detail = partsOf({.left = 0.82, .right = 0.85, .caseLevel = 0.6});
+    DeviceRow mouse = row(Wording::tr("Mouse"), DeviceKind::mouse, 0.12);
     mouse.charging = true;
-    publish({{earbuds, row(u"Gamepad"_s, DeviceKind::controller, {}), row(u"Keyboard"_s, DeviceKind::keyboard, 0.47),
-                 mouse},
+    publish({{earbuds, row(Wording::tr("Gamepad"), DeviceKind::controller, {}),
+                 row(Wording::tr("Keyboard"), DeviceKind::keyboard, 0.47), mouse},
         false, {}});
 }
 

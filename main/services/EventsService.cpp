@@ -1,5 +1,6 @@
 #include "services/EventsService.h"
 
+#include "foundation/Wording.h"
 #include "model/AppSettings.h"
 
 #include <QTimeZone>
@@ -40,7 +41,7 @@ void EventsService::start()
     if (m_started)
         return;
     m_started = true;
-    publish({}, {}, tr("Requesting calendar access…"));
+    publish({}, {}, Wording::tr("Requesting calendar access…"));
     m_store.requestAccess(this, [this](bool) {
         connect(&m_store, &CalendarStore::changed, this, &EventsService::accessChanged);
         connect(&m_settings, &AppSettings::changed, this, [this](const QString& key) {
@@ -95,8 +96,8 @@ QList<EventRow> EventsService::rowsOf(QList<CalendarEvent> events, const QList<C
         events.resize(mostEvents);
     QList<EventRow> rows;
     for (const CalendarEvent& event : events) {
-        rows.append({event.identifier, event.title.isEmpty() ? tr("Untitled") : event.title, event.start, event.end,
-            event.allDay, colorOf(event.calendar, calendars)});
+        rows.append({event.identifier, event.title.isEmpty() ? Wording::tr("Untitled") : event.title, event.start,
+            event.end, event.allDay, colorOf(event.calendar, calendars)});
     }
     return rows;
 }
@@ -117,16 +118,16 @@ void EventsService::loadPreviewData()
     const auto at = [&now](int days, int hour, int minute) {
         return QDateTime(now.date().addDays(days), QTime(hour, minute), now.timeZone());
     };
-    const CalendarInfo home{u"home"_s, tr("Home"), QColor(0x34, 0xC7, 0x59), true, true};
-    const CalendarInfo work{u"work"_s, tr("Work"), systemBlue, true, false};
-    const CalendarInfo family{u"family"_s, tr("Family"), QColor(0xFF, 0x95, 0x00), true, false};
+    const CalendarInfo home{u"home"_s, Wording::tr("Home"), QColor(0x34, 0xC7, 0x59), true, true};
+    const CalendarInfo work{u"work"_s, Wording::tr("Work"), systemBlue, true, false};
+    const CalendarInfo family{u"family"_s, Wording::tr("Family"), QColor(0xFF, 0x95, 0x00), true, false};
     publish(
         QList<EventRow>{
-            {u"1"_s, tr("Anna's birthday"), at(0, 0, 0), at(1, 0, 0), true, family.color},
-            {u"2"_s, tr("Breakdown: call the electrician"), at(0, 10, 0), at(0, 10, 30), false, home.color},
-            {u"3"_s, tr("Deadline for the report"), at(0, 13, 30), at(0, 14, 30), false, work.color},
-            {u"4"_s, tr("Choir practice"), at(0, 18, 15), at(0, 20, 0), false, family.color},
-            {u"5"_s, tr("Planning"), at(2, 9, 0), at(2, 10, 0), false, work.color},
+            {u"1"_s, Wording::tr("Anna's birthday"), at(0, 0, 0), at(1, 0, 0), true, family.color},
+            {u"2"_s, Wording::tr("Breakdown: call the electrician"), at(0, 10, 0), at(0, 10, 30), false, home.color},
+            {u"3"_s, Wording::tr("Deadline for the report"), at(0, 13, 30), at(0, 14, 30), false, work.color},
+            {u"4"_s, Wording::tr("Choir practice"), at(0, 18, 15), at(0, 20, 0), false, family.color},
+            {u"5"_s, Wording::tr("Planning"), at(2, 9, 0), at(2, 10, 0), false, work.color},
         },
         {family, home, work}, {});
 }

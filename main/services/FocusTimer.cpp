@@ -1,6 +1,7 @@
 #include "services/FocusTimer.h"
 
 #include "foundation/UserDefaults.h"
+#include "foundation/Wording.h"
 #include "model/AppSettings.h"
 #include "platform/Announcer.h"
 #include "services/DayKey.h"
@@ -203,9 +204,11 @@ void FocusTimer::announce(Phase finished)
         m_announcer.play(worked ? AnnouncedSound::glass : AnnouncedSound::hero);
     if (worked) {
         const auto minutes = static_cast<int>(duration(m_now.phase) / 60);
-        m_announcer.notify(tr("Focus session done"), tr("Nice work. Take %1 minutes.").arg(minutes));
+        m_announcer.notify(
+            Wording::tr("Focus session done"), Wording::tr("Nice work. Take %n minutes.", nullptr, minutes));
     } else {
-        m_announcer.notify(tr("Break's over"), tr("Ready for the next session? Click the Focus widget to start."));
+        m_announcer.notify(
+            Wording::tr("Break's over"), Wording::tr("Ready for the next session? Click the Focus widget to start."));
     }
 }
 

@@ -16,15 +16,15 @@ enum class FocusPhase { focus, shortBreak, longBreak };
 struct FocusPhaseRow {
     FocusPhase value;
     QLatin1StringView raw;
-    QStringView title;
+    const char* title;
 };
 
 namespace tables {
 using namespace Qt::StringLiterals;
 inline constexpr std::array focusPhaseRows = std::to_array<FocusPhaseRow>({
-    {FocusPhase::focus, "focus"_L1, u"Focus"},
-    {FocusPhase::shortBreak, "shortBreak"_L1, u"Break"},
-    {FocusPhase::longBreak, "longBreak"_L1, u"Long break"},
+    {FocusPhase::focus, "focus"_L1, QT_TRANSLATE_NOOP("ambrelle", "Focus")},
+    {FocusPhase::shortBreak, "shortBreak"_L1, QT_TRANSLATE_NOOP("ambrelle", "Break")},
+    {FocusPhase::longBreak, "longBreak"_L1, QT_TRANSLATE_NOOP("ambrelle", "Long break")},
 });
 } // namespace tables
 

@@ -1,5 +1,6 @@
 #include "services/NowPlayingService.h"
 
+#include "foundation/Wording.h"
 #include "services/PictureDecoder.h"
 
 #include <QtConcurrent>
@@ -217,8 +218,8 @@ void NowPlayingService::publishArtwork(const ArtworkKey& key, const QImage& imag
 void NowPlayingService::loadPreviewData(const QImage& artwork)
 {
     m_track = NowPlaying{.app = u"Music"_s,
-        .title = u"Northern Lights"_s,
-        .artist = u"The Harbour Lamps"_s,
+        .title = Wording::tr("Northern Lights"),
+        .artist = Wording::tr("The Harbour Lamps"),
         .duration = 221,
         .position = 84,
         .isPlaying = true,

@@ -1,5 +1,7 @@
 #include "services/RemindersService.h"
 
+#include "foundation/Wording.h"
+
 #include <QHash>
 
 #include <algorithm>
@@ -57,9 +59,9 @@ std::optional<QString> ReminderRow::dueText(const QDateTime& now, const QLocale&
         return std::nullopt;
     const QDate date = due->toTimeZone(now.timeZone()).date();
     switch (now.date().daysTo(date)) {
-    case -1: return RemindersService::tr("Yesterday");
-    case 0: return RemindersService::tr("Today");
-    case 1: return RemindersService::tr("Tomorrow");
+    case -1: return Wording::tr("Yesterday");
+    case 0: return Wording::tr("Today");
+    case 1: return Wording::tr("Tomorrow");
     default: return dateText(date, now.date(), locale);
     }
 }
@@ -76,7 +78,7 @@ void RemindersService::start()
         return;
     m_started = true;
     m_preview = false;
-    publish({}, tr("Requesting Reminders access…"));
+    publish({}, Wording::tr("Requesting Reminders access…"));
     m_store.requestAccess(this, [this](bool) {
         connect(&m_store, &CalendarStore::changed, this, &RemindersService::accessChanged);
         accessChanged();
@@ -147,8 +149,8 @@ void RemindersService::publish(const QList<CalendarReminder>& reminders)
     const auto colors = colorsOf(m_store.calendars());
     QList<ReminderRow> rows;
     for (const CalendarReminder& reminder : reminders) {
-        rows.append({reminder.identifier, reminder.title.isEmpty() ? tr("Untitled") : reminder.title, reminder.due,
-            reminder.hasTime, colors.value(reminder.calendar, systemOrange)});
+        rows.append({reminder.identifier, reminder.title.isEmpty() ? Wording::tr("Untitled") : reminder.title,
+            reminder.due, reminder.hasTime, colors.value(reminder.calendar, systemOrange)});
     }
     std::ranges::stable_sort(rows, comesBefore);
     publish(rows, {});
@@ -173,10 +175,10 @@ void RemindersService::loadPreviewData()
     m_completing.clear();
     publish(
         QList<ReminderRow>{
-            {u"1"_s, tr("Send the invoice"), day(-1), false, work},
-            {u"2"_s, tr("Call the dentist"), day(0), false, home},
-            {u"3"_s, tr("Water the plants"), day(0), false, home},
-            {u"4"_s, tr("Book train tickets"), day(1), false, systemOrange},
+            {u"1"_s, Wording::tr("Send the invoice"), day(-1), false, work},
+            {u"2"_s, Wording::tr("Call the dentist"), day(0), false, home},
+            {u"3"_s, Wording::tr("Water the plants"), day(0), false, home},
+            {u"4"_s, Wording::tr("Book train tickets"), day(1), false, systemOrange},
         },
         {});
 }

@@ -1,5 +1,7 @@
 #include "services/SystemSample.h"
 
+#include "foundation/Wording.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -62,7 +64,7 @@ SystemSample previewSample()
         sample.perCore.append(std::abs(std::sin(1.3 * i)) * 0.6 + 0.15);
     sample.loadAverage = {wave(2, 2.2, 0.8).last(), 2.05, 1.88};
     sample.memory = sampleMemory(sample.memoryHistory.last());
-    sample.disks = {{QStringLiteral("Macintosh HD"), QStringLiteral("/"), 994 * gigabyte, 412 * gigabyte, true}};
+    sample.disks = {{Wording::tr("Macintosh HD"), QStringLiteral("/"), 994 * gigabyte, 412 * gigabyte, true}};
     sample.battery = BatteryInfo{0.73, false, false, false, 284};
     sample.downRate = sample.downHistory.last();
     sample.upRate = sample.upHistory.last();

@@ -1,5 +1,6 @@
 #include "services/WeatherService.h"
 
+#include "foundation/Wording.h"
 #include "model/AppSettings.h"
 #include "model/NearestCity.h"
 #include "platform/HttpClient.h"
@@ -52,7 +53,7 @@ WeatherService::WeatherService(
     , m_settings(settings)
     , m_clock(clock)
     , m_bases(std::move(bases))
-    , m_status(tr("Finding your location…"))
+    , m_status(Wording::tr("Finding your location…"))
 {
     connect(&settings, &AppSettings::changed, this, &WeatherService::settingChanged);
 }
@@ -104,16 +105,16 @@ void WeatherService::requestLocation()
 {
     switch (m_location.authorization()) {
     case LocationAuthorization::undetermined:
-        setStatus(tr("Waiting for location permission…"));
+        setStatus(Wording::tr("Waiting for location permission…"));
         m_location.requestLocation();
         break;
     case LocationAuthorization::restricted:
     case LocationAuthorization::denied:
-        setStatus(tr("Location access is off. Pick a city from the menu bar: Weather ▸ Set City…"));
+        setStatus(Wording::tr("Location access is off. Pick a city from the menu bar: Weather ▸ Set City…"));
         break;
     case LocationAuthorization::authorized:
         if (!m_snapshot)
-            setStatus(tr("Finding your location…"));
+            setStatus(Wording::tr("Finding your location…"));
         m_location.requestLocation();
         break;
     }
@@ -131,19 +132,19 @@ void WeatherService::located(const Location& location)
         return; // chosen while the machine was being located
     QString name = location.place;
     if (name.isEmpty())
-        name = nearestCity(location.latitude, location.longitude).value_or(tr("Current Location"));
+        name = nearestCity(location.latitude, location.longitude).value_or(Wording::tr("Current Location"));
     fetch({location.latitude, location.longitude, name});
 }
 
 void WeatherService::locationFailed()
 {
     if (city().isEmpty())
-        setStatus(tr("Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…"));
+        setStatus(Wording::tr("Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…"));
 }
 
 void WeatherService::loadCity(const QString& city)
 {
-    setStatus(tr("Looking up %1…").arg(city));
+    setStatus(Wording::tr("Looking up %1…").arg(city));
     const QUrl url = endpoint(
         m_bases.geocoding, u"/v1/search"_s, {{u"name"_s, city}, {u"count"_s, u"1"_s}, {u"format"_s, u"json"_s}});
     get(url, &WeatherAnswers::places,
@@ -153,12 +154,12 @@ void WeatherService::loadCity(const QString& city)
 void WeatherService::cityFound(const QString& city, const std::optional<WeatherAnswers::Places>& found)
 {
     if (!found) {
-        reportUnavailable(tr("The answer cannot be read."));
+        reportUnavailable(Wording::tr("The answer cannot be read."));
     } else if (!found->results) {
         // What the endpoint says of a name that is on no map.
-        reportUnavailable(tr("There is no place “%1”. Try another name.").arg(city));
+        reportUnavailable(Wording::tr("There is no place “%1”. Try another name.").arg(city));
     } else if (found->results->isEmpty()) {
-        setStatus(tr("Couldn't find “%1”. Try another name from the menu bar.").arg(city));
+        setStatus(Wording::tr("Couldn't find “%1”. Try another name from the menu bar.").arg(city));
     } else {
         const auto& [name, latitude, longitude] = found->results->first();
         fetch({latitude, longitude, name});
@@ -184,7 +185,7 @@ void WeatherService::forecastRead(const std::optional<WeatherSnapshot>& forecast
     if (forecast)
         setSnapshot(*forecast);
     else
-        reportUnavailable(tr("The answer cannot be read."));
+        reportUnavailable(Wording::tr("The answer cannot be read."));
 }
 
 template <typename Decode, typename Use> void WeatherService::get(const QUrl& url, Decode decode, Use use)
@@ -209,7 +210,7 @@ void WeatherService::loadPreviewData()
     constexpr qint64 minute = 60;
     const QDateTime now = m_clock.now();
     const QDateTime today = now.date().startOfDay(now.timeZone());
-    WeatherSnapshot sample{.place = u"New York"_s,
+    WeatherSnapshot sample{.place = Wording::tr("New York"),
         .temperature = 17,
         .apparent = 16,
         .code = 2,
@@ -238,7 +239,7 @@ void WeatherService::setStatus(const QString& status)
 void WeatherService::reportUnavailable(const QString& why)
 {
     if (!m_snapshot)
-        setStatus(tr("Weather unavailable: %1").arg(why));
+        setStatus(Wording::tr("Weather unavailable: %1").arg(why));
 }
 
 } // namespace ambrelle

@@ -3,6 +3,7 @@
 #include "foundation/BackgroundThread.h"
 #include "foundation/UserDefaults.h"
 #include "foundation/WholeFile.h"
+#include "foundation/Wording.h"
 #include "platform/DesktopPicture.h"
 
 #include <QDir>
@@ -28,7 +29,7 @@ QSize pixels(const ScreenInfo& screen)
 QString writeFile(const QString& path, const QByteArray& bytes)
 {
     const QString reason = writeWhole(path, bytes);
-    return reason.isEmpty() ? reason : u"“%1” cannot be written: %2."_s.arg(path, reason);
+    return reason.isEmpty() ? reason : Wording::tr("“%1” cannot be written: %2.").arg(path, reason);
 }
 
 /// Why the skin's wallpaper of that size is not in the file, or empty; what is there already is kept.
@@ -38,7 +39,7 @@ QString paintFile(const Wallpaper& wallpaper, Skin skin, QSize size, const QStri
         return {};
     const QByteArray png = wallpaper.png(skin, size);
     if (png.isEmpty())
-        return u"A picture of %1 by %2 pixels cannot be made."_s.arg(size.width()).arg(size.height());
+        return Wording::tr("A picture of %1 by %2 pixels cannot be made.").arg(size.width()).arg(size.height());
     return writeFile(path, png);
 }
 
@@ -48,7 +49,7 @@ QString installExtra(const QString& extra, const QString& installed)
         return {};
     QFile file(extra);
     if (!file.open(QIODevice::ReadOnly))
-        return u"“%1” cannot be read: %2."_s.arg(extra, file.errorString());
+        return Wording::tr("“%1” cannot be read: %2.").arg(extra, file.errorString());
     return writeFile(installed, file.readAll());
 }
 
@@ -94,7 +95,7 @@ void DesktopWallpaper::apply(Skin skin, const Done& done)
 void DesktopWallpaper::apply(const QString& file, const Done& done)
 {
     const auto readable = [file] {
-        return QFileInfo(file).isReadable() ? QString() : u"“%1” cannot be read."_s.arg(file);
+        return QFileInfo(file).isReadable() ? QString() : Wording::tr("“%1” cannot be read.").arg(file);
     };
     prepare(onEveryScreen(file), readable, done);
 }
@@ -177,7 +178,7 @@ void DesktopWallpaper::giveBackPrevious(const Done& done)
 {
     const std::optional<QJsonObject> memory = m_defaults.object(previousKey);
     if (!memory)
-        return done ? done(u"No earlier desktop picture is remembered."_s) : void();
+        return done ? done(Wording::tr("No earlier desktop picture is remembered.")) : void();
     ++m_request;
     m_picture.giveBack(*memory, [this, done](const QString& error) {
         if (error.isEmpty()) {
@@ -197,7 +198,7 @@ void DesktopWallpaper::prepare(const QList<ScreenPicture>& pictures, const Prepa
     if (!m_picture.isAvailable())
         return answer(m_picture.whyNot());
     if (pictures.isEmpty())
-        return answer(u"No screen is connected."_s);
+        return answer(Wording::tr("No screen is connected."));
     const int request = ++m_request;
     const auto work = [files] {
         yieldToOthers();

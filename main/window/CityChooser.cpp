@@ -1,5 +1,6 @@
 #include "window/CityChooser.h"
 
+#include "foundation/Wording.h"
 #include "model/WorldCities.h"
 
 #include <QCompleter>
@@ -19,9 +20,9 @@ CityChooser::CityChooser(QWidget* parent)
     setEditable(true);
     setInsertPolicy(NoInsert);
     setMaxVisibleItems(citiesShown);
-    addItem(tr("Local Time"));
+    addItem(Wording::tr("Local Time"));
     for (const WorldCity& city : worldCities())
-        addItem(city.name.toString(), QString(city.zone));
+        addItem(Wording::tr(city.name), QString(city.zone));
     completer()->setCompletionMode(QCompleter::InlineCompletion);
     completer()->setCaseSensitivity(Qt::CaseInsensitive);
     connect(this, &QComboBox::activated, this, &CityChooser::take);

@@ -1,5 +1,6 @@
 #include "window/DateField.h"
 
+#include "foundation/Wording.h"
 #include "window/SymbolIcon.h"
 #include "window/WindowStyle.h"
 
@@ -85,9 +86,9 @@ void DateField::setMoment(const std::optional<QDateTime>& moment)
 void DateField::setAccessibleName(const QString& name)
 {
     QWidget::setAccessibleName(name);
-    m_set->setAccessibleName(u"%1: %2"_s.arg(name, m_set->text()));
+    m_set->setAccessibleName(Wording::tr("%1: %2").arg(name, m_set->text()));
     m_edit->setAccessibleName(name);
-    m_clear->setAccessibleName(tr("%1: Clear").arg(name));
+    m_clear->setAccessibleName(Wording::tr("%1: Clear").arg(name));
 }
 
 } // namespace ambrelle

@@ -1,5 +1,6 @@
 #include "window/MainWindow.h"
 
+#include "foundation/Wording.h"
 #include "window/MainWindowModel.h"
 #include "window/SymbolIcon.h"
 
@@ -26,10 +27,10 @@ constexpr QSize tabSymbolSize{18, 18};
 QString sentenceOf(MainTab tab)
 {
     switch (tab) {
-    case MainTab::themes: return u"The thirty themes will be chosen here. This tab is not built yet."_s;
-    case MainTab::widgets: return u"Single widgets will be added here. This tab is not built yet."_s;
-    case MainTab::wallpapers: return u"Wallpapers will be chosen here. This tab is not built yet."_s;
-    case MainTab::settings: return u"Preferences will be set here. This tab is not built yet."_s;
+    case MainTab::themes: return Wording::tr("The thirty themes will be chosen here. This tab is not built yet.");
+    case MainTab::widgets: return Wording::tr("Single widgets will be added here. This tab is not built yet.");
+    case MainTab::wallpapers: return Wording::tr("Wallpapers will be chosen here. This tab is not built yet.");
+    case MainTab::settings: return Wording::tr("Preferences will be set here. This tab is not built yet.");
     }
     return {};
 }
@@ -39,7 +40,7 @@ QString sentenceOf(const QStringList& files)
     QStringList names;
     for (const QString& file : files)
         names += QFileInfo(file).fileName();
-    return names.isEmpty() ? QString() : u"Theme files cannot be opened yet: "_s + names.join(u", "_s);
+    return names.isEmpty() ? QString() : Wording::tr("Theme files cannot be opened yet: %1").arg(names.join(u", "_s));
 }
 
 QIcon blank()
@@ -100,7 +101,7 @@ void MainWindow::makeTabs()
 {
     m_tabs->setExpanding(false);
     m_tabs->setDocumentMode(true);
-    m_tabs->setAccessibleName(u"Tabs"_s);
+    m_tabs->setAccessibleName(Wording::tr("Tabs"));
     for (const MainTab tab : allCases<MainTab>())
         m_tabs->addTab(title(tab));
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { m_model.setTab(static_cast<MainTab>(index)); });

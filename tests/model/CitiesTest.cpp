@@ -13,8 +13,7 @@ TEST(WorldCitiesTest, EveryZoneIsKnown)
 {
     EXPECT_EQ(worldCities().size(), 27U);
     for (const WorldCity& city : worldCities())
-        EXPECT_TRUE(QTimeZone::isTimeZoneIdAvailable(QByteArray(city.zone.data(), city.zone.size())))
-            << city.name.toString().toStdString();
+        EXPECT_TRUE(QTimeZone::isTimeZoneIdAvailable(QByteArray(city.zone.data(), city.zone.size()))) << city.name;
 }
 
 TEST(NearestCityTest, NamesThePlaceOrNone)

@@ -1,5 +1,6 @@
 #include "platform/calendar/FolderCalendarStore.h"
 
+#include "foundation/Wording.h"
 #include "platform/calendar/CalendarBook.h"
 
 #include <QDir>
@@ -37,8 +38,9 @@ QString FolderCalendarStore::whyNone(CalendarKind kind) const
 {
     if (isAvailable())
         return {};
-    return kind == CalendarKind::events ? tr("No calendars yet. Put .ics files into ~/.calendars to see events.")
-                                        : tr("No reminders yet. Put .ics files into ~/.calendars to see them.");
+    return kind == CalendarKind::events
+        ? Wording::tr("No calendars yet. Put .ics files into ~/.calendars to see events.")
+        : Wording::tr("No reminders yet. Put .ics files into ~/.calendars to see them.");
 }
 
 void FolderCalendarStore::requestAccess(QObject* context, std::function<void(bool)> done)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Wording.h"
 #include "platform/DesktopPicture.h"
 #include "platform/LoginItem.h"
 #include "platform/ProgramLauncher.h"
@@ -13,7 +14,7 @@ namespace ambrelle {
 class HeadlessWindowList final : public WindowList {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("The windows of other programs cannot be seen here."); }
+    QString whyNot() const override { return Wording::tr("The windows of other programs cannot be seen here."); }
     std::optional<QList<OnscreenWindow>> windows() const override { return std::nullopt; }
     void setWatching(bool) override { }
 };
@@ -22,7 +23,7 @@ public:
 class HeadlessSessionVisibility final : public SessionVisibility {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("Nothing here tells whether the screen is locked."); }
+    QString whyNot() const override { return Wording::tr("Nothing here tells whether the screen is locked."); }
     bool isVisible() const override { return true; }
 };
 
@@ -30,7 +31,7 @@ public:
 class HeadlessAppearance final : public SystemAppearance {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("This mode does not follow the desktop's appearance."); }
+    QString whyNot() const override { return Wording::tr("This mode does not follow the desktop's appearance."); }
     bool isDark() const override { return false; }
 };
 
@@ -38,7 +39,7 @@ public:
 class HeadlessDesktopPicture final : public DesktopPicture {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("There is no way to set the picture of this desktop."); }
+    QString whyNot() const override { return Wording::tr("There is no way to set the picture of this desktop."); }
 
     void set(const QList<ScreenPicture>&, Done done) override { refuse(std::move(done)); }
     void read(const QString&, std::function<void(const QString&)> done) override
@@ -73,7 +74,7 @@ public:
 class HeadlessLoginItem final : public LoginItem {
 public:
     Status status() const override { return Status::unavailable; }
-    QString whyNot() const override { return QStringLiteral("This mode is not started at login."); }
+    QString whyNot() const override { return Wording::tr("This mode is not started at login."); }
     QString setEnabled(bool) override { return refusal() + QStringLiteral(": ") + whyNot(); }
 };
 

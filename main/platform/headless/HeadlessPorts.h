@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Wording.h"
 #include "platform/Announcer.h"
 #include "platform/CalendarStore.h"
 #include "platform/DeviceSource.h"
@@ -14,7 +15,7 @@ namespace ambrelle {
 class HeadlessHttpClient final : public HttpClient {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("This mode does not use the network."); }
+    QString whyNot() const override { return Wording::tr("This mode does not use the network."); }
     void get(const QUrl&, qint64, QObject* context, Done done) override
     {
         QMetaObject::invokeMethod(
@@ -27,7 +28,7 @@ public:
 class HeadlessLocation final : public LocationSource {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("This mode asks nobody where the machine is."); }
+    QString whyNot() const override { return Wording::tr("This mode asks nobody where the machine is."); }
     LocationAuthorization authorization() const override { return LocationAuthorization::denied; }
     void requestLocation() override { }
 };
@@ -36,7 +37,7 @@ public:
 class HeadlessPlayers final : public PlayerSource {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("This mode asks no media player."); }
+    QString whyNot() const override { return Wording::tr("This mode asks no media player."); }
     void start() override { }
     QList<Player> players() const override { return {}; }
     bool notifies() const override { return true; }
@@ -58,7 +59,7 @@ public:
 class HeadlessCalendarStore final : public CalendarStore {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNone(CalendarKind) const override { return QStringLiteral("This mode reads no calendars."); }
+    QString whyNone(CalendarKind) const override { return Wording::tr("This mode reads no calendars."); }
     void requestAccess(QObject* context, std::function<void(bool)> done) override
     {
         QMetaObject::invokeMethod(
@@ -88,7 +89,7 @@ public:
 class HeadlessAnnouncer final : public Announcer {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("This mode shows no notifications."); }
+    QString whyNot() const override { return Wording::tr("This mode shows no notifications."); }
     void notify(const QString&, const QString&) override { }
     void play(AnnouncedSound) override { }
 };
@@ -97,7 +98,7 @@ public:
 class HeadlessDevices final : public DeviceSource {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("This mode does not look for devices."); }
+    QString whyNot() const override { return Wording::tr("This mode does not look for devices."); }
     std::optional<QList<ConnectedDevice>> devices() const override { return QList<ConnectedDevice>(); }
     void refresh() override { }
 };
@@ -108,7 +109,7 @@ public:
     using InputMonitor::metresPerPoint;
 
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("This mode does not see what is done at the machine."); }
+    QString whyNot() const override { return Wording::tr("This mode does not see what is done at the machine."); }
     bool tellsPointer() const override { return false; }
     void start() override { }
     void stop() override { }

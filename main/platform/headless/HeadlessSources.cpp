@@ -1,5 +1,7 @@
 #include "platform/headless/HeadlessSources.h"
 
+#include "foundation/Wording.h"
+
 namespace ambrelle {
 
 namespace {
@@ -7,7 +9,7 @@ namespace {
 template <class Source> class Unavailable : public Source {
 public:
     bool isAvailable() const final { return false; }
-    QString whyNot() const final { return QStringLiteral("This mode does not measure the machine."); }
+    QString whyNot() const final { return Wording::tr("This mode does not measure the machine."); }
 };
 
 class HeadlessProcessor final : public Unavailable<ProcessorSource> {

@@ -1,5 +1,6 @@
 #include "platform/mac/ListerProcessSource.h"
 
+#include "foundation/Wording.h"
 #include "platform/mac/ProcessList.h"
 
 #include <QProcess>
@@ -30,7 +31,7 @@ ListerProcessSource::~ListerProcessSource()
 
 QString ListerProcessSource::whyNot() const
 {
-    return isAvailable() ? QString() : QStringLiteral("“%1” is not installed.").arg(m_program);
+    return isAvailable() ? QString() : Wording::tr("“%1” is not installed.").arg(m_program);
 }
 
 void ListerProcessSource::top(int count, Completion completion)

@@ -1,5 +1,6 @@
 #include "platform/mac/ProfilerDevices.h"
 
+#include "foundation/Wording.h"
 #include "platform/mac/ProfilerReport.h"
 
 #include <QProcess>
@@ -48,7 +49,7 @@ void ProfilerDevices::refresh()
 
 void ProfilerDevices::tell(const std::optional<QList<ConnectedDevice>>& devices)
 {
-    const QString whyNot = devices ? QString() : tr("The system profiler tells no Bluetooth devices.");
+    const QString whyNot = devices ? QString() : Wording::tr("The system profiler tells no Bluetooth devices.");
     const QList<ConnectedDevice> list = devices.value_or(QList<ConnectedDevice>());
     if (m_devices == list && m_whyNot == whyNot)
         return;

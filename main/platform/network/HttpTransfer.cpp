@@ -1,5 +1,7 @@
 #include "platform/network/HttpTransfer.h"
 
+#include "foundation/Wording.h"
+
 #include <QHostAddress>
 #include <QNetworkReply>
 
@@ -49,8 +51,8 @@ HttpTransfer::HttpTransfer(
     , m_context(context)
     , m_done(std::move(done))
 {
-    connect(context, &QObject::destroyed, this, [this] { end(tr("Nobody waits for the answer.")); });
-    connect(&m_deadline, &QTimer::timeout, this, [this] { end(tr("The server did not answer in time.")); });
+    connect(context, &QObject::destroyed, this, [this] { end(Wording::tr("Nobody waits for the answer.")); });
+    connect(&m_deadline, &QTimer::timeout, this, [this] { end(Wording::tr("The server did not answer in time.")); });
     m_deadline.setSingleShot(true);
     m_deadline.setTimerType(Qt::PreciseTimer);
     m_deadline.start(bounds.time);
@@ -72,7 +74,7 @@ void HttpTransfer::collect()
     m_body += m_reply->read(m_mostBytes + 1 - m_body.size());
     const qint64 announced = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
     if (m_body.size() > m_mostBytes || announced > m_mostBytes)
-        end(tr("The server's answer is too large."));
+        end(Wording::tr("The server's answer is too large."));
 }
 
 void HttpTransfer::replyFinished()
@@ -93,9 +95,9 @@ void HttpTransfer::replyFinished()
 void HttpTransfer::redirect(const QUrl& target)
 {
     if (target.scheme() != "https"_L1) {
-        end(tr("The server points to an address that is not secure."));
+        end(Wording::tr("The server points to an address that is not secure."));
     } else if (++m_redirects > mostRedirects) {
-        end(tr("The server points somewhere else again and again."));
+        end(Wording::tr("The server points somewhere else again and again."));
     } else {
         m_reply->deleteLater();
         request(target);
@@ -126,14 +128,15 @@ QString HttpTransfer::failure() const
         if (status >= 200 && status < 300)
             return {};
         break;
-    case QNetworkReply::HostNotFoundError: return tr("The server %1 was not found.").arg(host);
-    case QNetworkReply::ConnectionRefusedError: return tr("The server %1 refuses connections.").arg(host);
-    case QNetworkReply::SslHandshakeFailedError: return tr("The connection to %1 would not be secure.").arg(host);
-    case QNetworkReply::RemoteHostClosedError: return tr("The server %1 broke the connection off.").arg(host);
+    case QNetworkReply::HostNotFoundError: return Wording::tr("The server %1 was not found.").arg(host);
+    case QNetworkReply::ConnectionRefusedError: return Wording::tr("The server %1 refuses connections.").arg(host);
+    case QNetworkReply::SslHandshakeFailedError:
+        return Wording::tr("The connection to %1 would not be secure.").arg(host);
+    case QNetworkReply::RemoteHostClosedError: return Wording::tr("The server %1 broke the connection off.").arg(host);
     default: break;
     }
-    return status >= 200 ? tr("The server answered with error %1.").arg(status)
-                         : tr("The server %1 cannot be reached.").arg(host);
+    return status >= 200 ? Wording::tr("The server answered with error %1.").arg(status)
+                         : Wording::tr("The server %1 cannot be reached.").arg(host);
 }
 
 } // namespace ambrelle

@@ -1,5 +1,6 @@
 #include "platform/network/QtHttpClient.h"
 
+#include "foundation/Wording.h"
 #include "platform/network/HttpTransfer.h"
 
 #include <QFuture>
@@ -25,7 +26,7 @@ QtHttpClient::~QtHttpClient() = default;
 void QtHttpClient::get(const QUrl& url, qint64 mostBytes, QObject* context, Done done)
 {
     if (!mayFetch(url)) {
-        const HttpAnswer refusal{{}, tr("The address “%1” is not secure.").arg(url.host())};
+        const HttpAnswer refusal{{}, Wording::tr("The address “%1” is not secure.").arg(url.host())};
         QMetaObject::invokeMethod(
             context, [done = std::move(done), refusal] { done(refusal); }, Qt::QueuedConnection);
         return;

@@ -1,5 +1,6 @@
 #include "platform/x11/X11WindowHost.h"
 
+#include "foundation/Wording.h"
 #include "platform/x11/connection/ToolkitConnection.h"
 #include "platform/x11/window/PanelAccess.h"
 
@@ -35,7 +36,7 @@ X11WindowHost::~X11WindowHost() = default;
 
 QString X11WindowHost::whyNot() const
 {
-    return m_parts ? QString() : QStringLiteral("Widgets on the desktop need an X server, and there is none here.");
+    return m_parts ? QString() : Wording::tr("Widgets on the desktop need an X server, and there is none here.");
 }
 
 QList<ScreenInfo> X11WindowHost::screens() const

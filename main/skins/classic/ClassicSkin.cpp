@@ -1,5 +1,6 @@
 #include "skins/classic/ClassicSkin.h"
 
+#include "foundation/Wording.h"
 #include "skins/classic/ClassicPieces.h"
 #include "skins/classic/ClassicStyle.h"
 
@@ -25,7 +26,7 @@ void ClassicSkin::header(Canvas& canvas, Box& content, const FaceContext& face, 
 {
     content.cutTop(titleBar + style().titleGap);
     const bool tooWide = face.kind == WidgetKind::downloads && title == headerTitle(style(), face.kind);
-    windowTitle(canvas, face.bounds, tooWide ? QStringLiteral("Downloaded") : title);
+    windowTitle(canvas, face.bounds, tooWide ? Wording::tr("Downloaded") : title);
 }
 
 Box ClassicSkin::photoPlate(Canvas& canvas, const FaceContext& face) const

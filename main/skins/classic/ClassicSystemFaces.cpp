@@ -1,4 +1,5 @@
 #include "faces/FaceKit.h"
+#include "foundation/Wording.h"
 #include "skins/classic/ClassicPieces.h"
 #include "skins/classic/ClassicSkin.h"
 #include "skins/classic/ClassicStyle.h"
@@ -43,8 +44,9 @@ void ClassicSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceC
     patternBar(canvas, box.cutBottom(20), reading.parts);
     box.cutBottom(8);
     Box figure = box.cutLeft(148);
-    hero(canvas, *this, figure.cutTop(64), reading.used, QStringLiteral("GB"), 64, reading.high);
-    canvas.text(figure.cutBottom(line + 8), QString::number(reading.percent) + QStringLiteral("% ") + reading.total,
+    hero(canvas, *this, figure.cutTop(64), reading.used, Wording::tr("GB"), 64, reading.high);
+    canvas.text(figure.cutBottom(line + 8),
+        Wording::tr("%1% %2", "per cent, of so many GB").arg(QString::number(reading.percent), reading.total),
         style().row());
     box.cutLeft(16);
     memoryKey(canvas, style(), box.inset(0, 12), reading.parts);
@@ -53,8 +55,7 @@ void ClassicSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceC
 void ClassicSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face, reading.name);
-    canvas.text(box.cutBottom(line), reading.free + u' ' + reading.unit + QStringLiteral(" free"),
-        style().row().aligned(Align::centre));
+    canvas.text(box.cutBottom(line), freeText(reading), style().row().aligned(Align::centre));
     box.cutBottom(4);
     const Box inside = wedges(canvas, box, reading.fraction);
     const FigureStyle figure = style().figure(26).aligned(Align::centre);

@@ -59,7 +59,7 @@ void dayColumn(Canvas& canvas, Box column, const WeatherReading::Day& day, const
 
 void ClassicSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const
 {
-    Box box = framed(canvas, face, QStringLiteral("Clock"));
+    Box box = framed(canvas, face, title(WidgetKind::clock));
     Box footer = box.cutBottom(line);
     footer.cutLeft(canvas.text(footer, reading.dateLine(), style().row()) + 10);
     const TextStyle tag = style().row().aligned(Align::right);

@@ -6,6 +6,7 @@
 #include "faces/NoticeFace.h"
 #include "faces/Pictogram.h"
 #include "faces/StyledDial.h"
+#include "foundation/Wording.h"
 
 namespace ambrelle {
 
@@ -109,7 +110,7 @@ void GlassSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContex
 void GlassSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    canvas.figure(box.cutTop(Bands::hero), reading.used, QStringLiteral("GB"), style().figure(40));
+    canvas.figure(box.cutTop(Bands::hero), reading.used, Wording::tr("GB"), style().figure(40));
     if (reading.high)
         warning(canvas, Box(face.bounds).inset(style().inset).cutTop(14).cutRight(12));
     const QList<QBrush> fills{style().accent, accent2, accent3};
@@ -122,8 +123,7 @@ void GlassSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCon
 void GlassSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face, reading.name);
-    canvas.text(
-        box.cutBottom(Bands::footer), reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
+    canvas.text(box.cutBottom(Bands::footer), freeText(reading), style().caption());
     const QColor colour = reading.high ? warn : style().accent;
     const StyledDial ring{.flavor = dial(), .value = colour, .track = trackColour, .width = 9};
     const Box inside = ring.draw(canvas, box.inset(0, 4), reading.fraction);

@@ -1,3 +1,4 @@
+#include "foundation/Wording.h"
 #include "skins/hifi/HiFiSkin.h"
 
 #include "drawing/Charts.h"
@@ -77,7 +78,7 @@ void HiFiSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCont
     Box box = framed(canvas, face);
     const Box hero = box.cutTop(46);
     Nixies{.style = style(), .cap = 34, .seed = 11, .name = QStringLiteral("used")}.draw(
-        canvas, hero, reading.used, QStringLiteral("GB"));
+        canvas, hero, reading.used, Wording::tr("GB"));
     if (reading.high)
         warning(canvas, Box(hero).cutRight(12).cutTop(12));
     box.cutTop(8);
@@ -93,7 +94,7 @@ void HiFiSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContex
     Box footer = box.cutBottom(Bands::footer);
     if (reading.high)
         warning(canvas, footer.cutRight(14));
-    canvas.text(footer, reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
+    canvas.text(footer, freeText(reading), style().caption());
     const Box inside = tickDial(canvas, style(), box, reading.fraction, reading.high ? style().warn : style().accent);
     canvas.figure(
         inside, QString::number(reading.percent), QStringLiteral("%"), wire(style(), 24).aligned(Align::centre));

@@ -1,6 +1,7 @@
 #include "skins/minimal/MinimalSkin.h"
 
 #include "drawing/Colours.h"
+#include "foundation/Wording.h"
 
 namespace ambrelle {
 
@@ -78,7 +79,7 @@ void MinimalSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceCont
 void MinimalSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    hero(canvas, box, reading.used, QStringLiteral("GB"), reading.high);
+    hero(canvas, box, reading.used, Wording::tr("GB"), reading.high);
     m_hand->parts(canvas, box.cutTop(12), reading.parts);
     box.cutTop(4);
     partsKey(canvas, *this, box, reading.parts, m_look.partFills());
@@ -90,7 +91,7 @@ void MinimalSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceCon
     Box footer = box.cutBottom(Bands::footer);
     if (reading.high)
         warning(canvas, footer.cutRight(14));
-    canvas.text(footer, reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
+    canvas.text(footer, freeText(reading), style().caption());
     const Box inside = m_hand->dial(canvas, box.inset(0, 3), reading.fraction, loadColour(reading.high));
     canvas.figure(inside.inset(3), QString::number(reading.percent), QStringLiteral("%"),
         style().figure(26).aligned(Align::centre));

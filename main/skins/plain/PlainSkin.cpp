@@ -6,6 +6,7 @@
 #include "faces/NoticeFace.h"
 #include "faces/Pictogram.h"
 #include "faces/StyledDial.h"
+#include "foundation/Wording.h"
 #include "skins/plain/PlainPalette.h"
 
 #include <cstring>
@@ -121,7 +122,7 @@ void PlainSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContex
 void PlainSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    canvas.figure(box.cutTop(38), reading.used, QStringLiteral("GB"), style().figure(34));
+    canvas.figure(box.cutTop(38), reading.used, Wording::tr("GB"), style().figure(34));
     box.cutTop(Bands::gap);
     partsBar(canvas, box.cutTop(8), reading.parts, partFills(), style().faint, std::min(4.0, style().corner));
     box.cutTop(4);
@@ -136,7 +137,7 @@ void PlainSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceConte
     Box footer = box.cutBottom(style().captionSize + 3);
     if (reading.high)
         warning(canvas, footer.cutRight(14));
-    canvas.text(footer, reading.free + u' ' + reading.unit + QStringLiteral(" free"), style().caption());
+    canvas.text(footer, freeText(reading), style().caption());
     const StyledDial circle{
         .flavor = dial(), .value = reading.high ? style().warn : style().accent, .track = style().faint, .width = 8};
     const Box inside = circle.draw(canvas, box.inset(0, 3), reading.fraction);

@@ -22,11 +22,6 @@ const auto batteryInterface = u"org.bluez.Battery1"_s;
 
 using Interfaces = QMap<QString, QVariantMap>;
 
-QString sentence(const char* text)
-{
-    return Wording::tr(text);
-}
-
 bool isOfInterest(const QString& interface)
 {
     return interface == adapterInterface || interface == bluezDevice || interface == batteryInterface;
@@ -99,13 +94,13 @@ QString whyNoDevices(const BluezObjects& objects)
         if (adapter->value(u"Powered"_s).toBool())
             return {};
     }
-    return hasAdapter ? sentence("Bluetooth is off.") : sentence("This machine has no Bluetooth adapter.");
+    return hasAdapter ? Wording::tr("Bluetooth is off.") : Wording::tr("This machine has no Bluetooth adapter.");
 }
 
 BluezDevices::BluezDevices(OpenBus openBus)
     : BusDevices({.name = bluez,
-                     .missing = sentence("Bluetooth is not running on this machine."),
-                     .silent = sentence("Bluetooth does not answer.")},
+                     .missing = Wording::tr("Bluetooth is not running on this machine."),
+                     .silent = Wording::tr("Bluetooth does not answer.")},
         std::move(openBus))
 {
 }

@@ -1,5 +1,7 @@
 #include "platform/linux/bus/BusSessionVisibility.h"
 
+#include "foundation/Wording.h"
+
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
@@ -58,7 +60,7 @@ BusSessionVisibility::BusSessionVisibility(OpenBus openSessionBus, OpenBus openS
 
 QString BusSessionVisibility::whyNot() const
 {
-    return m_answered ? QString() : QStringLiteral("This desktop does not tell whether the screen is locked.");
+    return m_answered ? QString() : Wording::tr("This desktop does not tell whether the screen is locked.");
 }
 
 void BusSessionVisibility::listen()

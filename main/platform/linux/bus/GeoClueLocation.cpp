@@ -1,5 +1,7 @@
 #include "platform/linux/bus/GeoClueLocation.h"
 
+#include "foundation/Wording.h"
+
 #include <QDBusArgument>
 #include <QDBusError>
 #include <QDBusObjectPath>
@@ -62,7 +64,7 @@ GeoClueLocation::~GeoClueLocation()
 
 QString GeoClueLocation::whyNot() const
 {
-    return m_present ? QString() : tr("The location service GeoClue is not installed.");
+    return m_present ? QString() : Wording::tr("The location service GeoClue is not installed.");
 }
 
 LocationAuthorization GeoClueLocation::authorization() const

@@ -1,5 +1,6 @@
 #include "platform/linux/bus/MprisPlayers.h"
 
+#include "foundation/Wording.h"
 #include "platform/linux/bus/MprisAnswer.h"
 
 #include <QDBusPendingCallWatcher>
@@ -83,7 +84,7 @@ MprisPlayers::MprisPlayers(OpenBus openBus)
 
 QString MprisPlayers::whyNot() const
 {
-    return m_available ? QString() : u"Media players cannot be reached: this session has no message bus."_s;
+    return m_available ? QString() : Wording::tr("Media players cannot be reached: this session has no message bus.");
 }
 
 void MprisPlayers::start()

@@ -1,5 +1,7 @@
 #include "platform/linux/bus/PortalAppearance.h"
 
+#include "foundation/Wording.h"
+
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -42,7 +44,7 @@ PortalAppearance::PortalAppearance(OpenBus openBus)
 
 QString PortalAppearance::whyNot() const
 {
-    return m_known ? QString() : QStringLiteral("The desktop does not tell whether it is light or dark.");
+    return m_known ? QString() : Wording::tr("The desktop does not tell whether it is light or dark.");
 }
 
 void PortalAppearance::askPortal()

@@ -1,5 +1,7 @@
 #include "platform/linux/bus/SessionInputMonitor.h"
 
+#include "foundation/Wording.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -54,7 +56,7 @@ SessionInputMonitor::SessionInputMonitor(OpenBus openBus)
 
 QString SessionInputMonitor::whyNot() const
 {
-    return m_answered ? QString() : QStringLiteral("This desktop does not tell whether it is being used.");
+    return m_answered ? QString() : Wording::tr("This desktop does not tell whether it is being used.");
 }
 
 void SessionInputMonitor::secondsSinceInput(QObject* context, Answer answer)

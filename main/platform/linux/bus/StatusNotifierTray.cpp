@@ -1,5 +1,7 @@
 #include "platform/linux/bus/StatusNotifierTray.h"
 
+#include "foundation/Wording.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -26,7 +28,7 @@ StatusNotifierTray::StatusNotifierTray(std::function<QDBusConnection()> openBus)
 
 QString StatusNotifierTray::whyNot() const
 {
-    return m_available ? QString() : u"No panel shows items that are announced on the session bus."_s;
+    return m_available ? QString() : Wording::tr("No panel shows items that are announced on the session bus.");
 }
 
 void StatusNotifierTray::start()

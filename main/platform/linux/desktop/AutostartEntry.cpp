@@ -1,6 +1,7 @@
 #include "platform/linux/desktop/AutostartEntry.h"
 
 #include "foundation/WholeFile.h"
+#include "foundation/Wording.h"
 #include "platform/linux/desktop/DesktopEntryText.h"
 
 #include <QDir>
@@ -110,7 +111,7 @@ QString AutostartEntry::setEnabled(bool enabled)
         return {};
     const std::optional<QByteArray> present = own ? DesktopEntryText::contentOf(path()) : QByteArray();
     if (!present)
-        return refused(u"“%1” cannot be read."_s.arg(path()));
+        return refused(Wording::tr("“%1” cannot be read.").arg(path()));
     return enabled ? enable(*present) : disable(*present);
 }
 
@@ -121,7 +122,7 @@ QString AutostartEntry::enable(const QByteArray& present) const
         return write(path(), freshEntry(exec));
     DesktopEntryText entry(present);
     if (!entry.isEntry())
-        return refused(u"“%1” is something else."_s.arg(path()));
+        return refused(Wording::tr("“%1” is something else.").arg(path()));
     entry.remove(hiddenKey);
     entry.remove(gnomeKey);
     // A command that the user put there is the user's; one that this program wrote may name a place it has moved from.

@@ -1,5 +1,6 @@
 #include "platform/linux/kernel/LinuxMemorySource.h"
 
+#include "foundation/Wording.h"
 #include "platform/linux/kernel/MemoryParser.h"
 
 #include <QDir>
@@ -19,7 +20,7 @@ LinuxMemorySource::LinuxMemorySource(const QByteArray& procFolder, const QByteAr
 
 QString LinuxMemorySource::whyNot() const
 {
-    return isAvailable() ? QString() : QStringLiteral("The kernel does not tell how memory is used.");
+    return isAvailable() ? QString() : Wording::tr("The kernel does not tell how memory is used.");
 }
 
 std::optional<MemoryUse> LinuxMemorySource::use()

@@ -1,5 +1,6 @@
 #include "platform/linux/kernel/LinuxNetworkSource.h"
 
+#include "foundation/Wording.h"
 #include "platform/linux/kernel/InterfaceParser.h"
 
 #include <QFile>
@@ -19,7 +20,7 @@ LinuxNetworkSource::LinuxNetworkSource(const QByteArray& procFolder, const QByte
 
 QString LinuxNetworkSource::whyNot() const
 {
-    return m_available ? QString() : QStringLiteral("The kernel does not tell about network interfaces.");
+    return m_available ? QString() : Wording::tr("The kernel does not tell about network interfaces.");
 }
 
 std::optional<QList<InterfaceCounters>> LinuxNetworkSource::interfaces()

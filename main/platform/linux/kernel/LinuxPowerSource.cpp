@@ -1,5 +1,6 @@
 #include "platform/linux/kernel/LinuxPowerSource.h"
 
+#include "foundation/Wording.h"
 #include "platform/linux/kernel/PowerSupplyParser.h"
 
 #include <QDir>
@@ -31,7 +32,7 @@ LinuxPowerSource::LinuxPowerSource(const QByteArray& sysFolder)
 
 QString LinuxPowerSource::whyNot() const
 {
-    return m_available ? QString() : QStringLiteral("The kernel does not tell about batteries.");
+    return m_available ? QString() : Wording::tr("The kernel does not tell about batteries.");
 }
 
 QList<PowerSourceDescription> LinuxPowerSource::descriptions()

@@ -1,6 +1,7 @@
 #include "platform/linux/kernel/LinuxProcessSource.h"
 
 #include "foundation/TextFields.h"
+#include "foundation/Wording.h"
 #include "platform/linux/kernel/ProcessParser.h"
 
 #include <algorithm>
@@ -42,7 +43,7 @@ LinuxProcessSource::~LinuxProcessSource()
 
 QString LinuxProcessSource::whyNot() const
 {
-    return isAvailable() ? QString() : QStringLiteral("The kernel does not tell which processes run.");
+    return isAvailable() ? QString() : Wording::tr("The kernel does not tell which processes run.");
 }
 
 void LinuxProcessSource::top(int count, Completion completion)

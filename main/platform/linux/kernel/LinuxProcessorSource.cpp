@@ -1,5 +1,6 @@
 #include "platform/linux/kernel/LinuxProcessorSource.h"
 
+#include "foundation/Wording.h"
 #include "platform/linux/kernel/ProcessorParser.h"
 
 #include <algorithm>
@@ -29,7 +30,7 @@ LinuxProcessorSource::LinuxProcessorSource(const QByteArray& procFolder)
 
 QString LinuxProcessorSource::whyNot() const
 {
-    return m_available ? QString() : QStringLiteral("The kernel does not tell how busy the processors are.");
+    return m_available ? QString() : Wording::tr("The kernel does not tell how busy the processors are.");
 }
 
 std::optional<QList<ProcessorTicks>> LinuxProcessorSource::ticks()

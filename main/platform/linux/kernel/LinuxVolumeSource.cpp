@@ -1,5 +1,6 @@
 #include "platform/linux/kernel/LinuxVolumeSource.h"
 
+#include "foundation/Wording.h"
 #include "platform/linux/kernel/MountParser.h"
 
 #include <QDir>
@@ -30,7 +31,7 @@ LinuxVolumeSource::~LinuxVolumeSource()
 
 QString LinuxVolumeSource::whyNot() const
 {
-    return m_available ? QString() : QStringLiteral("The kernel does not tell what is mounted.");
+    return m_available ? QString() : Wording::tr("The kernel does not tell what is mounted.");
 }
 
 QList<Volume> LinuxVolumeSource::volumes()

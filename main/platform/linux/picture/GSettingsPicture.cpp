@@ -1,6 +1,7 @@
 #include "platform/linux/picture/GSettingsPicture.h"
 
 #include "foundation/PictureFile.h"
+#include "foundation/Wording.h"
 #include "platform/linux/picture/GVariantText.h"
 
 #include <QUrl>
@@ -138,7 +139,7 @@ QString GSettingsPicture::write(const Values& wanted) const
     Values known = wanted;
     known.removeIf([&](const auto& value) { return !before.values.contains(value.key()); });
     if (known.isEmpty())
-        return u"This desktop keeps its picture in settings of an unknown form."_s;
+        return Wording::tr("This desktop keeps its picture in settings of an unknown form.");
     QString error = tryToWrite(known);
     if (!error.isEmpty())
         put(before.values);
@@ -153,7 +154,7 @@ QString GSettingsPicture::tryToWrite(const Values& wanted) const
     const Values now = settings().values;
     for (auto value = wanted.begin(); value != wanted.end(); ++value) {
         if (GVariantText::unquoted(now.value(value.key())) != GVariantText::unquoted(value.value()))
-            return u"The desktop's settings did not keep the picture."_s;
+            return Wording::tr("The desktop's settings did not keep the picture.");
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #include "platform/linux/picture/PcmanfmPicture.h"
 
 #include "foundation/PictureFile.h"
+#include "foundation/Wording.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -134,7 +135,7 @@ QString PcmanfmPicture::apply(const Setting& wanted) const
     const ToolAnswer answer = m_tools.call(program, arguments);
     if (answer.failed() || wanted.file.isEmpty() || isKept(wanted.file))
         return answer.error;
-    return u"“%1” did not take the picture; it may not be what draws the desktop."_s.arg(program);
+    return Wording::tr("“%1” did not take the picture; it may not be what draws the desktop.").arg(program);
 }
 
 /// The file manager that runs is told by the one that was started, and notes the picture a moment later.

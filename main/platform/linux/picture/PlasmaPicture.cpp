@@ -1,6 +1,7 @@
 #include "platform/linux/picture/PlasmaPicture.h"
 
 #include "foundation/PictureFile.h"
+#include "foundation/Wording.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -98,7 +99,7 @@ PlasmaPicture::PlasmaPicture(QDBusConnection bus, std::chrono::milliseconds pati
 
 QString PlasmaPicture::whyNot() const
 {
-    return isAvailable() ? QString() : u"There is no session bus on which Plasma could be asked."_s;
+    return isAvailable() ? QString() : Wording::tr("There is no session bus on which Plasma could be asked.");
 }
 
 /// The place of a screen among all of them; -1 when there is no such screen.
@@ -121,7 +122,7 @@ void PlasmaPicture::set(const QList<ScreenPicture>& pictures, Done done)
             return fail(fault, done);
         const int rank = rankOf(picture.connector);
         if (rank < 0)
-            return fail(u"There is no screen “%1”."_s.arg(picture.connector), done);
+            return fail(Wording::tr("There is no screen “%1”.").arg(picture.connector), done);
         const QString image = QString::fromLatin1(QUrl::fromLocalFile(picture.file).toEncoded());
         wanted.insert(QString::number(rank),
             QJsonObject{{u"plugin"_s, imagePlugin}, {u"image"_s, image}, {u"fill"_s, fillScreen}});
@@ -168,7 +169,7 @@ void PlasmaPicture::change(const QString& function, const QJsonObject& argument,
             if (!error.isEmpty() || isNothing || count.toInt() > 0)
                 done(error);
             else
-                done(u"Plasma has none of the desktops whose picture should change."_s);
+                done(Wording::tr("Plasma has none of the desktops whose picture should change."));
         });
 }
 
@@ -183,12 +184,13 @@ void PlasmaPicture::evaluate(const QString& script, Result result)
         watcher->deleteLater();
         const QDBusPendingReply<QString> reply = *watcher;
         if (reply.isError())
-            return result({}, u"Plasma did not change its picture: %1"_s.arg(reply.error().message()));
+            return result({}, Wording::tr("Plasma did not change its picture: %1").arg(reply.error().message()));
         // As a list, since a document cannot be a bare number.
         const QByteArray text = '[' + reply.value().trimmed().toUtf8() + ']';
         const QJsonArray printed = QJsonDocument::fromJson(text).array();
         if (printed.isEmpty())
-            return result({}, u"Plasma did not change its picture: %1"_s.arg(reply.value().section(u'\n', 0, 0)));
+            return result(
+                {}, Wording::tr("Plasma did not change its picture: %1").arg(reply.value().section(u'\n', 0, 0)));
         result(printed.first(), {});
     });
 }

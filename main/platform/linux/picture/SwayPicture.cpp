@@ -2,6 +2,7 @@
 
 #include "foundation/PictureFile.h"
 #include "foundation/WholeFile.h"
+#include "foundation/Wording.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -96,12 +97,12 @@ QString SwayPicture::commandsFor(const QList<ScreenPicture>& pictures, QString& 
         if (error.isEmpty())
             error = PictureFile::fault(picture.file);
         if (error.isEmpty() && !isPlain(picture.file))
-            error =
-                u"Sway cannot be told of “%1”: that path has signs with a meaning of their own."_s.arg(picture.file);
+            error = Wording::tr("Sway cannot be told of “%1”: that path has signs with a meaning of their own.")
+                        .arg(picture.file);
         // An X server inside Sway may have a name of its own for the only screen.
         const bool isKnown = known.contains(picture.connector);
         if (error.isEmpty() && !isKnown && known.size() != 1)
-            error = u"Sway has no output called “%1”."_s.arg(picture.connector);
+            error = Wording::tr("Sway has no output called “%1”.").arg(picture.connector);
         if (!error.isEmpty())
             return {};
         const QString output = isKnown ? picture.connector : known.first();

@@ -1,5 +1,7 @@
 #include "platform/linux/picture/ToolErrands.h"
 
+#include "foundation/Wording.h"
+
 #include <QDeadlineTimer>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -23,11 +25,11 @@ QString firstLine(const QByteArray& text)
 QString failure(const QString& program, QProcess& process)
 {
     if (process.exitStatus() == QProcess::CrashExit)
-        return u"“%1” crashed."_s.arg(program);
+        return Wording::tr("“%1” crashed.").arg(program);
     const QString complaint = firstLine(process.readAllStandardError());
     if (!complaint.isEmpty())
-        return u"“%1” failed: %2"_s.arg(program, complaint);
-    return u"“%1” failed with status %2."_s.arg(program).arg(process.exitCode());
+        return Wording::tr("“%1” failed: %2").arg(program, complaint);
+    return Wording::tr("“%1” failed with status %2.").arg(program).arg(process.exitCode());
 }
 
 } // namespace
@@ -48,7 +50,8 @@ ToolErrands::~ToolErrands()
 QString ToolErrands::whyMissing(const QString& program)
 {
     const bool missing = QStandardPaths::findExecutable(program).isEmpty();
-    return missing ? u"The desktop picture is set with “%1”, which is not installed."_s.arg(program) : QString();
+    return missing ? Wording::tr("The desktop picture is set with “%1”, which is not installed.").arg(program)
+                   : QString();
 }
 
 ToolAnswer ToolErrands::call(const QString& program, const QStringList& arguments) const
@@ -67,11 +70,11 @@ ToolAnswer ToolErrands::call(const QString& program, const QStringList& argument
         if (process.state() != QProcess::NotRunning && (m_leaving || deadline.hasExpired())) {
             process.kill();
             process.waitForFinished();
-            return {.error = u"“%1” did not answer in time."_s.arg(program)};
+            return {.error = Wording::tr("“%1” did not answer in time.").arg(program)};
         }
     }
     if (process.error() == QProcess::FailedToStart)
-        return {.error = u"“%1” cannot be started: %2."_s.arg(program, process.errorString())};
+        return {.error = Wording::tr("“%1” cannot be started: %2.").arg(program, process.errorString())};
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
         return {.error = failure(program, process)};
     return {.output = process.readAllStandardOutput()};

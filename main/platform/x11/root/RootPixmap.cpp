@@ -1,5 +1,6 @@
 #include "platform/x11/root/RootPixmap.h"
 
+#include "foundation/Wording.h"
 #include "platform/x11/connection/Reply.h"
 #include "platform/x11/root/RootPicture.h"
 
@@ -57,7 +58,7 @@ RootPixmap::RootPixmap()
     int number = 0;
     m_connection = xcb_connect(nullptr, &number);
     if (xcb_connection_has_error(m_connection) != 0) {
-        m_fault = u"The X server takes no further connection."_s;
+        m_fault = Wording::tr("The X server takes no further connection.");
         return;
     }
     m_screen = screenOf(m_connection, number);
@@ -104,7 +105,7 @@ QString RootPixmap::publish(const QImage& image, const Record& record)
     makeKnown(pixmap, record);
     // Once the server answers this it has done all of it.
     const Reply answer(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
-    return answer ? QString() : u"The X server closed the connection."_s;
+    return answer ? QString() : Wording::tr("The X server closed the connection.");
 }
 
 QString RootPixmap::whyUnsuitable() const
@@ -113,13 +114,13 @@ QString RootPixmap::whyUnsuitable() const
         == (QSysInfo::ByteOrder == QSysInfo::LittleEndian);
     if (sameOrder && bitsPerPixel(m_connection, m_screen->root_depth) == 32 && hasUsualColours(*m_screen))
         return {};
-    return u"Pictures cannot be set on a screen with this depth of colour."_s;
+    return Wording::tr("Pictures cannot be set on a screen with this depth of colour.");
 }
 
 QString RootPixmap::upload(xcb_pixmap_t pixmap, const QImage& image) const
 {
     constexpr uint32_t requestHead = 64; // more than the fields before the pixels take
-    QString noMemory = u"The X server has no room for the picture."_s;
+    QString noMemory = Wording::tr("The X server has no room for the picture.");
     const auto width = static_cast<uint16_t>(image.width());
     const auto height = static_cast<uint16_t>(image.height());
     const auto made =

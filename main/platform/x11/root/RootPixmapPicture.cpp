@@ -2,6 +2,7 @@
 
 #include "foundation/PictureFile.h"
 #include "foundation/WholeFile.h"
+#include "foundation/Wording.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -62,7 +63,7 @@ bool RootPixmapPicture::isAvailable() const
 
 QString RootPixmapPicture::whyNot() const
 {
-    return isAvailable() ? QString() : u"The desktop picture needs an X server, and there is none here."_s;
+    return isAvailable() ? QString() : Wording::tr("The desktop picture needs an X server, and there is none here.");
 }
 
 void RootPixmapPicture::set(const QList<ScreenPicture>& pictures, Done done)
@@ -134,7 +135,7 @@ QString RootPixmapPicture::show(const QList<ScreenPicture>& pictures, const Area
     for (const ScreenPicture& picture : pictures) {
         const QRect area = areas.value(picture.connector);
         if (area.isEmpty())
-            return u"There is no screen “%1”."_s.arg(picture.connector);
+            return Wording::tr("There is no screen “%1”.").arg(picture.connector);
         const PictureFile::Decoded decoded = PictureFile::filling(picture.file, area.size());
         if (!decoded.error.isEmpty())
             return decoded.error;

@@ -1,5 +1,6 @@
 #include "platform/x11/session/X11InputMonitor.h"
 
+#include "foundation/Wording.h"
 #include "platform/x11/connection/GlobalSpace.h"
 #include "platform/x11/connection/NativeScreens.h"
 #include "platform/x11/connection/Reply.h"
@@ -66,7 +67,7 @@ X11InputMonitor::~X11InputMonitor()
 
 QString X11InputMonitor::whyNot() const
 {
-    return isAvailable() ? QString() : QStringLiteral("The X server does not tell what is done at the machine.");
+    return isAvailable() ? QString() : Wording::tr("The X server does not tell what is done at the machine.");
 }
 
 void X11InputMonitor::start()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Wording.h"
 #include "platform/SessionVisibility.h"
 #include "platform/x11/connection/RootWatch.h"
 
@@ -20,7 +21,7 @@ public:
     bool isAvailable() const override { return m_watch != nullptr; }
     QString whyNot() const override
     {
-        return m_watch ? QString() : QStringLiteral("The X server takes no further connection.");
+        return m_watch ? QString() : Wording::tr("The X server takes no further connection.");
     }
     bool isVisible() const override { return !m_watch || !m_watch->isBlanked(); }
 

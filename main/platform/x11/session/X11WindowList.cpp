@@ -1,5 +1,6 @@
 #include "platform/x11/session/X11WindowList.h"
 
+#include "foundation/Wording.h"
 #include "platform/x11/connection/NativeScreens.h"
 #include "platform/x11/connection/Reply.h"
 #include "platform/x11/session/WindowQuestion.h"
@@ -35,7 +36,7 @@ void X11WindowList::attach(RootWatch& watch)
 
 QString X11WindowList::whyNot() const
 {
-    return isAvailable() ? QString() : QStringLiteral("The window manager does not tell which windows there are.");
+    return isAvailable() ? QString() : Wording::tr("The window manager does not tell which windows there are.");
 }
 
 void X11WindowList::setWatching(bool watching)

@@ -1,5 +1,6 @@
 #include "platform/x11/session/XEmbedTray.h"
 
+#include "foundation/Wording.h"
 #include "platform/x11/connection/Reply.h"
 #include "platform/x11/connection/ToolkitConnection.h"
 
@@ -37,8 +38,8 @@ bool XEmbedTray::isAvailable() const
 QString XEmbedTray::whyNot() const
 {
     if (!m_connection)
-        return QStringLiteral("There is no X server whose panel could take tray items.");
-    return isAvailable() ? QString() : QStringLiteral("No panel of the X server takes tray items.");
+        return Wording::tr("There is no X server whose panel could take tray items.");
+    return isAvailable() ? QString() : Wording::tr("No panel of the X server takes tray items.");
 }
 
 void XEmbedTray::start()
