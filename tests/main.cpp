@@ -6,7 +6,11 @@ using Application = QApplication;
 using Application = QGuiApplication;
 #endif
 
+#include <QTranslator>
+
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 int main(int argc, char** argv)
 {
@@ -15,5 +19,9 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const Application application(argc, argv);
+    QTranslator wording; // texts as people read them
+    if (!wording.load(QStringLiteral(AMBRELLE_WORDING)))
+        return EXIT_FAILURE;
+    QCoreApplication::installTranslator(&wording);
     return RUN_ALL_TESTS();
 }

@@ -7,6 +7,7 @@
 #include "app/Information.h"
 #include "app/SingleInstance.h"
 #include "app/UserFolders.h"
+#include "app/WordingFile.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
@@ -66,7 +67,8 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
         return complain(choice.whyNot);
     const Environment environment(choice.plugin);
     Fonts::registerBundled();
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    WordingFile::install(application);
     environment.restore();
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const EndingSignals signals;
@@ -89,7 +91,8 @@ int runBatch(const CommandLine& commandLine, int argc, char** argv)
 {
     const Environment environment("offscreen");
     Fonts::registerBundled();
-    const QGuiApplication application(argc, argv);
+    QGuiApplication application(argc, argv);
+    WordingFile::install(application);
     return runBatchMode(commandLine);
 }
 

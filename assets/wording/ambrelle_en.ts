@@ -1,0 +1,88 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<!-- English as it is read on this system: the sentences that differ from their sources, and the singular forms. -->
+<TS version="2.1" language="en" sourcelanguage="en_US">
+<context>
+    <name>ambrelle</name>
+    <message numerus="yes">
+        <source>%1 clicks</source>
+        <translation>
+            <numerusform>%1 click</numerusform>
+            <numerusform>%1 clicks</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cores</source>
+        <translation>
+            <numerusform>%n core</numerusform>
+            <numerusform>%n cores</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>days ago</source>
+        <translation>
+            <numerusform>day ago</numerusform>
+            <numerusform>days ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>days</source>
+        <translation>
+            <numerusform>day</numerusform>
+            <numerusform>days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 in %n days</source>
+        <translation>
+            <numerusform>%1 in %n day</numerusform>
+            <numerusform>%1 in %n days</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Free space on your Mac</source>
+        <translation>Free space on your computer</translation>
+    </message>
+    <message>
+        <source>Time at your Mac today</source>
+        <translation>Time at your computer today</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nice work. Take %n minutes.</source>
+        <translation>
+            <numerusform>Nice work. Take %n minute.</numerusform>
+            <numerusform>Nice work. Take %n minutes.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Macintosh HD</source>
+        <translation>System disk</translation>
+    </message>
+    <message>
+        <source>Location access is off. Pick a city from the menu bar: Weather ▸ Set City…</source>
+        <translation>Location access is off. Pick a city from the tray menu: Weather ▸ Set City…</translation>
+    </message>
+    <message>
+        <source>Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…</source>
+        <translation>Couldn't get your location. Pick a city from the tray menu: Weather ▸ Set City…</translation>
+    </message>
+    <message>
+        <source>Couldn't find “%1”. Try another name from the menu bar.</source>
+        <translation>Couldn't find “%1”. Try another name from the tray menu.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Every %n hours</source>
+        <translation>
+            <numerusform>Every hour</numerusform>
+            <numerusform>Every %n hours</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Every %n minutes</source>
+        <translation>
+            <numerusform>Every minute</numerusform>
+            <numerusform>Every %n minutes</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,69 @@
+#include "app/WordingFile.h"
+
+#include "foundation/Wording.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTranslator>
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class WordingFileTest : public testing::Test {
+protected:
+    ~WordingFileTest() override { qDeleteAll(application.findChildren<QTranslator*>(Qt::FindDirectChildrenOnly)); }
+
+    void write(const QString& name, const QByteArray& bytes) const
+    {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    /// A compiled wording of these sources, each put as itself with the language's name.
+    void compile(const QByteArray& language, const QByteArrayList& sources) const
+    {
+        QByteArray messages;
+        for (const QByteArray& source : sources)
+            messages += "<message><source>" + source + "</source><translation>" + source + ' ' + language
+                + "</translation></message>";
+        const QString name = u"ambrelle_"_s + QString::fromLatin1(language);
+        write(name + u".ts"_s, R"(<TS version="2.1"><context><name>ambrelle</name>)" + messages + "</context></TS>");
+        const QStringList arguments{
+            u"-silent"_s, folder.filePath(name + u".ts"_s), u"-qm"_s, folder.filePath(name + u".qm"_s)};
+        EXPECT_EQ(QProcess::execute(QStringLiteral(AMBRELLE_LRELEASE), arguments), 0);
+    }
+
+    QCoreApplication& application = *QCoreApplication::instance();
+    QTemporaryDir folder;
+};
+
+TEST_F(WordingFileTest, WordsTextsInTheUsersLanguageAndTheRestInEnglish)
+{
+    compile("en", {"one", "two"});
+    compile("de", {"one"});
+    WordingFile::install(application, folder.path(), QLocale(QLocale::German, QLocale::Switzerland));
+    EXPECT_EQ(Wording::tr("one"), u"one de"_s);
+    EXPECT_EQ(Wording::tr("two"), u"two en"_s);
+    EXPECT_EQ(Wording::tr("three"), u"three"_s);
+}
+
+TEST_F(WordingFileTest, AMissingOrDamagedFileLeavesEnglishOrTheSources)
+{
+    WordingFile::install(application, folder.filePath(u"nowhere"_s), QLocale(QLocale::German));
+    EXPECT_EQ(Wording::tr("one"), u"one"_s);
+    compile("en", {"one"});
+    write(u"ambrelle_de.qm"_s, "no wording");
+    for (const auto language : {QLocale::German, QLocale::French, QLocale::C, QLocale::English}) {
+        WordingFile::install(application, folder.path(), QLocale(language));
+        EXPECT_EQ(Wording::tr("one"), u"one en"_s) << QLocale::languageToCode(language).toStdString();
+    }
+}
+
+} // namespace
+
+} // namespace ambrelle
