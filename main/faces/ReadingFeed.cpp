@@ -14,6 +14,7 @@ using enum WidgetKind;
 constexpr WidgetKinds sampledKinds = kindSet({cpu, memory, disk, battery, network, downloads});
 constexpr WidgetKinds timedKinds = kindSet({clock, calendar, events, reminders, countdown, sky, activity, quote});
 constexpr WidgetKinds settingKinds = kindSet({downloads});
+constexpr int millisecondsPerSecond = 1000;
 
 } // namespace
 
@@ -21,10 +22,9 @@ ReadingFeed::ReadingFeed(const Sources& sources, Clock& clock, const QLocale& lo
     : m_sources(sources)
     , m_clock(clock)
     , m_locale(locale)
-    , m_minutes(clock.everyMinute([this] { Q_EMIT changed(timedKinds); }))
 {
-    connect(&sources.monitor, &SystemMonitor::changed, this, [this] { Q_EMIT changed(sampledKinds); });
-    connect(&sources.monitor, &SystemMonitor::processesChanged, this, [this] { Q_EMIT changed(kindSet({processes})); });
+    connect(&sources.monitor, &SystemMonitor::changed, this, [this] { tell(sampledKinds); });
+    connect(&sources.monitor, &SystemMonitor::processesChanged, this, [this] { tell(kindSet({processes})); });
     const LiveServices& services = sources.services;
     follow(services.weather, kindSet({weather, sky}));
     follow(services.player, kindSet({nowPlaying}));
@@ -34,12 +34,65 @@ ReadingFeed::ReadingFeed(const Sources& sources, Clock& clock, const QLocale& lo
     follow(services.devices, kindSet({devices}));
     follow(services.activity, kindSet({activity}));
     follow(services.photos, kindSet({photo}));
-    connect(&sources.settings, &AppSettings::changed, this, [this] { Q_EMIT changed(settingKinds); });
+    connect(&sources.settings, &AppSettings::changed, this, [this] { tell(settingKinds); });
+    connect(&services.player, &NowPlayingService::changed, this, &ReadingFeed::scheduleSeconds);
+    scheduleMinutes();
 }
 
 template <typename Service> void ReadingFeed::follow(const Service& service, const WidgetKinds& kinds)
 {
-    connect(&service, &Service::changed, this, [this, kinds] { Q_EMIT changed(kinds); });
+    connect(&service, &Service::changed, this, [this, kinds] { tell(kinds); });
+}
+
+void ReadingFeed::setAudience(const Audience& audience)
+{
+    const bool looksAgain = audience.looks && !m_audience.looks;
+    m_audience = audience;
+    scheduleMinutes();
+    if (looksAgain)
+        tell(WidgetKinds().set());
+    scheduleSeconds();
+}
+
+void ReadingFeed::tell(const WidgetKinds& kinds)
+{
+    if (m_audience.looks)
+        Q_EMIT changed(kinds);
+}
+
+void ReadingFeed::scheduleMinutes()
+{
+    if (!m_audience.looks)
+        m_minutes.reset();
+    else if (!m_minutes)
+        m_minutes = m_clock.everyMinute([this] { tell(timedKinds); });
+}
+
+WidgetKinds ReadingFeed::changingBySecond() const
+{
+    const std::optional<NowPlaying>& track = m_sources.services.player.track();
+    WidgetKinds kinds;
+    if (m_audience.seconds)
+        kinds |= kindSet({clock});
+    if (track && track->isPlaying)
+        kinds |= kindSet({nowPlaying}) & m_audience.kinds;
+    return kinds;
+}
+
+void ReadingFeed::scheduleSeconds()
+{
+    if (!m_audience.looks || changingBySecond().none()) {
+        m_seconds.reset();
+        return;
+    }
+    if (m_seconds)
+        return;
+    const int rest = millisecondsPerSecond - m_clock.now().time().msec();
+    m_seconds = m_clock.after(std::chrono::milliseconds(rest), [this] {
+        m_seconds.reset();
+        tell(changingBySecond());
+        scheduleSeconds();
+    });
 }
 
 Reading ReadingFeed::readingFor(const WidgetConfig& config, bool seconds) const

@@ -14,8 +14,9 @@ class AppSettings;
 class LiveServices;
 class SystemMonitor;
 
-/// Makes the readings of all widgets from the services, and tells which kinds may read differently now. It holds no
-/// state of its own: a widget compares the new reading with the one it shows.
+/// Makes the readings of all widgets from the services, and tells which kinds may read differently now: when a service
+/// says so, at the start of a minute, and at the start of a second where that shows. It keeps no reading: a widget
+/// compares the new one with the one it shows.
 class ReadingFeed : public QObject {
     Q_OBJECT
 public:
@@ -25,7 +26,19 @@ public:
         const AppSettings& settings;
     };
 
+    /// Whom changes are told, and what they see.
+    struct Audience {
+        bool looks = true; ///< nothing is told while nobody does, and every kind once when somebody does again
+        WidgetKinds kinds{}; ///< that are shown
+        bool seconds = false; ///< some clock shows them
+
+        bool operator==(const Audience&) const = default;
+    };
+
     ReadingFeed(const Sources& sources, Clock& clock, const QLocale& locale = QLocale::system());
+
+    /// Until it is called somebody looks, and sees nothing that changes by the second.
+    void setAudience(const Audience& audience);
 
     /// What the widget shows at this moment. `seconds`: its clock face shows them.
     Reading readingFor(const WidgetConfig& config, bool seconds = false) const;
@@ -35,11 +48,17 @@ Q_SIGNALS:
 
 private:
     template <typename Service> void follow(const Service& service, const WidgetKinds& kinds);
+    void tell(const WidgetKinds& kinds);
+    void scheduleMinutes();
+    void scheduleSeconds();
+    WidgetKinds changingBySecond() const;
 
     Sources m_sources;
     Clock& m_clock;
     QLocale m_locale;
+    Audience m_audience;
     Ticket m_minutes;
+    Ticket m_seconds;
 };
 
 } // namespace ambrelle

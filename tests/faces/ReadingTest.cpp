@@ -89,9 +89,33 @@ TEST(CountdownReading, CountsDaysByTheCalendar)
     EXPECT_DOUBLE_EQ(countdownReading(config, now, british).progress, 0);
 }
 
+/// Counts how often it wakes somebody up.
+class WakingClock : public ManualClock {
+public:
+    using ManualClock::ManualClock;
+
+    Ticket after(std::chrono::milliseconds delay, Work work) override
+    {
+        return ManualClock::after(delay, [this, work = std::move(work)] {
+            ++m_wakes;
+            work();
+        });
+    }
+    /// While that much time passes.
+    int wakesIn(std::chrono::milliseconds time)
+    {
+        const int before = m_wakes;
+        advance(time);
+        return m_wakes - before;
+    }
+
+private:
+    int m_wakes = 0;
+};
+
 class FeedTest : public testing::Test {
 protected:
-    ManualClock clock{utc(2026, 11, 21, 10, 0)};
+    WakingClock clock{utc(2026, 11, 21, 10, 0)};
     RecordingSources machine;
     SystemMonitor monitor{machine.sources(), clock};
     UserDefaults defaults = UserDefaults::temporary();
@@ -120,6 +144,57 @@ TEST_F(FeedTest, TellsWhichKindsMayHaveChanged)
     clock.advance(std::chrono::minutes(1));
     EXPECT_TRUE(told.test(static_cast<std::size_t>(WidgetKind::clock)));
     EXPECT_FALSE(told.test(static_cast<std::size_t>(WidgetKind::weather)));
+}
+
+TEST_F(FeedTest, WakesUpAsOftenAsSomebodySeesAChange)
+{
+    using namespace std::chrono_literals;
+    const WidgetKinds track = kindSet({WidgetKind::nowPlaying});
+    const WidgetKinds clocks = kindSet({WidgetKind::clock});
+    struct Case {
+        const char* what;
+        ReadingFeed::Audience audience;
+        bool plays;
+        int wakes; ///< in a minute
+    };
+    const Case cases[] = {
+        {"minutes only", {.kinds = clocks | track}, false, 1},
+        {"a clock shows seconds", {.kinds = clocks, .seconds = true}, false, 61},
+        {"nobody looks at that clock", {.looks = false, .kinds = clocks, .seconds = true}, false, 0},
+        {"a track plays", {.kinds = track}, true, 61},
+        {"a track plays that no widget shows", {.kinds = clocks}, true, 1},
+        {"both, in one go", {.kinds = clocks | track, .seconds = true}, true, 61},
+        {"nobody looks at either", {.looks = false, .kinds = clocks | track, .seconds = true}, true, 0},
+    };
+    feed.setAudience({.looks = false});
+    for (const Case& c : cases) {
+        QuietServices quiet(settings, defaults, clock);
+        ReadingFeed watched({monitor, quiet.live, settings}, clock, british);
+        watched.setAudience(c.audience);
+        if (c.plays)
+            quiet.live.player.loadPreviewData({});
+        EXPECT_EQ(clock.wakesIn(1min), c.wakes) << c.what;
+    }
+}
+
+TEST_F(FeedTest, TellsTheStartOfEverySecondAndAllThatWasMissed)
+{
+    using namespace std::chrono_literals;
+    QStringList told;
+    QObject::connect(&feed, &ReadingFeed::changed, &feed, [&](const WidgetKinds& kinds) {
+        const bool clocks = kinds == kindSet({WidgetKind::clock});
+        told += clock.now().toString(u"ss.zzz "_s) + (kinds.all() ? u"all"_s : clocks ? u"clocks"_s : u"others"_s);
+    });
+    clock.advance(300ms);
+    feed.setAudience({.kinds = kindSet({WidgetKind::clock}), .seconds = true});
+    clock.advance(1s);
+    feed.setAudience({.looks = false, .kinds = kindSet({WidgetKind::clock}), .seconds = true});
+    clock.advance(5min + 1s);
+    settings.downloadResetMinutes.set(7);
+    EXPECT_EQ(told, QStringList{u"01.000 clocks"_s});
+    told.clear();
+    feed.setAudience({});
+    EXPECT_EQ(told, QStringList{u"02.300 all"_s});
 }
 
 TEST_F(FeedTest, AMachineWithoutABatteryOrVolumesSaysSo)
