@@ -1,8 +1,10 @@
 #include "desktop/EditBackdrop.h"
 
 #include "desktop/InstructionPlace.h"
+#include "desktop/WidgetController.h"
 #include "drawing/Canvas.h"
 #include "foundation/Wording.h"
+#include "model/AppSettings.h"
 
 #include <algorithm>
 #include <array>
@@ -118,14 +120,30 @@ void EditBackdrop::finish() const
     finished();
 }
 
-EditBackdrops::EditBackdrops(WindowHost& host, std::function<void()> finished)
+EditBackdrops::EditBackdrops(WindowHost& host, AppSettings& settings, const QList<WidgetController*>& widgets)
     : m_host(host)
-    , m_finished(std::move(finished))
+    , m_settings(settings)
+    , m_widgets(widgets)
 {
+    connect(&m_settings, &AppSettings::changed, this, [this](const QString& key) {
+        if (key == m_settings.editing.key())
+            update();
+    });
 }
 
-void EditBackdrops::open(const QList<QRectF>& widgets)
+void EditBackdrops::update()
 {
+    if (m_settings.editing())
+        open();
+    else
+        m_backdrops.clear();
+}
+
+void EditBackdrops::open()
+{
+    QList<QRectF> widgets;
+    for (const WidgetController* widget : m_widgets)
+        widgets.append(widget->widgetFrame());
     const QList<ScreenInfo> screens = m_host.screens();
     const auto gone = [&](const std::unique_ptr<EditBackdrop>& backdrop) {
         return std::ranges::find(screens, backdrop->screen().id, &ScreenInfo::id) == screens.end();
@@ -139,7 +157,7 @@ void EditBackdrops::open(const QList<QRectF>& widgets)
             (*found)->cover(screen, widgets);
             continue;
         }
-        m_backdrops.push_back(std::make_unique<EditBackdrop>(m_host, m_finished));
+        m_backdrops.push_back(std::make_unique<EditBackdrop>(m_host, [this] { m_settings.editing.set(false); }));
         m_backdrops.back()->cover(screen, widgets);
         m_backdrops.back()->show();
     }

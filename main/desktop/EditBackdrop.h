@@ -2,9 +2,16 @@
 
 #include "platform/WindowHost.h"
 
+#include <QObject>
+
 #include <functional>
+#include <memory>
+#include <vector>
 
 namespace ambrelle {
+
+class AppSettings;
+class WidgetController;
 
 /// Stands behind the widgets of one screen in edit mode: shades what is there, tells how to arrange widgets, and hears
 /// the wish to finish.
@@ -34,22 +41,23 @@ private:
     std::unique_ptr<BackdropWindow> m_window; // last: it calls back until it is gone
 };
 
-/// The backdrops of edit mode, one for each screen.
-class EditBackdrops {
+/// The backdrops of edit mode, one for each screen; any of them ends it.
+class EditBackdrops : public QObject {
 public:
-    /// `finished` is called by a backdrop and may close them all.
-    EditBackdrops(WindowHost& host, std::function<void()> finished);
+    /// `widgets` may change; the instruction stays where it was found a place.
+    EditBackdrops(WindowHost& host, AppSettings& settings, const QList<WidgetController*>& widgets);
 
-    /// Opens those that are missing and closes those whose screen has gone. The keyboard goes to the screen with the
-    /// pointer when they are opened, or when its backdrop went.
-    void open(const QList<QRectF>& widgets);
-    void close() { m_backdrops.clear(); }
+    /// After the screens changed: in edit mode opens the backdrops that are missing and closes those whose screen has
+    /// gone. The keyboard goes to the screen with the pointer when they are opened, or when its backdrop went.
+    void update();
 
 private:
+    void open();
     void focus();
 
     WindowHost& m_host;
-    std::function<void()> m_finished;
+    AppSettings& m_settings;
+    const QList<WidgetController*>& m_widgets;
     std::vector<std::unique_ptr<EditBackdrop>> m_backdrops;
 };
 

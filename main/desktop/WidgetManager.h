@@ -3,21 +3,20 @@
 #include "desktop/DragHelp.h"
 #include "desktop/EditBackdrop.h"
 #include "desktop/OverlapWatcher.h"
-#include "desktop/ReadingRound.h"
 #include "desktop/WidgetController.h"
+#include "desktop/WidgetDemand.h"
+#include "desktop/WidgetReadings.h"
+#include "desktop/WidgetStore.h"
 #include "drawing/LayerCache.h"
+#include "faces/ReadingFeed.h"
 
 #include <QList>
-#include <QPointer>
 
 #include <optional>
 
 namespace ambrelle {
 
-class LiveServices;
-class SystemMonitor;
 class ThemeAccent;
-class UserDefaults;
 
 /// The widgets on the desktop. Everything that adds, removes or changes them goes through here, and every change is
 /// stored at once. Main thread only.
@@ -64,7 +63,6 @@ public:
     void ensureAllVisible(); ///< after the screens changed
     /// Edit mode: widgets come above everything else, with a backdrop on every screen that ends it.
     void setEditing(bool editing);
-    void demandChanged(); ///< tells the services which widgets exist
 
 Q_SIGNALS:
     void presetApplied(); ///< the widgets are there, and not stored yet
@@ -75,27 +73,22 @@ Q_SIGNALS:
 private:
     class Change;
 
-    void open(const WidgetConfig& config, const std::optional<QSizeF>& homeSize = std::nullopt);
-    void saveHomeSizes();
+    void open(const StoredWidget& widget);
     void drop(WidgetController* controller);
     void removeIf(const std::function<bool(const WidgetController&)>& goes);
+    void listChanged();
     void controllerChanged(WidgetController* controller);
     void settingChanged(const QString& key);
-    void editingChanged();
-    void openBackdrops();
-    void showReadings(const std::function<bool(const WidgetController&)>& concerned);
-    void configurePhotos();
-    bool changesEverySecond(const WidgetController& controller) const;
-    void scheduleSeconds();
-    void visibilityChanged();
 
     Collaborators m_with;
     LayerCache m_layers;
     QList<WidgetController*> m_controllers; // children of this
+    WidgetStore m_store;
     DragHelp m_drags;
     EditBackdrops m_editBackdrops;
     OverlapWatcher m_overlap;
-    Ticket m_seconds;
+    WidgetReadings m_readings;
+    WidgetDemand m_demand;
     int m_openChanges = 0;
 };
 

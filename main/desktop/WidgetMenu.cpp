@@ -4,6 +4,8 @@
 #include "desktop/WidgetManager.h"
 #include "desktop/WidgetWording.h"
 
+#include <QPointer>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,7 @@
 #include "desktop/Desk.h"
 
 #include "desktop/AppearanceFollower.h"
+#include "desktop/ReadingRound.h"
 #include "model/Composition.h"
 #include "platform/recording/RecordingAppearance.h"
 #include "platform/recording/RecordingDesktopPicture.h"
@@ -165,6 +166,27 @@ TEST_F(WidgetManagerTest, RepaintsOnlyWhatReadsDifferently)
     desk.clock.advance(2s);
     EXPECT_EQ(repaints(cpuWidget), 1);
     EXPECT_EQ(repaints(desk.manager.controllers().last()), 0);
+}
+
+TEST_F(WidgetManagerTest, ClocksGoBySecondsWhereTheyShowThemAndSomebodyLooks)
+{
+    desk.settings.animations.set(false);
+    WidgetController* widget = desk.add(clock, {100, 100}, Skin::field);
+    desk.add(clock, {600, 100}, Skin::glass);
+    const auto repaintsIn = [&](std::chrono::milliseconds time) {
+        desk.paintAll();
+        desk.clock.advance(time);
+        return QList<qsizetype>{desk.panels().first()->updates().size(), desk.panels().last()->updates().size()};
+    };
+    EXPECT_EQ(repaintsIn(5s), (QList<qsizetype>{5, 0}));
+    desk.session.setVisible(false);
+    EXPECT_EQ(repaintsIn(90s), (QList<qsizetype>{0, 0}));
+    desk.session.setVisible(true);
+    EXPECT_EQ(repaintsIn(1s), (QList<qsizetype>{1, 0}));
+    widget->setSkin(Skin::glass);
+    EXPECT_EQ(repaintsIn(20s), (QList<qsizetype>{0, 0}));
+    widget->setSkin(Skin::field);
+    EXPECT_EQ(repaintsIn(2s), (QList<qsizetype>{2, 0}));
 }
 
 TEST_F(WidgetManagerTest, SharesOneReadingAmongEqualWidgets)

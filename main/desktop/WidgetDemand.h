@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+
+namespace ambrelle {
+
+class LiveServices;
+class ReadingFeed;
+class SessionVisibility;
+class SystemMonitor;
+class WidgetController;
+
+/// Tells the services what the widgets on the desktop need of them, so that nothing is measured, asked for or waited
+/// for that nobody sees.
+class WidgetDemand : public QObject {
+public:
+    struct Collaborators {
+        SystemMonitor& monitor;
+        LiveServices& services;
+        ReadingFeed& feed;
+        const SessionVisibility& session;
+    };
+
+    /// `widgets` may change; update() follows.
+    WidgetDemand(const Collaborators& collaborators, const QList<WidgetController*>& widgets);
+
+    /// After any change of the widgets or of the screens they stand on.
+    void update();
+
+private:
+    void tellFeed();
+    void tellPhotos();
+
+    Collaborators m_with;
+    const QList<WidgetController*>& m_widgets;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/WidgetConfig.h"
+
+#include <QList>
+
+#include <optional>
+
+namespace ambrelle {
+
+class UserDefaults;
+
+struct StoredWidget {
+    WidgetConfig config;
+    std::optional<QSizeF> homeSize{}; ///< as in ScreenPlacement
+
+    bool operator==(const StoredWidget&) const = default;
+};
+
+/// Where the widgets outlive the program.
+class WidgetStore {
+public:
+    explicit WidgetStore(UserDefaults& defaults)
+        : m_defaults(defaults)
+    {
+    }
+
+    /// In the order of creation; records that cannot be read are left out, and nothing is changed.
+    QList<StoredWidget> load() const;
+    /// Replaces everything that is stored.
+    void save(const QList<StoredWidget>& widgets);
+
+private:
+    UserDefaults& m_defaults;
+};
+
+} // namespace ambrelle
