@@ -12,23 +12,23 @@
 namespace ambrelle {
 
 WidgetController::WidgetController(const WidgetConfig& config, const std::optional<QSizeF>& homeSize,
-    const Surroundings& surroundings, QObject* parent)
+    const Collaborators& collaborators, QObject* parent)
     : QObject(parent)
     , m_config(config)
     , m_homeSize(homeSize)
-    , m_surroundings(surroundings)
-    , m_panel(surroundings.host, surroundings.clock, surroundings.layers, view(config.skin, config.kind),
-          {.isLocked = [this] { return m_surroundings.settings.locked(); },
+    , m_with(collaborators)
+    , m_panel(collaborators.host, collaborators.clock, collaborators.layers, view(config.skin, config.kind),
+          {.isLocked = [this] { return m_with.settings.locked(); },
               .dragged = [this](const QRectF& widget,
-                             Qt::KeyboardModifiers held) { return m_surroundings.drags.place(*this, widget, held); },
+                             Qt::KeyboardModifiers held) { return m_with.drags.place(*this, widget, held); },
               .dragEnded = [this](QPointF origin) { dragEnded(origin); },
               .clicked = [this](const FaceAction& action) { Q_EMIT clicked(action); },
               .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); },
               .menuRequested = [this] { Q_EMIT menuRequested(); },
               .motionChanged = [this] { Q_EMIT motionChanged(); }})
-    , m_fade(surroundings.clock, [this](double opacity) { m_panel.setOpacity(opacity); })
+    , m_fade(collaborators.clock, [this](double opacity) { m_panel.setOpacity(opacity); })
 {
-    ScreenPlacement::syncDisplay(m_config, m_homeSize, m_surroundings.host.screens());
+    ScreenPlacement::syncDisplay(m_config, m_homeSize, m_with.host.screens());
     applySettings();
     m_panel.setToolbar({title(m_config.scale), m_config.pinned});
     place();
@@ -37,7 +37,7 @@ WidgetController::WidgetController(const WidgetConfig& config, const std::option
 
 bool WidgetController::isRaised() const
 {
-    return m_config.pinned || m_surroundings.settings.layer() == WidgetLayer::floating;
+    return m_config.pinned || m_with.settings.layer() == WidgetLayer::floating;
 }
 
 bool WidgetController::showsSeconds() const
@@ -55,7 +55,7 @@ void WidgetController::change(const std::function<void(WidgetConfig&)>& edit)
         return;
     if (m_config.size() != before.size() && m_config.origin == before.origin)
         m_config.origin =
-            ScreenPlacement::originAfterResize(before, m_config, m_homeSize, m_surroundings.host.screens());
+            ScreenPlacement::originAfterResize(before, m_config, m_homeSize, m_with.host.screens());
     show(before);
     Q_EMIT changed();
 }
@@ -104,7 +104,7 @@ void WidgetController::setFaded(bool faded, bool hide)
 WindowLevel WidgetController::level() const
 {
     // Edit mode lifts every widget above its backdrop.
-    const bool floating = isRaised() || m_surroundings.settings.editing();
+    const bool floating = isRaised() || m_with.settings.editing();
     return floating ? WindowLevel::floating : WindowLevel::desktop;
 }
 
@@ -116,7 +116,7 @@ void WidgetController::applyLayer()
 void WidgetController::applySettings()
 {
     m_panel.setLook(look());
-    m_panel.setMotionActive(m_surroundings.settings.animations() && !m_occluded);
+    m_panel.setMotionActive(m_with.settings.animations() && !m_occluded);
 }
 
 void WidgetController::renewView()
@@ -126,12 +126,12 @@ void WidgetController::renewView()
 
 void WidgetController::rememberDisplay()
 {
-    ScreenPlacement::rememberDisplay(m_config, m_homeSize, m_surroundings.host.screens());
+    ScreenPlacement::rememberDisplay(m_config, m_homeSize, m_with.host.screens());
 }
 
 bool WidgetController::syncDisplay()
 {
-    const bool moved = ScreenPlacement::syncDisplay(m_config, m_homeSize, m_surroundings.host.screens());
+    const bool moved = ScreenPlacement::syncDisplay(m_config, m_homeSize, m_with.host.screens());
     place(); // a screen's work area may have changed, or the window system moved the window
     return moved;
 }
@@ -140,17 +140,17 @@ void WidgetController::close()
 {
     Q_EMIT closed();
     disconnect();
-    m_surroundings.drags.ended();
+    m_with.drags.ended();
     m_fade.stop();
     m_panel.close();
 }
 
 void WidgetController::dragEnded(QPointF origin)
 {
-    m_surroundings.drags.ended();
+    m_with.drags.ended();
     change([&](WidgetConfig& config) {
         config.origin = origin;
-        ScreenPlacement::settle(config, m_homeSize, m_surroundings.host.screens());
+        ScreenPlacement::settle(config, m_homeSize, m_with.host.screens());
     });
     place();
 }
@@ -167,14 +167,14 @@ void WidgetController::toolbarUsed(WidgetToolbar::Button button)
 
 void WidgetController::place()
 {
-    const auto screen = ScreenPlacement::screenNear(widgetFrame(), m_surroundings.host.screens());
+    const auto screen = ScreenPlacement::screenNear(widgetFrame(), m_with.host.screens());
     m_panel.place(widgetFrame(), screen ? screen->visibleFrame : QRectF());
 }
 
 FaceLook WidgetController::look() const
 {
     return {m_config.size(), m_config.effectiveScale(), m_config.backdrop, m_config.border, m_config.opacity,
-        m_surroundings.settings.editing()};
+        m_with.settings.editing()};
 }
 
 } // namespace ambrelle

@@ -15,7 +15,7 @@ class DragHelp;
 class WidgetController : public QObject {
     Q_OBJECT
 public:
-    struct Surroundings {
+    struct Collaborators {
         WindowHost& host;
         AppSettings& settings;
         Clock& clock;
@@ -25,7 +25,7 @@ public:
 
     /// `homeSize` as in ScreenPlacement.
     WidgetController(const WidgetConfig& config, const std::optional<QSizeF>& homeSize,
-        const Surroundings& surroundings, QObject* parent = nullptr);
+        const Collaborators& collaborators, QObject* parent = nullptr);
 
     const WidgetConfig& config() const { return m_config; }
     const std::optional<QSizeF>& homeSize() const { return m_homeSize; }
@@ -82,7 +82,7 @@ private:
 
     WidgetConfig m_config;
     std::optional<QSizeF> m_homeSize;
-    Surroundings m_surroundings;
+    Collaborators m_with;
     bool m_occluded = false;
     bool m_faded = false;
     WidgetPanel m_panel;

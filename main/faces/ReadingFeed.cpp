@@ -18,14 +18,14 @@ constexpr int millisecondsPerSecond = 1000;
 
 } // namespace
 
-ReadingFeed::ReadingFeed(const Sources& sources, Clock& clock, const QLocale& locale)
-    : m_sources(sources)
+ReadingFeed::ReadingFeed(const Collaborators& collaborators, Clock& clock, const QLocale& locale)
+    : m_with(collaborators)
     , m_clock(clock)
     , m_locale(locale)
 {
-    connect(&sources.monitor, &SystemMonitor::changed, this, [this] { tell(sampledKinds); });
-    connect(&sources.monitor, &SystemMonitor::processesChanged, this, [this] { tell(kindSet({processes})); });
-    const LiveServices& services = sources.services;
+    connect(&collaborators.monitor, &SystemMonitor::changed, this, [this] { tell(sampledKinds); });
+    connect(&collaborators.monitor, &SystemMonitor::processesChanged, this, [this] { tell(kindSet({processes})); });
+    const LiveServices& services = collaborators.services;
     follow(services.weather, kindSet({weather, sky}));
     follow(services.player, kindSet({nowPlaying}));
     follow(services.events, kindSet({events}));
@@ -34,7 +34,7 @@ ReadingFeed::ReadingFeed(const Sources& sources, Clock& clock, const QLocale& lo
     follow(services.devices, kindSet({devices}));
     follow(services.activity, kindSet({activity}));
     follow(services.photos, kindSet({photo}));
-    connect(&sources.settings, &AppSettings::changed, this, [this] { tell(settingKinds); });
+    connect(&collaborators.settings, &AppSettings::changed, this, [this] { tell(settingKinds); });
     connect(&services.player, &NowPlayingService::changed, this, &ReadingFeed::scheduleSeconds);
     scheduleMinutes();
 }
@@ -70,7 +70,7 @@ void ReadingFeed::scheduleMinutes()
 
 WidgetKinds ReadingFeed::changingBySecond() const
 {
-    const std::optional<NowPlaying>& track = m_sources.services.player.track();
+    const std::optional<NowPlaying>& track = m_with.services.player.track();
     WidgetKinds kinds;
     if (m_audience.seconds)
         kinds |= kindSet({clock});
@@ -97,9 +97,9 @@ void ReadingFeed::scheduleSeconds()
 
 Reading ReadingFeed::readingFor(const WidgetConfig& config, bool seconds) const
 {
-    const SystemSample& sample = m_sources.monitor.sample();
-    const LiveServices& services = m_sources.services;
-    const AppSettings& settings = m_sources.settings;
+    const SystemSample& sample = m_with.monitor.sample();
+    const LiveServices& services = m_with.services;
+    const AppSettings& settings = m_with.settings;
     const QDateTime now = m_clock.now();
     switch (config.kind) {
     case clock: return clockReading(config, now, m_locale, seconds);

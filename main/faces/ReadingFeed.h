@@ -20,7 +20,7 @@ class SystemMonitor;
 class ReadingFeed : public QObject {
     Q_OBJECT
 public:
-    struct Sources {
+    struct Collaborators {
         const SystemMonitor& monitor;
         const LiveServices& services;
         const AppSettings& settings;
@@ -35,7 +35,7 @@ public:
         bool operator==(const Audience&) const = default;
     };
 
-    ReadingFeed(const Sources& sources, Clock& clock, const QLocale& locale = QLocale::system());
+    ReadingFeed(const Collaborators& collaborators, Clock& clock, const QLocale& locale = QLocale::system());
 
     /// Until it is called somebody looks, and sees nothing that changes by the second.
     void setAudience(const Audience& audience);
@@ -53,7 +53,7 @@ private:
     void scheduleSeconds();
     WidgetKinds changingBySecond() const;
 
-    Sources m_sources;
+    Collaborators m_with;
     Clock& m_clock;
     QLocale m_locale;
     Audience m_audience;

@@ -37,15 +37,15 @@ Ticket ManualClock::everyMinute(Work work)
 
 void ManualClock::advance(std::chrono::milliseconds time)
 {
-    const WorkQueue::Moment target = m_elapsed + time;
-    while (m_queue.nextDue().value_or(WorkQueue::Moment::max()) <= target) {
+    const TimerQueue::Moment target = m_elapsed + time;
+    while (m_queue.nextDue().value_or(TimerQueue::Moment::max()) <= target) {
         moveTo(*m_queue.nextDue());
         m_queue.run(m_elapsed);
     }
     moveTo(target);
 }
 
-void ManualClock::moveTo(WorkQueue::Moment moment)
+void ManualClock::moveTo(TimerQueue::Moment moment)
 {
     if (moment <= m_elapsed)
         return;

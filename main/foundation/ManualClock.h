@@ -2,7 +2,7 @@
 
 #include "foundation/Clock.h"
 #include "foundation/MinuteBeat.h"
-#include "foundation/WorkQueue.h"
+#include "foundation/TimerQueue.h"
 
 namespace ambrelle {
 
@@ -26,11 +26,11 @@ public:
     void setNow(const QDateTime& now);
 
 private:
-    void moveTo(WorkQueue::Moment moment);
+    void moveTo(TimerQueue::Moment moment);
 
     QDateTime m_now;
-    WorkQueue::Moment m_elapsed{0};
-    WorkQueue m_queue;
+    TimerQueue::Moment m_elapsed{0};
+    TimerQueue m_queue;
     MinuteBeat m_minutes{*this};
 };
 

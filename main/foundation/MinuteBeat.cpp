@@ -5,7 +5,7 @@ namespace ambrelle {
 namespace {
 
 constexpr qint64 minute = 60'000;
-constexpr WorkQueue::Moment oneBeat{1};
+constexpr TimerQueue::Moment oneBeat{1};
 
 qint64 minuteAfter(qint64 moment)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/Clock.h"
-#include "foundation/WorkQueue.h"
+#include "foundation/TimerQueue.h"
 
 namespace ambrelle {
 
@@ -26,8 +26,8 @@ private:
     bool m_isListening = false;
     Ticket m_timer;
     qint64 m_nextMinute = 0; // milliseconds since 1970
-    WorkQueue m_listeners; // its time line counts beats
-    WorkQueue::Moment m_beat{0};
+    TimerQueue m_listeners; // its time line counts beats
+    TimerQueue::Moment m_beat{0};
 };
 
 } // namespace ambrelle

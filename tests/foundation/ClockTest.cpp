@@ -1,5 +1,5 @@
 #include "foundation/ManualClock.h"
-#include "foundation/WorkQueue.h"
+#include "foundation/TimerQueue.h"
 #include "platform/linux/kernel/SystemClock.h"
 
 #include <QAbstractEventDispatcher>
@@ -20,9 +20,9 @@ namespace {
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
-TEST(WorkQueueTest, WakesOnceForWorkThatMayWaitForEachOther)
+TEST(TimerQueueTest, WakesOnceForWorkThatMayWaitForEachOther)
 {
-    WorkQueue queue;
+    TimerQueue queue;
     const Ticket slow = queue.repeat(1000ms, 1000ms, [] {});
     EXPECT_EQ(queue.nextWake(), 1000ms);
     const Ticket soonAfter = queue.repeat(1050ms, 2000ms, [] {});
@@ -33,9 +33,9 @@ TEST(WorkQueueTest, WakesOnceForWorkThatMayWaitForEachOther)
     EXPECT_EQ(queue.nextWake(), 1020ms) << "single work may not be late";
 }
 
-TEST(WorkQueueTest, MissedTimesAreLeftOut)
+TEST(TimerQueueTest, MissedTimesAreLeftOut)
 {
-    WorkQueue queue;
+    TimerQueue queue;
     int runs = 0;
     const Ticket ticket = queue.repeat(100ms, 100ms, [&] { ++runs; });
     queue.run(570ms);
@@ -43,9 +43,9 @@ TEST(WorkQueueTest, MissedTimesAreLeftOut)
     EXPECT_EQ(queue.nextDue(), 600ms);
 }
 
-TEST(WorkQueueTest, WorkMayCancelItselfAndOthers)
+TEST(TimerQueueTest, WorkMayCancelItselfAndOthers)
 {
-    WorkQueue queue;
+    TimerQueue queue;
     QStringList log;
     Ticket self, other, once;
     self = queue.repeat(1ms, 1ms, [&, guard = std::make_shared<int>(7)] {
@@ -64,9 +64,9 @@ TEST(WorkQueueTest, WorkMayCancelItselfAndOthers)
     EXPECT_TRUE(queue.isEmpty());
 }
 
-TEST(WorkQueueTest, WorkMayDestroyTheQueueAndTicketsOutliveIt)
+TEST(TimerQueueTest, WorkMayDestroyTheQueueAndTicketsOutliveIt)
 {
-    auto queue = std::make_unique<WorkQueue>();
+    auto queue = std::make_unique<TimerQueue>();
     bool ranAfterwards = false;
     const Ticket first = queue->once(1ms, [&] { queue.reset(); });
     Ticket second = queue->repeat(1ms, 1ms, [&] { ranAfterwards = true; });

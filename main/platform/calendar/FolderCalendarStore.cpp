@@ -60,7 +60,7 @@ void FolderCalendarStore::requestAccess(QObject* context, std::function<void(boo
 void FolderCalendarStore::events(const QDateTime& from, const QDateTime& to, const QStringList& calendars,
     QObject* context, std::function<void(const QList<CalendarEvent>&)> done)
 {
-    m_errands.run([book = m_book, from, to, calendars] { return book->events(from, to, calendars); },
+    m_worker.run([book = m_book, from, to, calendars] { return book->events(from, to, calendars); },
         [context = QPointer(context), done = std::move(done)](const QList<CalendarEvent>& events) {
             if (context)
                 done(events);
@@ -70,7 +70,7 @@ void FolderCalendarStore::events(const QDateTime& from, const QDateTime& to, con
 void FolderCalendarStore::reminders(
     const QDateTime& now, QObject* context, std::function<void(const QList<CalendarReminder>&)> done)
 {
-    m_errands.run([book = m_book, now] { return book->reminders(now); },
+    m_worker.run([book = m_book, now] { return book->reminders(now); },
         [context = QPointer(context), done = std::move(done)](const QList<CalendarReminder>& reminders) {
             if (context)
                 done(reminders);
@@ -86,7 +86,7 @@ void FolderCalendarStore::complete(
         outcome.isSaved = isSaved;
         return outcome;
     };
-    m_errands.run(work, [this, context = QPointer(context), done = std::move(done)](const Outcome& outcome) {
+    m_worker.run(work, [this, context = QPointer(context), done = std::move(done)](const Outcome& outcome) {
         accept(outcome);
         if (context)
             done(outcome.isSaved);
@@ -119,7 +119,7 @@ void FolderCalendarStore::look()
     }
     m_isLooking = true;
     m_looksAgain = false;
-    m_errands.run([book = m_book] { return refresh(*book); },
+    m_worker.run([book = m_book] { return refresh(*book); },
         [this](const Outcome& outcome) {
             m_isLooking = false;
             m_isOpen = true;

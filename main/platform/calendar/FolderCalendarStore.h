@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/Clock.h"
-#include "foundation/Errands.h"
+#include "foundation/SerialWorker.h"
 #include "platform/calendar/FolderWatch.h"
 #include "platform/CalendarStore.h"
 
@@ -49,7 +49,7 @@ private:
     void accept(const Outcome& outcome);
 
     Clock& m_clock;
-    std::shared_ptr<CalendarBook> m_book; // used on the errands' thread only
+    std::shared_ptr<CalendarBook> m_book; // used on the worker's thread only
     FolderWatch m_watch;
     QList<CalendarInfo> m_calendars;
     bool m_isOpen = false; // the first look is done
@@ -57,7 +57,7 @@ private:
     bool m_looksAgain = false;
     std::vector<std::function<void()>> m_waiting; // for the first look
     Ticket m_soon;
-    Errands m_errands{*this};
+    SerialWorker m_worker{*this};
 };
 
 } // namespace ambrelle

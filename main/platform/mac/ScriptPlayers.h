@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Errands.h"
+#include "foundation/SerialWorker.h"
 #include "platform/PlayerSource.h"
 
 #include <QPointer>
@@ -58,7 +58,7 @@ private:
     QString m_runner;
     QString m_pictureFile;
     QList<Export> m_exports; // the first one runs: they share the file
-    Errands m_reading;
+    SerialWorker m_reading;
 };
 
 } // namespace ambrelle

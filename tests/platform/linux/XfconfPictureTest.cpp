@@ -34,7 +34,7 @@ protected:
     static QByteArray everything() { return query({u"-l"_s, u"-v"_s}); }
 
     const PrivateBus bus;
-    XfconfPicture desktop{ToolErrands::usualPatience, [] {
+    XfconfPicture desktop{ToolRunner::usualPatience, [] {
                               return QList<ConnectedScreen>{{u"DP-1"_s, {0, 0}}, {u"HDMI-1"_s, {100, 0}}};
                           }};
 

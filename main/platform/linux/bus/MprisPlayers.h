@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Errands.h"
+#include "foundation/SerialWorker.h"
 #include "platform/linux/bus/OpenBus.h"
 #include "platform/PlayerSource.h"
 
@@ -56,7 +56,7 @@ private:
     bool m_available = true; // until it turns out otherwise
     int m_appearances = 0;
     QList<Entry> m_entries;
-    Errands m_reading;
+    SerialWorker m_reading;
 };
 
 } // namespace ambrelle

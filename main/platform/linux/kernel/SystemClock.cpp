@@ -7,7 +7,7 @@ namespace ambrelle {
 
 namespace {
 
-using Moment = WorkQueue::Moment;
+using Moment = TimerQueue::Moment;
 
 Moment monotonicNow()
 {

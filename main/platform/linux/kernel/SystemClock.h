@@ -2,7 +2,7 @@
 
 #include "foundation/Clock.h"
 #include "foundation/MinuteBeat.h"
-#include "foundation/WorkQueue.h"
+#include "foundation/TimerQueue.h"
 #include "platform/linux/kernel/ClockWatch.h"
 
 #include <QTimer>
@@ -25,7 +25,7 @@ private:
     void arm();
 
     QTimer m_timer;
-    WorkQueue m_queue;
+    TimerQueue m_queue;
     MinuteBeat m_minutes;
     ClockWatch m_watch;
 };

@@ -57,7 +57,7 @@ GSettingsPicture::GSettingsPicture(Family family, std::chrono::milliseconds pati
 
 QString GSettingsPicture::whyNot() const
 {
-    return ToolErrands::whyMissing(gsettings);
+    return ToolRunner::whyMissing(gsettings);
 }
 
 void GSettingsPicture::set(const QList<ScreenPicture>& pictures, Done done)

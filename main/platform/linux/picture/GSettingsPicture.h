@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/DesktopPicture.h"
-#include "platform/linux/picture/ToolErrands.h"
+#include "platform/linux/picture/ToolRunner.h"
 
 #include <QMap>
 
@@ -16,7 +16,7 @@ public:
         mate,
     };
 
-    explicit GSettingsPicture(Family family, std::chrono::milliseconds patience = ToolErrands::usualPatience);
+    explicit GSettingsPicture(Family family, std::chrono::milliseconds patience = ToolRunner::usualPatience);
 
     bool isAvailable() const override { return whyNot().isEmpty(); }
     QString whyNot() const override;
@@ -41,7 +41,7 @@ private:
     QString put(const Values& wanted) const;
 
     const Family m_family;
-    ToolErrands m_tools;
+    ToolRunner m_tools;
 };
 
 } // namespace ambrelle

@@ -68,7 +68,7 @@ PcmanfmPicture::PcmanfmPicture(Family family, std::chrono::milliseconds patience
 
 QString PcmanfmPicture::whyNot() const
 {
-    return ToolErrands::whyMissing(programOf(m_family));
+    return ToolRunner::whyMissing(programOf(m_family));
 }
 
 void PcmanfmPicture::set(const QList<ScreenPicture>& pictures, Done done)

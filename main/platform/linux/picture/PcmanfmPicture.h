@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/DesktopPicture.h"
-#include "platform/linux/picture/ToolErrands.h"
+#include "platform/linux/picture/ToolRunner.h"
 
 #include <optional>
 
@@ -12,7 +12,7 @@ class PcmanfmPicture final : public DesktopPicture {
 public:
     enum class Family { lxde, lxqt };
 
-    explicit PcmanfmPicture(Family family, std::chrono::milliseconds patience = ToolErrands::usualPatience);
+    explicit PcmanfmPicture(Family family, std::chrono::milliseconds patience = ToolRunner::usualPatience);
 
     bool isAvailable() const override { return whyNot().isEmpty(); }
     QString whyNot() const override;
@@ -33,7 +33,7 @@ private:
     bool isKept(const QString& file) const;
 
     const Family m_family;
-    ToolErrands m_tools;
+    ToolRunner m_tools;
 };
 
 } // namespace ambrelle

@@ -44,7 +44,7 @@ SwayPicture::SwayPicture(const QString& recordFile, const QString& session, std:
 
 QString SwayPicture::whyNot() const
 {
-    return ToolErrands::whyMissing(swaymsg);
+    return ToolRunner::whyMissing(swaymsg);
 }
 
 void SwayPicture::set(const QList<ScreenPicture>& pictures, Done done)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/DesktopPicture.h"
-#include "platform/linux/picture/ToolErrands.h"
+#include "platform/linux/picture/ToolRunner.h"
 
 namespace ambrelle {
 
@@ -11,7 +11,7 @@ class SwayPicture final : public DesktopPicture {
 public:
     /// `recordFile` is where to note what was set; `session` tells this run of Sway from others.
     SwayPicture(const QString& recordFile, const QString& session,
-        std::chrono::milliseconds patience = ToolErrands::usualPatience);
+        std::chrono::milliseconds patience = ToolRunner::usualPatience);
 
     bool isAvailable() const override { return whyNot().isEmpty(); }
     QString whyNot() const override;
@@ -30,7 +30,7 @@ private:
 
     QString m_recordFile;
     QString m_session;
-    ToolErrands m_tools;
+    ToolRunner m_tools;
 };
 
 } // namespace ambrelle

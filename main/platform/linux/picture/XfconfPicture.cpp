@@ -53,7 +53,7 @@ XfconfPicture::XfconfPicture(std::chrono::milliseconds patience, ListScreens scr
 
 QString XfconfPicture::whyNot() const
 {
-    return ToolErrands::whyMissing(xfconfQuery);
+    return ToolRunner::whyMissing(xfconfQuery);
 }
 
 void XfconfPicture::set(const QList<ScreenPicture>& pictures, Done done)

@@ -2,7 +2,7 @@
 
 #include "platform/DesktopPicture.h"
 #include "platform/linux/picture/ConnectedScreens.h"
-#include "platform/linux/picture/ToolErrands.h"
+#include "platform/linux/picture/ToolRunner.h"
 
 #include <QMap>
 
@@ -14,7 +14,7 @@ namespace ambrelle {
 class XfconfPicture final : public DesktopPicture {
 public:
     explicit XfconfPicture(
-        std::chrono::milliseconds patience = ToolErrands::usualPatience, ListScreens screens = &connectedScreens);
+        std::chrono::milliseconds patience = ToolRunner::usualPatience, ListScreens screens = &connectedScreens);
 
     bool isAvailable() const override { return whyNot().isEmpty(); }
     QString whyNot() const override;
@@ -25,7 +25,7 @@ public:
 
 private:
     using Values = QMap<QString, std::optional<QString>>; ///< by property; nothing: it is not set
-    /// What is known of the desktop when an errand runs.
+    /// What is known of the desktop while work runs.
     struct Desk {
         QMap<QString, QString> values; ///< by property, of the whole desktop
         int workspaces = 0;
@@ -49,7 +49,7 @@ private:
     static QJsonObject memory(const Desk& desk);
 
     ListScreens m_screens;
-    ToolErrands m_tools;
+    ToolRunner m_tools;
 };
 
 } // namespace ambrelle

@@ -52,7 +52,7 @@ bool save(const QImage& image, const QString& path)
 } // namespace
 
 RootPixmapPicture::RootPixmapPicture()
-    : m_errands(*this)
+    : m_worker(*this)
 {
 }
 
@@ -68,7 +68,7 @@ QString RootPixmapPicture::whyNot() const
 
 void RootPixmapPicture::set(const QList<ScreenPicture>& pictures, Done done)
 {
-    m_errands.run([pictures, areas = areas()] { return show(pictures, areas); }, std::move(done));
+    m_worker.run([pictures, areas = areas()] { return show(pictures, areas); }, std::move(done));
 }
 
 void RootPixmapPicture::read(const QString& connector, std::function<void(const QString& file)> done)
@@ -81,18 +81,18 @@ void RootPixmapPicture::read(const QString& connector, std::function<void(const 
         const RootPixmap::Record record = root.record();
         return record.value(connector, record.isEmpty() ? QString() : *record.begin());
     };
-    m_errands.run(work, std::move(done));
+    m_worker.run(work, std::move(done));
 }
 
 void RootPixmapPicture::remember(const QString& folder, std::function<void(const QJsonObject& memory)> done)
 {
-    m_errands.run([folder, connectors = areas().keys()] { return memory(folder, connectors); }, std::move(done));
+    m_worker.run([folder, connectors = areas().keys()] { return memory(folder, connectors); }, std::move(done));
 }
 
 void RootPixmapPicture::giveBack(const QJsonObject& memory, Done done)
 {
     if (const QString file = memory.value("picture"_L1).toString(); !file.isEmpty()) {
-        m_errands.run([file] { return showWhole(file); }, std::move(done));
+        m_worker.run([file] { return showWhole(file); }, std::move(done));
         return;
     }
     const QJsonObject files = memory.value("files"_L1).toObject();

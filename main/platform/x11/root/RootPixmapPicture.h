@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Errands.h"
+#include "foundation/SerialWorker.h"
 #include "platform/DesktopPicture.h"
 #include "platform/x11/root/RootPixmap.h"
 
@@ -28,7 +28,7 @@ private:
     static QString showWhole(const QString& file);
     static QJsonObject memory(const QString& folder, const QStringList& connectors);
 
-    Errands m_errands;
+    SerialWorker m_worker;
 };
 
 } // namespace ambrelle

@@ -1,4 +1,4 @@
-#include "platform/linux/picture/ToolErrands.h"
+#include "platform/linux/picture/ToolRunner.h"
 
 #include "foundation/Wording.h"
 
@@ -34,27 +34,27 @@ QString failure(const QString& program, QProcess& process)
 
 } // namespace
 
-ToolErrands::ToolErrands(QObject& owner, std::chrono::milliseconds patience)
+ToolRunner::ToolRunner(QObject& owner, std::chrono::milliseconds patience)
     : m_patience(patience)
-    , m_errands(owner)
+    , m_worker(owner)
 {
 }
 
-ToolErrands::~ToolErrands()
+ToolRunner::~ToolRunner()
 {
     const QMutexLocker lock(&m_mutex);
     m_leaving = true;
     m_left.wakeAll();
 }
 
-QString ToolErrands::whyMissing(const QString& program)
+QString ToolRunner::whyMissing(const QString& program)
 {
     const bool missing = QStandardPaths::findExecutable(program).isEmpty();
     return missing ? Wording::tr("The desktop picture is set with “%1”, which is not installed.").arg(program)
                    : QString();
 }
 
-ToolAnswer ToolErrands::call(const QString& program, const QStringList& arguments) const
+ToolAnswer ToolRunner::call(const QString& program, const QStringList& arguments) const
 {
     const QString path = QStandardPaths::findExecutable(program);
     if (path.isEmpty())
@@ -80,7 +80,7 @@ ToolAnswer ToolErrands::call(const QString& program, const QStringList& argument
     return {.output = process.readAllStandardOutput()};
 }
 
-bool ToolErrands::await(const std::function<bool()>& holds, std::chrono::milliseconds longest) const
+bool ToolRunner::await(const std::function<bool()>& holds, std::chrono::milliseconds longest) const
 {
     const QDeadlineTimer deadline(std::min(longest, m_patience));
     QMutexLocker lock(&m_mutex);

@@ -11,20 +11,20 @@ namespace ambrelle {
 /// Work that has to wait for something, done on a thread of its own, one piece after the other, while the owner's
 /// thread goes on. Make it the owner's last member, so that it goes first: it then waits for the piece that runs and
 /// drops the others, and no answer comes any more.
-class Errands {
+class SerialWorker {
 public:
-    explicit Errands(QObject& owner)
+    explicit SerialWorker(QObject& owner)
         : m_owner(owner)
     {
         m_pool.setMaxThreadCount(1);
     }
-    ~Errands()
+    ~SerialWorker()
     {
         m_pool.clear();
         m_pool.waitForDone();
     }
-    Errands(const Errands&) = delete;
-    Errands& operator=(const Errands&) = delete;
+    SerialWorker(const SerialWorker&) = delete;
+    SerialWorker& operator=(const SerialWorker&) = delete;
 
     /// `done` gets the result of `work`, later and on the owner's thread. `work` must not touch what that thread
     /// changes.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Errands.h"
+#include "foundation/SerialWorker.h"
 
 #include <QByteArray>
 #include <QMutex>
@@ -21,15 +21,15 @@ struct ToolAnswer {
     bool failed() const { return !error.isEmpty(); }
 };
 
-/// Errands that run the command line tools of a desktop, without a shell. As with Errands, make it the owner's last
-/// member: a tool that still runs when the owner goes is stopped.
-class ToolErrands {
+/// Runs the command line tools of a desktop, without a shell, one piece of work after the other. As with SerialWorker,
+/// make it the owner's last member: a tool that still runs when the owner goes is stopped.
+class ToolRunner {
 public:
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
     /// A tool that takes longer than `patience` is stopped and counts as failed.
-    ToolErrands(QObject& owner, std::chrono::milliseconds patience);
-    ~ToolErrands();
+    ToolRunner(QObject& owner, std::chrono::milliseconds patience);
+    ~ToolRunner();
 
     /// Why the tool cannot be run, as a sentence; empty when it is installed.
     static QString whyMissing(const QString& program);
@@ -37,7 +37,7 @@ public:
     std::chrono::milliseconds patience() const { return m_patience; }
     template <typename Work, typename Done> void run(Work work, Done done)
     {
-        m_errands.run(std::move(work), std::move(done));
+        m_worker.run(std::move(work), std::move(done));
     }
     /// Runs a tool to its end; only as part of the work. Its language is English and its encoding UTF-8.
     ToolAnswer call(const QString& program, const QStringList& arguments) const;
@@ -49,7 +49,7 @@ private:
     std::atomic<bool> m_leaving = false;
     mutable QMutex m_mutex;
     mutable QWaitCondition m_left; ///< wakes work that waits when the owner goes
-    Errands m_errands;
+    SerialWorker m_worker;
 };
 
 } // namespace ambrelle

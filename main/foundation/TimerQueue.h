@@ -11,16 +11,16 @@ namespace ambrelle {
 
 /// Work due at moments of one time line, which the owner moves: the part that every clock shares. Work may cancel its
 /// own ticket or another's, add work, or destroy the queue; a ticket may outlive the queue.
-class WorkQueue {
+class TimerQueue {
 public:
     using Work = std::function<void()>;
     using Moment = std::chrono::milliseconds;
 
     /// `changed` runs after work was added, cancelled or done, so that the owner can look at `nextWake` again.
-    explicit WorkQueue(std::function<void()> changed = {});
-    ~WorkQueue();
-    WorkQueue(const WorkQueue&) = delete;
-    WorkQueue& operator=(const WorkQueue&) = delete;
+    explicit TimerQueue(std::function<void()> changed = {});
+    ~TimerQueue();
+    TimerQueue(const TimerQueue&) = delete;
+    TimerQueue& operator=(const TimerQueue&) = delete;
 
     [[nodiscard]] Ticket once(Moment due, Work work);
     /// First at `due`, then every `period`; a time that was missed is left out, not made up for.

@@ -1,11 +1,11 @@
-#include "foundation/WorkQueue.h"
+#include "foundation/TimerQueue.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace ambrelle {
 
-struct WorkQueue::Job {
+struct TimerQueue::Job {
     Moment due;
     Moment period; // zero: once
     Work work;
@@ -14,7 +14,7 @@ struct WorkQueue::Job {
     Moment latest() const { return due + period / 10; }
 };
 
-struct WorkQueue::State {
+struct TimerQueue::State {
     std::vector<std::shared_ptr<Job>> jobs; // in the order they were added
     std::function<void()> changed;
 
@@ -31,28 +31,28 @@ struct WorkQueue::State {
     }
 };
 
-WorkQueue::WorkQueue(std::function<void()> changed)
+TimerQueue::TimerQueue(std::function<void()> changed)
     : m_state(std::make_shared<State>())
 {
     m_state->changed = std::move(changed);
 }
 
-WorkQueue::~WorkQueue()
+TimerQueue::~TimerQueue()
 {
     m_state->changed = nullptr;
 }
 
-Ticket WorkQueue::once(Moment due, Work work)
+Ticket TimerQueue::once(Moment due, Work work)
 {
     return add(due, Moment::zero(), std::move(work));
 }
 
-Ticket WorkQueue::repeat(Moment due, Moment period, Work work)
+Ticket TimerQueue::repeat(Moment due, Moment period, Work work)
 {
     return add(due, std::max(period, Moment(1)), std::move(work));
 }
 
-Ticket WorkQueue::add(Moment due, Moment period, Work work)
+Ticket TimerQueue::add(Moment due, Moment period, Work work)
 {
     auto job = std::make_shared<Job>(Job{due, period, std::move(work)});
     m_state->jobs.push_back(job);
@@ -65,12 +65,12 @@ Ticket WorkQueue::add(Moment due, Moment period, Work work)
     });
 }
 
-bool WorkQueue::isEmpty() const
+bool TimerQueue::isEmpty() const
 {
     return m_state->jobs.empty();
 }
 
-std::optional<WorkQueue::Moment> WorkQueue::nextDue() const
+std::optional<TimerQueue::Moment> TimerQueue::nextDue() const
 {
     const auto& jobs = m_state->jobs;
     if (jobs.empty())
@@ -78,7 +78,7 @@ std::optional<WorkQueue::Moment> WorkQueue::nextDue() const
     return (*std::ranges::min_element(jobs, {}, [](const auto& job) { return job->due; }))->due;
 }
 
-std::optional<WorkQueue::Moment> WorkQueue::nextWake() const
+std::optional<TimerQueue::Moment> TimerQueue::nextWake() const
 {
     const auto& jobs = m_state->jobs;
     std::optional<Moment> wake = nextDue();
@@ -93,7 +93,7 @@ std::optional<WorkQueue::Moment> WorkQueue::nextWake() const
     return wake;
 }
 
-void WorkQueue::run(Moment now)
+void TimerQueue::run(Moment now)
 {
     // The queue may be gone after any piece of work.
     const std::weak_ptr<State> alive = m_state;
