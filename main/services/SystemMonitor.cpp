@@ -83,6 +83,7 @@ void SystemMonitor::readProcessor()
     m_sample.perCore = std::move(reading.perCore);
     append(m_sample.cpuHistory, m_sample.cpu);
     m_sample.loadAverage = m_sources.processor.loadAverages().value_or(std::array<double, 3>{});
+    append(m_sample.loadHistory, m_sample.loadAverage.front());
 }
 
 void SystemMonitor::readNetwork(double moment)

@@ -55,6 +55,7 @@ SystemSample previewSample()
 {
     SystemSample sample;
     sample.cpuHistory = wave(1, 0.32, 0.18);
+    sample.loadHistory = wave(2, 2.2, 0.8);
     sample.memoryHistory = wave(3, 0.41, 0.04);
     sample.downHistory = wave(4, 2'400'000, 1'800'000);
     sample.upHistory = wave(5, 600'000, 450'000);
@@ -62,7 +63,7 @@ SystemSample previewSample()
     sample.cpu = sample.cpuHistory.last();
     for (int i = 0; i < 8; ++i)
         sample.perCore.append(std::abs(std::sin(1.3 * i)) * 0.6 + 0.15);
-    sample.loadAverage = {wave(2, 2.2, 0.8).last(), 2.05, 1.88};
+    sample.loadAverage = {sample.loadHistory.last(), 2.05, 1.88};
     sample.memory = sampleMemory(sample.memoryHistory.last());
     sample.disks = {{Wording::tr("Macintosh HD"), QStringLiteral("/"), 994 * gigabyte, 412 * gigabyte, true}};
     sample.battery = BatteryInfo{0.73, false, false, false, 284};

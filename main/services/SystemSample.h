@@ -18,6 +18,7 @@ struct SystemSample {
     QList<double> perCore{}; ///< the same of every processor, in the kernel's order
     QList<double> cpuHistory = QList<double>(historyLength);
     std::array<double, 3> loadAverage{}; ///< over 1, 5 and 15 minutes
+    QList<double> loadHistory = QList<double>(historyLength); ///< of the 1-minute average
     MemoryInfo memory{};
     QList<double> memoryHistory = QList<double>(historyLength); ///< of the used fraction
     QList<DiskInfo> disks{}; ///< the root volume first, then by name

@@ -171,10 +171,11 @@ TEST_F(SystemMonitorTest, TheFirstSampleHasNoRatesAndGrowsEveryHistory)
     EXPECT_EQ(monitor.sample().downRate, 0);
     EXPECT_EQ(monitor.sample().sessionDown, 0U);
     EXPECT_EQ(monitor.sample().uptime, 99);
-    for (const auto* history : {&monitor.sample().cpuHistory, &monitor.sample().memoryHistory,
-             &monitor.sample().downHistory, &monitor.sample().upHistory})
+    for (const auto* history : {&monitor.sample().cpuHistory, &monitor.sample().loadHistory,
+             &monitor.sample().memoryHistory, &monitor.sample().downHistory, &monitor.sample().upHistory})
         EXPECT_EQ(history->size(), SystemSample::historyLength);
     EXPECT_EQ(monitor.sample().loadAverage.front(), 1.5);
+    EXPECT_EQ(monitor.sample().loadHistory.last(), 1.5);
     EXPECT_EQ(monitor.sample().memoryHistory.last(), 0.5);
 
     machine.processor.currentLoads.reset();
