@@ -3,6 +3,7 @@
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
 #include "platform/recording/RecordingMachine.h"
+#include "support/Variable.h"
 #include "support/WaitUntil.h"
 
 #include <QApplication>
@@ -11,8 +12,6 @@
 #include <QToolButton>
 
 #include <gmock/gmock.h>
-
-#include <utility>
 
 namespace ambrelle {
 namespace {
@@ -23,26 +22,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr const char* launchedKey = "hasLaunchedBefore";
-
-/// Another value for an environment variable while this lives.
-class ReplacedVariable {
-public:
-    ReplacedVariable(const char* name, const QByteArray& value)
-        : m_name(name)
-        , m_wasSet(qEnvironmentVariableIsSet(name))
-        , m_value(qgetenv(name))
-    {
-        qputenv(name, value);
-    }
-    ~ReplacedVariable() { m_wasSet ? qputenv(m_name, m_value) : qunsetenv(m_name); }
-    ReplacedVariable(const ReplacedVariable&) = delete;
-    ReplacedVariable& operator=(const ReplacedVariable&) = delete;
-
-private:
-    const char* m_name;
-    bool m_wasSet;
-    QByteArray m_value;
-};
 
 /// The whole program on a machine of its own. Its store may be another one's, which is what a restart finds.
 struct Program {
@@ -71,8 +50,8 @@ protected:
     }
 
     QTemporaryDir home;
-    ReplacedVariable data{"XDG_DATA_HOME", QFile::encodeName(home.filePath(u"data"_s))};
-    ReplacedVariable cache{"XDG_CACHE_HOME", QFile::encodeName(home.filePath(u"cache"_s))};
+    test::Variable data{"XDG_DATA_HOME", QFile::encodeName(home.filePath(u"data"_s))};
+    test::Variable cache{"XDG_CACHE_HOME", QFile::encodeName(home.filePath(u"cache"_s))};
     UserDefaults defaults = UserDefaults::temporary();
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/DesktopPicture.h"
+#include "support/Variable.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -17,30 +18,6 @@
 #include <optional>
 
 namespace ambrelle::test {
-
-/// Gives a variable of the environment another value for a while.
-class Variable {
-public:
-    Variable(const char* name, const QByteArray& value)
-        : m_name(name)
-        , m_old(qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name)) : std::nullopt)
-    {
-        qputenv(name, value);
-    }
-    ~Variable()
-    {
-        if (m_old)
-            qputenv(m_name, *m_old);
-        else
-            qunsetenv(m_name);
-    }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* m_name;
-    std::optional<QByteArray> m_old;
-};
 
 /// A desktop for tests: a folder with pictures, a configuration of its own, and tools that are found before others.
 class ToolDesk : public ::testing::Test {
