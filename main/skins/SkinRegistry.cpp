@@ -19,8 +19,6 @@ using Renderer = std::shared_ptr<const FaceRenderer>;
 
 Renderer make(Skin skin, const Accent& accent)
 {
-    if (const PlainPalette* palette = plainPalette(skin))
-        return std::make_shared<PlainSkin>(*palette, accent);
     switch (skin) {
     case Skin::classic: return std::make_shared<ClassicSkin>();
     case Skin::hifi: return std::make_shared<HiFiSkin>(accent);
@@ -30,8 +28,30 @@ Renderer make(Skin skin, const Accent& accent)
     case Skin::lumen:
     case Skin::field:
     case Skin::fieldDark: return std::make_shared<MinimalSkin>(MinimalLook::original(skin).accented(accent));
-    default: return std::make_shared<GlassSkin>(accent);
+    case Skin::glass: return std::make_shared<GlassSkin>(accent);
+    case Skin::paper:
+    case Skin::neon:
+    case Skin::bauhaus:
+    case Skin::grove:
+    case Skin::aero:
+    case Skin::overdrive:
+    case Skin::groove:
+    case Skin::chalk:
+    case Skin::quest:
+    case Skin::cockpit:
+    case Skin::apollo:
+    case Skin::abyss:
+    case Skin::atlas:
+    case Skin::kyoto:
+    case Skin::cork:
+    case Skin::obsidian:
+    case Skin::midnight:
+    case Skin::pulse:
+    case Skin::prism:
+    case Skin::carbon:
+    case Skin::velvet: return std::make_shared<PlainSkin>(plainPalette(skin), accent);
     }
+    Q_UNREACHABLE();
 }
 
 struct Kept {

@@ -9,8 +9,16 @@ namespace ambrelle {
 struct PlainFace {
     const char* family;
     int weight;
-    bool italic;
+    bool italic = false;
     double capRatio;
+};
+
+struct PlainMeasures {
+    double corner; ///< points, as the following
+    double inset;
+    double titleGap;
+    double titleSize; ///< pixels
+    double floor; ///< pixels of the smallest text
 };
 
 /// Typefaces, colours and measures of a skin that has no painter of its own yet.
@@ -19,9 +27,9 @@ struct PlainPalette {
     PlainFace title;
     PlainFace body;
     PlainFace number;
-    double cell; ///< of figures, in widest digits
+    double cell = 1; ///< of figures, in widest digits
     QRgb plate;
-    double plateAlpha;
+    double plateAlpha = 1;
     QRgb ink;
     QRgb soft;
     QRgb faint;
@@ -31,15 +39,11 @@ struct PlainPalette {
     QRgb up;
     QRgb down;
     QRgb warn;
-    double corner; ///< points, as the following
-    double inset;
-    double titleGap;
-    bool uppercase;
-    double titleSize; ///< pixels
-    double floor;
+    bool uppercase = false; ///< labels
+    PlainMeasures measures;
 };
 
-/// Nothing for a skin with a painter of its own.
-const PlainPalette* plainPalette(Skin skin);
+/// Only for a skin without a painter of its own: ends the program for any other.
+const PlainPalette& plainPalette(Skin skin);
 
 } // namespace ambrelle

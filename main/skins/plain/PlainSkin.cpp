@@ -42,15 +42,15 @@ SkinStyle makeStyle(const PlainPalette& palette, const std::optional<QColor>& ac
         .up = palette.up,
         .down = palette.down,
         .uppercase = palette.uppercase,
-        .inset = palette.inset,
-        .corner = palette.corner,
-        .titleGap = palette.titleGap,
+        .inset = palette.measures.inset,
+        .corner = palette.measures.corner,
+        .titleGap = palette.measures.titleGap,
         .warn = palette.warn,
         .ground = over(plate, Qt::white),
-        .titleSize = palette.titleSize,
-        .rowSize = std::max(12.5, palette.floor),
-        .captionSize = std::max(10.5, palette.floor),
-        .floor = palette.floor,
+        .titleSize = palette.measures.titleSize,
+        .rowSize = std::max(12.5, palette.measures.floor),
+        .captionSize = std::max(10.5, palette.measures.floor),
+        .floor = palette.measures.floor,
     };
     style.number.cell = palette.cell;
     style.rowPitch = style.rowSize + 6.5;
