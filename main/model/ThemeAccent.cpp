@@ -2,7 +2,6 @@
 
 #include "foundation/UserDefaults.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 
 #include <algorithm>
@@ -58,21 +57,13 @@ ThemeAccent::ThemeAccent(UserDefaults& defaults, QObject* parent)
 ThemeAccent& ThemeAccent::shared()
 {
     static ThemeAccent accent(UserDefaults::shared());
-    // The first to ask may be a thread that draws; changes are announced on the main thread all the same.
-    [[maybe_unused]] static const bool moved = [] {
-        if (QCoreApplication* application = QCoreApplication::instance())
-            accent.moveToThread(application->thread());
-        return true;
-    }();
     return accent;
 }
 
 std::optional<QColor> ThemeAccent::color(Skin skin) const
 {
     const std::lock_guard lock(m_mutex);
-    const auto applies = [&](const Preview& preview) {
-        return preview.skin == skin && preview.thread == std::this_thread::get_id();
-    };
+    const auto applies = [&](const Preview& preview) { return preview.skin == skin; };
     const auto preview = std::find_if(m_previews.rbegin(), m_previews.rend(), applies);
     if (preview != m_previews.rend())
         return preview->color;
@@ -82,32 +73,27 @@ std::optional<QColor> ThemeAccent::color(Skin skin) const
 
 void ThemeAccent::set(const std::optional<QColor>& color, Skin skin)
 {
-    std::unique_lock lock(m_mutex);
     Overrides overrides = m_overrides;
     if (const std::optional<QColor> stored = asStored(color))
         overrides[skin] = *stored;
     else
         overrides.erase(skin);
-    lock.unlock();
     replace(std::move(overrides));
 }
 
 void ThemeAccent::withPreview(const std::optional<QColor>& color, Skin skin, const std::function<void()>& body)
 {
-    const std::thread::id self = std::this_thread::get_id();
     {
         const std::lock_guard lock(m_mutex);
-        m_previews.push_back({self, skin, color});
+        m_previews.push_back({skin, color});
     }
     body();
     const std::lock_guard lock(m_mutex);
-    const auto mine = [&](const Preview& preview) { return preview.thread == self; };
-    m_previews.erase(std::prev(std::find_if(m_previews.rbegin(), m_previews.rend(), mine).base()));
+    m_previews.pop_back();
 }
 
 QMap<QString, QString> ThemeAccent::hexOverrides() const
 {
-    const std::lock_guard lock(m_mutex);
     QMap<QString, QString> map;
     for (const auto& [skin, color] : m_overrides)
         map.insert(rawValue(skin), hexText(color));
@@ -128,11 +114,11 @@ void ThemeAccent::apply(const QMap<QString, QString>& overrides)
 
 void ThemeAccent::replace(Overrides overrides)
 {
+    if (overrides == m_overrides)
+        return;
+    store(overrides); // not while those who draw would have to wait for the disk
     {
         const std::lock_guard lock(m_mutex);
-        if (overrides == m_overrides)
-            return;
-        store(overrides);
         m_overrides = std::move(overrides);
     }
     ++m_revision;

@@ -8,7 +8,6 @@
 #include <functional>
 #include <map>
 #include <mutex>
-#include <thread>
 #include <vector>
 
 namespace ambrelle {
@@ -20,20 +19,20 @@ QString hexText(const QColor& color);
 /// The colour of "#RRGGBB" in either case; nothing for any other text.
 std::optional<QColor> colorFromHex(QStringView text);
 
-/// The accents that the user chose in place of the skins' own. Any thread may ask for a colour; changes are made on the
-/// main thread.
+/// The accents that the user chose in place of the skins' own. Any thread may ask for a colour; changes and previews
+/// are made on the main thread.
 class ThemeAccent : public QObject {
     Q_OBJECT
 
 public:
     explicit ThemeAccent(UserDefaults& defaults, QObject* parent = nullptr);
-    static ThemeAccent& shared();
+    static ThemeAccent& shared(); ///< the main thread is the first to ask for it
 
     /// Nothing: the skin shows its own accent.
     std::optional<QColor> color(Skin skin) const;
     /// Stores an accent, or takes it back when `color` is nothing or invalid.
     void set(const std::optional<QColor>& color, Skin skin);
-    /// Runs `body`; drawing that it does on this thread sees `color` (nothing: the skin's own) as the skin's accent.
+    /// Runs `body`; what is drawn meanwhile sees `color` (nothing: the skin's own) as the skin's accent.
     void withPreview(const std::optional<QColor>& color, Skin skin, const std::function<void()>& body);
 
     /// The accents as a map from the skin's raw value to "#RRGGBB".
@@ -51,7 +50,6 @@ Q_SIGNALS:
 private:
     using Overrides = std::map<Skin, QColor>;
     struct Preview {
-        std::thread::id thread;
         Skin skin;
         std::optional<QColor> color;
     };
@@ -60,7 +58,7 @@ private:
     void store(const Overrides& overrides);
 
     UserDefaults& m_defaults;
-    mutable std::mutex m_mutex; // guards the two below
+    mutable std::mutex m_mutex; // for changes of the two below, and for other threads that read them
     Overrides m_overrides;
     std::vector<Preview> m_previews; // the innermost last
     int m_revision = 0;
