@@ -21,9 +21,6 @@ struct CommandLine {
     static CommandLine parse(const QStringList& arguments);
     static QString helpText();
     static QString unknownOptionText(const QString& option);
-
-    /// Whether the mode writes files and exits, without a display.
-    bool isBatch() const { return mode == Mode::renderPreviews; }
 };
 
 } // namespace ambrelle

@@ -31,8 +31,6 @@ public:
     const std::optional<QSizeF>& homeSize() const { return m_homeSize; }
     QRectF widgetFrame() const { return m_config.frame(); } ///< global points, y up
     bool isHovering() const { return m_panel.isHovering(); }
-    bool isOccluded() const { return m_occluded; }
-    bool isFaded() const { return m_faded; }
     bool moves() const { return m_panel.moves(); } ///< its face has moving parts, paused or not
     bool isRaised() const; ///< above normal windows for the user's sake, by its pin or by the layer
     WindowLevel level() const; ///< of the pin, of edit mode or of the layer

@@ -9,9 +9,4 @@ QColor SkinStyle::accentText() const
     return legible(accent, ink, ground, 4.5);
 }
 
-QColor SkinStyle::accentFigure() const
-{
-    return legible(accent, ink, ground, 3.0);
-}
-
 } // namespace ambrelle

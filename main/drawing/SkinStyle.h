@@ -44,8 +44,6 @@ struct SkinStyle {
     QString caps(const QString& label) const { return uppercase ? label.toUpper() : label; }
     /// The accent as a colour for text.
     QColor accentText() const;
-    /// The accent for figures of cap 24 and more.
-    QColor accentFigure() const;
 
     TextStyle header() const { return text(title, titleSize, ink); }
     TextStyle caption() const { return text(body, captionSize, soft); }

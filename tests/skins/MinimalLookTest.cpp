@@ -1,7 +1,4 @@
 #include "skins/minimal/MinimalLook.h"
-
-#include "model/ThemeAccent.h"
-
 #include <gtest/gtest.h>
 
 namespace ambrelle {
@@ -35,7 +32,7 @@ TEST(MinimalLook, anAccentReplacesTheAccentOnly)
         MinimalLook expected = MinimalLook::original(skin);
         EXPECT_EQ(expected.skin, skin);
         expected.accent = coral;
-        ThemeAccent::shared().withPreview(coral, skin, [&] { EXPECT_EQ(MinimalLook::of(skin), expected); });
+        EXPECT_EQ(MinimalLook::original(skin).accented(coral), expected);
         EXPECT_EQ(expected.style().accent, coral);
     }
 }

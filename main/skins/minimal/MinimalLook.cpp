@@ -1,7 +1,6 @@
 #include "skins/minimal/MinimalLook.h"
 
 #include "drawing/Colours.h"
-#include "model/ThemeAccent.h"
 
 namespace ambrelle {
 
@@ -236,11 +235,6 @@ MinimalLook MinimalLook::original(Skin skin)
     case Skin::fieldDark: return fieldDark();
     default: return polar();
     }
-}
-
-MinimalLook MinimalLook::of(Skin skin)
-{
-    return original(skin).accented(ThemeAccent::shared().color(skin));
 }
 
 MinimalLook MinimalLook::accented(const std::optional<QColor>& override) const

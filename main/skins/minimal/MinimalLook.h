@@ -61,8 +61,6 @@ struct MinimalLook {
 
     bool operator==(const MinimalLook&) const = default;
 
-    /// The look with the user's accent, where there is one.
-    static MinimalLook of(Skin skin);
     /// The look as designed. Skins outside the family get the first look.
     static MinimalLook original(Skin skin);
 
