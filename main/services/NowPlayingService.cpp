@@ -3,7 +3,7 @@
 #include "foundation/Wording.h"
 #include "services/PictureDecoder.h"
 
-#include <QtConcurrent>
+#include <QtConcurrentRun>
 
 #include <algorithm>
 #include <chrono>

@@ -7,7 +7,7 @@
 #include <QDir>
 #include <QImageReader>
 #include <QSet>
-#include <QtConcurrent>
+#include <QtConcurrentRun>
 
 #include <utility>
 

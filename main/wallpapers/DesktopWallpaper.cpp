@@ -8,7 +8,7 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QtConcurrent>
+#include <QtConcurrentRun>
 
 namespace ambrelle {
 

@@ -2,7 +2,7 @@
 
 #include "foundation/BackgroundThread.h"
 
-#include <QtConcurrent>
+#include <QtConcurrentRun>
 
 namespace ambrelle {
 
