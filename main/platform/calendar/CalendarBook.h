@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/calendar/CalendarFolders.h"
+#include "platform/calendar/FileStamp.h"
 #include "platform/calendar/IcsParser.h"
 #include "platform/calendar/ReminderEdit.h"
 #include "platform/CalendarStore.h"
