@@ -54,8 +54,7 @@ void WidgetController::change(const std::function<void(WidgetConfig&)>& edit)
     if (m_config == before)
         return;
     if (m_config.size() != before.size() && m_config.origin == before.origin)
-        m_config.origin =
-            ScreenPlacement::originAfterResize(before, m_config, m_homeSize, m_with.host.screens());
+        m_config.origin = ScreenPlacement::originAfterResize(before, m_config, m_homeSize, m_with.host.screens());
     show(before);
     Q_EMIT changed();
 }

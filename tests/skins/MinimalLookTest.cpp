@@ -1,4 +1,5 @@
 #include "skins/minimal/MinimalLook.h"
+
 #include <gtest/gtest.h>
 
 namespace ambrelle {
