@@ -11,8 +11,6 @@
 
 namespace ambrelle {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr qsizetype mostRows = 12; // no face has room for more

@@ -9,8 +9,6 @@
 
 namespace ambrelle {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr qint64 mostBytes = 200'000'000;
