@@ -35,7 +35,7 @@ public:
     void setText(QAccessible::Text, const QString&) override { }
     QRect rect() const override
     {
-        return buttons().value(m_index).area.toAlignedRect().translated(m_surface.geometry().topLeft());
+        return buttons().value(m_index).area.toAlignedRect().translated(m_surface.place().topLeft());
     }
     QAccessible::Role role() const override { return QAccessible::Button; }
     QAccessible::State state() const override
@@ -161,7 +161,7 @@ QAccessible::State PanelAccess::state() const
 
 QRect PanelAccess::rect() const
 {
-    return m_surface.geometry();
+    return m_surface.place();
 }
 
 QStringList PanelAccess::names() const

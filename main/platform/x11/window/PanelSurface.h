@@ -21,6 +21,9 @@ public:
     void groundChanged(); ///< the desktop picture or the need for it has changed
     void namesChanged();
 
+    /// Where the window is or was last sent, in points from the upper left corner. While a window manager takes the
+    /// window over, and sometimes from then on, geometry() tells another place.
+    QRect place() const { return {m_place, size()}; }
     const PanelDelegate* delegate() const { return isRetired() ? nullptr : &m_delegate; } ///< null once retired
     void pressButton(qsizetype index); ///< may end in retire()
     QAccessibleInterface* accessibleRoot() const override;
