@@ -1,55 +1,21 @@
 #pragma once
 
+#include "support/PrivateBus.h"
 #include "support/WaitUntil.h"
 
-#include <QCoreApplication>
-#include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QFileInfo>
-#include <QProcess>
-#include <QStandardPaths>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
 namespace ambrelle {
 
 /// A message bus of the test's own, and stand-ins for system services on it that python3-dbusmock plays.
-class MockBus {
+class MockBus : public PrivateBus {
 public:
-    MockBus()
-    {
-        const auto daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
-        if (daemon.isEmpty())
-            return;
-        m_daemon.start(
-            daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        if (!m_daemon.waitForReadyRead(5000))
-            return;
-        m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
-        m_driver = QDBusConnection::connectToBus(m_address, QStringLiteral("driver"));
-    }
-    ~MockBus()
-    {
-        for (const char* name : {"driver", "client"})
-            QDBusConnection::disconnectFromBus(QLatin1String(name));
-        m_services.clear();
-        end(m_daemon);
-    }
-    MockBus(const MockBus&) = delete;
-    MockBus& operator=(const MockBus&) = delete;
-
-    bool isRunning() const { return m_driver.isConnected(); }
-
-    /// Connects the code under test.
-    std::function<QDBusConnection()> opener() const
-    {
-        return [this] { return QDBusConnection::connectToBus(m_address, QStringLiteral("client")); };
-    }
-
     /// Starts the stand-in of that template and waits for its name on the bus. None when dbusmock is not installed.
     QProcess* start(const QString& kind, const QString& name)
     {
@@ -62,7 +28,7 @@ public:
         });
         auto environment = QProcessEnvironment::systemEnvironment();
         for (const char* variable : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
-            environment.insert(QLatin1String(variable), m_address);
+            environment.insert(QLatin1String(variable), address());
         environment.insert(QStringLiteral("PYTHONUNBUFFERED"), QStringLiteral("1"));
         process->setProcessEnvironment(environment);
         process->start(python, {QStringLiteral("-m"), QStringLiteral("dbusmock"), QStringLiteral("--template"), kind});
@@ -101,9 +67,7 @@ private:
         process.waitForFinished();
     }
 
-    QProcess m_daemon;
-    QString m_address;
-    QDBusConnection m_driver{QString()};
+    QDBusConnection m_driver = connection(QStringLiteral("driver"));
     std::vector<std::unique_ptr<QProcess, void (*)(QProcess*)>> m_services;
 };
 

@@ -1,12 +1,10 @@
 #include "platform/linux/bus/GeoClueLocation.h"
+#include "support/PrivateBus.h"
 #include "support/WaitUntil.h"
 
-#include <QCoreApplication>
 #include <QDBusContext>
 #include <QDBusError>
 #include <QDBusObjectPath>
-#include <QProcess>
-#include <QStandardPaths>
 
 #include <gtest/gtest.h>
 
@@ -78,54 +76,34 @@ class GeoClueLocationTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        const QString daemon = QStandardPaths::findExecutable(u"dbus-daemon"_s);
-        if (daemon.isEmpty())
+        if (!bus.isRunning())
             GTEST_SKIP() << "dbus-daemon is not installed";
-        m_daemon.start(daemon, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-        ASSERT_TRUE(m_daemon.waitForReadyRead(5000));
-        m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
         QObject::connect(&source, &LocationSource::changed, [this] { answers.append(source.authorization()); });
         QObject::connect(&source, &LocationSource::located, [this](const Location& where) { places.append(where); });
         QObject::connect(&source, &LocationSource::failed, [this] { ++failures; });
     }
-    void TearDown() override
-    {
-        for (const char* name : {"service", "client"})
-            QDBusConnection::disconnectFromBus(QLatin1String(name));
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
     void startService()
     {
-        auto bus = QDBusConnection::connectToBus(m_address, u"service"_s);
+        auto service = bus.connection(u"service"_s);
         constexpr auto everything = QDBusConnection::ExportAllContents;
-        ASSERT_TRUE(bus.registerObject(u"/org/freedesktop/GeoClue2/Manager"_s, &manager, everything));
-        ASSERT_TRUE(bus.registerObject(u"/client/1"_s, &client, everything));
-        ASSERT_TRUE(bus.registerObject(u"/client/1/location"_s, &position, everything));
-        ASSERT_TRUE(bus.registerService(u"org.freedesktop.GeoClue2"_s));
+        ASSERT_TRUE(service.registerObject(u"/org/freedesktop/GeoClue2/Manager"_s, &manager, everything));
+        ASSERT_TRUE(service.registerObject(u"/client/1"_s, &client, everything));
+        ASSERT_TRUE(service.registerObject(u"/client/1/location"_s, &position, everything));
+        ASSERT_TRUE(service.registerService(u"org.freedesktop.GeoClue2"_s));
     }
     void tellPosition()
     {
         Q_EMIT client.LocationUpdated(QDBusObjectPath(u"/"_s), QDBusObjectPath(u"/client/1/location"_s));
     }
+
+    const PrivateBus bus;
     FakeManager manager;
     FakeClient client;
     FakePosition position;
-    OpenBus openBus()
-    {
-        return [this] { return QDBusConnection::connectToBus(m_address, u"client"_s); };
-    }
     QList<LocationAuthorization> answers; // told by the source
     QList<Location> places;
     int failures = 0;
-
-private:
-    QProcess m_daemon;
-    QString m_address;
-
-protected:
-    GeoClueLocation source{openBus(), {300ms, 0ms}};
+    GeoClueLocation source{bus.opener(), {300ms, 0ms}};
 };
 
 TEST_F(GeoClueLocationTest, TellsOneLocationForAllWhoAskMeanwhile)
@@ -182,7 +160,7 @@ TEST_F(GeoClueLocationTest, EveryRefusalIsTold)
         SCOPED_TRACE(each.what);
         manager.open = each.open;
         client.refusal = each.refusal;
-        GeoClueLocation firm(openBus(), {300ms, 1h});
+        GeoClueLocation firm(bus.opener(), {300ms, 1h});
         bool told = false;
         QObject::connect(&firm, &LocationSource::changed, [&told] { told = true; });
         firm.requestLocation();

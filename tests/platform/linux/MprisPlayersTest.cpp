@@ -18,8 +18,7 @@ TEST_F(MprisPlayersTest, KnowsWhoRuns)
 {
     const auto spotify = fake(u"spotify"_s, u"Spotify"_s);
     auto vlc = fake(u"vlc.instance7"_s, u"VLC media player"_s);
-    const auto stranger = QDBusConnection::connectToBus(address, u"stranger"_s);
-    ASSERT_TRUE(QDBusConnection(stranger).registerService(u"org.mpris.MediaPlayer2x.other"_s));
+    ASSERT_TRUE(bus.connection(u"stranger"_s).registerService(u"org.mpris.MediaPlayer2x.other"_s));
     EXPECT_TRUE(players.players().isEmpty());
     players.start();
     players.start();
@@ -34,7 +33,6 @@ TEST_F(MprisPlayersTest, KnowsWhoRuns)
     vlc.reset();
     ASSERT_TRUE(waitUntil([this] { return names().size() == 3; }));
     EXPECT_THAT(names(), ElementsAre(u"Amarok"_s, u"web"_s, u"Spotify"_s));
-    QDBusConnection::disconnectFromBus(u"stranger"_s);
 }
 
 TEST_F(MprisPlayersTest, ASecondPlayerTakesOver)

@@ -78,22 +78,15 @@ class PlasmaPictureTest : public ToolDesk {
 protected:
     void SetUp() override
     {
-        if (QStandardPaths::findExecutable(u"duk"_s).isEmpty() || bus.address.isEmpty())
+        if (QStandardPaths::findExecutable(u"duk"_s).isEmpty() || !bus.isRunning())
             GTEST_SKIP() << "duk or dbus-daemon is not installed";
-        server = QDBusConnection::connectToBus(QString::fromLatin1(bus.address), u"plasma"_s);
+        server = bus.connection(u"plasma"_s);
         ASSERT_TRUE(server.registerObject(u"/PlasmaShell"_s, &shell, QDBusConnection::ExportAllSlots));
         ASSERT_TRUE(server.registerService(u"org.kde.plasmashell"_s));
         shell.desktops = {desktopOf(30, 0, u"org.kde.image"_s, {{u"Image"_s, u"file:///usr/right.png"_s}}),
             desktopOf(31, 1, u"org.kde.color"_s, {{u"Image"_s, u"/usr/left.png"_s}, {u"FillMode"_s, u"6"_s}}),
             desktopOf(32, -1, u"org.kde.image"_s, {{u"Image"_s, u"file:///usr/elsewhere.png"_s}})};
-        desktop.emplace(QDBusConnection::connectToBus(QString::fromLatin1(bus.address), u"client"_s),
-            std::chrono::milliseconds(3000), &screens);
-    }
-    void TearDown() override
-    {
-        desktop.reset();
-        QDBusConnection::disconnectFromBus(u"plasma"_s);
-        QDBusConnection::disconnectFromBus(u"client"_s);
+        desktop.emplace(bus.connection(u"client"_s), std::chrono::milliseconds(3000), &screens);
     }
     static QList<ConnectedScreen> screens()
     {

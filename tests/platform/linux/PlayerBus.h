@@ -5,13 +5,11 @@
 #include "platform/linux/kernel/SystemClock.h"
 #include "platform/recording/RecordingHttpClient.h"
 #include "services/NowPlayingService.h"
+#include "support/PrivateBus.h"
 #include "support/WaitUntil.h"
 
-#include <QCoreApplication>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
-#include <QProcess>
-#include <QStandardPaths>
 
 #include <gtest/gtest.h>
 
@@ -27,9 +25,9 @@ inline const auto playerPath = u"/org/mpris/MediaPlayer2"_s;
 /// A player that says what the test wants.
 class FakePlayer final : public QDBusVirtualObject {
 public:
-    FakePlayer(const QString& address, const QString& name, const QString& identity)
+    FakePlayer(QDBusConnection bus, const QString& name, const QString& identity)
         : self{{u"Identity"_s, identity}}
-        , m_bus(QDBusConnection::connectToBus(address, name))
+        , m_bus(std::move(bus))
     {
         m_bus.registerVirtualObject(playerPath, this);
         m_bus.registerService(playerFamily + u'.' + name);
@@ -84,23 +82,13 @@ class PlayerBusTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        const auto daemon = QStandardPaths::findExecutable(u"dbus-daemon"_s);
-        if (daemon.isEmpty())
+        if (!bus.isRunning())
             GTEST_SKIP() << "dbus-daemon is not installed";
-        m_daemon.start(daemon, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-        ASSERT_TRUE(m_daemon.waitForReadyRead(5000));
-        address = QString::fromLatin1(m_daemon.readLine().trimmed());
-    }
-    void TearDown() override
-    {
-        QDBusConnection::disconnectFromBus(u"client"_s);
-        m_daemon.kill();
-        m_daemon.waitForFinished();
     }
 
     std::unique_ptr<FakePlayer> fake(const QString& name, const QString& identity) const
     {
-        return std::make_unique<FakePlayer>(address, name, identity);
+        return std::make_unique<FakePlayer>(bus.connection(name), name, identity);
     }
     QStringList names() const
     {
@@ -115,14 +103,11 @@ protected:
         return waitUntil([this, &wanted] { return title() == wanted; });
     }
 
-    QString address;
+    const PrivateBus bus;
     SystemClock clock;
     RecordingHttpClient http;
-    MprisPlayers players{[this] { return QDBusConnection::connectToBus(address, u"client"_s); }};
+    MprisPlayers players{bus.opener()};
     NowPlayingService service{players, http, clock};
-
-private:
-    QProcess m_daemon;
 };
 
 } // namespace ambrelle

@@ -1,11 +1,10 @@
 #include "platform/linux/bus/PortalAppearance.h"
+#include "support/PrivateBus.h"
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QDBusVariant>
 #include <QDir>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -35,22 +34,8 @@ class PortalAppearanceTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        const auto daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
-        if (daemon.isEmpty())
+        if (!bus.isRunning())
             GTEST_SKIP() << "dbus-daemon is not installed";
-        m_daemon.start(
-            daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        ASSERT_TRUE(m_daemon.waitForReadyRead(5000));
-        m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
-        portal = QDBusConnection::connectToBus(m_address, QStringLiteral("portal"));
-        ASSERT_TRUE(portal.isConnected());
-    }
-    void TearDown() override
-    {
-        for (const char* name : {"portal", "client"})
-            QDBusConnection::disconnectFromBus(QLatin1String(name));
-        m_daemon.kill();
-        m_daemon.waitForFinished();
     }
 
     void startPortal()
@@ -66,23 +51,17 @@ protected:
         signal.setArguments({QLatin1String(section), QLatin1String(key), QVariant::fromValue(QDBusVariant(value))});
         ASSERT_TRUE(portal.send(signal));
     }
-    OpenBus openBus()
-    {
-        return [this] { return QDBusConnection::connectToBus(m_address, QStringLiteral("client")); };
-    }
-    FakeSettings settings;
-    QDBusConnection portal{QString()};
 
-private:
-    QProcess m_daemon;
-    QString m_address;
+    const PrivateBus bus;
+    FakeSettings settings;
+    QDBusConnection portal = bus.connection(QStringLiteral("portal"));
 };
 
 TEST_F(PortalAppearanceTest, FollowsThePortal)
 {
     settings.scheme = 1U;
     startPortal();
-    PortalAppearance appearance(openBus());
+    PortalAppearance appearance(bus.opener());
     int changes = 0;
     QObject::connect(&appearance, &SystemAppearance::changed, [&changes] { ++changes; });
     EXPECT_FALSE(appearance.isAvailable());
@@ -111,7 +90,7 @@ TEST_F(PortalAppearanceTest, WithoutAPortalTheDesktopsSettingsTell)
     script.close();
     const auto path = qgetenv("PATH");
     qputenv("PATH", QFile::encodeName(folder.path()) + ':' + path);
-    PortalAppearance appearance(openBus());
+    PortalAppearance appearance(bus.opener());
     EXPECT_TRUE(waitUntil([&appearance] { return appearance.isDark(); }));
     EXPECT_TRUE(appearance.isAvailable());
 

@@ -46,7 +46,7 @@ protected:
         ASSERT_TRUE(cover.save(m_folder.filePath(u"cover.png"_s)));
 
         auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address);
+        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.address());
         environment.insert(u"HOME"_s, m_folder.path());
         mpv.setProcessEnvironment(environment);
         mpv.start(program,
@@ -58,7 +58,6 @@ protected:
     {
         mpv.kill();
         mpv.waitForFinished();
-        PlayerBusTest::TearDown();
     }
     bool waitForState(bool playing) const
     {
@@ -67,11 +66,11 @@ protected:
     /// Asks the player itself to jump that many seconds on.
     void seek(qint64 seconds) const
     {
-        auto bus = QDBusConnection::connectToBus(address, u"client"_s);
+        auto client = bus.connection(u"client"_s);
         auto message = QDBusMessage::createMethodCall(
             u"org.mpris.MediaPlayer2.mpv"_s, playerPath, playerFamily + u".Player"_s, u"Seek"_s);
         message.setArguments({seconds * 1'000'000});
-        bus.send(message);
+        client.send(message);
     }
 
     QProcess mpv;

@@ -1,9 +1,7 @@
 #include "platform/linux/bus/SessionInputMonitor.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QProcess>
-#include <QStandardPaths>
+#include "support/PrivateBus.h"
+#include "support/WaitUntil.h"
 
 #include <gtest/gtest.h>
 
@@ -29,22 +27,8 @@ class SessionInputMonitorTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        const auto daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
-        if (daemon.isEmpty())
+        if (!bus.isRunning())
             GTEST_SKIP() << "dbus-daemon is not installed";
-        m_daemon.start(
-            daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        ASSERT_TRUE(m_daemon.waitForReadyRead(5000));
-        m_address = QString::fromLatin1(m_daemon.readLine().trimmed());
-        desktop = QDBusConnection::connectToBus(m_address, QStringLiteral("desktop"));
-        ASSERT_TRUE(desktop.isConnected());
-    }
-    void TearDown() override
-    {
-        for (const char* name : {"desktop", "client"})
-            QDBusConnection::disconnectFromBus(QLatin1String(name));
-        m_daemon.kill();
-        m_daemon.waitForFinished();
     }
 
     bool offer(QObject& service, const char* name, const char* path)
@@ -61,21 +45,15 @@ protected:
             answer = seconds;
             came = true;
         });
-        const QDeadlineTimer deadline(10000);
-        while (!came && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-        EXPECT_TRUE(came);
+        EXPECT_TRUE(waitUntil([&came] { return came; }));
         return answer.value_or(-1);
     }
 
-    QDBusConnection desktop{QString()};
+    const PrivateBus bus;
+    QDBusConnection desktop = bus.connection(QStringLiteral("desktop"));
     FakeMutter mutter;
     FakeScreenSaver saver;
-    SessionInputMonitor monitor{[this] { return QDBusConnection::connectToBus(m_address, QStringLiteral("client")); }};
-
-private:
-    QProcess m_daemon;
-    QString m_address;
+    SessionInputMonitor monitor{bus.opener()};
 };
 
 TEST_F(SessionInputMonitorTest, asksWhoeverIsThere)

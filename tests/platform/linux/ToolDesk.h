@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/DesktopPicture.h"
+#include "support/PrivateBus.h"
 #include "support/Variable.h"
+#include "support/WaitUntil.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -54,10 +54,7 @@ protected:
         std::optional<Value> answer;
         ask([&answer](const Value& value) { answer = value; });
         EXPECT_FALSE(answer) << "answered before the call was over";
-        const QDeadlineTimer deadline(10000);
-        while (!answer && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-        EXPECT_TRUE(answer) << "no answer";
+        EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); })) << "no answer";
         return answer.value_or(Value());
     }
     static QString set(DesktopPicture& desktop, const QList<ScreenPicture>& pictures)
@@ -82,28 +79,6 @@ protected:
 private:
     const Variable m_path{"PATH", QFile::encodeName(folder.path()) + ':' + qgetenv("PATH")};
     const Variable m_configuration{"XDG_CONFIG_HOME", QFile::encodeName(folder.filePath(QStringLiteral("config")))};
-};
-
-/// A message bus of its own, which ends with the test.
-class PrivateBus {
-public:
-    PrivateBus()
-    {
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-            {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        if (m_daemon.waitForReadyRead(5000))
-            address = m_daemon.readLine().trimmed();
-    }
-    ~PrivateBus()
-    {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
-    QByteArray address; ///< empty where no bus can be started
-
-private:
-    QProcess m_daemon;
 };
 
 } // namespace ambrelle::test

@@ -11,9 +11,9 @@ class XfconfPictureTest : public ToolDesk {
 protected:
     void SetUp() override
     {
-        if (QStandardPaths::findExecutable(u"xfconf-query"_s).isEmpty() || bus.address.isEmpty())
+        if (QStandardPaths::findExecutable(u"xfconf-query"_s).isEmpty() || !bus.isRunning())
             GTEST_SKIP() << "xfconf-query or dbus-daemon is not installed";
-        m_busAddress.emplace("DBUS_SESSION_BUS_ADDRESS", bus.address);
+        m_busAddress.emplace("DBUS_SESSION_BUS_ADDRESS", bus.address().toLatin1());
     }
 
     static QByteArray query(const QStringList& arguments)
