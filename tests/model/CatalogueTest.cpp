@@ -52,54 +52,38 @@ TEST(CatalogueTest, EveryKindCanBeFoundThroughAFilter)
     QSet<WidgetKind> found;
     for (const WidgetCategory category : allCases<WidgetCategory>()) {
         const QList<WidgetKind> members = kinds(category);
-        EXPECT_EQ(QSet<WidgetKind>(members.begin(), members.end()).size(), members.size());
-        EXPECT_LE(shortLabel(category).size(), 8);
-        if (category != WidgetCategory::all)
-            found.unite(QSet<WidgetKind>(members.begin(), members.end()));
+        const QSet<WidgetKind> different(members.begin(), members.end());
+        EXPECT_EQ(different.size(), members.size());
+        EXPECT_LE(shortLabel(category).size(), 8) << "it would be cut";
+        if (category == WidgetCategory::all)
+            EXPECT_EQ(static_cast<std::size_t>(different.size()), allCases<WidgetKind>().size());
+        else
+            found.unite(different);
     }
-    EXPECT_EQ(found.size(), 20);
-    EXPECT_EQ(kinds(WidgetCategory::all).size(), 20);
-    EXPECT_LE(description(WidgetKind::memory).size(), 15);
+    EXPECT_EQ(static_cast<std::size_t>(found.size()), allCases<WidgetKind>().size());
 }
 
 TEST(CatalogueTest, AppearancePartnersPairALightSkinWithADarkOne)
 {
-    int paired = 0;
-    int light = 0;
     for (const Skin skin : allCases<Skin>()) {
-        light += isLight(skin);
         if (const auto partner = appearancePartner(skin)) {
-            ++paired;
             EXPECT_EQ(appearancePartner(*partner), skin);
             EXPECT_NE(isLight(*partner), isLight(skin));
         }
     }
-    EXPECT_EQ(paired, 6);
-    EXPECT_EQ(light, 8);
 }
 
-TEST(CatalogueTest, AccentListsFollowTheSkinThenItsLightness)
+TEST(CatalogueTest, NoTwoSwatchesOfASkinLookTheSame)
 {
-    const auto names = [](Skin skin) {
-        QStringList list;
-        for (const AccentChoice& choice : accentChoices(skin))
-            list << choice.name;
-        return list.join(u' ');
-    };
-    EXPECT_EQ(accentChoices(Skin::cockpit), accentChoices(Skin::apollo));
-    EXPECT_EQ(names(Skin::glass), u"Original Amber Coral Mint Sky Violet Rose");
-    EXPECT_EQ(names(Skin::lumen), u"Original Crimson Cobalt Forest Tangerine Plum");
-    EXPECT_EQ(names(Skin::hifi), u"Original Ice Red LED Green Violet");
     for (const Skin skin : allCases<Skin>()) {
         const QList<AccentChoice> choices = accentChoices(skin);
-        EXPECT_FALSE(choices.front().color);
+        EXPECT_FALSE(choices.front().color) << "the first one is the skin's own";
         QSet<QString> seen;
         for (const AccentChoice& choice : choices.mid(1)) {
             ASSERT_TRUE(choice.color && choice.color->isValid());
             seen.insert(choice.color->name());
         }
-        EXPECT_EQ(seen.size(), choices.size() - 1) << "two swatches look the same";
-        EXPECT_EQ(supportsAccent(skin), skin != Skin::aero && skin != Skin::classic);
+        EXPECT_EQ(seen.size(), choices.size() - 1) << rawValue(skin).data();
     }
 }
 

@@ -11,6 +11,9 @@
 
 #include <QPainter>
 
+#include <functional>
+#include <type_traits>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -34,345 +37,228 @@ QString emptySentence(WidgetKind kind)
     }
 }
 
-// Each overload takes a sample to one state; kinds whose sample already is that state have none.
+/// A change of one kind of reading; the others stay as they are.
+using Edit = std::function<void(Reading&)>;
 
-void makeQuiet(CpuReading& r)
+template <typename R> Edit with(void (*change)(R&))
 {
-    r.percent = 0;
-    r.load = u"Load 0.00"_s;
-    r.history.fill(0);
-    r.perCore.fill(0);
-}
-void makeQuiet(MemoryReading& r)
-{
-    r.history.fill(0);
-}
-void makeQuiet(DiskReading& r)
-{
-    r.name = u"A"_s;
-    r.percent = 0;
-    r.fraction = 0;
-}
-void makeQuiet(BatteryReading& r)
-{
-    r.percent = 4;
-    r.level = 0.04;
-    r.low = true;
-    r.remaining.clear();
-    r.charging = r.onMains = false;
-    r.state = u"On battery"_s;
-}
-void makeQuiet(NetworkReading& r)
-{
-    r.down = r.up = {u"0.00"_s, u"KB/s"_s};
-    r.downHistory.fill(0);
-    r.upHistory.fill(0);
-}
-void makeQuiet(DownloadsReading& r)
-{
-    r.down = r.up = {u"0"_s, u"KB"_s};
-    r.share = 0;
-}
-void makeQuiet(ProcessesReading& r)
-{
-    r.rows = {{u"x"_s, u"0.0%"_s, 0}};
-}
-void makeQuiet(EventsReading& r)
-{
-    r.rows = {{u"9:05"_s, u"x"_s, Qt::red}};
-}
-void makeQuiet(NowPlayingReading& r)
-{
-    r.title = r.artist = u"x"_s;
-    r.progress = 0;
-    r.playing = false;
-    r.artwork = {};
-}
-void makeQuiet(RemindersReading& r)
-{
-    r.rows = {{.id = u"1"_s, .title = u"x"_s}};
-}
-void makeQuiet(DevicesReading& r)
-{
-    r.rows = {{.symbol = u"keyboard"_s, .name = u"x"_s}};
-}
-void makeQuiet(WeatherReading& r)
-{
-    r.place = u"Å"_s;
-    r.temperature = u"0"_s;
-    r.description = u"—"_s;
-    r.sky = Sky::unknown;
-    r.days.clear();
-}
-void makeQuiet(CountdownReading& r)
-{
-    r.days = u"0"_s;
-    r.unit = u"days: today"_s;
-    r.title.clear();
-    r.progress = 1;
-}
-void makeQuiet(ActivityReading& r)
-{
-    r.hours.fill(0);
-    r.active = u"0 min"_s;
-    r.metres.clear();
-    r.clicks.clear();
-    r.hint = u"Active time only"_s;
-}
-void makeQuiet(QuoteReading& r)
-{
-    r = {.text = u"The pleasant smell of earth after rain falls on dry ground."_s,
-        .source = u"Petrichor"_s,
-        .note = u"noun · PET-ri-kor"_s,
-        .word = true};
-}
-void makeQuiet(FocusReading& r)
-{
-    r = {.phase = u"Focus"_s, .remaining = u"0:00"_s};
-}
-void makeQuiet(SkyReading& r)
-{
-    r.sunrise.clear();
-    r.sunset.clear();
-    r.sun.reset();
-    r.phase = u"New Moon"_s;
-    r.fraction = 0;
-}
-void makeQuiet(ClockReading& r)
-{
-    r.hours = u"00"_s;
-    r.minutes = u"00"_s;
-    r.city.clear();
-    r.offset.clear();
-}
-void makeQuiet(CalendarReading& r)
-{
-    r.firstColumn = 0;
-    r.days = 28;
-    r.today = 1;
-}
-void makeQuiet(PhotoReading& r)
-{
-    r.fills = false;
+    return [change](Reading& reading) {
+        if (R* mine = std::get_if<R>(&reading))
+            change(*mine);
+    };
 }
 
-void makeExtreme(CpuReading& r)
+template <typename R, typename T> Edit set(T R::*member, const std::type_identity_t<T>& value)
 {
-    r.percent = 100;
-    r.load = u"Load 128.00"_s;
-    r.cores = u"256 cores"_s;
-    r.history.fill(1);
-    r.perCore = QList<double>(256, 1);
-    r.high = true;
+    return [member, value](Reading& reading) {
+        if (R* mine = std::get_if<R>(&reading))
+            mine->*member = value;
+    };
 }
-void makeExtreme(MemoryReading& r)
+
+/// All entries of a list.
+template <typename R> Edit fill(QList<double> R::*list, double value)
 {
-    r.percent = 100;
-    r.used = u"1023.9"_s;
-    r.total = u"of 1024 GB"_s;
-    r.parts = {
-        {u"App"_s, u"700.0 GB"_s, 0.68}, {u"Wired"_s, u"200.0 GB"_s, 0.2}, {u"Compressed"_s, u"123.9 GB"_s, 0.12}};
-    r.history.fill(1);
-    r.high = true;
+    return [list, value](Reading& reading) {
+        if (R* mine = std::get_if<R>(&reading))
+            (mine->*list).fill(value);
+    };
 }
-void makeExtreme(DiskReading& r)
+
+/// A member of all rows.
+template <typename R, typename Row, typename T>
+Edit fill(QList<Row> R::*rows, T Row::*member, const std::type_identity_t<T>& value)
 {
-    r.percent = 100;
-    r.fraction = 1;
-    r.free = u"16000"_s;
-    r.total = u"of 16000 GB"_s;
-    r.high = true;
+    return [=](Reading& reading) {
+        if (R* mine = std::get_if<R>(&reading)) {
+            for (Row& row : mine->*rows)
+                row.*member = value;
+        }
+    };
 }
-void makeExtreme(BatteryReading& r)
-{
-    r.percent = 100;
-    r.level = 1;
-    r.low = false;
-    r.charging = r.onMains = true;
-    r.state = u"Charging"_s;
-    r.remaining = u"23:59 to full"_s;
-}
-void makeExtreme(NetworkReading& r)
-{
-    r.down = {u"1000.00"_s, u"KB/s"_s};
-    r.up = {u"1187.50"_s, u"MB/s"_s};
-    r.downHistory.fill(1.1875e9);
-    r.upHistory.fill(1.1875e9);
-    r.peak = 1.1875e9;
-}
-void makeExtreme(DownloadsReading& r)
-{
-    r.down = {u"18446.74"_s, u"GB"_s};
-    r.up = {u"18446.74"_s, u"GB"_s};
-    r.hint = u"Resets every 10080 min"_s;
-    r.share = 1;
-}
-void makeExtreme(ProcessesReading& r)
-{
-    r.rows.clear();
-    for (int row = 0; row < 8; ++row)
-        r.rows.append({u"Web Content"_s, u"1600.0%"_s, 1});
-}
-void makeExtreme(WeatherReading& r)
-{
-    r.temperature = u"-40"_s;
-    r.description = u"Thunderstorms"_s;
-    r.sky = Sky::thunder;
-    r.high = u"-38°"_s;
-    r.low = u"-104°"_s;
-    for (WeatherReading::Day& day : r.days) {
-        day.high = u"-38°"_s;
-        day.low = u"-104°"_s;
-        day.highFraction = day.lowFraction = 1;
-    }
-}
-void makeExtreme(EventsReading& r)
-{
-    r.day = u"Wednesday 30"_s;
-    r.rows.clear();
-    for (int row = 0; row < 8; ++row)
-        r.rows.append({u"Wed 23:59"_s, u"Quarterly planning"_s, Qt::yellow});
-}
-void makeExtreme(NowPlayingReading& r)
-{
-    r.progress = 1;
-    r.elapsed = r.total = u"600:00"_s;
-}
-void makeExtreme(RemindersReading& r)
-{
-    r.rows.clear();
-    for (int row = 0; row < 12; ++row)
-        r.rows.append({.id = QString::number(row),
-            .title = u"Renew the passport"_s,
-            .due = u"31 December 2026"_s,
-            .overdue = true});
-}
-void makeExtreme(DevicesReading& r)
-{
-    while (r.rows.size() < 8)
-        r.rows.append(
+
+// What takes a sample to a state; kinds whose sample already is that state have no edits.
+
+const QList<Edit> quiet{
+    set(&CpuReading::percent, 0),
+    set(&CpuReading::load, u"Load 0.00"_s),
+    fill(&CpuReading::history, 0),
+    fill(&CpuReading::perCore, 0),
+    fill(&MemoryReading::history, 0),
+    set(&DiskReading::name, u"A"_s),
+    set(&DiskReading::percent, 0),
+    set(&DiskReading::fraction, 0),
+    set(&BatteryReading::percent, 4),
+    set(&BatteryReading::level, 0.04),
+    set(&BatteryReading::low, true),
+    set(&BatteryReading::remaining, {}),
+    set(&BatteryReading::charging, false),
+    set(&BatteryReading::onMains, false),
+    set(&BatteryReading::state, u"On battery"_s),
+    set(&NetworkReading::down, {u"0.00"_s, u"KB/s"_s}),
+    set(&NetworkReading::up, {u"0.00"_s, u"KB/s"_s}),
+    fill(&NetworkReading::downHistory, 0),
+    fill(&NetworkReading::upHistory, 0),
+    set(&DownloadsReading::down, {u"0"_s, u"KB"_s}),
+    set(&DownloadsReading::up, {u"0"_s, u"KB"_s}),
+    set(&DownloadsReading::share, 0),
+    set(&ProcessesReading::rows, {{u"x"_s, u"0.0%"_s, 0}}),
+    set(&EventsReading::rows, {{u"9:05"_s, u"x"_s, Qt::red}}),
+    set(&NowPlayingReading::title, u"x"_s),
+    set(&NowPlayingReading::artist, u"x"_s),
+    set(&NowPlayingReading::progress, 0),
+    set(&NowPlayingReading::playing, false),
+    set(&NowPlayingReading::artwork, {}),
+    set(&RemindersReading::rows, {{.id = u"1"_s, .title = u"x"_s}}),
+    set(&DevicesReading::rows, {{.symbol = u"keyboard"_s, .name = u"x"_s}}),
+    set(&WeatherReading::place, u"Å"_s),
+    set(&WeatherReading::temperature, u"0"_s),
+    set(&WeatherReading::description, u"—"_s),
+    set(&WeatherReading::sky, Sky::unknown),
+    set(&WeatherReading::days, {}),
+    set(&CountdownReading::days, u"0"_s),
+    set(&CountdownReading::unit, u"days: today"_s),
+    set(&CountdownReading::title, {}),
+    set(&CountdownReading::progress, 1),
+    fill(&ActivityReading::hours, 0),
+    set(&ActivityReading::active, u"0 min"_s),
+    set(&ActivityReading::metres, {}),
+    set(&ActivityReading::clicks, {}),
+    set(&ActivityReading::hint, u"Active time only"_s),
+    set(&QuoteReading::text, u"The pleasant smell of earth after rain falls on dry ground."_s),
+    set(&QuoteReading::source, u"Petrichor"_s),
+    set(&QuoteReading::note, u"noun · PET-ri-kor"_s),
+    set(&QuoteReading::word, true),
+    with<FocusReading>([](auto& r) { r = {.phase = u"Focus"_s, .remaining = u"0:00"_s}; }),
+    set(&SkyReading::sunrise, {}),
+    set(&SkyReading::sunset, {}),
+    set(&SkyReading::sun, {}),
+    set(&SkyReading::phase, u"New Moon"_s),
+    set(&SkyReading::fraction, 0),
+    set(&ClockReading::hours, u"00"_s),
+    set(&ClockReading::minutes, u"00"_s),
+    set(&ClockReading::city, {}),
+    set(&ClockReading::offset, {}),
+    set(&CalendarReading::firstColumn, 0),
+    set(&CalendarReading::days, 28),
+    set(&CalendarReading::today, 1),
+    set(&PhotoReading::fills, false),
+};
+
+const QList<Edit> extreme{
+    set(&CpuReading::percent, 100),
+    set(&CpuReading::load, u"Load 128.00"_s),
+    set(&CpuReading::cores, u"256 cores"_s),
+    fill(&CpuReading::history, 1),
+    set(&CpuReading::perCore, QList<double>(256, 1)),
+    set(&CpuReading::high, true),
+    set(&MemoryReading::percent, 100),
+    set(&MemoryReading::used, u"1023.9"_s),
+    set(&MemoryReading::total, u"of 1024 GB"_s),
+    fill(&MemoryReading::history, 1),
+    set(&MemoryReading::high, true),
+    set(&MemoryReading::parts,
+        {{u"App"_s, u"700.0 GB"_s, 0.68}, {u"Wired"_s, u"200.0 GB"_s, 0.2}, {u"Compressed"_s, u"123.9 GB"_s, 0.12}}),
+    set(&DiskReading::percent, 100),
+    set(&DiskReading::fraction, 1),
+    set(&DiskReading::free, u"16000"_s),
+    set(&DiskReading::total, u"of 16000 GB"_s),
+    set(&DiskReading::high, true),
+    set(&BatteryReading::percent, 100),
+    set(&BatteryReading::level, 1),
+    set(&BatteryReading::low, false),
+    set(&BatteryReading::charging, true),
+    set(&BatteryReading::onMains, true),
+    set(&BatteryReading::state, u"Charging"_s),
+    set(&BatteryReading::remaining, u"23:59 to full"_s),
+    set(&NetworkReading::down, {u"1000.00"_s, u"KB/s"_s}),
+    set(&NetworkReading::up, {u"1187.50"_s, u"MB/s"_s}),
+    fill(&NetworkReading::downHistory, 1.1875e9),
+    fill(&NetworkReading::upHistory, 1.1875e9),
+    set(&NetworkReading::peak, 1.1875e9),
+    set(&DownloadsReading::down, {u"18446.74"_s, u"GB"_s}),
+    set(&DownloadsReading::up, {u"18446.74"_s, u"GB"_s}),
+    set(&DownloadsReading::hint, u"Resets every 10080 min"_s),
+    set(&DownloadsReading::share, 1),
+    set(&ProcessesReading::rows, QList<ProcessesReading::Row>(8, {u"Web Content"_s, u"1600.0%"_s, 1})),
+    set(&WeatherReading::temperature, u"-40"_s),
+    set(&WeatherReading::description, u"Thunderstorms"_s),
+    set(&WeatherReading::sky, Sky::thunder),
+    set(&WeatherReading::high, u"-38°"_s),
+    set(&WeatherReading::low, u"-104°"_s),
+    fill(&WeatherReading::days, &WeatherReading::Day::high, u"-38°"_s),
+    fill(&WeatherReading::days, &WeatherReading::Day::low, u"-104°"_s),
+    fill(&WeatherReading::days, &WeatherReading::Day::highFraction, 1),
+    fill(&WeatherReading::days, &WeatherReading::Day::lowFraction, 1),
+    set(&EventsReading::day, u"Wednesday 30"_s),
+    set(&EventsReading::rows, QList<EventsReading::Row>(8, {u"Wed 23:59"_s, u"Quarterly planning"_s, Qt::yellow})),
+    set(&NowPlayingReading::progress, 1),
+    set(&NowPlayingReading::elapsed, u"600:00"_s),
+    set(&NowPlayingReading::total, u"600:00"_s),
+    with<RemindersReading>([](auto& r) {
+        r.rows.clear();
+        for (int row = 0; row < 12; ++row)
+            r.rows.append({.id = QString::number(row),
+                .title = u"Renew the passport"_s,
+                .due = u"31 December 2026"_s,
+                .overdue = true});
+    }),
+    with<DevicesReading>([](auto& r) {
+        r.rows.resize(8,
             {.symbol = u"headphones"_s, .name = u"Headphones"_s, .level = 1, .percent = u"100%"_s, .charging = true});
-}
-void makeExtreme(CountdownReading& r)
-{
-    r.days = u"99999"_s;
-    r.unit = u"days ago"_s;
-    r.progress = 1;
-}
-void makeExtreme(ActivityReading& r)
-{
-    r.hours.fill(1);
-    r.active = u"24 h 59 min"_s;
-    r.metres = u"12,345 m"_s;
-    r.clicks = u"999,999 clicks"_s;
-    r.hour = 23;
-}
-void makeExtreme(QuoteReading& r)
-{
-    r.text =
+    }),
+    set(&CountdownReading::days, u"99999"_s),
+    set(&CountdownReading::unit, u"days ago"_s),
+    set(&CountdownReading::progress, 1),
+    fill(&ActivityReading::hours, 1),
+    set(&ActivityReading::active, u"24 h 59 min"_s),
+    set(&ActivityReading::metres, u"12,345 m"_s),
+    set(&ActivityReading::clicks, u"999,999 clicks"_s),
+    set(&ActivityReading::hour, 23),
+    set(&QuoteReading::text,
         u"It is not because things are difficult that we do not dare; it is because we do not dare that things are "
-        "difficult, and so the days go by one after another."_s;
-    r.source = u"Attributed to Lucius Annaeus Seneca the Younger"_s;
-}
-void makeExtreme(FocusReading& r)
-{
-    r.phase = u"Long break"_s;
-    r.remaining = u"180:00"_s;
-    r.progress = 1;
-    r.running = true;
-    r.sessions = 4;
-}
-void makeExtreme(SkyReading& r)
-{
-    r.phase = u"Waxing Gibbous"_s;
-    r.fraction = 0.43;
-    r.illumination = u"100% lit"_s;
-    r.sunrise = r.sunset = u"23:59"_s;
-    r.sun = 1;
-}
-void makeExtreme(ClockReading& r)
-{
-    r.hours = u"12"_s;
-    r.minutes = u"44"_s;
-    r.meridiem = u"PM"_s;
-    r.weekday = u"Wednesday"_s;
-    r.date = u"September 30"_s;
-    r.month = u"September"_s;
-    r.day = 30;
-    r.hour24 = 12;
-    r.minute = 44;
-}
-void makeExtreme(CalendarReading& r)
-{
-    r.month = u"September"_s;
-    r.firstColumn = 6;
-    r.days = 31;
-    r.today = 31;
-}
-void makeExtreme(PhotoReading&) { }
+        "difficult, and so the days go by one after another."_s),
+    set(&QuoteReading::source, u"Attributed to Lucius Annaeus Seneca the Younger"_s),
+    set(&FocusReading::phase, u"Long break"_s),
+    set(&FocusReading::remaining, u"180:00"_s),
+    set(&FocusReading::progress, 1),
+    set(&FocusReading::running, true),
+    set(&FocusReading::sessions, 4),
+    set(&SkyReading::phase, u"Waxing Gibbous"_s),
+    set(&SkyReading::fraction, 0.43),
+    set(&SkyReading::illumination, u"100% lit"_s),
+    set(&SkyReading::sunrise, u"23:59"_s),
+    set(&SkyReading::sunset, u"23:59"_s),
+    set(&SkyReading::sun, 1),
+    set(&ClockReading::hours, u"12"_s),
+    set(&ClockReading::minutes, u"44"_s),
+    set(&ClockReading::meridiem, u"PM"_s),
+    set(&ClockReading::weekday, u"Wednesday"_s),
+    set(&ClockReading::date, u"September 30"_s),
+    set(&ClockReading::month, u"September"_s),
+    set(&ClockReading::day, 30),
+    set(&ClockReading::hour24, 12),
+    set(&ClockReading::minute, 44),
+    set(&CalendarReading::month, u"September"_s),
+    set(&CalendarReading::firstColumn, 6),
+    set(&CalendarReading::days, 31),
+    set(&CalendarReading::today, 31),
+};
 
-template <typename R> void lengthen(R&) { }
-void lengthen(ClockReading& r)
-{
-    r.city = longName;
-    r.offset = u"12 h 45 min ahead"_s;
-}
-void lengthen(DiskReading& r)
-{
-    r.name = longName;
-}
-void lengthen(WeatherReading& r)
-{
-    r.place = longName;
-}
-void lengthen(NowPlayingReading& r)
-{
-    r.title = r.artist = longName;
-}
-void lengthen(CountdownReading& r)
-{
-    r.title = longName;
-}
-void lengthen(QuoteReading& r)
-{
-    r.source = longName;
-}
-template <typename R>
-requires requires(R r)
-{
-    r.rows.first().title;
-}
-void lengthenTitles(R& r)
-{
-    for (auto& row : r.rows)
-        row.title = longName;
-}
-template <typename R>
-requires requires(R r)
-{
-    r.rows.first().name;
-}
-void lengthenNames(R& r)
-{
-    for (auto& row : r.rows)
-        row.name = longName;
-}
-void lengthen(EventsReading& r)
-{
-    lengthenTitles(r);
-}
-void lengthen(RemindersReading& r)
-{
-    lengthenTitles(r);
-}
-void lengthen(ProcessesReading& r)
-{
-    lengthenNames(r);
-}
-void lengthen(DevicesReading& r)
-{
-    lengthenNames(r);
-}
+const QList<Edit> longNames{
+    set(&ClockReading::city, longName),
+    set(&ClockReading::offset, u"12 h 45 min ahead"_s),
+    set(&DiskReading::name, longName),
+    set(&WeatherReading::place, longName),
+    set(&NowPlayingReading::title, longName),
+    set(&NowPlayingReading::artist, longName),
+    set(&CountdownReading::title, longName),
+    set(&QuoteReading::source, longName),
+    fill(&EventsReading::rows, &EventsReading::Row::title, longName),
+    fill(&RemindersReading::rows, &RemindersReading::Row::title, longName),
+    fill(&ProcessesReading::rows, &ProcessesReading::Row::name, longName),
+    fill(&DevicesReading::rows, &DevicesReading::Row::name, longName),
+};
 
 /// Bright above and dark below, as photographs are.
 QImage landscape()
@@ -402,17 +288,15 @@ Reading sample(WidgetKind kind, const QLocale& locale)
 Reading stateReading(WidgetKind kind, FaceState state, const QLocale& locale)
 {
     Reading reading = sample(kind, locale);
-    std::visit(
-        [&](auto& value) {
-            switch (state) {
-            case FaceState::sample: break;
-            case FaceState::empty: value.notice = {symbol(kind), emptySentence(kind)}; break;
-            case FaceState::quiet: makeQuiet(value); break;
-            case FaceState::extreme: makeExtreme(value); break;
-            case FaceState::longNames: lengthen(value); break;
-            }
-        },
-        reading);
+    if (state == FaceState::empty)
+        std::visit([kind](auto& value) { value.notice = {symbol(kind), emptySentence(kind)}; }, reading);
+    for (const auto& [each, edits] :
+        {std::pair(FaceState::quiet, &quiet), {FaceState::extreme, &extreme}, {FaceState::longNames, &longNames}}) {
+        if (each != state)
+            continue;
+        for (const Edit& edit : *edits)
+            edit(reading);
+    }
     return reading;
 }
 
