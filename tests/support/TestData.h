@@ -9,10 +9,10 @@
 
 namespace ambrelle {
 
-/// A recorded text from tests/data/linux.
-inline QByteArray testData(const char* name)
+/// A recorded text from a folder of tests/data.
+inline QByteArray testData(const char* name, const char* folder = "linux")
 {
-    QFile file(QStringLiteral(AMBRELLE_TEST_DATA "/linux/") + QLatin1String(name));
+    QFile file(QStringLiteral(AMBRELLE_TEST_DATA "/%1/%2").arg(QLatin1String(folder), QLatin1String(name)));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
     return file.readAll();
 }

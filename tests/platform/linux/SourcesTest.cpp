@@ -1,7 +1,6 @@
 #include "support/TestData.h"
 
 #include "platform/linux/kernel/LinuxSources.h"
-#include "platform/mac/ListerProcessSource.h"
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>
@@ -241,35 +240,6 @@ TEST(ProcessSourceTest, TheBusyProcessStandsOutWithItsName)
     EXPECT_GT(found->memory, 0);
     EXPECT_LT(found->memory, 50);
     EXPECT_FALSE(LinuxProcessSource("/nowhere").isAvailable());
-}
-
-TEST(ProcessSourceTest, TheListerRunsApartAndMayFail)
-{
-    QList<ProcessRow> rows;
-    int answers = 0;
-    const auto take = [&rows, &answers](const QList<ProcessRow>& given) {
-        rows = given;
-        ++answers;
-    };
-    ListerProcessSource lister;
-    if (!lister.isAvailable())
-        GTEST_SKIP() << "ps is not installed";
-    lister.top(3, take);
-    EXPECT_EQ(answers, 0);
-    ASSERT_TRUE(waitUntil([&answers] { return answers == 1; }));
-    EXPECT_EQ(rows.size(), 3);
-
-    ListerProcessSource failing(QStringLiteral("false"), {});
-    failing.top(3, take);
-    ASSERT_TRUE(waitUntil([&answers] { return answers == 2; }));
-    EXPECT_TRUE(rows.isEmpty());
-    EXPECT_FALSE(ListerProcessSource(QStringLiteral("no-such-lister")).isAvailable());
-    {
-        ListerProcessSource shortLived(QStringLiteral("sleep"), {QStringLiteral("30")});
-        shortLived.top(3, take);
-    }
-    QCoreApplication::processEvents();
-    EXPECT_EQ(answers, 2);
 }
 
 TEST(LinuxSourcesTest, ThisMachineAnswersSensibly)
