@@ -13,7 +13,7 @@ from pathlib import Path
 
 import dbus
 
-from program import Session, pointer, wait_for
+from program import Session, pointer, shot, wait_for
 
 SCREEN_HEIGHT = 800
 FACES = {"nowPlaying": (60, 500, 350), "reminders": (60, 200, 170), "focus": (300, 200, 170)}  # left, bottom, width
@@ -31,9 +31,7 @@ def face(kind):
 def picture(kind):
     """What the face shows, but for its edge, which the toolbar changes."""
     left, top, width, height = face(kind)
-    inner = f"{width - 40}x{height - 20}+{left + 20}+{top + 10}"
-    shot = ["import", "-window", "root", "-crop", inner, "-depth", "8", "rgb:-"]
-    return subprocess.run(shot, check=True, capture_output=True).stdout
+    return shot(left + 20, top + 10, width - 40, height - 20)
 
 
 def click(x, y):
@@ -41,10 +39,10 @@ def click(x, y):
 
 
 def effect_of(click_there, state):
-    """The state before and after a click, once it differs; None when half a second changes nothing."""
+    """The state before and after a click, once it differs; None when a second changes nothing."""
     before = state()
     click_there()
-    end = time.monotonic() + 0.5
+    end = time.monotonic() + 1
     while time.monotonic() < end:
         if (after := state()) != before:
             return before, after
@@ -179,7 +177,7 @@ def main():
             f"DUE;VALUE=DATE:{due}\r\nX-COLOUR-OF-THE-CAT:black\r\nEND:VTODO\r\nEND:VCALENDAR\r\n".encode())
     session.start()
     wait_for("widgets", lambda: len(session.panels()) == len(FACES))
-    time.sleep(1)  # the services begin after the widgets stand, and every click is looked after for half a second
+    time.sleep(1)  # the services begin after the widgets stand
     music(session)
     reminders(session, folder)
     focus()

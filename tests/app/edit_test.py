@@ -10,7 +10,7 @@ import sys
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).parents[1] / "support"))
-from program import Session, pointer, wait_for
+from program import Session, hover, pointer, wait_for
 from status_host import StatusHost
 
 LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
@@ -46,7 +46,8 @@ def face(widget, height):
 
 def drag(start, by):
     x, y = start
-    pointer("mousemove", str(int(x)), str(int(y)), "sleep", "0.2", "mousedown", "1")
+    hover(x, y)
+    pointer("mousedown", "1")
     for step in range(1, 21):
         pointer("mousemove", str(int(x + by[0] * step / 20)), str(int(y + by[1] * step / 20)))
     pointer("sleep", "0.1", "mouseup", "1")

@@ -3,14 +3,10 @@
 import shutil
 import time
 
-from program import Session, pointer, wait_for
+from program import Session, hover, pointer, wait_for
 
 SCREEN_HEIGHT = 800
 LEFT, BOTTOM = 60, 200
-
-
-def click():
-    pointer("mousemove", str(LEFT + 85), str(SCREEN_HEIGHT - BOTTOM - 85), "click", "1")
 
 
 def run(click_to_open):
@@ -24,8 +20,8 @@ def run(click_to_open):
         f"[Desktop Entry]\nType=Application\nName=Monitor\nExec=touch {mark}\n")
     session.start()
     wait_for("widget", lambda: len(session.panels()) == 1)
-    time.sleep(0.5)  # a window manager takes a moment to let the pointer through to a new window
-    click()
+    hover(LEFT + 85, SCREEN_HEIGHT - BOTTOM - 85)
+    pointer("click", "1")
     if click_to_open:
         wait_for("program that the click opens", mark.exists)
     else:

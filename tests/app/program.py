@@ -9,9 +9,11 @@ import time
 from pathlib import Path
 
 PROGRAM = sys.argv[1]
+PATIENCE = 60  # seconds that a very busy machine may take; used up only by a fault
 
 
-def wait_for(what, condition, seconds=10.0):
+def wait_for(what, condition, seconds=PATIENCE):
+    """What the condition gives, once that is something."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         if value := condition():
@@ -22,6 +24,23 @@ def wait_for(what, condition, seconds=10.0):
 
 def pointer(*steps):
     subprocess.run(["xdotool", *steps], check=True)
+
+
+def shot(x, y, width, height):
+    """That part of the screen."""
+    command = ["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "-depth", "8", "rgb:-"]
+    return subprocess.run(command, check=True, capture_output=True).stdout
+
+
+def hover(x, y):
+    """Moves the pointer there and waits until it is in another window than at the screen's corner."""
+    def window():
+        answer = subprocess.run(["xdotool", "getmouselocation", "--shell"], check=True, capture_output=True, text=True)
+        return answer.stdout.partition("WINDOW=")[2].split()[0]
+    pointer("mousemove", "1", "1")
+    corner = window()
+    pointer("mousemove", str(int(x)), str(int(y)))
+    wait_for(f"window at {x}, {y}", lambda: window() != corner)
 
 
 class Session:
@@ -45,7 +64,7 @@ class Session:
 
     def end(self, how=signal.SIGTERM):
         self.process.send_signal(how)
-        self.process.wait(10)
+        self.process.wait(PATIENCE)
 
     def panels(self):
         """Places and sizes of the program's windows on the screen."""

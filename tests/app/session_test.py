@@ -12,7 +12,7 @@ import signal
 import subprocess
 from pathlib import Path
 
-from program import PROGRAM, Session, pointer, wait_for
+from program import PATIENCE, PROGRAM, Session, hover, pointer, wait_for
 
 MARGIN = 30  # points of a panel left of and below the face
 
@@ -24,7 +24,8 @@ def drag_and_kill():
     assert len(session.widgets()) == 12, "the first composition was not stored"
     x, y, width, height = panels[0]
     grip = (x + MARGIN + 60, y + height - MARGIN - 60)
-    pointer("mousemove", *map(str, grip), "sleep", "0.2", "mousedown", "1")
+    hover(*grip)
+    pointer("mousedown", "1")
     for step in range(1, 21):
         pointer("mousemove", str(grip[0] + step * 12), str(grip[1] + step * 5))
     pointer("sleep", "0.1", "mouseup", "1")
@@ -97,7 +98,7 @@ def damaged_stores(session):
         session.store.write_bytes(content)
         session.start()
         expected = 1 if name == "bad records" else None
-        panels = wait_for(f"start with a store that is {name}", session.panels, 20)
+        panels = wait_for(f"start with a store that is {name}", session.panels)
         assert expected is None or len(panels) == expected, f"{name}: {len(panels)} widgets"
         session.end(signal.SIGTERM)
         assert session.process.returncode == 0, f"{name}: ended with {session.process.returncode}"
@@ -107,7 +108,7 @@ def second_start(session):
     session.store.write_text("{}")
     session.start()
     wait_for("first start", session.panels)
-    second = subprocess.run([PROGRAM], env=session.env, timeout=20)
+    second = subprocess.run([PROGRAM], env=session.env, timeout=PATIENCE)
     assert second.returncode == 0 and session.process.poll() is None, "a second start must leave it to the first"
     session.end(signal.SIGTERM)
 

@@ -6,9 +6,8 @@ settings, and then the keys go where they went before.
 """
 import shutil
 import subprocess
-import time
 
-from program import Session, pointer, wait_for
+from program import Session, hover, pointer, shot, wait_for
 
 TOOLBAR_WIDTH, TOOLBAR_HEIGHT, BUTTONS, MARGIN = 196, 32, 4, 30
 
@@ -35,9 +34,11 @@ typed("windowactivate", "--sync", window.split()[0])
 active = active_window()
 session.start()
 x, y, width, height = panel = wait_for("widget", session.panels)[0]
-time.sleep(0.6)  # the panel is watched from half a second on, and may be mapped anew
-pointer("mousemove", str(x + MARGIN + 80), str(y + height - MARGIN - 80), "sleep", "0.2")
-button = (x + (width - TOOLBAR_WIDTH) // 2 + TOOLBAR_WIDTH // BUTTONS // 2, y + TOOLBAR_HEIGHT // 2)
+toolbar = x + (width - TOOLBAR_WIDTH) // 2, y, TOOLBAR_WIDTH, TOOLBAR_HEIGHT
+bare = shot(*toolbar)
+hover(x + MARGIN + 80, y + height - MARGIN - 80)
+wait_for("toolbar", lambda: shot(*toolbar) != bare)
+button = (toolbar[0] + TOOLBAR_WIDTH // BUTTONS // 2, y + TOOLBAR_HEIGHT // 2)
 pointer("mousemove", *map(str, button), "sleep", "0.2", "click", "1")
 wait_for("settings", lambda: len(session.panels()) == 2)
 
@@ -56,6 +57,6 @@ assert active_window() == active
 session.end()
 assert session.process.returncode == 0, f"ended with {session.process.returncode}"
 other.terminate()
-other.wait(10)
+other.wait()
 shutil.rmtree(session.home)
 print("typed a title and picked a date while another application stayed active")

@@ -11,7 +11,7 @@ import time
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).parents[1] / "support"))
-from program import PROGRAM, Session, pointer, wait_for
+from program import PATIENCE, PROGRAM, Session, hover, pointer, wait_for
 from status_host import StatusHost
 
 DOUBLE_CLICK = 0.6  # seconds after which a click is one of its own
@@ -27,7 +27,7 @@ def started(**settings):
 
 
 def ended(session):
-    status = session.process.wait(10)
+    status = session.process.wait(PATIENCE)
     assert status == 0, f"ended with {status}: {session.process.stderr.read()}"
     shutil.rmtree(session.home)
 
@@ -79,8 +79,7 @@ def announced():
     assert [label(line) for line in lines] == MENU, [label(line) for line in lines]
     keys = {label(line): [list(map(str, keys)) for keys in line["shortcut"]] for line in lines if "shortcut" in line}
     assert keys == {"Settings": [["Control", ","]], "Quit Ambrelle": [["Control", "Q"]]}, keys
-    host.activate()
-    host.activate()  # the other half of a double click
+    host.activate(times=2)  # a double click
     time.sleep(DOUBLE_CLICK)
     wait_for("main window after a double click", lambda: main_window(session))
     host.activate()
@@ -140,12 +139,13 @@ def without_tray():
     session = started()
     count = len(session.widgets())
     assert not main_window(session)
-    assert subprocess.run([PROGRAM, "/tmp/gift.ambrelle"], env=session.env, timeout=20).returncode == 0
+    assert subprocess.run([PROGRAM, "/tmp/gift.ambrelle"], env=session.env, timeout=PATIENCE).returncode == 0
     wait_for("main window of a second start", lambda: main_window(session))
     pointer("key", "Escape")
     wait_for("closed main window", lambda: not main_window(session))
     x, y, width, height = session.panels()[0]
-    pointer("mousemove", str(x + width // 2), str(y + height // 2), "sleep", "0.2", "click", "3")
+    hover(x + width // 2, y + height // 2)
+    pointer("click", "3")
     wait_for("menu of a widget", lambda: menus(session))
     pointer("key", "Up", "Return")  # its last line removes it
     wait_for("removal", lambda: len(session.widgets()) == count - 1)

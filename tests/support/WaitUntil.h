@@ -8,15 +8,19 @@
 
 namespace ambrelle {
 
-/// Lets the event loop run until the condition holds, or the time is over; whether it holds.
-inline bool waitUntil(const std::function<bool()>& condition, int milliseconds = 20'000)
+/// Lets the event loop run until the condition holds, or the time is over; whether it holds. The usual time is what a
+/// very busy machine may take: it is used up only by a fault.
+inline bool waitUntil(const std::function<bool()>& condition, int milliseconds = 60'000)
 {
     const QDeadlineTimer deadline(milliseconds);
     QTimer look; // ends the waiting for events now and then
     look.start(10);
-    while (!condition() && !deadline.hasExpired())
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    return condition();
+    }
+    return true;
 }
 
 } // namespace ambrelle

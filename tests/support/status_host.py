@@ -54,7 +54,7 @@ class StatusHost(dbus.service.Object):
         answers = []
         proxy = self.bus.get_object(self.item, path, introspect=False)
         proxy.get_dbus_method(method, interface)(*arguments, reply_handler=lambda *values: answers.append(values),
-                                                 error_handler=lambda error: answers.append(error), timeout=5)
+                                                 error_handler=lambda error: answers.append(error), timeout=60)
         while not answers:
             GLib.MainContext.default().iteration(True)
         if isinstance(answers[0], Exception):
@@ -64,7 +64,11 @@ class StatusHost(dbus.service.Object):
     def property(self, name):
         return self.call("/StatusNotifierItem", dbus.PROPERTIES_IFACE, "Get", ITEM, name)[0]
 
-    def activate(self):
+    def activate(self, times=1):
+        """Clicks the item, however many times in quick succession."""
+        item = dbus.Interface(self.bus.get_object(self.item, "/StatusNotifierItem", introspect=False), ITEM)
+        for _ in range(times - 1):
+            item.Activate(dbus.Int32(10), dbus.Int32(10), ignore_reply=True)
         self.call("/StatusNotifierItem", ITEM, "Activate", dbus.Int32(10), dbus.Int32(10))
 
     def menu(self):

@@ -31,7 +31,7 @@ startServer() {
     DISPLAY=:$((200 + ($$ + $1 * 7919) % 20000))
     Xvfb "$DISPLAY" -screen 0 "${AMBRELLE_TEST_SCREEN:-1280x800}x24" -noreset -nolisten tcp >"$folder/server.log" 2>&1 &
     server=$!
-    left=400
+    left=1200
     while kill -0 "$server" 2>/dev/null && [ $left -gt 0 ]; do
         DISPLAY=$DISPLAY xprop -root _NET_SUPPORTED >/dev/null 2>&1 && return 0
         left=$((left - 1))
@@ -55,7 +55,7 @@ case $AMBRELLE_TEST_MANAGER in
 esac
 folder=$1
 shift
-left=400
+left=1200
 while [ -n "$managerProcess" ] && ! xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id # 0x[1-9a-f]'; do
     left=$((left - 1))
     [ $left -gt 0 ] || { cat "$folder/manager.log"; echo "the window manager did not start"; exit 1; }

@@ -1,38 +1,24 @@
 #include "platform/x11/Onlooker.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QProcess>
-#include <QThread>
 
 #include <algorithm>
 #include <cstring>
 
 namespace ambrelle::test {
 
-bool waitUntil(const std::function<bool()>& condition, int milliseconds)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.hasExpired(milliseconds))
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        QThread::msleep(2);
-    }
-    return true;
-}
-
 void rest(int milliseconds)
 {
     waitUntil([] { return false; }, milliseconds);
+    QCoreApplication::processEvents(); // what became due meanwhile
 }
 
 bool runTool(const QString& program, const QStringList& arguments)
 {
     QProcess process;
     process.start(program, arguments);
-    const bool ended = waitUntil([&] { return process.state() == QProcess::NotRunning; }, 10000);
+    const bool ended = waitUntil([&] { return process.state() == QProcess::NotRunning; });
     return ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/x11/connection/Reply.h"
+#include "support/WaitUntil.h"
 
 #include <QImage>
 #include <QRect>
@@ -8,15 +9,12 @@
 
 #include <xcb/xcb.h>
 
-#include <functional>
 #include <map>
 #include <vector>
 
 namespace ambrelle::test {
 
-/// Runs the event loop until the condition holds; false if it does not within the time.
-bool waitUntil(const std::function<bool()>& condition, int milliseconds = 3000);
-void rest(int milliseconds); ///< runs the event loop for that long
+void rest(int milliseconds); ///< runs the event loop for that long, to see that nothing happens
 /// Runs a program while the event loop goes on; false unless it ends well.
 bool runTool(const QString& program, const QStringList& arguments);
 

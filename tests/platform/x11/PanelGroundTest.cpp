@@ -38,8 +38,9 @@ TEST_F(PanelGroundTest, ShowsTheDesktopPictureWhereNothingComposites)
         return onlooker.picture(place) == expected;
     };
     EXPECT_TRUE(waitUntil(matches));
+    const QRect before = onlooker.geometry(panel->window());
     panel->setFrame({333, 147, 240, 160});
-    EXPECT_TRUE(waitUntil(matches)) << "after a move";
+    EXPECT_TRUE(waitUntil([&] { return onlooker.geometry(panel->window()) != before && matches(); })) << "after a move";
     rest(600);
     picture = speckled(screen, 111);
     onlooker.setRootPicture(picture);

@@ -94,7 +94,7 @@ protected:
         std::optional<Value> answer;
         ask([&answer](const Value& value) { answer = value; });
         EXPECT_FALSE(answer) << "answered before the call was over";
-        EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); }, 10000));
+        EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); }));
         return answer.value_or(Value());
     }
     QString set(const QList<ScreenPicture>& pictures)

@@ -2,6 +2,7 @@
 
 #include "platform/x11/Onlooker.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QRasterWindow>
 #include <QScreen>
@@ -90,7 +91,7 @@ TEST_F(X11InputMonitorTest, tellsTheWayOfThePointerInFewSteps)
     EXPECT_TRUE(waitUntil([&] { return points.last() == goal; }))
         << points.last().x() << ", " << points.last().y() << " in place of " << goal.x() << ", " << goal.y();
     EXPECT_NEAR(travel, std::hypot(way.x(), way.y()), 0.5);
-    EXPECT_LT(points.size(), 60) << "not once for every motion";
+    EXPECT_LT(points.size(), 150) << "not once for every motion";
     EXPECT_EQ(clicks, 0);
     const qsizetype told = points.size();
     rest(400);
@@ -135,17 +136,23 @@ TEST_F(X11InputMonitorTest, tellsTheTimeSinceTheLastInput)
 {
     EXPECT_EQ(idle(), std::nullopt) << "not started";
     monitor.start();
+    QElapsedTimer sinceInput;
+    const auto atMost = [&] { return static_cast<double>(sinceInput.elapsed()) / 1000 + 0.01; };
+    sinceInput.start();
     ASSERT_TRUE(xdotool({"key", "Shift_L"}));
     const std::optional<double> fresh = idle();
     ASSERT_TRUE(fresh.has_value());
-    EXPECT_LT(*fresh, 0.5);
+    EXPECT_LE(*fresh, atMost());
     rest(700);
     const std::optional<double> later = idle();
     ASSERT_TRUE(later.has_value());
     EXPECT_GE(*later, 0.69);
-    EXPECT_LT(*later, 5);
+    EXPECT_LE(*later, atMost());
+    sinceInput.start();
     ASSERT_TRUE(push(1, 1, 1));
-    EXPECT_LT(idle().value_or(99), 0.5);
+    const std::optional<double> again = idle();
+    ASSERT_TRUE(again.has_value());
+    EXPECT_LE(*again, atMost());
 
     int answers = 0;
     for (int i = 0; i < 50; ++i)

@@ -52,7 +52,7 @@ protected:
     /// Whether the list is told to have changed, and then is as it should.
     bool becomes(const std::function<bool(const QList<OnscreenWindow>&)>& expected)
     {
-        return waitUntil([&] { return told > 0; }, 800)
+        return waitUntil([&] { return told > 0; })
             && waitUntil([&] { return expected(list.windows().value_or(QList<OnscreenWindow>())); });
     }
     bool isSilent()
