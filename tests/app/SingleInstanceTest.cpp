@@ -1,8 +1,8 @@
 #include "app/SingleInstance.h"
 
-#include <QCoreApplication>
+#include "support/WaitUntil.h"
+
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocalSocket>
@@ -50,11 +50,7 @@ struct SingleInstanceTest : ::testing::Test {
         QLocalSocket socket;
         socket.connectToServer(folder + u"/socket"_s);
         socket.write(bytes);
-        QElapsedTimer time;
-        time.start();
-        while (socket.state() != QLocalSocket::UnconnectedState && time.elapsed() < 4000)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        EXPECT_EQ(socket.state(), QLocalSocket::UnconnectedState);
+        EXPECT_TRUE(waitUntil([&socket] { return socket.state() == QLocalSocket::UnconnectedState; }));
         return socket.readAll();
     }
 };

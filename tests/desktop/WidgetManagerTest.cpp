@@ -268,7 +268,7 @@ TEST_F(WidgetManagerTest, TheWallpaperFollowsTheAppearanceToo)
     const auto wait = [&] {
         QEventLoop loop;
         QObject::connect(&wallpaper, &DesktopWallpaper::changed, &loop, &QEventLoop::quit);
-        QTimer::singleShot(20s, &loop, &QEventLoop::quit);
+        QTimer::singleShot(60s, &loop, &QEventLoop::quit);
         loop.exec();
         return wallpaper.currentSkin();
     };

@@ -2,9 +2,8 @@
 
 #include "foundation/ManualClock.h"
 #include "services/PhotoAlbum.h"
+#include "support/WaitUntil.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -25,12 +24,7 @@ TEST(PhotoReading, showsThePictureOrSaysWhyThereIsNone)
         config.photoFolder = path;
         album.configure(config.id, path, 0, {4, 4});
     };
-    const auto settle = [&] {
-        const QDeadlineTimer deadline(20000);
-        while (album.isLoading(config.id) && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-        return !album.isLoading(config.id);
-    };
+    const auto settle = [&] { return waitUntil([&] { return !album.isLoading(config.id); }); };
     EXPECT_EQ(sentence(), u"Choose a folder in the widget's settings"_s);
     configure(folder.path());
     if (album.isLoading(config.id)) { // the folder may be listed already

@@ -3,6 +3,7 @@
 #include "foundation/UserDefaults.h"
 #include "platform/recording/RecordingDesktopPicture.h"
 #include "platform/recording/RecordingWindowHost.h"
+#include "support/WaitUntil.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -59,7 +60,7 @@ struct DesktopWallpaperTest : testing::Test {
             loop.quit();
         });
         if (!came) {
-            QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);
+            QTimer::singleShot(std::chrono::seconds(60), &loop, &QEventLoop::quit);
             loop.exec();
         }
         return answer;
@@ -229,8 +230,7 @@ TEST_F(DesktopWallpaperTest, comesBackWhereTheDesktopForgotIt)
         picture.sets.clear();
         DesktopWallpaper next(painter, host, picture, defaults, folders);
         next.restore();
-        answerOf(
-            [&](const auto& done) { QTimer::singleShot(std::chrono::milliseconds(200), &next, [done] { done({}); }); });
+        waitUntil([&] { return c.comesBack && !picture.sets.isEmpty(); }, c.comesBack ? 60'000 : 200);
         EXPECT_EQ(picture.sets.size(), c.comesBack ? 1 : 0) << c.what;
     }
 }
@@ -241,17 +241,8 @@ TEST_F(DesktopWallpaperTest, newScreensGetTheirSizeOnlyOfOurPictures)
     ScreenInfo large = host.screens().last();
     large.frame = QRectF(400, 0, 1000, 700);
     host.setScreens({host.screens().first(), large});
-    QEventLoop loop;
     wallpaper.fitScreens();
-    QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
-        if (picture.sets.size() == 2)
-            loop.quit();
-    });
-    poll.start(5);
-    loop.exec();
-    ASSERT_EQ(picture.sets.size(), 2);
+    ASSERT_TRUE(waitUntil([this] { return picture.sets.size() == 2; }));
     EXPECT_EQ(picture.sets.last().last().file, path(u"kyoto-r16-1000x700.png"_s));
 
     ASSERT_EQ(apply(path(u"kyoto-r16-640x480.png"_s)), QString());

@@ -3,10 +3,9 @@
 #include "foundation/UserDefaults.h"
 #include "platform/recording/RecordingDesktopPicture.h"
 #include "platform/recording/RecordingWindowHost.h"
+#include "support/WaitUntil.h"
 #include "wallpapers/DesktopWallpaper.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -52,9 +51,7 @@ struct WallpaperShuffleTest : testing::Test {
     {
         const qsizetype before = picture.sets.size();
         WallpaperShuffle::shuffle(wallpaper, custom, [last](qsizetype count) { return last ? count - 1 : 0; });
-        const QDeadlineTimer deadline(20000);
-        while (picture.sets.size() == before && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        EXPECT_TRUE(waitUntil([&] { return picture.sets.size() != before; }));
         return picture.shown.value(u"MAIN"_s);
     }
 

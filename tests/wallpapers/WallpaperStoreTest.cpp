@@ -47,7 +47,7 @@ bool waitFor(WallpaperStore& store)
         came = true;
         loop.quit();
     });
-    QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);
+    QTimer::singleShot(std::chrono::seconds(60), &loop, &QEventLoop::quit);
     loop.exec();
     return came;
 }

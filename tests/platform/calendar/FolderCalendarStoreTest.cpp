@@ -3,13 +3,12 @@
 #include "foundation/ManualClock.h"
 #include "platform/calendar/CalendarBook.h"
 #include "support/TestData.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <gmock/gmock.h>
 
@@ -57,14 +56,12 @@ protected:
     }
     bool waitUntil(const std::function<bool()>& condition)
     {
-        const QDeadlineTimer deadline(20'000);
-        QTimer tick; // ends the waiting for events now and then
-        tick.start(5);
-        while (!condition() && !deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        return ambrelle::waitUntil([&] {
+            if (condition())
+                return true;
             clock.advance(20ms);
-        }
-        return condition();
+            return false;
+        });
     }
     bool access(FolderCalendarStore& store)
     {

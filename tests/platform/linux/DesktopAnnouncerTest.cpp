@@ -31,7 +31,7 @@ TEST(DesktopAnnouncerTest, TheDesktopShowsWhatIsNotified)
     QElapsedTimer time;
     time.start();
     announcer.notify(u"Break's over"_s, u"Ready? Gr\u00fc\u00dfe"_s);
-    EXPECT_LT(time.elapsed(), 1000);
+    EXPECT_LT(time.elapsed(), 10'000) << "a call on the bus waits for 25 seconds";
     ::kill(pid, SIGCONT);
 
     QByteArray log;

@@ -4,8 +4,6 @@
 
 #include "platform/linux/ToolDesk.h"
 
-#include <QElapsedTimer>
-
 namespace ambrelle::test {
 namespace {
 
@@ -60,10 +58,7 @@ TEST_F(DesktopProgramsTest, theDesktopsLauncherGetsTheEntry)
     EXPECT_FALSE(programs.has(u"../applications/org.example.Own"_s));
     ASSERT_TRUE(programs.has(u"org.example.Own"_s));
     programs.open(u"org.example.Own"_s);
-    QElapsedTimer time;
-    time.start();
-    while (!QFile::exists(path(u"arguments"_s)) && time.elapsed() < 10'000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    ASSERT_TRUE(waitUntil([this] { return QFile::exists(path(u"arguments"_s)); }));
     QFile arguments(path(u"arguments"_s));
     ASSERT_TRUE(arguments.open(QIODevice::ReadOnly));
     EXPECT_EQ(arguments.readAll(),

@@ -74,6 +74,10 @@ using enum LocationAuthorization;
 /// A location service on a bus of its own.
 class GeoClueLocationTest : public ::testing::Test {
 protected:
+    explicit GeoClueLocationTest(std::chrono::milliseconds patience = 60s)
+        : source(bus.opener(), {patience, 0ms})
+    {
+    }
     void SetUp() override
     {
         if (!bus.isRunning())
@@ -103,7 +107,7 @@ protected:
     QList<LocationAuthorization> answers; // told by the source
     QList<Location> places;
     int failures = 0;
-    GeoClueLocation source{bus.opener(), {300ms, 0ms}};
+    GeoClueLocation source;
 };
 
 TEST_F(GeoClueLocationTest, TellsOneLocationForAllWhoAskMeanwhile)
@@ -160,7 +164,7 @@ TEST_F(GeoClueLocationTest, EveryRefusalIsTold)
         SCOPED_TRACE(each.what);
         manager.open = each.open;
         client.refusal = each.refusal;
-        GeoClueLocation firm(bus.opener(), {300ms, 1h});
+        GeoClueLocation firm(bus.opener(), {60s, 1h});
         bool told = false;
         QObject::connect(&firm, &LocationSource::changed, [&told] { told = true; });
         firm.requestLocation();
@@ -182,7 +186,14 @@ TEST_F(GeoClueLocationTest, WithoutTheServiceLocationIsOff)
     EXPECT_TRUE(waitUntil([&alone] { return alone.authorization() == denied; })) << "no bus at all";
 }
 
-TEST_F(GeoClueLocationTest, FailsWhenNoUsableLocationComes)
+struct ImpatientLocationTest : GeoClueLocationTest {
+    ImpatientLocationTest()
+        : GeoClueLocationTest(300ms)
+    {
+    }
+};
+
+TEST_F(ImpatientLocationTest, FailsWhenNoUsableLocationComes)
 {
     startService();
     source.requestLocation();
