@@ -10,7 +10,7 @@ import sys
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).parents[1] / "support"))
-from program import Session, hover, pointer, wait_for
+from program import Session, active_window, hover, pointer, wait_for
 from status_host import StatusHost
 
 LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
@@ -33,9 +33,7 @@ def backdrops(session):
 
 
 def has_focus(session):
-    root = subprocess.run(["xprop", "-root", "_NET_ACTIVE_WINDOW"], capture_output=True, text=True).stdout
-    active = int(root.split("#")[1].split(",")[0], 16)
-    return active in map(int, backdrops(session))
+    return active_window() in map(int, backdrops(session))
 
 
 def face(widget, height):

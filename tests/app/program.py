@@ -43,6 +43,27 @@ def hover(x, y):
     wait_for(f"window at {x}, {y}", lambda: window() != corner)
 
 
+def active_window():
+    """The number of the window that has the keyboard, as the window manager tells it; 0 when none has."""
+    told = subprocess.run(["xprop", "-root", "_NET_ACTIVE_WINDOW"], capture_output=True, text=True).stdout
+    return int(told.rpartition("# ")[2].split(",")[0], 16) if "# " in told else 0
+
+
+def press_until(key, what, condition):
+    """Presses the key, again every five seconds: before a menu has taken the keyboard, keys go elsewhere."""
+    pressed = 0.0
+
+    def look():
+        nonlocal pressed
+        if value := condition():
+            return value
+        if time.monotonic() - pressed > 5:
+            pointer("key", key)
+            pressed = time.monotonic()
+        return None
+    return wait_for(what, look)
+
+
 class Session:
     """The program with a home of its own."""
 

@@ -7,17 +7,13 @@ settings, and then the keys go where they went before.
 import shutil
 import subprocess
 
-from program import Session, hover, pointer, shot, wait_for
+from program import Session, active_window, hover, pointer, shot, wait_for
 
 TOOLBAR_WIDTH, TOOLBAR_HEIGHT, BUTTONS, MARGIN = 196, 32, 4, 30
 
 
 def output(*command):
     return subprocess.run(command, capture_output=True, text=True).stdout.strip()
-
-
-def active_window():
-    return output("xprop", "-root", "_NET_ACTIVE_WINDOW").rpartition(" ")[2]
 
 
 def typed(*steps):

@@ -11,7 +11,7 @@ import time
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).parents[1] / "support"))
-from program import PATIENCE, PROGRAM, Session, hover, pointer, wait_for
+from program import PATIENCE, PROGRAM, Session, active_window, hover, pointer, press_until, shot, wait_for
 from status_host import StatusHost
 
 DOUBLE_CLICK = 0.6  # seconds after which a click is one of its own
@@ -90,6 +90,7 @@ def announced():
         host.choose(lambda line, text=text: label(line) == text)
         assert checked(host, text), f"“{text}” was not checked when the menu was opened again"
     wait_for("widgets above windows", lambda: len(panels_above(session)) >= len(session.widgets()))
+    wait_for("keyboard at a backdrop", lambda: active_window() in map(int, main_window(session)))
     pointer("key", "Escape")
     wait_for("end of edit mode", lambda: not panels_above(session))
     assert not checked(host, "Edit & Move Widgets")
@@ -128,7 +129,7 @@ def docked():
         wait_for("main window", lambda: main_window(session))
         pointer("click", "3")
         wait_for("menu", lambda: menus(session))
-        pointer("key", "ctrl+q")
+        press_until("ctrl+q", "end of the program", lambda: session.process.poll() is not None)
         ended(session)
     finally:
         tray.kill()
@@ -140,14 +141,18 @@ def without_tray():
     count = len(session.widgets())
     assert not main_window(session)
     assert subprocess.run([PROGRAM, "/tmp/gift.ambrelle"], env=session.env, timeout=PATIENCE).returncode == 0
-    wait_for("main window of a second start", lambda: main_window(session))
+    wait_for("main window of a second start", lambda: active_window() in map(int, main_window(session)))
     pointer("key", "Escape")
     wait_for("closed main window", lambda: not main_window(session))
-    x, y, width, height = session.panels()[0]
+    before = set(session.panels())
+    x, y, width, height = min(before)
     hover(x + width // 2, y + height // 2)
     pointer("click", "3")
     wait_for("menu of a widget", lambda: menus(session))
-    pointer("key", "Up", "Return")  # its last line removes it
+    menu, = set(session.panels()) - before
+    plain = wait_for("painted menu", lambda: (seen := shot(*menu)) if len(set(seen)) > 8 else None)
+    press_until("Up", "chosen line", lambda: shot(*menu) != plain)
+    pointer("key", "Return")  # the last line removes the widget
     wait_for("removal", lambda: len(session.widgets()) == count - 1)
     session.end()
     ended(session)
