@@ -150,7 +150,7 @@ def without_tray():
     pointer("click", "3")
     wait_for("menu of a widget", lambda: menus(session))
     menu, = set(session.panels()) - before
-    plain = wait_for("painted menu", lambda: (seen := shot(*menu)) if len(set(seen)) > 8 else None)
+    plain = wait_for("painted menu", lambda: seen if len(set(seen := shot(*menu))) > 8 else None)
     press_until("Up", "chosen line", lambda: shot(*menu) != plain)
     pointer("key", "Return")  # the last line removes the widget
     wait_for("removal", lambda: len(session.widgets()) == count - 1)
