@@ -26,5 +26,17 @@ TEST(MinimalLook, changingBetweenLightAndDarkMovesNothing)
     EXPECT_NE(measuresOf(Skin::slate), measuresOf(Skin::field));
 }
 
+TEST(MinimalLook, anAccentReplacesTheAccentOnly)
+{
+    const QColor coral(255, 115, 102);
+    for (const Skin skin : {Skin::polar, Skin::mono, Skin::slate, Skin::lumen, Skin::field, Skin::fieldDark}) {
+        MinimalLook expected = MinimalLook::original(skin);
+        EXPECT_EQ(expected.skin, skin);
+        expected.accent = coral;
+        EXPECT_EQ(MinimalLook::original(skin).accented(coral), expected);
+        EXPECT_EQ(expected.style().accent, coral);
+    }
+}
+
 } // namespace
 } // namespace ambrelle
