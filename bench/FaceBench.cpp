@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/LayerCache.h"
 #include "skins/SkinRegistry.h"
 #include "support/FaceStates.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Preloaded into the program, notes how long its main thread was away from its event loop, as lines of
 // "seconds-since-start wall-ms cpu-ms" in the file that AMBRELLE_GAPS names when the program ends.
 #include <dlfcn.h>

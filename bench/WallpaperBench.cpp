@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Perlin.h"
 #include "foundation/UserDefaults.h"
 #include "platform/recording/RecordingDesktopPicture.h"
@@ -68,7 +70,7 @@ void applyWallpaper(benchmark::State& state, Skin skin)
         QTimer beat;
         QElapsedTimer since;
         QObject::connect(&beat, &QTimer::timeout, [&] {
-            longest = std::max(longest, double(since.nsecsElapsed()) / 1e6);
+            longest = std::max(longest, static_cast<double>(since.nsecsElapsed()) / 1e6);
             since.start();
         });
         beat.setTimerType(Qt::PreciseTimer);

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Measures the running program on a private display: live.py PROGRAM [CONTESTANT...].
 
 Contestants are "ambrelle" (its default composition), "200 widgets", "needle still" and "needle moving" (one face without

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Stands in for whatever the live services ask, and answers late: peers.py DELAY.
 
 On the bus that DBUS_SESSION_BUS_ADDRESS names there are a media player, a notification service, BlueZ, UPower and

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Measures the live services in the running program on a private display: services.py PROGRAM [gaps|idle...].
 
 "gaps": how long the main thread was away from its event loop while everything that the services ask answers late (see

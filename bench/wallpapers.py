@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Measures the wallpapers of the whole program: wallpapers.py PROGRAM
 
 Seconds per picture at 2880 x 1800, beside ImageMagick's plasma of the same size in the same run; cost per pixel at three

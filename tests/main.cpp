@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #ifdef QT_WIDGETS_LIB
 #include <QApplication>
 using Application = QApplication;
@@ -20,7 +22,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const Application application(argc, argv);
     QTranslator wording; // texts as people read them
-    if (!wording.load(QStringLiteral(AMBRELLE_WORDING)))
+    if (!wording.load(QString::fromUtf8(AMBRELLE_WORDING)))
         return EXIT_FAILURE;
     QCoreApplication::installTranslator(&wording);
     return RUN_ALL_TESTS();

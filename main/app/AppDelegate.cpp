@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/AppDelegate.h"
 
 #include "app/FaceActions.h"
@@ -11,6 +13,8 @@
 #include "wallpapers/WallpaperShuffle.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,7 +31,7 @@ WeatherService::Bases weatherBases()
 
 Wallpaper makeWallpaper()
 {
-    return {wallpaperRecipe, dataFile(QStringLiteral("Wallpapers"))};
+    return {wallpaperRecipe, dataFile(u"Wallpapers"_s)};
 }
 
 ImageDiskCache thumbnailCache()
@@ -47,7 +51,7 @@ AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
           stores.accents, m_monitor, m_services, m_feed, m_ports.clock})
     , m_actions(m_ports.programs, m_services.player, m_ports.desktopNames)
     , m_wallpaper(makeWallpaper(), m_ports.windows, m_ports.desktopPicture, stores.defaults,
-          {UserFolders::wallpapers(), dataFile(QStringLiteral("Wallpapers/Extras"))})
+          {UserFolders::wallpapers(), dataFile(u"Wallpapers/Extras"_s)})
     , m_thumbnails(makeWallpaper(), thumbnailCache())
     , m_automation(m_settings, m_monitor, m_ports.clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, m_settings.customWallpapers()); })

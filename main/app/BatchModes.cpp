@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/BatchModes.h"
 
 #include "app/Information.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/EndingSignals.h"
 
 #include <array>

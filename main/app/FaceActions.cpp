@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/FaceActions.h"
 
 #include "services/LiveServices.h"

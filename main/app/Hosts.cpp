@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/Hosts.h"
 
 #include "platform/headless/HeadlessMachine.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/Information.h"
 
 #include "platform/linux/kernel/RunningProgram.h"
@@ -36,7 +38,7 @@ QJsonObject contents()
 
 Information Information::read()
 {
-    Information information{.identifier = u"org.ambrelle.Ambrelle"_s, .version = QStringLiteral(AMBRELLE_VERSION)};
+    Information information{.identifier = u"org.ambrelle.Ambrelle"_s, .version = QString::fromUtf8(AMBRELLE_VERSION)};
     const QJsonObject values = contents();
     information.identifier = values.value(u"identifier"_s).toString(information.identifier);
     information.version = values.value(u"version"_s).toString(information.version);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/SingleInstance.h"
 
 #include <QDir>

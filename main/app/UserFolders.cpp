@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/UserFolders.h"
 
 #include "app/Information.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/UserInterface.h"
 
 #include "model/AppSettings.h"

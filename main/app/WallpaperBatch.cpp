@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/WallpaperBatch.h"
 
 #include "foundation/WholeFile.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/WidgetActions.h"
 
 #include "platform/ProgramLauncher.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/AlignmentHelp.h"
 
 #include "desktop/ScreenPlacement.h"

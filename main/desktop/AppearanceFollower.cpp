@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/AppearanceFollower.h"
 
 #include "desktop/WidgetManager.h"

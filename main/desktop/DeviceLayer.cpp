@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/DeviceLayer.h"
 
 #include "drawing/DeviceImage.h"

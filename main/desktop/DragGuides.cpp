@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/DragGuides.h"
 
 #include <QPainter>

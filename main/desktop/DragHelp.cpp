@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/DragHelp.h"
 
 #include "desktop/WidgetController.h"

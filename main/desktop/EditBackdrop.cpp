@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/EditBackdrop.h"
 
 #include "desktop/InstructionPlace.h"

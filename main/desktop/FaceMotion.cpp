@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/FaceMotion.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/FacePainter.h"
 
 namespace ambrelle {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/FreeSpot.h"
 
 #include <algorithm>

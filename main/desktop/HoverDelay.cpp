@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/HoverDelay.h"
 
 namespace ambrelle {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/InstructionPlace.h"
 
 #include <cmath>

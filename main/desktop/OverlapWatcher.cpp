@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/OverlapWatcher.h"
 
 #include "desktop/OverlapRule.h"

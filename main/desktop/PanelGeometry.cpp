@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/PanelGeometry.h"
 
 #include <algorithm>

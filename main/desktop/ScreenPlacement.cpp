@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/ScreenPlacement.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/WidgetController.h"
 
 #include "desktop/DragHelp.h"

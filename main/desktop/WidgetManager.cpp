@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/WidgetManager.h"
 
 #include "desktop/FreeSpot.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/WidgetMenu.h"
 
 #include "desktop/QuickMenu.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/WidgetPanel.h"
 
 #include "desktop/PanelGeometry.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/WidgetReadings.h"
 
 #include "desktop/ReadingRound.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/WidgetStore.h"
 
 #include "foundation/UserDefaults.h"

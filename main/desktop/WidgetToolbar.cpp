@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/WidgetToolbar.h"
 
 #include "desktop/WidgetWording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Canvas.h"
 
 #include "drawing/DeviceImage.h"
@@ -8,6 +10,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -138,8 +142,7 @@ void Canvas::still(const QString& name, const QRectF& area, const std::function<
     // The layer lies on whole device pixels; where the face does not, it keeps the face's fraction of a pixel.
     const QTransform& device = m_painter.deviceTransform();
     const QRect pixels = devicePixels(m_painter, area);
-    const QString key = QStringLiteral("%1 %2 %3 %4 %5")
-                            .arg(m_setup.layerKey, name)
+    const QString key = u"%1 %2 %3 %4 %5"_s.arg(m_setup.layerKey, name)
                             .arg(device.m11(), 0, 'f', 4)
                             .arg(device.dx() - std::floor(device.dx()), 0, 'f', 2)
                             .arg(device.dy() - std::floor(device.dy()), 0, 'f', 2);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Canvas.h"
 
 #include "drawing/PixelPaint.h"

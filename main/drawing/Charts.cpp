@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Charts.h"
 
 #include "drawing/Colours.h"

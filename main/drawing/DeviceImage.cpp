@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/DeviceImage.h"
 
 #include <QPaintDevice>

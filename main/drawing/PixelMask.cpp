@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/PixelMask.h"
 
 #include <QCache>
@@ -7,6 +9,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -100,7 +104,7 @@ QImage ditherTile(const QColor& colour, int unit)
 QImage dithered(const QImage& picture, const QSize& size)
 {
     static QCache<QString, QImage> kept(4 * 1024);
-    const QString key = QStringLiteral("%1 %2 %3").arg(picture.cacheKey()).arg(size.width()).arg(size.height());
+    const QString key = u"%1 %2 %3"_s.arg(picture.cacheKey()).arg(size.width()).arg(size.height());
     if (const QImage* bits = kept.object(key))
         return *bits;
     QImage bits = ditherAfresh(picture, size);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/PixelPaint.h"
 
 #include "drawing/PixelMask.h"

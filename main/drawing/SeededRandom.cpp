@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/SeededRandom.h"
 
 #include <QString>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Symbols.h"
 
 #include "drawing/Typeface.h"
@@ -10,6 +12,8 @@
 #include <string_view>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -205,7 +209,7 @@ constexpr int master = 128;
 
 QPainterPath makePath(std::string_view name, char16_t glyph)
 {
-    const QFont& font = fontOf({.family = QStringLiteral("Material Design Icons")}, master);
+    const QFont& font = fontOf({.family = u"Material Design Icons"_s}, master);
     const QFontMetricsF metrics(font);
     QPainterPath path;
     // The em box is the square the glyph is drawn in.

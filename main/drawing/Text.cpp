@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Text.h"
 
 #include "drawing/PixelMask.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Typeface.h"
 
 #include <QHash>
@@ -5,6 +7,8 @@
 #include <tuple>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,8 +31,7 @@ QFont makeFont(const FontKey& key)
     QFont font;
     QStringList families{key.family};
     // Sawarabi Mincho last: without it kanji in user texts would fall to a brush font that happens to be installed.
-    for (const QString& fallback :
-        {QStringLiteral("Inter"), QStringLiteral("DejaVu Sans"), QStringLiteral("Sawarabi Mincho")}) {
+    for (const QString& fallback : {u"Inter"_s, u"DejaVu Sans"_s, u"Sawarabi Mincho"_s}) {
         if (!families.contains(fallback))
             families.append(fallback);
     }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/FaceKit.h"
 
 #include "drawing/PixelPaint.h"
@@ -7,6 +9,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 Box heroAndFooter(Canvas& canvas, const FaceRenderer& skin, Box content, const QString& value, const QString& unit,
     const QString& footer, const FigureStyle& figure)
@@ -167,7 +171,7 @@ void artwork(
         return;
     }
     canvas.fill(box, ground, radius);
-    canvas.symbol(box, QStringLiteral("music.note"), box.height() * 0.4, ink);
+    canvas.symbol(box, u"music.note"_s, box.height() * 0.4, ink);
 }
 
 } // namespace ambrelle

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/FaceRenderer.h"
 
 #include "drawing/Charts.h"
@@ -6,6 +8,8 @@
 #include "faces/StyledDial.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,7 +34,7 @@ void FaceRenderer::header(Canvas& canvas, Box& content, const FaceContext&, cons
 
 void FaceRenderer::warning(Canvas& canvas, const Box& box) const
 {
-    canvas.symbol(box, QStringLiteral("exclamationmark.triangle.fill"), 10, m_style.warn);
+    canvas.symbol(box, u"exclamationmark.triangle.fill"_s, 10, m_style.warn);
 }
 
 Box FaceRenderer::photoPlate(Canvas& canvas, const FaceContext& face) const

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/FaceView.h"
 
 namespace ambrelle {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/MoonDisc.h"
 
 #include <algorithm>

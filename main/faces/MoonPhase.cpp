@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/MoonPhase.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/NoticeFace.h"
 
 #include "drawing/Colours.h"
@@ -6,6 +8,8 @@
 #include <array>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -44,9 +48,9 @@ void drawControls(Canvas& canvas, const Box& box, double size, const QBrush& fil
         FaceAction::Verb verb;
     };
     const std::array controls{
-        Control{QStringLiteral("backward.fill"), FaceAction::Verb::previousTrack},
-        Control{playing ? QStringLiteral("pause.fill") : QStringLiteral("play.fill"), FaceAction::Verb::playPause},
-        Control{QStringLiteral("forward.fill"), FaceAction::Verb::nextTrack},
+        Control{u"backward.fill"_s, FaceAction::Verb::previousTrack},
+        Control{playing ? u"pause.fill"_s : u"play.fill"_s, FaceAction::Verb::playPause},
+        Control{u"forward.fill"_s, FaceAction::Verb::nextTrack},
     };
     for (int index = 0; index < 3; ++index) {
         const Control& control = controls[static_cast<std::size_t>(index)];

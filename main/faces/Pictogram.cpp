@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/Pictogram.h"
 
 #include <array>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/ReadingFeed.h"
 
 #include "faces/ReadingFunctions.h"

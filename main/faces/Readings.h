@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "faces/Units.h"
@@ -11,6 +13,8 @@
 #include <variant>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 /// What a face shows instead of its content: the kind's symbol over one sentence. Empty: there is content.
 struct Notice {
@@ -45,7 +49,7 @@ struct ClockReading {
     QString time() const { return hours + u':' + minutes; }
     QString dateLine() const { return weekday + u' ' + date; }
     /// City and offset in one line; empty without a city.
-    QString tag() const { return offset.isEmpty() ? city : city + QStringLiteral(" · ") + offset; }
+    QString tag() const { return offset.isEmpty() ? city : city + u" · "_s + offset; }
     double dayFraction() const { return (hour24 * 60 + minute) / 1440.0; }
 };
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/SharedFaces.h"
 
 #include "drawing/Colours.h"
@@ -8,6 +10,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,8 +39,7 @@ MoonDisc moonOf(const SkinStyle& style)
 /// The parts of a device without the dots between them where these take the room of the last part.
 QString fitted(const QString& detail, const TextStyle& text, double width)
 {
-    return elided(detail, text, width) == detail ? detail
-                                                 : QString(detail).replace(QStringLiteral(" · "), QStringLiteral(" "));
+    return elided(detail, text, width) == detail ? detail : QString(detail).replace(u" · "_s, u" "_s);
 }
 
 void sessionDots(Canvas& canvas, const SkinStyle& style, const Box& box, int lit)
@@ -79,7 +82,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
         const RemindersReading::Row& reminder = reading.rows[index];
         Box line = row;
         const Box mark = line.cutLeft(20);
-        canvas.symbol(mark, reminder.done ? QStringLiteral("checkmark.circle.fill") : QStringLiteral("circle"), 16,
+        canvas.symbol(mark, reminder.done ? u"checkmark.circle.fill"_s : u"circle"_s, 16,
             reminder.done ? style.accentText() : style.soft);
         canvas.hit(row, {FaceAction::Verb::completeReminder, reminder.id});
         line.cutLeft(2);
@@ -167,7 +170,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const QuoteReading& re
         canvas.text(box.cutTop(style.captionSize + 6), reading.note, style.caption());
         box.cutTop(4);
     } else {
-        canvas.text(box.cutBottom(footerHeight(style)), QStringLiteral("— ") + reading.source, style.caption());
+        canvas.text(box.cutBottom(footerHeight(style)), u"— "_s + reading.source, style.caption());
         box.cutBottom(4);
     }
     // The largest step at which the text is whole.
@@ -195,7 +198,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         Box upper = line.cutTop(style.rowSize + style.rowGap - 2);
         if (device.charging) {
             const double bolt = std::max(11.0, style.captionSize);
-            canvas.symbol(upper.cutRight(bolt + 1), QStringLiteral("bolt.fill"), bolt, style.accentText());
+            canvas.symbol(upper.cutRight(bolt + 1), u"bolt.fill"_s, bolt, style.accentText());
         }
         const double percent = canvas.text(upper, device.percent, style.caption().aligned(Align::right));
         upper.cutRight(percent + 6);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/StyledDial.h"
 
 #include "drawing/Fraction.h"

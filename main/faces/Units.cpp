@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/Units.h"
 
 #include "drawing/Fraction.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "foundation/Json.h"
 
 #include <QTimeZone>
@@ -6,6 +8,8 @@
 #include <limits>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -115,7 +119,7 @@ JsonReader::JsonReader(const QJsonValue& json, QString path)
     , m_path(std::move(path))
 {
     if (!json.isObject())
-        m_fault = (m_path.isEmpty() ? QString() : m_path + QStringLiteral(": ")) + QStringLiteral("expected an object");
+        m_fault = (m_path.isEmpty() ? QString() : m_path + u": "_s) + u"expected an object"_s;
 }
 
 bool JsonReader::contains(QLatin1StringView key) const
@@ -131,13 +135,13 @@ QString JsonReader::path(QLatin1StringView key) const
 
 QString JsonReader::path(QLatin1StringView key, qsizetype index) const
 {
-    return QStringLiteral("%1[%2]").arg(path(key)).arg(index);
+    return u"%1[%2]"_s.arg(path(key)).arg(index);
 }
 
 void JsonReader::fail(QLatin1StringView key, const QString& what)
 {
     if (ok())
-        m_fault = path(key) + QStringLiteral(": ") + what;
+        m_fault = path(key) + u": "_s + what;
 }
 
 void JsonReader::adopt(const JsonReader& inner)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QDateTime>
@@ -12,6 +14,8 @@
 #include <utility>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 /// How a type stands in JSON: `read` gives nothing for a value of another type or out of range, `write` is its inverse,
 /// `expected` names the form for messages. Specialised for each type that is decoded.
@@ -100,7 +104,7 @@ public:
     template <typename T> T required(QLatin1StringView key)
     {
         if (!contains(key)) {
-            fail(key, QStringLiteral("missing"));
+            fail(key, u"missing"_s);
             return T{};
         }
         return optional<T>(key).value_or(T{});
@@ -112,7 +116,7 @@ public:
             return std::nullopt;
         std::optional<T> value = JsonForm<T>::read(m_object.value(key));
         if (!value)
-            fail(key, QStringLiteral("expected ") + QLatin1String(JsonForm<T>::expected));
+            fail(key, u"expected "_s + QLatin1StringView(JsonForm<T>::expected));
         return value;
     }
     template <typename T> T valueOr(QLatin1StringView key, T fallback)

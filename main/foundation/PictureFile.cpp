@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "foundation/PictureFile.h"
 
 #include "foundation/Wording.h"
@@ -25,7 +27,7 @@ QString faultOf(QImageReader& reader)
     if (!reader.canRead())
         return Wording::tr("“%1” cannot be read as a picture.").arg(info.fileName());
     const QSize size = reader.size(); // invalid where the format tells it only with the pixels
-    if (size.isValid() && qint64(size.width()) * size.height() > mostPixels)
+    if (size.isValid() && static_cast<qint64>(size.width()) * size.height() > mostPixels)
         return Wording::tr("The picture “%1” has too many pixels.").arg(info.fileName());
     return {};
 }

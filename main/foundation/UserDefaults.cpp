@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "foundation/UserDefaults.h"
 
 #include "foundation/Json.h"
@@ -15,6 +17,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 greatestSize = 64 * 1024 * 1024;
@@ -27,7 +31,7 @@ void complain(const QString& sentence)
 QString configurationFolder()
 {
     const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");
-    return QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + QStringLiteral("/.config");
+    return QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + u"/.config"_s;
 }
 
 // The object in the file, or why there is none.
@@ -40,12 +44,12 @@ Contents readObject(const QString& path)
 {
     // Opening anything but a plain file could wait for ever.
     if (!QFileInfo(path).isFile())
-        return {std::nullopt, QStringLiteral("it is not a file")};
+        return {std::nullopt, u"it is not a file"_s};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {std::nullopt, file.errorString()};
     if (file.size() > greatestSize)
-        return {std::nullopt, QStringLiteral("it is too large")};
+        return {std::nullopt, u"it is too large"_s};
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         return {std::nullopt, file.errorString()};
@@ -54,14 +58,14 @@ Contents readObject(const QString& path)
     if (error.error != QJsonParseError::NoError)
         return {std::nullopt, error.errorString()};
     if (!document.isObject())
-        return {std::nullopt, QStringLiteral("it holds no object")};
+        return {std::nullopt, u"it holds no object"_s};
     return {document.object(), {}};
 }
 
 // "defaults.json.damaged", else the first free of "….damaged-2", "-3" and so on.
 QString freeName(const QString& path)
 {
-    const QString first = path + QStringLiteral(".damaged");
+    const QString first = path + u".damaged"_s;
     QString name = first;
     const auto taken = [&name] {
         std::error_code none;
@@ -69,7 +73,7 @@ QString freeName(const QString& path)
         return status.type() != std::filesystem::file_type::not_found;
     };
     for (int i = 2; taken(); ++i)
-        name = first + QStringLiteral("-%1").arg(i);
+        name = first + u"-%1"_s.arg(i);
     return name;
 }
 
@@ -77,9 +81,9 @@ void moveAside(const QString& path, const QString& fault)
 {
     const QString kept = freeName(path);
     const bool moved = std::rename(QFile::encodeName(path).constData(), QFile::encodeName(kept).constData()) == 0;
-    complain(QStringLiteral("The settings in %1 cannot be read (%2). ").arg(path, fault)
-        + (moved ? QStringLiteral("They are kept as %1; the defaults apply.").arg(kept)
-                 : QStringLiteral("They stay where they are; the defaults apply.")));
+    complain(u"The settings in %1 cannot be read (%2). "_s.arg(path, fault)
+        + (moved ? u"They are kept as %1; the defaults apply."_s.arg(kept)
+                 : u"They stay where they are; the defaults apply."_s));
 }
 
 template <typename T> std::optional<T> typed(const QJsonObject& values, const QString& key)
@@ -115,7 +119,7 @@ UserDefaults::UserDefaults(QString path)
 
 UserDefaults& UserDefaults::shared()
 {
-    static UserDefaults defaults(configurationFolder() + QStringLiteral("/ambrelle/defaults.json"));
+    static UserDefaults defaults(configurationFolder() + u"/ambrelle/defaults.json"_s);
     return defaults;
 }
 
@@ -215,7 +219,7 @@ bool UserDefaults::save()
     const QString reason = writeWhole(m_path, QJsonDocument(m_values).toJson(QJsonDocument::Indented), Readers::owner);
     m_unsaved = !reason.isEmpty();
     if (m_unsaved && !std::exchange(m_complained, true))
-        complain(QStringLiteral("Settings cannot be saved in %1 (%2).").arg(m_path, reason));
+        complain(u"Settings cannot be saved in %1 (%2)."_s.arg(m_path, reason));
     return !m_unsaved;
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/AppSettings.h"
 
 #include "foundation/UserDefaults.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/Composition.h"
 
 #include "model/CompositionPresets.h"

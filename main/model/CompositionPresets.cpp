@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/CompositionPresets.h"
 
 namespace ambrelle {

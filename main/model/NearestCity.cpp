@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/NearestCity.h"
 
 #include <algorithm>

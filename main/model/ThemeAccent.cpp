@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/ThemeAccent.h"
 
 #include "foundation/UserDefaults.h"

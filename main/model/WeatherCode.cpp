@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WeatherCode.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WidgetCategory.h"
 
 namespace ambrelle {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "offline/PreviewRenderer.h"
 
 #include "faces/ReadingFeed.h"
@@ -12,6 +14,8 @@
 #include <cstdio>
 
 namespace ambrelle::PreviewRenderer {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -41,19 +45,19 @@ QImage render(Skin skin, const ReadingFeed& feed, const Wallpaper& wallpaper)
 int run(const QString& outputDirectory, std::optional<Skin> only, const ReadingFeed& feed, const Wallpaper& wallpaper)
 {
     const QDir folder(outputDirectory);
-    if (!folder.mkpath(QStringLiteral("."))) {
-        say(stderr, QStringLiteral("ambrelle: cannot make the folder ") + outputDirectory);
+    if (!folder.mkpath(u"."_s)) {
+        say(stderr, u"ambrelle: cannot make the folder "_s + outputDirectory);
         return 1;
     }
     int status = 0;
     for (const Skin skin : allCases<Skin>()) {
         if (only && *only != skin)
             continue;
-        const QString path = folder.filePath(rawValue(skin) + QStringLiteral(".png"));
+        const QString path = folder.filePath(rawValue(skin) + u".png"_s);
         if (render(skin, feed, wallpaper).save(path)) {
-            say(stdout, QStringLiteral("wrote ") + path);
+            say(stdout, u"wrote "_s + path);
         } else {
-            say(stderr, QStringLiteral("failed to render ") + rawValue(skin));
+            say(stderr, u"failed to render "_s + rawValue(skin));
             status = 1;
         }
     }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "offline/PreviewSheet.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "offline/SampleData.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/ActivityTracker.h"
 
 #include "foundation/Clock.h"

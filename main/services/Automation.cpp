@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/Automation.h"
 
 #include "foundation/Clock.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/BatteryReader.h"
 
 #include <algorithm>
@@ -19,7 +21,7 @@ std::optional<BatteryInfo> BatteryReader::read()
 
     BatteryInfo battery;
     if (found->maxCapacity >= 1)
-        battery.percent = double(found->currentCapacity) / double(found->maxCapacity);
+        battery.percent = static_cast<double>(found->currentCapacity) / static_cast<double>(found->maxCapacity);
     battery.isCharging = found->isCharging.value_or(false);
     battery.onAC = found->onAC;
     battery.isCharged = found->isCharged.value_or(false);

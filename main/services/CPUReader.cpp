@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/CPUReader.h"
 
 #include <utility>
@@ -28,12 +30,12 @@ CPUReader::Reading CPUReader::read()
         const quint64 busy = (now.user - before.user) + (now.system - before.system) + (now.nice - before.nice);
         const quint64 ticks = busy + (now.idle - before.idle);
         if (ticks > 0)
-            reading.perCore[i] = double(busy) / double(ticks);
+            reading.perCore[i] = static_cast<double>(busy) / static_cast<double>(ticks);
         allBusy += busy;
         allTicks += ticks;
     }
     if (allTicks > 0)
-        reading.total = double(allBusy) / double(allTicks);
+        reading.total = static_cast<double>(allBusy) / static_cast<double>(allTicks);
     return reading;
 }
 

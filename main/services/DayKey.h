@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QDateTime>
@@ -5,10 +7,12 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 /// The day under which figures are stored, "2026-3-7".
 inline QString dayKey(QDate date)
 {
-    return QStringLiteral("%1-%2-%3").arg(date.year()).arg(date.month()).arg(date.day());
+    return u"%1-%2-%3"_s.arg(date.year()).arg(date.month()).arg(date.day());
 }
 
 } // namespace ambrelle

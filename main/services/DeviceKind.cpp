@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/DeviceKind.h"
 
 #include <algorithm>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,19 +17,19 @@ struct Word {
 
 // The first that occurs decides: earbuds are headphones to many a source, and a trackpad may call itself a mouse too.
 constexpr std::array kindWords = std::to_array<Word>({
-    {QLatin1StringView("airpods"), DeviceKind::earbuds},
-    {QLatin1StringView("buds"), DeviceKind::earbuds},
-    {QLatin1StringView("earbud"), DeviceKind::earbuds},
-    {QLatin1StringView("keyboard"), DeviceKind::keyboard},
-    {QLatin1StringView("trackpad"), DeviceKind::trackpad},
-    {QLatin1StringView("mouse"), DeviceKind::mouse},
-    {QLatin1StringView("gamepad"), DeviceKind::controller},
-    {QLatin1StringView("controller"), DeviceKind::controller},
-    {QLatin1StringView("joystick"), DeviceKind::controller},
-    {QLatin1StringView("speaker"), DeviceKind::speaker},
-    {QLatin1StringView("headset"), DeviceKind::headphones},
-    {QLatin1StringView("headphone"), DeviceKind::headphones},
-    {QLatin1StringView("beats"), DeviceKind::headphones},
+    {"airpods"_L1, DeviceKind::earbuds},
+    {"buds"_L1, DeviceKind::earbuds},
+    {"earbud"_L1, DeviceKind::earbuds},
+    {"keyboard"_L1, DeviceKind::keyboard},
+    {"trackpad"_L1, DeviceKind::trackpad},
+    {"mouse"_L1, DeviceKind::mouse},
+    {"gamepad"_L1, DeviceKind::controller},
+    {"controller"_L1, DeviceKind::controller},
+    {"joystick"_L1, DeviceKind::controller},
+    {"speaker"_L1, DeviceKind::speaker},
+    {"headset"_L1, DeviceKind::headphones},
+    {"headphone"_L1, DeviceKind::headphones},
+    {"beats"_L1, DeviceKind::headphones},
 });
 
 } // namespace

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/DevicesService.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/SystemSources.h"
@@ -16,7 +18,10 @@ struct DiskInfo {
 
     const QString& id() const { return path; }
     qint64 used() const { return std::max<qint64>(total - free, 0); } ///< bytes
-    double usedFraction() const { return total >= 1 ? double(used()) / double(total) : 0; } ///< 0 to 1
+    double usedFraction() const
+    {
+        return total >= 1 ? static_cast<double>(used()) / static_cast<double>(total) : 0;
+    } ///< 0 to 1
     bool operator==(const DiskInfo&) const = default;
 };
 

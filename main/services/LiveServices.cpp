@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/LiveServices.h"
 
 namespace ambrelle {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/SystemSources.h"
@@ -13,7 +15,10 @@ struct MemoryInfo {
     quint64 wired = 0;
     quint64 compressed = 0;
 
-    double fraction() const { return total > 0 ? double(used) / double(total) : 0; } ///< 0 to 1
+    double fraction() const
+    {
+        return total > 0 ? static_cast<double>(used) / static_cast<double>(total) : 0;
+    } ///< 0 to 1
     bool operator==(const MemoryInfo&) const = default;
 };
 

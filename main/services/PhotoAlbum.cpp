@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/PhotoAlbum.h"
 
 #include "services/PhotoRotator.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/PhotoRotator.h"
 
 #include "foundation/BackgroundThread.h"

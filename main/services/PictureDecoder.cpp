@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/PictureDecoder.h"
 
 #include "services/PictureStructure.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/PictureStructure.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/Quotes.h"
 
 #include <array>

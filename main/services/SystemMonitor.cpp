@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/SystemMonitor.h"
 
 #include <QPointer>
@@ -95,8 +97,8 @@ void SystemMonitor::readNetwork(double moment)
         // A counter goes back when its interface was reset or removed: that interval counts for nothing.
         const quint64 received = totals.received >= before.received ? totals.received - before.received : 0;
         const quint64 sent = totals.sent >= before.sent ? totals.sent - before.sent : 0;
-        m_sample.downRate = double(received) / elapsed;
-        m_sample.upRate = double(sent) / elapsed;
+        m_sample.downRate = static_cast<double>(received) / elapsed;
+        m_sample.upRate = static_cast<double>(sent) / elapsed;
         m_sample.sessionDown += received;
         m_sample.sessionUp += sent;
     }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/SystemSample.h"
 
 #include "foundation/Wording.h"
@@ -6,6 +8,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,7 +32,7 @@ MemoryInfo sampleMemory(double fraction)
 {
     MemoryInfo memory;
     memory.total = 16 * gibibyte;
-    memory.used = quint64(double(memory.total) * fraction);
+    memory.used = static_cast<quint64>(static_cast<double>(memory.total) * fraction);
     memory.wired = memory.used / 4;
     memory.compressed = memory.used / 8;
     memory.app = memory.used - memory.wired - memory.compressed;
@@ -38,14 +42,14 @@ MemoryInfo sampleMemory(double fraction)
 QList<ProcessRow> sampleProcesses()
 {
     return {
-        {1, QStringLiteral("Firefox"), 13.2, 8.4},
-        {2, QStringLiteral("Code"), 5.1, 3.2},
-        {3, QStringLiteral("Thunderbird"), 4.6, 2.9},
-        {4, QStringLiteral("Spotify"), 3.0, 2.1},
-        {5, QStringLiteral("Files"), 1.4, 1.6},
-        {6, QStringLiteral("Terminal"), 1.1, 1.2},
-        {7, QStringLiteral("Calendar"), 0.9, 0.8},
-        {8, QStringLiteral("Notes"), 0.6, 0.5},
+        {1, u"Firefox"_s, 13.2, 8.4},
+        {2, u"Code"_s, 5.1, 3.2},
+        {3, u"Thunderbird"_s, 4.6, 2.9},
+        {4, u"Spotify"_s, 3.0, 2.1},
+        {5, u"Files"_s, 1.4, 1.6},
+        {6, u"Terminal"_s, 1.1, 1.2},
+        {7, u"Calendar"_s, 0.9, 0.8},
+        {8, u"Notes"_s, 0.6, 0.5},
     };
 }
 
@@ -65,12 +69,12 @@ SystemSample previewSample()
         sample.perCore.append(std::abs(std::sin(1.3 * i)) * 0.6 + 0.15);
     sample.loadAverage = {sample.loadHistory.last(), 2.05, 1.88};
     sample.memory = sampleMemory(sample.memoryHistory.last());
-    sample.disks = {{Wording::tr("Macintosh HD"), QStringLiteral("/"), 994 * gigabyte, 412 * gigabyte, true}};
+    sample.disks = {{Wording::tr("Macintosh HD"), u"/"_s, 994 * gigabyte, 412 * gigabyte, true}};
     sample.battery = BatteryInfo{0.73, false, false, false, 284};
     sample.downRate = sample.downHistory.last();
     sample.upRate = sample.upHistory.last();
-    sample.sessionDown = quint64(4.82 * gigabyte);
-    sample.sessionUp = quint64(0.64 * gigabyte);
+    sample.sessionDown = static_cast<quint64>(4.82 * gigabyte);
+    sample.sessionUp = static_cast<quint64>(0.64 * gigabyte);
     sample.processes = sampleProcesses();
     sample.uptime = 3 * 86400 + 7 * 3600 + 42 * 60;
     return sample;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/WeatherAnswers.h"
 
 #include "foundation/Json.h"
@@ -25,7 +27,7 @@ template <typename T> Sparse<T> list(JsonReader& reader, QLatin1StringView key, 
     for (const QJsonValue& element : elements) {
         values.append(JsonForm<T>::read(element));
         if (!values.last() && !element.isNull())
-            reader.fail(key, u"expected "_s + QLatin1String(JsonForm<T>::expected));
+            reader.fail(key, u"expected "_s + QLatin1StringView(JsonForm<T>::expected));
     }
     return values;
 }

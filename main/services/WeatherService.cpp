@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/WeatherService.h"
 
 #include "foundation/Wording.h"

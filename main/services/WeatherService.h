@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "foundation/Clock.h"
@@ -7,6 +9,8 @@
 #include <QUrl>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 class AppSettings;
 class HttpClient;
@@ -19,8 +23,8 @@ class WeatherService : public QObject {
 public:
     /// Where the endpoints live; their paths are added to these addresses.
     struct Bases {
-        QUrl forecast{QStringLiteral("https://api.open-meteo.com")};
-        QUrl geocoding{QStringLiteral("https://geocoding-api.open-meteo.com")};
+        QUrl forecast{u"https://api.open-meteo.com"_s};
+        QUrl geocoding{u"https://geocoding-api.open-meteo.com"_s};
     };
 
     WeatherService(

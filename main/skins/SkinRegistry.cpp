@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/SkinRegistry.h"
 
 #include "model/ThemeAccent.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/WoodenFrame.h"
 
 #include <array>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/DesktopWallpaper.h"
 
 #include "foundation/BackgroundThread.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/ImageDiskCache.h"
 
 #include "foundation/WholeFile.h"

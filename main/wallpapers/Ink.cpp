@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/Ink.h"
 
 #include <QtGlobal>
@@ -96,7 +98,7 @@ std::pair<int, int> Ink::columns(double y, int width) const
     if (squared <= 0)
         return {0, 0};
     const double half = std::sqrt(squared);
-    const auto column = [width](double x) { return static_cast<int>(std::clamp(x, 0.0, double(width))); };
+    const auto column = [width](double x) { return static_cast<int>(std::clamp(x, 0.0, static_cast<double>(width))); };
     return {column(std::ceil(m_origin.x() - half - 0.5)), column(std::floor(m_origin.x() + half + 0.5))};
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/Painting.h"
 
 #include "wallpapers/InkLayer.h"

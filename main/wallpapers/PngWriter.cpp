@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/PngWriter.h"
 
 #include <QtEndian>
@@ -77,7 +79,8 @@ QByteArray encodedAsPng(const QImage& picture)
 {
     if (picture.isNull() || picture.format() != QImage::Format_RGB888)
         return {};
-    const auto size = (static_cast<std::size_t>(picture.width()) * bytesPerPixel + 1) * std::size_t(picture.height());
+    const auto size =
+        (static_cast<std::size_t>(picture.width()) * bytesPerPixel + 1) * static_cast<std::size_t>(picture.height());
     Bytes rows = filtered(picture);
     const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
         libdeflate_alloc_compressor(compressionLevel), &libdeflate_free_compressor);

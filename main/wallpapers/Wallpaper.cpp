@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/Wallpaper.h"
 
 #include "wallpapers/PngWriter.h"

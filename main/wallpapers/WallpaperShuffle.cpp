@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/WallpaperShuffle.h"
 
 #include "wallpapers/DesktopWallpaper.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/WallpaperStore.h"
 
 #include "foundation/BackgroundThread.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/ActionMenu.h"
 
 #include "window/MenuStyle.h"
@@ -9,12 +11,14 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// An ampersand marks the key of a menu line; a doubled one is shown.
 QString shown(QString title)
 {
-    return title.replace(u'&', QStringLiteral("&&"));
+    return title.replace(u'&', u"&&"_s);
 }
 
 } // namespace

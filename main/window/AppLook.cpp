@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/AppLook.h"
 
 #include "window/WindowStyle.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/KindRows.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/CityChooser.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/DateField.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/ElidedLabel.h"
 
 #include <QPainter>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/MainWindowController.h"
 
 #include "window/MainWindow.h"

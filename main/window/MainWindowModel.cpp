@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/MainWindowModel.h"
 
 #include <utility>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/MenuStyle.h"
 
 #include "drawing/Colours.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/PercentSlider.h"
 
 #include <QHBoxLayout>
@@ -8,6 +10,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int whole = 100; // percent
@@ -16,7 +20,7 @@ constexpr int gap = 10;
 
 QString figure(int percent)
 {
-    return QStringLiteral("%1%").arg(percent);
+    return u"%1%"_s.arg(percent);
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/PopoverPlacement.h"
 
 #include "desktop/ScreenPlacement.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/Segments.h"
 
 #include "drawing/Colours.h"
@@ -8,6 +10,8 @@
 #include <QPainter>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -56,7 +60,7 @@ void Segments::setAccessibleName(const QString& name)
 {
     QWidget::setAccessibleName(name);
     for (QAbstractButton* button : m_group->buttons())
-        button->setAccessibleName(QStringLiteral("%1: %2").arg(name, button->text()));
+        button->setAccessibleName(u"%1: %2"_s.arg(name, button->text()));
 }
 
 void Segments::paintEvent(QPaintEvent*)

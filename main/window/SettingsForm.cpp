@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/SettingsForm.h"
 
 #include "window/Segments.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/SettingsPopover.h"
 
 #include "drawing/Colours.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/SkinChooser.h"
 
 #include "skins/SkinRegistry.h"

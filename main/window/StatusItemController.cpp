@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/StatusItemController.h"
 
 #include "window/SymbolIcon.h"

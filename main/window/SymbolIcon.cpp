@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/SymbolIcon.h"
 
 #include "drawing/Symbols.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/WidgetSettings.h"
 
 #include "desktop/WidgetManager.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/WindowStyle.h"
 
 #include "drawing/Colours.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/AppDelegate.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"

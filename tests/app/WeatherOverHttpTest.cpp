@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/WidgetActions.h"
 
 #include "foundation/ManualClock.h"
@@ -38,7 +40,7 @@ protected:
     NowPlayingService player{players, http, clock};
 };
 
-TEST_F(WidgetActionsTest, theRunningDesktopsOwnProgramComesFirst)
+TEST_F(WidgetActionsTest, TheRunningDesktopsOwnProgramComesFirst)
 {
     const QStringList installed{u"org.gnome.Calendar"_s, u"org.kde.korganizer"_s, u"thunderbird"_s};
     EXPECT_THAT(opened(WidgetKind::events, installed, {u"KDE"_s}), ElementsAre(u"org.kde.korganizer"_s));
@@ -51,7 +53,7 @@ TEST_F(WidgetActionsTest, theRunningDesktopsOwnProgramComesFirst)
     EXPECT_THAT(opened(WidgetKind::cpu, {}), IsEmpty());
 }
 
-TEST_F(WidgetActionsTest, kindsWithoutAnActionOpenNothing)
+TEST_F(WidgetActionsTest, KindsWithoutAnActionOpenNothing)
 {
     const QStringList everything{u"org.gnome.Music"_s, u"org.gnome.Calendar"_s, u"org.gnome.clocks"_s};
     for (const WidgetKind kind : {WidgetKind::photo, WidgetKind::focus, WidgetKind::quote}) {
@@ -61,7 +63,7 @@ TEST_F(WidgetActionsTest, kindsWithoutAnActionOpenNothing)
     EXPECT_TRUE(WidgetActions::hasAction(WidgetKind::activity)) << "whatever is installed";
 }
 
-TEST_F(WidgetActionsTest, thePlayerOfTheShownTrackComesForward)
+TEST_F(WidgetActionsTest, ThePlayerOfTheShownTrackComesForward)
 {
     const QStringList installed{u"org.gnome.Music"_s, u"mpv"_s};
     EXPECT_THAT(opened(WidgetKind::nowPlaying, installed), ElementsAre(u"org.gnome.Music"_s)) << "nothing plays";

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/WordingFile.h"
 
 #include "foundation/Wording.h"
@@ -35,7 +37,7 @@ protected:
         write(name + u".ts"_s, R"(<TS version="2.1"><context><name>ambrelle</name>)" + messages + "</context></TS>");
         const QStringList arguments{
             u"-silent"_s, folder.filePath(name + u".ts"_s), u"-qm"_s, folder.filePath(name + u".qm"_s)};
-        EXPECT_EQ(QProcess::execute(QStringLiteral(AMBRELLE_LRELEASE), arguments), 0);
+        EXPECT_EQ(QProcess::execute(QString::fromUtf8(AMBRELLE_LRELEASE), arguments), 0);
     }
 
     QCoreApplication& application = *QCoreApplication::instance();

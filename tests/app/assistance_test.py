@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """The whole program and assistive technology on the bus of this test: assistance_test.py PROGRAM.
 
 A client finds the widgets by name, reads them, presses the buttons of their toolbars without a pointer, and hears what

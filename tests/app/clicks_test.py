@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Clicks on the widgets of the running program with a real pointer: clicks_test.py PROGRAM.
 
 The three buttons of the music widget reach a real player, and the one that the widget shows when there are two; a

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Edit mode of the whole program on the display of this test: edit_test.py PROGRAM.
 
 It is started from the menu. A dragged widget comes in line with another one and is stored there, a click on a face ends

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Opens a program by a click on a widget: open_test.py PROGRAM."""
 import shutil
 import time

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Runs the whole program on the display of this test: overlap_test.py PROGRAM.
 
 Another program's window is moved under a pinned widget and away again. With a compositor (where picom is installed) the

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Renders previews with the whole program, without a display: previews_test.py PROGRAM"""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The whole program on the display of a test, which names it as its first argument."""
 import json
 import os

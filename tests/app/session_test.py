@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Runs the whole program on the display of this test: session_test.py PROGRAM.
 
 A widget is dragged with a real pointer, the program is killed without warning and comes back with it in its new place;

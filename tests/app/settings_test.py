@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Uses a widget's settings with a real pointer and keyboard: settings_test.py PROGRAM.
 
 Another application is active meanwhile and stays so; what is typed is stored with every letter; Escape closes the

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """The whole program and the trays of the display of this test: tray_test.py PROGRAM.
 
 A panel that shows announced items gets the item with its menu, early or late, and again after it started anew; a panel

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Renders wallpapers with the whole program, without a display: wallpapers_test.py PROGRAM"""
 
 import filecmp

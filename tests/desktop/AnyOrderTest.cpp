@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/Desk.h"
 
 #include "desktop/ScreenPlacement.h"
@@ -7,6 +9,8 @@
 #include <random>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 /// A desktop with a user who does anything at any time, and with screens that do so too.
@@ -19,7 +23,7 @@ public:
         ScreenInfo smaller = main;
         smaller.frame = smaller.visibleFrame = QRectF(0, 0, 1024, 600);
         ScreenInfo second = main;
-        second.id = second.connector = QStringLiteral("second");
+        second.id = second.connector = u"second"_s;
         second.frame = second.visibleFrame = QRectF(1440, 0, 1920, 1080);
         everything = {main, second};
         m_arrangements = {{main}, everything, {second}, {}, {smaller}, {smaller, second}};
@@ -51,7 +55,7 @@ public:
 
 private:
     int pick(int below) { return static_cast<int>(m_random() % static_cast<unsigned>(below)); }
-    QPointF anywhere() { return {double(pick(6000) - 2000), double(pick(4000) - 1500)}; }
+    QPointF anywhere() { return {static_cast<double>(pick(6000) - 2000), static_cast<double>(pick(4000) - 1500)}; }
 
     void add()
     {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "desktop/PanelGeometry.h"
@@ -17,6 +19,8 @@
 #include <QEvent>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 /// A whole desktop in memory. Its store may be another desktop's, which is what a restart finds.
 struct Desk {
@@ -47,8 +51,7 @@ struct Desk {
     }
     QList<WidgetConfig> stored() const
     {
-        return WidgetConfig::decodeList(defaults.data(QStringLiteral("widgets.v2")).value_or("[]"))
-            .value_or(QList<WidgetConfig>());
+        return WidgetConfig::decodeList(defaults.data(u"widgets.v2"_s).value_or("[]")).value_or(QList<WidgetConfig>());
     }
     QList<RecordingPanel*> panels() const ///< on the screen, in the order of the widgets
     {

@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/Desk.h"
 
 #include <gtest/gtest.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using enum WidgetKind;
@@ -10,7 +14,7 @@ using enum WidgetKind;
 ScreenInfo rightScreen()
 {
     ScreenInfo info;
-    info.id = QStringLiteral("second");
+    info.id = u"second"_s;
     info.frame = info.visibleFrame = QRectF(1440, 0, 1920, 1080);
     return info;
 }

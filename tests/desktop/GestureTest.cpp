@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/DragGesture.h"
 #include "desktop/FreeSpot.h"
 #include "desktop/HoverDelay.h"

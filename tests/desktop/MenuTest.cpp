@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/Desk.h"
 #include "desktop/QuickMenu.h"
 #include "desktop/WidgetMenu.h"
@@ -42,7 +44,7 @@ protected:
     void choose(const QString& title) const { find(quick.items(), title).handler(); }
 };
 
-TEST_F(Menu, linesFollowTheStateOfNow)
+TEST_F(Menu, LinesFollowTheStateOfNow)
 {
     EXPECT_EQ(titles(quick.items()).join(u'|'),
         u"Open Ambrelle|Themes|Add Widgets|-|Start Focus|-|Edit & Move Widgets|Lock Widget Positions|-|Settings|Quit Ambrelle"_s);
@@ -56,7 +58,7 @@ TEST_F(Menu, linesFollowTheStateOfNow)
     EXPECT_TRUE(desk.services.live.focus.isRunning());
 }
 
-TEST_F(Menu, linesDoWhatTheySay)
+TEST_F(Menu, LinesDoWhatTheySay)
 {
     updates = {.found = u"2"_s,
         .enabled = true,
@@ -76,7 +78,7 @@ TEST_F(Menu, linesDoWhatTheySay)
     }
 }
 
-TEST_F(Menu, aWidgetsMenuActsOnThatWidgetAlone)
+TEST_F(Menu, AWidgetsMenuActsOnThatWidgetAlone)
 {
     WidgetController* widget = desk.add(WidgetKind::clock, {100, 100});
     desk.add(WidgetKind::cpu, {600, 100});

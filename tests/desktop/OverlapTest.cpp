@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/Desk.h"
 #include "desktop/OverlapRule.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/recording/RecordingWindowHost.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/ScreenPlacement.h"
 
 #include <gtest/gtest.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 ScreenInfo screen(const QString& id, const QRectF& frame)
@@ -14,8 +18,8 @@ ScreenInfo screen(const QString& id, const QRectF& frame)
     return info;
 }
 
-const ScreenInfo main = screen(QStringLiteral("main"), {0, 0, 1440, 900});
-const ScreenInfo right = screen(QStringLiteral("right"), {1440, 0, 1920, 1080});
+const ScreenInfo main = screen(u"main"_s, {0, 0, 1440, 900});
+const ScreenInfo right = screen(u"right"_s, {1440, 0, 1920, 1080});
 
 WidgetConfig widgetAt(QPointF origin)
 {
@@ -92,9 +96,9 @@ TEST(ScreenPlacement, KeepsItsPlaceOnADisplayOfAnotherSizeAndGetsTheOldOneBack)
 
 TEST(ScreenPlacement, TellsDisplaysOfOneMakeApartByTheirConnectorOnly)
 {
-    const ScreenInfo twinOne = screen(QStringLiteral("Maker Model@DP-1"), {1440, 0, 1920, 1080});
-    const ScreenInfo twinTwo = screen(QStringLiteral("Maker Model@DP-2"), {3360, 0, 1920, 1080});
-    const ScreenInfo single = screen(QStringLiteral("Maker Model"), {1440, 0, 1920, 1080});
+    const ScreenInfo twinOne = screen(u"Maker Model@DP-1"_s, {1440, 0, 1920, 1080});
+    const ScreenInfo twinTwo = screen(u"Maker Model@DP-2"_s, {3360, 0, 1920, 1080});
+    const ScreenInfo single = screen(u"Maker Model"_s, {1440, 0, 1920, 1080});
     const auto standsOn = [](Placed widget, const QList<ScreenInfo>& screens) {
         widget.sync(screens);
         return ScreenPlacement::screenShowing(widget.config.frame(), screens)->id;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Canvas.h"
 #include "drawing/Charts.h"
 #include "drawing/LayerCache.h"
@@ -5,6 +7,8 @@
 #include <gtest/gtest.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,8 +34,8 @@ TEST(Canvas, AStillLayerIsDrawnOnceForEachSizeAndLooksAsDrawnDirectly)
         QPainter painter(&image);
         painter.translate(at);
         painter.scale(scale, scale);
-        Canvas canvas(painter, {.layers = cache, .layerKey = QStringLiteral("test")});
-        canvas.still(QStringLiteral("disc"), {0, 0, 40, 40}, draw);
+        Canvas canvas(painter, {.layers = cache, .layerKey = u"test"_s});
+        canvas.still(u"disc"_s, {0, 0, 40, 40}, draw);
         return image;
     };
     for (const double scale : {1.0, 1.25, 0.75}) {
@@ -54,11 +58,9 @@ TEST(Canvas, TheMovingPassDrawsNothingThatStandsStill)
     canvas.fill(Box(0, 0, 64, 64), Qt::red);
     canvas.frame(Box(0, 0, 64, 64), pen);
     canvas.line({0, 0}, {64, 64}, pen);
-    canvas.text(
-        Box(0, 0, 64, 20), QStringLiteral("text"), {.face = {.family = QStringLiteral("Inter")}, .colour = Qt::red});
-    canvas.figure(
-        Box(0, 20, 64, 40), QStringLiteral("42"), {}, {.face = {.family = QStringLiteral("Inter")}, .fill = Qt::red});
-    canvas.symbol(Box(0, 0, 64, 64), QStringLiteral("clock"), 40, Qt::red);
+    canvas.text(Box(0, 0, 64, 20), u"text"_s, {.face = {.family = u"Inter"_s}, .colour = Qt::red});
+    canvas.figure(Box(0, 20, 64, 40), u"42"_s, {}, {.face = {.family = u"Inter"_s}, .fill = Qt::red});
+    canvas.symbol(Box(0, 0, 64, 64), u"clock"_s, 40, Qt::red);
     canvas.paint([](QPainter& p) { p.fillRect(0, 0, 64, 64, Qt::red); });
     EXPECT_EQ(image, blank());
     double moment = 0;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Canvas.h"
 #include "drawing/PixelMask.h"
 
@@ -10,11 +12,13 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Typeface pixelFace(int weight)
 {
-    return {.family = QStringLiteral("DotGothic16"), .weight = weight, .capRatio = 13.0 / 16, .cell = 1, .pixel = true};
+    return {.family = u"DotGothic16"_s, .weight = weight, .capRatio = 13.0 / 16, .cell = 1, .pixel = true};
 }
 
 QImage drawn(int scale)
@@ -28,9 +32,9 @@ QImage drawn(int scale)
     canvas.frame(Box(21.5, 2.5, 30, 14.5), QPen(Qt::black, 1), 4);
     canvas.disc({70.2, 10.7}, 8, QColor(255, 0, 0, 120));
     canvas.line({85, 1}, {110, 14}, QPen(Qt::blue, 1.2));
-    canvas.text(Box(2.5, 18.3, 100, 16), QStringLiteral("Åre 12:30"), {pixelFace(700), 16, Qt::black});
-    canvas.figure(Box(3.3, 36, 90, 22.6), QStringLiteral("10.4"), QStringLiteral("%"), {pixelFace(700), 13, Qt::black});
-    canvas.symbol(Box(96, 36, 22, 22), QStringLiteral("bolt.fill"), 17, Qt::black);
+    canvas.text(Box(2.5, 18.3, 100, 16), u"Åre 12:30"_s, {pixelFace(700), 16, Qt::black});
+    canvas.figure(Box(3.3, 36, 90, 22.6), u"10.4"_s, u"%"_s, {pixelFace(700), 13, Qt::black});
+    canvas.symbol(Box(96, 36, 22, 22), u"bolt.fill"_s, 17, Qt::black);
     return image;
 }
 
@@ -95,7 +99,7 @@ TEST(PixelFigure, ShrinksByWholeSquaresOnly)
 {
     const FigureStyle style{pixelFace(700), 39, Qt::black};
     for (const double room : {200.0, 100.0, 70.0, 5.0}) {
-        const FigurePath figure = figurePath(QStringLiteral("1234"), {}, style, room);
+        const FigurePath figure = figurePath(u"1234"_s, {}, style, room);
         EXPECT_EQ(std::fmod(figure.cap, 13), 0) << room;
         EXPECT_GE(figure.cap, 13) << room;
         const bool possible = room >= 36; // four cells of nine squares

@@ -1,12 +1,16 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Text.h"
 
 #include <gtest/gtest.h>
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const Typeface inter{.family = QStringLiteral("Inter"), .weight = 500, .capRatio = 0.73};
+const Typeface inter{.family = u"Inter"_s, .weight = 500, .capRatio = 0.73};
 const TextStyle style{.face = inter, .size = 12.5};
 
 double widthOf(const QString& text)
@@ -18,7 +22,7 @@ double widthOf(const QString& text)
 
 TEST(Text, WidthGrowsInProportionToTheSizeSoThatLinesBreakAlikeAtEveryScale)
 {
-    const QString text = QStringLiteral("The quick brown fox, 0123456789");
+    const QString text = u"The quick brown fox, 0123456789"_s;
     const double unit = shape(inter, 10, text)->width / 10;
     for (const double size : {9.0, 10.5, 12.5, 13.5, 17.0, 33.0})
         EXPECT_NEAR(shape(inter, size, text)->width / size, unit, unit * 0.002) << size;
@@ -26,11 +30,11 @@ TEST(Text, WidthGrowsInProportionToTheSizeSoThatLinesBreakAlikeAtEveryScale)
 
 TEST(Text, ElidedTextFitsAndHasOneSign)
 {
-    const QString text = QStringLiteral("Österreichische Dampfschifffahrtsgesellschaft 𝄞𝄞𝄞𝄞𝄞𝄞");
+    const QString text = u"Österreichische Dampfschifffahrtsgesellschaft 𝄞𝄞𝄞𝄞𝄞𝄞"_s;
     for (const Qt::TextElideMode mode : {Qt::ElideRight, Qt::ElideMiddle}) {
         for (double room = 4; room < widthOf(text) + 10; room += 7) {
             const QString shown = elided(text, style.elided(mode), room);
-            EXPECT_LE(widthOf(shown), std::max(room, widthOf(QStringLiteral("…"))) + 0.1) << qPrintable(shown);
+            EXPECT_LE(widthOf(shown), std::max(room, widthOf(u"…"_s)) + 0.1) << qPrintable(shown);
             EXPECT_EQ(shown.count(u'…'), shown == text ? 0 : 1) << qPrintable(shown);
             for (const QChar unit : shown)
                 EXPECT_FALSE(unit.isNull());
@@ -43,7 +47,7 @@ TEST(Text, ElidedTextFitsAndHasOneSign)
 
 TEST(Text, WrappedTextKeepsEveryWordUntilTheLastLineIsFull)
 {
-    const QString text = QStringLiteral("It is not because things are difficult that we do not dare");
+    const QString text = u"It is not because things are difficult that we do not dare"_s;
     const QStringList whole = wrapped(text, style.wrapped(9), 120);
     EXPECT_EQ(whole.join(u' '), text);
     for (const QString& line : whole)
@@ -51,25 +55,25 @@ TEST(Text, WrappedTextKeepsEveryWordUntilTheLastLineIsFull)
     const QStringList cut = wrapped(text, style.wrapped(2), 120);
     ASSERT_EQ(cut.size(), 2);
     EXPECT_TRUE(cut.last().endsWith(u'…'));
-    EXPECT_EQ(wrapped(QStringLiteral("Donaudampfschifffahrtsgesellschaft"), style.wrapped(3), 60).size(), 1);
-    EXPECT_TRUE(wrapped(QStringLiteral("  "), style.wrapped(3), 60).isEmpty());
+    EXPECT_EQ(wrapped(u"Donaudampfschifffahrtsgesellschaft"_s, style.wrapped(3), 60).size(), 1);
+    EXPECT_TRUE(wrapped(u"  "_s, style.wrapped(3), 60).isEmpty());
 }
 
 TEST(Figure, DigitsStayPutWhateverTheyAre)
 {
-    const FigureStyle figure{.face = {.family = QStringLiteral("Inter Display"), .weight = 300, .capRatio = 0.74}};
-    const double width = figurePath(QStringLiteral("00:00"), {}, figure, 1000).width;
-    for (const QString& time : {QStringLiteral("11:11"), QStringLiteral("09:41"), QStringLiteral("23:58")})
+    const FigureStyle figure{.face = {.family = u"Inter Display"_s, .weight = 300, .capRatio = 0.74}};
+    const double width = figurePath(u"00:00"_s, {}, figure, 1000).width;
+    for (const QString& time : {u"11:11"_s, u"09:41"_s, u"23:58"_s})
         EXPECT_DOUBLE_EQ(figurePath(time, {}, figure, 1000).width, width) << qPrintable(time);
 }
 
 TEST(Figure, ShrinksToItsRoomAndIsNeverCut)
 {
-    const FigureStyle figure{.face = {.family = QStringLiteral("Inter Display"), .weight = 300, .capRatio = 0.74}};
-    const FigurePath roomy = figurePath(QStringLiteral("1000.00"), QStringLiteral("KB/s"), figure, 1000);
+    const FigureStyle figure{.face = {.family = u"Inter Display"_s, .weight = 300, .capRatio = 0.74}};
+    const FigurePath roomy = figurePath(u"1000.00"_s, u"KB/s"_s, figure, 1000);
     EXPECT_DOUBLE_EQ(roomy.cap, figure.cap);
     for (const double room : {200.0, 120.0, 60.0, 20.0}) {
-        const FigurePath path = figurePath(QStringLiteral("1000.00"), QStringLiteral("KB/s"), figure, room);
+        const FigurePath path = figurePath(u"1000.00"_s, u"KB/s"_s, figure, room);
         EXPECT_LE(path.width, room + 0.01);
         EXPECT_EQ(path.digits.elementCount(), roomy.digits.elementCount()) << "a digit was lost";
     }

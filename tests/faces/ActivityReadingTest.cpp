@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/Locales.h"
 #include "faces/ReadingFunctions.h"
 
@@ -32,7 +34,7 @@ struct ActivityReadingTest : testing::Test {
     ManualClock clock;
 };
 
-TEST_F(ActivityReadingTest, countsInWholeMinutesAndFittingUnits)
+TEST_F(ActivityReadingTest, CountsInWholeMinutesAndFittingUnits)
 {
     struct Case {
         double seconds, metres;
@@ -61,7 +63,7 @@ TEST_F(ActivityReadingTest, countsInWholeMinutesAndFittingUnits)
     EXPECT_EQ(hours.at(15), 0) << "no whole minute yet";
 }
 
-TEST_F(ActivityReadingTest, saysWhatIsNotMeasured)
+TEST_F(ActivityReadingTest, SaysWhatIsNotMeasured)
 {
     monitor.currentTellsPointer = false;
     const ActivityReading blind = reading(600, 77, 7);

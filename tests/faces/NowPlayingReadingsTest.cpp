@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/ReadingFunctions.h"
 
 #include "foundation/ManualClock.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/ReadingFunctions.h"
 
 #include "foundation/ManualClock.h"
@@ -13,7 +15,7 @@ namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
-TEST(PhotoReading, showsThePictureOrSaysWhyThereIsNone)
+TEST(PhotoReading, ShowsThePictureOrSaysWhyThereIsNone)
 {
     QTemporaryDir folder;
     ManualClock clock;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/ReadingFunctions.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +8,7 @@ namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
-TEST(QuoteReading, showsWhatTheWidgetIsSetTo)
+TEST(QuoteReading, ShowsWhatTheWidgetIsSetTo)
 {
     WidgetConfig config(WidgetKind::quote, Skin::glass);
     const QDate day(2026, 11, 21);

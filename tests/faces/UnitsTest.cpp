@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/Units.h"
 #include "faces/MoonPhase.h"
 
@@ -6,6 +8,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 TEST(Units, PercentIsAWholeNumberFromZeroToHundred)
 {
@@ -24,8 +28,8 @@ TEST(Units, RatesAndSizesStepAtPowersOfAThousand)
         {0, "0 KB"}, {999999, "1000 KB"}, {1e6, "1.00 MB"}, {999999999, "1000.00 MB"}, {1e9, "1.00 GB"}};
     for (const auto& [size, text] : sizes)
         EXPECT_EQ(Units::size(size).joined().toStdString(), text);
-    EXPECT_EQ(Units::gib(1.5 * Units::gibibyte, 1), QStringLiteral("1.5"));
-    EXPECT_EQ(Units::gb(1.5e9, 1), QStringLiteral("1.5"));
+    EXPECT_EQ(Units::gib(1.5 * Units::gibibyte, 1), u"1.5"_s);
+    EXPECT_EQ(Units::gb(1.5e9, 1), u"1.5"_s);
 }
 
 TEST(Units, TimesFollowTheLocale)
@@ -34,13 +38,13 @@ TEST(Units, TimesFollowTheLocale)
     const QLocale american(QLocale::English, QLocale::UnitedStates);
     const QDateTime noon(QDate(2026, 1, 1), QTime(12, 5));
     const QDateTime night(QDate(2026, 1, 1), QTime(21, 40));
-    EXPECT_EQ(Units::time(noon, german), QStringLiteral("12:05"));
-    EXPECT_EQ(Units::time(noon, american), QStringLiteral("0:05"));
-    EXPECT_EQ(Units::time(night, german), QStringLiteral("21:40"));
-    EXPECT_EQ(Units::time(night, american), QStringLiteral("9:40"));
-    EXPECT_EQ(Units::clock(3600), QStringLiteral("60:00"));
-    EXPECT_EQ(Units::clock(59.9), QStringLiteral("0:59"));
-    EXPECT_EQ(Units::clock(-3), QStringLiteral("0:00"));
+    EXPECT_EQ(Units::time(noon, german), u"12:05"_s);
+    EXPECT_EQ(Units::time(noon, american), u"0:05"_s);
+    EXPECT_EQ(Units::time(night, german), u"21:40"_s);
+    EXPECT_EQ(Units::time(night, american), u"9:40"_s);
+    EXPECT_EQ(Units::clock(3600), u"60:00"_s);
+    EXPECT_EQ(Units::clock(59.9), u"0:59"_s);
+    EXPECT_EQ(Units::clock(-3), u"0:00"_s);
 }
 
 TEST(MoonPhase, FollowsTheMeanLunationFromTheReferenceNewMoon)
@@ -48,12 +52,12 @@ TEST(MoonPhase, FollowsTheMeanLunationFromTheReferenceNewMoon)
     const QDateTime reference = QDateTime::fromSecsSinceEpoch(947182440, Qt::UTC);
     EXPECT_DOUBLE_EQ(MoonPhase::fraction(reference), 0);
     EXPECT_DOUBLE_EQ(MoonPhase::illumination(reference), 0);
-    EXPECT_EQ(MoonPhase::name(reference), QStringLiteral("New Moon"));
+    EXPECT_EQ(MoonPhase::name(reference), u"New Moon"_s);
     EXPECT_GT(MoonPhase::age(reference.addSecs(-1)), 29.5);
     const QDateTime full = reference.addMSecs(static_cast<qint64>(MoonPhase::synodicMonth / 2 * 86400e3));
     EXPECT_NEAR(MoonPhase::illumination(full), 1, 1e-9);
-    EXPECT_EQ(MoonPhase::name(full), QStringLiteral("Full Moon"));
-    EXPECT_EQ(MoonPhase::next(full.addDays(-2)).name, QStringLiteral("Full Moon"));
+    EXPECT_EQ(MoonPhase::name(full), u"Full Moon"_s);
+    EXPECT_EQ(MoonPhase::next(full.addDays(-2)).name, u"Full Moon"_s);
     EXPECT_NEAR(MoonPhase::next(full.addDays(-2)).days, 2, 0.001);
     // Dates of full moons from an almanac (UTC): a mean lunation is off by up to about 14 hours.
     for (const QDate& date : {QDate(2024, 8, 19), QDate(2025, 3, 14), QDate(2026, 1, 3)}) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/Locales.h"
 #include "faces/ReadingFunctions.h"
 #include "foundation/ManualClock.h"
@@ -39,7 +41,7 @@ protected:
             "temperature_2m_max": [%5], "temperature_2m_min": [%6]}})"_s.arg(temperature)
                                  .arg(code)
                                  .arg(isDay)
-                                 .arg(QLatin1String(codes), QLatin1String(highs), QLatin1String(lows));
+                                 .arg(QLatin1StringView(codes), QLatin1StringView(highs), QLatin1StringView(lows));
         Q_EMIT location.located({0, 0, u"Harbour"_s});
         network.answer({body.toUtf8(), {}});
         QThreadPool::globalInstance()->waitForDone();

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "foundation/ManualClock.h"
 #include "foundation/TimerQueue.h"
 #include "platform/linux/kernel/SystemClock.h"
@@ -81,8 +83,9 @@ TEST(ManualClockTest, DoesWorkInOrderEachAtItsMoment)
     const QDateTime start = clock.now();
     QStringList log;
     const auto note = [&](const char* what) {
-        return
-            [&log, &clock, start, what] { log << u"%1@%2"_s.arg(QLatin1String(what)).arg(start.msecsTo(clock.now())); };
+        return [&log, &clock, start, what] {
+            log << u"%1@%2"_s.arg(QLatin1StringView(what)).arg(start.msecsTo(clock.now()));
+        };
     };
     const Ticket late = clock.after(250ms, note("late"));
     const Ticket tick = clock.every(100ms, note("tick"));

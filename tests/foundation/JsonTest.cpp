@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "foundation/Json.h"
 
 #include <QJsonDocument>

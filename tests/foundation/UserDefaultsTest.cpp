@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "foundation/UserDefaults.h"
 
 #include <QDir>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -81,7 +83,7 @@ private:
 };
 
 struct HouseTest : testing::Test {
-    const QDir sources{QStringLiteral(AMBRELLE_SOURCES)};
+    const QDir sources{QString::fromUtf8(AMBRELLE_SOURCES)};
     const House house{contentOf(sources.filePath(u"README.md"_s))};
 };
 
@@ -108,7 +110,8 @@ TEST_F(HouseTest, ArrowsRunDownwards)
              Case{"platform/x11/window/Panel.h", "platform/linux/kernel/Ticks.h", false},
              Case{"platform/x11/Host.h", "services/Weather.h", false},
          })
-        EXPECT_EQ(house.mayInclude(house.roomOf(QLatin1String(arrow.from)), house.roomOf(QLatin1String(arrow.to))),
+        EXPECT_EQ(
+            house.mayInclude(house.roomOf(QLatin1StringView(arrow.from)), house.roomOf(QLatin1StringView(arrow.to))),
             arrow.allowed)
             << arrow.from << " -> " << arrow.to;
 }

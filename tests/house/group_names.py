@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Finds names that two files of one folder each keep to themselves, or that a header has too.
 
 The files of a folder are compiled in groups, in which unnamed namespaces are one and every header is seen by all: an

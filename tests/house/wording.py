@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks that every text can be translated, and that the wording files fit the texts.
 
 Usage: wording.py LUPDATE, in the folder with main/ and assets/wording/. Prints what is wrong; the exit status tells

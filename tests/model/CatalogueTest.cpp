@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/Skin.h"
 #include "model/WidgetCategory.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WidgetConfig.h"
 #include "foundation/Json.h"
 

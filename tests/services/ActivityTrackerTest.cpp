@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/ActivityTracker.h"
 
 #include "foundation/ManualClock.h"
@@ -38,7 +40,7 @@ struct ActivityTrackerTest : testing::Test {
     int changes = 0;
 };
 
-TEST_F(ActivityTrackerTest, aSampleCountsTowardsItsHourUnlessTheUserWasIdle)
+TEST_F(ActivityTrackerTest, ASampleCountsTowardsItsHourUnlessTheUserWasIdle)
 {
     const std::pair<std::optional<double>, double> cases[] = {
         {0.0, 10}, {59.0, 10}, {59.999, 10}, {60.0, 0}, {4000.0, 0}, {std::nullopt, 0}};
@@ -55,7 +57,7 @@ TEST_F(ActivityTrackerTest, aSampleCountsTowardsItsHourUnlessTheUserWasIdle)
     EXPECT_EQ(tracker.hours().at(10), 20) << "10:00:05 and 10:00:15";
 }
 
-TEST_F(ActivityTrackerTest, travelIsTheSumOfStraightStepsFromTheSecondPointOn)
+TEST_F(ActivityTrackerTest, TravelIsTheSumOfStraightStepsFromTheSecondPointOn)
 {
     tracker.start();
     Q_EMIT monitor.moved({-5000, 9000});
@@ -78,7 +80,7 @@ TEST_F(ActivityTrackerTest, travelIsTheSumOfStraightStepsFromTheSecondPointOn)
     EXPECT_EQ(tracker.clicks(), 0);
 }
 
-TEST_F(ActivityTrackerTest, runsOnlyOnDemandAndAsksNothingOtherwise)
+TEST_F(ActivityTrackerTest, RunsOnlyOnDemandAndAsksNothingOtherwise)
 {
     clock.advance(1h);
     EXPECT_EQ(monitor.questions, 0);
@@ -93,7 +95,7 @@ TEST_F(ActivityTrackerTest, runsOnlyOnDemandAndAsksNothingOtherwise)
     EXPECT_EQ(monitor.questions, 6);
 }
 
-TEST_F(ActivityTrackerTest, midnightBeginsAtZeroWithTheNextSample)
+TEST_F(ActivityTrackerTest, MidnightBeginsAtZeroWithTheNextSample)
 {
     clock.setNow(march(7, 23, 59, 55));
     tracker.start();
@@ -110,7 +112,7 @@ TEST_F(ActivityTrackerTest, midnightBeginsAtZeroWithTheNextSample)
     EXPECT_EQ(defaults.object(activityKey)->value(u"day"_s).toString(), u"2026-3-8"_s);
 }
 
-TEST_F(ActivityTrackerTest, figuresSurviveARestartOnTheSameDayOnly)
+TEST_F(ActivityTrackerTest, FiguresSurviveARestartOnTheSameDayOnly)
 {
     tracker.start();
     Q_EMIT monitor.clicked();
@@ -139,7 +141,7 @@ TEST_F(ActivityTrackerTest, figuresSurviveARestartOnTheSameDayOnly)
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(ActivityTrackerTest, aDamagedRecordHarmsNothing)
+TEST_F(ActivityTrackerTest, ADamagedRecordHarmsNothing)
 {
     QJsonArray twentyFour;
     for (int hour = 0; hour < 24; ++hour)
@@ -174,7 +176,7 @@ TEST_F(ActivityTrackerTest, aDamagedRecordHarmsNothing)
     }
 }
 
-TEST_F(ActivityTrackerTest, samplesForPicturesAreNeverStored)
+TEST_F(ActivityTrackerTest, SamplesForPicturesAreNeverStored)
 {
     monitor.currentTellsPointer = false;
     monitor.currentWhyNot = u"off"_s;
@@ -191,7 +193,7 @@ TEST_F(ActivityTrackerTest, samplesForPicturesAreNeverStored)
     EXPECT_EQ(tracker.whyNot(), u"off"_s);
 }
 
-TEST_F(ActivityTrackerTest, tellsWhenMeasuringBecomesImpossible)
+TEST_F(ActivityTrackerTest, TellsWhenMeasuringBecomesImpossible)
 {
     tracker.start();
     monitor.idle = 100;
@@ -206,7 +208,7 @@ TEST_F(ActivityTrackerTest, tellsWhenMeasuringBecomesImpossible)
     EXPECT_EQ(changes, 2);
 }
 
-TEST_F(ActivityTrackerTest, anAnswerAfterTheStopIsNotCounted)
+TEST_F(ActivityTrackerTest, AnAnswerAfterTheStopIsNotCounted)
 {
     monitor.isDeferred = true;
     tracker.start();
@@ -216,7 +218,7 @@ TEST_F(ActivityTrackerTest, anAnswerAfterTheStopIsNotCounted)
     EXPECT_EQ(tracker.activeSeconds(), 0);
 }
 
-TEST(InputMonitor, metresPerPointNeedBothWidths)
+TEST(InputMonitor, MetresPerPointNeedBothWidths)
 {
     EXPECT_DOUBLE_EQ(InputMonitor::metresPerPoint(600, 1920), 0.0003125);
     EXPECT_EQ(InputMonitor::metresPerPoint(0, 1920), 0.0002);

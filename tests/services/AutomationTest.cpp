@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/Automation.h"
 
 #include "foundation/ManualClock.h"
@@ -49,7 +51,7 @@ struct AutomationTest : testing::Test {
     Automation automation{settings, monitor, clock, [this] { ++shuffles; }};
 };
 
-TEST_F(AutomationTest, eachChoreRunsOncePerPeriod)
+TEST_F(AutomationTest, EachChoreRunsOncePerPeriod)
 {
     settings.downloadResetMinutes.set(60);
     settings.wallpaperShuffleMinutes.set(1);
@@ -68,7 +70,7 @@ TEST_F(AutomationTest, eachChoreRunsOncePerPeriod)
     EXPECT_EQ(shuffles, 240);
 }
 
-TEST_F(AutomationTest, periodsRunFromTheMakingAndHeedNoWallClock)
+TEST_F(AutomationTest, PeriodsRunFromTheMakingAndHeedNoWallClock)
 {
     clock.advance(40s);
     settings.wallpaperShuffleMinutes.set(1);
@@ -86,7 +88,7 @@ TEST_F(AutomationTest, periodsRunFromTheMakingAndHeedNoWallClock)
     EXPECT_EQ(shuffles, 3);
 }
 
-TEST_F(AutomationTest, costsNothingWhileNoChoreIsAskedFor)
+TEST_F(AutomationTest, CostsNothingWhileNoChoreIsAskedFor)
 {
     EXPECT_EQ(clock.running, 0);
     settings.downloadResetMinutes.set(5);

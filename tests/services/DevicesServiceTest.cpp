@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/DevicesService.h"
 
 #include "foundation/ManualClock.h"
@@ -53,7 +55,7 @@ TEST(DeviceKindTest, TheMostTellingWordDecides)
         {"", "phone", other},
     };
     for (const Case& each : cases)
-        EXPECT_EQ(kindOf(QLatin1String(each.name), QLatin1String(each.minorType)), each.kind) << each.name;
+        EXPECT_EQ(kindOf(QLatin1StringView(each.name), QLatin1StringView(each.minorType)), each.kind) << each.name;
     EXPECT_EQ(symbol(other), u"dot.radiowaves.left.and.right"_s);
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/EventsService.h"
 
 #include "foundation/ManualClock.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/FocusTimer.h"
 
 #include "foundation/ManualClock.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/PhotoRotator.h"
 
 #include "foundation/ManualClock.h"
@@ -49,7 +51,7 @@ struct PhotoRotatorTest : testing::Test {
                          }};
 };
 
-TEST_F(PhotoRotatorTest, aFolderIsItsPicturesByExtension)
+TEST_F(PhotoRotatorTest, AFolderIsItsPicturesByExtension)
 {
     for (const char* name : {"b.JPG", "a.jpeg", "c.Png", "d.gif", "e.txt", "png", "f.png.part", ".g.png", "h", "i.ico"})
         ASSERT_TRUE(QFile(folder.filePath(QString::fromLatin1(name))).open(QIODevice::WriteOnly));
@@ -64,7 +66,7 @@ TEST_F(PhotoRotatorTest, aFolderIsItsPicturesByExtension)
     EXPECT_TRUE(PhotoFolder::pictures(QString()).isEmpty());
 }
 
-TEST_F(PhotoRotatorTest, onePictureStaysAndIsNotDecodedAgain)
+TEST_F(PhotoRotatorTest, OnePictureStaysAndIsNotDecodedAgain)
 {
     put(u"a.png"_s, red);
     EXPECT_TRUE(rotator.isEmpty());
@@ -80,7 +82,7 @@ TEST_F(PhotoRotatorTest, onePictureStaysAndIsNotDecodedAgain)
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(PhotoRotatorTest, twoPicturesAlternateAndMoreNeverRepeatAtOnce)
+TEST_F(PhotoRotatorTest, TwoPicturesAlternateAndMoreNeverRepeatAtOnce)
 {
     put(u"a.png"_s, red);
     put(u"b.png"_s, green);
@@ -111,7 +113,7 @@ TEST_F(PhotoRotatorTest, twoPicturesAlternateAndMoreNeverRepeatAtOnce)
     EXPECT_EQ(asked, (QList<qsizetype>{3, 2, 2, 2}));
 }
 
-TEST_F(PhotoRotatorTest, configuringAgainReplacesTheTimerAndNothingElse)
+TEST_F(PhotoRotatorTest, ConfiguringAgainReplacesTheTimerAndNothingElse)
 {
     put(u"a.png"_s, red);
     put(u"b.png"_s, green);
@@ -134,7 +136,7 @@ TEST_F(PhotoRotatorTest, configuringAgainReplacesTheTimerAndNothingElse)
     EXPECT_EQ(colour(), red);
 }
 
-TEST_F(PhotoRotatorTest, isDecodedAtTheSizeShown)
+TEST_F(PhotoRotatorTest, IsDecodedAtTheSizeShown)
 {
     put(u"a.png"_s, red, {400, 200});
     put(u"b.png"_s, green, {400, 200});
@@ -148,7 +150,7 @@ TEST_F(PhotoRotatorTest, isDecodedAtTheSizeShown)
     EXPECT_EQ(asked.size(), 1);
 }
 
-TEST_F(PhotoRotatorTest, missingFoldersAndDamagedPicturesShowNothing)
+TEST_F(PhotoRotatorTest, MissingFoldersAndDamagedPicturesShowNothing)
 {
     put(u"a.png"_s, red);
     configure();
@@ -182,7 +184,7 @@ TEST_F(PhotoRotatorTest, missingFoldersAndDamagedPicturesShowNothing)
     EXPECT_TRUE(rotator.image().isNull());
 }
 
-TEST_F(PhotoRotatorTest, anAnswerAboutAFormerFolderIsIgnored)
+TEST_F(PhotoRotatorTest, AnAnswerAboutAFormerFolderIsIgnored)
 {
     put(u"a.png"_s, red);
     workers.setMaxThreadCount(1);
@@ -209,7 +211,7 @@ TEST_F(PhotoRotatorTest, anAnswerAboutAFormerFolderIsIgnored)
     EXPECT_EQ(colour(), blue);
 }
 
-TEST_F(PhotoRotatorTest, theAlbumKeepsOneForEachWidget)
+TEST_F(PhotoRotatorTest, TheAlbumKeepsOneForEachWidget)
 {
     put(u"a.png"_s, red);
     PhotoAlbum album(clock);
@@ -234,7 +236,7 @@ TEST_F(PhotoRotatorTest, theAlbumKeepsOneForEachWidget)
     // Goes while its folder is being listed.
 }
 
-TEST_F(PhotoRotatorTest, withoutAFolderTheSampleIsShownAtItsSize)
+TEST_F(PhotoRotatorTest, WithoutAFolderTheSampleIsShownAtItsSize)
 {
     put(u"a.png"_s, red);
     PhotoAlbum album(clock);

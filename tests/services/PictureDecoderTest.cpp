@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/PictureDecoder.h"
 #include "services/PictureStructure.h"
 
@@ -75,7 +77,7 @@ bool forgetPeak()
     return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write("5") == 1;
 }
 
-TEST(PictureDecoder, coversWhatIsShownAndNeverEnlarges)
+TEST(PictureDecoder, CoversWhatIsShownAndNeverEnlarges)
 {
     const struct {
         QSize stored, shown, expected;
@@ -98,7 +100,7 @@ TEST(PictureDecoder, coversWhatIsShownAndNeverEnlarges)
     EXPECT_EQ(PictureDecoder::decode(encoded(clear, "png"), {4, 4}).format(), QImage::Format_ARGB32_Premultiplied);
 }
 
-TEST(PictureDecoder, turnsPicturesUpright)
+TEST(PictureDecoder, TurnsPicturesUpright)
 {
     const QImage image = PictureDecoder::decode(turned(encoded(halves({400, 200}), "jpg")), {50, 50});
     ASSERT_EQ(image.size(), QSize(50, 100));
@@ -106,7 +108,7 @@ TEST(PictureDecoder, turnsPicturesUpright)
     EXPECT_GT(image.pixelColor(25, 90).blue(), 200);
 }
 
-TEST(PictureDecoder, refusesWhatIsTooMuchOrNoPicture)
+TEST(PictureDecoder, RefusesWhatIsTooMuchOrNoPicture)
 {
     QTemporaryDir folder;
     EXPECT_TRUE(PictureDecoder::read(folder.filePath(u"none.png"_s), {9, 9}).isNull());
@@ -130,7 +132,7 @@ TEST(PictureDecoder, refusesWhatIsTooMuchOrNoPicture)
         EXPECT_TRUE(PictureDecoder::decode(bytes, {9, 9}).isNull());
 }
 
-TEST(PictureDecoder, smallFilesCannotExhaustTheMemory)
+TEST(PictureDecoder, SmallFilesCannotExhaustTheMemory)
 {
     const QImage picture = halves({64, 64});
     QByteArray manyPasses = encoded(picture, "jpg", true);
@@ -151,7 +153,7 @@ TEST(PictureDecoder, smallFilesCannotExhaustTheMemory)
     EXPECT_LT(peakMegabytes() - before, 64);
 }
 
-TEST(PictureStructure, tellsHowAPictureIsStored)
+TEST(PictureStructure, TellsHowAPictureIsStored)
 {
     const QByteArray baseline = encoded(halves({64, 64}), "jpg");
     const QByteArray progressive = encoded(halves({64, 64}), "jpg", true);
@@ -175,7 +177,7 @@ TEST(PictureStructure, tellsHowAPictureIsStored)
 }
 
 /// Damage of every kind; what it finds are crashes, hangs and what sanitizers see.
-TEST(PictureStructure, damagedFilesHarmNothing)
+TEST(PictureStructure, DamagedFilesHarmNothing)
 {
     QRandomGenerator random(20250602);
     const QByteArray originals[] = {encoded(halves({64, 64}), "jpg"), encoded(halves({64, 64}), "jpg", true),

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/Quotes.h"
 
 #include <QSet>
@@ -9,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(Quotes, everyEntryComesOncePerRoundAndDaysAgree)
+TEST(Quotes, EveryEntryComesOncePerRoundAndDaysAgree)
 {
     for (const bool words : {true, false}) {
         const int count = words ? 40 : 56;
@@ -34,7 +36,7 @@ TEST(Quotes, everyEntryComesOncePerRoundAndDaysAgree)
 }
 
 // 21 November 2026 is day 739941 of the era; 739941 x 7919 leaves 19 in 40 and in 56.
-TEST(Quotes, theDayOfTheEraDecides)
+TEST(Quotes, TheDayOfTheEraDecides)
 {
     EXPECT_EQ(Quotes::entry(true, QDate(2026, 11, 21)).source, u"Saudade"_s);
     EXPECT_EQ(Quotes::entry(false, QDate(2026, 11, 21)).text, u"Imagination is more important than knowledge."_s);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/RemindersService.h"
 
 #include "foundation/ManualClock.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/SystemMonitor.h"
 
 #include "foundation/ManualClock.h"
@@ -9,6 +11,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using namespace std::chrono_literals;
@@ -19,8 +23,8 @@ class SystemMonitorTest : public ::testing::Test {
 protected:
     void setTraffic(quint64 received, quint64 sent)
     {
-        machine.network.currentInterfaces = QList<InterfaceCounters>{
-            {QStringLiteral("lo"), 777, 777, false}, {QStringLiteral("eth0"), received, sent, true}};
+        machine.network.currentInterfaces =
+            QList<InterfaceCounters>{{u"lo"_s, 777, 777, false}, {u"eth0"_s, received, sent, true}};
     }
 
     RecordingSources machine;
@@ -101,17 +105,16 @@ TEST(DiskReaderTest, ListsBrowsableVolumesTheRootFirst)
                             std::optional<qint64> total) {
         Volume result;
         result.name = std::move(name);
-        result.path = QLatin1String(path);
+        result.path = QLatin1StringView(path);
         result.browsable = browsable;
         result.total = total;
         return result;
     };
     RecordingVolumes volumes;
-    volumes.currentVolumes = {volume(QStringLiteral("beta"), "/b2", true, 100),
-        volume(QStringLiteral("beta"), "/b1", true, 100), volume(std::nullopt, "/media/Alpha/", true, 100),
-        volume(QStringLiteral("snapshot"), "/x", false, 100),
-        volume(QStringLiteral("unknown"), "/y", std::nullopt, 100), volume(QStringLiteral("empty"), "/z", true, 0),
-        volume(QStringLiteral("sizeless"), "/w", true, std::nullopt), volume(QStringLiteral("zeta"), "/", true, 100)};
+    volumes.currentVolumes = {volume(u"beta"_s, "/b2", true, 100), volume(u"beta"_s, "/b1", true, 100),
+        volume(std::nullopt, "/media/Alpha/", true, 100), volume(u"snapshot"_s, "/x", false, 100),
+        volume(u"unknown"_s, "/y", std::nullopt, 100), volume(u"empty"_s, "/z", true, 0),
+        volume(u"sizeless"_s, "/w", true, std::nullopt), volume(u"zeta"_s, "/", true, 100)};
     volumes.currentVolumes[0].available = 30;
     volumes.currentVolumes[1].available = 30;
     volumes.currentVolumes[1].availableForImportantUsage = 140;
@@ -121,9 +124,7 @@ TEST(DiskReaderTest, ListsBrowsableVolumesTheRootFirst)
     QStringList names;
     for (const auto& disk : disks)
         names.append(disk.name + disk.path);
-    EXPECT_EQ(names,
-        QStringList({QStringLiteral("zeta/"), QStringLiteral("Alpha/media/Alpha/"), QStringLiteral("beta/b2"),
-            QStringLiteral("beta/b1")}));
+    EXPECT_EQ(names, QStringList({u"zeta/"_s, u"Alpha/media/Alpha/"_s, u"beta/b2"_s, u"beta/b1"_s}));
     EXPECT_EQ(disks.at(2).used(), 70);
     EXPECT_DOUBLE_EQ(disks.at(2).usedFraction(), 0.7);
     EXPECT_EQ(disks.at(3).free, 140);
@@ -232,13 +233,13 @@ TEST_F(SystemMonitorTest, VolumesAreReadEveryThirtySecondsAndAfterAMount)
     EXPECT_EQ(machine.volumes.readings, 2);
     EXPECT_FALSE(monitor.sample().mainDisk());
 
-    machine.volumes.currentVolumes = {{QStringLiteral("System"), QStringLiteral("/"), true, 100, 50, {}, true}};
+    machine.volumes.currentVolumes = {{u"System"_s, u"/"_s, true, 100, 50, {}, true}};
     Q_EMIT machine.volumes.changed();
     EXPECT_EQ(machine.volumes.readings, 2);
     clock.advance(10s);
     EXPECT_EQ(machine.volumes.readings, 3);
     ASSERT_TRUE(monitor.sample().mainDisk());
-    EXPECT_EQ(monitor.sample().mainDisk()->id(), QStringLiteral("/"));
+    EXPECT_EQ(monitor.sample().mainDisk()->id(), u"/"_s);
 }
 
 TEST_F(SystemMonitorTest, ListsProcessesOneAtATimeWhileWanted)
@@ -253,7 +254,7 @@ TEST_F(SystemMonitorTest, ListsProcessesOneAtATimeWhileWanted)
 
     QList<ProcessRow> rows;
     for (int i = 0; i < 9; ++i)
-        rows.append({i, QStringLiteral("worker"), 9.0 - i, 1});
+        rows.append({i, u"worker"_s, 9.0 - i, 1});
     machine.processes.answer(rows);
     EXPECT_EQ(published, 1);
     EXPECT_EQ(monitor.sample().processes, rows.first(8));
@@ -274,42 +275,39 @@ TEST_F(SystemMonitorTest, AListThatComesTooLateIsDropped)
         shortLived.start(1);
     }
     ASSERT_TRUE(machine.processes.pending);
-    machine.processes.answer({{1, QStringLiteral("late"), 1, 1}});
+    machine.processes.answer({{1, u"late"_s, 1, 1}});
     clock.advance(5s);
     EXPECT_EQ(machine.processes.requests.size(), 1);
 }
 
 TEST_F(SystemMonitorTest, WhatCannotBeMeasuredIsNotZero)
 {
-    machine.network.setWhyNot(QStringLiteral("No network here."));
+    machine.network.setWhyNot(u"No network here."_s);
     machine.network.currentInterfaces.reset();
     monitor.start(1);
     EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::processor), QString());
-    EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::network), QStringLiteral("No network here."));
+    EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::network), u"No network here."_s);
 
     monitor.loadPreviewData();
     EXPECT_EQ(monitor.sample(), previewSample());
     EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::network), QString());
     clock.advance(1s);
-    EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::network), QStringLiteral("No network here."));
+    EXPECT_EQ(monitor.sample().whyNot(SystemMeasure::network), u"No network here."_s);
 
     struct Case {
         SystemMeasure measure;
         QString sentence;
     };
-    machine.processor.setWhyNot(QStringLiteral("processor"));
-    machine.memory.setWhyNot(QStringLiteral("memory"));
-    machine.volumes.setWhyNot(QStringLiteral("volumes"));
-    machine.power.setWhyNot(QStringLiteral("power"));
-    machine.network.setWhyNot(QStringLiteral("network"));
-    machine.processes.setWhyNot(QStringLiteral("processes"));
+    machine.processor.setWhyNot(u"processor"_s);
+    machine.memory.setWhyNot(u"memory"_s);
+    machine.volumes.setWhyNot(u"volumes"_s);
+    machine.power.setWhyNot(u"power"_s);
+    machine.network.setWhyNot(u"network"_s);
+    machine.processes.setWhyNot(u"processes"_s);
     const SystemMonitor nothingStarted(machine.sources(), clock);
-    for (const Case& each : {Case{SystemMeasure::processor, QStringLiteral("processor")},
-             Case{SystemMeasure::memory, QStringLiteral("memory")},
-             Case{SystemMeasure::disks, QStringLiteral("volumes")},
-             Case{SystemMeasure::battery, QStringLiteral("power")},
-             Case{SystemMeasure::network, QStringLiteral("network")},
-             Case{SystemMeasure::processes, QStringLiteral("processes")}})
+    for (const Case& each : {Case{SystemMeasure::processor, u"processor"_s}, Case{SystemMeasure::memory, u"memory"_s},
+             Case{SystemMeasure::disks, u"volumes"_s}, Case{SystemMeasure::battery, u"power"_s},
+             Case{SystemMeasure::network, u"network"_s}, Case{SystemMeasure::processes, u"processes"_s}})
         EXPECT_EQ(nothingStarted.sample().whyNot(each.measure), each.sentence);
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/WeatherSamples.h"
 
 #include <gtest/gtest.h>
@@ -5,6 +7,8 @@
 #include <limits>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 TEST(WeatherAnswersTest, DecodesAForecastWhole)

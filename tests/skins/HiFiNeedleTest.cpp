@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/Nixie.h"
 #include "skins/hifi/VuMeter.h"
 
@@ -8,6 +10,8 @@
 #include <limits>
 
 namespace ambrelle::hifi {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 class HiFiNeedle : public testing::Test {
@@ -53,10 +57,8 @@ TEST_F(HiFiNeedle, RestsWithoutASignalAndElseMovesInATightArea)
 
 TEST_F(HiFiNeedle, TubesAreLitAtTimeZeroAndOnlyDigitsFlicker)
 {
-    const Nixies tubes{.style = m_style, .cap = 30, .name = QStringLiteral("t")};
-    const auto areas = movingAreas([&](Canvas& canvas) {
-        tubes.draw(canvas, {0, 0, 170, 60}, QStringLiteral(" 9:41"));
-    });
+    const Nixies tubes{.style = m_style, .cap = 30, .name = u"t"_s};
+    const auto areas = movingAreas([&](Canvas& canvas) { tubes.draw(canvas, {0, 0, 170, 60}, u" 9:41"_s); });
     EXPECT_EQ(areas.size(), 3); // the blank and the colon stay as they are
     for (const Canvas::MovingArea& area : areas)
         EXPECT_GT(area.motion.next(0), area.motion.burst) << "a burst runs at time 0";

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Colours.h"
 #include "skins/SkinRegistry.h"
 #include "support/FaceStates.h"
@@ -7,6 +9,8 @@
 #include <gtest/gtest.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,9 +35,9 @@ QString outside(const CanvasMark& mark, const QRectF& face)
 {
     const double slant = std::max(1.0, mark.size * 0.08); // what an italic may lean over its advance
     if (mark.ink.left() < mark.box.left() - slant || mark.ink.right() > mark.box.right() + slant)
-        return QStringLiteral("stands outside its box");
+        return u"stands outside its box"_s;
     if (!face.adjusted(2, 2, -2, -2).contains(mark.ink))
-        return QStringLiteral("touches the edge of the face");
+        return u"touches the edge of the face"_s;
     return {};
 }
 
@@ -41,7 +45,7 @@ QString tooSmall(const CanvasMark& mark, double floor)
 {
     constexpr double rounding = 0.01;
     const double least = mark.axis || mark.kind == CanvasMark::Kind::figure ? axisFloor : floor;
-    return mark.size < least - rounding ? QStringLiteral("is smaller than %1 px").arg(least) : QString();
+    return mark.size < least - rounding ? u"is smaller than %1 px"_s.arg(least) : QString();
 }
 
 QString tooFaint(const CanvasMark& mark)
@@ -51,9 +55,7 @@ QString tooFaint(const CanvasMark& mark)
     constexpr double rounding = 0.02;
     if (ratio >= (large ? 3.0 : 4.5) - rounding)
         return {};
-    return QStringLiteral("has a contrast of %1 : 1 (%2 on %3)")
-        .arg(ratio, 0, 'f', 2)
-        .arg(mark.colour.name(), mark.ground.name());
+    return u"has a contrast of %1 : 1 (%2 on %3)"_s.arg(ratio, 0, 'f', 2).arg(mark.colour.name(), mark.ground.name());
 }
 
 QString overlapping(const CanvasRecord& record, qsizetype index)
@@ -61,7 +63,7 @@ QString overlapping(const CanvasRecord& record, qsizetype index)
     const auto core = [](const CanvasMark& mark) { return mark.ink.adjusted(0.5, 1, -0.5, -1); };
     for (qsizetype other = index + 1; other < record.size(); ++other) {
         if (isText(record[other]) && core(record[index]).intersects(core(record[other])))
-            return QStringLiteral("overlaps “%1”").arg(record[other].text);
+            return u"overlaps “%1”"_s.arg(record[other].text);
     }
     return {};
 }
@@ -76,7 +78,7 @@ QStringList faults(const CanvasRecord& record, const FaceView& view)
         for (const QString& fault : {outside(mark, view.face().bounds), tooSmall(mark, view.style().floor),
                  tooFaint(mark), overlapping(record, index)}) {
             if (!fault.isEmpty())
-                found.append(QStringLiteral("“%1” %2").arg(mark.text, fault));
+                found.append(u"“%1” %2"_s.arg(mark.text, fault));
         }
     }
     return found;

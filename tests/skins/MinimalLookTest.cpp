@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/MinimalLook.h"
 
 #include <gtest/gtest.h>
@@ -19,14 +21,14 @@ MinimalLook measuresOf(Skin skin)
     return look;
 }
 
-TEST(MinimalLook, changingBetweenLightAndDarkMovesNothing)
+TEST(MinimalLook, ChangingBetweenLightAndDarkMovesNothing)
 {
     EXPECT_EQ(measuresOf(Skin::slate), measuresOf(Skin::lumen));
     EXPECT_EQ(measuresOf(Skin::field), measuresOf(Skin::fieldDark));
     EXPECT_NE(measuresOf(Skin::slate), measuresOf(Skin::field));
 }
 
-TEST(MinimalLook, anAccentReplacesTheAccentOnly)
+TEST(MinimalLook, AnAccentReplacesTheAccentOnly)
 {
     const QColor coral(255, 115, 102);
     for (const Skin skin : {Skin::polar, Skin::mono, Skin::slate, Skin::lumen, Skin::field, Skin::fieldDark}) {

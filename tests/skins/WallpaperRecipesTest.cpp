@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/WallpaperRecipes.h"
 
 #include "wallpapers/PngWriter.h"
@@ -20,7 +22,7 @@ QByteArray fingerprint(const QImage& picture)
     return hash.result();
 }
 
-TEST(WallpaperRecipes, sameBytesOnAnyNumberOfThreads)
+TEST(WallpaperRecipes, SameBytesOnAnyNumberOfThreads)
 {
     const Wallpaper wallpaper(wallpaperRecipe, {});
     QMap<QByteArray, Skin> seen;
@@ -33,7 +35,7 @@ TEST(WallpaperRecipes, sameBytesOnAnyNumberOfThreads)
 }
 
 // Narrow, flat, tiny and tall pictures: a recipe must not divide by a rounded-down number or draw from an empty range.
-TEST(WallpaperRecipes, everySizeHasItsExactPixels)
+TEST(WallpaperRecipes, EverySizeHasItsExactPixels)
 {
     const Wallpaper wallpaper(wallpaperRecipe, {});
     for (const QSize size : {QSize(1, 1), QSize(2, 700), QSize(900, 3), QSize(64, 40), QSize(300, 801)})
@@ -44,7 +46,7 @@ TEST(WallpaperRecipes, everySizeHasItsExactPixels)
 }
 
 // The middle of a wallpaper carries the widgets: a light skin's is light, a dark one's is dark.
-TEST(WallpaperRecipes, middlesSuitTheirSkins)
+TEST(WallpaperRecipes, MiddlesSuitTheirSkins)
 {
     const Wallpaper wallpaper(wallpaperRecipe, {});
     for (const Skin skin : {Skin::paper, Skin::lumen, Skin::field, Skin::kyoto, Skin::mono, Skin::slate,
@@ -55,7 +57,7 @@ TEST(WallpaperRecipes, middlesSuitTheirSkins)
     }
 }
 
-TEST(Wallpaper, aPhotographStandsInForTheRecipe)
+TEST(Wallpaper, APhotographStandsInForTheRecipe)
 {
     const QTemporaryDir photos;
     QImage photo(400, 100, QImage::Format_RGB32);
@@ -78,7 +80,7 @@ TEST(Wallpaper, aPhotographStandsInForTheRecipe)
     EXPECT_EQ(wallpaper.picture(Skin::mono, {50, 50}), plain.picture(Skin::mono, {50, 50}));
 }
 
-TEST(Wallpaper, filesTellTheirSkin)
+TEST(Wallpaper, FilesTellTheirSkin)
 {
     EXPECT_EQ(Wallpaper::fileName(Skin::neon, {2880, 1800}), u"neon-r16-2880x1800.png"_s);
     for (const Skin skin : allCases<Skin>())

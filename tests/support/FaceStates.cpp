@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/FaceStates.h"
 
 #include "faces/ReadingFeed.h"

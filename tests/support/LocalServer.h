@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "support/WaitUntil.h"
@@ -11,6 +13,8 @@
 #include <memory>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 /// A web server on this machine that remembers the target of every request and plays back what the test lays down.
 class LocalServer {
@@ -34,7 +38,7 @@ public:
 
     QUrl url(const QString& path = {}) const
     {
-        return QUrl(QStringLiteral("%1://127.0.0.1:%2%3").arg(m_scheme).arg(m_server->serverPort()).arg(path));
+        return QUrl(u"%1://127.0.0.1:%2%3"_s.arg(m_scheme).arg(m_server->serverPort()).arg(path));
     }
 
     /// The whole answer with its length told, after which the connection is closed.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "support/PrivateBus.h"
@@ -13,13 +15,15 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 /// A message bus of the test's own, and stand-ins for system services on it that python3-dbusmock plays.
 class MockBus : public PrivateBus {
 public:
     /// Starts the stand-in of that template and waits for its name on the bus. None when dbusmock is not installed.
     QProcess* start(const QString& kind, const QString& name)
     {
-        const auto python = QStringLiteral("/usr/bin/python3"); // for which Debian's package is
+        const auto python = u"/usr/bin/python3"_s; // for which Debian's package is
         if (!QFileInfo::exists(python))
             return nullptr;
         auto process = std::unique_ptr<QProcess, void (*)(QProcess*)>(new QProcess, [](QProcess* each) {
@@ -28,10 +32,10 @@ public:
         });
         auto environment = QProcessEnvironment::systemEnvironment();
         for (const char* variable : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"})
-            environment.insert(QLatin1String(variable), address());
-        environment.insert(QStringLiteral("PYTHONUNBUFFERED"), QStringLiteral("1"));
+            environment.insert(QLatin1StringView(variable), address());
+        environment.insert(u"PYTHONUNBUFFERED"_s, u"1"_s);
         process->setProcessEnvironment(environment);
-        process->start(python, {QStringLiteral("-m"), QStringLiteral("dbusmock"), QStringLiteral("--template"), kind});
+        process->start(python, {u"-m"_s, u"dbusmock"_s, u"--template"_s, kind});
         auto* running = process.get();
         m_services.push_back(std::move(process));
         const bool came = waitUntil([this, running, &name] {
@@ -49,7 +53,7 @@ public:
         const QVariantList& arguments)
     {
         auto message = QDBusMessage::createMethodCall(
-            QLatin1String(service), path, QLatin1String(interface), QLatin1String(method));
+            QLatin1StringView(service), path, QLatin1StringView(interface), QLatin1StringView(method));
         message.setArguments(arguments);
         return m_driver.call(message).type() == QDBusMessage::ReplyMessage;
     }
@@ -57,7 +61,7 @@ public:
         const char* service, const QString& path, const char* interface, const char* name, const QVariant& value)
     {
         return call(service, path, "org.freedesktop.DBus.Properties", "Set",
-            {QLatin1String(interface), QLatin1String(name), QVariant::fromValue(QDBusVariant(value))});
+            {QLatin1StringView(interface), QLatin1StringView(name), QVariant::fromValue(QDBusVariant(value))});
     }
 
 private:
@@ -67,7 +71,7 @@ private:
         process.waitForFinished();
     }
 
-    QDBusConnection m_driver = connection(QStringLiteral("driver"));
+    QDBusConnection m_driver = connection(u"driver"_s);
     std::vector<std::unique_ptr<QProcess, void (*)(QProcess*)>> m_services;
 };
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QCoreApplication>
@@ -6,6 +8,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 /// Writes every text in Cyrillic letters, so that one that went past it is told even where it is broken or cut.
 class OtherLetters final : public QTranslator {
 public:
@@ -13,7 +17,7 @@ public:
     bool isEmpty() const override { return false; }
     QString translate(const char* context, const char* source, const char*, int) const override
     {
-        static const QRegularExpression letter(QStringLiteral("(?<!%)[A-Za-z]"));
+        static const QRegularExpression letter(u"(?<!%)[A-Za-z]"_s);
         QString text = QByteArrayView(context) == "ambrelle" ? QString::fromUtf8(source) : QString();
         for (qsizetype at = text.indexOf(letter); at >= 0; at = text.indexOf(letter, at + 1))
             text[at] = QChar(text[at].unicode() - 'A' + 0x0410);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QDBusConnection>
@@ -46,7 +48,7 @@ public:
     /// Connects the code under test.
     std::function<QDBusConnection()> opener() const
     {
-        return [this] { return connection(QStringLiteral("client")); };
+        return [this] { return connection(u"client"_s); };
     }
 
 private:

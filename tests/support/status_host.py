@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A panel that shows tray items announced on the session bus, as far as tests need one."""
 import dbus
 import dbus.service

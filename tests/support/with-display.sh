@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Runs a command on a virtual display of its own, with a session bus and a window manager:
 #     with-display.sh MANAGER COMMAND [ARGUMENT...]
 # MANAGER is openbox, xfwm4 or none. Ends with the command's status, or with 77 where a tool is missing.

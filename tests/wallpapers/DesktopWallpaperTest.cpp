@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/DesktopWallpaper.h"
 
 #include "foundation/UserDefaults.h"
@@ -83,7 +85,7 @@ struct DesktopWallpaperTest : testing::Test {
     DesktopWallpaper wallpaper{painter, host, picture, defaults, folders};
 };
 
-TEST_F(DesktopWallpaperTest, everyScreenGetsItsOwnSizeOnce)
+TEST_F(DesktopWallpaperTest, EveryScreenGetsItsOwnSizeOnce)
 {
     int changes = 0;
     QObject::connect(&wallpaper, &DesktopWallpaper::changed, [&] { ++changes; });
@@ -100,7 +102,7 @@ TEST_F(DesktopWallpaperTest, everyScreenGetsItsOwnSizeOnce)
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(DesktopWallpaperTest, aNewerRequestMakesTheOlderVoid)
+TEST_F(DesktopWallpaperTest, ANewerRequestMakesTheOlderVoid)
 {
     QString first = u"no answer"_s;
     wallpaper.apply(Skin::mono, [&](const QString& error) { first = error; });
@@ -110,7 +112,7 @@ TEST_F(DesktopWallpaperTest, aNewerRequestMakesTheOlderVoid)
     EXPECT_EQ(wallpaper.currentSkin(), Skin::neon);
 }
 
-TEST_F(DesktopWallpaperTest, failuresLeaveTheOldPictureAndNoHalfFile)
+TEST_F(DesktopWallpaperTest, FailuresLeaveTheOldPictureAndNoHalfFile)
 {
     ASSERT_EQ(apply(Skin::mono), QString());
     picture.failure = u"The desktop refuses."_s;
@@ -160,7 +162,7 @@ private:
     void (*m_handler)(int) = nullptr;
 };
 
-TEST_F(DesktopWallpaperTest, aFullDiskLeavesNothingBehind)
+TEST_F(DesktopWallpaperTest, AFullDiskLeavesNothingBehind)
 {
     const FullDisk disk;
     EXPECT_TRUE(apply(Skin::neon).contains("cannot be written"_L1));
@@ -168,7 +170,7 @@ TEST_F(DesktopWallpaperTest, aFullDiskLeavesNothingBehind)
     EXPECT_TRUE(picture.sets.isEmpty());
 }
 
-TEST_F(DesktopWallpaperTest, theUsersOwnPictureCanBeGivenBack)
+TEST_F(DesktopWallpaperTest, TheUsersOwnPictureCanBeGivenBack)
 {
     EXPECT_FALSE(wallpaper.hasPrevious());
     ASSERT_EQ(apply(Skin::mono), QString());
@@ -186,7 +188,7 @@ TEST_F(DesktopWallpaperTest, theUsersOwnPictureCanBeGivenBack)
     EXPECT_FALSE(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }).isEmpty());
 }
 
-TEST_F(DesktopWallpaperTest, aPictureThatTheUserSetLaterIsRememberedInstead)
+TEST_F(DesktopWallpaperTest, APictureThatTheUserSetLaterIsRememberedInstead)
 {
     ASSERT_EQ(apply(Skin::mono), QString());
     picture.shown[u"LEFT"_s] = u"/home/user/garden.jpg"_s;
@@ -196,7 +198,7 @@ TEST_F(DesktopWallpaperTest, aPictureThatTheUserSetLaterIsRememberedInstead)
     EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"garden"_s}}));
 }
 
-TEST_F(DesktopWallpaperTest, recognisesItsPictureAfterARestart)
+TEST_F(DesktopWallpaperTest, RecognisesItsPictureAfterARestart)
 {
     ASSERT_EQ(apply(Skin::kyoto), QString());
     DesktopWallpaper next(painter, host, picture, defaults, folders);
@@ -211,7 +213,7 @@ TEST_F(DesktopWallpaperTest, recognisesItsPictureAfterARestart)
     EXPECT_EQ(next.currentURL(), u"/home/user/garden.jpg"_s);
 }
 
-TEST_F(DesktopWallpaperTest, comesBackWhereTheDesktopForgotIt)
+TEST_F(DesktopWallpaperTest, ComesBackWhereTheDesktopForgotIt)
 {
     struct Case {
         const char* what;
@@ -235,7 +237,7 @@ TEST_F(DesktopWallpaperTest, comesBackWhereTheDesktopForgotIt)
     }
 }
 
-TEST_F(DesktopWallpaperTest, newScreensGetTheirSizeOnlyOfOurPictures)
+TEST_F(DesktopWallpaperTest, NewScreensGetTheirSizeOnlyOfOurPictures)
 {
     ASSERT_EQ(apply(Skin::kyoto), QString());
     ScreenInfo large = host.screens().last();
@@ -251,7 +253,7 @@ TEST_F(DesktopWallpaperTest, newScreensGetTheirSizeOnlyOfOurPictures)
     EXPECT_EQ(picture.sets.size(), 3);
 }
 
-TEST_F(DesktopWallpaperTest, extrasAreCopiedOnceAndOnlyPictures)
+TEST_F(DesktopWallpaperTest, ExtrasAreCopiedOnceAndOnlyPictures)
 {
     EXPECT_EQ(wallpaper.extras(), QStringList());
     ASSERT_TRUE(QDir().mkpath(folders.extras));

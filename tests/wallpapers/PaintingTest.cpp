@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/Painting.h"
 
 #include <QPainter>
@@ -32,7 +34,7 @@ QRect around(int x, int y)
     return {x - 4, y - 4, 8, 8};
 }
 
-TEST(Painting, flatColoursAreExact)
+TEST(Painting, FlatColoursAreExact)
 {
     for (const std::uint32_t colour : {0x000000U, 0xFFFFFFU, 0x3A6EA5U, 0x010203U, 0xFEFDFCU}) {
         Painting painting(QSize(9, 9));
@@ -44,7 +46,7 @@ TEST(Painting, flatColoursAreExact)
     }
 }
 
-TEST(Painting, standsUpright)
+TEST(Painting, StandsUpright)
 {
     Painting painting(QSize(640, 480));
     painting.verticalGradient(white(), black());
@@ -62,7 +64,7 @@ TEST(Painting, standsUpright)
     EXPECT_NEAR(average(picture, around(200, 240))[1], 127.5, 3);
 }
 
-TEST(Painting, gradientsEndWhereTheyShould)
+TEST(Painting, GradientsEndWhereTheyShould)
 {
     Painting painting(QSize(800, 600));
     painting.fill(hex(0x808080));
@@ -78,7 +80,7 @@ TEST(Painting, gradientsEndWhereTheyShould)
     EXPECT_EQ(picture.pixelColor(600, 403), QColor(128, 128, 128));
 }
 
-TEST(Painting, vignetteLeavesTheMiddleAlone)
+TEST(Painting, VignetteLeavesTheMiddleAlone)
 {
     Painting painting(QSize(1000, 600));
     painting.fill(white());
@@ -90,7 +92,7 @@ TEST(Painting, vignetteLeavesTheMiddleAlone)
 }
 
 // A plane is what interpolation reproduces; half a sample at the edges is flat.
-TEST(Painting, rastersInterpolateAtEveryScale)
+TEST(Painting, RastersInterpolateAtEveryScale)
 {
     for (const double scale : {1.0, 1.2, 2.0, 3.0, 4.0}) {
         Painting painting(QSize(700, 300)); // several tiles, the last ones cut
@@ -105,7 +107,7 @@ TEST(Painting, rastersInterpolateAtEveryScale)
     }
 }
 
-TEST(Painting, darkGradientsHaveNoBands)
+TEST(Painting, DarkGradientsHaveNoBands)
 {
     Painting painting(QSize(64, 1600));
     painting.verticalGradient(hex(0x080808), hex(0x040404)); // four steps of a screen over 1600 rows
@@ -118,7 +120,7 @@ TEST(Painting, darkGradientsHaveNoBands)
     }
 }
 
-TEST(Painting, edgesAreSmoothAndCountedByTheirArea)
+TEST(Painting, EdgesAreSmoothAndCountedByTheirArea)
 {
     Painting painting(QSize(40, 40));
     painting.specks(1, [] { return std::pair{QRectF(10.25, 10.5, 1, 1), white()}; });
@@ -130,7 +132,7 @@ TEST(Painting, edgesAreSmoothAndCountedByTheirArea)
     EXPECT_EQ(picture.pixelColor(22, 18).red(), 255);
 }
 
-TEST(Painting, countsItsDraws)
+TEST(Painting, CountsItsDraws)
 {
     struct Case {
         const char* name;
@@ -152,7 +154,7 @@ TEST(Painting, countsItsDraws)
     }
 }
 
-TEST(Painting, nothingInAPictureWithoutArea)
+TEST(Painting, NothingInAPictureWithoutArea)
 {
     SeededRandom random{1};
     Painting painting(QSize(0, 200));
@@ -164,7 +166,7 @@ TEST(Painting, nothingInAPictureWithoutArea)
     EXPECT_TRUE(painting.render(2).isNull());
 }
 
-TEST(PaintingDeathTest, mistakesOfTheProgramStopIt)
+TEST(PaintingDeathTest, MistakesOfTheProgramStopIt)
 {
     Painting painting(QSize(100, 100));
     SeededRandom random{1};

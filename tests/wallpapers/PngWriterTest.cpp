@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/PngWriter.h"
 
 #include "drawing/SeededRandom.h"
@@ -19,7 +21,7 @@ QImage noise(QSize size)
 }
 
 // libpng decodes: it checks the sums of all chunks and of the compressed data.
-TEST(PngWriter, anotherDecoderReadsTheSamePixels)
+TEST(PngWriter, AnotherDecoderReadsTheSamePixels)
 {
     QImage flat(1200, 800, QImage::Format_RGB888);
     flat.fill(QColor(1, 128, 255));
@@ -32,7 +34,7 @@ TEST(PngWriter, anotherDecoderReadsTheSamePixels)
     EXPECT_LT(encodedAsPng(flat).size(), 20000);
 }
 
-TEST(PngWriter, refusesWhatItCannotWrite)
+TEST(PngWriter, RefusesWhatItCannotWrite)
 {
     EXPECT_TRUE(encodedAsPng(QImage()).isEmpty());
     EXPECT_TRUE(encodedAsPng(QImage(4, 4, QImage::Format_ARGB32)).isEmpty());

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Perlin.h"
 #include "drawing/SeededRandom.h"
 #include "wallpapers/Ridge.h"
@@ -86,7 +88,7 @@ void sayRidges(Lines& lines, SeededRandom& random)
     }
 }
 
-TEST(Reference, agreesInEveryBit)
+TEST(Reference, AgreesInEveryBit)
 {
     Lines lines;
     for (const QString& word : {u""_s, u"paper"_s, u"neon"_s, u"fieldDark"_s, u"K\u014Dbe"_s})

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/WallpaperShuffle.h"
 
 #include "foundation/UserDefaults.h"
@@ -65,7 +67,7 @@ struct WallpaperShuffleTest : testing::Test {
     QString extra;
 };
 
-TEST_F(WallpaperShuffleTest, everythingButWhatShowsIsACandidate)
+TEST_F(WallpaperShuffleTest, EverythingButWhatShowsIsACandidate)
 {
     const qsizetype skins = static_cast<qsizetype>(allCases<Skin>().size());
     const struct {
@@ -87,7 +89,7 @@ TEST_F(WallpaperShuffleTest, everythingButWhatShowsIsACandidate)
     EXPECT_EQ(candidatesWhileShowing({}).size(), skins + 3) << "none is twice as likely";
 }
 
-TEST_F(WallpaperShuffleTest, putsTheChosenOneOnTheDesktop)
+TEST_F(WallpaperShuffleTest, PutsTheChosenOneOnTheDesktop)
 {
     picture.shown.insert(u"MAIN"_s, custom.at(0)); // set by the user, behind our back
     EXPECT_EQ(shuffled(true), custom.at(1)) << "the last candidate, and not the picture that shows";

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "wallpapers/WallpaperStore.h"
 
 #include <QCoreApplication>
@@ -58,7 +60,7 @@ bool isGreen(const QImage& image)
     return std::abs(colour.red() - 0x30) < 4 && std::abs(colour.green() - 0xA0) < 4 && colour.blue() < 0x50;
 }
 
-TEST_F(WallpaperStoreTest, oneGenerationServesAllCallersInTheirOrder)
+TEST_F(WallpaperStoreTest, OneGenerationServesAllCallersInTheirOrder)
 {
     WallpaperStore store(greenWallpaper(), cache());
     QList<int> order;
@@ -81,7 +83,7 @@ TEST_F(WallpaperStoreTest, oneGenerationServesAllCallersInTheirOrder)
     EXPECT_EQ(samplesPainted, 1);
 }
 
-TEST_F(WallpaperStoreTest, whoCannotWaitGetsItNowAndWaitersToo)
+TEST_F(WallpaperStoreTest, WhoCannotWaitGetsItNowAndWaitersToo)
 {
     WallpaperStore store(greenWallpaper(), cache());
     int served = 0;
@@ -93,7 +95,7 @@ TEST_F(WallpaperStoreTest, whoCannotWaitGetsItNowAndWaitersToo)
     EXPECT_EQ(served, 1) << "the one from the background comes too late to count";
 }
 
-TEST_F(WallpaperStoreTest, theDiskKeepsThemForTheSameBuildOnly)
+TEST_F(WallpaperStoreTest, TheDiskKeepsThemForTheSameBuildOnly)
 {
     EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
     EXPECT_EQ(files(), QStringList{u"wallpaper-field-b7-r16.jpg"_s});
@@ -104,7 +106,7 @@ TEST_F(WallpaperStoreTest, theDiskKeepsThemForTheSameBuildOnly)
     EXPECT_EQ(files().size(), 2);
 }
 
-TEST_F(WallpaperStoreTest, damagedCacheFilesArePaintedAnew)
+TEST_F(WallpaperStoreTest, DamagedCacheFilesArePaintedAnew)
 {
     const QString url = cache().url(u"wallpaper-field"_s);
     ASSERT_TRUE(QDir().mkpath(m_folder.filePath(u"Previews"_s)));
@@ -116,14 +118,14 @@ TEST_F(WallpaperStoreTest, damagedCacheFilesArePaintedAnew)
     EXPECT_FALSE(ImageDiskCache::read(url).isNull());
 }
 
-TEST_F(WallpaperStoreTest, aFolderThatCannotBeWrittenIsNoFailure)
+TEST_F(WallpaperStoreTest, AFolderThatCannotBeWrittenIsNoFailure)
 {
     QFile inTheWay(m_folder.filePath(u"Previews"_s));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
 }
 
-TEST_F(WallpaperStoreTest, mayGoWhileItWorks)
+TEST_F(WallpaperStoreTest, MayGoWhileItWorks)
 {
     for (int round = 0; round < 20; ++round) {
         WallpaperStore store(greenWallpaper(), cache(round));

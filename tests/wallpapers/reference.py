@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The arithmetic of random numbers, noise and ridges once more, written apart from the program: one line per value, the
 bits of a number in hexadecimal. ReferenceTest computes the same lines and compares them."""
 

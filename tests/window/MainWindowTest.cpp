@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/AppLook.h"
 #include "window/MainWindowController.h"
 #include "window/SymbolIcon.h"
@@ -49,7 +51,7 @@ double contrast(const QColor& one, const QColor& other)
     return std::max(a, b) / std::min(a, b);
 }
 
-TEST(MainWindow, keepsItsTabWhileClosedAndIsGoneMeanwhile)
+TEST(MainWindow, KeepsItsTabWhileClosedAndIsGoneMeanwhile)
 {
     MainWindowController controller([] { return QList<ActionItem>(); });
     controller.show(MainTab::wallpapers);
@@ -64,7 +66,7 @@ TEST(MainWindow, keepsItsTabWhileClosedAndIsGoneMeanwhile)
     EXPECT_EQ(openWindow()->findChild<QTabBar*>()->currentIndex(), 3);
 }
 
-TEST(MainWindow, offersEveryActionByNameAndKeyAsThingsStandNow)
+TEST(MainWindow, OffersEveryActionByNameAndKeyAsThingsStandNow)
 {
     bool locked = false;
     int pressed = 0;
@@ -84,7 +86,7 @@ TEST(MainWindow, offersEveryActionByNameAndKeyAsThingsStandNow)
     EXPECT_TRUE(buttons()[1]->isChecked());
 }
 
-TEST(SymbolIcon, theMarkIsSharpAndShowsOnEveryPanel)
+TEST(SymbolIcon, TheMarkIsSharpAndShowsOnEveryPanel)
 {
     for (const int side : {16, 22, 24, 32, 48}) {
         const QImage mark = markIcon().pixmap(QSize(side, side), 1.0).toImage();
@@ -103,7 +105,7 @@ TEST(SymbolIcon, theMarkIsSharpAndShowsOnEveryPanel)
     }
 }
 
-TEST(AppLook, everyTextIsLegible)
+TEST(AppLook, EveryTextIsLegible)
 {
     for (const bool dark : {false, true}) {
         const QPalette palette = appPalette(dark);

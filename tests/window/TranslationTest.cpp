@@ -1,14 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "desktop/Desk.h"
 #include "desktop/QuickMenu.h"
 #include "desktop/WidgetMenu.h"
 #include "faces/MoonPhase.h"
 #include "model/WeatherCode.h"
 #include "model/WidgetCategory.h"
-#include "platform/headless/HeadlessAppearance.h"
-#include "platform/headless/HeadlessDesktopPicture.h"
-#include "platform/headless/HeadlessSessionVisibility.h"
+#include "platform/headless/HeadlessDesktop.h"
 #include "platform/headless/HeadlessSources.h"
-#include "platform/headless/HeadlessWindowList.h"
 #include "platform/recording/RecordingAnnouncer.h"
 #include "platform/recording/RecordingAppearance.h"
 #include "skins/SkinRegistry.h"
@@ -110,7 +109,7 @@ TEST_F(TranslationTest, ReachesFacesMenusAndPopovers)
     }
     expectFacesTranslated(); // notices: there is nothing to tell yet
     desk.monitor.loadPreviewData();
-    for (const ProcessRow& process : desk.monitor.processes())
+    for (const ProcessRow& process : desk.monitor.sample().processes)
         data += {process.name, process.name.first(1)}; // whole, and cut
     desk.services.live.loadPreviewData({});
     expectFacesTranslated();
@@ -159,8 +158,8 @@ TEST_F(TranslationTest, ReachesTablesAndReasons)
     const SystemSources sources = machine.sources();
     const HeadlessPorts& ports = desk.services.ports;
     for (const QString& reason : {sources.processor.whyNot(), sources.network.whyNot(), ports.http.whyNot(),
-             ports.location.whyNot(), ports.players.whyNot(), ports.calendars.whyNot(CalendarKind::events),
-             ports.announcer.whyNot(), ports.devices.whyNot(), ports.input.whyNot(), HeadlessAppearance().whyNot(),
+             ports.location.whyNot(), ports.players.whyNot(), ports.calendars.whyNot(), ports.announcer.whyNot(),
+             ports.devices.whyNot(), ports.input.whyNot(), HeadlessAppearance().whyNot(),
              HeadlessDesktopPicture().whyNot(), HeadlessSessionVisibility().whyNot(), HeadlessWindowList().whyNot()})
         expectTranslated(reason.isEmpty() ? u"no reason"_s : reason, "a reason");
 }

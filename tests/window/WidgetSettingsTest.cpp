@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "window/WidgetSettings.h"
 #include "desktop/Desk.h"
 #include "platform/recording/RecordingAppearance.h"
@@ -62,7 +64,7 @@ protected:
     }
 };
 
-TEST_F(WidgetSettingsTest, everyControlIsShownAndStoredAtOnce)
+TEST_F(WidgetSettingsTest, EveryControlIsShownAndStoredAtOnce)
 {
     struct Case {
         const char* what;
@@ -124,7 +126,7 @@ TEST_F(WidgetSettingsTest, everyControlIsShownAndStoredAtOnce)
     }
 }
 
-TEST_F(WidgetSettingsTest, citiesSetTheirZoneAndAreFoundByTyping)
+TEST_F(WidgetSettingsTest, CitiesSetTheirZoneAndAreFoundByTyping)
 {
     const WidgetController& widget = opened(WidgetKind::clock);
     auto* cities = control<CityChooser>(u"City"_s);
@@ -146,7 +148,7 @@ TEST_F(WidgetSettingsTest, citiesSetTheirZoneAndAreFoundByTyping)
     EXPECT_EQ(cities->currentText(), u"Vienna"_s);
 }
 
-TEST_F(WidgetSettingsTest, rowsConcernTheKindAndEveryControlHasAName)
+TEST_F(WidgetSettingsTest, RowsConcernTheKindAndEveryControlHasAName)
 {
     const QStringList everywhere{u"Skin"_s, u"Size"_s, u"Backdrop"_s, u"Opacity"_s, u"Border"_s, u"Pinned"_s};
     const std::map<WidgetKind, QStringList> special{{WidgetKind::clock, {u"City"_s}},
@@ -173,7 +175,7 @@ TEST_F(WidgetSettingsTest, rowsConcernTheKindAndEveryControlHasAName)
     }
 }
 
-TEST_F(WidgetSettingsTest, changesFromElsewhereShow)
+TEST_F(WidgetSettingsTest, ChangesFromElsewhereShow)
 {
     WidgetController& widget = opened(WidgetKind::photo);
     const QString folder = u"/no/such/"_s + QString(300, u'x');
@@ -200,7 +202,7 @@ TEST_F(WidgetSettingsTest, changesFromElsewhereShow)
     EXPECT_EQ(desk.stored(), desk.live());
 }
 
-TEST_F(WidgetSettingsTest, escapeClosesFromEveryControl)
+TEST_F(WidgetSettingsTest, EscapeClosesFromEveryControl)
 {
     for (const WidgetKind kind : {WidgetKind::clock, WidgetKind::photo, WidgetKind::countdown, WidgetKind::quote}) {
         WidgetController& widget = opened(kind);
@@ -219,7 +221,7 @@ TEST_F(WidgetSettingsTest, escapeClosesFromEveryControl)
     }
 }
 
-TEST_F(WidgetSettingsTest, closesWhenItIsLeftOrItsWidgetGoes)
+TEST_F(WidgetSettingsTest, ClosesWhenItIsLeftOrItsWidgetGoes)
 {
     WidgetController& first = opened(WidgetKind::countdown);
     const QPointer<SettingsPopover> popover = settings.popover();
@@ -237,7 +239,7 @@ TEST_F(WidgetSettingsTest, closesWhenItIsLeftOrItsWidgetGoes)
     EXPECT_FALSE(last);
 }
 
-TEST(PopoverPlacement, standsBesideTheWidgetAndWholeOnItsScreen)
+TEST(PopoverPlacement, StandsBesideTheWidgetAndWholeOnItsScreen)
 {
     const QList<ScreenInfo> screens{{.id = u"a"_s, .frame = {0, 0, 1440, 900}, .visibleFrame = {0, 0, 1440, 860}},
         {.id = u"b"_s, .frame = {1440, -100, 1000, 600}, .visibleFrame = {1440, -100, 1000, 600}}};

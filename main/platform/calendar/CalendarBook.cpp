@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/CalendarBook.h"
 
 #include "platform/calendar/CalendarOccurrences.h"
@@ -28,7 +30,7 @@ QDateTime utc(sys_seconds instant)
 
 std::string_view view(const QByteArray& text)
 {
-    return {text.constData(), std::size_t(text.size())};
+    return {text.constData(), static_cast<std::size_t>(text.size())};
 }
 
 void count(CalendarInfo& calendar, const IcsFile& content)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/CalendarFolders.h"
 
 #include "platform/calendar/FileStamp.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/CalendarOccurrences.h"
 
 #include <algorithm>
@@ -93,7 +95,7 @@ std::vector<WallTime> starts(
                          : zone.wallTime(moment.instant(local)));
     std::ranges::sort(found);
     found.erase(std::ranges::unique(found).begin(), found.end());
-    if (!found.empty() && !item.exceptions.empty() && effort.take(int(item.exceptions.size()))) {
+    if (!found.empty() && !item.exceptions.empty() && effort.take(static_cast<int>(item.exceptions.size()))) {
         const auto exceptions = exceptionsOf(item, local);
         std::erase_if(found, [&exceptions](WallTime start) { return exceptions.contains(start); });
     }
@@ -106,9 +108,9 @@ CalendarLength calendarLength(const CalendarItem& item, const CalendarZone& loca
     if (start.isDay) {
         int whole = 1;
         if (item.end)
-            whole = int((item.end->day() - start.day()).count());
+            whole = static_cast<int>((item.end->day() - start.day()).count());
         else if (item.length)
-            whole = item.length->days + int(ceil<days>(item.length->time).count());
+            whole = item.length->days + static_cast<int>(ceil<days>(item.length->time).count());
         return {std::max(whole, 1), seconds(0)};
     }
     if (item.end)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/ComponentEdit.h"
 
 #include "platform/calendar/IcsValues.h"
@@ -73,7 +75,7 @@ void ComponentEdit::rewriteValues(const char* name, const std::function<QByteArr
         if (old.empty() || value == unfolded(old))
             continue;
         line.isKept = false;
-        const auto head = std::size_t(old.data() - raw.data());
+        const auto head = static_cast<std::size_t>(old.data() - raw.data());
         line.text = folded(unfolded(raw.substr(0, head)) + value, m_lineEnd);
     }
 }
@@ -91,13 +93,16 @@ void ComponentEdit::remove(const char* name)
 QByteArray ComponentEdit::text() const
 {
     const std::string_view raw = m_component.raw;
-    const auto bytes = [](std::string_view part) { return QByteArray(part.data(), qsizetype(part.size())); };
+    const auto bytes = [](std::string_view part) {
+        return QByteArray(part.data(), static_cast<qsizetype>(part.size()));
+    };
     // Properties stand before alarms.
     std::size_t addAt = raw.find('\n') + 1;
     if (!m_lines.empty())
-        addAt = std::size_t(m_lines.back().original.raw.data() + m_lines.back().original.raw.size() - raw.data());
+        addAt = static_cast<std::size_t>(
+            m_lines.back().original.raw.data() + m_lines.back().original.raw.size() - raw.data());
     if (!m_component.parts.empty())
-        addAt = std::min(addAt, std::size_t(m_component.parts.front().raw.data() - raw.data()));
+        addAt = std::min(addAt, static_cast<std::size_t>(m_component.parts.front().raw.data() - raw.data()));
     QByteArray text;
     std::size_t copied = 0;
     bool isAdded = false;
@@ -111,7 +116,7 @@ QByteArray ComponentEdit::text() const
         copied = end;
     };
     for (const Line& line : m_lines) {
-        const auto begin = std::size_t(line.original.raw.data() - raw.data());
+        const auto begin = static_cast<std::size_t>(line.original.raw.data() - raw.data());
         copyTo(begin);
         if (!line.isKept) {
             text += line.text;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/FileStamp.h"
 
 #include <QFile>
@@ -10,7 +12,7 @@ namespace {
 
 qint64 nanoseconds(const timespec& time)
 {
-    return qint64(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+    return static_cast<qint64>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/FolderWatch.h"
 
 #include <QFile>
@@ -77,11 +79,11 @@ void FolderWatch::read()
         const auto length = ::read(m_descriptor, buffer.data(), buffer.size());
         if (length <= 0)
             break;
-        for (qsizetype offset = 0; offset + qsizetype(sizeof(inotify_event)) <= length;) {
+        for (qsizetype offset = 0; offset + static_cast<qsizetype>(sizeof(inotify_event)) <= length;) {
             const auto* event = reinterpret_cast<const inotify_event*>(buffer.data() + offset);
             const QByteArray name(event->len > 0 ? event->name : "");
             isChanged = matters(event->wd, event->mask, name) || isChanged;
-            offset += qsizetype(sizeof(inotify_event) + event->len);
+            offset += static_cast<qsizetype>(sizeof(inotify_event) + event->len);
         }
     }
     if (isChanged)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/IcsParser.h"
 
 #include "platform/calendar/IcsValues.h"
@@ -21,7 +23,7 @@ constexpr std::size_t mostDates = 20'000; // of one list
 QByteArray hashOf(std::string_view text)
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    hash.addData(QByteArrayView(text.data(), qsizetype(text.size())));
+    hash.addData(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
     return hash.result().toHex();
 }
 

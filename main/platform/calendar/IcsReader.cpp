@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/IcsReader.h"
 
 #include <QByteArrayView>
@@ -13,8 +15,8 @@ constexpr std::size_t mostProperties = 1000; // of the calendar itself
 
 bool sameName(std::string_view one, std::string_view other)
 {
-    return QByteArrayView(one.data(), qsizetype(one.size()))
-               .compare(QByteArrayView(other.data(), qsizetype(other.size())), Qt::CaseInsensitive)
+    return QByteArrayView(one.data(), static_cast<qsizetype>(one.size()))
+               .compare(QByteArrayView(other.data(), static_cast<qsizetype>(other.size())), Qt::CaseInsensitive)
         == 0;
 }
 
@@ -34,7 +36,7 @@ bool isKnown(std::string_view component)
 
 std::string_view from(std::string_view begin, std::string_view end)
 {
-    return {begin.data(), std::size_t(end.data() + end.size() - begin.data())};
+    return {begin.data(), static_cast<std::size_t>(end.data() + end.size() - begin.data())};
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/IcsValues.h"
 
 #include <libical/ical.h>
@@ -20,7 +22,7 @@ QByteArray excerpt(const IcsComponent& component, std::initializer_list<const ch
     for (const IcsLine& line : component.lines) {
         const bool wanted = std::ranges::any_of(names, [&line](const char* name) { return line.is(name); });
         if (wanted && line.raw.size() <= longestValue && line.raw.find('\0') == std::string_view::npos)
-            text.append(line.raw.data(), qsizetype(line.raw.size()));
+            text.append(line.raw.data(), static_cast<qsizetype>(line.raw.size()));
     }
     return text + "END:VEVENT\r\n";
 }
@@ -61,7 +63,7 @@ std::optional<CalendarMoment> plainMoment(const icaltimetype& time)
 QByteArray unfolded(std::string_view value)
 {
     QByteArray text;
-    text.reserve(qsizetype(value.size()));
+    text.reserve(static_cast<qsizetype>(value.size()));
     for (std::size_t i = 0; i < value.size(); ++i) {
         if (value[i] == '\r' && i + 1 < value.size() && value[i + 1] == '\n')
             continue;
@@ -169,10 +171,10 @@ std::optional<CalendarLength> IcsValues::length(const char* name) const
     if (icaldurationtype_is_bad_duration(duration) || duration.is_neg)
         return std::nullopt;
     using namespace std::chrono;
-    const std::int64_t wholeDays = duration.days + 7 * std::int64_t(duration.weeks);
+    const std::int64_t wholeDays = duration.days + 7 * static_cast<std::int64_t>(duration.weeks);
     const auto time = hours(duration.hours) + minutes(duration.minutes) + seconds(duration.seconds);
-    return CalendarLength{
-        int(std::min<std::int64_t>(wholeDays, mostDays)), std::min<seconds>(time, std::chrono::days(mostDays))};
+    return CalendarLength{static_cast<int>(std::min<std::int64_t>(wholeDays, mostDays)),
+        std::min<seconds>(time, std::chrono::days(mostDays))};
 }
 
 std::optional<std::chrono::seconds> IcsValues::offset(const char* name) const

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/RecurrencePeriods.h"
 
 #include <algorithm>
@@ -29,7 +31,7 @@ bool allowsEither(const std::vector<int>& values, int number, int length)
 
 int dayOfYear(Days day, year year)
 {
-    return int((day - Days(year / January / 1)).count()) + 1;
+    return static_cast<int>((day - Days(year / January / 1)).count()) + 1;
 }
 
 int daysIn(year year)
@@ -39,7 +41,7 @@ int daysIn(year year)
 
 int daysIn(year_month month)
 {
-    return int(unsigned((month / last).day()));
+    return static_cast<int>(static_cast<unsigned>((month / last).day()));
 }
 
 Days beginOfWeek(Days day, weekday weekStart)
@@ -51,13 +53,13 @@ Days beginOfWeek(Days day, weekday weekStart)
 year later(year start, std::int64_t years)
 {
     constexpr std::int64_t latest = 20000;
-    return year(int(std::min(int(start) + years, latest)));
+    return year(static_cast<int>(std::min(static_cast<int>(start) + years, latest)));
 }
 
 year_month later(year_month start, std::int64_t months)
 {
-    const std::int64_t sinceJanuary = int(unsigned(start.month())) - 1 + months;
-    return later(start.year(), sinceJanuary / 12) / month(unsigned(sinceJanuary % 12) + 1);
+    const std::int64_t sinceJanuary = static_cast<int>(static_cast<unsigned>(start.month())) - 1 + months;
+    return later(start.year(), sinceJanuary / 12) / month(static_cast<unsigned>(sinceJanuary % 12) + 1);
 }
 
 } // namespace
@@ -79,15 +81,15 @@ void RecurrencePeriods::complete(const RecurrenceRule& rule, WallTime start)
     if (!anyDay && (rule.frequency == Frequency::weekly || !rule.weekNumbers.empty()))
         m_rule.days = {{weekday(m_startDay), 0}};
     else if (!anyDay)
-        m_rule.monthDays = {int(unsigned(date.day()))};
+        m_rule.monthDays = {static_cast<int>(static_cast<unsigned>(date.day()))};
     if (!anyDay && rule.frequency == Frequency::yearly && rule.months.empty() && rule.weekNumbers.empty())
-        m_rule.months = {int(unsigned(date.month()))};
+        m_rule.months = {static_cast<int>(static_cast<unsigned>(date.month()))};
     if (rule.frequency > Frequency::hourly && rule.hours.empty())
-        m_rule.hours = {int(time.hours().count())};
+        m_rule.hours = {static_cast<int>(time.hours().count())};
     if (rule.frequency > Frequency::minutely && rule.minutes.empty())
-        m_rule.minutes = {int(time.minutes().count())};
+        m_rule.minutes = {static_cast<int>(time.minutes().count())};
     if (rule.frequency > Frequency::secondly && rule.seconds.empty())
-        m_rule.seconds = {int(time.seconds().count())};
+        m_rule.seconds = {static_cast<int>(time.seconds().count())};
     for (auto* values : {&m_rule.hours, &m_rule.minutes, &m_rule.seconds}) {
         std::ranges::sort(*values);
         values->erase(std::ranges::unique(*values).begin(), values->end());
@@ -100,11 +102,14 @@ void RecurrencePeriods::skipTo(WallTime moment)
     const WallTime start = m_startDay + m_startTime;
     const year_month_day from{m_startDay};
     const year_month_day to{day};
-    const int years = int(to.year()) - int(from.year());
+    const int years = static_cast<int>(to.year()) - static_cast<int>(from.year());
     std::int64_t ahead = 0;
     switch (m_rule.frequency) {
     case Frequency::yearly: ahead = years; break;
-    case Frequency::monthly: ahead = years * 12 + int(unsigned(to.month())) - int(unsigned(from.month())); break;
+    case Frequency::monthly:
+        ahead = years * 12 + static_cast<int>(static_cast<unsigned>(to.month()))
+            - static_cast<int>(static_cast<unsigned>(from.month()));
+        break;
     case Frequency::weekly: ahead = (day - beginOfWeek(m_startDay, m_rule.weekStart)) / weeks(1); break;
     case Frequency::daily: ahead = (day - m_startDay).count(); break;
     case Frequency::hourly: ahead = (moment - floor<hours>(start)) / hours(1); break;
@@ -158,14 +163,15 @@ int RecurrencePeriods::cost() const
         * std::max<std::size_t>(m_rule.seconds.size(), 1);
     constexpr int ofPeriod = 5;
     const auto length = (range.end - range.first).count();
-    const auto ofMonths = m_rule.months.empty() ? length : std::int64_t(31 * m_rule.months.size());
-    return ofPeriod + int(std::min<std::int64_t>(length, ofMonths)) * int(1 + times / 8);
+    const auto ofMonths = m_rule.months.empty() ? length : static_cast<std::int64_t>(31 * m_rule.months.size());
+    return ofPeriod + static_cast<int>(std::min<std::int64_t>(length, ofMonths)) * static_cast<int>(1 + times / 8);
 }
 
 bool RecurrencePeriods::picksDay(Days day) const
 {
     const year_month_day date{day};
-    return allowsEither(m_rule.monthDays, int(unsigned(date.day())), daysIn(date.year() / date.month()))
+    return allowsEither(m_rule.monthDays, static_cast<int>(static_cast<unsigned>(date.day())),
+               daysIn(date.year() / date.month()))
         && allowsEither(m_rule.yearDays, dayOfYear(day, date.year()), daysIn(date.year())) && picksWeekNumber(day)
         && picksWeekday(day, date);
 }
@@ -177,7 +183,7 @@ bool RecurrencePeriods::picksWeekday(Days day, const year_month_day& date) const
     const bool ofMonth =
         m_rule.frequency == Frequency::monthly || (m_rule.frequency == Frequency::yearly && !m_rule.months.empty());
     const bool ofYear = m_rule.frequency == Frequency::yearly && !ofMonth && m_rule.weekNumbers.empty();
-    const int number = ofMonth ? int(unsigned(date.day())) : dayOfYear(day, date.year());
+    const int number = ofMonth ? static_cast<int>(static_cast<unsigned>(date.day())) : dayOfYear(day, date.year());
     const int length = ofMonth ? daysIn(date.year() / date.month()) : daysIn(date.year());
     return std::ranges::any_of(m_rule.days, [&](const RecurrenceRule::Day& wanted) {
         if (wanted.weekday != weekday(day))
@@ -210,11 +216,12 @@ std::vector<RecurrencePeriods::Seconds> RecurrencePeriods::timesOfDay() const
             return values;
         return allows(values, fixed) ? std::vector<int>{fixed} : std::vector<int>();
     };
-    const auto wantedHours = parts(m_rule.hours, m_rule.frequency <= Frequency::hourly, int(time.hours().count()));
+    const auto wantedHours =
+        parts(m_rule.hours, m_rule.frequency <= Frequency::hourly, static_cast<int>(time.hours().count()));
     const auto wantedMinutes =
-        parts(m_rule.minutes, m_rule.frequency <= Frequency::minutely, int(time.minutes().count()));
+        parts(m_rule.minutes, m_rule.frequency <= Frequency::minutely, static_cast<int>(time.minutes().count()));
     const auto wantedSeconds =
-        parts(m_rule.seconds, m_rule.frequency == Frequency::secondly, int(time.seconds().count()));
+        parts(m_rule.seconds, m_rule.frequency == Frequency::secondly, static_cast<int>(time.seconds().count()));
     std::vector<Seconds> times;
     for (const int hour : wantedHours) {
         for (const int minute : wantedMinutes) {
@@ -234,7 +241,7 @@ std::vector<RecurrencePeriods::WallTime> RecurrencePeriods::moments() const
         return moments;
     for (Days day = first; day < end;) {
         const year_month_day date{day};
-        if (!allows(m_rule.months, int(unsigned(date.month())))) {
+        if (!allows(m_rule.months, static_cast<int>(static_cast<unsigned>(date.month())))) {
             day = Days((date.year() / date.month() + std::chrono::months(1)) / 1);
             continue;
         }
@@ -253,10 +260,10 @@ void RecurrencePeriods::pickPositions(std::vector<WallTime>& moments) const
     if (m_rule.positions.empty())
         return;
     std::vector<WallTime> picked;
-    const int length = int(moments.size());
+    const int length = static_cast<int>(moments.size());
     for (int number = 1; number <= length; ++number) {
         if (allowsEither(m_rule.positions, number, length))
-            picked.push_back(moments[std::size_t(number - 1)]);
+            picked.push_back(moments[static_cast<std::size_t>(number - 1)]);
     }
     moments = std::move(picked);
 }

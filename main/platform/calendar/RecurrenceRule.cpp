@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/RecurrenceRule.h"
 
 #include "platform/calendar/RecurrencePeriods.h"
@@ -32,7 +34,7 @@ std::optional<Frequency> frequencyOf(icalrecurrencetype_frequency frequency)
 std::span<const short> used(std::span<const short> values)
 {
     const auto end = std::ranges::find(values, short(ICAL_RECURRENCE_ARRAY_MAX));
-    return values.first(std::size_t(end - values.begin()));
+    return values.first(static_cast<std::size_t>(end - values.begin()));
 }
 
 std::vector<int> numbers(std::span<const short> values)
@@ -43,7 +45,7 @@ std::vector<int> numbers(std::span<const short> values)
 
 std::chrono::weekday weekdayOf(icalrecurrencetype_weekday day)
 {
-    return std::chrono::weekday(unsigned(day) - ICAL_SUNDAY_WEEKDAY);
+    return std::chrono::weekday(static_cast<unsigned>(day) - ICAL_SUNDAY_WEEKDAY);
 }
 
 std::vector<RecurrenceRule::Day> daysOf(std::span<const short> values)
@@ -61,8 +63,8 @@ std::optional<RecurrenceRule::Until> untilOf(const icaltimetype& time)
 {
     if (icaltime_is_null_time(time))
         return std::nullopt;
-    const auto date = std::chrono::year_month_day(
-        std::chrono::year(time.year), std::chrono::month(unsigned(time.month)), std::chrono::day(unsigned(time.day)));
+    const auto date = std::chrono::year_month_day(std::chrono::year(time.year),
+        std::chrono::month(static_cast<unsigned>(time.month)), std::chrono::day(static_cast<unsigned>(time.day)));
     if (!date.ok())
         return std::nullopt;
     const auto midnight = std::chrono::local_days(date);
@@ -70,7 +72,7 @@ std::optional<RecurrenceRule::Until> untilOf(const icaltimetype& time)
         return RecurrenceRule::Until{midnight, false, true};
     const auto ofDay =
         std::chrono::hours(time.hour) + std::chrono::minutes(time.minute) + std::chrono::seconds(time.second);
-    return RecurrenceRule::Until{midnight + ofDay, bool(icaltime_is_utc(time)), false};
+    return RecurrenceRule::Until{midnight + ofDay, static_cast<bool>(icaltime_is_utc(time)), false};
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/ReminderEdit.h"
 
 #include "platform/calendar/CalendarOccurrences.h"
@@ -11,6 +13,8 @@
 #include <algorithm>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 using namespace std::chrono;
 
@@ -67,17 +71,16 @@ void shift(ComponentEdit& edit, const char* name, const std::optional<CalendarMo
 /// A rule with a number of occurrences has fewer left when it starts later.
 void shortenRules(ComponentEdit& edit, const CalendarItem& item, local_seconds start, const CalendarZone& local)
 {
-    static const QRegularExpression count(
-        QStringLiteral("(?<=COUNT=)[0-9]+"), QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression count(u"(?<=COUNT=)[0-9]+"_s, QRegularExpression::CaseInsensitiveOption);
     edit.rewriteValues("RRULE", [&](const QByteArray& text) {
         const auto rule = RecurrenceRule::parsed(text);
         if (!rule || rule->count == 0)
             return text;
         Effort effort;
         const auto first = item.start->wallTime;
-        const auto passed = rule->between(
-            first, CalendarOccurrences::lastOf(*rule, item, local), first, start, std::size_t(rule->count), effort);
-        const int left = std::max(rule->count - int(passed.size()), 1);
+        const auto passed = rule->between(first, CalendarOccurrences::lastOf(*rule, item, local), first, start,
+            static_cast<std::size_t>(rule->count), effort);
+        const int left = std::max(rule->count - static_cast<int>(passed.size()), 1);
         return QString::fromLatin1(text).replace(count, QString::number(left)).toLatin1();
     });
 }
@@ -114,7 +117,7 @@ bool matches(const CalendarItem& item, const ReminderKey& key)
 std::optional<QByteArray> textWithReminderCompleted(
     const QByteArray& text, const ReminderKey& key, sys_seconds now, const CalendarZone& local)
 {
-    const std::string_view view(text.constData(), std::size_t(text.size()));
+    const std::string_view view(text.constData(), static_cast<std::size_t>(text.size()));
     const IcsFile file = IcsParser::parsed(view);
     const auto series = std::ranges::find_if(
         file.series, [&key](const CalendarSeries& each) { return each.isReminder() && each.uid() == key.uid; });
@@ -138,14 +141,14 @@ std::optional<QByteArray> textWithReminderCompleted(
             complete(edit, now);
         edit.set("LAST-MODIFIED", utcStamp(now));
         edit.set("SEQUENCE", QByteArray::number(item->sequence + 1));
-        const auto begin = std::size_t(component->raw.data() - view.data());
-        result.append(text.mid(qsizetype(copied), qsizetype(begin - copied)) + edit.text());
+        const auto begin = static_cast<std::size_t>(component->raw.data() - view.data());
+        result.append(text.mid(static_cast<qsizetype>(copied), static_cast<qsizetype>(begin - copied)) + edit.text());
         copied = begin + component->raw.size();
         isChanged = true;
     }
     if (!isChanged)
         return std::nullopt;
-    return result + text.mid(qsizetype(copied));
+    return result + text.mid(static_cast<qsizetype>(copied));
 }
 
 } // namespace ambrelle

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "foundation/Wording.h"
@@ -9,6 +11,8 @@
 #include "platform/WindowList.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 /// A machine whose windows nobody can list: nothing is ever covered.
 class HeadlessWindowList final : public WindowList {
@@ -75,7 +79,7 @@ class HeadlessLoginItem final : public LoginItem {
 public:
     Status status() const override { return Status::unavailable; }
     QString whyNot() const override { return Wording::tr("This mode is not started at login."); }
-    QString setEnabled(bool) override { return refusal() + QStringLiteral(": ") + whyNot(); }
+    QString setEnabled(bool) override { return refusal() + u": "_s + whyNot(); }
 };
 
 /// A desktop that cannot be looked at or changed.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/headless/HeadlessMachine.h"
 
 #include "foundation/Clock.h"

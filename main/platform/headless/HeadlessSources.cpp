@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/headless/HeadlessSources.h"
 
 #include "foundation/Wording.h"

@@ -1,6 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/headless/HeadlessWindowHost.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -40,7 +44,7 @@ private:
 QList<ScreenInfo> HeadlessWindowHost::screens() const
 {
     const QRectF frame(0, 0, 1440, 900);
-    return {ScreenInfo{QStringLiteral("headless"), QStringLiteral("headless"), frame, frame, 1, 0}};
+    return {ScreenInfo{u"headless"_s, u"headless"_s, frame, frame, 1, 0}};
 }
 
 std::unique_ptr<PanelWindow> HeadlessWindowHost::makePanel(PanelDelegate&)

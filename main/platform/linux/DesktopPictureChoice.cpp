@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/DesktopPictureChoice.h"
 
 #include "platform/headless/HeadlessDesktop.h"

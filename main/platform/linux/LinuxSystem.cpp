@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/LinuxSystem.h"
 
 #include "foundation/BackgroundThread.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/mac/ListerProcessSource.h"
 
 #include "foundation/Wording.h"
@@ -46,7 +48,7 @@ void ListerProcessSource::top(int count, Completion completion)
     };
     connect(process, &QProcess::finished, this, [process, count, answer] {
         const auto text = process->readAllStandardOutput();
-        answer(parseProcessList({text.constData(), std::size_t(text.size())}, count));
+        answer(parseProcessList({text.constData(), static_cast<std::size_t>(text.size())}, count));
     });
     connect(process, &QProcess::errorOccurred, this, [answer](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/mac/ProcessList.h"
 
 #include "foundation/TextFields.h"
@@ -27,7 +29,7 @@ QList<ProcessRow> parseProcessList(std::string_view text, int count)
         const auto name = trimmed(line);
         if (!id || !cpu || !memory || !std::isfinite(*cpu) || !std::isfinite(*memory) || name.empty() || name == "ps")
             continue;
-        rows.append({*id, QString::fromUtf8(name.data(), qsizetype(name.size())), *cpu, *memory});
+        rows.append({*id, QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())), *cpu, *memory});
     }
     return rows;
 }

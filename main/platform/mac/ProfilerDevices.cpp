@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/mac/ProfilerDevices.h"
 
 #include "foundation/Wording.h"

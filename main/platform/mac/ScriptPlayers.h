@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "foundation/SerialWorker.h"
@@ -10,7 +12,9 @@
 
 namespace ambrelle {
 
-inline const QString scriptRunner = QStringLiteral("/usr/bin/osascript");
+using namespace Qt::StringLiterals;
+
+inline const QString scriptRunner = u"/usr/bin/osascript"_s;
 
 using ScriptDone = std::function<void(const std::optional<QString>& output)>;
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/network/HttpTransfer.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/network/QtHttpClient.h"
 
 #include "foundation/Wording.h"

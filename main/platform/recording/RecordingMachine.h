@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "foundation/ManualClock.h"
@@ -20,6 +22,8 @@
 #include "platform/TrayPresence.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 /// The programs that a test installs.
 class RecordingPrograms final : public ProgramLauncher {
@@ -49,7 +53,7 @@ public:
 class RecordingTray final : public TrayPresence {
 public:
     bool isAvailable() const override { return false; }
-    QString whyNot() const override { return QStringLiteral("The test has no tray."); }
+    QString whyNot() const override { return u"The test has no tray."_s; }
     void start() override { ++starts; }
 
     int starts = 0;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/recording/RecordingWindowHost.h"
 
 #include <QPainter>
@@ -5,6 +7,8 @@
 #include <algorithm>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 RecordingPanel::RecordingPanel(RecordingWindowHost& host, PanelDelegate& delegate)
     : m_host(&host)
@@ -94,8 +98,8 @@ QImage RecordingBackdrop::picture(double ratio) const
 RecordingWindowHost::RecordingWindowHost()
 {
     ScreenInfo screen;
-    screen.id = QStringLiteral("main-screen");
-    screen.connector = QStringLiteral("DP-1");
+    screen.id = u"main-screen"_s;
+    screen.connector = u"DP-1"_s;
     screen.frame = QRectF(0, 0, 1440, 900);
     screen.visibleFrame = QRectF(0, 0, 1440, 860);
     screen.widthInMillimetres = 340;

@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/WindowList.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 /// Windows that a test puts on the screen.
 class RecordingWindowList final : public WindowList {
@@ -12,7 +16,7 @@ public:
     mutable int looks = 0; ///< how often the list was read
 
     bool isAvailable() const override { return current.has_value(); }
-    QString whyNot() const override { return current ? QString() : QStringLiteral("The test shows no windows."); }
+    QString whyNot() const override { return current ? QString() : u"The test shows no windows."_s; }
     std::optional<QList<OnscreenWindow>> windows() const override
     {
         ++looks;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11Machine.h"
 
 #include "platform/x11/root/RootPixmapPicture.h"

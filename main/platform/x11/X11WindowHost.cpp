@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11WindowHost.h"
 
 #include "foundation/Wording.h"

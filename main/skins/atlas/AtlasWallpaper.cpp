@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/atlas/ElevationMap.h"
 #include "skins/atlas/MapFurniture.h"
 #include "skins/WallpaperRecipes.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/atlas/ElevationMap.h"
 
 #include "drawing/RGBA.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/chalk/ChalkDoodles.h"
 
 #include "drawing/SeededRandom.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/classic/BitPictures.h"
 
 #include "skins/classic/ClassicStyle.h"

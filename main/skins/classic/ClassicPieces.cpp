@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/classic/ClassicPieces.h"
 
 #include "drawing/Fraction.h"
@@ -7,6 +9,8 @@
 #include <cmath>
 
 namespace ambrelle::classic {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,7 +51,7 @@ void scrollBarAt(Canvas& canvas, const Box& box)
 
 void window(Canvas& canvas, const Box& bounds)
 {
-    canvas.still(QStringLiteral("window"), bounds.inset(-4), [&](Canvas& layer) {
+    canvas.still(u"window"_s, bounds.inset(-4), [&](Canvas& layer) {
         layer.fill(bounds.moved(shadow, shadow), ink);
         layer.fill(bounds, paper);
         layer.frame(bounds, rule);
@@ -199,7 +203,7 @@ void listView(Canvas& canvas, const Box& bounds, qsizetype count, double pitch,
     Box content = bounds.inset(1);
     content.cutTop(titleBar);
     const Box bar = content.cutRight(scrollBar + 1);
-    canvas.still(QStringLiteral("scroll bar"), bar, [&](Canvas& layer) { scrollBarAt(layer, bar); });
+    canvas.still(u"scroll bar"_s, bar, [&](Canvas& layer) { scrollBarAt(layer, bar); });
     rows(content, count, pitch, [&](const Box& row, qsizetype index) {
         const bool chosen = index == 0;
         if (chosen)

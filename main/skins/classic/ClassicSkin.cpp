@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/classic/ClassicSkin.h"
 
 #include "foundation/Wording.h"

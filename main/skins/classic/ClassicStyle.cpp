@@ -1,12 +1,16 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/classic/ClassicStyle.h"
 
 namespace ambrelle::classic {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 Typeface face(int weight)
 {
-    return {.family = QStringLiteral("DotGothic16"), .weight = weight, .capRatio = 13.0 / 16, .cell = 1, .pixel = true};
+    return {.family = u"DotGothic16"_s, .weight = weight, .capRatio = 13.0 / 16, .cell = 1, .pixel = true};
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/FaceKit.h"
 #include "foundation/Wording.h"
 #include "skins/classic/ClassicPieces.h"
@@ -6,11 +8,13 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 using namespace classic;
 
 namespace {
 
-const QString percentSign = QStringLiteral("%");
+const QString percentSign = u"%"_s;
 
 /// What received and sent data are drawn with.
 constexpr double arrowSize = 16;
@@ -72,8 +76,7 @@ void ClassicSkin::draw(Canvas& canvas, const BatteryReading& reading, const Face
     Box box = framed(canvas, face);
     Box top = box.cutTop(44);
     if (reading.onMains)
-        canvas.symbol(top.cutRight(24),
-            reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 24, ink);
+        canvas.symbol(top.cutRight(24), reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 24, ink);
     hero(canvas, *this, top, QString::number(reading.percent), percentSign, 48, reading.low);
     box.cutTop(10);
     cell(canvas, box.cutTop(22), reading.level);
@@ -91,8 +94,8 @@ void ClassicSkin::draw(Canvas& canvas, const NetworkReading& reading, const Face
         room.cutLeft(2);
         canvas.figure(room, pair.value, pair.unit, figure);
     };
-    rate(figures.column(0, 2, 10), QStringLiteral("arrow.down"), reading.down);
-    rate(figures.column(1, 2, 10), QStringLiteral("arrow.up"), reading.up);
+    rate(figures.column(0, 2, 10), u"arrow.down"_s, reading.down);
+    rate(figures.column(1, 2, 10), u"arrow.up"_s, reading.up);
     box.cutTop(8);
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     canvas.fill(areaUnder(lines.upper, lines.middle), half);
@@ -108,7 +111,7 @@ void ClassicSkin::draw(Canvas& canvas, const DownloadsReading& reading, const Fa
     hero(canvas, *this, box.cutTop(44), reading.down.value, reading.down.unit, 48);
     canvas.paragraph(box.cutBottom(2 * line).inset(-1, 0), reading.hint, style().row().wrapped(2), Qt::AlignVCenter);
     Box sent = box.cutTop(24);
-    canvas.symbol(sent.cutLeft(arrowSize), QStringLiteral("arrow.up"), arrowSize, ink);
+    canvas.symbol(sent.cutLeft(arrowSize), u"arrow.up"_s, arrowSize, ink);
     sent.cutLeft(6);
     canvas.text(sent, reading.up.joined(), style().header());
     progress(canvas, box.centred(box.width(), progressHeight), reading.share);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "faces/FaceKit.h"
 #include "faces/NoticeFace.h"
 #include "skins/classic/BitPictures.h"
@@ -9,6 +11,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 using namespace classic;
 
 namespace {
@@ -18,7 +22,7 @@ constexpr int shownDays = 5;
 /// Hours and minutes about a colon that is dark every other second.
 Box blinkingTime(Canvas& canvas, const Box& box, const ClockReading& reading, const FigureStyle& figure)
 {
-    const QString colon = QStringLiteral(":");
+    const QString colon = u":"_s;
     const double hours = figurePath(reading.hours, {}, figure, box.width()).width;
     const double minutes = figurePath(reading.minutes, {}, figure, box.width()).width;
     const double middle = figurePath(colon, {}, figure, box.width()).width;
@@ -84,12 +88,12 @@ void ClassicSkin::draw(Canvas& canvas, const WeatherReading& reading, const Face
     Box box = framed(canvas, face, reading.place);
     const Box days = box.cutRight(shownDays * 36);
     box.cutRight(4);
-    canvas.text(box.cutBottom(line), reading.high + QStringLiteral(" / ") + reading.low, style().row());
+    canvas.text(box.cutBottom(line), reading.high + u" / "_s + reading.low, style().row());
     canvas.text(box.cutBottom(line + 4), reading.description, style().row());
     Box top = box.cutTop(70);
     drawBitPicture(canvas, top.cutLeft(36), reading.sky, 2);
     top.cutLeft(4);
-    hero(canvas, *this, top, reading.temperature, QStringLiteral("°"), 64);
+    hero(canvas, *this, top, reading.temperature, u"°"_s, 64);
     for (int index = 0; index < std::min<int>(shownDays, static_cast<int>(reading.days.size())); ++index)
         dayColumn(canvas, days.column(index, shownDays), reading.days[index], style());
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/WallpaperRecipes.h"
 
 #include <cmath>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/glass/GlassSkin.h"
 
 #include "drawing/Colours.h"
@@ -9,6 +11,8 @@
 #include "foundation/Wording.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,9 +34,9 @@ const QColor chipColour = faded(Qt::white, 0.14);
 SkinStyle makeStyle(const std::optional<QColor>& accent)
 {
     return {
-        .title = {.family = QStringLiteral("Inter"), .weight = 600, .capRatio = 0.73},
-        .body = {.family = QStringLiteral("Inter"), .weight = 500, .capRatio = 0.73},
-        .number = {.family = QStringLiteral("Inter Display"), .weight = 300, .capRatio = 0.74},
+        .title = {.family = u"Inter"_s, .weight = 600, .capRatio = 0.73},
+        .body = {.family = u"Inter"_s, .weight = 500, .capRatio = 0.73},
+        .number = {.family = u"Inter Display"_s, .weight = 300, .capRatio = 0.74},
         .ink = ink,
         .soft = soft,
         .faint = faint,
@@ -62,7 +66,7 @@ GlassSkin::GlassSkin(std::optional<QColor> accent)
 Box GlassSkin::plate(Canvas& canvas, const FaceContext& face) const
 {
     const double corner = style().corner;
-    canvas.still(QStringLiteral("plate"), face.bounds.inset(-10), [&](Canvas& layer) {
+    canvas.still(u"plate"_s, face.bounds.inset(-10), [&](Canvas& layer) {
         dropShadow(layer, face.bounds, corner, Qt::black, 0.03, 8, 2);
         layer.fill(face.bounds, faded(plateColour, plateAlpha), corner);
         sheen(layer, face.bounds, corner, Qt::white, 0.16, 0.02, 0.4);
@@ -96,8 +100,8 @@ void GlassSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceC
 void GlassSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face);
-    const Box graph = heroAndFooter(
-        canvas, *this, box, QString::number(reading.percent), QStringLiteral("%"), reading.load, style().figure(40));
+    const Box graph =
+        heroAndFooter(canvas, *this, box, QString::number(reading.percent), u"%"_s, reading.load, style().figure(40));
     if (reading.high)
         warning(canvas, Box(box).cutTop(Bands::hero).cutRight(12));
     const QColor colour = reading.high ? warn : style().accent;
@@ -127,8 +131,7 @@ void GlassSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceConte
     const QColor colour = reading.high ? warn : style().accent;
     const StyledDial ring{.flavor = dial(), .value = colour, .track = trackColour, .width = 9};
     const Box inside = ring.draw(canvas, box.inset(0, 4), reading.fraction);
-    canvas.figure(inside.inset(4), QString::number(reading.percent), QStringLiteral("%"),
-        style().figure(26).aligned(Align::centre));
+    canvas.figure(inside.inset(4), QString::number(reading.percent), u"%"_s, style().figure(26).aligned(Align::centre));
     if (reading.high)
         warning(canvas, Box(face.bounds).inset(style().inset).cutBottom(Bands::footer).cutRight(12));
 }
@@ -136,7 +139,7 @@ void GlassSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceConte
 void GlassSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face);
-    Box middle = heroAndFooter(canvas, *this, box, QString::number(reading.percent), QStringLiteral("%"),
+    Box middle = heroAndFooter(canvas, *this, box, QString::number(reading.percent), u"%"_s,
         reading.remaining.isEmpty() ? reading.state : reading.remaining, style().figure(36));
     if (reading.low)
         warning(canvas, Box(box).cutTop(Bands::hero).cutRight(12));
@@ -150,8 +153,7 @@ void GlassSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCo
     canvas.fill(outline.intersected(charge), fill);
     canvas.fill(Box(body.right() + 3, body.center().y() - 6, 4, 12), trackColour, 2);
     if (reading.onMains)
-        canvas.symbol(
-            body, reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 22, inkOn(fill));
+        canvas.symbol(body, reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 22, inkOn(fill));
 }
 
 void GlassSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const
@@ -159,9 +161,8 @@ void GlassSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCo
     Box box = framed(canvas, face);
     Box figures = box.cutTop(34);
     const FigureStyle figure = style().figure(26);
-    markedFigure(
-        canvas, figures.column(0, 2, 12), QStringLiteral("arrow.down"), style().accentText(), reading.down, figure);
-    markedFigure(canvas, figures.column(1, 2, 12), QStringLiteral("arrow.up"), up, reading.up, figure);
+    markedFigure(canvas, figures.column(0, 2, 12), u"arrow.down"_s, style().accentText(), reading.down, figure);
+    markedFigure(canvas, figures.column(1, 2, 12), u"arrow.up"_s, up, reading.up, figure);
     box.cutTop(Bands::gap);
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(style().accent, 0.28));
@@ -177,7 +178,7 @@ void GlassSkin::draw(Canvas& canvas, const DownloadsReading& reading, const Face
     const Box middle =
         heroAndFooter(canvas, *this, box, reading.down.value, reading.down.unit, reading.hint, style().figure(32));
     Box rest = middle;
-    markedFigure(canvas, rest.cutTop(24), QStringLiteral("arrow.up"), up, reading.up, style().figure(16));
+    markedFigure(canvas, rest.cutTop(24), u"arrow.up"_s, up, reading.up, style().figure(16));
     capsule(canvas, rest.centred(rest.width(), 4), reading.share, trackColour, style().accent);
 }
 
@@ -189,7 +190,7 @@ void GlassSkin::draw(Canvas& canvas, const ProcessesReading& reading, const Face
         Box line = row;
         const Box chip = line.cutLeft(16).centred(16, 16);
         canvas.fill(chip, chipColour, 8);
-        canvas.symbol(chip, QStringLiteral("macwindow"), 10, ink);
+        canvas.symbol(chip, u"macwindow"_s, 10, ink);
         line.cutLeft(6);
         const double value = canvas.text(line, process.percent, style().rowValue());
         line.cutRight(value + 6);
@@ -202,10 +203,10 @@ void GlassSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
     Box box = framed(canvas, face, reading.place);
     const Box days = box.cutRight(box.width() * 0.56);
     box.cutRight(12);
-    canvas.text(box.cutBottom(Bands::footer), reading.high + QStringLiteral(" / ") + reading.low, style().caption());
+    canvas.text(box.cutBottom(Bands::footer), reading.high + u" / "_s + reading.low, style().caption());
     canvas.text(box.cutBottom(18), reading.description, style().row());
     drawPictogram(canvas, box.cutRight(40), reading.sky, pictograms());
-    canvas.figure(box, reading.temperature, QStringLiteral("°"), style().figure(50));
+    canvas.figure(box, reading.temperature, u"°"_s, style().figure(50));
 
     const int count = static_cast<int>(std::min<qsizetype>(reading.days.size(), 6));
     for (int index = 0; index < count; ++index) {

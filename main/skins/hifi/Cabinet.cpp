@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/Cabinet.h"
 
 #include "drawing/Charts.h"
@@ -38,7 +40,7 @@ void walnut(Canvas& canvas, const Box& face, double corner, unsigned seed)
     wood.setColorAt(1, walnutDark);
     canvas.fill(face, wood, corner);
     std::mt19937 random(seed);
-    const auto draw = [&random] { return static_cast<double>(random() >> 8) / double(1 << 24); };
+    const auto draw = [&random] { return static_cast<double>(random() >> 8) / static_cast<double>(1 << 24); };
     canvas.paint([&](QPainter& painter) {
         QPainterPath outline;
         outline.addRoundedRect(face, corner, corner);

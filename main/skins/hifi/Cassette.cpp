@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/Cassette.h"
 
 #include "drawing/Charts.h"
@@ -11,6 +13,8 @@
 #include <numbers>
 
 namespace ambrelle::hifi {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -90,13 +94,13 @@ void pack(Canvas& canvas, QPointF centre, double radius)
 
 void reels(Canvas& canvas, const SkinStyle& style, const Box& box, const NowPlayingReading& reading)
 {
-    canvas.still(QStringLiteral("tape"), box.inset(-1), [&](Canvas& layer) { window(layer, box, style.accent, 8); });
+    canvas.still(u"tape"_s, box.inset(-1), [&](Canvas& layer) { window(layer, box, style.accent, 8); });
     const double apart = box.width() * 0.25;
     const QPointF left = box.center() - QPointF(apart, 0);
     const QPointF right = box.center() + QPointF(apart, 0);
     const double leftRadius = packRadius(1 - reading.progress);
     const double rightRadius = packRadius(reading.progress);
-    canvas.still(QStringLiteral("packs %1 %2").arg(leftRadius).arg(rightRadius), box, [&](Canvas& layer) {
+    canvas.still(u"packs %1 %2"_s.arg(leftRadius).arg(rightRadius), box, [&](Canvas& layer) {
         pack(layer, left, leftRadius);
         pack(layer, right, rightRadius);
     });
@@ -127,7 +131,7 @@ void cassette(Canvas& canvas, const SkinStyle& style, const Box& box, const NowP
 {
     Box inside = box.inset(12, 8);
     const Box paperLabel = inside.cutTop(38);
-    canvas.still(QStringLiteral("cassette"), box.inset(-2), [&](Canvas& layer) {
+    canvas.still(u"cassette"_s, box.inset(-2), [&](Canvas& layer) {
         shell(layer, box);
         sheet(layer, paperLabel);
         layer.fill(Box(paperLabel).cutBottom(3), pointerRed);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/HiFiSkin.h"
 
 #include "drawing/Colours.h"
@@ -5,6 +7,8 @@
 #include "skins/hifi/TunerScale.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 using namespace hifi;
 
@@ -23,7 +27,7 @@ HiFiSkin::HiFiSkin(std::optional<QColor> accent)
 
 Box HiFiSkin::plate(Canvas& canvas, const FaceContext& face) const
 {
-    canvas.still(QStringLiteral("plate"), face.bounds.inset(-8), [&](Canvas& layer) {
+    canvas.still(u"plate"_s, face.bounds.inset(-8), [&](Canvas& layer) {
         cabinet(layer, face.bounds, style().corner, static_cast<unsigned>(face.kind) + 1);
         if (!face.medium())
             return;
@@ -38,7 +42,7 @@ void HiFiSkin::header(Canvas& canvas, Box& content, const FaceContext&, const QS
 {
     Box line = content.cutTop(14);
     const Box pilot = line.cutRight(pilotRadius * 2);
-    canvas.still(QStringLiteral("pilot"), pilot.inset(-6, -3),
+    canvas.still(u"pilot"_s, pilot.inset(-6, -3),
         [&](Canvas& layer) { lamp(layer, pilot.center(), pilotRadius, style().accent, true); });
     line.cutRight(4);
     canvas.text(line, title, style().header().coloured(pale).engraved(engraving));

@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/HiFiStyle.h"
 
 #include "drawing/Colours.h"
 
 namespace ambrelle::hifi {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,16 +21,16 @@ const QColor warn(0xFF, 0x6A, 0x45);
 constexpr double brightestSheen = 0.1;
 constexpr double wirePerCap = 1.6 / 64; // width of a digit's wire in parts of its height
 constexpr double leastStroked = 24; // height from which a stroke shows; smaller figures take a stronger face
-const Typeface smallFigures{.family = QStringLiteral("Quicksand Medium"), .weight = 400, .capRatio = 0.7};
+const Typeface smallFigures{.family = u"Quicksand Medium"_s, .weight = 400, .capRatio = 0.7};
 
 } // namespace
 
 SkinStyle makeStyle(const std::optional<QColor>& accent)
 {
     return {
-        .title = {.family = QStringLiteral("Jura"), .weight = 700, .capRatio = 0.71, .tracking = 0.7},
-        .body = {.family = QStringLiteral("Jura"), .weight = 600, .capRatio = 0.71},
-        .number = {.family = QStringLiteral("Quicksand Light"), .weight = 400, .capRatio = 0.71},
+        .title = {.family = u"Jura"_s, .weight = 700, .capRatio = 0.71, .tracking = 0.7},
+        .body = {.family = u"Jura"_s, .weight = 600, .capRatio = 0.71},
+        .number = {.family = u"Quicksand Light"_s, .weight = 400, .capRatio = 0.71},
         .ink = ink,
         .soft = soft,
         .faint = faint,

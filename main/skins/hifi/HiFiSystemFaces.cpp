@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "foundation/Wording.h"
 #include "skins/hifi/HiFiSkin.h"
 
@@ -13,6 +15,8 @@
 #include "skins/hifi/VuMeter.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 using namespace hifi;
 
@@ -42,7 +46,7 @@ void signal(Canvas& canvas, const Box& box, const QString& symbol, const QColor&
 {
     Box line = box;
     const Box jewel = line.cutLeft(12);
-    canvas.still(QStringLiteral("lamp %1 %2").arg(symbol).arg(lit), jewel.centred(24, 24),
+    canvas.still(u"lamp %1 %2"_s.arg(symbol).arg(lit), jewel.centred(24, 24),
         [&](Canvas& layer) { lamp(layer, jewel.center(), 4, colour, lit); });
     canvas.symbol(line.cutRight(15), symbol, 14, lit ? colour : dark);
 }
@@ -57,16 +61,16 @@ void HiFiSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext
     const VuMeter meter{.style = style(), .window = Box(box).cutTop(70)};
     Box strip = box;
     strip.cutTop(70);
-    canvas.still(QStringLiteral("meter"), box.inset(-2), [&](Canvas& layer) {
+    canvas.still(u"meter"_s, box.inset(-2), [&](Canvas& layer) {
         sheet(layer, box);
         meter.scale(layer);
         layer.rule(Box(strip).cutTop(1).inset(6, 0), faded(print, 0.5), 0.7);
     });
     strip = strip.inset(8, 4);
     const GroundScope ground(canvas, paper);
-    canvas.figure(strip.cutLeft(52), QString::number(reading.percent), QStringLiteral("%"), printed(style(), 16));
+    canvas.figure(strip.cutLeft(52), QString::number(reading.percent), u"%"_s, printed(style(), 16));
     if (reading.high)
-        canvas.symbol(strip.cutRight(14), QStringLiteral("exclamationmark.triangle.fill"), 12, pointerRed.darker(115));
+        canvas.symbol(strip.cutRight(14), u"exclamationmark.triangle.fill"_s, 12, pointerRed.darker(115));
     const QPainterPath line = smoothLine(samplePoints(strip.inset(2, 1), reading.history, 1));
     canvas.stroke(line, roundPen(print, 1));
     canvas.disc(line.currentPosition(), 1.8, pointerRed);
@@ -77,7 +81,7 @@ void HiFiSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCont
 {
     Box box = framed(canvas, face);
     const Box hero = box.cutTop(46);
-    Nixies{.style = style(), .cap = 34, .seed = 11, .name = QStringLiteral("used")}.draw(
+    Nixies{.style = style(), .cap = 34, .seed = 11, .name = u"used"_s}.draw(
         canvas, hero, reading.used, Wording::tr("GB"));
     if (reading.high)
         warning(canvas, Box(hero).cutRight(12).cutTop(12));
@@ -96,8 +100,7 @@ void HiFiSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContex
         warning(canvas, footer.cutRight(14));
     canvas.text(footer, freeText(reading), style().caption());
     const Box inside = tickDial(canvas, style(), box, reading.fraction, reading.high ? style().warn : style().accent);
-    canvas.figure(
-        inside, QString::number(reading.percent), QStringLiteral("%"), wire(style(), 24).aligned(Align::centre));
+    canvas.figure(inside, QString::number(reading.percent), u"%"_s, wire(style(), 24).aligned(Align::centre));
 }
 
 void HiFiSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
@@ -108,13 +111,13 @@ void HiFiSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCon
     box.cutBottom(4);
     Box lamps = box.cutRight(30).inset(0, 8);
     const QColor dark = style().faint.lighter(150);
-    signal(canvas, lamps.row(0, 3), QStringLiteral("bolt.fill"), style().accent, dark, reading.charging);
-    signal(canvas, lamps.row(1, 3), QStringLiteral("powerplug.fill"), pale, dark, reading.onMains);
-    signal(canvas, lamps.row(2, 3), QStringLiteral("exclamationmark.triangle.fill"), style().warn, dark, reading.low);
+    signal(canvas, lamps.row(0, 3), u"bolt.fill"_s, style().accent, dark, reading.charging);
+    signal(canvas, lamps.row(1, 3), u"powerplug.fill"_s, pale, dark, reading.onMains);
+    signal(canvas, lamps.row(2, 3), u"exclamationmark.triangle.fill"_s, style().warn, dark, reading.low);
     Box eye = box.cutLeft(box.height());
     const Box cap = magicEye(canvas, eye, reading.percent, reading.low);
     const GroundScope ground(canvas, tubeDark);
-    canvas.figure(cap, QString::number(reading.percent), QStringLiteral("%"), wire(style(), 20).aligned(Align::centre));
+    canvas.figure(cap, QString::number(reading.percent), u"%"_s, wire(style(), 20).aligned(Align::centre));
 }
 
 void HiFiSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const
@@ -124,7 +127,7 @@ void HiFiSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCon
     const Box figures = box.cutTop(32);
     const auto channel = [&](int side, const QString& arrow, const Units::Pair& rate, const History& history) {
         const VuMeter meter{.style = style(), .window = meters.column(side, 2, 14), .depth = 20};
-        canvas.still(QStringLiteral("meter %1").arg(side), meter.window.inset(-2), [&](Canvas& layer) {
+        canvas.still(u"meter %1"_s.arg(side), meter.window.inset(-2), [&](Canvas& layer) {
             sheet(layer, meter.window);
             meter.scale(layer);
         });
@@ -132,8 +135,8 @@ void HiFiSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCon
         meter.needle(canvas, now / std::max(1.0, reading.peak), side + 1);
         markedFigure(canvas, figures.column(side, 2, 14), arrow, style().accentText(), rate, wire(style(), 19));
     };
-    channel(0, QStringLiteral("arrow.down"), reading.down, reading.downHistory);
-    channel(1, QStringLiteral("arrow.up"), reading.up, reading.upHistory);
+    channel(0, u"arrow.down"_s, reading.down, reading.downHistory);
+    channel(1, u"arrow.up"_s, reading.up, reading.upHistory);
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(style().accent, 0.22));
     canvas.fill(areaUnder(lines.lower, lines.middle), faded(pale, 0.18));
@@ -148,7 +151,7 @@ void HiFiSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceC
     canvas.text(box.cutBottom(Bands::footer), reading.hint, style().caption());
     tapeCounter(canvas, style(), box.cutTop(48), reading.down.value, reading.down.unit, 27);
     Box upload = box.cutTop(26);
-    canvas.symbol(upload.cutLeft(13), QStringLiteral("arrow.up"), 13, style().accentText());
+    canvas.symbol(upload.cutLeft(13), u"arrow.up"_s, 13, style().accentText());
     upload.cutLeft(6);
     canvas.figure(upload, reading.up.value, reading.up.unit, wire(style(), 16));
     const Box scale = box.centred(box.width(), 12);

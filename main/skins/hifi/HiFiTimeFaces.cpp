@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/HiFiSkin.h"
 
 #include "drawing/Charts.h"
@@ -14,6 +16,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 using namespace hifi;
 
 namespace {
@@ -29,7 +33,7 @@ void wirePictogram(Canvas& canvas, const Box& box, Sky sky, const QColor& colour
         const PictogramPaint lines{.sun = c, .moon = c, .cloud = c, .water = c, .bolt = c, .outline = width};
         drawPictogram(layer, box, sky, lines);
     };
-    const QString name = QStringLiteral("sky %1 %2").arg(static_cast<int>(sky)).arg(box.x());
+    const QString name = u"sky %1 %2"_s.arg(static_cast<int>(sky)).arg(box.x());
     canvas.still(name, box.inset(-3), [&](Canvas& layer) {
         paint(layer, faded(colour, 0.1), line + 5);
         paint(layer, faded(colour, 0.16), line + 2.5);
@@ -41,7 +45,7 @@ void wirePictogram(Canvas& canvas, const Box& box, Sky sky, const QColor& colour
 void stations(Canvas& canvas, const SkinStyle& style, const Box& box, const WeatherReading& reading)
 {
     constexpr int most = 6;
-    canvas.still(QStringLiteral("dial"), box.inset(-1), [&](Canvas& layer) { window(layer, box, style.accent, 5); });
+    canvas.still(u"dial"_s, box.inset(-1), [&](Canvas& layer) { window(layer, box, style.accent, 5); });
     const GroundScope ground(canvas, over(faded(style.accent, 0.16), tubeDark));
     Box inside = box.inset(6, 6);
     const int count = static_cast<int>(std::min<qsizetype>(reading.days.size(), most));
@@ -76,7 +80,7 @@ void HiFiSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceConte
     dayDial(canvas, style(), dial, reading.dayFraction());
     // A 12-hour clock leaves the first tube dark before ten.
     const QString time = reading.hours.rightJustified(2) + u':' + reading.minutes;
-    Nixies{.style = style(), .cap = clockCap, .name = QStringLiteral("time")}.draw(canvas, box, time);
+    Nixies{.style = style(), .cap = clockCap, .name = u"time"_s}.draw(canvas, box, time);
 }
 
 void HiFiSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceContext& face) const
@@ -105,13 +109,13 @@ void HiFiSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCon
     Box box = framed(canvas, face, reading.place);
     stations(canvas, style(), box.cutRight(166), reading);
     box.cutRight(12);
-    canvas.text(box.cutBottom(Bands::footer), reading.high + QStringLiteral(" / ") + reading.low, style().caption());
+    canvas.text(box.cutBottom(Bands::footer), reading.high + u" / "_s + reading.low, style().caption());
     canvas.text(box.cutBottom(18), reading.description, style().row());
     box.cutBottom(4);
     const Box sky = box.cutRight(46);
     wirePictogram(canvas, sky.centred(44, 44), reading.sky, style().accent, pictogramLine);
-    Nixies{.style = style(), .cap = temperatureCap, .seed = 8, .name = QStringLiteral("temperature")}.draw(
-        canvas, box, reading.temperature, QStringLiteral("°"));
+    Nixies{.style = style(), .cap = temperatureCap, .seed = 8, .name = u"temperature"_s}.draw(
+        canvas, box, reading.temperature, u"°"_s);
 }
 
 void HiFiSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
@@ -153,7 +157,7 @@ void HiFiSkin::progress(Canvas& canvas, const Box& box, const NowPlayingReading&
     constexpr int marks = 10;
     const Box line = box.inset(56, 3);
     const Box ticks = Box(line).cutTop(10);
-    canvas.still(QStringLiteral("scale"), box.inset(-1), [&](Canvas& layer) {
+    canvas.still(u"scale"_s, box.inset(-1), [&](Canvas& layer) {
         window(layer, box, style().accent);
         TunerScale{.steps = 50, .every = 5}.draw(layer, ticks);
     });

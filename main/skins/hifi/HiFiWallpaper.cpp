@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drawing/Perlin.h"
 #include "skins/WallpaperRecipes.h"
 

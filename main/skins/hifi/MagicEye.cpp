@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/MagicEye.h"
 
 #include "drawing/Charts.h"
@@ -11,6 +13,8 @@
 #include <numbers>
 
 namespace ambrelle::hifi {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -87,7 +91,7 @@ Box magicEye(Canvas& canvas, const Box& box, int percent, bool low)
     const double outer = radius - bezel - 1;
     const double inner = outer * capShare;
     const double shadow = widestShadow * (1 - std::clamp(percent, 0, 100) / 100.0);
-    canvas.still(QStringLiteral("eye %1 %2").arg(percent).arg(low), square.inset(-1), [&](Canvas& layer) {
+    canvas.still(u"eye %1 %2"_s.arg(percent).arg(low), square.inset(-1), [&](Canvas& layer) {
         socket(layer, square.center(), radius);
         phosphorFan(layer, square.center(), inner, outer, shadow, low);
         coverCap(layer, square.center(), inner);

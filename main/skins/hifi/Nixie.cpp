@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/Nixie.h"
 
 #include "drawing/Charts.h"
@@ -9,6 +11,8 @@
 #include <cmath>
 
 namespace ambrelle::hifi {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -168,14 +172,14 @@ double Nixies::draw(Canvas& canvas, const Box& box, const QString& value, const 
             dots(canvas, place, cell.character, size, style.accent);
             continue;
         }
-        const QString tube = QStringLiteral("%1 %2 %3").arg(name).arg(tubes).arg(size);
+        const QString tube = u"%1 %2 %3"_s.arg(name).arg(tubes).arg(size);
         canvas.still(tube, place.inset(-1), [&](Canvas& layer) { glassTube(layer, place, digit); });
         const int tubeSeed = seed + tubes++;
         if (cell.character.isSpace())
             continue;
         canvas.moving(place, Motion::bursts(9, tubeSeed, 0.35, 28), [&](Canvas& moving, double t) {
             const double level = Wave::flicker(t, tubeSeed);
-            const QString lit = QStringLiteral("%1 %2 %3").arg(tube, QString(cell.character)).arg(level);
+            const QString lit = u"%1 %2 %3"_s.arg(tube, QString(cell.character)).arg(level);
             moving.still(
                 lit, place, [&](Canvas& layer) { halo(layer, place, cell.character, digit, style.accent, level); });
             const GroundScope ground(moving, tubeDark);

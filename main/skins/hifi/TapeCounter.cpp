@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/TapeCounter.h"
 
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
 
 namespace ambrelle::hifi {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -58,7 +62,7 @@ double tapeCounter(
         const Box cell = rest.cutLeft(size * drumWidth);
         rest.cutLeft(size * drumGap);
         const Box place = cell.centred(cell.width(), size * drumHeight);
-        const QString name = QStringLiteral("drum %1 %2").arg(place.x()).arg(last);
+        const QString name = u"drum %1 %2"_s.arg(place.x()).arg(last);
         canvas.still(name, place.inset(-1), [&](Canvas& layer) { drum(layer, place, last); });
         const GroundScope ground(canvas, last ? paper : drumDark);
         const QColor ink = last ? print : style.ink;

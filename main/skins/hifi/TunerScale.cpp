@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/TunerScale.h"
 
 #include "drawing/Colours.h"
@@ -8,6 +10,8 @@
 #include <numbers>
 
 namespace ambrelle::hifi {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -38,7 +42,7 @@ void dayDial(Canvas& canvas, const SkinStyle& style, const Box& box, double frac
 {
     constexpr int hours = 24;
     const Box scale = box.inset(8, 9);
-    canvas.still(QStringLiteral("day"), box.inset(-1), [&](Canvas& layer) { window(layer, box, style.accent, 5); });
+    canvas.still(u"day"_s, box.inset(-1), [&](Canvas& layer) { window(layer, box, style.accent, 5); });
     const double x = scale.left() + 20;
     canvas.line({x, scale.top()}, {x, scale.bottom()}, QPen(faded(champagne, 0.7), 0.8));
     const GroundScope ground(canvas, tubeDark);
@@ -76,7 +80,7 @@ Box tickDial(Canvas& canvas, const SkinStyle& style, const Box& box, double frac
         layer.line(circle.center() + direction * inner, circle.center() + direction * outer, pen);
     };
     const int litTicks = value > 0 ? static_cast<int>(std::lround(value * (ticks - 1))) + 1 : 0;
-    const QString name = QStringLiteral("ticks %1 %2").arg(litTicks).arg(lit.name());
+    const QString name = u"ticks %1 %2"_s.arg(litTicks).arg(lit.name());
     canvas.still(name, circle.inset(-4), [&](Canvas& layer) {
         for (int index = litTicks; index < ticks; ++index)
             tick(layer, index, QPen(style.faint.lighter(125), 1.4, Qt::SolidLine, Qt::FlatCap));

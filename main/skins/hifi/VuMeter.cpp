@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/hifi/VuMeter.h"
 
 #include "drawing/Colours.h"
@@ -8,6 +10,8 @@
 #include <numbers>
 
 namespace ambrelle::hifi {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -68,7 +72,7 @@ void VuMeter::scale(Canvas& canvas) const
     }
     const TextStyle label = TextStyle{.face = style.title.tracked(0), .size = 9}.aligned(Align::centre).asAxis();
     const Box corner = Box(window).inset(8, 5).cutBottom(10);
-    canvas.text(corner, QStringLiteral("VU"), label.coloured(print).aligned(Align::right));
+    canvas.text(corner, u"VU"_s, label.coloured(print).aligned(Align::right));
     for (const Mark& mark : marks) {
         const bool red = mark.place >= redZone;
         canvas.line(at(mark.place, r), at(mark.place, r + 4), QPen(red ? pointerRed : print, 1));

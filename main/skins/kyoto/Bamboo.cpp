@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/kyoto/Bamboo.h"
 
 #include <algorithm>

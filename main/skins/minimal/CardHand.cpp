@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Colours.h"
@@ -9,6 +11,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -60,7 +64,7 @@ void CardHand::badge(Canvas& canvas, const Box& box, const QString& symbol, cons
 
 void CardHand::plate(Canvas& canvas, const FaceContext& face) const
 {
-    canvas.still(QStringLiteral("plate"), face.bounds.inset(-10), [&](Canvas& layer) {
+    canvas.still(u"plate"_s, face.bounds.inset(-10), [&](Canvas& layer) {
         dropShadow(layer, face.bounds, look().corner, look().shadow, look().shadow.alphaF(), 8, 3);
         layer.fill(face.bounds, look().panelFill, look().corner);
         if (look().plateBorder > 0)
@@ -150,12 +154,11 @@ void CardHand::battery(Canvas& canvas, Box content, const BatteryReading& readin
 {
     Box hero = content.cutTop(Bands::hero);
     if (reading.onMains)
-        canvas.symbol(hero.cutRight(16),
-            reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 16, look().accent2);
+        canvas.symbol(hero.cutRight(16), reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 16, look().accent2);
     else if (reading.low)
         warning(canvas, hero.cutRight(16));
     hero.cutRight(2);
-    canvas.figure(hero, QString::number(reading.percent), QStringLiteral("%"), style().figure(look().heroCap));
+    canvas.figure(hero, QString::number(reading.percent), u"%"_s, style().figure(look().heroCap));
     canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
     canvas.text(content.cutBottom(18), reading.state, style().row());
     capsule(canvas, content.centred(content.width(), 12), reading.level, look().faint,
@@ -171,8 +174,8 @@ void CardHand::rate(Canvas& canvas, Box box, const QString& symbol, const QColor
 
 void CardHand::rates(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
-    rate(canvas, box.column(0, 2, 12), QStringLiteral("arrow.down"), look().accent, reading.down);
-    rate(canvas, box.column(1, 2, 12), QStringLiteral("arrow.up"), look().accent2, reading.up);
+    rate(canvas, box.column(0, 2, 12), u"arrow.down"_s, look().accent, reading.down);
+    rate(canvas, box.column(1, 2, 12), u"arrow.up"_s, look().accent2, reading.up);
 }
 
 void CardHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
@@ -245,7 +248,7 @@ void CardHand::player(Canvas& canvas, Box content, const NowPlayingReading& read
 {
     constexpr double key = 34;
     if (reading.artwork) {
-        canvas.still(QStringLiteral("wash %1").arg(reading.artwork.image.cacheKey()), face.bounds, [&](Canvas& layer) {
+        canvas.still(u"wash %1"_s.arg(reading.artwork.image.cacheKey()), face.bounds, [&](Canvas& layer) {
             // A few pixels spread over the card: as blurred as a picture can be.
             const QImage blurred = reading.artwork.image.scaled(6, 4, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
             layer.paint([&](QPainter& painter) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Colours.h"
@@ -7,6 +9,8 @@
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -61,7 +65,7 @@ void CasingHand::plate(Canvas& canvas, const FaceContext& face) const
 {
     constexpr double place = 7.5; // on whole points, so that the marks are crisp
     constexpr double arm = 2.5;
-    canvas.still(QStringLiteral("plate"), face.bounds, [&](Canvas& layer) {
+    canvas.still(u"plate"_s, face.bounds, [&](Canvas& layer) {
         layer.fill(face.bounds, look().panelFill, look().corner);
         layer.frame(face.bounds, QPen(look().border, look().plateBorder), look().corner);
         const Box marks = face.bounds.inset(place);
@@ -113,9 +117,9 @@ void CasingHand::history(Canvas& canvas, const Box& box, const History& history,
     Box graph = box;
     const Box scale = graph.cutLeft(22);
     const TextStyle axis = style().caption().sized(9).asAxis();
-    canvas.text(Box(scale).cutTop(tick).moved(0, -2), QStringLiteral("100"), axis);
-    canvas.text(scale.centred(scale.width(), tick), QStringLiteral("50"), axis);
-    canvas.text(Box(scale).cutBottom(tick).moved(0, 2), QStringLiteral("0"), axis);
+    canvas.text(Box(scale).cutTop(tick).moved(0, -2), u"100"_s, axis);
+    canvas.text(scale.centred(scale.width(), tick), u"50"_s, axis);
+    canvas.text(Box(scale).cutBottom(tick).moved(0, 2), u"0"_s, axis);
     for (const double y : {graph.top(), graph.center().y(), graph.bottom()})
         canvas.line({graph.left(), y}, {graph.right(), y}, QPen(look().faint, ruleWidth));
     bars(canvas, graph, binned(history, count), colour, false);
@@ -216,7 +220,7 @@ void CasingHand::clock(Canvas& canvas, Box content, const ClockReading& reading,
     const Box frame = side.cutBottom(24);
     canvas.frame(frame, square(look().accent, 1.2));
     const FigureStyle seconds{.face = look().body, .cap = 11, .fill = look().ink, .align = Align::centre};
-    canvas.figure(frame, QStringLiteral("%1").arg(*reading.second, 2, 10, QLatin1Char('0')), {}, seconds);
+    canvas.figure(frame, u"%1"_s.arg(*reading.second, 2, 10, QLatin1Char('0')), {}, seconds);
 }
 
 void CasingHand::battery(Canvas& canvas, Box content, const BatteryReading& reading) const
@@ -225,7 +229,7 @@ void CasingHand::battery(Canvas& canvas, Box content, const BatteryReading& read
     Box hero = content.cutTop(Bands::hero);
     if (reading.low)
         warning(canvas, hero.cutRight(12));
-    canvas.figure(hero, QString::number(reading.percent), QStringLiteral("%"), style().figure(look().heroCap));
+    canvas.figure(hero, QString::number(reading.percent), u"%"_s, style().figure(look().heroCap));
     canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
     canvas.text(content.cutBottom(16), reading.state, style().row());
     const Box row = content.centred(content.width(), 22);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/FieldPicture.h"
 
 #include <QPainter>

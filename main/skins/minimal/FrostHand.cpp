@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Colours.h"
@@ -14,6 +16,8 @@
 #include <numbers>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -81,7 +85,7 @@ void FrostHand::plate(Canvas& canvas, const FaceContext& face) const
 {
     const Box& box = face.bounds;
     const double corner = look().corner;
-    canvas.still(QStringLiteral("plate"), box.inset(-10), [&](Canvas& layer) {
+    canvas.still(u"plate"_s, box.inset(-10), [&](Canvas& layer) {
         dropShadow(layer, box, corner, Qt::black, 0.025, 8, 2);
         layer.fill(box, look().panelFill, corner);
         // The aurora stands in the upper part, behind the ice.
@@ -211,7 +215,7 @@ void FrostHand::battery(Canvas& canvas, Box content, const BatteryReading& readi
 {
     const Box column = content.cutRight(24);
     content.cutRight(12);
-    canvas.figure(content.cutTop(44), QString::number(reading.percent), QStringLiteral("%"), style().figure(40));
+    canvas.figure(content.cutTop(44), QString::number(reading.percent), u"%"_s, style().figure(40));
     canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
     Box state = content.cutBottom(18);
     if (reading.low)
@@ -225,8 +229,8 @@ void FrostHand::battery(Canvas& canvas, Box content, const BatteryReading& readi
     const QColor colour = reading.low ? look().warn : look().accent;
     canvas.fill(charge, aurora(column.bottomLeft(), column.topLeft(), colour), 8);
     if (reading.onMains)
-        canvas.symbol(Box(charge).cutBottom(16),
-            reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 12, inkOn(colour));
+        canvas.symbol(
+            Box(charge).cutBottom(16), reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 12, inkOn(colour));
 }
 
 void FrostHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const

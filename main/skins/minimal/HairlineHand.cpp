@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Colours.h"
@@ -8,6 +10,8 @@
 #include <numbers>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -65,7 +69,7 @@ void HairlineHand::warning(Canvas& canvas, const Box& box) const
 {
     const Box mark = box.centred(14, 14);
     canvas.fill(mark, look().warn);
-    canvas.symbol(mark, QStringLiteral("exclamationmark.triangle.fill"), 10, inkOn(look().warn));
+    canvas.symbol(mark, u"exclamationmark.triangle.fill"_s, 10, inkOn(look().warn));
 }
 
 void HairlineHand::ruleBelow(Canvas& canvas, const Box& row) const
@@ -164,8 +168,7 @@ void HairlineHand::clock(Canvas& canvas, Box content, const ClockReading& readin
     Box line = Box(content).cutTop(14);
     const FigureStyle seconds{.face = look().body, .cap = 9, .fill = look().soft, .align = Align::right};
     if (reading.second)
-        canvas.figure(
-            line.cutRight(18), QStringLiteral("%1").arg(*reading.second, 2, 10, QLatin1Char('0')), {}, seconds);
+        canvas.figure(line.cutRight(18), u"%1"_s.arg(*reading.second, 2, 10, QLatin1Char('0')), {}, seconds);
     canvas.text(line, reading.meridiem, style().caption().sized(12).aligned(Align::right));
     Box heading = content;
     heading.setRight(line.right() - (reading.meridiem.isEmpty() ? 0 : 26));
@@ -182,10 +185,9 @@ void HairlineHand::battery(Canvas& canvas, Box content, const BatteryReading& re
     if (reading.low)
         warning(canvas, hero.cutRight(14));
     else if (reading.onMains)
-        canvas.symbol(hero.cutRight(14),
-            reading.charging ? QStringLiteral("bolt.fill") : QStringLiteral("powerplug.fill"), 14, look().ink);
+        canvas.symbol(hero.cutRight(14), reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 14, look().ink);
     hero.cutRight(4);
-    canvas.figure(hero, QString::number(reading.percent), QStringLiteral("%"), style().figure(look().heroCap));
+    canvas.figure(hero, QString::number(reading.percent), u"%"_s, style().figure(look().heroCap));
     named(canvas, content.cutBottom(Bands::footer), reading.state, style().caption(), reading.remaining,
         style().caption());
     comb(canvas, content.inset(0, Bands::gap),
@@ -245,7 +247,7 @@ void HairlineHand::player(Canvas& canvas, Box content, const NowPlayingReading& 
 {
     const Player places = playerPlaces(content, 26);
     // Turning a picture grey takes longer than drawing it: once per track.
-    canvas.still(QStringLiteral("cover %1").arg(reading.artwork.image.cacheKey()), places.cover, [&](Canvas& layer) {
+    canvas.still(u"cover %1"_s.arg(reading.artwork.image.cacheKey()), places.cover, [&](Canvas& layer) {
         const Picture grey{reading.artwork.image.convertToFormat(QImage::Format_Grayscale8)};
         artwork(layer, places.cover, grey, 0, look().faint, look().soft);
     });

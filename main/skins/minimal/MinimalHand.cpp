@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/MinimalHand.h"
 
 #include "drawing/Symbols.h"
@@ -5,6 +7,8 @@
 #include <array>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 MinimalHand::MinimalHand(MinimalLook look, const FaceRenderer& skin)
     : m_look(std::move(look))
@@ -25,15 +29,14 @@ std::unique_ptr<const MinimalHand> MinimalHand::of(const MinimalLook& look, cons
 
 void MinimalHand::warning(Canvas& canvas, const Box& box) const
 {
-    canvas.symbol(box, QStringLiteral("exclamationmark.triangle.fill"), 11, m_look.warn);
+    canvas.symbol(box, u"exclamationmark.triangle.fill"_s, 11, m_look.warn);
 }
 
 void MinimalHand::rates(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
     const FigureStyle figure = style().figure(26);
-    markedFigure(
-        canvas, box.column(0, 2, 12), QStringLiteral("arrow.down"), style().accentText(), reading.down, figure);
-    markedFigure(canvas, box.column(1, 2, 12), QStringLiteral("arrow.up"), look().accent2, reading.up, figure);
+    markedFigure(canvas, box.column(0, 2, 12), u"arrow.down"_s, style().accentText(), reading.down, figure);
+    markedFigure(canvas, box.column(1, 2, 12), u"arrow.up"_s, look().accent2, reading.up, figure);
 }
 
 void MinimalHand::named(Canvas& canvas, Box line, const QString& name, const TextStyle& nameStyle, const QString& value,
@@ -48,14 +51,14 @@ void MinimalHand::named(Canvas& canvas, Box line, const QString& name, const Tex
 void MinimalHand::ordinal(Canvas& canvas, Box& line, qsizetype index) const
 {
     constexpr double width = 20;
-    canvas.text(line.cutLeft(width), QStringLiteral("%1").arg(index + 1, 2, 10, QLatin1Char('0')), style().caption());
+    canvas.text(line.cutLeft(width), u"%1"_s.arg(index + 1, 2, 10, QLatin1Char('0')), style().caption());
 }
 
 void MinimalHand::currentWeather(Canvas& canvas, Box box, const WeatherReading& reading) const
 {
     constexpr double picture = 40;
     constexpr double gap = 8;
-    canvas.text(box.cutBottom(Bands::footer), reading.high + QStringLiteral(" / ") + reading.low, style().caption());
+    canvas.text(box.cutBottom(Bands::footer), reading.high + u" / "_s + reading.low, style().caption());
     canvas.text(box.cutBottom(18), reading.description, style().row());
     drawPictogram(canvas, box.cutRight(picture), reading.sky, pictograms());
     box.cutRight(gap);
@@ -102,9 +105,9 @@ void MinimalHand::controls(
         FaceAction::Verb verb;
     };
     const std::array keys{
-        Control{QStringLiteral("backward.fill"), FaceAction::Verb::previousTrack},
-        Control{playing ? QStringLiteral("pause.fill") : QStringLiteral("play.fill"), FaceAction::Verb::playPause},
-        Control{QStringLiteral("forward.fill"), FaceAction::Verb::nextTrack},
+        Control{u"backward.fill"_s, FaceAction::Verb::previousTrack},
+        Control{playing ? u"pause.fill"_s : u"play.fill"_s, FaceAction::Verb::playPause},
+        Control{u"forward.fill"_s, FaceAction::Verb::nextTrack},
     };
     for (int index = 0; index < 3; ++index) {
         const Control& key = keys[static_cast<std::size_t>(index)];

@@ -1,24 +1,28 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/MinimalLook.h"
 
 #include "drawing/Colours.h"
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Typeface manrope(int weight, double cell = 1)
 {
-    return {.family = QStringLiteral("Manrope"), .weight = weight, .capRatio = 0.75, .cell = cell};
+    return {.family = u"Manrope"_s, .weight = weight, .capRatio = 0.75, .cell = cell};
 }
 
 Typeface inter(int weight)
 {
-    return {.family = QStringLiteral("Inter"), .weight = weight, .capRatio = 0.73};
+    return {.family = u"Inter"_s, .weight = weight, .capRatio = 0.73};
 }
 
 Typeface jetBrainsMono(int weight)
 {
-    return {.family = QStringLiteral("JetBrains Mono"), .weight = weight, .capRatio = 0.76};
+    return {.family = u"JetBrains Mono"_s, .weight = weight, .capRatio = 0.76};
 }
 
 MinimalLook polar()
@@ -68,7 +72,7 @@ MinimalLook mono()
         .panelFill = Qt::black,
         .panel = PanelTreatment::hairline,
         .corner = 0,
-        .number = {.family = QStringLiteral("Inter Display"), .weight = 100, .capRatio = 0.74},
+        .number = {.family = u"Inter Display"_s, .weight = 100, .capRatio = 0.74},
         .label = inter(500),
         .body = inter(400),
         .tracking = 0.2,
@@ -81,7 +85,7 @@ MinimalLook mono()
         .warn = Qt::white,
         .border = QColor(0x2E, 0x2E, 0x2E),
         .cloud = Qt::white,
-        .smallNumber = {.family = QStringLiteral("Inter Display"), .weight = 200, .capRatio = 0.74},
+        .smallNumber = {.family = u"Inter Display"_s, .weight = 200, .capRatio = 0.74},
         .rowGap = 4,
         .titleGap = 8,
         .clockCap = 74,

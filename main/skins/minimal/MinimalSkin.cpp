@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/minimal/MinimalSkin.h"
 
 #include "drawing/Colours.h"
 #include "foundation/Wording.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 MinimalSkin::MinimalSkin(const MinimalLook& look)
     : FaceRenderer(look.style(), ambrelle::dial(look.skin))
@@ -70,7 +74,7 @@ void MinimalSkin::hero(Canvas& canvas, Box& content, const QString& value, const
 void MinimalSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    hero(canvas, box, QString::number(reading.percent), QStringLiteral("%"), reading.high);
+    hero(canvas, box, QString::number(reading.percent), u"%"_s, reading.high);
     canvas.text(box.cutBottom(Bands::footer), reading.load, style().caption());
     box.cutBottom(Bands::gap);
     m_hand->history(canvas, box, reading.history, loadColour(reading.high));
@@ -93,8 +97,7 @@ void MinimalSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceCon
         warning(canvas, footer.cutRight(14));
     canvas.text(footer, freeText(reading), style().caption());
     const Box inside = m_hand->dial(canvas, box.inset(0, 3), reading.fraction, loadColour(reading.high));
-    canvas.figure(inside.inset(3), QString::number(reading.percent), QStringLiteral("%"),
-        style().figure(26).aligned(Align::centre));
+    canvas.figure(inside.inset(3), QString::number(reading.percent), u"%"_s, style().figure(26).aligned(Align::centre));
 }
 
 void MinimalSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
@@ -114,7 +117,7 @@ void MinimalSkin::draw(Canvas& canvas, const DownloadsReading& reading, const Fa
 {
     Box box = heroAndFooter(
         canvas, *this, framed(canvas, face), reading.down.value, reading.down.unit, reading.hint, style().figure(32));
-    markedFigure(canvas, box.cutTop(22), QStringLiteral("arrow.up"), m_look.up, reading.up, style().figure(16));
+    markedFigure(canvas, box.cutTop(22), u"arrow.up"_s, m_look.up, reading.up, style().figure(16));
     m_hand->level(canvas, box.centred(box.width(), 9), reading.share, m_look.accent);
 }
 

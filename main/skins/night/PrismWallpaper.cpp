@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/night/NightWallpaper.h"
 #include "skins/WallpaperRecipes.h"
 

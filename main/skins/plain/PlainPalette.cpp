@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/plain/PlainPalette.h"
 
 #include <algorithm>

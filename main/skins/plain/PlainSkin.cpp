@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "skins/plain/PlainSkin.h"
 
 #include "drawing/Colours.h"
@@ -12,6 +14,8 @@
 #include <cstring>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -54,7 +58,7 @@ SkinStyle makeStyle(const PlainPalette& palette, const std::optional<QColor>& ac
     };
     style.number.cell = palette.cell;
     style.rowPitch = style.rowSize + 6.5;
-    if (style.number.family.startsWith(QStringLiteral("DSEG7"))) // has no signs
+    if (style.number.family.startsWith(u"DSEG7"_s)) // has no signs
         style.unitFace = style.title;
     return style;
 }
@@ -77,7 +81,7 @@ QList<QBrush> PlainSkin::partFills() const
 
 Box PlainSkin::plate(Canvas& canvas, const FaceContext& face) const
 {
-    canvas.still(QStringLiteral("plate"), face.bounds.inset(-8), [&](Canvas& layer) {
+    canvas.still(u"plate"_s, face.bounds.inset(-8), [&](Canvas& layer) {
         dropShadow(layer, face.bounds, style().corner, Qt::black, 0.03, 6, 2);
         layer.fill(face.bounds, m_plate, style().corner);
         layer.frame(face.bounds, QPen(faded(style().ink, 0.14), 1), style().corner);
@@ -109,8 +113,8 @@ void PlainSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceC
 void PlainSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face);
-    const Box graph = heroAndFooter(
-        canvas, *this, box, QString::number(reading.percent), QStringLiteral("%"), reading.load, style().figure(40));
+    const Box graph =
+        heroAndFooter(canvas, *this, box, QString::number(reading.percent), u"%"_s, reading.load, style().figure(40));
     const QColor colour = reading.high ? style().warn : style().accent;
     const QPainterPath line = smoothLine(samplePoints(graph, reading.history, 1));
     canvas.fill(areaUnder(line, graph.bottom()), wash(graph, colour, 0.4, 0.02));
@@ -141,19 +145,18 @@ void PlainSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceConte
     const StyledDial circle{
         .flavor = dial(), .value = reading.high ? style().warn : style().accent, .track = style().faint, .width = 8};
     const Box inside = circle.draw(canvas, box.inset(0, 3), reading.fraction);
-    canvas.figure(inside.inset(5), QString::number(reading.percent), QStringLiteral("%"),
-        style().figure(24).aligned(Align::centre));
+    canvas.figure(inside.inset(5), QString::number(reading.percent), u"%"_s, style().figure(24).aligned(Align::centre));
 }
 
 void PlainSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face);
-    const Box middle = heroAndFooter(canvas, *this, box, QString::number(reading.percent), QStringLiteral("%"),
+    const Box middle = heroAndFooter(canvas, *this, box, QString::number(reading.percent), u"%"_s,
         reading.remaining.isEmpty() ? reading.state : reading.remaining, style().figure(36));
     const Box bar(middle.x(), middle.center().y() - 9, middle.width() - 22, 18);
     capsule(canvas, bar, reading.level, style().faint, reading.low ? style().warn : style().accent);
     if (reading.onMains)
-        canvas.symbol(Box(bar.right() + 4, bar.y(), 18, 18), QStringLiteral("bolt.fill"), 16, style().ink);
+        canvas.symbol(Box(bar.right() + 4, bar.y(), 18, 18), u"bolt.fill"_s, 16, style().ink);
     if (reading.low)
         warning(canvas, Box(face.bounds.inset(style().inset)).cutTop(14).cutRight(12));
 }
@@ -163,8 +166,8 @@ void PlainSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceCo
     Box box = framed(canvas, face);
     const Box figures = box.cutTop(32);
     const FigureStyle figure = style().figure(24);
-    markedFigure(canvas, figures.column(0, 2, 12), QStringLiteral("arrow.down"), style().down, reading.down, figure);
-    markedFigure(canvas, figures.column(1, 2, 12), QStringLiteral("arrow.up"), style().up, reading.up, figure);
+    markedFigure(canvas, figures.column(0, 2, 12), u"arrow.down"_s, style().down, reading.down, figure);
+    markedFigure(canvas, figures.column(1, 2, 12), u"arrow.up"_s, style().up, reading.up, figure);
     box.cutTop(Bands::gap);
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(style().down, 0.28));
@@ -178,7 +181,7 @@ void PlainSkin::draw(Canvas& canvas, const DownloadsReading& reading, const Face
     const Box box = framed(canvas, face);
     Box rest =
         heroAndFooter(canvas, *this, box, reading.down.value, reading.down.unit, reading.hint, style().figure(30));
-    markedFigure(canvas, rest.cutTop(24), QStringLiteral("arrow.up"), style().up, reading.up, style().figure(16));
+    markedFigure(canvas, rest.cutTop(24), u"arrow.up"_s, style().up, reading.up, style().figure(16));
     capsule(canvas, rest.centred(rest.width(), 4), reading.share, style().faint, style().accent);
 }
 
@@ -220,9 +223,9 @@ void PlainSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
     const Box days = box.cutRight(box.width() * 0.54);
     box.cutRight(12);
     const double line = style().captionSize + 5;
-    canvas.text(box.cutBottom(line), reading.high + QStringLiteral(" / ") + reading.low, style().caption());
+    canvas.text(box.cutBottom(line), reading.high + u" / "_s + reading.low, style().caption());
     canvas.text(box.cutBottom(style().rowSize + 5), reading.description, style().row());
-    canvas.figure(box, reading.temperature, QStringLiteral("°"), style().figure(46));
+    canvas.figure(box, reading.temperature, u"°"_s, style().figure(46));
     weatherDays(canvas, days.inset(0, 6), reading);
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/CalendarRows.h"
 
 #include <gmock/gmock.h>
@@ -243,7 +245,9 @@ TEST(CalendarFilesTest, EndlessRecurrencesKeepToTheWindowAndToTheEffort)
 TEST(CalendarFilesTest, AnyMutationOfAFileIsRead)
 {
     std::mt19937 random(20250602);
-    const auto number = [&random](qsizetype below) { return qsizetype(random() % std::size_t(below)); };
+    const auto number = [&random](qsizetype below) {
+        return static_cast<qsizetype>(random() % static_cast<std::size_t>(below));
+    };
     const QDateTime from = dayIn("Europe/Berlin", "2025-03-24");
     const CalendarZone local(from.timeZone());
     int occurrences = 0;
@@ -256,7 +260,7 @@ TEST(CalendarFilesTest, AnyMutationOfAFileIsRead)
             for (int change = 0; change < 4; ++change) {
                 const auto at = number(text.size());
                 switch (number(4)) {
-                case 0: text[at] = char(number(256)); break;
+                case 0: text[at] = static_cast<char>(number(256)); break;
                 case 1: text.remove(at, number(40)); break;
                 case 2: text.insert(at, lines[number(lines.size())] + "\n"); break;
                 default: text.insert(at, QByteArray::number(random())); break;
@@ -266,7 +270,7 @@ TEST(CalendarFilesTest, AnyMutationOfAFileIsRead)
             const IcsFile file = IcsParser::parsed(view(text));
             for (const auto& series : file.series) {
                 if (series.isReminder()) {
-                    reminders += int(CalendarOccurrences::reminders(series, local, effort).size());
+                    reminders += static_cast<int>(CalendarOccurrences::reminders(series, local, effort).size());
                     continue;
                 }
                 for (const auto& event :

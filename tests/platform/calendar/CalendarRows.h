@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/calendar/CalendarOccurrences.h"
@@ -10,6 +12,8 @@
 #include <algorithm>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 inline std::chrono::sys_seconds instantOf(const QDateTime& moment)
 {
@@ -34,10 +38,10 @@ inline QStringList eventRows(const QByteArray& text, const QDateTime& from, cons
         for (const auto& event : CalendarOccurrences::events(series, instantOf(from), instantOf(to), local, effort)) {
             const bool isDay = event.item->start->isDay;
             const auto format = [&](std::chrono::sys_seconds instant) {
-                return isDay ? momentOf(instant).toTimeZone(from.timeZone()).toString(QStringLiteral("MM-dd"))
-                             : momentOf(instant).toString(QStringLiteral("MM-dd HH:mm"));
+                return isDay ? momentOf(instant).toTimeZone(from.timeZone()).toString(u"MM-dd"_s)
+                             : momentOf(instant).toString(u"MM-dd HH:mm"_s);
             };
-            rows.append(format(event.start) + QStringLiteral(" to ") + format(event.end) + u' ' + event.item->title);
+            rows.append(format(event.start) + u" to "_s + format(event.end) + u' ' + event.item->title);
         }
     }
     rows.sort();

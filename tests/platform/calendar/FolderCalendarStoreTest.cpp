@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/FolderCalendarStore.h"
 
 #include "foundation/ManualClock.h"
@@ -260,7 +262,7 @@ double secondsOf(clockid_t processor)
 {
     timespec time{};
     ::clock_gettime(processor, &time);
-    return double(time.tv_sec) + double(time.tv_nsec) / 1e9;
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
 TEST_F(FolderCalendarStoreTest, ThousandsOfItemsAreReadOnAnotherThread)

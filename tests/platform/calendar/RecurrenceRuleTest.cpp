@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/RecurrenceRule.h"
 
 #include <QDateTime>

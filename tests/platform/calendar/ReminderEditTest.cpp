@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/calendar/ReminderEdit.h"
 
 #include "platform/calendar/CalendarRows.h"

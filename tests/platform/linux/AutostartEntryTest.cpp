@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/desktop/AutostartEntry.h"
 
 #include <QDir>
@@ -42,7 +44,7 @@ protected:
     bool isOn() const { return entry.status() == LoginItem::Status::enabled; }
 };
 
-TEST_F(AutostartEntryTest, whoeverWroteItTheEntrySaysWhetherTheProgramStarts)
+TEST_F(AutostartEntryTest, WhoeverWroteItTheEntrySaysWhetherTheProgramStarts)
 {
     struct Case {
         const char* user; ///< null: no file
@@ -74,7 +76,7 @@ TEST_F(AutostartEntryTest, whoeverWroteItTheEntrySaysWhetherTheProgramStarts)
     }
 }
 
-TEST_F(AutostartEntryTest, turnedOffItLeavesNothingButWhatTheUserAdded)
+TEST_F(AutostartEntryTest, TurnedOffItLeavesNothingButWhatTheUserAdded)
 {
     entry.setEnabled(true);
     EXPECT_TRUE(written().contains("\nExec=\"/opt/ambrelle/bin/ambrelle\"\n"));
@@ -92,7 +94,7 @@ TEST_F(AutostartEntryTest, turnedOffItLeavesNothingButWhatTheUserAdded)
     EXPECT_EQ(written(), own);
 }
 
-TEST_F(AutostartEntryTest, anyPathOfTheProgramGivesAValidEntry)
+TEST_F(AutostartEntryTest, AnyPathOfTheProgramGivesAValidEntry)
 {
     const QString validator = QStandardPaths::findExecutable(u"desktop-file-validate"_s);
     if (validator.isEmpty())
@@ -113,7 +115,7 @@ TEST_F(AutostartEntryTest, anyPathOfTheProgramGivesAValidEntry)
     }
 }
 
-TEST_F(AutostartEntryTest, aRefusalSaysSoAndLosesNothing)
+TEST_F(AutostartEntryTest, ARefusalSaysSoAndLosesNothing)
 {
     const QString message = u"Couldn't change the login item: "_s;
     QFile file(user); // where a folder should be

@@ -1,15 +1,19 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/BusSessionVisibility.h"
 #include "support/MockBus.h"
 
 #include <gtest/gtest.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
-const QString saverName = QStringLiteral("org.gnome.ScreenSaver");
-const QString saverPath = QStringLiteral("/org/gnome/ScreenSaver");
-const QString loginName = QStringLiteral("org.freedesktop.login1");
-const QString sessionPath = QStringLiteral("/org/freedesktop/login1/session/c7");
+const QString saverName = u"org.gnome.ScreenSaver"_s;
+const QString saverPath = u"/org/gnome/ScreenSaver"_s;
+const QString loginName = u"org.freedesktop.login1"_s;
+const QString sessionPath = u"/org/freedesktop/login1/session/c7"_s;
 constexpr auto sessionInterface = "org.freedesktop.login1.Session";
 
 class BusSessionVisibilityTest : public ::testing::Test {
@@ -42,20 +46,20 @@ protected:
     /// A session of that type on a seat, as the login manager tells it.
     QProcess* startLogin(const QString& type)
     {
-        QProcess* login = bus.start(QStringLiteral("logind"), loginName);
-        const QVariantList session{QStringLiteral("c7"), QStringLiteral("seat0"), 1000U, QStringLiteral("anna"), true};
+        QProcess* login = bus.start(u"logind"_s, loginName);
+        const QVariantList session{u"c7"_s, u"seat0"_s, 1000U, u"anna"_s, true};
         if (!login
-            || !bus.call("org.freedesktop.login1", QStringLiteral("/org/freedesktop/login1"),
-                "org.freedesktop.DBus.Mock", "AddSession", session)
+            || !bus.call("org.freedesktop.login1", u"/org/freedesktop/login1"_s, "org.freedesktop.DBus.Mock",
+                "AddSession", session)
             || !setSession("Type", type))
             return nullptr;
         return login;
     }
     bool setSession(const char* property, const QVariant& value)
     {
-        const QVariantMap changes{{QLatin1String(property), value}};
+        const QVariantMap changes{{QLatin1StringView(property), value}};
         return bus.call("org.freedesktop.login1", sessionPath, "org.freedesktop.DBus.Mock", "UpdateProperties",
-            {QLatin1String(sessionInterface), changes});
+            {QLatin1StringView(sessionInterface), changes});
     }
 
     MockBus bus;
@@ -65,7 +69,7 @@ protected:
 
 TEST_F(BusSessionVisibilityTest, FollowsALockerAndForgetsItWhenItEnds)
 {
-    QProcess* saver = bus.start(QStringLiteral("gnome_screensaver"), saverName);
+    QProcess* saver = bus.start(u"gnome_screensaver"_s, saverName);
     if (!saver)
         GTEST_SKIP() << "dbusmock is not installed";
     ASSERT_TRUE(setSaverActive(true));
@@ -79,14 +83,14 @@ TEST_F(BusSessionVisibilityTest, FollowsALockerAndForgetsItWhenItEnds)
     bus.stop(saver);
     EXPECT_TRUE(becomes(true)) << "the locker has crashed";
     EXPECT_EQ(told, 4);
-    ASSERT_TRUE(bus.start(QStringLiteral("gnome_screensaver"), saverName));
+    ASSERT_TRUE(bus.start(u"gnome_screensaver"_s, saverName));
     ASSERT_TRUE(setSaverActive(true));
     EXPECT_TRUE(becomes(false)) << "a locker that came later";
 }
 
 TEST_F(BusSessionVisibilityTest, FollowsTheLoginManager)
 {
-    if (!startLogin(QStringLiteral("x11")))
+    if (!startLogin(u"x11"_s))
         GTEST_SKIP() << "dbusmock is not installed";
     open();
     ASSERT_TRUE(becomesAvailable());
@@ -105,7 +109,7 @@ TEST_F(BusSessionVisibilityTest, FollowsTheLoginManager)
 
 TEST_F(BusSessionVisibilityTest, ADisplayStartedFromATextConsoleStaysVisible)
 {
-    if (!startLogin(QStringLiteral("tty")))
+    if (!startLogin(u"tty"_s))
         GTEST_SKIP() << "dbusmock is not installed";
     open();
     ASSERT_TRUE(setSession("LockedHint", true));
@@ -117,7 +121,7 @@ TEST_F(BusSessionVisibilityTest, ADisplayStartedFromATextConsoleStaysVisible)
 
 TEST_F(BusSessionVisibilityTest, SurvivesBusesThatAreNotThere)
 {
-    const auto none = [] { return QDBusConnection(QStringLiteral("none")); };
+    const auto none = [] { return QDBusConnection(u"none"_s); };
     BusSessionVisibility lost(none, none);
     QCoreApplication::processEvents();
     EXPECT_TRUE(lost.isVisible());

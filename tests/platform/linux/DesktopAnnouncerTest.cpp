@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/desktop/DesktopAnnouncer.h"
 
 #include "support/MockBus.h"
@@ -56,7 +58,7 @@ TEST(DesktopAnnouncerTest, TheDesktopShowsWhatIsNotified)
 
 TEST(DesktopAnnouncerTest, WithoutABusNothingHappens)
 {
-    DesktopAnnouncer announcer([] { return QDBusConnection(QStringLiteral("none")); });
+    DesktopAnnouncer announcer([] { return QDBusConnection(u"none"_s); });
     EXPECT_TRUE(announcer.isAvailable());
     announcer.notify(u"Nobody"_s, u"listens"_s);
     EXPECT_FALSE(announcer.isAvailable());

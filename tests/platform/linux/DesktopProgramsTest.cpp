@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/desktop/DesktopPrograms.h"
 
 #include "platform/linux/desktop/DesktopEntryText.h"
@@ -9,7 +11,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(DesktopPrograms, tellsWhetherAProgramCanBeStartedHere)
+TEST(DesktopPrograms, TellsWhetherAProgramCanBeStartedHere)
 {
     struct Case {
         const char* name;
@@ -43,7 +45,7 @@ TEST(DesktopPrograms, tellsWhetherAProgramCanBeStartedHere)
 
 class DesktopProgramsTest : public ToolDesk { };
 
-TEST_F(DesktopProgramsTest, theDesktopsLauncherGetsTheEntry)
+TEST_F(DesktopProgramsTest, TheDesktopsLauncherGetsTheEntry)
 {
     const QByteArray text = "[Desktop Entry]\nType=Application\nExec=true\n";
     writeFile(u"home/applications/org.example.Own.desktop"_s, text);

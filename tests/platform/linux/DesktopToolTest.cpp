@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/picture/GSettingsPicture.h"
 #include "platform/linux/picture/GVariantText.h"
 #include "platform/linux/picture/PcmanfmPicture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/BluezDevices.h"
 #include "platform/linux/bus/UPowerDevices.h"
 #include "support/MockBus.h"
@@ -23,7 +25,7 @@ protected:
     {
         if (!bus.isRunning())
             return nullptr;
-        return bus.start(QLatin1String(kind), QLatin1String(name));
+        return bus.start(QLatin1StringView(kind), QLatin1StringView(name));
     }
     static bool waitFor(const DeviceSource& source, const QList<ConnectedDevice>& expected)
     {
@@ -36,13 +38,13 @@ protected:
 
     bool plugIn(const char* name)
     {
-        return bus.call(bluez, u"/"_s, bluezMock, "AddAdapter", {u"hci0"_s, QLatin1String(name)});
+        return bus.call(bluez, u"/"_s, bluezMock, "AddAdapter", {u"hci0"_s, QLatin1StringView(name)});
     }
     bool pair(const QString& address, const char* name, const char* icon)
     {
-        return bus.call(bluez, u"/"_s, bluezMock, "AddDevice", {u"hci0"_s, address, QLatin1String(name)})
+        return bus.call(bluez, u"/"_s, bluezMock, "AddDevice", {u"hci0"_s, address, QLatin1StringView(name)})
             && bus.call(bluez, u"/"_s, bluezMock, "PairDevice", {u"hci0"_s, address, 0})
-            && bus.setProperty(bluez, deviceOf(address), "org.bluez.Device1", "Icon", QLatin1String(icon));
+            && bus.setProperty(bluez, deviceOf(address), "org.bluez.Device1", "Icon", QLatin1StringView(icon));
     }
     bool setConnected(const QString& address, bool connected)
     {
@@ -125,10 +127,10 @@ TEST_F(DeviceSourcesTest, PowerDevicesWithoutTheMachinesOwn)
     const auto root = u"/org/freedesktop/UPower"_s;
     const auto add = [&](const char* id, const char* model, double level) {
         return bus.call(upower, root, mock, "AddDischargingBattery",
-            {QLatin1String(id), QLatin1String(model), level, QVariant::fromValue<qlonglong>(5400)});
+            {QLatin1StringView(id), QLatin1StringView(model), level, QVariant::fromValue<qlonglong>(5400)});
     };
     const auto set = [&](const char* id, const char* property, const QVariant& value) {
-        return bus.setProperty(upower, root + u"/devices/"_s + QLatin1String(id), powerDevice, property, value);
+        return bus.setProperty(upower, root + u"/devices/"_s + QLatin1StringView(id), powerDevice, property, value);
     };
     ASSERT_TRUE(add("BAT0", "Main Battery", 62) && add("mouse", "Wireless Mouse", 40));
     ASSERT_TRUE(set("mouse", "Type", 5U) && set("mouse", "PowerSupply", false));
@@ -148,7 +150,7 @@ TEST_F(DeviceSourcesTest, PowerDevicesWithoutTheMachinesOwn)
     EXPECT_TRUE(waitFor(source, {row, {.name = u"Pen"_s, .minorType = u"pen"_s, .level = 0.05}}));
     for (const char* id : {"mouse", "pen"})
         ASSERT_TRUE(bus.call(upower, root, mock, "RemoveDevice",
-            {QVariant::fromValue(QDBusObjectPath(root + u"/devices/"_s + QLatin1String(id)))}));
+            {QVariant::fromValue(QDBusObjectPath(root + u"/devices/"_s + QLatin1StringView(id)))}));
     EXPECT_TRUE(waitFor(source, QList<ConnectedDevice>()));
     EXPECT_TRUE(source.isAvailable());
 }

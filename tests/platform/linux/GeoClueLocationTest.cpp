@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/GeoClueLocation.h"
 #include "support/PrivateBus.h"
 #include "support/WaitUntil.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/MprisAnswer.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +22,7 @@ QVariantMap playing(const QVariantMap& metadata)
 
 QVariantMap with(QVariantMap map, const char* name, const QVariant& value)
 {
-    map[QLatin1String(name)] = value;
+    map[QLatin1StringView(name)] = value;
     return map;
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/PlayerBus.h"
 
 #include <QPoint>
@@ -8,6 +10,8 @@
 #include <sys/stat.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using ::testing::ElementsAre;

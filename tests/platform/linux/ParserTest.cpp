@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/TestData.h"
 
 #include "platform/linux/kernel/InterfaceParser.h"
@@ -14,6 +16,8 @@
 #include <random>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using ::testing::ElementsAre;
@@ -168,8 +172,7 @@ QStringList interfacesIn(std::string_view text)
 {
     QStringList found;
     parseInterfaces(text, [&found](const InterfaceLine& line) {
-        found.append(QStringLiteral("%1 %2 %3")
-                         .arg(QString::fromUtf8(line.name.data(), qsizetype(line.name.size())))
+        found.append(u"%1 %2 %3"_s.arg(QString::fromUtf8(line.name.data(), static_cast<qsizetype>(line.name.size())))
                          .arg(line.received)
                          .arg(line.sent));
     });
@@ -180,9 +183,9 @@ TEST(InterfaceParserTest, ByteCounters)
 {
     const auto found = interfacesIn(view(testData("net-dev-laptop.txt")));
     EXPECT_EQ(found.size(), 6);
-    EXPECT_EQ(found.at(1), QStringLiteral("enp3s0 5000000001 700000002"));
+    EXPECT_EQ(found.at(1), u"enp3s0 5000000001 700000002"_s);
     EXPECT_EQ(interfacesIn("eth0:1 2 3 4 5 6 7 8\n:1 2 3 4 5 6 7 8 9\neth1: x 2 3 4 5 6 7 8 9\neth2:1 2 3 4 5 6 7 8 9"),
-        QStringList(QStringLiteral("eth2 1 9")));
+        QStringList(u"eth2 1 9"_s));
 }
 
 TEST(ProcessParserTest, ANameMayHoldAnything)
@@ -218,13 +221,13 @@ void readWithAll(std::string_view text)
     if (const auto stat = parseProcessStat(text)) {
         ASSERT_LE(stat->name.size(), text.size());
     }
-    decodeLabel(QByteArray(text.data(), qsizetype(text.size())));
+    decodeLabel(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 TEST(ParserTest, DamagedTextsGiveLessAndNeverWorse)
 {
     std::mt19937 random(20250602);
-    const QDir folder(QStringLiteral(AMBRELLE_TEST_DATA "/linux"));
+    const QDir folder(QString::fromUtf8(AMBRELLE_TEST_DATA "/linux"));
     const auto names = folder.entryList(QDir::Files);
     ASSERT_GE(names.size(), 14);
     for (const auto& name : names) {
@@ -235,7 +238,8 @@ TEST(ParserTest, DamagedTextsGiveLessAndNeverWorse)
         for (int round = 0; round < 300; ++round) {
             auto damaged = text;
             for (int i = 0; i < 8; ++i)
-                damaged[qsizetype(random() % std::size_t(damaged.size()))] = char(random());
+                damaged[static_cast<qsizetype>(random() % static_cast<std::size_t>(damaged.size()))] =
+                    static_cast<char>(random());
             readWithAll(view(damaged));
         }
         if (::testing::Test::HasFatalFailure())

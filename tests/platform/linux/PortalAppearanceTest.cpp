@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/PortalAppearance.h"
 #include "support/PrivateBus.h"
 #include "support/WaitUntil.h"
@@ -11,6 +13,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 /// What a desktop portal offers of its settings.
 class FakeSettings : public QObject {
     Q_OBJECT
@@ -21,10 +25,9 @@ public:
 public Q_SLOTS:
     QDBusVariant Read(const QString& section, const QString& key) const
     {
-        const bool isKnown =
-            section == QLatin1String("org.freedesktop.appearance") && key == QLatin1String("color-scheme");
+        const bool isKnown = section == "org.freedesktop.appearance"_L1 && key == "color-scheme"_L1;
         // Portals wrap the value twice.
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(isKnown ? scheme : QVariant(QStringLiteral("?")))));
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(isKnown ? scheme : QVariant(u"?"_s))));
     }
 };
 
@@ -40,21 +43,22 @@ protected:
 
     void startPortal()
     {
-        ASSERT_TRUE(portal.registerObject(
-            QStringLiteral("/org/freedesktop/portal/desktop"), &settings, QDBusConnection::ExportAllSlots));
-        ASSERT_TRUE(portal.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+        ASSERT_TRUE(
+            portal.registerObject(u"/org/freedesktop/portal/desktop"_s, &settings, QDBusConnection::ExportAllSlots));
+        ASSERT_TRUE(portal.registerService(u"org.freedesktop.portal.Desktop"_s));
     }
     void tell(const char* section, const char* key, const QVariant& value)
     {
-        auto signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/portal/desktop"),
-            QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
-        signal.setArguments({QLatin1String(section), QLatin1String(key), QVariant::fromValue(QDBusVariant(value))});
+        auto signal = QDBusMessage::createSignal(
+            u"/org/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
+        signal.setArguments(
+            {QLatin1StringView(section), QLatin1StringView(key), QVariant::fromValue(QDBusVariant(value))});
         ASSERT_TRUE(portal.send(signal));
     }
 
     const PrivateBus bus;
     FakeSettings settings;
-    QDBusConnection portal = bus.connection(QStringLiteral("portal"));
+    QDBusConnection portal = bus.connection(u"portal"_s);
 };
 
 TEST_F(PortalAppearanceTest, FollowsThePortal)
@@ -70,9 +74,9 @@ TEST_F(PortalAppearanceTest, FollowsThePortal)
     EXPECT_EQ(changes, 1);
 
     // Neither another desktop's key of the same name nor a value of another kind counts.
-    tell("org.gnome.desktop.interface", "color-scheme", QStringLiteral("default"));
+    tell("org.gnome.desktop.interface", "color-scheme", u"default"_s);
     tell("org.freedesktop.appearance", "accent-color", 0U);
-    tell("org.freedesktop.appearance", "color-scheme", QStringLiteral("light"));
+    tell("org.freedesktop.appearance", "color-scheme", u"light"_s);
     tell("org.freedesktop.appearance", "color-scheme", 1U);
     tell("org.freedesktop.appearance", "color-scheme", 2U);
     ASSERT_TRUE(waitUntil([&appearance] { return !appearance.isDark(); }));
@@ -83,7 +87,7 @@ TEST_F(PortalAppearanceTest, WithoutAPortalTheDesktopsSettingsTell)
 {
     // A gsettings of our own, so that the outcome does not depend on what is installed.
     const QTemporaryDir folder;
-    QFile script(folder.filePath(QStringLiteral("gsettings")));
+    QFile script(folder.filePath(u"gsettings"_s));
     ASSERT_TRUE(script.open(QIODevice::WriteOnly));
     script.write("#!/bin/sh\n[ \"$*\" = 'get org.gnome.desktop.interface color-scheme' ] && echo \"'prefer-dark'\"\n");
     script.setPermissions(script.permissions() | QFile::ExeUser);
@@ -95,7 +99,7 @@ TEST_F(PortalAppearanceTest, WithoutAPortalTheDesktopsSettingsTell)
     EXPECT_TRUE(appearance.isAvailable());
 
     qputenv("PATH", "/nowhere");
-    PortalAppearance unknown([] { return QDBusConnection(QStringLiteral("none")); });
+    PortalAppearance unknown([] { return QDBusConnection(u"none"_s); });
     QCoreApplication::processEvents();
     qputenv("PATH", path);
     EXPECT_FALSE(unknown.isAvailable());

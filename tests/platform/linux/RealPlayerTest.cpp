@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/PlayerBus.h"
 
 #include <QDataStream>
@@ -6,6 +8,8 @@
 #include <QtEndian>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 /// A minute of silence with title and artist.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/SessionInputMonitor.h"
 
 #include "support/PrivateBus.h"
@@ -6,6 +8,8 @@
 #include <gtest/gtest.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 class FakeMutter : public QObject {
     Q_OBJECT
@@ -33,8 +37,8 @@ protected:
 
     bool offer(QObject& service, const char* name, const char* path)
     {
-        return desktop.registerObject(QLatin1String(path), &service, QDBusConnection::ExportAllSlots)
-            && desktop.registerService(QLatin1String(name));
+        return desktop.registerObject(QLatin1StringView(path), &service, QDBusConnection::ExportAllSlots)
+            && desktop.registerService(QLatin1StringView(name));
     }
     /// What it answers; -1: nothing.
     double idle()
@@ -50,13 +54,13 @@ protected:
     }
 
     const PrivateBus bus;
-    QDBusConnection desktop = bus.connection(QStringLiteral("desktop"));
+    QDBusConnection desktop = bus.connection(u"desktop"_s);
     FakeMutter mutter;
     FakeScreenSaver saver;
     SessionInputMonitor monitor{bus.opener()};
 };
 
-TEST_F(SessionInputMonitorTest, asksWhoeverIsThere)
+TEST_F(SessionInputMonitorTest, AsksWhoeverIsThere)
 {
     EXPECT_EQ(idle(), -1) << "not started";
     EXPECT_TRUE(monitor.isAvailable());
@@ -73,9 +77,9 @@ TEST_F(SessionInputMonitorTest, asksWhoeverIsThere)
     EXPECT_FALSE(monitor.tellsPointer());
 }
 
-TEST_F(SessionInputMonitorTest, survivesABusThatIsNotThere)
+TEST_F(SessionInputMonitorTest, SurvivesABusThatIsNotThere)
 {
-    SessionInputMonitor lost([] { return QDBusConnection(QStringLiteral("none")); });
+    SessionInputMonitor lost([] { return QDBusConnection(u"none"_s); });
     lost.start();
     int answers = 0;
     lost.secondsSinceInput(&lost, [&](std::optional<double> seconds) { answers += seconds ? 100 : 1; });

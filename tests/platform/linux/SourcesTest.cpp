@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/TestData.h"
 
 #include "platform/linux/kernel/LinuxSources.h"
@@ -14,6 +16,8 @@
 #include <sys/mount.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 /// A folder that stands in for /proc, /sys or /dev.
@@ -36,12 +40,12 @@ TEST_F(SourcesTest, AKeptFileFollowsItsPath)
 {
     KeptFile file(root() + "/text");
     EXPECT_FALSE(file.read());
-    write(QStringLiteral("text"), "one");
+    write(u"text"_s, "one");
     EXPECT_EQ(file.read(), "one");
     const QByteArray longText(100'000, 'x');
-    write(QStringLiteral("text"), longText);
+    write(u"text"_s, longText);
     EXPECT_EQ(file.read(), view(longText));
-    write(QStringLiteral("text"), "");
+    write(u"text"_s, "");
     EXPECT_EQ(file.read(), "");
     EXPECT_FALSE(KeptFile(root()).read()); // a folder opens and cannot be read
 
@@ -53,15 +57,15 @@ TEST_F(SourcesTest, AKeptFileFollowsItsPath)
 
 TEST_F(SourcesTest, ProcessorCountersNeverGoBack)
 {
-    write(QStringLiteral("stat"), "cpu 0 0 0 0\ncpu0 100 0 50 1000 20 0 0 0\n");
+    write(u"stat"_s, "cpu 0 0 0 0\ncpu0 100 0 50 1000 20 0 0 0\n");
     LinuxProcessorSource source(root());
     ASSERT_TRUE(source.isAvailable());
     source.ticks();
-    write(QStringLiteral("stat"), "cpu 0 0 0 0\ncpu0 110 0 50 1000 15 0 0 0\n");
+    write(u"stat"_s, "cpu 0 0 0 0\ncpu0 110 0 50 1000 15 0 0 0\n");
     EXPECT_EQ(source.ticks(), (QList<ProcessorTicks>{{110, 50, 1020, 0}}));
-    write(QStringLiteral("stat"), "cpu 0 0 0 0\ncpu0 1 0 0 2\ncpu1 1 0 0 2\n");
+    write(u"stat"_s, "cpu 0 0 0 0\ncpu0 1 0 0 2\ncpu1 1 0 0 2\n");
     EXPECT_EQ(source.ticks()->size(), 2);
-    write(QStringLiteral("stat"), "");
+    write(u"stat"_s, "");
     EXPECT_FALSE(source.ticks());
     EXPECT_FALSE(source.isAvailable());
     EXPECT_FALSE(source.whyNot().isEmpty());
@@ -69,9 +73,9 @@ TEST_F(SourcesTest, ProcessorCountersNeverGoBack)
 
 TEST_F(SourcesTest, CompressedSwapDevicesTakeMemory)
 {
-    write(QStringLiteral("meminfo"), "MemTotal: 4096 kB\nAnonPages: 400 kB\nZswap: 40 kB\n");
-    write(QStringLiteral("block/zram0/mm_stat"), "900000 100 40960 0 0 0 0 0 0\n");
-    write(QStringLiteral("block/zram1/mm_stat"), "900000 100 40960 0 0 0 0 0 0\n");
+    write(u"meminfo"_s, "MemTotal: 4096 kB\nAnonPages: 400 kB\nZswap: 40 kB\n");
+    write(u"block/zram0/mm_stat"_s, "900000 100 40960 0 0 0 0 0 0\n");
+    write(u"block/zram1/mm_stat"_s, "900000 100 40960 0 0 0 0 0 0\n");
     LinuxMemorySource source(root(), root());
     EXPECT_EQ(source.physicalMemory(), 4096U * 1024);
     EXPECT_EQ(source.use()->compressed, 3U * 40960);
@@ -80,12 +84,11 @@ TEST_F(SourcesTest, CompressedSwapDevicesTakeMemory)
 
 TEST_F(SourcesTest, VolumesAreNamedByTheirLabels)
 {
-    write(QStringLiteral("sda1"), "");
-    QDir().mkpath(folder.filePath(QStringLiteral("disk/by-label")));
-    ASSERT_TRUE(QFile::link(
-        QStringLiteral("../../sda1"), folder.filePath(QStringLiteral("disk/by-label/My\\x20Disk\\xc3\\xa4"))));
+    write(u"sda1"_s, "");
+    QDir().mkpath(folder.filePath(u"disk/by-label"_s));
+    ASSERT_TRUE(QFile::link(u"../../sda1"_s, folder.filePath(u"disk/by-label/My\\x20Disk\\xc3\\xa4"_s)));
     const auto device = root() + "/sda1";
-    write(QStringLiteral("self/mountinfo"),
+    write(u"self/mountinfo"_s,
         "1 1 8:1 / / rw - ext4 /dev/none rw\n2 1 8:2 / /var rw - ext4 /dev/gone rw\n3 1 8:3 / " + root() + " rw - ext4 "
             + device + " rw\n4 1 8:4 / /nowhere rw - ext4 /dev/sdx rw\n");
     // Sources are taken for devices only below /dev.
@@ -93,33 +96,33 @@ TEST_F(SourcesTest, VolumesAreNamedByTheirLabels)
     ASSERT_TRUE(source.isAvailable());
     const auto volumes = source.volumes();
     ASSERT_EQ(volumes.size(), 2);
-    EXPECT_EQ(volumes.at(0).name, QStringLiteral("System"));
+    EXPECT_EQ(volumes.at(0).name, u"System"_s);
     EXPECT_EQ(volumes.at(0).isRoot, true);
     EXPECT_GT(volumes.at(0).total, 0);
     EXPECT_GE(volumes.at(0).total, volumes.at(0).available);
-    EXPECT_EQ(volumes.at(1).path, QStringLiteral("/var"));
+    EXPECT_EQ(volumes.at(1).path, u"/var"_s);
     EXPECT_EQ(volumes.at(1).name, std::nullopt);
 
-    write(QStringLiteral("self/mountinfo"), "1 1 8:1 / / rw - ext4 " + device + " rw\n");
-    EXPECT_EQ(source.volumes().first().name, QStringLiteral("My Diskä"));
+    write(u"self/mountinfo"_s, "1 1 8:1 / / rw - ext4 " + device + " rw\n");
+    EXPECT_EQ(source.volumes().first().name, u"My Diskä"_s);
 }
 
 TEST_F(SourcesTest, ASlowVolumeJoinsOnceItAnswered)
 {
-    write(QStringLiteral("self/mountinfo"),
+    write(u"self/mountinfo"_s,
         "1 1 8:1 / / rw - ext4 /dev/none rw\n2 1 0:50 / /usr/../tmp rw - nfs4 server:/tmp rw\n"
         "3 1 0:51 / /nowhere rw - nfs4 server:/gone rw\n");
     LinuxVolumeSource source(root(), root());
     int changes = 0;
     QObject::connect(&source, &VolumeSource::changed, [&changes] { ++changes; });
-    write(QStringLiteral("self/mountinfo"),
+    write(u"self/mountinfo"_s,
         "1 1 8:1 / / rw - ext4 /dev/none rw\n2 1 0:50 / /tmp rw - nfs4 server:/tmp rw\n"
         "3 1 0:51 / /nowhere rw - nfs4 server:/gone rw\n");
     EXPECT_EQ(source.volumes().size(), 1);
     ASSERT_TRUE(waitUntil([&changes] { return changes > 0; }));
     const auto volumes = source.volumes();
     ASSERT_EQ(volumes.size(), 2);
-    EXPECT_EQ(volumes.at(1).path, QStringLiteral("/tmp"));
+    EXPECT_EQ(volumes.at(1).path, u"/tmp"_s);
     EXPECT_EQ(changes, 1);
 }
 
@@ -144,17 +147,17 @@ TEST_F(SourcesTest, AMountIsNoticedAtOnce)
 TEST_F(SourcesTest, BatteriesComeAndGo)
 {
     EXPECT_FALSE(LinuxPowerSource(root()).isAvailable());
-    const auto battery = QStringLiteral("class/power_supply/BAT0/uevent");
+    const auto battery = u"class/power_supply/BAT0/uevent"_s;
     write(battery, testData("battery-energy.txt"));
-    write(QStringLiteral("class/power_supply/BAT0/type"), "Battery\n");
-    write(QStringLiteral("class/power_supply/AC/uevent"), "POWER_SUPPLY_ONLINE=1\n");
-    write(QStringLiteral("class/power_supply/AC/type"), "Mains\n");
-    write(QStringLiteral("class/power_supply/mouse/uevent"), testData("battery-of-mouse.txt"));
-    write(QStringLiteral("class/power_supply/mouse/scope"), "Device\n");
+    write(u"class/power_supply/BAT0/type"_s, "Battery\n");
+    write(u"class/power_supply/AC/uevent"_s, "POWER_SUPPLY_ONLINE=1\n");
+    write(u"class/power_supply/AC/type"_s, "Mains\n");
+    write(u"class/power_supply/mouse/uevent"_s, testData("battery-of-mouse.txt"));
+    write(u"class/power_supply/mouse/scope"_s, "Device\n");
     LinuxPowerSource source(root());
     ASSERT_EQ(source.descriptions().size(), 1);
     EXPECT_TRUE(source.descriptions().first().onAC);
-    write(QStringLiteral("class/power_supply/AC/uevent"), "POWER_SUPPLY_ONLINE=0\n");
+    write(u"class/power_supply/AC/uevent"_s, "POWER_SUPPLY_ONLINE=0\n");
     EXPECT_FALSE(source.descriptions().first().onAC);
     write(battery, "");
     EXPECT_EQ(source.descriptions().first().maxCapacity, 100);
@@ -162,19 +165,19 @@ TEST_F(SourcesTest, BatteriesComeAndGo)
 
 TEST_F(SourcesTest, NetworkCardsCountAndWhatIsBuiltOnThemDoesNot)
 {
-    write(QStringLiteral("net/dev"), testData("net-dev-laptop.txt"));
+    write(u"net/dev"_s, testData("net-dev-laptop.txt"));
     const auto makeInterface = [this](const char* name, const char* type, const QStringList& folders) {
-        const auto base = QStringLiteral("class/net/") + QLatin1String(name);
-        write(base + QStringLiteral("/type"), type);
+        const auto base = u"class/net/"_s + QLatin1StringView(name);
+        write(base + u"/type"_s, type);
         for (const auto& each : folders)
             QDir().mkpath(folder.filePath(base + u'/' + each));
     };
     makeInterface("lo", "772\n", {});
-    makeInterface("enp3s0", "1\n", {QStringLiteral("device")});
-    makeInterface("wlp2s0", "1\n", {QStringLiteral("device")});
-    makeInterface("docker0", "1\n", {QStringLiteral("bridge"), QStringLiteral("device")});
+    makeInterface("enp3s0", "1\n", {u"device"_s});
+    makeInterface("wlp2s0", "1\n", {u"device"_s});
+    makeInterface("docker0", "1\n", {u"bridge"_s, u"device"_s});
     makeInterface("veth9c1", "1\n", {});
-    makeInterface("tun0", "65534\n", {QStringLiteral("device")});
+    makeInterface("tun0", "65534\n", {u"device"_s});
     const auto counted = [](NetworkSource& source) {
         QStringList names;
         const auto interfaces = source.interfaces().value_or(QList<InterfaceCounters>());
@@ -185,14 +188,14 @@ TEST_F(SourcesTest, NetworkCardsCountAndWhatIsBuiltOnThemDoesNot)
         return names;
     };
     LinuxNetworkSource source(root(), root());
-    EXPECT_EQ(counted(source), QStringList({QStringLiteral("enp3s0"), QStringLiteral("wlp2s0")}));
+    EXPECT_EQ(counted(source), QStringList({u"enp3s0"_s, u"wlp2s0"_s}));
 
     // The decision stays while the same interfaces are there, and is taken anew when one goes.
-    write(QStringLiteral("net/dev"), "wlp2s0:1 2 3 4 5 6 7 8 9\ndocker0:1 2 3 4 5 6 7 8 9\n");
-    EXPECT_EQ(counted(source), QStringList(QStringLiteral("wlp2s0")));
-    write(QStringLiteral("net/dev"), "  eth0:1 2 3 4 5 6 7 8 9\ndocker0:1 2 3 4 5 6 7 8 9\n");
-    EXPECT_EQ(counted(source), QStringList(QStringLiteral("eth0")));
-    EXPECT_EQ(source.interfaces()->first(), (InterfaceCounters{QStringLiteral("eth0"), 1, 9, true}));
+    write(u"net/dev"_s, "wlp2s0:1 2 3 4 5 6 7 8 9\ndocker0:1 2 3 4 5 6 7 8 9\n");
+    EXPECT_EQ(counted(source), QStringList(u"wlp2s0"_s));
+    write(u"net/dev"_s, "  eth0:1 2 3 4 5 6 7 8 9\ndocker0:1 2 3 4 5 6 7 8 9\n");
+    EXPECT_EQ(counted(source), QStringList(u"eth0"_s));
+    EXPECT_EQ(source.interfaces()->first(), (InterfaceCounters{u"eth0"_s, 1, 9, true}));
 }
 
 /// A process that keeps one processor busy, under a name with blanks and a bracket.
@@ -200,9 +203,8 @@ class BusyProcess {
 public:
     BusyProcess()
     {
-        m_process.start(QStringLiteral("/bin/sh"),
-            {QStringLiteral("-c"),
-                QStringLiteral("printf 'busy ) R 1 (x' > /proc/$$/comm; echo; while :; do :; done")});
+        m_process.start(
+            u"/bin/sh"_s, {u"-c"_s, u"printf 'busy ) R 1 (x' > /proc/$$/comm; echo; while :; do :; done"_s});
         m_process.waitForReadyRead();
     }
     ~BusyProcess()
@@ -235,7 +237,7 @@ TEST(ProcessSourceTest, TheBusyProcessStandsOutWithItsName)
         return found && found->cpu > 5;
     }));
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->name, QStringLiteral("busy ) R 1 (x"));
+    EXPECT_EQ(found->name, u"busy ) R 1 (x"_s);
     EXPECT_LT(found->cpu, 150);
     EXPECT_GT(found->memory, 0);
     EXPECT_LT(found->memory, 50);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/DesktopPicture.h"
@@ -18,6 +20,8 @@
 #include <optional>
 
 namespace ambrelle::test {
+
+using namespace Qt::StringLiterals;
 
 /// A desktop for tests: a folder with pictures, a configuration of its own, and tools that are found before others.
 class ToolDesk : public ::testing::Test {
@@ -61,7 +65,7 @@ protected:
     {
         return answerOf<QString>([&](auto done) { desktop.set(pictures, done); });
     }
-    static QString read(DesktopPicture& desktop, const QString& connector = QStringLiteral("DP-1"))
+    static QString read(DesktopPicture& desktop, const QString& connector = u"DP-1"_s)
     {
         return answerOf<QString>([&](auto done) { desktop.read(connector, done); });
     }
@@ -78,7 +82,7 @@ protected:
 
 private:
     const Variable m_path{"PATH", QFile::encodeName(folder.path()) + ':' + qgetenv("PATH")};
-    const Variable m_configuration{"XDG_CONFIG_HOME", QFile::encodeName(folder.filePath(QStringLiteral("config")))};
+    const Variable m_configuration{"XDG_CONFIG_HOME", QFile::encodeName(folder.filePath(u"config"_s))};
 };
 
 } // namespace ambrelle::test

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/picture/XfconfPicture.h"
 #include "platform/linux/ToolDesk.h"
 

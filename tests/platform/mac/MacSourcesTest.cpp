@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/mac/ListerProcessSource.h"
 #include "platform/mac/ProcessList.h"
 #include "platform/mac/ProfilerDevices.h"
@@ -19,9 +21,8 @@ TEST(ProcessListTest, ReadsTheLinesOfTheLister)
 {
     const auto text = testData("process-list.txt", "mac");
     EXPECT_EQ(parseProcessList(view(text), 8),
-        (QList<ProcessRow>{{1841, QStringLiteral("Web Content"), 12.5, 4.1}, {912, QStringLiteral("Xorg"), 3, 1.2},
-            {17, QStringLiteral("kworker/0:1H-kblockd"), 0, 0},
-            {3100, QStringLiteral("gnome shell  extension"), 0, 0.3}}));
+        (QList<ProcessRow>{{1841, u"Web Content"_s, 12.5, 4.1}, {912, u"Xorg"_s, 3, 1.2},
+            {17, u"kworker/0:1H-kblockd"_s, 0, 0}, {3100, u"gnome shell  extension"_s, 0, 0.3}}));
     EXPECT_EQ(parseProcessList(view(text), 2).size(), 2);
     EXPECT_TRUE(parseProcessList(view(text), 0).isEmpty());
     for (qsizetype length = 0; length < text.size(); ++length) {
@@ -46,13 +47,13 @@ TEST(ListerProcessSourceTest, RunsApartAndMayFail)
     ASSERT_TRUE(waitUntil([&answers] { return answers == 1; }));
     EXPECT_EQ(rows.size(), 3);
 
-    ListerProcessSource failing(QStringLiteral("false"), {});
+    ListerProcessSource failing(u"false"_s, {});
     failing.top(3, take);
     ASSERT_TRUE(waitUntil([&answers] { return answers == 2; }));
     EXPECT_TRUE(rows.isEmpty());
-    EXPECT_FALSE(ListerProcessSource(QStringLiteral("no-such-lister")).isAvailable());
+    EXPECT_FALSE(ListerProcessSource(u"no-such-lister"_s).isAvailable());
     {
-        ListerProcessSource shortLived(QStringLiteral("sleep"), {QStringLiteral("30")});
+        ListerProcessSource shortLived(u"sleep"_s, {u"30"_s});
         shortLived.top(3, take);
     }
     QCoreApplication::processEvents();
@@ -86,7 +87,8 @@ TEST(ProfilerReportTest, ADamagedReportNeverGivesAWrongLevel)
 {
     const QByteArray report = testData("bluetooth-report.json", "mac");
     std::mt19937 random(7);
-    const auto below = [&random](qsizetype limit) { return static_cast<qsizetype>(random() % quint64(limit)); };
+    const auto below = [&random](
+                           qsizetype limit) { return static_cast<qsizetype>(random() % static_cast<quint64>(limit)); };
     const QByteArray bytes = "0123456789%{}[]\":, ne-";
     int readable = 0;
     for (int round = 0; round < 3000; ++round) {

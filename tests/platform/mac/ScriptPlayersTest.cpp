@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/mac/ScriptPlayers.h"
 #include "support/WaitUntil.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/network/QtHttpClient.h"
 
 #include "platform/network/HttpTransfer.h"
@@ -55,7 +57,7 @@ TEST(HttpAddressTest, PlainHttpIsForThisMachineAlone)
         {"http://127.0.0.1.example/", false}, {"http://192.168.0.1/", false}, {"ftp://localhost/", false},
         {"file:///etc/passwd", false}, {"https:///nowhere", false}, {"", false}};
     for (const auto& [address, allowed] : cases)
-        EXPECT_EQ(mayFetch(QUrl(QLatin1String(address))), allowed) << address;
+        EXPECT_EQ(mayFetch(QUrl(QLatin1StringView(address))), allowed) << address;
     QtHttpClient client;
     EXPECT_EQ(
         fetch(client, QUrl(u"http://weather.example/"_s)).error, u"The address “weather.example” is not secure."_s);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/Onlooker.h"
 #include "platform/x11/X11WindowHost.h"
 
@@ -7,6 +9,8 @@
 #include <gtest/gtest.h>
 
 namespace ambrelle::test {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 class NamedPanel : public PanelDelegate {
@@ -19,7 +23,7 @@ public:
     void pointerLeft() override { }
     void appearanceChanged() override { }
     QString accessibleName() const override { return name; }
-    QString accessibleText() const override { return QStringLiteral("42, %"); }
+    QString accessibleText() const override { return u"42, %"_s; }
     QList<PanelButton> buttons() const override { return offered; }
     void pressButton(qsizetype index) override
     {
@@ -27,8 +31,8 @@ public:
             onPress(index);
     }
 
-    QString name = QStringLiteral("CPU");
-    QList<PanelButton> offered{{QStringLiteral("Pin"), {10, 4, 49, 32}}, {QStringLiteral("Remove"), {59, 4, 49, 32}}};
+    QString name = u"CPU"_s;
+    QList<PanelButton> offered{{u"Pin"_s, {10, 4, 49, 32}}, {u"Remove"_s, {59, 4, 49, 32}}};
     std::function<void(qsizetype)> onPress;
 };
 
@@ -89,7 +93,7 @@ TEST_F(PanelAccessTest, APressReachesTheDelegateAndMayCloseThePanel)
     };
     QAccessibleInterface* button = access()->child(1);
     const QAccessible::Id id = QAccessible::uniqueId(button);
-    button->actionInterface()->doAction(QStringLiteral("no such action"));
+    button->actionInterface()->doAction(u"no such action"_s);
     EXPECT_EQ(pressed, -1);
     button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(pressed, 1);

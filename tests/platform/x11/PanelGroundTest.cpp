@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/PanelTest.h"
 
 #include <QProcess>
@@ -6,6 +8,8 @@
 #include <cmath>
 
 namespace ambrelle::test {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using PanelGroundTest = PanelTest;
@@ -84,7 +88,7 @@ TEST_F(PanelGroundTest, IsCutToItsOutlineWhereNothingComposites)
 
 TEST_F(PanelGroundTest, FollowsACompositorThatComesAndGoes)
 {
-    if (QStandardPaths::findExecutable(QStringLiteral("picom")).isEmpty())
+    if (QStandardPaths::findExecutable(u"picom"_s).isEmpty())
         GTEST_SKIP() << "picom is not installed";
     showPanel();
     const xcb_window_t other = coverPanel();
@@ -94,7 +98,7 @@ TEST_F(PanelGroundTest, FollowsACompositorThatComesAndGoes)
     face.changes = 0;
 
     QProcess picom;
-    picom.start(QStringLiteral("picom"), {"--config", "/dev/null", "--backend", "xrender", "--no-vsync"});
+    picom.start(u"picom"_s, {"--config", "/dev/null", "--backend", "xrender", "--no-vsync"});
     ASSERT_TRUE(waitUntil([&] { return onlooker.isComposited() && face.changes > 0; }));
     EXPECT_TRUE(shows(marginPixel(), windowColour));
     EXPECT_TRUE(waitUntil([&] {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/x11/Onlooker.h"
@@ -8,6 +10,8 @@
 #include <gtest/gtest.h>
 
 namespace ambrelle::test {
+
+using namespace Qt::StringLiterals;
 
 inline constexpr QRgb windowColour = 0xFF2060C0;
 inline constexpr QRgb faceColour = 0xFFE04020;
@@ -52,7 +56,7 @@ protected:
         ASSERT_TRUE(host.isAvailable()) << host.whyNot().toStdString();
         ASSERT_FALSE(host.screens().isEmpty());
         ratio = host.screens().first().pixelRatio;
-        ASSERT_TRUE(runTool(QStringLiteral("xdotool"), {"mousemove", "1", "1"}));
+        ASSERT_TRUE(runTool(u"xdotool"_s, {"mousemove", "1", "1"}));
         panel = make(face, {200, 200, 240, 160});
     }
 
@@ -88,19 +92,15 @@ protected:
     }
     bool movePointer(const QPoint& place) const
     {
-        return runTool(
-            QStringLiteral("xdotool"), {"mousemove", QString::number(place.x()), QString::number(place.y())});
+        return runTool(u"xdotool"_s, {"mousemove", QString::number(place.x()), QString::number(place.y())});
     }
-    bool click(const QPoint& place) const
-    {
-        return movePointer(place) && runTool(QStringLiteral("xdotool"), {"click", "1"});
-    }
+    bool click(const QPoint& place) const { return movePointer(place) && runTool(u"xdotool"_s, {"click", "1"}); }
     /// An ordinary, focused window of another application that covers the panel.
     xcb_window_t coverPanel()
     {
         const QRect place = onlooker.geometry(panel->window()).adjusted(-30, -30, 30, 30);
         const xcb_window_t window = onlooker.openWindow(place, windowColour);
-        EXPECT_TRUE(runTool(QStringLiteral("xdotool"), {"windowactivate", QString::number(window)}));
+        EXPECT_TRUE(runTool(u"xdotool"_s, {"windowactivate", QString::number(window)}));
         EXPECT_TRUE(waitUntil([&] { return onlooker.activeWindow() == window; }));
         return window;
     }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/PanelTest.h"
 #include "platform/x11/X11WindowHost.h"
 
@@ -6,6 +8,8 @@
 #include <gtest/gtest.h>
 
 namespace ambrelle::test {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QRgb backdropColour = 0xFF308040;
@@ -69,7 +73,7 @@ protected:
         }));
     }
 
-    static bool tool(const QStringList& arguments) { return runTool(QStringLiteral("xdotool"), arguments); }
+    static bool tool(const QStringList& arguments) { return runTool(u"xdotool"_s, arguments); }
     static bool click(const QPoint& place)
     {
         return tool({"mousemove", QString::number(place.x()), QString::number(place.y()), "click", "1"});

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/session/X11InputMonitor.h"
 
 #include "platform/x11/Onlooker.h"
@@ -12,6 +14,8 @@
 #include <cmath>
 
 namespace ambrelle::test {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 struct X11InputMonitorTest : testing::Test {
@@ -25,18 +29,17 @@ struct X11InputMonitorTest : testing::Test {
         });
     }
 
-    static bool xdotool(const QStringList& arguments) { return runTool(QStringLiteral("xdotool"), arguments); }
+    static bool xdotool(const QStringList& arguments) { return runTool(u"xdotool"_s, arguments); }
     /// Moves the pointer as a mouse does, in so many steps.
     static bool push(int steps, int x, int y)
     {
         QStringList arguments;
         for (int step = 0; step < steps; ++step) {
-            arguments +=
-                {QStringLiteral("mousemove_relative"), QStringLiteral("--"), QString::number(x), QString::number(y)};
+            arguments += {u"mousemove_relative"_s, u"--"_s, QString::number(x), QString::number(y)};
         }
         return xdotool(arguments);
     }
-    static bool click(int button) { return xdotool({QStringLiteral("click"), QString::number(button)}); }
+    static bool click(int button) { return xdotool({u"click"_s, QString::number(button)}); }
     std::optional<double> idle()
     {
         std::optional<double> answer;
@@ -56,7 +59,7 @@ struct X11InputMonitorTest : testing::Test {
     double travel = 0;
 };
 
-TEST_F(X11InputMonitorTest, countsTheMainButtonsInOtherWindowsAndGrabsNothing)
+TEST_F(X11InputMonitorTest, CountsTheMainButtonsInOtherWindowsAndGrabsNothing)
 {
     Onlooker onlooker;
     const xcb_window_t window = onlooker.openWindow({300, 300, 200, 200}, 0xFF00FF00);
@@ -76,7 +79,7 @@ TEST_F(X11InputMonitorTest, countsTheMainButtonsInOtherWindowsAndGrabsNothing)
     onlooker.closeWindow(window);
 }
 
-TEST_F(X11InputMonitorTest, tellsTheWayOfThePointerInFewSteps)
+TEST_F(X11InputMonitorTest, TellsTheWayOfThePointerInFewSteps)
 {
     ASSERT_TRUE(xdotool({"mousemove", "100", "200"}));
     monitor.start();
@@ -98,7 +101,7 @@ TEST_F(X11InputMonitorTest, tellsTheWayOfThePointerInFewSteps)
     EXPECT_EQ(points.size(), told) << "a pointer that rests says nothing";
 }
 
-TEST_F(X11InputMonitorTest, leavesOutItsOwnWindowsAlsoWhenItStartsInOne)
+TEST_F(X11InputMonitorTest, LeavesOutItsOwnWindowsAlsoWhenItStartsInOne)
 {
     QRasterWindow window;
     window.setFlag(Qt::FramelessWindowHint);
@@ -132,7 +135,7 @@ TEST_F(X11InputMonitorTest, leavesOutItsOwnWindowsAlsoWhenItStartsInOne)
     EXPECT_TRUE(waitUntil([&] { return clicks == 2; })) << "the window under the pointer is gone";
 }
 
-TEST_F(X11InputMonitorTest, tellsTheTimeSinceTheLastInput)
+TEST_F(X11InputMonitorTest, TellsTheTimeSinceTheLastInput)
 {
     EXPECT_EQ(idle(), std::nullopt) << "not started";
     monitor.start();
@@ -160,7 +163,7 @@ TEST_F(X11InputMonitorTest, tellsTheTimeSinceTheLastInput)
     EXPECT_TRUE(waitUntil([&] { return answers == 50; })) << answers << " of many questions at once";
 }
 
-TEST_F(X11InputMonitorTest, mayBeStoppedByWhoeverHearsIt)
+TEST_F(X11InputMonitorTest, MayBeStoppedByWhoeverHearsIt)
 {
     QObject::connect(&monitor, &InputMonitor::clicked, &monitor, [this] { monitor.stop(); });
     monitor.start();
@@ -172,7 +175,7 @@ TEST_F(X11InputMonitorTest, mayBeStoppedByWhoeverHearsIt)
     EXPECT_TRUE(waitUntil([&] { return idle() == std::nullopt; }));
 }
 
-TEST_F(X11InputMonitorTest, measuresTheMainDisplay)
+TEST_F(X11InputMonitorTest, MeasuresTheMainDisplay)
 {
     // The virtual server claims 96 dots an inch or thereabouts.
     EXPECT_NEAR(monitor.metresPerPoint(), 0.0254 / 96 * ratio, 0.00003);

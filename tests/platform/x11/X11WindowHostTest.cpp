@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/PanelTest.h"
 
 #include <QProcess>
@@ -6,6 +8,8 @@
 #include <cmath>
 
 namespace ambrelle::test {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using X11WindowHostTest = PanelTest;
@@ -27,7 +31,7 @@ TEST_F(X11WindowHostTest, StaysOutOfListsAndLevelsAreSwitchedWhileShown)
         EXPECT_TRUE(waitUntil([&] {
             const QStringList states = onlooker.atoms(panel->window(), "_NET_WM_STATE");
             return std::ranges::all_of(always, [&](const QString& state) { return states.contains(state); })
-                && states.contains(QStringLiteral("_NET_WM_STATE_ABOVE")) == floating;
+                && states.contains(u"_NET_WM_STATE_ABOVE"_s) == floating;
         })) << onlooker.atoms(panel->window(), "_NET_WM_STATE").join(u' ').toStdString();
         EXPECT_TRUE(waitUntil(
             [&] { return onlooker.values(panel->window(), "_NET_WM_DESKTOP") == std::vector<uint32_t>{0xFFFFFFFF}; }));
@@ -52,7 +56,7 @@ TEST_F(X11WindowHostTest, HearsThePointerWithoutTakingTheFocus)
 {
     showPanel();
     const xcb_window_t other = onlooker.openWindow({20, 20, 100, 80}, windowColour);
-    ASSERT_TRUE(runTool(QStringLiteral("xdotool"), {"windowactivate", QString::number(other)}));
+    ASSERT_TRUE(runTool(u"xdotool"_s, {"windowactivate", QString::number(other)}));
     ASSERT_TRUE(waitUntil([&] { return onlooker.activeWindow() == other; }));
 
     ASSERT_TRUE(click(facePixel()));
@@ -139,7 +143,8 @@ TEST_F(X11WindowHostTest, OpacityIsTheWindowsOwnProperty)
     showPanel();
     panel->setOpacity(0.75);
     EXPECT_TRUE(waitUntil([&] { return !onlooker.values(panel->window(), "_NET_WM_WINDOW_OPACITY").empty(); }));
-    EXPECT_NEAR(onlooker.values(panel->window(), "_NET_WM_WINDOW_OPACITY").at(0) / double(0xFFFFFFFF), 0.75, 1e-6);
+    EXPECT_NEAR(
+        onlooker.values(panel->window(), "_NET_WM_WINDOW_OPACITY").at(0) / static_cast<double>(0xFFFFFFFF), 0.75, 1e-6);
     panel->setOpacity(0.18);
     EXPECT_TRUE(shows(facePixel(), onlooker.pixel({2, 2}))) << "a faded window is hidden while nothing composites";
     panel->setOpacity(1);
@@ -197,11 +202,9 @@ TEST_F(X11WindowHostTest, TellsOnceOfScreensThatWereRearranged)
     const int width = static_cast<int>(std::lround(whole.frame.width() * ratio));
     const int height = static_cast<int>(std::lround(whole.frame.height() * ratio));
     // While it runs the host does not: however long both take, the host hears of them together.
-    const auto xrandr = [](const QStringList& arguments) {
-        return QProcess::execute(QStringLiteral("xrandr"), arguments) == 0;
-    };
+    const auto xrandr = [](const QStringList& arguments) { return QProcess::execute(u"xrandr"_s, arguments) == 0; };
     const auto monitor = [&](const char* name, int w, int h, int x, const char* output) {
-        const QString place = QStringLiteral("%1/170x%2/210+%3+0").arg(w).arg(h).arg(x);
+        const QString place = u"%1/170x%2/210+%3+0"_s.arg(w).arg(h).arg(x);
         return xrandr({"--setmonitor", name, place, output});
     };
     int told = 0;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/connection/NativeScreens.h"
 #include "platform/x11/PanelTest.h"
 #include "platform/x11/X11WindowHost.h"
@@ -7,6 +9,8 @@
 #include <cmath>
 
 namespace ambrelle::test {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using WindowLayer = OnscreenWindow::Layer;
@@ -107,7 +111,7 @@ TEST_F(X11WindowListTest, TellsEveryChangeThatMattersAndNothingElse)
     const auto isAlone = [this](const QRect& where) {
         return [=, this](const Windows& w) { return w.size() == 1 && isAt(w.first(), where); };
     };
-    const auto tool = [](const QStringList& arguments) { ASSERT_TRUE(runTool(QStringLiteral("xdotool"), arguments)); };
+    const auto tool = [](const QStringList& arguments) { ASSERT_TRUE(runTool(u"xdotool"_s, arguments)); };
     list.setWatching(true);
     const xcb_window_t window = onlooker.openWindow(place, windowColour);
     const QString id = QString::number(window);
@@ -222,9 +226,9 @@ TEST_F(X11WindowListTest, TheScreenIsNotSeenWhileItIsBlanked)
     SessionVisibility& visibility = host.sessionVisibility();
     QObject::connect(&visibility, &SessionVisibility::changed, &list, [this] { ++told; });
     EXPECT_TRUE(visibility.isVisible());
-    ASSERT_TRUE(runTool(QStringLiteral("xset"), {"s", "activate"}));
+    ASSERT_TRUE(runTool(u"xset"_s, {"s", "activate"}));
     EXPECT_TRUE(waitUntil([&] { return !visibility.isVisible(); }));
-    ASSERT_TRUE(runTool(QStringLiteral("xset"), {"s", "reset"}));
+    ASSERT_TRUE(runTool(u"xset"_s, {"s", "reset"}));
     EXPECT_TRUE(waitUntil([&] { return visibility.isVisible(); }));
     EXPECT_EQ(told, 2);
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/BluezDevices.h"
 
 #include "foundation/Wording.h"

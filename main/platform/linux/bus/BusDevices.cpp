@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/BusDevices.h"
 
 #include <QDBusError>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/MprisPlayers.h"
 
 #include "foundation/Wording.h"
@@ -20,9 +22,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto family = QStringLiteral("org.mpris.MediaPlayer2");
-const auto playerPath = QStringLiteral("/org/mpris/MediaPlayer2");
-const auto playerInterface = QStringLiteral("org.mpris.MediaPlayer2.Player");
+const auto family = u"org.mpris.MediaPlayer2"_s;
+const auto playerPath = u"/org/mpris/MediaPlayer2"_s;
+const auto playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
 constexpr int playerPatience = 1500; // milliseconds for an answer: others are asked only after a player that hangs
 constexpr std::array tellingProperties{"PlaybackStatus"_L1, "Metadata"_L1, "Rate"_L1};
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/PortalAppearance.h"
 
 #include "foundation/Wording.h"
@@ -14,13 +16,15 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const auto portal = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
-const auto section = QStringLiteral("org.freedesktop.appearance");
-const auto key = QStringLiteral("color-scheme");
+const auto portal = u"org.freedesktop.portal.Desktop"_s;
+const auto portalPath = u"/org/freedesktop/portal/desktop"_s;
+const auto interface = u"org.freedesktop.portal.Settings"_s;
+const auto section = u"org.freedesktop.appearance"_s;
+const auto key = u"color-scheme"_s;
 constexpr uint darkScheme = 1; // 0: no preference, 2: light
 constexpr int settlingTime = 200; // milliseconds in which the settings file is written and replaced
 
@@ -55,10 +59,9 @@ void PortalAppearance::askPortal()
         return;
     }
     // The slot takes the whole message: one with a QDBusVariant parameter is refused until that type is registered.
-    bus.connect(
-        portal, portalPath, interface, QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
+    bus.connect(portal, portalPath, interface, u"SettingChanged"_s, this, SLOT(settingChanged(QDBusMessage)));
 
-    auto call = QDBusMessage::createMethodCall(portal, portalPath, interface, QStringLiteral("Read"));
+    auto call = QDBusMessage::createMethodCall(portal, portalPath, interface, u"Read"_s);
     call.setArguments({section, key});
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, busPatience), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
@@ -86,7 +89,7 @@ void PortalAppearance::settingChanged(const QDBusMessage& message)
 
 void PortalAppearance::askSettings()
 {
-    const auto program = QStandardPaths::findExecutable(QStringLiteral("gsettings"));
+    const auto program = QStandardPaths::findExecutable(u"gsettings"_s);
     if (program.isEmpty())
         return;
     auto* process = new QProcess(this);
@@ -98,12 +101,12 @@ void PortalAppearance::askSettings()
         accept(process->readAllStandardOutput().contains("prefer-dark"));
         watchSettings();
     });
-    process->start(program, {QStringLiteral("get"), QStringLiteral("org.gnome.desktop.interface"), key});
+    process->start(program, {u"get"_s, u"org.gnome.desktop.interface"_s, key});
 }
 
 void PortalAppearance::watchSettings()
 {
-    const auto file = QStandardPaths::writableLocation(QStandardPaths::ConfigLocation) + QStringLiteral("/dconf/user");
+    const auto file = QStandardPaths::writableLocation(QStandardPaths::ConfigLocation) + u"/dconf/user"_s;
     // The file is replaced with every change, which ends the watch on it.
     if (!m_settingsWatcher.files().contains(file))
         m_settingsWatcher.addPath(file);

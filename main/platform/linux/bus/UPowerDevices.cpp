@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/bus/UPowerDevices.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/desktop/AutostartEntry.h"
 
 #include "foundation/WholeFile.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/desktop/DesktopAnnouncer.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/desktop/DesktopPrograms.h"
 
 #include "platform/linux/desktop/DesktopEntryText.h"

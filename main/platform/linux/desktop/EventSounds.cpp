@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/desktop/EventSounds.h"
 
 #include <QLibrary>
@@ -10,6 +12,8 @@
 #include <utility>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -84,7 +88,7 @@ struct EventSounds::State {
         Properties* properties = nullptr;
         if (canberra->createProperties(&properties) != 0)
             return;
-        const std::pair<const char*, QString> values[] = {{"event.id", event}, {"media.role", QStringLiteral("event")},
+        const std::pair<const char*, QString> values[] = {{"event.id", event}, {"media.role", u"event"_s},
             {"application.name", player.name}, {"application.id", player.id}, {"application.icon_name", player.id}};
         for (const auto& [key, value] : values)
             canberra->setProperty(properties, key, value.toUtf8().constData());

@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QString>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 /// Plays sounds of the desktop's sound theme through libcanberra, which is loaded for the first sound and then stays.
 /// What may wait for a sound server is done on a thread of its own.
@@ -15,7 +19,7 @@ public:
     };
 
     /// `library` is the name of the shared library, or its path.
-    explicit EventSounds(Player player, QString library = QStringLiteral("canberra"));
+    explicit EventSounds(Player player, QString library = u"canberra"_s);
     EventSounds(const EventSounds&) = delete;
     EventSounds& operator=(const EventSounds&) = delete;
 

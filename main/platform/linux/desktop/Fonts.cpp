@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/desktop/Fonts.h"
 
 #include "platform/linux/kernel/RunningProgram.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/ClockWatch.h"
 
 #include <QFileInfo>
@@ -12,16 +14,18 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A new zone replaces the link, so the folder is what changes.
 QString zoneFolder()
 {
-    return QStringLiteral("/etc");
+    return u"/etc"_s;
 }
 QString zoneTarget()
 {
-    return QFileInfo(QStringLiteral("/etc/localtime")).symLinkTarget();
+    return QFileInfo(u"/etc/localtime"_s).symLinkTarget();
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/InterfaceParser.h"
 
 #include "foundation/TextFields.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/KeptFile.h"
 
 #include <cerrno>
@@ -83,7 +85,7 @@ std::optional<std::string_view> KeptFile::readOpened()
             return std::nullopt;
         if (count == 0)
             break;
-        length += std::size_t(count);
+        length += static_cast<std::size_t>(count);
     }
     return std::string_view(m_buffer.data(), length);
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/LinuxMemorySource.h"
 
 #include "foundation/Wording.h"
@@ -8,11 +10,13 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 LinuxMemorySource::LinuxMemorySource(const QByteArray& procFolder, const QByteArray& sysFolder)
     : m_file(procFolder + "/meminfo")
 {
     const QDir devices(QFile::decodeName(sysFolder + "/block"));
-    const auto names = devices.entryList({QStringLiteral("zram*")}, QDir::Dirs | QDir::NoDotAndDotDot);
+    const auto names = devices.entryList({u"zram*"_s}, QDir::Dirs | QDir::NoDotAndDotDot);
     for (const auto& name : names)
         m_compressedDevices.emplace_back(QFile::encodeName(devices.filePath(name)) + "/mm_stat");
     use();

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/LinuxNetworkSource.h"
 
 #include "foundation/Wording.h"
@@ -33,7 +35,7 @@ std::optional<QList<InterfaceCounters>> LinuxNetworkSource::interfaces()
     qsizetype count = 0;
     bool isSameSet = true;
     parseInterfaces(*text, [&](const InterfaceLine& line) {
-        const QLatin1String name(line.name.data(), qsizetype(line.name.size()));
+        const QLatin1StringView name(line.name.data(), static_cast<qsizetype>(line.name.size()));
         if (count == m_interfaces.size())
             m_interfaces.append(InterfaceCounters());
         auto& interface = m_interfaces[count++];
@@ -70,7 +72,8 @@ void LinuxNetworkSource::decideWhatCounts()
         return;
     for (auto& interface : m_interfaces) {
         const auto name = interface.name.toLatin1();
-        interface.counted = isNamedLikeNetworkCard(std::string_view(name.constData(), std::size_t(name.size())));
+        interface.counted =
+            isNamedLikeNetworkCard(std::string_view(name.constData(), static_cast<std::size_t>(name.size())));
     }
 }
 

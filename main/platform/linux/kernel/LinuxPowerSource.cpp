@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/LinuxPowerSource.h"
 
 #include "foundation/Wording.h"
@@ -19,7 +21,7 @@ QByteArray wordIn(const QByteArray& path)
 {
     KeptFile file(path);
     const auto text = file.read().value_or(std::string_view());
-    return QByteArray(text.data(), qsizetype(text.size())).trimmed();
+    return QByteArray(text.data(), static_cast<qsizetype>(text.size())).trimmed();
 }
 
 } // namespace
@@ -45,8 +47,8 @@ QList<PowerSourceDescription> LinuxPowerSource::descriptions()
         const auto text = supply.file.read();
         isMissing = isMissing || !text;
         if (text)
-            supplies.append(
-                parsePowerSupply(*text, std::string_view(supply.type.constData(), std::size_t(supply.type.size()))));
+            supplies.append(parsePowerSupply(
+                *text, std::string_view(supply.type.constData(), static_cast<std::size_t>(supply.type.size()))));
     }
     if (isMissing)
         m_found = {};

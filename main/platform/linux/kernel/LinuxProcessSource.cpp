@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/LinuxProcessSource.h"
 
 #include "foundation/TextFields.h"
@@ -23,15 +25,15 @@ std::optional<double> secondsOn(clockid_t clock)
     timespec time{};
     if (::clock_gettime(clock, &time) != 0)
         return std::nullopt;
-    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 } // namespace
 
 LinuxProcessSource::LinuxProcessSource(const QByteArray& procFolder)
     : m_folder(::open(procFolder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-    , m_ticksPerSecond(double(::sysconf(_SC_CLK_TCK)))
-    , m_pagesInMemory(double(::sysconf(_SC_PHYS_PAGES)))
+    , m_ticksPerSecond(static_cast<double>(::sysconf(_SC_CLK_TCK)))
+    , m_pagesInMemory(static_cast<double>(::sysconf(_SC_PHYS_PAGES)))
 {
 }
 
@@ -64,7 +66,7 @@ QList<ProcessRow> LinuxProcessSource::busiest(int count)
     order.reserve(m_current.size());
     for (const auto& process : m_current)
         order.push_back(&process);
-    const auto wanted = order.begin() + std::clamp<qsizetype>(count, 0, qsizetype(order.size()));
+    const auto wanted = order.begin() + std::clamp<qsizetype>(count, 0, static_cast<qsizetype>(order.size()));
     std::partial_sort(order.begin(), wanted, order.end(),
         [](const Process* a, const Process* b) { return a->cpu != b->cpu ? a->cpu > b->cpu : a->id < b->id; });
 
@@ -106,7 +108,7 @@ void LinuxProcessSource::readProcess(qint64 id, double elapsed)
     const bool isKnown = before != m_previous.cend() && before->id == id;
     if (isKnown)
         process.clock = before->clock;
-    else if (::clock_getcpuclockid(pid_t(id), &process.clock) != 0)
+    else if (::clock_getcpuclockid(static_cast<pid_t>(id), &process.clock) != 0)
         return;
     const auto seconds = secondsOn(process.clock);
     if (!seconds)
@@ -131,14 +133,14 @@ std::optional<LinuxProcessSource::Details> LinuxProcessSource::detailsOf(qint64 
         return std::nullopt;
     const auto length = ::read(file, text.data(), text.size());
     ::close(file);
-    const auto stat = parseProcessStat({text.data(), std::size_t(std::max<ssize_t>(length, 0))});
+    const auto stat = parseProcessStat({text.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))});
     if (!stat)
         return std::nullopt;
     Details details;
-    details.name = QString::fromUtf8(stat->name.data(), qsizetype(stat->name.size()));
+    details.name = QString::fromUtf8(stat->name.data(), static_cast<qsizetype>(stat->name.size()));
     if (m_pagesInMemory > 0)
-        details.memory = 100 * double(stat->residentPages) / m_pagesInMemory;
-    details.age = secondsOn(CLOCK_BOOTTIME).value_or(0) - double(stat->start) / m_ticksPerSecond;
+        details.memory = 100 * static_cast<double>(stat->residentPages) / m_pagesInMemory;
+    details.age = secondsOn(CLOCK_BOOTTIME).value_or(0) - static_cast<double>(stat->start) / m_ticksPerSecond;
     return details;
 }
 

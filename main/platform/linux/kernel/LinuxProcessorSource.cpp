@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/LinuxProcessorSource.h"
 
 #include "foundation/Wording.h"
@@ -54,7 +56,8 @@ std::optional<std::array<double, 3>> LinuxProcessorSource::loadAverages()
     if (::sysinfo(&info) != 0)
         return std::nullopt;
     constexpr double scale = 1 << SI_LOAD_SHIFT;
-    return std::array{double(info.loads[0]) / scale, double(info.loads[1]) / scale, double(info.loads[2]) / scale};
+    return std::array{static_cast<double>(info.loads[0]) / scale, static_cast<double>(info.loads[1]) / scale,
+        static_cast<double>(info.loads[2]) / scale};
 }
 
 double LinuxProcessorSource::uptime()
@@ -62,7 +65,7 @@ double LinuxProcessorSource::uptime()
     timespec time{};
     if (::clock_gettime(CLOCK_BOOTTIME, &time) != 0)
         return 0;
-    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 } // namespace ambrelle

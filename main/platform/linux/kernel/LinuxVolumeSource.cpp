@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/LinuxVolumeSource.h"
 
 #include "foundation/Wording.h"
@@ -12,6 +14,8 @@
 #include <unistd.h>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 LinuxVolumeSource::LinuxVolumeSource(const QByteArray& procFolder, const QByteArray& devFolder)
     : m_mounts(procFolder + "/self/mountinfo")
@@ -59,7 +63,7 @@ QList<Volume> LinuxVolumeSource::volumes()
         if (!label.isEmpty())
             volume.name = label;
         else if (isRoot)
-            volume.name = QStringLiteral("System");
+            volume.name = u"System"_s;
         volume.path = QFile::decodeName(mount.path);
         volume.browsable = true;
         volume.total = size->total;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/MountParser.h"
 
 #include "foundation/TextFields.h"
@@ -36,7 +38,7 @@ QByteArray unescaped(std::string_view text, std::string_view lead, std::size_t d
         const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value, base);
         const bool whole = number.size() == digits && end == number.data() + digits && error == std::errc();
         if (text.starts_with(lead) && whole && value > 0 && value < 256) {
-            result.append(char(value));
+            result.append(static_cast<char>(value));
             text.remove_prefix(lead.size() + digits);
         } else {
             result.append(text.front());
@@ -145,7 +147,7 @@ bool mayBeSlow(const Mount& mount)
 
 QByteArray decodeLabel(const QByteArray& name)
 {
-    return unescaped(std::string_view(name.constData(), std::size_t(name.size())), "\\x", 2, 16);
+    return unescaped(std::string_view(name.constData(), static_cast<std::size_t>(name.size())), "\\x", 2, 16);
 }
 
 } // namespace ambrelle

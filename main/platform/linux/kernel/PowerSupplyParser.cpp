@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/PowerSupplyParser.h"
 
 #include "foundation/TextFields.h"
@@ -33,7 +35,7 @@ constexpr qint64 mostMinutes = 7 * 24 * 60; // beyond a week the rate was noise
 
 QByteArray bytes(std::string_view text)
 {
-    return QByteArray(text.data(), qsizetype(text.size()));
+    return QByteArray(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 void readLine(PowerSupply& supply, std::string_view name, std::string_view value)
@@ -63,7 +65,7 @@ struct Gauge {
 /// The battery in millionths of watt hours, else of ampere hours, else in per cent: what it has both figures of.
 Gauge gaugeOf(const PowerSupply& supply)
 {
-    const double volts = double(supply.voltage.value_or(0)) / 1e6;
+    const double volts = static_cast<double>(supply.voltage.value_or(0)) / 1e6;
     const auto rate = [volts](std::optional<qint64> own, std::optional<qint64> other, double factor) {
         // Some drivers count what flows out as negative.
         if (own)
@@ -82,7 +84,7 @@ std::optional<int> minutesFor(double amount, std::optional<double> perHour, std:
     double minutes = seconds ? double(*seconds) / 60 : -1;
     if (!seconds && perHour && *perHour >= 1)
         minutes = std::max(amount, 0.0) / *perHour * 60;
-    return minutes >= 0 && minutes <= double(mostMinutes) ? int(std::lround(minutes)) : -1;
+    return minutes >= 0 && minutes <= static_cast<double>(mostMinutes) ? static_cast<int>(std::lround(minutes)) : -1;
 }
 
 bool feedsMachine(const PowerSupply& supply)
@@ -126,9 +128,9 @@ QList<PowerSourceDescription> describe(const QList<PowerSupply>& supplies)
         description.isCharging = supply.status == "Charging";
         description.isCharged = supply.status == "Full";
         description.onAC = hasMains ? online : supply.status != "Discharging";
-        description.timeToFullCharge =
-            minutesFor(double(gauge.full) - double(gauge.now), gauge.perHour, supply.secondsToFull);
-        description.timeToEmpty = minutesFor(double(gauge.now), gauge.perHour, supply.secondsToEmpty);
+        description.timeToFullCharge = minutesFor(
+            static_cast<double>(gauge.full) - static_cast<double>(gauge.now), gauge.perHour, supply.secondsToFull);
+        description.timeToEmpty = minutesFor(static_cast<double>(gauge.now), gauge.perHour, supply.secondsToEmpty);
         descriptions.append(description);
     }
     return descriptions;

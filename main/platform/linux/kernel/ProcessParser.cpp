@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/ProcessParser.h"
 
 #include "foundation/TextFields.h"
@@ -35,7 +37,8 @@ std::optional<ProcessStat> parseProcessStat(std::string_view text)
     const auto resident = takeNumber<qint64>(rest); // 24
     if (!id || !userTicks || !systemTicks || !start || !resident)
         return std::nullopt;
-    return ProcessStat{*id, name, *userTicks + *systemTicks, *start, quint64(std::max<qint64>(*resident, 0))};
+    return ProcessStat{
+        *id, name, *userTicks + *systemTicks, *start, static_cast<quint64>(std::max<qint64>(*resident, 0))};
 }
 
 } // namespace ambrelle

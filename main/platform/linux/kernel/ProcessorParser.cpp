@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/ProcessorParser.h"
 
 #include "foundation/TextFields.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/ThreadPriority.h"
 
 #include <sys/resource.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/kernel/VolumeSizes.h"
 
 #include <mutex>
@@ -19,11 +21,11 @@ std::optional<VolumeSize> sizeOfVolume(const QByteArray& path)
     struct statvfs info { };
     if (::statvfs(path.constData(), &info) != 0)
         return std::nullopt;
-    const auto unit = qint64(info.f_frsize);
+    const auto unit = static_cast<qint64>(info.f_frsize);
     VolumeSize size;
     // A server may claim any number of blocks.
-    if (__builtin_mul_overflow(qint64(info.f_blocks), unit, &size.total)
-        || __builtin_mul_overflow(qint64(info.f_bavail), unit, &size.available))
+    if (__builtin_mul_overflow(static_cast<qint64>(info.f_blocks), unit, &size.total)
+        || __builtin_mul_overflow(static_cast<qint64>(info.f_bavail), unit, &size.available))
         return std::nullopt;
     return size;
 }

@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/picture/GVariantText.h"
 
 #include <QHash>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,8 +33,8 @@ std::optional<QString> unescaped(const QString& text, qsizetype& position)
 QString GVariantText::quoted(const QString& string)
 {
     QString text = string;
-    text.replace(u'\\', QStringLiteral("\\\\")).replace(u'\'', QStringLiteral("\\'"));
-    text.replace(u'\n', QStringLiteral("\\n"));
+    text.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s);
+    text.replace(u'\n', u"\\n"_s);
     return u'\'' + text + u'\'';
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/picture/SwayPicture.h"
 
 #include "foundation/PictureFile.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/linux/picture/ToolRunner.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/connection/NativeScreens.h"
 
 #include <QGuiApplication>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/root/RootPicture.h"
 
 #include "platform/x11/connection/Reply.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/root/RootPixmap.h"
 
 #include "foundation/Wording.h"
@@ -155,7 +157,7 @@ void RootPixmap::makeKnown(xcb_pixmap_t pixmap, const Record& record)
     QJsonObject files;
     for (auto file = record.begin(); file != record.end(); ++file)
         files.insert(file.key(), *file);
-    const QJsonObject noted{{u"pixmap"_s, double(pixmap)}, {u"files"_s, files}};
+    const QJsonObject noted{{u"pixmap"_s, static_cast<double>(pixmap)}, {u"files"_s, files}};
     if (record.isEmpty())
         m_x->removeProperty(root, Atom::desktopPicture);
     else

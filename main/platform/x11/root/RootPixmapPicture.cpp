@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/root/RootPixmapPicture.h"
 
 #include "foundation/PictureFile.h"

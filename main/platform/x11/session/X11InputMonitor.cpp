@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/session/X11InputMonitor.h"
 
 #include "foundation/Wording.h"

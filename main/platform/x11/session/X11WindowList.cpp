@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/session/X11WindowList.h"
 
 #include "foundation/Wording.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/window/BackdropSurface.h"
 
 #include <QMouseEvent>
@@ -8,6 +10,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 BackdropSurface::BackdropSurface(BackdropDelegate& delegate, X11Parts& parts)
     : m_delegate(delegate)
     , m_ground(parts)
@@ -15,7 +19,7 @@ BackdropSurface::BackdropSurface(BackdropDelegate& delegate, X11Parts& parts)
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     // Of several backdrops that appear together the last would get the focus; it is asked for expressly instead.
     setProperty("_q_showWithoutActivating", true);
-    setTitle(QStringLiteral("Ambrelle"));
+    setTitle(u"Ambrelle"_s);
 }
 
 void BackdropSurface::groundChanged()

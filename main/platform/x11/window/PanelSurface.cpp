@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/window/PanelSurface.h"
 
 #include "platform/x11/window/PanelAccess.h"
@@ -9,6 +11,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
     : m_delegate(delegate)
     , m_parts(parts)
@@ -18,7 +22,7 @@ PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
     // The toolkit's own name for mapping a window with user time 0, which keeps the focus where it is.
     setProperty("_q_showWithoutActivating", true);
-    setTitle(QStringLiteral("Ambrelle"));
+    setTitle(u"Ambrelle"_s);
     connect(this, &QWindow::screenChanged, this, &PanelSurface::checkPixelRatio);
 }
 

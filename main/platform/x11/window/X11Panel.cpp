@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/window/X11Panel.h"
 
 #include "platform/x11/window/PixelGrid.h"
