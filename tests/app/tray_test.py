@@ -151,7 +151,12 @@ def without_tray():
     pointer("click", "3")
     wait_for("menu of a widget", lambda: menus(session))
     menu, = set(session.panels()) - before
-    plain = wait_for("painted menu", lambda: seen if len(set(seen := shot(*menu))) > 8 else None)
+
+    def painted():
+        seen = shot(*menu)
+        time.sleep(0.3)
+        return seen if len(set(seen)) > 8 and shot(*menu) == seen else None
+    plain = wait_for("painted menu", painted)
     press_until("Up", "chosen line", lambda: shot(*menu) != plain)
     pointer("key", "Return")  # the last line removes the widget
     wait_for("removal", lambda: len(session.widgets()) == count - 1)
