@@ -23,7 +23,7 @@ TRANSLATED = re.compile(r'(?:Wording::tr\((?:"[^"]*", )?|QT_TRANSLATE_NOOP\("amb
 # What is said in a terminal or to whoever mends the program, and names of still layers.
 TECHNICAL = re.compile(
     r"(?:\b(?:qFatal|complain|fprintf|say)\([^;]*|static_assert\([^;]*|\bexpected = |\bstill\(\s*|\bconst QString name = )"
-    r"(?:u|QStringLiteral\()?$")
+    r"u?$")
 # Faults in stored and fetched data, formats of dates, desktop entries, a kind of device as another service tells it.
 FORMAT = re.compile(r"expected |[dMy, ]+$|\[Desktop Entry\]|remote control$")
 # Places of nothing but such texts, or of contents where a language would choose its own.
@@ -33,6 +33,7 @@ EXEMPT = {
     "model/NearestCity.cpp": "a gazetteer, as a geocoder's answers are",
     "platform/mac/ScriptPlayers.cpp": "programs for another interpreter",
     "platform/recording/": "tests",
+    "platform/x11/X11Machine.cpp": "said in a terminal, before the toolkit runs",
     "services/Quotes.cpp": "quotations, and English words with their pronunciation",
 }
 
