@@ -10,11 +10,7 @@ namespace {
 
 ScreenInfo screenAt(const QRectF& frame)
 {
-    ScreenInfo info;
-    info.id = QString::number(frame.x());
-    info.frame = frame;
-    info.visibleFrame = frame.adjusted(0, 0, 0, -40);
-    return info;
+    return {.id = QString::number(frame.x()), .frame = frame, .visibleFrame = frame.adjusted(0, 0, 0, -40)};
 }
 
 const QRectF screenFrame(0, 0, 1440, 900);

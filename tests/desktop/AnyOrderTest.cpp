@@ -9,8 +9,6 @@
 #include <random>
 
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
 namespace {
 
 /// A desktop with a user who does anything at any time, and with screens that do so too.
@@ -22,11 +20,8 @@ public:
         const ScreenInfo main = desk.host.screens().first();
         ScreenInfo smaller = main;
         smaller.frame = smaller.visibleFrame = QRectF(0, 0, 1024, 600);
-        ScreenInfo second = main;
-        second.id = second.connector = u"second"_s;
-        second.frame = second.visibleFrame = QRectF(1440, 0, 1920, 1080);
-        everything = {main, second};
-        m_arrangements = {{main}, everything, {second}, {}, {smaller}, {smaller, second}};
+        everything = {main, rightScreen};
+        m_arrangements = {{main}, everything, {rightScreen}, {}, {smaller}, {smaller, rightScreen}};
     }
 
     void step()
@@ -38,15 +33,9 @@ public:
         else if (operation < 8)
             change(*widgets.at(pick(static_cast<int>(widgets.size()))), operation);
         else if (operation < 10)
-            show(m_arrangements.at(pick(static_cast<int>(m_arrangements.size()))));
+            desk.show(m_arrangements.at(pick(static_cast<int>(m_arrangements.size()))));
         else
             edit(pick(5));
-    }
-
-    void show(const QList<ScreenInfo>& screens)
-    {
-        desk.host.setScreens(screens);
-        desk.manager.ensureAllVisible();
     }
 
     UserDefaults store = UserDefaults::temporary();
@@ -128,7 +117,7 @@ TEST(AnyOrder, OfOperationsLeavesTheDesktopWhole)
             }
             ASSERT_EQ(desk.host.backdrops().size(), desk.settings.editing() ? desk.host.screens().size() : 0);
         }
-        random.show(random.everything);
+        desk.show(random.everything);
         Desk next(random.store);
         next.host.setScreens(desk.host.screens());
         next.manager.load();

@@ -18,9 +18,15 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <gtest/gtest.h>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
+
+/// Beside the screen that a desktop begins with.
+inline const ScreenInfo rightScreen{
+    .id = u"second"_s, .connector = u"second"_s, .frame = {1440, 0, 1920, 1080}, .visibleFrame = {1440, 0, 1920, 1080}};
 
 /// A whole desktop in memory. Its store may be another desktop's, which is what a restart finds.
 struct Desk {
@@ -63,6 +69,12 @@ struct Desk {
         const QSizeF size = WidgetConfig(kind, skin).size();
         return manager.add(kind, skin, origin + QPointF(size.width() / 2, size.height() / 2));
     }
+    /// Screens come and go.
+    void show(const QList<ScreenInfo>& screens)
+    {
+        host.setScreens(screens);
+        manager.ensureAllVisible();
+    }
     /// Clicks a button of the toolbar as a user does: the pointer is over the widget first.
     void useToolbar(const WidgetController& widget, WidgetToolbar::Button button)
     {
@@ -80,6 +92,11 @@ struct Desk {
             panel->clearUpdates();
         }
     }
+};
+
+struct DeskTest : testing::Test {
+    UserDefaults store = UserDefaults::temporary();
+    Desk desk{store};
 };
 
 } // namespace ambrelle

@@ -2,33 +2,14 @@
 
 #include "desktop/Desk.h"
 
-#include <gtest/gtest.h>
-
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
 namespace {
 
 using enum WidgetKind;
 
-ScreenInfo rightScreen()
-{
-    ScreenInfo info;
-    info.id = u"second"_s;
-    info.frame = info.visibleFrame = QRectF(1440, 0, 1920, 1080);
-    return info;
-}
-
-struct EditModeTest : ::testing::Test {
-    UserDefaults store = UserDefaults::temporary();
-    Desk desk{store};
+struct EditModeTest : DeskTest {
     const ScreenInfo main = desk.host.screens().first();
 
-    void show(const QList<ScreenInfo>& screens)
-    {
-        desk.host.setScreens(screens);
-        desk.manager.ensureAllVisible();
-    }
     QList<RecordingPanel*> guides() const { return desk.panels().sliced(desk.live().size()); }
 };
 
@@ -45,27 +26,15 @@ TEST_F(EditModeTest, EndsByEscapeAnEmptySpotAndTheWindowSystem)
     const Case cases[] = {
         {"Escape", [&] { desk.host.pressKey(Qt::Key_Escape); }, true},
         {"another key", [&] { desk.host.pressKey(Qt::Key_Return); }, false},
-        {"an empty spot",
-            [&] {
-                desk.host.click({900, 700});
-            },
-            true},
-        {"an empty spot of the other screen",
-            [&] {
-                desk.host.click({2500, 700});
-            },
-            true},
-        {"the right button",
-            [&] {
-                desk.host.click({900, 700}, Qt::RightButton);
-            },
-            false},
+        {"an empty spot", [&] { desk.host.click(QPointF(900, 700)); }, true},
+        {"an empty spot of the other screen", [&] { desk.host.click(QPointF(2500, 700)); }, true},
+        {"the right button", [&] { desk.host.click(QPointF(900, 700), Qt::RightButton); }, false},
         {"a face", [&] { desk.host.click(widget->widgetFrame().center()); }, false},
         {"the toolbar", [&] { desk.useToolbar(*widget, WidgetToolbar::Button::pin); }, false},
         {"the window manager", [&] { desk.host.focused()->delegate().closeRequested(); }, true},
         {"the setting", [&] { desk.settings.editing.set(false); }, true},
     };
-    show({main, rightScreen()});
+    desk.show({main, rightScreen});
     for (const Case& c : cases) {
         desk.manager.setEditing(true);
         ASSERT_EQ(desk.host.backdrops().size(), 2) << c.what;
@@ -81,20 +50,20 @@ TEST_F(EditModeTest, EndsByEscapeAnEmptySpotAndTheWindowSystem)
 
 TEST_F(EditModeTest, BackdropsFollowTheScreensAndTheKeyboardThePointer)
 {
-    show({main, rightScreen()});
+    desk.show({main, rightScreen});
     desk.host.movePointer({2000, 500});
     desk.manager.setEditing(true);
     ASSERT_TRUE(desk.host.focused());
-    EXPECT_EQ(desk.host.focused()->frame(), rightScreen().frame);
+    EXPECT_EQ(desk.host.focused()->frame(), rightScreen.frame);
 
-    show({main});
+    desk.show({main});
     ASSERT_EQ(desk.host.backdrops().size(), 1);
     EXPECT_EQ(desk.host.focused(), desk.host.backdrops().first()) << "its screen has gone";
-    show({});
+    desk.show({});
     EXPECT_TRUE(desk.host.backdrops().isEmpty());
     ScreenInfo larger = main;
     larger.frame.setSize({2560, 1440});
-    show({larger});
+    desk.show({larger});
     ASSERT_EQ(desk.host.backdrops().size(), 1);
     EXPECT_EQ(desk.host.backdrops().first()->frame(), larger.frame);
     desk.host.pressKey(Qt::Key_Escape);
@@ -167,16 +136,6 @@ TEST_F(EditModeTest, EndingItDuringADragDropsTheWidget)
     desk.host.movePointer({50, 50});
     EXPECT_EQ(desk.panels().first()->frame().topLeft(), QPointF(570, 370));
     EXPECT_EQ(desk.stored(), desk.live());
-}
-
-TEST_F(EditModeTest, LockedWidgetsStayWhereTheyAre)
-{
-    WidgetController* widget = desk.add(cpu, {400, 300});
-    desk.settings.locked.set(true);
-    desk.manager.setEditing(true);
-    desk.host.drag(widget->widgetFrame().center(), {900, 700});
-    EXPECT_EQ(widget->config().origin, QPointF(400, 300));
-    EXPECT_EQ(desk.panels().first()->frame().topLeft(), QPointF(370, 270));
 }
 
 } // namespace

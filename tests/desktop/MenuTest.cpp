@@ -4,14 +4,10 @@
 #include "desktop/QuickMenu.h"
 #include "desktop/WidgetMenu.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 namespace ambrelle {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 ActionItem find(const QList<ActionItem>& items, const QString& title)
 {
@@ -28,10 +24,7 @@ QStringList titles(const QList<ActionItem>& items)
     return all;
 }
 
-class Menu : public ::testing::Test {
-protected:
-    UserDefaults defaults = UserDefaults::temporary();
-    Desk desk{defaults};
+struct Menu : DeskTest {
     QuickMenu::Updates updates;
     QStringList calls;
     QuickMenu quick{{.manager = desk.manager,
@@ -72,7 +65,7 @@ TEST_F(Menu, LinesDoWhatTheySay)
         choose(u"Edit & Move Widgets"_s);
         choose(u"Lock Widget Positions"_s);
         EXPECT_EQ(desk.settings.editing(), on);
-        EXPECT_EQ(defaults.boolean(u"locked"_s), on);
+        EXPECT_EQ(store.boolean(u"locked"_s), on);
         EXPECT_EQ(find(quick.items(), u"Edit & Move Widgets"_s).checked, on);
         EXPECT_EQ(find(quick.items(), u"Lock Widget Positions"_s).checked, on);
     }

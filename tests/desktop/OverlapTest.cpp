@@ -3,8 +3,6 @@
 #include "desktop/Desk.h"
 #include "desktop/OverlapRule.h"
 
-#include <gtest/gtest.h>
-
 namespace ambrelle {
 namespace {
 
@@ -17,9 +15,7 @@ const QRectF frame(100, 100, 170, 170);
 const OnscreenWindow over{{150, 150, 400, 300}};
 const OnscreenWindow aside{{600, 400, 400, 300}};
 
-struct OverlapTest : ::testing::Test {
-    UserDefaults store = UserDefaults::temporary();
-    Desk desk{store};
+struct OverlapTest : DeskTest {
     WidgetController* widget = desk.add(WidgetKind::cpu, frame.topLeft());
     RecordingPanel* panel = desk.panels().first();
 
@@ -104,11 +100,7 @@ TEST_F(OverlapTest, WatchesWhileARaisedWidgetMayBeInTheWay)
         {"and not again", [this] { desk.settings.overlap.set(OverlapBehavior::fade); }, true, true},
         {"unpinned", [this] { widget->setPinned(false); }, false, false},
         {"all are raised", [this] { desk.settings.layer.set(WidgetLayer::floating); }, true, true},
-        {"dropped elsewhere",
-            [this] {
-                desk.host.drag({120, 120}, {900, 120});
-            },
-            true, true},
+        {"dropped elsewhere", [this] { desk.host.drag(QPointF(120, 120), QPointF(900, 120)); }, true, true},
         {"nobody can look", [this] { desk.session.setVisible(false); }, false, true},
         {"all are lowered", [this] { desk.settings.layer.set(WidgetLayer::desktop); }, false, false},
     };

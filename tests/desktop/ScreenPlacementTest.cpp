@@ -11,11 +11,7 @@ namespace {
 
 ScreenInfo screen(const QString& id, const QRectF& frame)
 {
-    ScreenInfo info;
-    info.id = id;
-    info.frame = frame;
-    info.visibleFrame = frame.adjusted(0, 0, 0, -40);
-    return info;
+    return {.id = id, .frame = frame, .visibleFrame = frame.adjusted(0, 0, 0, -40)};
 }
 
 const ScreenInfo main = screen(u"main"_s, {0, 0, 1440, 900});
@@ -24,13 +20,6 @@ const ScreenInfo right = screen(u"right"_s, {1440, 0, 1920, 1080});
 WidgetConfig widgetAt(QPointF origin)
 {
     return {WidgetKind::cpu, Skin::glass, WidgetScale::medium, origin};
-}
-
-ScreenInfo sized(ScreenInfo info, const QSizeF& size)
-{
-    info.frame.setSize(size);
-    info.visibleFrame = info.frame.adjusted(0, 0, 0, -40);
-    return info;
 }
 
 /// A widget and what is known about its display.
@@ -54,10 +43,7 @@ TEST(ScreenPlacement, FollowsItsDisplay)
     EXPECT_EQ(widget.config.display, right.id);
     EXPECT_EQ(widget.config.displayOffset, QPointF(560, 300));
 
-    ScreenInfo moved = right;
-    moved.frame.moveTo(-1920, 200);
-    moved.visibleFrame.moveTo(-1920, 200);
-    EXPECT_TRUE(widget.sync({main, moved}));
+    EXPECT_TRUE(widget.sync({main, screen(right.id, {-1920, 200, 1920, 1080})}));
     EXPECT_EQ(widget.config.origin, QPointF(-1360, 500));
 }
 
@@ -81,16 +67,17 @@ TEST(ScreenPlacement, KeepsItsPlaceOnADisplayOfAnotherSizeAndGetsTheOldOneBack)
     for (const Case& c : cases) {
         const Placed before(c.from, {main});
         Placed widget = before;
-        EXPECT_TRUE(widget.sync({sized(main, c.size)}) || c.from == c.to) << c.what;
+        const ScreenInfo sized = screen(main.id, {{}, c.size});
+        EXPECT_TRUE(widget.sync({sized}) || c.from == c.to) << c.what;
         EXPECT_EQ(widget.config.origin, c.to) << c.what;
-        widget.remember({sized(main, c.size)});
+        widget.remember({sized});
         widget.sync({main});
         EXPECT_EQ(widget, before) << c.what;
     }
 
     Placed unknown({1250, 670}, {main});
     unknown.homeSize.reset();
-    unknown.sync({sized(main, {1920, 1080})});
+    unknown.sync({screen(main.id, {0, 0, 1920, 1080})});
     EXPECT_EQ(unknown.config.origin, QPointF(1250, 670)) << "without the old size the distance to the origin stays";
 }
 

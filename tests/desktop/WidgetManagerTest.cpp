@@ -8,34 +8,18 @@
 #include "platform/recording/RecordingAppearance.h"
 #include "platform/recording/RecordingDesktopPicture.h"
 #include "skins/WallpaperRecipes.h"
+#include "support/WaitUntil.h"
 #include "wallpapers/DesktopWallpaper.h"
 
-#include <QEventLoop>
 #include <QTemporaryDir>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 namespace ambrelle {
 namespace {
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using enum WidgetKind;
 
-struct WidgetManagerTest : ::testing::Test {
-    UserDefaults store = UserDefaults::temporary();
-    Desk desk{store};
-};
-
-ScreenInfo secondScreen()
-{
-    ScreenInfo info;
-    info.id = u"second"_s;
-    info.frame = QRectF(1440, 0, 1920, 1080);
-    info.visibleFrame = info.frame;
-    return info;
-}
+using WidgetManagerTest = DeskTest;
 
 TEST_F(WidgetManagerTest, StoresEveryChangeBeforeItReturns)
 {
@@ -46,10 +30,7 @@ TEST_F(WidgetManagerTest, StoresEveryChangeBeforeItReturns)
         {"pin", [&] { first->setPinned(true); }},
         {"skin", [&] { first->setSkin(Skin::paper); }},
         {"an option", [&] { first->change([](WidgetConfig& c) { c.timeZone = u"Asia/Tokyo"_s; }); }},
-        {"a drag",
-            [&] {
-                desk.host.drag(first->widgetFrame().center(), {300, 300});
-            }},
+        {"a drag", [&] { desk.host.drag(first->widgetFrame().center(), QPointF(300, 300)); }},
         {"the toolbar's scale", [&] { desk.useToolbar(*first, WidgetToolbar::Button::scale); }},
         {"the toolbar's pin", [&] { desk.useToolbar(*first, WidgetToolbar::Button::pin); }},
         {"all skins", [&] { desk.manager.applySkinToAll(Skin::mono); }},
@@ -114,15 +95,15 @@ TEST_F(WidgetManagerTest, SamplesProcessesOnlyWhileAWidgetShowsThem)
 
 TEST_F(WidgetManagerTest, AppliesALayoutToOneScreenOnly)
 {
-    desk.host.setScreens({desk.host.screens().first(), secondScreen()});
+    desk.host.setScreens({desk.host.screens().first(), rightScreen});
     WidgetController* kept = desk.add(cpu, {100, 100});
     desk.add(memory, {2000, 100});
-    desk.manager.applyPreset(Skin::paper, secondScreen());
+    desk.manager.applyPreset(Skin::paper, rightScreen);
     const QList<WidgetConfig> widgets = desk.live();
     ASSERT_EQ(widgets.size(), 1 + Composition::preset(Skin::paper).spots.size());
     EXPECT_EQ(widgets.first(), kept->config());
     for (const WidgetConfig& widget : widgets.sliced(1))
-        EXPECT_TRUE(secondScreen().visibleFrame.contains(widget.frame()));
+        EXPECT_TRUE(rightScreen.visibleFrame.contains(widget.frame()));
     EXPECT_EQ(desk.settings.defaultSkin(), Skin::paper);
 
     desk.host.setScreens({});
@@ -208,32 +189,31 @@ TEST_F(WidgetManagerTest, SharesOneReadingAmongEqualWidgets)
 TEST_F(WidgetManagerTest, TakesGuestsInWhileTheirScreenIsAway)
 {
     const ScreenInfo main = desk.host.screens().first();
-    desk.host.setScreens({main, secondScreen()});
+    desk.host.setScreens({main, rightScreen});
     desk.add(cpu, {2200, 700});
     desk.add(network, {200, 200});
     const QList<WidgetConfig> before = desk.live();
-    const auto show = [&](const QList<ScreenInfo>& screens) {
-        desk.host.setScreens(screens);
-        desk.manager.ensureAllVisible();
-    };
-    show({main});
+    desk.show({main});
     EXPECT_TRUE(main.visibleFrame.contains(desk.live().first().frame()));
     EXPECT_EQ(desk.panels().first()->frame(), PanelGeometry::panelFrame(desk.live().first().frame()));
-    show({});
+    desk.show({});
     desk.manager.controllers().last()->setPinned(true);
     desk.manager.controllers().last()->setPinned(false);
-    show({main, secondScreen()});
+    desk.show({main, rightScreen});
     EXPECT_EQ(desk.live(), before);
     EXPECT_EQ(desk.stored(), before);
 }
 
-TEST_F(WidgetManagerTest, FollowsTheAppearanceWithPairedSkinsOnly)
-{
+struct AppearanceTest : WidgetManagerTest {
     RecordingAppearance appearance;
     RecordingDesktopPicture picture;
     const QTemporaryDir folder;
-    DesktopWallpaper wallpaper({wallpaperRecipe, {}}, desk.host, picture, desk.defaults, {folder.path(), {}});
-    AppearanceFollower follower(appearance, desk.settings, desk.manager, wallpaper, desk.clock);
+    DesktopWallpaper wallpaper{{wallpaperRecipe, {}}, desk.host, picture, desk.defaults, {folder.path(), {}}};
+    AppearanceFollower follower{appearance, desk.settings, desk.manager, wallpaper, desk.clock};
+};
+
+TEST_F(AppearanceTest, IsFollowedWithPairedSkinsOnly)
+{
     desk.settings.defaultSkin.set(Skin::lumen);
     desk.add(cpu, {100, 100}, Skin::paper);
     desk.add(cpu, {400, 100}, Skin::glass);
@@ -261,28 +241,18 @@ TEST_F(WidgetManagerTest, FollowsTheAppearanceWithPairedSkinsOnly)
     EXPECT_EQ(desk.stored().first().skin, Skin::fieldDark) << "a layout is followed too";
 }
 
-TEST_F(WidgetManagerTest, TheWallpaperFollowsTheAppearanceToo)
+TEST_F(AppearanceTest, IsFollowedByTheWallpaperToo)
 {
-    RecordingAppearance appearance;
-    RecordingDesktopPicture picture;
-    const QTemporaryDir folder;
-    DesktopWallpaper wallpaper({wallpaperRecipe, {}}, desk.host, picture, desk.defaults, {folder.path(), {}});
-    const auto wait = [&] {
-        QEventLoop loop;
-        QObject::connect(&wallpaper, &DesktopWallpaper::changed, &loop, &QEventLoop::quit);
-        QTimer::singleShot(60s, &loop, &QEventLoop::quit);
-        loop.exec();
-        return wallpaper.currentSkin();
-    };
+    const auto becomes = [this](
+                             Skin skin) { return waitUntil([this, skin] { return wallpaper.currentSkin() == skin; }); };
     wallpaper.apply(Skin::lumen);
-    ASSERT_EQ(wait(), Skin::lumen);
+    ASSERT_TRUE(becomes(Skin::lumen));
     desk.settings.followAppearance.set(true);
     appearance.setDark(true);
-    AppearanceFollower follower(appearance, desk.settings, desk.manager, wallpaper, desk.clock);
     follower.start();
-    EXPECT_EQ(wait(), Skin::slate);
+    EXPECT_TRUE(becomes(Skin::slate));
     wallpaper.apply(Skin::aero);
-    ASSERT_EQ(wait(), Skin::aero);
+    ASSERT_TRUE(becomes(Skin::aero));
     follower.sync();
     EXPECT_EQ(picture.sets.size(), 3) << "a skin without a partner stays";
 }
