@@ -2,19 +2,13 @@
 
 #include "services/ActivityTracker.h"
 
-#include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
 #include "platform/headless/HeadlessPorts.h"
 #include "platform/recording/RecordingInputMonitor.h"
+#include "services/ServiceTest.h"
 
 #include <QJsonArray>
 
-#include <gtest/gtest.h>
-
-using namespace ambrelle;
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-
+namespace ambrelle {
 namespace {
 
 const QString activityKey = u"activity.today"_s;
@@ -24,20 +18,15 @@ QDateTime march(int day, int hour, int minute, int second = 0)
     return {QDate(2026, 3, day), QTime(hour, minute, second), Qt::UTC};
 }
 
-struct ActivityTrackerTest : testing::Test {
-    ActivityTrackerTest() { watch(tracker); }
-
-    void watch(const ActivityTracker& watched)
+struct ActivityTrackerTest : ServiceTest {
+    ActivityTrackerTest()
+        : ServiceTest(march(7, 9, 59, 45))
     {
-        QObject::connect(&watched, &ActivityTracker::changed, &counter, [this] { ++changes; });
+        count(tracker);
     }
 
     RecordingInputMonitor monitor;
-    UserDefaults defaults = UserDefaults::temporary();
-    ManualClock clock{march(7, 9, 59, 45)};
     ActivityTracker tracker{monitor, defaults, clock};
-    QObject counter;
-    int changes = 0;
 };
 
 TEST_F(ActivityTrackerTest, ASampleCountsTowardsItsHourUnlessTheUserWasIdle)
@@ -89,10 +78,15 @@ TEST_F(ActivityTrackerTest, RunsOnlyOnDemandAndAsksNothingOtherwise)
     EXPECT_EQ(monitor.starts, 1);
     clock.advance(1min);
     EXPECT_EQ(monitor.questions, 6);
+    const double active = tracker.activeSeconds();
+    monitor.isDeferred = true;
+    clock.advance(10s);
     tracker.stop();
+    monitor.answer();
+    EXPECT_EQ(tracker.activeSeconds(), active) << "the answer came after the stop";
     EXPECT_FALSE(monitor.isRunning);
     clock.advance(1h);
-    EXPECT_EQ(monitor.questions, 6);
+    EXPECT_EQ(monitor.questions, 7);
 }
 
 TEST_F(ActivityTrackerTest, MidnightBeginsAtZeroWithTheNextSample)
@@ -153,19 +147,20 @@ TEST_F(ActivityTrackerTest, ADamagedRecordHarmsNothing)
         int clicks;
     };
     const Case cases[] = {
-        {"nothing but the day", {{u"day"_s, u"2026-3-7"_s}}, 0, 0, 0},
+        {"nothing but the day", {}, 0, 0, 0},
         {"a padded day is another day", {{u"day"_s, u"2026-03-07"_s}, {u"clicks"_s, 5}}, 0, 0, 0},
-        {"too few hours", {{u"day"_s, u"2026-3-7"_s}, {u"hours"_s, QJsonArray{600}}, {u"clicks"_s, 5}}, 0, 0, 5},
-        {"wrong hours", {{u"day"_s, u"2026-3-7"_s}, {u"hours"_s, twentyFour}}, 22 * 60, 0, 0},
-        {"wrong types", {{u"day"_s, u"2026-3-7"_s}, {u"hours"_s, u"x"_s}, {u"metres"_s, true}, {u"clicks"_s, u"7"_s}},
-            0, 0, 0},
-        {"wrong signs", {{u"day"_s, u"2026-3-7"_s}, {u"metres"_s, -3.5}, {u"clicks"_s, -1}}, 0, 0, 0},
-        {"clicks that are no integer", {{u"day"_s, u"2026-3-7"_s}, {u"metres"_s, 3.5}, {u"clicks"_s, 1e300}}, 0, 3.5,
-            0},
+        {"too few hours", {{u"hours"_s, QJsonArray{600}}, {u"clicks"_s, 5}}, 0, 0, 5},
+        {"wrong hours", {{u"hours"_s, twentyFour}}, 22 * 60, 0, 0},
+        {"wrong types", {{u"hours"_s, u"x"_s}, {u"metres"_s, true}, {u"clicks"_s, u"7"_s}}, 0, 0, 0},
+        {"wrong signs", {{u"metres"_s, -3.5}, {u"clicks"_s, -1}}, 0, 0, 0},
+        {"clicks that are no integer", {{u"metres"_s, 3.5}, {u"clicks"_s, 1e300}}, 0, 3.5, 0},
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(each.what);
-        defaults.set(activityKey, each.stored);
+        QJsonObject record = each.stored;
+        if (!record.contains(u"day"_s))
+            record.insert(u"day"_s, u"2026-3-7"_s);
+        defaults.set(activityKey, record);
         ActivityTracker loaded(monitor, defaults, clock);
         EXPECT_EQ(loaded.activeSeconds(), each.seconds);
         EXPECT_EQ(loaded.metres(), each.metres);
@@ -208,25 +203,13 @@ TEST_F(ActivityTrackerTest, TellsWhenMeasuringBecomesImpossible)
     EXPECT_EQ(changes, 2);
 }
 
-TEST_F(ActivityTrackerTest, AnAnswerAfterTheStopIsNotCounted)
-{
-    monitor.isDeferred = true;
-    tracker.start();
-    clock.advance(10s);
-    tracker.stop();
-    monitor.answer();
-    EXPECT_EQ(tracker.activeSeconds(), 0);
-}
-
 TEST(InputMonitor, MetresPerPointNeedBothWidths)
 {
     EXPECT_DOUBLE_EQ(InputMonitor::metresPerPoint(600, 1920), 0.0003125);
     EXPECT_EQ(InputMonitor::metresPerPoint(0, 1920), 0.0002);
     EXPECT_EQ(InputMonitor::metresPerPoint(600, 0), 0.0002);
-
-    HeadlessInputMonitor nobody;
-    EXPECT_FALSE(nobody.isAvailable());
-    EXPECT_FALSE(nobody.whyNot().isEmpty());
+    EXPECT_FALSE(HeadlessInputMonitor().isAvailable());
 }
 
 } // namespace
+} // namespace ambrelle

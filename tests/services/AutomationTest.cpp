@@ -2,52 +2,25 @@
 
 #include "services/Automation.h"
 
-#include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
 #include "platform/recording/RecordingSources.h"
+#include "services/ServiceTest.h"
 #include "services/SystemMonitor.h"
 
-#include <gtest/gtest.h>
-
-using namespace ambrelle;
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-
+namespace ambrelle {
 namespace {
 
-/// Counts who asks for repeated work.
-class CountingClock : public ManualClock {
-public:
-    Ticket every(std::chrono::milliseconds period, Work work) override
-    {
-        ++running;
-        auto inner = std::make_shared<Ticket>(ManualClock::every(period, std::move(work)));
-        return Ticket([this, inner] {
-            --running;
-            inner->reset();
-        });
-    }
-
-    int running = 0;
-};
-
-struct AutomationTest : testing::Test {
-    /// Every reset of the totals is a change that no sample made.
+struct AutomationTest : ServiceTest {
     AutomationTest()
     {
         settings.wallpaperShuffleMinutes.set(0);
         settings.downloadResetMinutes.set(0);
-        QObject::connect(&monitor, &SystemMonitor::changed, [this] { ++resets; });
+        count(monitor);
     }
 
-    UserDefaults defaults = UserDefaults::temporary();
-    AppSettings settings{defaults};
     RecordingSources machine;
-    CountingClock clock;
     SystemMonitor monitor{machine.sources(), clock};
     int shuffles = 0;
-    int resets = 0;
+    int& resets = changes; // every reset of the totals is a change that no sample made
     Automation automation{settings, monitor, clock, [this] { ++shuffles; }};
 };
 
@@ -111,3 +84,4 @@ TEST_F(AutomationTest, CostsNothingWhileNoChoreIsAskedFor)
 }
 
 } // namespace
+} // namespace ambrelle

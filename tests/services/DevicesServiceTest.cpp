@@ -2,30 +2,17 @@
 
 #include "services/DevicesService.h"
 
-#include "foundation/ManualClock.h"
 #include "platform/recording/RecordingDevices.h"
-
-#include <gmock/gmock.h>
+#include "services/ServiceTest.h"
 
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
-using namespace std::chrono_literals;
-
-class DevicesServiceTest : public ::testing::Test {
-protected:
-    DevicesServiceTest()
-    {
-        QObject::connect(&service, &DevicesService::changed, [this] { ++changes; });
-    }
+struct DevicesServiceTest : ServiceTest {
+    DevicesServiceTest() { count(service); }
 
     RecordingDevices bluetooth, power;
-    ManualClock clock;
     DevicesService service{{&bluetooth, &power}, clock};
-    int changes = 0;
 };
 
 TEST(DeviceKindTest, TheMostTellingWordDecides)

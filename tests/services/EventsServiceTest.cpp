@@ -2,28 +2,18 @@
 
 #include "services/EventsService.h"
 
-#include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
 #include "platform/recording/RecordingCalendarStore.h"
-
-#include <gmock/gmock.h>
+#include "services/ServiceTest.h"
 
 namespace ambrelle {
 namespace {
 
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-class EventsServiceTest : public ::testing::Test {
-protected:
-    void SetUp() override
+struct EventsServiceTest : ServiceTest {
+    EventsServiceTest()
     {
+        count(service);
         store.currentCalendars = {{u"work"_s, u"Work"_s, QColor(Qt::red), true, false},
             {u"plain"_s, u"Plain"_s, {}, true, true}, {u"tasks"_s, u"Tasks"_s, {}, false, true}};
-        QObject::connect(&service, &EventsService::changed, [this] { ++changes; });
     }
     /// From and to in minutes from now, Monday at ten.
     void add(const QString& title, int from, int to, const QString& calendar = u"work"_s)
@@ -36,21 +26,10 @@ protected:
         service.start();
         store.answer();
     }
-    QStringList titles() const
-    {
-        QStringList titles;
-        for (const EventRow& row : service.events())
-            titles.append(row.title);
-        return titles;
-    }
 
-    ManualClock clock;
     const QDateTime now = clock.now();
     RecordingCalendarStore store;
-    UserDefaults defaults = UserDefaults::temporary();
-    AppSettings settings{defaults};
     EventsService service{store, settings, clock};
-    int changes = 0;
 };
 
 TEST_F(EventsServiceTest, AsksForAccessOnceAndSaysSoMeanwhile)
@@ -63,7 +42,7 @@ TEST_F(EventsServiceTest, AsksForAccessOnceAndSaysSoMeanwhile)
     store.answer();
     EXPECT_EQ(store.accessRequests, 1);
     EXPECT_EQ(service.status(), QString());
-    EXPECT_THAT(titles(), ElementsAre(u"Now"_s));
+    EXPECT_THAT(titles(service.events()), ElementsAre(u"Now"_s));
     EXPECT_EQ(changes, 2);
     const QDateTime today(QDate(2025, 6, 2), QTime(0, 0), Qt::UTC);
     EXPECT_THAT(store.windows, ElementsAre(std::pair(today, today.addDays(7))));
@@ -84,7 +63,8 @@ TEST_F(EventsServiceTest, ListsTheNextEightThatAreNotOver)
         add(u"Filler"_s, 200 + i, 300);
     start();
     ASSERT_EQ(service.events().size(), 8);
-    EXPECT_THAT(titles().first(4), ElementsAre(u"Untitled"_s, u"Later"_s, u"Same time, second"_s, u"Filler"_s));
+    EXPECT_THAT(
+        titles(service.events()).first(4), ElementsAre(u"Untitled"_s, u"Later"_s, u"Same time, second"_s, u"Filler"_s));
     EXPECT_EQ(service.events().last().id, u"Filler@204"_s);
     const EventRow untitled{
         u"@-60"_s, u"Untitled"_s, now.addSecs(-3600), now.addSecs(3600), false, QColor(0, 0x7A, 0xFF)};
@@ -98,11 +78,11 @@ TEST_F(EventsServiceTest, ExcludedCalendarsContributeNothingFromTheMomentTheyAre
     add(u"Later"_s, 30, 40, u"plain"_s);
     settings.excludedCalendars.set({u"work"_s, u"gone"_s});
     start();
-    EXPECT_THAT(titles(), ElementsAre(u"Later"_s));
+    EXPECT_THAT(titles(service.events()), ElementsAre(u"Later"_s));
     EXPECT_EQ(service.calendars().size(), 2);
     settings.excludedCalendars.set({u"plain"_s});
     store.answer();
-    EXPECT_THAT(titles(), ElementsAre(u"Next"_s));
+    EXPECT_THAT(titles(service.events()), ElementsAre(u"Next"_s));
 }
 
 TEST_F(EventsServiceTest, FollowsTimeAndTheStoreAndSpeaksOnlyOfChanges)
@@ -117,13 +97,13 @@ TEST_F(EventsServiceTest, FollowsTimeAndTheStoreAndSpeaksOnlyOfChanges)
     EXPECT_EQ(changes, before);
     clock.advance(1min);
     store.answer();
-    EXPECT_THAT(titles(), ElementsAre(u"Long"_s));
+    EXPECT_THAT(titles(service.events()), ElementsAre(u"Long"_s));
     EXPECT_EQ(changes, before + 1);
 
     store.currentEvents.clear();
     Q_EMIT store.changed();
     store.answer();
-    EXPECT_THAT(titles(), IsEmpty());
+    EXPECT_THAT(titles(service.events()), IsEmpty());
     EXPECT_EQ(changes, before + 2);
 }
 
@@ -141,7 +121,7 @@ TEST_F(EventsServiceTest, CalendarsMayComeAndGo)
     Q_EMIT store.changed();
     store.answer();
     EXPECT_EQ(service.status(), QString());
-    EXPECT_THAT(titles(), ElementsAre(u"Event"_s));
+    EXPECT_THAT(titles(service.events()), ElementsAre(u"Event"_s));
 
     service.reload();
     store.currentWhyNot = u"None left."_s;
@@ -155,8 +135,8 @@ TEST_F(EventsServiceTest, CalendarsMayComeAndGo)
 TEST_F(EventsServiceTest, SamplesNeedNoStore)
 {
     service.loadPreviewData();
-    EXPECT_THAT(
-        titles(), ::testing::IsSupersetOf({u"Breakdown: call the electrician"_s, u"Deadline for the report"_s}));
+    EXPECT_THAT(titles(service.events()),
+        ::testing::IsSupersetOf({u"Breakdown: call the electrician"_s, u"Deadline for the report"_s}));
     EXPECT_EQ(store.accessRequests, 0);
     EXPECT_EQ(service.status(), QString());
 }

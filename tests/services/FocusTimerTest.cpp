@@ -2,20 +2,12 @@
 
 #include "services/FocusTimer.h"
 
-#include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
 #include "platform/recording/RecordingAnnouncer.h"
-
-#include <gmock/gmock.h>
+#include "services/ServiceTest.h"
 
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
-using namespace std::chrono_literals;
 using Phase = FocusTimer::Phase;
 
 const auto completedKey = u"focus.completed"_s;
@@ -23,8 +15,14 @@ const auto workDone = u"Focus session done|Nice work. Take 5 minutes."_s;
 const auto roundDone = u"Focus session done|Nice work. Take 15 minutes."_s;
 const auto breakOver = u"Break's over|Ready for the next session? Click the Focus widget to start."_s;
 
-class FocusTimerTest : public ::testing::Test {
-protected:
+const QDateTime morning(QDate(2026, 3, 7), QTime(9, 0), Qt::UTC);
+
+struct FocusTimerTest : ServiceTest {
+    FocusTimerTest()
+        : ServiceTest(morning)
+    {
+        count(timer);
+    }
     double left() const { return timer.remaining(clock.now()); }
     void work()
     {
@@ -32,9 +30,6 @@ protected:
         clock.advance(25min);
     }
 
-    UserDefaults defaults = UserDefaults::temporary();
-    AppSettings settings{defaults};
-    ManualClock clock{QDateTime(QDate(2026, 3, 7), QTime(9, 0), Qt::UTC)};
     RecordingAnnouncer announcer;
     FocusTimer timer{announcer, settings, defaults, clock};
 };
@@ -155,11 +150,11 @@ TEST_F(FocusTimerTest, KeepsTheCountOfTodayOnly)
     for (const Case& each : cases) {
         SCOPED_TRACE(each.what);
         defaults.set(completedKey, each.stored);
-        ManualClock morning(QDateTime(QDate(2026, 3, 7), QTime(9, 0), Qt::UTC));
-        FocusTimer fresh(announcer, settings, defaults, morning);
+        clock.setNow(morning);
+        FocusTimer fresh(announcer, settings, defaults, clock);
         EXPECT_EQ(fresh.completedToday(), each.atStart);
         fresh.start();
-        morning.advance(25min);
+        clock.advance(25min);
         EXPECT_EQ(fresh.completedToday(), each.afterOne);
         EXPECT_EQ(defaults.object(completedKey), QJsonObject({{u"2026-3-7"_s, each.afterOne}}));
     }
@@ -172,7 +167,7 @@ TEST_F(FocusTimerTest, ADayBeginsWithItsFirstFinishedSession)
 {
     work();
     timer.reset();
-    clock.setNow(QDateTime(QDate(2026, 3, 7), QTime(23, 50), Qt::UTC));
+    clock.setNow(morning.addSecs(14 * 3600 + 50 * 60)); // 23:50
     timer.start();
     clock.advance(15min);
     EXPECT_EQ(timer.completedToday(), 1) << "it is the next day, but nothing is finished";
@@ -231,8 +226,6 @@ TEST_F(FocusTimerTest, SenselessLengthsEndAtOnceButNeverSpin)
 
 TEST_F(FocusTimerTest, TellsWhatChangedAndRestsWhenIdle)
 {
-    int changes = 0;
-    QObject::connect(&timer, &FocusTimer::changed, [&changes] { ++changes; });
     clock.advance(24h);
     timer.reset();
     timer.pause();

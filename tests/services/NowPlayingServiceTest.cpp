@@ -2,24 +2,15 @@
 
 #include "services/NowPlayingService.h"
 
-#include "foundation/ManualClock.h"
 #include "platform/recording/RecordingHttpClient.h"
 #include "platform/recording/RecordingPlayers.h"
+#include "services/ServiceTest.h"
 #include "support/WaitUntil.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
-
-#include <gmock/gmock.h>
 
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-
 namespace {
-
-using ::testing::ElementsAre;
 
 PlayerTrack withPicture(PlayerTrack track, const QString& picture)
 {
@@ -42,7 +33,7 @@ const auto pausedSong = paused(song);
 const PlayerTrack otherSong{.isPlaying = true, .title = u"South"_s, .artist = u"The Harbour Lamps"_s, .duration = 100};
 const auto picturedSong = withPicture(song, u"https://pictures.example/north.png"_s);
 
-QByteArray pictureFile(QSize size, const char* format)
+QByteArray picture(QSize size, const char* format = "PNG")
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -52,23 +43,9 @@ QByteArray pictureFile(QSize size, const char* format)
     return bytes.data();
 }
 
-QByteArray png(QSize size)
-{
-    return pictureFile(size, "PNG");
-}
+struct NowPlayingServiceTest : ServiceTest {
+    NowPlayingServiceTest() { count(service); }
 
-class NowPlayingServiceTest : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        QObject::connect(&service, &NowPlayingService::changed, [this] { ++changes; });
-    }
-
-    void run(const QStringList& names)
-    {
-        for (const QString& name : names)
-            players.running.append({name, name});
-    }
     /// The only player plays that now, and says so.
     void play(const std::optional<PlayerTrack>& track)
     {
@@ -86,14 +63,12 @@ protected:
 
     RecordingPlayers players;
     RecordingHttpClient http;
-    ManualClock clock;
     NowPlayingService service{players, http, clock};
-    int changes = 0;
 };
 
 TEST_F(NowPlayingServiceTest, TellsWhatThePlayerAnswered)
 {
-    run({u"mpv"_s});
+    players.running = {{u"mpv"_s, u"mpv"_s}};
     players.answers[u"mpv"_s] = picturedSong;
     service.start();
     EXPECT_EQ(service.track(),
@@ -153,7 +128,7 @@ TEST_F(NowPlayingServiceTest, ChoosesAmongThePlayers)
 TEST_F(NowPlayingServiceTest, ASlowPlayerIsNotAskedTwiceButNoChangeIsMissed)
 {
     players.byHand = true;
-    run({u"mpv"_s});
+    players.running = {{u"mpv"_s, u"mpv"_s}};
     service.start();
     service.start();
     service.poll();
@@ -250,7 +225,7 @@ TEST_F(NowPlayingServiceTest, LoadsTheArtworkOfEachTrackOnce)
     play(picturedSong);
     EXPECT_THAT(http.addresses, ElementsAre(u"https://pictures.example/north.png"_s));
     EXPECT_THAT(http.bounds, ElementsAre(NowPlayingService::mostArtworkBytes));
-    http.answer({.body = png({30, 20})});
+    http.answer({.body = picture({30, 20})});
     ASSERT_TRUE(waitForArtwork(true));
     EXPECT_EQ(service.artwork().size(), QSize(30, 20));
 
@@ -271,7 +246,7 @@ TEST_F(NowPlayingServiceTest, LoadsTheArtworkOfEachTrackOnce)
 
     // Then it turns up after all; and goes with the track.
     play(withPicture(otherSong, u"file:///other.png"_s));
-    players.deliver(png({4, 4}));
+    players.deliver(picture({4, 4}));
     ASSERT_TRUE(waitForArtwork(true));
     play({});
     EXPECT_TRUE(service.artwork().isNull());
@@ -281,16 +256,16 @@ TEST_F(NowPlayingServiceTest, DropsALateArtwork)
 {
     play(picturedSong);
     play(otherSong);
-    http.answer({.body = png({30, 20})});
-    players.deliver(png({7, 7}));
+    http.answer({.body = picture({30, 20})});
+    players.deliver(picture({7, 7}));
     ASSERT_TRUE(waitForArtwork(true));
     EXPECT_EQ(service.artwork().size(), QSize(7, 7));
 
     // Late only after the decoding began.
     play(picturedSong);
-    http.answer({.body = png({30, 20})});
+    http.answer({.body = picture({30, 20})});
     play(withPicture(otherSong, u"file:///x.png"_s));
-    players.deliver(png({9, 9}));
+    players.deliver(picture({9, 9}));
     EXPECT_TRUE(waitUntil([this] {
         EXPECT_NE(service.artwork().width(), 30);
         return service.artwork().width() == 9;
@@ -300,18 +275,18 @@ TEST_F(NowPlayingServiceTest, DropsALateArtwork)
 TEST_F(NowPlayingServiceTest, BoundsForeignPictures)
 {
     play(picturedSong);
-    http.answer({.body = png({2000, 1000})});
+    http.answer({.body = picture({2000, 1000})});
     ASSERT_TRUE(waitForArtwork(true));
     EXPECT_EQ(service.artwork().size(), QSize(768, 384));
 
-    QByteArray vast = pictureFile({8, 8}, "BMP");
+    QByteArray vast = picture({8, 8}, "BMP");
     vast.replace(18, 8, QByteArray::fromHex("ffff0000ffff0000")); // width and height in the header
     const QByteArray hostile[] = {
-        "no picture", vast, QByteArray(NowPlayingService::mostArtworkBytes + 1, 'x'), png({8, 8}).left(20), {}};
+        "no picture", vast, QByteArray(NowPlayingService::mostArtworkBytes + 1, 'x'), picture({8, 8}).left(20), {}};
     for (qsizetype number = 0; const QByteArray& bytes : hostile) {
         SCOPED_TRACE(number);
         play(PlayerTrack{.isPlaying = true, .title = u"Fine %1"_s.arg(number)});
-        players.deliver(png({4, 4}));
+        players.deliver(picture({4, 4}));
         ASSERT_TRUE(waitForArtwork(true));
         play(PlayerTrack{.isPlaying = true, .title = u"Hostile %1"_s.arg(number++)});
         players.deliver(bytes);

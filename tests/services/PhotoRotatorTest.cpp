@@ -2,8 +2,8 @@
 
 #include "services/PhotoRotator.h"
 
-#include "foundation/ManualClock.h"
 #include "services/PhotoAlbum.h"
+#include "services/ServiceTest.h"
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>
@@ -13,15 +13,12 @@
 #include <QTemporaryDir>
 #include <QThreadPool>
 
-#include <gtest/gtest.h>
-
-using namespace ambrelle;
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-
+namespace ambrelle {
 namespace {
 
-struct PhotoRotatorTest : testing::Test {
+struct PhotoRotatorTest : ServiceTest {
+    PhotoRotatorTest() { count(rotator); }
+
     /// A picture of one colour, by which it is known again.
     void put(const QString& name, QRgb colour, QSize size = {8, 8}) const
     {
@@ -41,7 +38,6 @@ struct PhotoRotatorTest : testing::Test {
     static constexpr QRgb blue = 0xFF0000FF;
 
     QTemporaryDir folder;
-    ManualClock clock;
     QThreadPool workers;
     QList<qsizetype> asked; ///< among how many was chosen
     qsizetype choice = 0;
@@ -74,8 +70,7 @@ TEST_F(PhotoRotatorTest, OnePictureStaysAndIsNotDecodedAgain)
     ASSERT_TRUE(settle());
     EXPECT_EQ(colour(), red);
     const qint64 key = rotator.image().cacheKey();
-    int changes = 0;
-    QObject::connect(&rotator, &PhotoRotator::changed, [&] { ++changes; });
+    changes = 0;
     clock.advance(5min);
     ASSERT_TRUE(settle());
     EXPECT_EQ(rotator.image().cacheKey(), key);
@@ -260,3 +255,4 @@ TEST_F(PhotoRotatorTest, WithoutAFolderTheSampleIsShownAtItsSize)
 }
 
 } // namespace
+} // namespace ambrelle

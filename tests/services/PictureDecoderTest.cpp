@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QImageWriter>
+#include <QPainter>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
@@ -23,10 +24,7 @@ QImage halves(QSize size, QImage::Format format = QImage::Format_RGB32)
 {
     QImage image(size, format);
     image.fill(Qt::red);
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = size.width() / 2; x < size.width(); ++x)
-            image.setPixelColor(x, y, Qt::blue);
-    }
+    QPainter(&image).fillRect(size.width() / 2, 0, size.width(), size.height(), Qt::blue);
     return image;
 }
 

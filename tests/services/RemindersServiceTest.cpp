@@ -2,25 +2,17 @@
 
 #include "services/RemindersService.h"
 
-#include "foundation/ManualClock.h"
 #include "platform/recording/RecordingCalendarStore.h"
-
-#include <gmock/gmock.h>
+#include "services/ServiceTest.h"
 
 namespace ambrelle {
 namespace {
 
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-class RemindersServiceTest : public ::testing::Test {
-protected:
-    void SetUp() override
+struct RemindersServiceTest : ServiceTest {
+    RemindersServiceTest()
     {
+        count(service);
         store.currentCalendars = {{u"home"_s, u"Home"_s, QColor(Qt::green), false, true}};
-        QObject::connect(&service, &RemindersService::changed, [this] { ++changes; });
     }
     void add(const QString& title, std::optional<int> days = {})
     {
@@ -34,24 +26,9 @@ protected:
         service.start();
         store.answer();
     }
-    QStringList titles() const
-    {
-        QStringList titles;
-        for (const ReminderRow& row : service.reminders())
-            titles.append(row.title);
-        return titles;
-    }
-    /// As the file watch tells it after the save.
-    void takeFromStore(const QString& title)
-    {
-        store.currentReminders.removeIf([&title](const CalendarReminder& each) { return each.title == title; });
-        Q_EMIT store.changed();
-    }
 
-    ManualClock clock;
     RecordingCalendarStore store;
     RemindersService service{store, clock};
-    int changes = 0;
 };
 
 TEST_F(RemindersServiceTest, ListsTheEarliestDueFirstAndTheUndatedLast)
@@ -66,8 +43,8 @@ TEST_F(RemindersServiceTest, ListsTheEarliestDueFirstAndTheUndatedLast)
     store.answer();
     EXPECT_EQ(store.accessRequests, 1);
     EXPECT_EQ(service.status(), QString());
-    EXPECT_THAT(
-        titles(), ElementsAre(u"late"_s, u"a today"_s, u"b today"_s, u"Untitled"_s, u"tomorrow"_s, u"abc"_s, u"zoo"_s));
+    EXPECT_THAT(titles(service.reminders()),
+        ElementsAre(u"late"_s, u"a today"_s, u"b today"_s, u"Untitled"_s, u"tomorrow"_s, u"abc"_s, u"zoo"_s));
     EXPECT_EQ(
         service.reminders().at(3), (ReminderRow{u"x"_s, u"Untitled"_s, clock.now(), true, QColor(0xFF, 0x95, 0)}));
     EXPECT_EQ(service.reminders().first().color, QColor(Qt::green));
@@ -89,9 +66,10 @@ TEST_F(RemindersServiceTest, ATickedRowShowsItForAMomentAndGoes)
     EXPECT_THAT(store.completed, ElementsAre(u"id-one"_s));
     EXPECT_TRUE(service.completing().contains(u"id-one"_s));
 
-    takeFromStore(u"one"_s);
+    store.currentReminders.removeFirst();
+    Q_EMIT store.changed(); // as the file watch tells it after the save
     store.answer();
-    EXPECT_THAT(titles(), ElementsAre(u"one"_s, u"two"_s));
+    EXPECT_THAT(titles(service.reminders()), ElementsAre(u"one"_s, u"two"_s));
     service.complete(u"id-two"_s);
     store.saves = false;
     store.answer();
@@ -99,9 +77,9 @@ TEST_F(RemindersServiceTest, ATickedRowShowsItForAMomentAndGoes)
     EXPECT_THAT(service.completing(), ElementsAre(u"id-one"_s));
     clock.advance(RemindersService::tickedTime);
     EXPECT_THAT(service.completing(), IsEmpty());
-    EXPECT_THAT(titles(), ElementsAre(u"two"_s));
+    EXPECT_THAT(titles(service.reminders()), ElementsAre(u"two"_s));
     store.answer();
-    EXPECT_THAT(titles(), ElementsAre(u"two"_s));
+    EXPECT_THAT(titles(service.reminders()), ElementsAre(u"two"_s));
 }
 
 TEST_F(RemindersServiceTest, ARecurringReminderComesBackWithItsNextDate)
@@ -113,7 +91,7 @@ TEST_F(RemindersServiceTest, ARecurringReminderComesBackWithItsNextDate)
     store.answer();
     clock.advance(RemindersService::tickedTime);
     store.answer();
-    ASSERT_THAT(titles(), ElementsAre(u"water"_s));
+    ASSERT_THAT(titles(service.reminders()), ElementsAre(u"water"_s));
     EXPECT_EQ(service.reminders().first().due, store.currentReminders.first().due);
     EXPECT_THAT(service.completing(), IsEmpty());
 }
@@ -129,7 +107,7 @@ TEST_F(RemindersServiceTest, CalendarsMayComeAndGo)
     Q_EMIT store.changed();
     store.answer();
     EXPECT_EQ(service.status(), QString());
-    EXPECT_THAT(titles(), ElementsAre(u"one"_s));
+    EXPECT_THAT(titles(service.reminders()), ElementsAre(u"one"_s));
 }
 
 TEST_F(RemindersServiceTest, AnotherTimeZoneHasOtherDays)
@@ -148,7 +126,7 @@ TEST_F(RemindersServiceTest, AnotherTimeZoneHasOtherDays)
 TEST_F(RemindersServiceTest, SamplesAreTickedWithoutAStore)
 {
     service.loadPreviewData();
-    EXPECT_THAT(titles(),
+    EXPECT_THAT(titles(service.reminders()),
         ElementsAre(u"Send the invoice"_s, u"Call the dentist"_s, u"Water the plants"_s, u"Book train tickets"_s));
     service.complete(u"3"_s);
     EXPECT_TRUE(service.completing().contains(u"3"_s));
@@ -173,15 +151,14 @@ TEST(ReminderRowTest, WhenItIsDue)
         {QDateTime(QDate(2025, 12, 31), QTime(0, 0), zone), "31 Dec", false},
         {QDateTime(QDate(2026, 1, 1), QTime(0, 0), zone), "1 Jan 2026", false},
     };
-    const QLocale english(QLocale::English, QLocale::UnitedKingdom);
     for (const Case& each : cases) {
         const ReminderRow row{.due = each.due};
-        EXPECT_EQ(row.dueText(now, english), QLatin1StringView(each.text));
+        EXPECT_EQ(row.dueText(now, british), QLatin1StringView(each.text));
         EXPECT_EQ(row.isOverdue(now), each.overdue) << each.text;
     }
     const ReminderRow later{.due = QDateTime(QDate(2026, 1, 15), QTime(0, 0), zone)};
-    EXPECT_EQ(later.dueText(now, QLocale(QLocale::English, QLocale::UnitedStates)), u"Jan 15, 2026"_s);
-    EXPECT_EQ(ReminderRow().dueText(now, english), std::nullopt);
+    EXPECT_EQ(later.dueText(now, american), u"Jan 15, 2026"_s);
+    EXPECT_EQ(ReminderRow().dueText(now, british), std::nullopt);
     EXPECT_FALSE(ReminderRow().isOverdue(now));
 }
 

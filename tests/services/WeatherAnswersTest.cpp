@@ -2,13 +2,9 @@
 
 #include "services/WeatherSamples.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
 namespace {
 
 TEST(WeatherAnswersTest, DecodesAForecastWhole)

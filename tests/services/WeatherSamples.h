@@ -2,15 +2,34 @@
 
 #pragma once
 
+#include "platform/recording/RecordingHttpClient.h"
+#include "platform/recording/RecordingLocation.h"
+#include "services/ServiceTest.h"
 #include "services/WeatherAnswers.h"
+#include "services/WeatherService.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QThreadPool>
 
 namespace ambrelle {
 
-using namespace Qt::StringLiterals;
+struct WeatherTest : ServiceTest {
+    /// Answers a request and waits until the answer was read.
+    void answer(const HttpAnswer& answer, qsizetype index = 0)
+    {
+        network.answer(answer, index);
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+    }
+    void answer(const QByteArray& body) { answer(HttpAnswer{body, {}}); }
+
+    RecordingHttpClient network;
+    RecordingLocation location;
+    WeatherService service{network, location, settings, clock, {}};
+};
 
 /// A whole answer of the forecast endpoint; tests change members of it.
 inline QJsonObject forecastObject()

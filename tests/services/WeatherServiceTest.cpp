@@ -1,24 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "services/WeatherService.h"
-
-#include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
-#include "platform/recording/RecordingHttpClient.h"
-#include "platform/recording/RecordingLocation.h"
 #include "services/WeatherSamples.h"
-
-#include <QCoreApplication>
-#include <QThreadPool>
-
-#include <gmock/gmock.h>
 
 namespace ambrelle {
 
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using ::testing::ElementsAre;
 using enum LocationAuthorization;
 
 namespace {
@@ -27,27 +12,15 @@ const HttpAnswer noNetwork{{}, u"The server was not found."_s};
 
 } // namespace
 
-class WeatherServiceTest : public ::testing::Test {
-protected:
-    WeatherServiceTest() { settings.useFahrenheit.set(false); }
-
-    /// Answers a request and waits until the answer was read.
-    void answer(const HttpAnswer& answer, qsizetype index = 0)
+struct WeatherServiceTest : WeatherTest {
+    WeatherServiceTest()
     {
-        network.answer(answer, index);
-        QThreadPool::globalInstance()->waitForDone();
-        QCoreApplication::processEvents();
+        count(service);
+        settings.useFahrenheit.set(false);
     }
-    void answer(const QByteArray& body) { answer(HttpAnswer{body, {}}); }
+
     void answerForecast() { answer(bytes(forecastObject())); }
     std::string status() const { return service.status().toStdString(); }
-
-    ManualClock clock;
-    UserDefaults defaults = UserDefaults::temporary();
-    AppSettings settings{defaults};
-    RecordingHttpClient network;
-    RecordingLocation location;
-    WeatherService service{network, location, settings, clock, {}};
 };
 
 TEST_F(WeatherServiceTest, AsksForTheCityAndThenForItsWeather)
@@ -238,8 +211,6 @@ TEST_F(WeatherServiceTest, AnAnswerThatComesTooLateIsDropped)
 
 TEST_F(WeatherServiceTest, TellsOnlyWhatIsNew)
 {
-    int changes = 0;
-    QObject::connect(&service, &WeatherService::changed, [&changes] { ++changes; });
     location.setAuthorization(authorized);
     service.start();
     EXPECT_EQ(changes, 0) << "the first status is the one it begins with";
@@ -257,12 +228,8 @@ TEST_F(WeatherServiceTest, ShowsASampleWithoutBeingStarted)
     ASSERT_TRUE(sample);
     EXPECT_EQ(sample->place, u"New York"_s);
     EXPECT_TRUE(sample->isDay);
-    EXPECT_EQ(sample->sunrise, utc(2, 7, 35));
-    EXPECT_EQ(sample->sunset, utc(2, 18, 58));
     ASSERT_EQ(sample->days.size(), 7);
     EXPECT_EQ(sample->days.last().date, utc(8, 0, 0));
-    for (const WeatherDay& day : sample->days)
-        EXPECT_EQ(day.low, day.high - 9);
     EXPECT_TRUE(network.addresses.isEmpty());
 }
 
