@@ -1,24 +1,16 @@
 // SPDX-License-Identifier: MIT
 
-#include "faces/Locales.h"
 #include "faces/ReadingFeed.h"
 #include "faces/ReadingFunctions.h"
-#include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
 #include "platform/recording/RecordingSources.h"
+#include "services/ServiceTest.h"
 #include "services/SystemMonitor.h"
 #include "support/QuietServices.h"
 
-#include <gtest/gtest.h>
-
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
-QDateTime utc(int year, int month, int day, int hour, int minute)
+QDateTime moment(int year, int month, int day, int hour, int minute)
 {
     return {QDate(year, month, day), QTime(hour, minute), Qt::UTC};
 }
@@ -30,16 +22,16 @@ TEST(ClockReading, ShowsTheCityAcrossMidnightAndItsOffset)
     WidgetConfig config(WidgetKind::clock, Skin::glass);
     config.city = u"Auckland"_s;
     config.timeZone = u"Pacific/Auckland"_s;
-    const ClockReading there = clockReading(config, utc(2026, 1, 31, 23, 5), british, false);
+    const ClockReading there = clockReading(config, moment(2026, 1, 31, 23, 5), british, false);
     EXPECT_EQ(there.time(), u"12:05"_s);
     EXPECT_EQ(there.dateLine(), u"Sunday 1 February"_s);
     EXPECT_EQ(there.tag(), u"Auckland · 13 h ahead"_s);
     EXPECT_FALSE(there.second.has_value());
 
     config.timeZone = u"Asia/Kolkata"_s;
-    EXPECT_EQ(clockReading(config, utc(2026, 1, 31, 0, 0), british, false).offset, u"5 h 30 min ahead"_s);
+    EXPECT_EQ(clockReading(config, moment(2026, 1, 31, 0, 0), british, false).offset, u"5 h 30 min ahead"_s);
     config.timeZone = u"Nowhere/Atlantis"_s;
-    const ClockReading unknown = clockReading(config, utc(2026, 1, 31, 0, 7), british, false);
+    const ClockReading unknown = clockReading(config, moment(2026, 1, 31, 0, 7), british, false);
     EXPECT_EQ(unknown.time(), u"00:07"_s) << "an unknown zone shows the machine's time";
     EXPECT_EQ(unknown.tag(), u"Auckland"_s);
 }
@@ -49,7 +41,7 @@ TEST(ClockReading, TwelveHourClocksShowTwelveAtNoonAndMidnight)
     const WidgetConfig config(WidgetKind::clock, Skin::glass);
     const std::pair<int, const char*> cases[] = {{0, "12:30 AM"}, {9, "9:30 AM"}, {12, "12:30 PM"}, {23, "11:30 PM"}};
     for (const auto& [hour, text] : cases) {
-        const ClockReading reading = clockReading(config, utc(2026, 5, 1, hour, 30), american, false);
+        const ClockReading reading = clockReading(config, moment(2026, 5, 1, hour, 30), american, false);
         EXPECT_EQ((reading.time() + u' ' + reading.meridiem).toStdString(), text);
         EXPECT_EQ(reading.date, u"May 1"_s);
     }
@@ -69,7 +61,7 @@ TEST(CalendarReading, StartsWeeksAsTheLocaleDoes)
 TEST(CountdownReading, CountsDaysByTheCalendar)
 {
     WidgetConfig config(WidgetKind::countdown, Skin::glass);
-    const QDateTime now = utc(2026, 11, 21, 23, 0);
+    const QDateTime now = moment(2026, 11, 21, 23, 0);
     EXPECT_TRUE(countdownReading(config, now, british).notice);
     struct Case {
         QDateTime date;
@@ -91,37 +83,30 @@ TEST(CountdownReading, CountsDaysByTheCalendar)
     EXPECT_DOUBLE_EQ(countdownReading(config, now, british).progress, 0);
 }
 
-/// Counts how often it wakes somebody up.
-class WakingClock : public ManualClock {
-public:
-    using ManualClock::ManualClock;
+TEST(QuoteReading, ShowsASayingOrAWordAsTheWidgetIsSet)
+{
+    WidgetConfig config(WidgetKind::quote, Skin::glass);
+    const QDate day(2026, 11, 21);
+    const QuoteReading saying = quoteReading(config, day);
+    EXPECT_EQ(saying.text, u"Imagination is more important than knowledge."_s);
+    EXPECT_FALSE(saying.word);
+    EXPECT_TRUE(saying.note.isEmpty());
+    config.quoteWords = true;
+    const QuoteReading word = quoteReading(config, day);
+    EXPECT_EQ(word.source, u"Saudade"_s);
+    EXPECT_TRUE(word.word);
+    EXPECT_FALSE(word.note.isEmpty());
+    EXPECT_NE(quoteReading(config, day.addDays(1)), word);
+}
 
-    Ticket after(std::chrono::milliseconds delay, Work work) override
+struct FeedTest : ServiceTest {
+    FeedTest()
+        : ServiceTest(moment(2026, 11, 21, 10, 0))
     {
-        return ManualClock::after(delay, [this, work = std::move(work)] {
-            ++m_wakes;
-            work();
-        });
-    }
-    /// While that much time passes.
-    int wakesIn(std::chrono::milliseconds time)
-    {
-        const int before = m_wakes;
-        advance(time);
-        return m_wakes - before;
     }
 
-private:
-    int m_wakes = 0;
-};
-
-class FeedTest : public testing::Test {
-protected:
-    WakingClock clock{utc(2026, 11, 21, 10, 0)};
     RecordingSources machine;
     SystemMonitor monitor{machine.sources(), clock};
-    UserDefaults defaults = UserDefaults::temporary();
-    AppSettings settings{defaults};
     QuietServices services{settings, defaults, clock};
     ReadingFeed feed{{monitor, services.live, settings}, clock, british};
 
@@ -150,7 +135,6 @@ TEST_F(FeedTest, TellsWhichKindsMayHaveChanged)
 
 TEST_F(FeedTest, WakesUpAsOftenAsSomebodySeesAChange)
 {
-    using namespace std::chrono_literals;
     const WidgetKinds track = kindSet({WidgetKind::nowPlaying});
     const WidgetKinds clocks = kindSet({WidgetKind::clock});
     struct Case {
@@ -175,13 +159,14 @@ TEST_F(FeedTest, WakesUpAsOftenAsSomebodySeesAChange)
         watched.setAudience(c.audience);
         if (c.plays)
             quiet.live.player.loadPreviewData({});
-        EXPECT_EQ(clock.wakesIn(1min), c.wakes) << c.what;
+        clock.wakes = 0;
+        clock.advance(1min);
+        EXPECT_EQ(clock.wakes, c.wakes) << c.what;
     }
 }
 
 TEST_F(FeedTest, TellsTheStartOfEverySecondAndAllThatWasMissed)
 {
-    using namespace std::chrono_literals;
     QStringList told;
     QObject::connect(&feed, &ReadingFeed::changed, &feed, [&](const WidgetKinds& kinds) {
         const bool clocks = kinds == kindSet({WidgetKind::clock});
@@ -210,9 +195,8 @@ TEST_F(FeedTest, AMachineWithoutABatteryOrVolumesSaysSo)
 TEST(SystemReadingTest, TheSamplesReadAsTheyWereMade)
 {
     const SystemSample sample = previewSample();
-    const BatteryReading battery = batteryReading(sample);
-    EXPECT_EQ(battery.percent, 73);
-    EXPECT_FALSE(battery.low);
+    EXPECT_EQ(batteryReading(sample).percent, 73);
+    EXPECT_FALSE(batteryReading(sample).low);
     const ProcessesReading processes = processesReading(sample);
     ASSERT_EQ(processes.rows.size(), 8);
     EXPECT_EQ(processes.rows.first().percent, u"13.2%"_s);

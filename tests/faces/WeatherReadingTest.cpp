@@ -1,32 +1,12 @@
 // SPDX-License-Identifier: MIT
 
-#include "faces/Locales.h"
 #include "faces/ReadingFunctions.h"
-#include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
-#include "platform/recording/RecordingHttpClient.h"
-#include "platform/recording/RecordingLocation.h"
-#include "services/WeatherService.h"
-
-#include <QCoreApplication>
-#include <QThreadPool>
-
-#include <gtest/gtest.h>
+#include "services/WeatherSamples.h"
 
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
-QDateTime june(int day, int hour, int minute)
-{
-    return {QDate(2025, 6, day), QTime(hour, minute), Qt::UTC};
-}
-
-class WeatherReadingTest : public ::testing::Test {
-protected:
+struct WeatherReadingTest : WeatherTest {
     WeatherReadingTest()
     {
         location.setAuthorization(LocationAuthorization::authorized);
@@ -43,18 +23,9 @@ protected:
                                  .arg(isDay)
                                  .arg(QLatin1StringView(codes), QLatin1StringView(highs), QLatin1StringView(lows));
         Q_EMIT location.located({0, 0, u"Harbour"_s});
-        network.answer({body.toUtf8(), {}});
-        QThreadPool::globalInstance()->waitForDone();
-        QCoreApplication::processEvents();
+        answer(body.toUtf8());
         return weatherReading(service, british);
     }
-
-    ManualClock clock;
-    UserDefaults defaults = UserDefaults::temporary();
-    AppSettings settings{defaults};
-    RecordingHttpClient network;
-    RecordingLocation location;
-    WeatherService service{network, location, settings, clock, {}};
 };
 
 } // namespace
@@ -115,28 +86,28 @@ TEST(SkyReadingTest, ShowsTheSunOnItsWay)
         QDateTime now;
         std::optional<double> sun;
     };
-    const Case cases[] = {{"before sunrise", june(2, 9, 26), {}}, {"at sunrise", june(2, 9, 27), 0.0},
-        {"at noon", june(2, 16, 54), 0.5}, {"at sunset", june(3, 0, 21), 1.0}, {"after sunset", june(3, 0, 22), {}},
-        {"a day later, without news", june(3, 16, 54), 0.5}, {"the day before", june(1, 16, 54), 0.5}};
+    const Case cases[] = {{"before sunrise", utc(2, 9, 26), {}}, {"at sunrise", utc(2, 9, 27), 0.0},
+        {"at noon", utc(2, 16, 54), 0.5}, {"at sunset", utc(3, 0, 21), 1.0}, {"after sunset", utc(3, 0, 22), {}},
+        {"a day later, without news", utc(3, 16, 54), 0.5}, {"the day before", utc(1, 16, 54), 0.5}};
     for (const Case& each : cases) {
         const SkyReading reading = skyReading(each.now, weather, british);
         EXPECT_EQ(reading.sun, each.sun) << each.what;
         EXPECT_EQ(reading.sunrise, u"5:27"_s);
         EXPECT_EQ(reading.sunset, u"20:21"_s);
     }
-    EXPECT_EQ(skyReading(june(2, 12, 0), weather, american).sunset, u"8:21"_s);
-    EXPECT_EQ(skyReading(june(2, 13, 0), weather, british), skyReading(june(2, 13, 1), weather, british))
+    EXPECT_EQ(skyReading(utc(2, 12, 0), weather, american).sunset, u"8:21"_s);
+    EXPECT_EQ(skyReading(utc(2, 13, 0), weather, british), skyReading(utc(2, 13, 1), weather, british))
         << "a minute is no reason to paint";
 }
 
 TEST(SkyReadingTest, WithoutBothTimesThereIsTheMoonAlone)
 {
-    const QDateTime now = june(2, 12, 0);
+    const QDateTime now = utc(2, 12, 0);
     const SkyReading moon = skyReading(now, std::nullopt, british);
     EXPECT_FALSE(moon.phase.isEmpty());
     WeatherSnapshot weather;
     EXPECT_EQ(skyReading(now, weather, british), moon);
-    weather.sunrise = june(2, 0, 0);
+    weather.sunrise = utc(2, 0, 0);
     EXPECT_EQ(skyReading(now, weather, british), moon);
     weather.sunset = weather.sunrise; // as the poles have it
     EXPECT_EQ(skyReading(now, weather, british), moon);
