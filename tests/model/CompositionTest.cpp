@@ -95,17 +95,5 @@ TEST(CompositionTest, TheTopOfTheDesignIsAtTheTopOfTheScreen)
     }
 }
 
-TEST(CompositionTest, PresetsCarryTheirScales)
-{
-    const auto scaled = [](Skin skin, WidgetScale scale) {
-        return std::ranges::count_if(
-            Composition::preset(skin).spots, [scale](const Spot& spot) { return spot.scale == scale; });
-    };
-    EXPECT_EQ(scaled(Skin::overdrive, WidgetScale::huge), 1);
-    EXPECT_EQ(scaled(Skin::velvet, WidgetScale::large), 2);
-    EXPECT_EQ(Composition::preset(Skin::field), Composition::preset(Skin::fieldDark));
-    EXPECT_NE(Composition::preset(Skin::pulse), Composition::preset(Skin::prism));
-}
-
 } // namespace
 } // namespace ambrelle
