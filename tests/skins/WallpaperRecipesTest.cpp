@@ -4,7 +4,7 @@
 
 #include "wallpapers/PngWriter.h"
 
-#include <QCryptographicHash>
+#include <QPainter>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -14,23 +14,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray fingerprint(const QImage& picture)
-{
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (int y = 0; y < picture.height(); ++y)
-        hash.addData({reinterpret_cast<const char*>(picture.constScanLine(y)), 3L * picture.width()});
-    return hash.result();
-}
-
 TEST(WallpaperRecipes, SameBytesOnAnyNumberOfThreads)
 {
     const Wallpaper wallpaper(wallpaperRecipe, {});
-    QMap<QByteArray, Skin> seen;
+    QList<QImage> seen;
     for (const Skin skin : allCases<Skin>()) {
-        const QByteArray once = fingerprint(wallpaper.picture(skin, {1037, 411}, 1));
-        EXPECT_EQ(once, fingerprint(wallpaper.picture(skin, {1037, 411}, 3))) << qPrintable(rawValue(skin));
+        const QImage once = wallpaper.picture(skin, {1037, 411}, 1);
+        EXPECT_EQ(once, wallpaper.picture(skin, {1037, 411}, 3)) << qPrintable(rawValue(skin));
         EXPECT_FALSE(seen.contains(once)) << qPrintable(rawValue(skin)) << " looks like another skin";
-        seen.insert(once, skin);
+        seen.append(once);
     }
 }
 
@@ -62,11 +54,8 @@ TEST(Wallpaper, APhotographStandsInForTheRecipe)
     const QTemporaryDir photos;
     QImage photo(400, 100, QImage::Format_RGB32);
     photo.fill(Qt::blue);
-    for (int y = 0; y < 100; ++y)
-        for (int x = 150; x < 250; ++x)
-            photo.setPixelColor(x, y, Qt::red);
+    QPainter(&photo).fillRect(150, 0, 100, 100, Qt::red);
     ASSERT_TRUE(photo.save(photos.filePath(u"glass.jpg"_s), nullptr, 100));
-    ASSERT_TRUE(QFile(photos.filePath(u"glass.jpg"_s)).exists());
     QFile broken(photos.filePath(u"mono.jpg"_s));
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly) && broken.write("no picture") > 0);
     broken.close();

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+
+#include "skins/classic/BitPictures.h"
+#include "skins/hifi/Nixie.h"
+#include "skins/hifi/VuMeter.h"
+#include "skins/minimal/MinimalLook.h"
+#include "skins/SkinRegistry.h"
+#include "support/FaceStates.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QImage clockAt(double time)
+{
+    const FaceView clock = view(Skin::classic, WidgetKind::clock);
+    QImage image(clock.size().toSize(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    clock.draw(painter, stateReading(WidgetKind::clock, FaceState::sample, QLocale::c()), {.time = time});
+    return image;
+}
+
+TEST(ClassicSkin, WeatherPicturesFillTheirGridAndDiffer)
+{
+    QList<QPainterPath> seen;
+    for (int value = 0; value <= static_cast<int>(Sky::unknown); ++value) {
+        const QPainterPath& picture = classic::bitPicture(static_cast<Sky>(value));
+        EXPECT_TRUE(QRectF(0, 0, classic::pictureSide, classic::pictureSide).contains(picture.boundingRect())) << value;
+        EXPECT_FALSE(picture.isEmpty()) << value;
+        EXPECT_FALSE(seen.contains(picture)) << value;
+        seen.append(picture);
+    }
+}
+
+TEST(ClassicSkin, ColonIsDarkInOddSeconds)
+{
+    const QImage printed = clockAt(0);
+    EXPECT_EQ(printed, clockAt(800000000.25));
+    EXPECT_NE(printed, clockAt(800000001.25));
+}
+
+class HiFiParts : public testing::Test {
+protected:
+    QList<Canvas::MovingArea> movingAreas(const std::function<void(Canvas&)>& draw)
+    {
+        QPainter painter(&m_image);
+        Canvas canvas(painter, {});
+        draw(canvas);
+        return canvas.movingAreas();
+    }
+
+    SkinStyle m_style = hifi::makeStyle(std::nullopt);
+    hifi::VuMeter m_meter{.style = m_style, .window = Box(16, 38, 138, 70)};
+
+private:
+    QImage m_image{170, 170, QImage::Format_ARGB32_Premultiplied};
+};
+
+TEST_F(HiFiParts, NeedleSweepsFromLeftToRightInsideItsWindow)
+{
+    double before = -1;
+    for (const double fraction : {0.0, 0.25, 0.5, 0.85, 1.0}) {
+        const QPointF tip = m_meter.at(fraction, m_meter.radius() + 3.5);
+        EXPECT_TRUE(m_meter.window.contains(tip)) << fraction;
+        EXPECT_GT(tip.x(), before);
+        before = tip.x();
+    }
+    EXPECT_DOUBLE_EQ(m_meter.at(0.5, 10).x(), m_meter.window.center().x());
+}
+
+TEST_F(HiFiParts, NeedleRestsWithoutASignalAndElseMovesInATightArea)
+{
+    for (const double nothing : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_TRUE(movingAreas([&](Canvas& canvas) { m_meter.needle(canvas, nothing, 1); }).isEmpty()) << nothing;
+    for (const double fraction : {0.3, 1.0, 7.0}) {
+        const auto areas = movingAreas([&](Canvas& canvas) { m_meter.needle(canvas, fraction, 1); });
+        ASSERT_EQ(areas.size(), 1) << fraction;
+        EXPECT_TRUE(m_meter.window.contains(areas[0].area)) << fraction;
+        EXPECT_LT(areas[0].area.width(), m_meter.window.width() * 0.6) << fraction;
+    }
+}
+
+TEST_F(HiFiParts, TubesAreLitAtTimeZeroAndOnlyDigitsFlicker)
+{
+    const hifi::Nixies tubes{.style = m_style, .cap = 30, .name = u"t"_s};
+    const auto areas = movingAreas([&](Canvas& canvas) { tubes.draw(canvas, {0, 0, 170, 60}, u" 9:41"_s); });
+    EXPECT_EQ(areas.size(), 3); // the blank and the colon stay as they are
+    for (const Canvas::MovingArea& area : areas)
+        EXPECT_GT(area.motion.next(0), area.motion.burst) << "a burst runs at time 0";
+}
+
+/// The look without what light and dark may change.
+MinimalLook measuresOf(Skin skin)
+{
+    MinimalLook look = MinimalLook::original(skin);
+    look.skin = Skin::polar;
+    for (QColor MinimalLook::*colour :
+        {&MinimalLook::ink, &MinimalLook::soft, &MinimalLook::faint, &MinimalLook::accent, &MinimalLook::accent2,
+            &MinimalLook::accent3, &MinimalLook::panelFill, &MinimalLook::up, &MinimalLook::down, &MinimalLook::warn,
+            &MinimalLook::border, &MinimalLook::shadow, &MinimalLook::cloud, &MinimalLook::key})
+        look.*colour = QColor();
+    look.wash = look.tint = look.coverWash = look.plateBorder = 0;
+    return look;
+}
+
+TEST(MinimalLook, ChangingBetweenLightAndDarkMovesNothing)
+{
+    EXPECT_EQ(measuresOf(Skin::slate), measuresOf(Skin::lumen));
+    EXPECT_EQ(measuresOf(Skin::field), measuresOf(Skin::fieldDark));
+    EXPECT_NE(measuresOf(Skin::slate), measuresOf(Skin::field));
+}
+
+TEST(MinimalLook, AnAccentReplacesTheAccentOnly)
+{
+    const QColor coral(255, 115, 102);
+    for (const Skin skin : {Skin::polar, Skin::mono, Skin::slate, Skin::lumen, Skin::field, Skin::fieldDark}) {
+        MinimalLook expected = MinimalLook::original(skin);
+        EXPECT_EQ(expected.skin, skin);
+        expected.accent = coral;
+        EXPECT_EQ(MinimalLook::original(skin).accented(coral), expected);
+        EXPECT_EQ(expected.style().accent, coral);
+    }
+}
+
+} // namespace
+} // namespace ambrelle
