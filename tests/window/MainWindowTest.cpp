@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Colours.h"
 #include "window/AppLook.h"
 #include "window/MainWindowController.h"
 #include "window/SymbolIcon.h"
@@ -10,8 +11,6 @@
 #include <QToolButton>
 
 #include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace ambrelle {
 namespace {
@@ -34,21 +33,6 @@ void press(QWidget& widget, Qt::Key key)
         QApplication::sendEvent(&widget, &event);
     }
     QCoreApplication::processEvents();
-}
-
-double luminance(const QColor& colour)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other)
-{
-    const double a = luminance(one) + 0.05;
-    const double b = luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
 }
 
 TEST(MainWindow, KeepsItsTabWhileClosedAndIsGoneMeanwhile)
@@ -115,7 +99,7 @@ TEST(AppLook, EveryTextIsLegible)
             EXPECT_GE(contrast(palette.color(text), palette.color(ground)), 4.5) << dark << ' ' << text;
         EXPECT_GE(
             contrast(palette.color(QPalette::Disabled, QPalette::WindowText), palette.color(QPalette::Window)), 4.5);
-        EXPECT_EQ(luminance(palette.color(QPalette::Window)) < 0.5, dark);
+        EXPECT_EQ(palette.color(QPalette::Window).lightnessF() < 0.5F, dark);
     }
 }
 

@@ -26,8 +26,6 @@
 namespace ambrelle {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 class TranslationTest : public testing::Test {
 protected:
     OtherLetters letters; // first: texts are made from now on
