@@ -135,11 +135,6 @@ TEST(MinuteBeatTest, ASlowedWallClockIsWaitedFor)
     EXPECT_EQ(log, QStringList{u"01:00.000"_s});
 }
 
-int openDescriptors()
-{
-    return static_cast<int>(QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size());
-}
-
 TEST(SystemClockTest, EqualPeriodsShareAWakeUp)
 {
     SystemClock clock;
@@ -186,7 +181,10 @@ TEST(SystemClockTest, NothingIsWatchedWhileNobodyWaitsForMinutes)
 {
     SystemClock clock;
     QEventLoop().processEvents();
-    const int before = openDescriptors();
+    const auto openDescriptors = [] {
+        return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
+    };
+    const qsizetype before = openDescriptors();
     Ticket minutes = clock.everyMinute([] {});
     Ticket others = clock.everyMinute([] {});
     EXPECT_GT(openDescriptors(), before);

@@ -40,6 +40,8 @@ TEST(JsonFormTest, MalformedValuesAreRefused)
     for (const char* text : {R"(["{67c8770b-44f1-410a-ab9a-f9b5446f13ee}"])", R"(["67c8770b44f1410aab9af9b5446f13ee"])",
              R"(["67c8770b-44f1-410a-ab9a-f9b5446f13eg"])", R"(["00000000-0000-0000-0000-000000000000"])", "[1]"})
         EXPECT_FALSE(JsonForm<QUuid>::read(parsed(text))) << text;
+    EXPECT_TRUE(JsonForm<QUuid>::read(parsed(R"(["67c8770b-44f1-410a-ab9a-f9b5446f13ee"])")))
+        << "small letters are fine";
     for (const char* text : {"[1e300]", "[-1e12]", "[\"2025-01-01\"]", "[true]"})
         EXPECT_FALSE(JsonForm<QDateTime>::read(parsed(text))) << text;
 }
@@ -52,13 +54,6 @@ TEST(JsonFormTest, DatesCountFrom2001)
     EXPECT_EQ(JsonForm<QDateTime>::read(JsonForm<QDateTime>::write(date)), date);
     const QDateTime before(QDate(1850, 1, 1), QTime(0, 0, 0, 1), Qt::UTC);
     EXPECT_EQ(JsonForm<QDateTime>::read(JsonForm<QDateTime>::write(before)), before);
-}
-
-TEST(JsonFormTest, IdentifiersAreWrittenInCapitals)
-{
-    const QJsonValue lower = u"67c8770b-44f1-410a-ab9a-f9b5446f13ee"_s;
-    const QUuid id = JsonForm<QUuid>::read(lower).value();
-    EXPECT_EQ(JsonForm<QUuid>::write(id).toString(), u"67C8770B-44F1-410A-AB9A-F9B5446F13EE"_s);
 }
 
 } // namespace
