@@ -3,13 +3,10 @@
 #include "app/WordingFile.h"
 
 #include "foundation/Wording.h"
+#include "support/TestFolder.h"
 
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTranslator>
-
-#include <gtest/gtest.h>
 
 namespace ambrelle {
 
@@ -21,11 +18,6 @@ class WordingFileTest : public testing::Test {
 protected:
     ~WordingFileTest() override { qDeleteAll(application.findChildren<QTranslator*>(Qt::FindDirectChildrenOnly)); }
 
-    void write(const QString& name, const QByteArray& bytes) const
-    {
-        QFile file(folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
     /// A compiled wording of these sources, each put as itself with the language's name.
     void compile(const QByteArray& language, const QByteArrayList& sources) const
     {
@@ -34,14 +26,14 @@ protected:
             messages += "<message><source>" + source + "</source><translation>" + source + ' ' + language
                 + "</translation></message>";
         const QString name = u"ambrelle_"_s + QString::fromLatin1(language);
-        write(name + u".ts"_s, R"(<TS version="2.1"><context><name>ambrelle</name>)" + messages + "</context></TS>");
-        const QStringList arguments{
-            u"-silent"_s, folder.filePath(name + u".ts"_s), u"-qm"_s, folder.filePath(name + u".qm"_s)};
+        const QString sourceFile = folder.write(
+            name + u".ts"_s, R"(<TS version="2.1"><context><name>ambrelle</name>)" + messages + "</context></TS>");
+        const QStringList arguments{u"-silent"_s, sourceFile, u"-qm"_s, folder.filePath(name + u".qm"_s)};
         EXPECT_EQ(QProcess::execute(QString::fromUtf8(AMBRELLE_LRELEASE), arguments), 0);
     }
 
     QCoreApplication& application = *QCoreApplication::instance();
-    QTemporaryDir folder;
+    const TestFolder folder;
 };
 
 TEST_F(WordingFileTest, WordsTextsInTheUsersLanguageAndTheRestInEnglish)
@@ -59,7 +51,7 @@ TEST_F(WordingFileTest, AMissingOrDamagedFileLeavesEnglishOrTheSources)
     WordingFile::install(application, folder.filePath(u"nowhere"_s), QLocale(QLocale::German));
     EXPECT_EQ(Wording::tr("one"), u"one"_s);
     compile("en", {"one"});
-    write(u"ambrelle_de.qm"_s, "no wording");
+    folder.write(u"ambrelle_de.qm"_s, "no wording");
     for (const auto language : {QLocale::German, QLocale::French, QLocale::C, QLocale::English}) {
         WordingFile::install(application, folder.path(), QLocale(language));
         EXPECT_EQ(Wording::tr("one"), u"one en"_s) << QLocale::languageToCode(language).toStdString();

@@ -11,12 +11,13 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 /// A message bus of the test's own. It ends with all connections that were made to it here.
 class PrivateBus {
 public:
     PrivateBus()
     {
-        using namespace Qt::StringLiterals;
         const QString daemon = QStandardPaths::findExecutable(u"dbus-daemon"_s);
         if (daemon.isEmpty())
             return;

@@ -5,14 +5,8 @@
 #include "foundation/UserDefaults.h"
 #include "platform/recording/RecordingDesktopPicture.h"
 #include "platform/recording/RecordingWindowHost.h"
-#include "support/WaitUntil.h"
-
-#include <QDir>
-#include <QEventLoop>
-#include <QTemporaryDir>
-#include <QTimer>
-
-#include <gtest/gtest.h>
+#include "support/AnswerOf.h"
+#include "support/TestFolder.h"
 
 #include <atomic>
 #include <csignal>
@@ -50,33 +44,17 @@ struct DesktopWallpaperTest : testing::Test {
     QString path(const QString& name) const { return folder.filePath(u"Wallpapers/"_s + name); }
     QStringList files() const { return QDir(folder.filePath(u"Wallpapers"_s)).entryList(QDir::Files | QDir::Hidden); }
 
-    /// Calls `ask` and waits for its answer.
-    template <typename Ask> QString answerOf(Ask ask)
+    /// With a skin or a file; gives what went wrong.
+    QString apply(const auto& what)
     {
-        QEventLoop loop;
-        QString answer = u"no answer"_s;
-        bool came = false;
-        ask([&](const QString& error) {
-            answer = error;
-            came = true;
-            loop.quit();
-        });
-        if (!came) {
-            QTimer::singleShot(std::chrono::seconds(60), &loop, &QEventLoop::quit);
-            loop.exec();
-        }
-        return answer;
+        return answerOf<QString>([&](const auto& done) { wallpaper.apply(what, done); }, Answered::anyTime);
     }
-    QString apply(Skin skin)
+    QString giveBackPrevious()
     {
-        return answerOf([&](const auto& done) { wallpaper.apply(skin, done); });
-    }
-    QString apply(const QString& file)
-    {
-        return answerOf([&](const auto& done) { wallpaper.apply(file, done); });
+        return answerOf<QString>([this](const auto& done) { wallpaper.giveBackPrevious(done); }, Answered::anyTime);
     }
 
-    QTemporaryDir folder;
+    const TestFolder folder;
     RecordingWindowHost host;
     RecordingDesktopPicture picture;
     UserDefaults defaults = UserDefaults::temporary();
@@ -125,10 +103,9 @@ TEST_F(DesktopWallpaperTest, FailuresLeaveTheOldPictureAndNoHalfFile)
 
     const QStringList before = files();
     QFile::rename(folder.filePath(u"Wallpapers"_s), folder.filePath(u"Away"_s));
-    QFile inTheWay(folder.filePath(u"Wallpapers"_s));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    const QString inTheWay = folder.write(u"Wallpapers"_s, {});
     EXPECT_TRUE(apply(Skin::paper).contains("cannot be written"_L1));
-    inTheWay.remove();
+    QFile::remove(inTheWay);
     QFile::rename(folder.filePath(u"Away"_s), folder.filePath(u"Wallpapers"_s));
     EXPECT_EQ(files(), before);
     EXPECT_EQ(wallpaper.currentSkin(), Skin::mono);
@@ -179,13 +156,13 @@ TEST_F(DesktopWallpaperTest, TheUsersOwnPictureCanBeGivenBack)
     ASSERT_TRUE(wallpaper.hasPrevious());
 
     picture.failure = u"Not now."_s;
-    EXPECT_EQ(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }), u"Not now."_s);
+    EXPECT_EQ(giveBackPrevious(), u"Not now."_s);
     EXPECT_TRUE(wallpaper.hasPrevious());
     picture.failure.clear();
-    EXPECT_EQ(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }), QString());
+    EXPECT_EQ(giveBackPrevious(), QString());
     EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"holiday"_s}}));
     EXPECT_FALSE(wallpaper.hasPrevious());
-    EXPECT_FALSE(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }).isEmpty());
+    EXPECT_FALSE(giveBackPrevious().isEmpty());
 }
 
 TEST_F(DesktopWallpaperTest, APictureThatTheUserSetLaterIsRememberedInstead)
@@ -194,7 +171,7 @@ TEST_F(DesktopWallpaperTest, APictureThatTheUserSetLaterIsRememberedInstead)
     picture.shown[u"LEFT"_s] = u"/home/user/garden.jpg"_s;
     picture.memory = {{u"uri"_s, u"garden"_s}};
     ASSERT_EQ(apply(Skin::neon), QString());
-    ASSERT_EQ(answerOf([&](const auto& done) { wallpaper.giveBackPrevious(done); }), QString());
+    ASSERT_EQ(giveBackPrevious(), QString());
     EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"garden"_s}}));
 }
 
@@ -256,18 +233,15 @@ TEST_F(DesktopWallpaperTest, NewScreensGetTheirSizeOnlyOfOurPictures)
 TEST_F(DesktopWallpaperTest, ExtrasAreCopiedOnceAndOnlyPictures)
 {
     EXPECT_EQ(wallpaper.extras(), QStringList());
-    ASSERT_TRUE(QDir().mkpath(folders.extras));
-    for (const QString& name : {u"dunes.jpg"_s, u"sea.jpeg"_s, u"notes.txt"_s}) {
-        QFile file(folders.extras + u'/' + name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(name.toUtf8());
-    }
+    for (const QString& name : {u"dunes.jpg"_s, u"sea.jpeg"_s, u"notes.txt"_s})
+        folder.write(u"Extras/"_s + name, name.toUtf8());
     const QString dunes = folders.extras + u"/dunes.jpg"_s;
     EXPECT_EQ(wallpaper.extras(), (QStringList{dunes, folders.extras + u"/sea.jpeg"_s}));
     const QString installed = path(u"extra-dunes.jpg"_s);
     EXPECT_EQ(wallpaper.installedURL(dunes), installed);
     for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(answerOf([&](const auto& done) { wallpaper.applyExtra(dunes, done); }), QString());
+        const auto applyDunes = [&](const auto& done) { wallpaper.applyExtra(dunes, done); };
+        EXPECT_EQ(answerOf<QString>(applyDunes, Answered::anyTime), QString());
         EXPECT_EQ(wallpaper.currentURL(), installed);
         EXPECT_EQ(wallpaper.currentSkin(), std::nullopt);
         QFile(dunes).remove();

@@ -5,14 +5,9 @@
 #include "foundation/UserDefaults.h"
 #include "platform/recording/RecordingDesktopPicture.h"
 #include "platform/recording/RecordingWindowHost.h"
+#include "support/TestFolder.h"
 #include "support/WaitUntil.h"
 #include "wallpapers/DesktopWallpaper.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace ambrelle;
 using namespace Qt::StringLiterals;
@@ -31,17 +26,11 @@ struct WallpaperShuffleTest : testing::Test {
         screen.connector = u"MAIN"_s;
         screen.frame = QRectF(0, 0, 40, 30);
         host.setScreens({screen});
-        custom = {make(u"custom/one.png"_s), make(u"custom/two.png"_s), home.filePath(u"custom/gone.png"_s)};
-        extra = make(u"extras/fjord.jpg"_s);
+        custom = {home.write(u"custom/one.png"_s, {}), home.write(u"custom/two.png"_s, {}),
+            home.filePath(u"custom/gone.png"_s)};
+        extra = home.write(u"extras/fjord.jpg"_s, {});
     }
 
-    QString make(const QString& name) const
-    {
-        QString path = home.filePath(name);
-        QDir().mkpath(QFileInfo(path).path());
-        EXPECT_TRUE(QFile(path).open(QIODevice::WriteOnly));
-        return path;
-    }
     QList<Candidate> candidatesWhileShowing(const QString& file)
     {
         picture.shown.insert(u"MAIN"_s, file);
@@ -57,7 +46,7 @@ struct WallpaperShuffleTest : testing::Test {
         return picture.shown.value(u"MAIN"_s);
     }
 
-    QTemporaryDir home;
+    const TestFolder home;
     RecordingWindowHost host;
     RecordingDesktopPicture picture;
     UserDefaults defaults = UserDefaults::temporary();

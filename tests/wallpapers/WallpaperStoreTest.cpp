@@ -2,13 +2,8 @@
 
 #include "wallpapers/WallpaperStore.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QEventLoop>
-#include <QTemporaryDir>
-#include <QTimer>
-
-#include <gtest/gtest.h>
+#include "support/TestFolder.h"
+#include "support/WaitUntil.h"
 
 #include <atomic>
 
@@ -37,21 +32,16 @@ protected:
     ImageDiskCache cache(int build = 7) const { return {m_folder.filePath(u"Previews"_s), build}; }
     QStringList files() const { return QDir(m_folder.filePath(u"Previews"_s)).entryList(QDir::Files); }
 
-    QTemporaryDir m_folder;
+    const TestFolder m_folder;
 };
 
 /// Waits for the store's next picture.
 bool waitFor(WallpaperStore& store)
 {
-    QEventLoop loop;
     bool came = false;
-    QObject::connect(&store, &WallpaperStore::changed, &loop, [&] {
-        came = true;
-        loop.quit();
-    });
-    QTimer::singleShot(std::chrono::seconds(60), &loop, &QEventLoop::quit);
-    loop.exec();
-    return came;
+    QObject context;
+    QObject::connect(&store, &WallpaperStore::changed, &context, [&came] { came = true; });
+    return waitUntil([&came] { return came; });
 }
 
 bool isGreen(const QImage& image)
@@ -109,19 +99,14 @@ TEST_F(WallpaperStoreTest, TheDiskKeepsThemForTheSameBuildOnly)
 TEST_F(WallpaperStoreTest, DamagedCacheFilesArePaintedAnew)
 {
     const QString url = cache().url(u"wallpaper-field"_s);
-    ASSERT_TRUE(QDir().mkpath(m_folder.filePath(u"Previews"_s)));
-    QFile file(url);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("\xFF\xD8\xFF\xE0 and so on");
-    file.close();
+    m_folder.write(u"Previews/"_s + QFileInfo(url).fileName(), "\xFF\xD8\xFF\xE0 and so on");
     EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
     EXPECT_FALSE(ImageDiskCache::read(url).isNull());
 }
 
 TEST_F(WallpaperStoreTest, AFolderThatCannotBeWrittenIsNoFailure)
 {
-    QFile inTheWay(m_folder.filePath(u"Previews"_s));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    m_folder.write(u"Previews"_s, {}); // a file in the way
     EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
 }
 

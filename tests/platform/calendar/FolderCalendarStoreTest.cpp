@@ -4,13 +4,9 @@
 
 #include "foundation/ManualClock.h"
 #include "platform/calendar/CalendarBook.h"
+#include "support/AnswerOf.h"
 #include "support/TestData.h"
-#include "support/WaitUntil.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
+#include "support/TestFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -43,70 +39,46 @@ QByteArray calendar(const QByteArray& content)
 
 class FolderCalendarStoreTest : public ::testing::Test {
 protected:
-    QString path(const QString& name) const { return m_folder.filePath(name); }
-    void write(const QString& name, const QByteArray& content) const
-    {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
-        ASSERT_EQ(file.write(content), content.size());
-    }
-    QByteArray read(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QString path(const QString& name) const { return folder.filePath(name); }
+    void write(const QString& name, const QByteArray& content) const { folder.write(name, content); }
     bool waitUntil(const std::function<bool()>& condition)
     {
         return ambrelle::waitUntil([&] {
-            if (condition())
-                return true;
             clock.advance(20ms);
-            return false;
+            return condition();
         });
+    }
+    template <typename Value> Value later(const std::function<void(std::function<void(const Value&)>)>& ask)
+    {
+        return answerOf<Value>(ask, Answered::later, [this] { clock.advance(20ms); });
     }
     bool access(FolderCalendarStore& store)
     {
-        std::optional<bool> granted;
-        store.requestAccess(&m_context, [&granted](bool answer) { granted = answer; });
-        EXPECT_FALSE(granted); // never at once
-        EXPECT_TRUE(waitUntil([&granted] { return granted.has_value(); }));
-        return granted.value_or(false);
+        return later<bool>([&](const auto& done) { store.requestAccess(&context, done); });
     }
     QStringList titles(FolderCalendarStore& store, const QStringList& calendars)
     {
-        std::optional<QStringList> titles;
-        const QDateTime today(QDate(2025, 6, 2), QTime(0, 0), Qt::UTC);
-        store.events(today, today.addDays(7), calendars, &m_context, [&titles](const QList<CalendarEvent>& events) {
-            titles.emplace();
-            for (const CalendarEvent& each : events)
-                titles->append(each.title);
-            titles->sort();
-        });
-        EXPECT_TRUE(waitUntil([&titles] { return titles.has_value(); }));
-        return titles.value_or(QStringList());
+        QStringList titles;
+        for (const CalendarEvent& each : later<QList<CalendarEvent>>(
+                 [&](const auto& done) { store.events(today, today.addDays(7), calendars, &context, done); }))
+            titles.append(each.title);
+        titles.sort();
+        return titles;
     }
     QList<CalendarReminder> reminders(FolderCalendarStore& store)
     {
-        std::optional<QList<CalendarReminder>> found;
-        store.reminders(clock.now(), &m_context, [&found](const QList<CalendarReminder>& answer) { found = answer; });
-        EXPECT_TRUE(waitUntil([&found] { return found.has_value(); }));
-        return found.value_or(QList<CalendarReminder>());
+        return later<QList<CalendarReminder>>([&](const auto& done) { store.reminders(clock.now(), &context, done); });
     }
     bool complete(FolderCalendarStore& store, const QString& identifier)
     {
-        std::optional<bool> saved;
-        store.complete(identifier, moment, &m_context, [&saved](bool answer) { saved = answer; });
-        EXPECT_TRUE(waitUntil([&saved] { return saved.has_value(); }));
-        return saved.value_or(false);
+        return later<bool>([&](const auto& done) { store.complete(identifier, moment, &context, done); });
     }
 
     ManualClock clock;
-    const QDateTime moment{QDate(2025, 6, 2), QTime(10, 0), Qt::UTC};
-
-private:
-    QTemporaryDir m_folder;
-    QObject m_context;
+    const QDateTime today{QDate(2025, 6, 2), QTime(0, 0), Qt::UTC};
+    const QDateTime moment = today.addSecs(10 * 3600);
+    const TestFolder folder;
+    QObject context;
 };
 
 TEST_F(FolderCalendarStoreTest, FoldersAndFilesAreCalendars)
@@ -217,12 +189,12 @@ TEST_F(FolderCalendarStoreTest, CompletesRemindersInTheirFiles)
     auto found = reminders(store);
     ASSERT_EQ(found.size(), 2);
     EXPECT_EQ(found[0].title, u"daily"_s);
-    EXPECT_EQ(found[0].due, QDateTime(QDate(2025, 6, 2), QTime(0, 0), Qt::UTC));
+    EXPECT_EQ(found[0].due, today);
     EXPECT_FALSE(found[0].hasTime);
     EXPECT_EQ(found[1].due, std::nullopt);
     EXPECT_TRUE(complete(store, found[1].identifier));
     EXPECT_EQ(changes, 1);
-    EXPECT_EQ(read(u"root/list/plain.ics"_s),
+    EXPECT_EQ(folder.read(u"root/list/plain.ics"_s),
         calendar(reminder("plain",
             "X-KEPT:as it is\r\nSTATUS:COMPLETED\r\nCOMPLETED:20250602T100000Z\r\nPERCENT-COMPLETE:100\r\n"
             "LAST-MODIFIED:20250602T100000Z\r\nSEQUENCE:1\r\n")));
@@ -232,7 +204,7 @@ TEST_F(FolderCalendarStoreTest, CompletesRemindersInTheirFiles)
     EXPECT_TRUE(complete(store, found[0].identifier));
     found = reminders(store);
     ASSERT_EQ(found.size(), 1);
-    EXPECT_EQ(found[0].due, QDateTime(QDate(2025, 6, 3), QTime(0, 0), Qt::UTC));
+    EXPECT_EQ(found[0].due, today.addDays(1));
     EXPECT_EQ(QDir(path(u"root/list"_s)).entryList(QDir::Files | QDir::Hidden).size(), 2); // nothing left lying about
 
     EXPECT_FALSE(complete(store, u"nothing"_s));
@@ -274,18 +246,10 @@ TEST_F(FolderCalendarStoreTest, ThousandsOfItemsAreReadOnAnotherThread)
     for (int i = 0; i < 1000; ++i)
         write(u"root/items/%1.ics"_s.arg(i), calendar(event("item" + QByteArray::number(i))));
     FolderCalendarStore store(clock, {path(u"root"_s)});
-    std::optional<bool> granted;
-    QObject context;
     const double before = secondsOf(CLOCK_THREAD_CPUTIME_ID);
     const double allBefore = secondsOf(CLOCK_PROCESS_CPUTIME_ID);
-    store.requestAccess(&context, [&granted](bool answer) { granted = answer; });
-    ASSERT_TRUE(waitUntil([&granted] { return granted.has_value(); }));
-    qsizetype found = 0;
-    const QDateTime today(QDate(2025, 6, 2), QTime(0, 0), Qt::UTC);
-    store.events(today, today.addDays(7), {path(u"root/many.ics"_s), path(u"root/items"_s)}, &context,
-        [&found](const QList<CalendarEvent>& events) { found = events.size(); });
-    EXPECT_TRUE(waitUntil([&found] { return found > 0; }));
-    EXPECT_EQ(found, 1010);
+    ASSERT_TRUE(access(store));
+    EXPECT_EQ(titles(store, {path(u"root/many.ics"_s), path(u"root/items"_s)}).size(), 1010);
     const double all = secondsOf(CLOCK_PROCESS_CPUTIME_ID) - allBefore;
     EXPECT_LT(secondsOf(CLOCK_THREAD_CPUTIME_ID) - before, all / 3);
 }

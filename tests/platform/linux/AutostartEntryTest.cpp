@@ -2,14 +2,10 @@
 
 #include "platform/linux/desktop/AutostartEntry.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "support/TestFolder.h"
+
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace ambrelle {
 namespace {
@@ -20,27 +16,16 @@ const QString name = u"/autostart/org.ambrelle.Ambrelle.desktop"_s;
 
 class AutostartEntryTest : public ::testing::Test {
 protected:
-    QTemporaryDir folder;
-    QString user = folder.path() + u"/user"_s;
-    QString system = folder.path() + u"/system"_s;
+    const TestFolder folder;
+    const QString user = folder.filePath(u"user"_s);
     AutostartEntry entry = makeEntry(u"/opt/ambrelle/bin/ambrelle"_s);
 
     AutostartEntry makeEntry(const QString& program) const
     {
-        return AutostartEntry(program, {user, {folder.path() + u"/none"_s, system}});
+        return AutostartEntry(program, {user, {folder.filePath(u"none"_s), folder.filePath(u"system"_s)}});
     }
-    static void write(const QString& root, const QByteArray& text)
-    {
-        QDir().mkpath(root + u"/autostart"_s);
-        QFile file(root + name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-    QByteArray written() const
-    {
-        QFile file(user + name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    void write(const QString& root, const QByteArray& text) const { folder.write(root + name, text); }
+    QByteArray written() const { return folder.read(u"user"_s + name); }
     bool isOn() const { return entry.status() == LoginItem::Status::enabled; }
 };
 
@@ -65,9 +50,9 @@ TEST_F(AutostartEntryTest, WhoeverWroteItTheEntrySaysWhetherTheProgramStarts)
          }) {
         QDir(folder.path()).removeRecursively();
         if (each.user)
-            write(user, group + each.user);
+            write(u"user"_s, group + each.user);
         if (each.system)
-            write(system, group + each.system);
+            write(u"system"_s, group + each.system);
         EXPECT_EQ(isOn(), each.on) << (each.user ? each.user : "-") << '/' << (each.system ? each.system : "-");
         for (const bool on : {!each.on, each.on, each.on}) {
             EXPECT_EQ(entry.setEnabled(on), QString());
@@ -87,7 +72,7 @@ TEST_F(AutostartEntryTest, TurnedOffItLeavesNothingButWhatTheUserAdded)
 
     const QByteArray own = "# mine\n[Desktop Entry]\nType=Application\nName=Ambrelle\nName[de]=Meins\n"
                            "Exec=sh -c \"sleep 5; ambrelle\"\nOnlyShowIn=XFCE;\n\n[Desktop Action X]\nExec=x\n";
-    write(user, own);
+    write(u"user"_s, own);
     entry.setEnabled(false);
     EXPECT_NE(written(), own);
     entry.setEnabled(true);
@@ -118,19 +103,17 @@ TEST_F(AutostartEntryTest, AnyPathOfTheProgramGivesAValidEntry)
 TEST_F(AutostartEntryTest, ARefusalSaysSoAndLosesNothing)
 {
     const QString message = u"Couldn't change the login item: "_s;
-    QFile file(user); // where a folder should be
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
+    folder.write(u"user"_s, {}); // where a folder should be
     EXPECT_TRUE(entry.setEnabled(true).startsWith(message));
     EXPECT_FALSE(isOn());
-    file.remove();
+    QFile::remove(user);
 
     QDir().mkpath(user + name + u"/kept"_s); // a folder where the file should be
     EXPECT_TRUE(entry.setEnabled(true).startsWith(message));
     EXPECT_TRUE(QFileInfo(user + name + u"/kept"_s).isDir());
     QDir(user).removeRecursively();
 
-    write(user, "a letter\n");
+    write(u"user"_s, "a letter\n");
     EXPECT_TRUE(entry.setEnabled(true).startsWith(message));
     EXPECT_EQ(written(), "a letter\n");
 }

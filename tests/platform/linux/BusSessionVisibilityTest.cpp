@@ -2,8 +2,7 @@
 
 #include "platform/linux/bus/BusSessionVisibility.h"
 #include "support/MockBus.h"
-
-#include <gtest/gtest.h>
+#include "support/Variable.h"
 
 namespace ambrelle {
 
@@ -22,9 +21,7 @@ protected:
     {
         if (!bus.isRunning())
             GTEST_SKIP() << "dbus-daemon is not installed";
-        qputenv("XDG_SESSION_ID", "c7");
     }
-    void TearDown() override { qunsetenv("XDG_SESSION_ID"); }
 
     void open()
     {
@@ -62,6 +59,7 @@ protected:
             {QLatin1StringView(sessionInterface), changes});
     }
 
+    const test::Variable session{"XDG_SESSION_ID", "c7"};
     MockBus bus;
     std::unique_ptr<BusSessionVisibility> visibility;
     int told = 0;

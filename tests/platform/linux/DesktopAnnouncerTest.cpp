@@ -3,14 +3,13 @@
 #include "platform/linux/desktop/DesktopAnnouncer.h"
 
 #include "support/MockBus.h"
+#include "support/TestFolder.h"
+#include "support/Variable.h"
 
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QLibrary>
-#include <QTemporaryDir>
 
 #include <csignal>
-#include <gtest/gtest.h>
 
 namespace ambrelle {
 
@@ -67,22 +66,7 @@ TEST(DesktopAnnouncerTest, WithoutABusNothingHappens)
 /// A machine whose sound card is a file.
 class EventSoundsTest : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
-        qputenv("CANBERRA_DRIVER", "alsa");
-        qputenv("ALSA_CONFIG_PATH", QFile::encodeName(folder.filePath(u"asound.conf"_s)));
-    }
-    void TearDown() override
-    {
-        qunsetenv("CANBERRA_DRIVER");
-        qunsetenv("ALSA_CONFIG_PATH");
-    }
-    void configure(const QString& text) const
-    {
-        QFile file(folder.filePath(u"asound.conf"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(text.toUtf8());
-    }
+    void configure(const QByteArray& text) const { folder.write(u"asound.conf"_s, text); }
     void play(AnnouncedSound sound)
     {
         sounds.play(soundEvent(sound));
@@ -95,13 +79,14 @@ protected:
         const int before = sounds.played();
         play(sound);
         EXPECT_TRUE(waitUntil([this, before] { return sounds.played() > before; }));
-        QFile file(card);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return folder.read(u"heard.raw"_s);
     }
     static bool isSilent(const QByteArray& samples) { return samples.count('\0') == samples.size(); }
 
-    const QTemporaryDir folder;
+    const TestFolder folder;
     const QString card = folder.filePath(u"heard.raw"_s);
+    const test::Variable driver{"CANBERRA_DRIVER", "alsa"};
+    const test::Variable configuration{"ALSA_CONFIG_PATH", QFile::encodeName(folder.filePath(u"asound.conf"_s))};
     EventSounds sounds{{u"Test"_s, u"org.example.Test"_s}};
 };
 
@@ -109,8 +94,8 @@ TEST_F(EventSoundsTest, PlaysTheSoundsOfTheTheme)
 {
     if (!QLibrary(u"canberra"_s, 0).load() || !QFileInfo::exists(u"/usr/share/sounds/freedesktop/stereo"_s))
         GTEST_SKIP() << "libcanberra or sound-theme-freedesktop is not installed";
-    configure(u"pcm.!default { type file slave.pcm nowhere file \"%1\" format raw }\npcm.nowhere { type null }\n"_s.arg(
-        card));
+    configure("pcm.!default { type file slave.pcm nowhere file \"" + QFile::encodeName(card)
+        + "\" format raw }\npcm.nowhere { type null }\n");
     const QByteArray glass = heard(AnnouncedSound::glass);
     const QByteArray hero = heard(AnnouncedSound::hero);
     EXPECT_FALSE(isSilent(glass));

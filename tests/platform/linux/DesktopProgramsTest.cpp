@@ -61,9 +61,7 @@ TEST_F(DesktopProgramsTest, TheDesktopsLauncherGetsTheEntry)
     ASSERT_TRUE(programs.has(u"org.example.Own"_s));
     programs.open(u"org.example.Own"_s);
     ASSERT_TRUE(waitUntil([this] { return QFile::exists(path(u"arguments"_s)); }));
-    QFile arguments(path(u"arguments"_s));
-    ASSERT_TRUE(arguments.open(QIODevice::ReadOnly));
-    EXPECT_EQ(arguments.readAll(),
+    EXPECT_EQ(contents(u"arguments"_s),
         "launch\n" + QFile::encodeName(path(u"home/applications/org.example.Own.desktop"_s)) + '\n');
 }
 

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/bus/GeoClueLocation.h"
-#include "support/PrivateBus.h"
-#include "support/WaitUntil.h"
+#include "support/BusTest.h"
 
 #include <QDBusContext>
 #include <QDBusError>
 #include <QDBusObjectPath>
-
-#include <gtest/gtest.h>
 
 namespace ambrelle {
 
@@ -74,16 +71,11 @@ namespace {
 using enum LocationAuthorization;
 
 /// A location service on a bus of its own.
-class GeoClueLocationTest : public ::testing::Test {
+class GeoClueLocationTest : public BusTest {
 protected:
     explicit GeoClueLocationTest(std::chrono::milliseconds patience = 60s)
         : source(bus.opener(), {patience, 0ms})
     {
-    }
-    void SetUp() override
-    {
-        if (!bus.isRunning())
-            GTEST_SKIP() << "dbus-daemon is not installed";
         QObject::connect(&source, &LocationSource::changed, [this] { answers.append(source.authorization()); });
         QObject::connect(&source, &LocationSource::located, [this](const Location& where) { places.append(where); });
         QObject::connect(&source, &LocationSource::failed, [this] { ++failures; });
@@ -102,7 +94,6 @@ protected:
         Q_EMIT client.LocationUpdated(QDBusObjectPath(u"/"_s), QDBusObjectPath(u"/client/1/location"_s));
     }
 
-    const PrivateBus bus;
     FakeManager manager;
     FakeClient client;
     FakePosition position;

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/linux/bus/PortalAppearance.h"
-#include "support/PrivateBus.h"
-#include "support/WaitUntil.h"
+#include "support/BusTest.h"
+#include "support/TestFolder.h"
+#include "support/Variable.h"
 
-#include <QCoreApplication>
 #include <QDBusVariant>
-#include <QDir>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace ambrelle {
 
@@ -33,14 +29,8 @@ public Q_SLOTS:
 
 namespace {
 
-class PortalAppearanceTest : public ::testing::Test {
+class PortalAppearanceTest : public BusTest {
 protected:
-    void SetUp() override
-    {
-        if (!bus.isRunning())
-            GTEST_SKIP() << "dbus-daemon is not installed";
-    }
-
     void startPortal()
     {
         ASSERT_TRUE(
@@ -56,7 +46,6 @@ protected:
         ASSERT_TRUE(portal.send(signal));
     }
 
-    const PrivateBus bus;
     FakeSettings settings;
     QDBusConnection portal = bus.connection(u"portal"_s);
 };
@@ -86,22 +75,17 @@ TEST_F(PortalAppearanceTest, FollowsThePortal)
 TEST_F(PortalAppearanceTest, WithoutAPortalTheDesktopsSettingsTell)
 {
     // A gsettings of our own, so that the outcome does not depend on what is installed.
-    const QTemporaryDir folder;
-    QFile script(folder.filePath(u"gsettings"_s));
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\n[ \"$*\" = 'get org.gnome.desktop.interface color-scheme' ] && echo \"'prefer-dark'\"\n");
-    script.setPermissions(script.permissions() | QFile::ExeUser);
-    script.close();
-    const auto path = qgetenv("PATH");
-    qputenv("PATH", QFile::encodeName(folder.path()) + ':' + path);
+    const TestFolder folder;
+    folder.writeScript(
+        u"gsettings"_s, "[ \"$*\" = 'get org.gnome.desktop.interface color-scheme' ] && echo \"'prefer-dark'\"\n");
+    const test::Variable withTool("PATH", QFile::encodeName(folder.path()) + ':' + qgetenv("PATH"));
     PortalAppearance appearance(bus.opener());
     EXPECT_TRUE(waitUntil([&appearance] { return appearance.isDark(); }));
     EXPECT_TRUE(appearance.isAvailable());
 
-    qputenv("PATH", "/nowhere");
+    const test::Variable withoutTool("PATH", "/nowhere");
     PortalAppearance unknown([] { return QDBusConnection(u"none"_s); });
     QCoreApplication::processEvents();
-    qputenv("PATH", path);
     EXPECT_FALSE(unknown.isAvailable());
     EXPECT_FALSE(unknown.isDark());
     EXPECT_FALSE(unknown.whyNot().isEmpty());

@@ -2,10 +2,8 @@
 
 #include "platform/linux/bus/SessionInputMonitor.h"
 
-#include "support/PrivateBus.h"
-#include "support/WaitUntil.h"
-
-#include <gtest/gtest.h>
+#include "support/AnswerOf.h"
+#include "support/BusTest.h"
 
 namespace ambrelle {
 
@@ -27,14 +25,8 @@ public Q_SLOTS:
 
 namespace {
 
-class SessionInputMonitorTest : public ::testing::Test {
+class SessionInputMonitorTest : public BusTest {
 protected:
-    void SetUp() override
-    {
-        if (!bus.isRunning())
-            GTEST_SKIP() << "dbus-daemon is not installed";
-    }
-
     bool offer(QObject& service, const char* name, const char* path)
     {
         return desktop.registerObject(QLatin1StringView(path), &service, QDBusConnection::ExportAllSlots)
@@ -43,17 +35,11 @@ protected:
     /// What it answers; -1: nothing.
     double idle()
     {
-        std::optional<double> answer;
-        bool came = false;
-        monitor.secondsSinceInput(&monitor, [&](std::optional<double> seconds) {
-            answer = seconds;
-            came = true;
-        });
-        EXPECT_TRUE(waitUntil([&came] { return came; }));
-        return answer.value_or(-1);
+        return answerOf<std::optional<double>>(
+            [this](const auto& take) { monitor.secondsSinceInput(&monitor, take); }, Answered::anyTime)
+            .value_or(-1);
     }
 
-    const PrivateBus bus;
     QDBusConnection desktop = bus.connection(u"desktop"_s);
     FakeMutter mutter;
     FakeScreenSaver saver;

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 
-#include "support/TestData.h"
-
 #include "platform/linux/kernel/LinuxSources.h"
+
+#include "support/TestData.h"
+#include "support/TestFolder.h"
 #include "support/WaitUntil.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QProcess>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -23,17 +21,10 @@ namespace {
 /// A folder that stands in for /proc, /sys or /dev.
 class SourcesTest : public ::testing::Test {
 protected:
-    void write(const QString& name, const QByteArray& text)
-    {
-        const QString path = folder.filePath(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate)) << qPrintable(path);
-        file.write(text);
-    }
+    void write(const QString& name, const QByteArray& text) const { folder.write(name, text); }
     QByteArray root() const { return QFile::encodeName(folder.path()); }
 
-    QTemporaryDir folder;
+    const TestFolder folder;
 };
 
 TEST_F(SourcesTest, AKeptFileFollowsItsPath)

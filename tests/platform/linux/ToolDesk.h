@@ -3,21 +3,12 @@
 #pragma once
 
 #include "platform/DesktopPicture.h"
+#include "support/AnswerOf.h"
 #include "support/PrivateBus.h"
+#include "support/TestFolder.h"
 #include "support/Variable.h"
-#include "support/WaitUntil.h"
 
-#include <QDir>
-#include <QFile>
 #include <QImage>
-#include <QMap>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <optional>
 
 namespace ambrelle::test {
 
@@ -26,18 +17,11 @@ using namespace Qt::StringLiterals;
 /// A desktop for tests: a folder with pictures, a configuration of its own, and tools that are found before others.
 class ToolDesk : public ::testing::Test {
 protected:
-    void writeFile(const QString& name, const QByteArray& text) const
-    {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
+    void writeFile(const QString& name, const QByteArray& text) const { folder.write(name, text); }
     /// A shell script; "HERE" in it stands for the folder.
     void addTool(const QString& name, QByteArray script) const
     {
-        writeFile(name, "#!/bin/sh\n" + script.replace("HERE", QFile::encodeName(folder.path())));
-        ASSERT_TRUE(QFile::setPermissions(path(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        folder.writeScript(name, script.replace("HERE", QFile::encodeName(folder.path())));
     }
     QString addPicture(const QString& name) const
     {
@@ -47,20 +31,8 @@ protected:
         return path(name);
     }
     QString path(const QString& name) const { return folder.filePath(name); }
-    QByteArray contents(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray contents(const QString& name) const { return folder.read(name); }
 
-    template <typename Value> static Value answerOf(const std::function<void(std::function<void(const Value&)>)>& ask)
-    {
-        std::optional<Value> answer;
-        ask([&answer](const Value& value) { answer = value; });
-        EXPECT_FALSE(answer) << "answered before the call was over";
-        EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); })) << "no answer";
-        return answer.value_or(Value());
-    }
     static QString set(DesktopPicture& desktop, const QList<ScreenPicture>& pictures)
     {
         return answerOf<QString>([&](auto done) { desktop.set(pictures, done); });
@@ -78,7 +50,7 @@ protected:
         return answerOf<QString>([&](auto done) { desktop.giveBack(memory, done); });
     }
 
-    const QTemporaryDir folder;
+    const TestFolder folder;
 
 private:
     const Variable m_path{"PATH", QFile::encodeName(folder.path()) + ':' + qgetenv("PATH")};

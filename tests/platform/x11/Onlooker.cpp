@@ -24,6 +24,16 @@ bool runTool(const QString& program, const QStringList& arguments)
     return ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
+QImage speckled(const QSize& size, int seed)
+{
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgb((x * 7 + seed) & 255, (y * 5 + seed) & 255, (x + y) & 255));
+    }
+    return image;
+}
+
 Onlooker::Onlooker()
     : m_connection(xcb_connect(nullptr, nullptr))
     , m_screen(xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data)

@@ -19,6 +19,8 @@ namespace ambrelle::test {
 void rest(int milliseconds); ///< runs the event loop for that long, to see that nothing happens
 /// Runs a program while the event loop goes on; false unless it ends well.
 bool runTool(const QString& program, const QStringList& arguments);
+/// Every pixel differs from its neighbours, so that a picture drawn one pixel off is seen.
+QImage speckled(const QSize& size, int seed = 0);
 
 /// Another application on the same display, with a connection of its own: it opens ordinary windows and sees what a
 /// user sees. Everything is in native pixels of the root window, y down.

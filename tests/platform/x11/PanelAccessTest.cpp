@@ -1,27 +1,17 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/Onlooker.h"
-#include "platform/x11/X11WindowHost.h"
+#include "platform/x11/PanelTest.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
-
-#include <gtest/gtest.h>
 
 namespace ambrelle::test {
 
 using namespace Qt::StringLiterals;
 namespace {
 
-class NamedPanel : public PanelDelegate {
+class NamedPanel : public PlainFace {
 public:
-    void paint(QPainter&, const QRectF&) override { }
-    void pointerPressed(const PointerEvent&) override { }
-    void pointerMoved(const PointerEvent&) override { }
-    void pointerReleased(const PointerEvent&) override { }
-    void pointerEntered() override { }
-    void pointerLeft() override { }
-    void appearanceChanged() override { }
     QString accessibleName() const override { return name; }
     QString accessibleText() const override { return u"42, %"_s; }
     QList<PanelButton> buttons() const override { return offered; }
@@ -36,21 +26,20 @@ public:
     std::function<void(qsizetype)> onPress;
 };
 
-class PanelAccessTest : public ::testing::Test {
+class PanelAccessTest : public PanelTest {
 protected:
     void SetUp() override
     {
-        panel.reset(static_cast<X11Panel*>(host.makePanel(delegate).release()));
-        panel->setFrame({200, 200, 240, 160});
+        PanelTest::SetUp();
+        panel = make(delegate, panel->frame());
         panel->show();
         ASSERT_TRUE(waitUntil([&] { return onlooker.isManaged(panel->window()); }));
     }
     QAccessibleInterface* access() const { return QAccessible::queryAccessibleInterface(&panel->surface()); }
 
-    Onlooker onlooker;
-    X11WindowHost host;
+    void TearDown() override { panel.reset(); }
+
     NamedPanel delegate;
-    std::unique_ptr<X11Panel> panel;
 };
 
 TEST_F(PanelAccessTest, ThePanelAndItsButtonsAreKnownByNamePlaceAndRole)
@@ -62,7 +51,6 @@ TEST_F(PanelAccessTest, ThePanelAndItsButtonsAreKnownByNamePlaceAndRole)
     EXPECT_EQ(window->parent(), application);
     EXPECT_EQ(window->text(QAccessible::Name), delegate.name);
     EXPECT_EQ(window->text(QAccessible::Description), delegate.accessibleText());
-    const double ratio = host.screens().first().pixelRatio;
     const QPointF onScreen = QPointF(onlooker.geometry(panel->window()).topLeft()) / ratio;
     EXPECT_LT((QPointF(window->rect().topLeft()) - onScreen).manhattanLength(), 1.5);
     EXPECT_EQ(window->rect().size(), panel->surface().size());

@@ -14,17 +14,6 @@ namespace {
 
 using PanelGroundTest = PanelTest;
 
-/// Every pixel differs from its neighbours, so that a picture drawn one pixel off is seen.
-QImage speckled(const QSize& size, int seed)
-{
-    QImage image(size, QImage::Format_RGB32);
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x)
-            image.setPixel(x, y, qRgb((x * 7 + seed) & 255, (y * 5 + seed) & 255, (x + y) & 255));
-    }
-    return image;
-}
-
 TEST_F(PanelGroundTest, ShowsTheDesktopPictureWhereNothingComposites)
 {
     const QSize screen = (host.screens().first().frame.size() * ratio).toSize();

@@ -2,17 +2,13 @@
 
 #include "platform/x11/root/RootPixmapPicture.h"
 #include "platform/x11/Onlooker.h"
+#include "support/AnswerOf.h"
+#include "support/TestFolder.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QJsonObject>
 #include <QScreen>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <optional>
 
 namespace ambrelle::test {
 namespace {
@@ -66,10 +62,8 @@ protected:
     {
         constexpr int height = 120;
         QImage image(80, height * static_cast<int>(stripes.size()), QImage::Format_RGB32);
-        for (int row = 0; row < image.height(); ++row) {
-            for (int column = 0; column < image.width(); ++column)
-                image.setPixel(column, row, stripes[row / height]);
-        }
+        for (int row = 0; row < image.height(); ++row)
+            std::fill_n(reinterpret_cast<QRgb*>(image.scanLine(row)), image.width(), stripes[row / height]);
         QString path = folder.filePath(name);
         EXPECT_TRUE(image.save(path));
         return path;
@@ -91,14 +85,6 @@ protected:
         return xcb_setup_roots_iterator(xcb_get_setup(x11->connection())).data->root;
     }
 
-    template <typename Value> static Value answerOf(const std::function<void(std::function<void(const Value&)>)>& ask)
-    {
-        std::optional<Value> answer;
-        ask([&answer](const Value& value) { answer = value; });
-        EXPECT_FALSE(answer) << "answered before the call was over";
-        EXPECT_TRUE(waitUntil([&answer] { return answer.has_value(); }));
-        return answer.value_or(Value());
-    }
     QString set(const QList<ScreenPicture>& pictures)
     {
         return answerOf<QString>([&](auto done) { desktop.set(pictures, done); });
@@ -116,7 +102,7 @@ protected:
         return answerOf<QString>([&](auto done) { desktop.giveBack(memory, done); });
     }
 
-    const QTemporaryDir folder;
+    const TestFolder folder;
     Onlooker onlooker;
     RootPixmapPicture desktop;
     QRect whole;
@@ -189,11 +175,7 @@ TEST_F(RootPixmapPictureTest, KnowsItsPictureUntilAnotherProgramSetsOne)
 TEST_F(RootPixmapPictureTest, GivesTheOldPictureBack)
 {
     EXPECT_EQ(remember(), QJsonObject()) << "nothing shows";
-    QImage old(whole.size(), QImage::Format_RGB32);
-    for (int y = 0; y < old.height(); ++y) {
-        for (int x = 0; x < old.width(); ++x)
-            old.setPixel(x, y, qRgb(x & 255, y & 255, (x + y) & 255));
-    }
+    const QImage old = speckled(whole.size());
     onlooker.setRootPicture(old);
     const QJsonObject foreign = remember();
     EXPECT_FALSE(foreign.isEmpty());
@@ -218,17 +200,9 @@ TEST_F(RootPixmapPictureTest, AFailureLeavesTheOldPicture)
     const QString file = picture(u"good.png"_s, {red});
     ASSERT_EQ(set({{connector, file}}), QString());
     const QJsonObject memory{{u"picture"_s, folder.filePath(u"gone.png"_s)}};
-    const auto write = [this](const QString& name, const QByteArray& text) {
-        QFile broken(folder.filePath(name));
-        EXPECT_TRUE(broken.open(QIODevice::WriteOnly));
-        broken.write(text);
-        return broken.fileName();
-    };
-    QFile good(file);
-    ASSERT_TRUE(good.open(QIODevice::ReadOnly));
-    const QString text = write(u"text.png"_s, "no picture");
-    const QString half = write(u"half.png"_s, good.read(60));
-    const QString huge = write(u"huge.ppm"_s, "P6 30000 30000 255\n");
+    const QString text = folder.write(u"text.png"_s, "no picture");
+    const QString half = folder.write(u"half.png"_s, folder.read(u"good.png"_s).first(60));
+    const QString huge = folder.write(u"huge.ppm"_s, "P6 30000 30000 255\n");
     const uint32_t before = named();
     EXPECT_EQ(set({{connector, text}}), u"“text.png” cannot be read as a picture."_s);
     EXPECT_TRUE(set({{connector, half}}).startsWith(u"“half.png” cannot be read as a picture"_s));

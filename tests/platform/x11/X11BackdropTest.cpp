@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/x11/PanelTest.h"
-#include "platform/x11/X11WindowHost.h"
-
-#include <QPainter>
-
-#include <gtest/gtest.h>
 
 namespace ambrelle::test {
 
@@ -35,31 +30,14 @@ public:
     std::function<void()> onClicked;
 };
 
-class PlainPanel : public PanelDelegate {
-public:
-    void paint(QPainter& painter, const QRectF& area) override { painter.fillRect(area, QColor::fromRgb(faceColour)); }
-    void pointerPressed(const PointerEvent&) override { ++presses; }
-    void pointerMoved(const PointerEvent&) override { }
-    void pointerReleased(const PointerEvent&) override { }
-    void pointerEntered() override { }
-    void pointerLeft() override { }
-    void appearanceChanged() override { }
-
-    int presses = 0;
-};
-
-class X11BackdropTest : public ::testing::Test {
+class X11BackdropTest : public PanelTest {
 protected:
     /// A panel of the desktop below a focused window, which then a backdrop comes in front of, as in edit mode.
     void SetUp() override
     {
-        panel.reset(static_cast<X11Panel*>(host.makePanel(face).release()));
-        panel->setFrame({200, 200, 240, 160});
-        panel->show();
-        ASSERT_TRUE(waitUntil([&] { return onlooker.isManaged(panel->window()); }));
-        other = onlooker.openWindow({100, 100, 500, 500}, windowColour);
-        ASSERT_TRUE(tool({"windowactivate", QString::number(other)}));
-        ASSERT_TRUE(waitUntil([&] { return onlooker.activeWindow() == other; }));
+        PanelTest::SetUp();
+        showPanel();
+        other = coverPanel();
         rest(500); // the host watches the order of windows by now
 
         backdrop.reset(static_cast<X11Backdrop*>(host.makeBackdrop(plain).release()));
@@ -73,42 +51,32 @@ protected:
         }));
     }
 
-    static bool tool(const QStringList& arguments) { return runTool(u"xdotool"_s, arguments); }
-    static bool click(const QPoint& place)
-    {
-        return tool({"mousemove", QString::number(place.x()), QString::number(place.y()), "click", "1"});
-    }
-    QPoint onPanel() const { return onlooker.geometry(panel->window()).center(); }
     QPoint onNothing() const
     {
         const QRect screen = onlooker.geometry(backdrop->window());
         return {screen.width() - 30, screen.height() / 2};
     }
 
-    Onlooker onlooker;
-    X11WindowHost host;
-    PlainPanel face;
     PlainBackdrop plain;
-    std::unique_ptr<X11Panel> panel;
     std::unique_ptr<X11Backdrop> backdrop;
     xcb_window_t other = XCB_WINDOW_NONE;
 };
 
 TEST_F(X11BackdropTest, StandsBetweenTheWindowsAndThePanels)
 {
-    EXPECT_TRUE(waitUntil([&] { return onlooker.pixel(onNothing()) == backdropColour; }));
-    EXPECT_TRUE(waitUntil([&] { return onlooker.pixel({110, 590}) == backdropColour; })) << "over the other window";
-    EXPECT_TRUE(waitUntil([&] { return onlooker.pixel(onPanel()) == faceColour; }));
+    EXPECT_TRUE(shows(onNothing(), backdropColour));
+    EXPECT_TRUE(shows(onlooker.geometry(other).topLeft() + QPoint(5, 5), backdropColour)) << "over the other window";
+    EXPECT_TRUE(shows(facePixel(), faceColour));
     for (const char* state : {"_NET_WM_STATE_SKIP_PAGER", "_NET_WM_STATE_SKIP_TASKBAR"})
         EXPECT_TRUE(onlooker.atoms(backdrop->window(), "_NET_WM_STATE").contains(QLatin1StringView(state))) << state;
 
-    ASSERT_TRUE(click(onPanel()));
-    EXPECT_TRUE(waitUntil([&] { return face.presses == 1; }));
+    ASSERT_TRUE(click(facePixel()));
+    EXPECT_TRUE(waitUntil([&] { return face.pressed.size() == 1; }));
     ASSERT_TRUE(click(onNothing()));
     EXPECT_TRUE(waitUntil([&] { return plain.clicks == 1; }));
-    EXPECT_EQ(face.presses, 1);
+    EXPECT_EQ(face.pressed.size(), 1);
     EXPECT_TRUE(onlooker.isAbove(panel->window(), backdrop->window())) << "a click raises it over nothing";
-    ASSERT_TRUE(tool({"key", "Escape"}));
+    ASSERT_TRUE(runTool(u"xdotool"_s, {"key", "Escape"}));
     EXPECT_TRUE(waitUntil([&] { return plain.keys == QList<Qt::Key>{Qt::Key_Escape}; }));
 
     const xcb_window_t gone = backdrop->window();
@@ -119,7 +87,7 @@ TEST_F(X11BackdropTest, StandsBetweenTheWindowsAndThePanels)
 
 TEST_F(X11BackdropTest, LeavesItToItsOwnerToClose)
 {
-    ASSERT_TRUE(tool({"key", "alt+F4"}));
+    ASSERT_TRUE(runTool(u"xdotool"_s, {"key", "alt+F4"}));
     EXPECT_TRUE(waitUntil([&] { return plain.closings == 1; }));
     EXPECT_TRUE(onlooker.isViewable(backdrop->window()));
 

@@ -3,13 +3,14 @@
 #include "platform/x11/session/X11InputMonitor.h"
 
 #include "platform/x11/Onlooker.h"
+#include "support/AnswerOf.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QRasterWindow>
 #include <QScreen>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <cmath>
 
@@ -17,6 +18,11 @@ namespace ambrelle::test {
 
 using namespace Qt::StringLiterals;
 namespace {
+
+using ::testing::AllOf;
+using ::testing::Ge;
+using ::testing::Le;
+using ::testing::Optional;
 
 struct X11InputMonitorTest : testing::Test {
     X11InputMonitorTest()
@@ -42,14 +48,8 @@ struct X11InputMonitorTest : testing::Test {
     static bool click(int button) { return xdotool({u"click"_s, QString::number(button)}); }
     std::optional<double> idle()
     {
-        std::optional<double> answer;
-        bool came = false;
-        monitor.secondsSinceInput(&monitor, [&](std::optional<double> seconds) {
-            answer = seconds;
-            came = true;
-        });
-        EXPECT_TRUE(waitUntil([&] { return came; }));
-        return answer;
+        return answerOf<std::optional<double>>(
+            [this](const auto& take) { monitor.secondsSinceInput(&monitor, take); }, Answered::anyTime);
     }
 
     double ratio = qGuiApp->primaryScreen()->devicePixelRatio();
@@ -144,18 +144,14 @@ TEST_F(X11InputMonitorTest, TellsTheTimeSinceTheLastInput)
     sinceInput.start();
     ASSERT_TRUE(xdotool({"key", "Shift_L"}));
     const std::optional<double> fresh = idle();
-    ASSERT_TRUE(fresh.has_value());
-    EXPECT_LE(*fresh, atMost());
+    EXPECT_THAT(fresh, Optional(Le(atMost())));
     rest(700);
     const std::optional<double> later = idle();
-    ASSERT_TRUE(later.has_value());
-    EXPECT_GE(*later, 0.69);
-    EXPECT_LE(*later, atMost());
+    EXPECT_THAT(later, Optional(AllOf(Ge(0.69), Le(atMost()))));
     sinceInput.start();
     ASSERT_TRUE(push(1, 1, 1));
     const std::optional<double> again = idle();
-    ASSERT_TRUE(again.has_value());
-    EXPECT_LE(*again, atMost());
+    EXPECT_THAT(again, Optional(Le(atMost())));
 
     int answers = 0;
     for (int i = 0; i < 50; ++i)

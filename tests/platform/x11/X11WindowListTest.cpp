@@ -17,17 +17,6 @@ using WindowLayer = OnscreenWindow::Layer;
 
 const QRect place(100, 120, 300, 200); // native pixels, as all places here
 
-class EmptyFace : public PanelDelegate {
-public:
-    void paint(QPainter&, const QRectF&) override { }
-    void pointerPressed(const PointerEvent&) override { }
-    void pointerMoved(const PointerEvent&) override { }
-    void pointerReleased(const PointerEvent&) override { }
-    void pointerEntered() override { }
-    void pointerLeft() override { }
-    void appearanceChanged() override { }
-};
-
 class X11WindowListTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -69,7 +58,7 @@ protected:
 
     Onlooker onlooker;
     X11WindowHost host;
-    EmptyFace face;
+    PlainFace face;
     std::unique_ptr<PanelWindow> panel = host.makePanel(face);
     WindowList& list = host.windowList();
     int told = 0;
