@@ -59,63 +59,52 @@ class GSettingsPictureTest : public ToolDesk { };
 TEST_F(GSettingsPictureTest, EveryDesktopHasItsOwnKeys)
 {
     struct Case {
+        const char* what;
         Family family;
-        QByteArray before;
-        QByteArray after; ///< "FILE" stands for the path, "URI" for the path with a space written %20
+        QByteArray schema;
+        QByteArrayList before;
+        QByteArrayList after; ///< "FILE" stands for the path, "URI" for the path with a space written %20
         QString known; ///< the file read before anything is set
     };
     const Case cases[]{
-        {Family::gnome,
-            "org.gnome.desktop.background picture-options 'none'\n"
-            "org.gnome.desktop.background picture-uri 'file:///usr/a.jpg'\n"
-            "org.gnome.desktop.background picture-uri-dark 'file:///usr/a.jpg'\n"
-            "org.gnome.desktop.background primary-color '#023c88'\n",
-            "org.gnome.desktop.background picture-options 'zoom'\n"
-            "org.gnome.desktop.background picture-uri 'file://URI'\n"
-            "org.gnome.desktop.background picture-uri-dark 'file://URI'\n"
-            "org.gnome.desktop.background primary-color '#023c88'\n",
+        {"one colour and no picture", Family::gnome, "org.gnome.desktop.background",
+            {"picture-options 'none'", "picture-uri 'file:///usr/a.jpg'", "picture-uri-dark 'file:///usr/a.jpg'",
+                "primary-color '#023c88'"},
+            {"picture-options 'zoom'", "picture-uri 'file://URI'", "picture-uri-dark 'file://URI'",
+                "primary-color '#023c88'"},
             {}},
-        {Family::gnome, // of an older release
-            "org.gnome.desktop.background picture-options 'centered'\n"
-            "org.gnome.desktop.background picture-uri 'file:///usr/%C3%A4.jpg'\n",
-            "org.gnome.desktop.background picture-options 'zoom'\n"
-            "org.gnome.desktop.background picture-uri 'file://URI'\n",
-            u"/usr/ä.jpg"_s},
-        {Family::gnome, // light and dark differ
-            "org.gnome.desktop.background picture-options 'zoom'\n"
-            "org.gnome.desktop.background picture-uri 'file:///usr/a.jpg'\n"
-            "org.gnome.desktop.background picture-uri-dark 'file:///usr/b.jpg'\n",
-            "org.gnome.desktop.background picture-options 'zoom'\n"
-            "org.gnome.desktop.background picture-uri 'file://URI'\n"
-            "org.gnome.desktop.background picture-uri-dark 'file://URI'\n",
-            {}},
-        {Family::cinnamon,
-            "org.cinnamon.desktop.background picture-options 'zoom'\n"
-            "org.cinnamon.desktop.background picture-uri 'file:///usr/a.jpg'\n",
-            "org.cinnamon.desktop.background picture-options 'zoom'\n"
-            "org.cinnamon.desktop.background picture-uri 'file://URI'\n",
-            u"/usr/a.jpg"_s},
-        {Family::mate,
-            "org.mate.background picture-filename '/usr/a b.jpg'\n"
-            "org.mate.background picture-options 'stretched'\n",
-            "org.mate.background picture-filename 'FILE'\n"
-            "org.mate.background picture-options 'zoom'\n",
-            u"/usr/a b.jpg"_s},
+        {"an older release", Family::gnome, "org.gnome.desktop.background",
+            {"picture-options 'centered'", "picture-uri 'file:///usr/%C3%A4.jpg'"},
+            {"picture-options 'zoom'", "picture-uri 'file://URI'"}, u"/usr/ä.jpg"_s},
+        {"light and dark differ", Family::gnome, "org.gnome.desktop.background",
+            {"picture-options 'zoom'", "picture-uri 'file:///usr/a.jpg'", "picture-uri-dark 'file:///usr/b.jpg'"},
+            {"picture-options 'zoom'", "picture-uri 'file://URI'", "picture-uri-dark 'file://URI'"}, {}},
+        {"addresses without a dark one", Family::cinnamon, "org.cinnamon.desktop.background",
+            {"picture-options 'zoom'", "picture-uri 'file:///usr/a.jpg'"},
+            {"picture-options 'zoom'", "picture-uri 'file://URI'"}, u"/usr/a.jpg"_s},
+        {"paths in place of addresses", Family::mate, "org.mate.background",
+            {"picture-filename '/usr/a b.jpg'", "picture-options 'stretched'"},
+            {"picture-filename 'FILE'", "picture-options 'zoom'"}, u"/usr/a b.jpg"_s},
+    };
+    const auto stored = [](const QByteArray& schema, const QByteArrayList& rows) {
+        return schema + ' ' + rows.join('\n' + schema + ' ') + '\n';
     };
     addTool(u"gsettings"_s, fakeGSettings);
     const QString file = addPicture(u"a picture.png"_s);
     for (const Case& each : cases) {
-        writeFile(u"settings"_s, each.before);
+        SCOPED_TRACE(each.what);
+        const QByteArray before = stored(each.schema, each.before);
+        writeFile(u"settings"_s, before);
         GSettingsPicture desktop(each.family);
         EXPECT_EQ(read(desktop), each.known);
         const QJsonObject memory = remember(desktop);
         EXPECT_EQ(set(desktop, {{u"DP-1"_s, file}}), QString());
         const QByteArray uri = QFile::encodeName(file).replace(' ', "%20");
         EXPECT_EQ(contents(u"settings"_s),
-            QByteArray(each.after).replace("URI", uri).replace("FILE", QFile::encodeName(file)));
+            stored(each.schema, each.after).replace("URI", uri).replace("FILE", QFile::encodeName(file)));
         EXPECT_EQ(read(desktop), file);
         EXPECT_EQ(giveBack(desktop, memory), QString());
-        EXPECT_EQ(contents(u"settings"_s), each.before);
+        EXPECT_EQ(contents(u"settings"_s), before);
     }
 }
 
