@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/linux/PlayerBus.h"
+#include "platform/linux/bus/MprisPlayers.h"
 
+#include "platform/linux/kernel/SystemClock.h"
+#include "platform/recording/RecordingHttpClient.h"
+#include "services/NowPlayingService.h"
+#include "support/AnswerOf.h"
+#include "support/BusTest.h"
+#include "support/TestFolder.h"
+
+#include <QDBusVirtualObject>
 #include <QPoint>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -16,7 +23,105 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class MprisPlayersTest : public PlayerBusTest { };
+const auto fakeFamily = u"org.mpris.MediaPlayer2"_s;
+const auto fakePath = u"/org/mpris/MediaPlayer2"_s;
+
+/// A player that says what the test wants.
+class FakePlayer final : public QDBusVirtualObject {
+public:
+    FakePlayer(QDBusConnection bus, const QString& name, const QString& identity)
+        : self{{u"Identity"_s, identity}}
+        , m_bus(std::move(bus))
+    {
+        m_bus.registerVirtualObject(fakePath, this);
+        m_bus.registerService(fakeFamily + u'.' + name);
+    }
+    ~FakePlayer() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
+
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
+    {
+        if (message.arguments().value(0) == fakeFamily)
+            m_bus.send(message.createReply(QVariant(self)));
+        else if (message.member() == "GetAll"_L1)
+            answer(message);
+        else
+            commands.append(QString(message.interface() + u'.' + message.member()).mid(fakeFamily.size() + 1));
+        return true;
+    }
+    /// Plays or pauses a song, and says so.
+    void play(const QString& title, bool plays = true)
+    {
+        state[u"PlaybackStatus"_s] = plays ? u"Playing"_s : u"Paused"_s;
+        state[u"Metadata"_s] = QVariantMap{{u"xesam:title"_s, title}};
+        tell(state);
+    }
+    void tell(const QVariantMap& properties)
+    {
+        send(u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s,
+            {fakeFamily + u".Player"_s, properties, QStringList()});
+    }
+    void seek(qint64 position) { send(fakeFamily + u".Player"_s, u"Seeked"_s, {position}); }
+
+    QVariantMap self; ///< what it says of itself
+    QVariantMap state;
+    bool hangs = false;
+    int asked = 0;
+    QStringList commands; ///< with what follows the family in the name of their interface
+
+private:
+    void send(const QString& interface, const QString& name, const QVariantList& arguments)
+    {
+        auto signal = QDBusMessage::createSignal(fakePath, interface, name);
+        signal.setArguments(arguments);
+        m_bus.send(signal);
+    }
+    void answer(const QDBusMessage& message)
+    {
+        ++asked;
+        if (!hangs)
+            m_bus.send(message.createReply(QVariant(state)));
+    }
+
+    QDBusConnection m_bus;
+};
+
+/// A bus of the test's own, and the service that asks the players on it.
+class MprisPlayersTest : public BusTest {
+protected:
+    std::unique_ptr<FakePlayer> fake(const QString& name, const QString& identity) const
+    {
+        return std::make_unique<FakePlayer>(bus.connection(name), name, identity);
+    }
+    QStringList names() const
+    {
+        QStringList names;
+        for (const Player& player : players.players())
+            names.append(player.name);
+        return names;
+    }
+    /// The name on the bus of the only player.
+    QString only() const
+    {
+        EXPECT_TRUE(waitUntil([this] { return names().size() == 1; }));
+        return players.players().value(0).id;
+    }
+    static std::optional<PlayerTrack> query(MprisPlayers& asked, const QString& id)
+    {
+        return answerOf<std::optional<PlayerTrack>>(
+            [&](const auto& take) { asked.query(id, &asked, take); }, Answered::anyTime);
+    }
+    QString title() const { return service.track() ? service.track()->title : QString(); }
+    bool waitForTitle(const QString& wanted) const
+    {
+        return waitUntil([this, &wanted] { return title() == wanted; });
+    }
+
+    SystemClock clock;
+    RecordingHttpClient http;
+    MprisPlayers players{bus.opener()};
+    NowPlayingService service{players, http, clock};
+};
 
 TEST_F(MprisPlayersTest, KnowsWhoRuns)
 {
@@ -81,13 +186,13 @@ TEST_F(MprisPlayersTest, AsksOnlyAboutWhatItShows)
     music->tell({{u"Rate"_s, 2.0}});
     ASSERT_TRUE(waitUntil([&changes] { return changes > 1; }));
     EXPECT_EQ(changes, 2);
+    music->seek(20'000'000);
+    EXPECT_TRUE(waitUntil([&changes] { return changes == 3; })) << "it jumped to another place";
 
     music->state[u"Rate"_s] = 2.0;
-    const QString id = players.players().first().id;
+    const QString id = only();
     EXPECT_TRUE(players.keepsTime(id));
-    bool answered = false;
-    players.query(id, &players, [&answered](const auto&) { answered = true; });
-    ASSERT_TRUE(waitUntil([&answered] { return answered; }));
+    query(players, id);
     EXPECT_FALSE(players.keepsTime(id));
 }
 
@@ -105,9 +210,8 @@ TEST_F(MprisPlayersTest, BearsPlayersThatMisbehave)
     const QString id = players.players().first().id;
     for (const QVariant& metadata : wrong) {
         broken->state = {{u"PlaybackStatus"_s, u"Playing"_s}, {u"Metadata"_s, metadata}, {u"Position"_s, metadata}};
-        std::optional<PlayerTrack> answer;
-        players.query(id, &players, [&answer](const auto& track) { answer = track; });
-        ASSERT_TRUE(waitUntil([&answer] { return answer.has_value(); }));
+        const std::optional<PlayerTrack> answer = query(players, id);
+        ASSERT_TRUE(answer);
         EXPECT_TRUE(answer->isPlaying);
         EXPECT_EQ(answer->title, u"Broken"_s);
     }
@@ -119,11 +223,8 @@ TEST_F(MprisPlayersTest, BearsPlayersThatMisbehave)
 
 TEST_F(MprisPlayersTest, HandsOutPicturesInFiles)
 {
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(u"a picture.png"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("bytes");
-    file.close();
+    const TestFolder folder;
+    const QString file = QUrl::fromLocalFile(folder.write(u"a picture.png"_s, "bytes")).toString(QUrl::FullyEncoded);
     const QString pipe = folder.filePath(u"pipe"_s); // somebody writes into it for ever
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe), 0600), 0);
     QFile writer(pipe);
@@ -131,27 +232,23 @@ TEST_F(MprisPlayersTest, HandsOutPicturesInFiles)
     writer.write("bytes");
     const auto music = fake(u"music"_s, u"Music"_s);
     players.start();
-    ASSERT_TRUE(waitUntil([this] { return names().size() == 1; }));
-    const QString id = players.players().first().id;
+    const QString id = only();
     struct Case {
         QString address;
         qint64 mostBytes;
         QByteArray picture;
     };
-    const Case cases[] = {{QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded), 5, "bytes"},
-        {QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded), 4, {}}, {u"file:///dev/zero"_s, 5, {}},
+    const Case cases[] = {{file, 5, "bytes"}, {file, 4, {}}, {u"file:///dev/zero"_s, 5, {}},
         {QUrl::fromLocalFile(pipe).toString(), 5, {}}, {QUrl::fromLocalFile(folder.path()).toString(), 5, {}},
         {u"file:///missing"_s, 5, {}}, {u"ftp://p.example/a.png"_s, 5, {}}, {{}, 5, {}}};
     for (const Case& each : cases) {
         SCOPED_TRACE(each.address.toStdString());
         music->state = {{u"PlaybackStatus"_s, u"Paused"_s},
             {u"Metadata"_s, QVariantMap{{u"xesam:title"_s, u"a"_s}, {u"mpris:artUrl"_s, each.address}}}};
-        std::optional<QByteArray> picture;
-        players.query(id, &players, [&](const auto&) {
-            players.artwork(id, each.mostBytes, &players, [&picture](const QByteArray& bytes) { picture = bytes; });
-        });
-        ASSERT_TRUE(waitUntil([&picture] { return picture.has_value(); }));
-        EXPECT_EQ(*picture, each.picture);
+        query(players, id);
+        EXPECT_EQ(answerOf<QByteArray>([&](const auto& take) { players.artwork(id, each.mostBytes, &players, take); },
+                      Answered::anyTime),
+            each.picture);
     }
 }
 
@@ -163,12 +260,7 @@ TEST_F(MprisPlayersTest, SaysThatThereIsNoBus)
     EXPECT_FALSE(nowhere.whyNot().isEmpty());
     EXPECT_TRUE(nowhere.players().isEmpty());
     nowhere.command(u"org.mpris.MediaPlayer2.mpv"_s, PlayerCommand::next);
-    bool answered = false;
-    nowhere.query(u"org.mpris.MediaPlayer2.mpv"_s, &nowhere, [&answered](const auto& track) {
-        EXPECT_FALSE(track);
-        answered = true;
-    });
-    EXPECT_TRUE(waitUntil([&answered] { return answered; }));
+    EXPECT_FALSE(query(nowhere, u"org.mpris.MediaPlayer2.mpv"_s));
 }
 
 } // namespace
