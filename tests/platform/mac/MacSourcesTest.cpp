@@ -4,10 +4,9 @@
 #include "platform/mac/ProcessList.h"
 #include "platform/mac/ProfilerDevices.h"
 #include "platform/mac/ProfilerReport.h"
+#include "support/AnswerOf.h"
 #include "support/TestData.h"
-#include "support/WaitUntil.h"
-
-#include <QTemporaryDir>
+#include "support/TestFolder.h"
 
 #include <random>
 
@@ -33,31 +32,18 @@ TEST(ProcessListTest, ReadsTheLinesOfTheLister)
 
 TEST(ListerProcessSourceTest, RunsApartAndMayFail)
 {
-    QList<ProcessRow> rows;
-    int answers = 0;
-    const auto take = [&rows, &answers](const QList<ProcessRow>& given) {
-        rows = given;
-        ++answers;
+    const auto topOf = [](ListerProcessSource& source) {
+        return answerOf<QList<ProcessRow>>([&source](const auto& take) { source.top(3, take); });
     };
     ListerProcessSource lister;
     if (!lister.isAvailable())
         GTEST_SKIP() << "ps is not installed";
-    lister.top(3, take);
-    EXPECT_EQ(answers, 0);
-    ASSERT_TRUE(waitUntil([&answers] { return answers == 1; }));
-    EXPECT_EQ(rows.size(), 3);
-
+    EXPECT_EQ(topOf(lister).size(), 3);
     ListerProcessSource failing(u"false"_s, {});
-    failing.top(3, take);
-    ASSERT_TRUE(waitUntil([&answers] { return answers == 2; }));
-    EXPECT_TRUE(rows.isEmpty());
+    EXPECT_TRUE(topOf(failing).isEmpty());
     EXPECT_FALSE(ListerProcessSource(u"no-such-lister"_s).isAvailable());
-    {
-        ListerProcessSource shortLived(u"sleep"_s, {u"30"_s});
-        shortLived.top(3, take);
-    }
+    ListerProcessSource(u"sleep"_s, {u"30"_s}).top(3, [](const auto&) { ADD_FAILURE() << "nobody asks any more"; });
     QCoreApplication::processEvents();
-    EXPECT_EQ(answers, 2);
 }
 
 TEST(ProfilerReportTest, ListsTheConnectedDevices)
@@ -109,14 +95,8 @@ TEST(ProfilerReportTest, ADamagedReportNeverGivesAWrongLevel)
 
 TEST(ProfilerDevicesTest, RunsTheToolAndReadsItsReport)
 {
-    const QTemporaryDir folder;
-    const auto tool = [&folder](const QByteArray& script) {
-        QFile file(folder.filePath(u"profiler"_s));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("#!/bin/sh\n" + script);
-        file.setPermissions(file.permissions() | QFile::ExeUser);
-        return file.fileName();
-    };
+    const TestFolder folder;
+    const auto tool = [&folder](const QByteArray& script) { return folder.writeScript(u"profiler"_s, script); };
     ProfilerDevices source(tool("[ \"$*\" = 'SPBluetoothDataType -json' ] || exit 1\n"
                                 "cat " AMBRELLE_TEST_DATA "/mac/bluetooth-report.json\n"));
     source.refresh();
