@@ -89,29 +89,21 @@ TEST_F(StartUp, FirstLaunchFillsTheDesktop)
     EXPECT_THAT(desktop.rememberFolders, ElementsAre(QFileInfo(picture.file).path())) << "the user's own is lost";
 }
 
-TEST_F(StartUp, LaterLaunchesRestoreWhatWasThere)
+TEST_F(StartUp, LaterLaunchesRestoreWhatWasThereEvenIfNothing)
 {
-    const QList<WidgetConfig> widgets{{WidgetKind::clock, Skin::glass, WidgetScale::large, {100, 500}},
-        {WidgetKind::cpu, Skin::paper, WidgetScale::small, {700, 200}}};
-    store(widgets);
-    Program program(defaults);
-    program.delegate.start();
-
-    const QList<RecordingPanel*> panels = program.machine.windows.panels();
-    ASSERT_EQ(panels.size(), 2);
-    for (qsizetype i = 0; i < widgets.size(); ++i)
-        EXPECT_TRUE(panels[i]->frame().contains(widgets[i].frame())) << i;
-    QCoreApplication::processEvents();
-    EXPECT_THAT(program.machine.desktopPicture.sets, IsEmpty()) << "the user may have another picture by now";
-}
-
-TEST_F(StartUp, WhoRemovedEverythingKeepsAnEmptyDesktop)
-{
-    store({});
-    Program program(defaults);
-    program.delegate.start();
-    EXPECT_THAT(program.machine.windows.panels(), IsEmpty());
-    EXPECT_THAT(program.machine.desktopPicture.sets, IsEmpty());
+    const WidgetConfig clock{WidgetKind::clock, Skin::glass, WidgetScale::large, {100, 500}};
+    const WidgetConfig cpu{WidgetKind::cpu, Skin::paper, WidgetScale::small, {700, 200}};
+    for (const QList<WidgetConfig>& widgets : {QList{clock, cpu}, {}}) {
+        store(widgets);
+        Program program(defaults);
+        program.delegate.start();
+        const QList<RecordingPanel*> panels = program.machine.windows.panels();
+        ASSERT_EQ(panels.size(), widgets.size());
+        for (qsizetype i = 0; i < widgets.size(); ++i)
+            EXPECT_TRUE(panels[i]->frame().contains(widgets[i].frame())) << i;
+        QCoreApplication::processEvents();
+        EXPECT_THAT(program.machine.desktopPicture.sets, IsEmpty()) << "the user may have another picture by now";
+    }
 }
 
 TEST_F(StartUp, ClicksAreCarriedOut)
