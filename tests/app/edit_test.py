@@ -5,13 +5,12 @@
 It is started from the menu. A dragged widget comes in line with another one and is stored there, a click on a face ends
 nothing, the backdrops follow the screens, and Escape or a click on an empty spot brings everything back.
 """
-import shutil
 import subprocess
 import sys
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).parents[1] / "support"))
-from program import Session, active_window, hover, pointer, wait_for
+from program import Session, active_window, hover, pointer, screen_size, two_screens, wait_for
 from status_host import StatusHost
 
 LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
@@ -23,14 +22,8 @@ def describe(window, *properties):
     return subprocess.run(["xprop", "-id", window, *properties], capture_output=True, text=True).stdout
 
 
-def visible(session):
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(session.process.pid)],
-                           capture_output=True, text=True)
-    return found.stdout.split()
-
-
 def backdrops(session):
-    return [window for window in visible(session) if "_NET_WM_WINDOW_TYPE_NORMAL" in describe(window)]
+    return [window for window in session.windows() if "_NET_WM_WINDOW_TYPE_NORMAL" in describe(window)]
 
 
 def has_focus(session):
@@ -61,7 +54,7 @@ def begin(session, host, count=1):
 def ended(session):
     wait_for("end of edit mode", lambda: not backdrops(session))
     wait_for("widgets below windows", lambda: len(session.panels()) == len(WIDGETS) and not any(
-        "_NET_WM_STATE_ABOVE" in describe(window, "_NET_WM_STATE") for window in visible(session)))
+        "_NET_WM_STATE_ABOVE" in describe(window, "_NET_WM_STATE") for window in session.windows()))
 
 
 def arrange(session, host, height):
@@ -71,7 +64,7 @@ def arrange(session, host, height):
     wait_for("stored place in line", lambda: session.widgets()[1]["origin"] == [300, 200])
     wait_for("panel in line", lambda: any(
         panel[:2] == (300 - LEFT, height - 200 - SMALL - ABOVE) for panel in session.panels()))
-    wait_for("end of the guides", lambda: len(visible(session)) == len(WIDGETS) + 1)
+    wait_for("end of the guides", lambda: len(session.windows()) == len(WIDGETS) + 1)
     assert backdrops(session), "a drag ended edit mode"
     pointer("click", "1")
     pointer("sleep", "0.3")
@@ -82,16 +75,9 @@ def arrange(session, host, height):
 
 def follow_screens(session, host, width, height):
     begin(session, host)
-    half = width // 2
-    try:
-        for name, place in (("LEFT", f"{half}/300x{height}/200+0+0 screen"),
-                            ("RIGHT", f"{half}/300x{height}/200+{half}+0 none")):
-            subprocess.run(["xrandr", "--setmonitor", name, *place.split()], check=True, capture_output=True)
+    with two_screens(width, height):
         wait_for("backdrop on the new screen", lambda: len(backdrops(session)) == 2)
         wait_for("keyboard at one of them", lambda: has_focus(session))
-    finally:
-        for name in ("RIGHT", "LEFT"):
-            subprocess.run(["xrandr", "--delmonitor", name], check=True, capture_output=True)
     wait_for("single backdrop", lambda: len(backdrops(session)) == 1)
     wait_for("keyboard at it", lambda: has_focus(session))
     pointer("key", "Escape")
@@ -99,7 +85,7 @@ def follow_screens(session, host, width, height):
 
 
 def main():
-    width, height = map(int, subprocess.check_output(["xdotool", "getdisplaygeometry"]).split())
+    width, height = screen_size()
     host = StatusHost()
     session = Session({"hasLaunchedBefore": True, "animations": False, "widgets.v2": WIDGETS})
     session.start()
@@ -109,8 +95,6 @@ def main():
     follow_screens(session, host, width, height)
     begin(session, host)
     session.end()
-    assert session.process.returncode == 0, f"ended with {session.process.returncode}"
-    shutil.rmtree(session.home)
     host.close()
     print("arranged in line, followed the screens, ended by a click and by Escape")
 

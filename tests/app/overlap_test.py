@@ -8,13 +8,12 @@ widget fades or goes, without one it is out of sight; clicks at its place reach 
 import json
 import os
 import shutil
-import signal
 import subprocess
 import time
 
 from Xlib import X, display
 
-from program import Session, pointer, shot, wait_for
+from program import Session, pointer, screen_size, shot, wait_for
 
 LIMIT = 0.8 + 0.25  # seconds until a widget has given way, or has come back
 PLACE = (200, 200, 170, 170)  # of the widget, from the upper left corner of the screen
@@ -44,12 +43,6 @@ class OtherProgram:
 def opacity(panel):
     shown = subprocess.run(["xprop", "-id", panel, "_NET_WM_WINDOW_OPACITY"], capture_output=True, text=True).stdout
     return int(shown.partition(" = ")[2]) / 0xFFFFFFFF if " = " in shown else 1.0
-
-
-def panel_of(session):
-    command = ["xdotool", "search", "--onlyvisible", "--pid", str(session.process.pid)]
-    found = subprocess.run(command, capture_output=True, text=True).stdout.split()
-    return found[0] if found else None
 
 
 def pixel(x, y):
@@ -87,13 +80,13 @@ def gives_way_in_time(panel, other, target):
 
 
 def run(session, overlap, composited):
-    width, height = map(int, subprocess.check_output(["xdotool", "getdisplaygeometry"]).split())
+    _, height = screen_size()
     origin = [PLACE[0], height - PLACE[1] - PLACE[3]]
     session.store.write_text(json.dumps({
         "hasLaunchedBefore": True, "overlap": overlap, "clickToOpen": False,
         "widgets.v2": [{"kind": "cpu", "skin": "glass", "origin": origin, "pinned": True}]}))
     session.start()
-    panel = wait_for("widget", lambda: panel_of(session))
+    panel = wait_for("widget", session.windows)[0]
     time.sleep(1)
     middle = (PLACE[0] + PLACE[2] // 2, PLACE[1] + PLACE[3] - 8)
     face, other = pixel(*middle), OtherProgram()
@@ -107,8 +100,7 @@ def run(session, overlap, composited):
         wait_for("a ghost of the widget", lambda: pixel(*middle) not in ("2060c0", face))
     other.move(*AWAY)
     wait_for("the whole widget", lambda: opacity(panel) == 1.0 and pixel(*middle) == face)
-    session.end(signal.SIGTERM)
-    assert session.process.returncode == 0, f"ended with {session.process.returncode}"
+    session.stop()
     other.display.close()
 
 

@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
 """The whole program on the display of a test, which names it as its first argument."""
+import contextlib
 import json
 import os
+import shutil
 import signal
 import subprocess
 import sys
@@ -50,6 +52,23 @@ def active_window():
     return int(told.rpartition("# ")[2].split(",")[0], 16) if "# " in told else 0
 
 
+def screen_size():
+    return map(int, subprocess.check_output(["xdotool", "getdisplaygeometry"]).split())
+
+
+@contextlib.contextmanager
+def two_screens(width, height):
+    """Makes two screens called LEFT and RIGHT of one for a while."""
+    half = width // 2
+    try:
+        for name, place in (("LEFT", f"{half}/300x{height}/200+0+0 screen"), ("RIGHT", f"{half}/300x{height}/200+{half}+0 none")):
+            subprocess.run(["xrandr", "--setmonitor", name, *place.split()], check=True)
+        yield
+    finally:
+        for name in ("RIGHT", "LEFT"):
+            subprocess.run(["xrandr", "--delmonitor", name], check=True)
+
+
 def press_until(key, what, condition):
     """Presses the key, again every five seconds: before a menu has taken the keyboard, keys go elsewhere."""
     pressed = 0.0
@@ -84,16 +103,32 @@ class Session:
     def start(self):
         self.process = subprocess.Popen([PROGRAM], env=self.env, stderr=subprocess.PIPE, text=True)
 
-    def end(self, how=signal.SIGTERM):
-        self.process.send_signal(how)
-        self.process.wait(PATIENCE)
+    def ended(self):
+        """Waits until the program has ended by itself, and well."""
+        status = self.process.wait(PATIENCE)
+        assert status == 0, f"ended with {status}: {self.process.stderr.read()}"
+
+    def end(self, *helpers):
+        """Asks the program to end, ends the other processes and tidies up."""
+        self.stop()
+        for helper in helpers:
+            helper.kill()
+            helper.wait()
+        shutil.rmtree(self.home)
+
+    def stop(self):
+        self.process.send_signal(signal.SIGTERM)
+        self.ended()
+
+    def windows(self):
+        """The program's windows on the screen."""
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
+                              capture_output=True, text=True).stdout.split()
 
     def panels(self):
-        """Places and sizes of the program's windows on the screen."""
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
-                               capture_output=True, text=True)
+        """Their places and sizes."""
         places = []
-        for window in found.stdout.split():
+        for window in self.windows():
             shell = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], capture_output=True, text=True)
             values = dict(line.split("=") for line in shell.stdout.splitlines())
             places.append(tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))

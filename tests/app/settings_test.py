@@ -5,7 +5,6 @@
 Another application is active meanwhile and stays so; what is typed is stored with every letter; Escape closes the
 settings, and then the keys go where they went before.
 """
-import shutil
 import subprocess
 
 from program import Session, active_window, hover, pointer, shot, wait_for
@@ -51,9 +50,5 @@ typed("key", "a")
 wait_for("key in the other application", lambda: "KeyPress" in keys.read_text())
 assert active_window() == active
 
-session.end()
-assert session.process.returncode == 0, f"ended with {session.process.returncode}"
-other.terminate()
-other.wait()
-shutil.rmtree(session.home)
+session.end(other)
 print("typed a title and picked a date while another application stayed active")

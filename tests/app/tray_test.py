@@ -28,17 +28,14 @@ def started(**settings):
 
 
 def ended(session):
-    status = session.process.wait(PATIENCE)
-    assert status == 0, f"ended with {status}: {session.process.stderr.read()}"
+    session.ended()
     shutil.rmtree(session.home)
 
 
 def windows(session, *tell_and_word):
     """The program's visible windows of which that command tells that."""
     *tell, word = tell_and_word
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(session.process.pid)],
-                           capture_output=True, text=True)
-    return {window for window in found.stdout.split()
+    return {window for window in session.windows()
             if word in subprocess.run([*tell, "-id", window], capture_output=True, text=True).stdout}
 
 
@@ -161,7 +158,6 @@ def without_tray():
     pointer("key", "Return")  # the last line removes the widget
     wait_for("removal", lambda: len(session.widgets()) == count - 1)
     session.end()
-    ended(session)
 
 
 announced()
