@@ -4,6 +4,8 @@
 #include "support/MockBus.h"
 #include "support/Variable.h"
 
+#include <gtest/gtest.h>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;

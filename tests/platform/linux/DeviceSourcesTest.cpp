@@ -4,6 +4,8 @@
 #include "platform/linux/bus/UPowerDevices.h"
 #include "support/MockBus.h"
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 
 namespace ambrelle {

@@ -109,7 +109,7 @@ TEST(QtHttpClientTest, AnswersWithTheBodyOrASentence)
             {{}, u"The server points to an address that is not secure."_s}},
         {"a way to a file", LocalServer::answer({}, "302 Found", "Location: file:///etc/passwd\r\n"),
             {{}, u"The server points to an address that is not secure."_s}},
-        {"drops for many seconds", dripping(head + "\r\n", full), {{}, u"The server did not answer in time."_s}},
+        {"drops for many seconds", dripping(head + "\r\n", full + full), {{}, u"The server did not answer in time."_s}},
         {"no HTTP at all", raw("SSH-2.0-Server\r\n"), {{}, u"The server 127.0.0.1 broke the connection off."_s}},
     };
     LocalServer server;
