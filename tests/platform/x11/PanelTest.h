@@ -95,6 +95,16 @@ protected:
         return runTool(u"xdotool"_s, {"mousemove", QString::number(place.x()), QString::number(place.y())});
     }
     bool click(const QPoint& place) const { return movePointer(place) && runTool(u"xdotool"_s, {"click", "1"}); }
+    /// Clicks again until it is heard: as long as the window manager has not cut its frame to the input area, that
+    /// swallows clicks.
+    template <typename Condition> bool clickUntil(const QPoint& place, const Condition& isHeard) const
+    {
+        for (int attempt = 0; attempt < 20 && !isHeard(); ++attempt) {
+            EXPECT_TRUE(click(place));
+            waitUntil(isHeard, 3000);
+        }
+        return isHeard();
+    }
     /// An ordinary, focused window of another application that covers the panel.
     xcb_window_t coverPanel()
     {

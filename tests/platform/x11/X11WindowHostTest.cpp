@@ -87,13 +87,7 @@ TEST_F(X11WindowHostTest, InputAreaAndClickThroughLetClicksReachTheWindowBelow)
     const auto pressedBelow = [&](const QPoint& place) {
         const int before = onlooker.clicks(other);
         const qsizetype heard = face.pressed.size();
-        const auto isHeard = [&] { return onlooker.clicks(other) > before || face.pressed.size() > heard; };
-        // Until the window manager has cut its frame to the input area, that swallows clicks.
-        for (int attempt = 0; attempt < 20 && !isHeard(); ++attempt) {
-            EXPECT_TRUE(click(place));
-            waitUntil(isHeard, 3000);
-        }
-        EXPECT_TRUE(isHeard());
+        EXPECT_TRUE(clickUntil(place, [&] { return onlooker.clicks(other) > before || face.pressed.size() > heard; }));
         return onlooker.clicks(other) > before;
     };
     EXPECT_TRUE(pressedBelow(marginPixel()));
@@ -169,14 +163,13 @@ TEST_F(X11WindowHostTest, AGhostStaysOneThroughAChangeOfLevel)
     ASSERT_TRUE(waitUntil([&] { return onlooker.isAbove(panel->window(), other); }));
     EXPECT_FALSE(onlooker.values(panel->window(), "_NET_WM_WINDOW_OPACITY").empty());
     EXPECT_TRUE(shows(facePixel(), windowColour));
-    EXPECT_TRUE(click(facePixel()));
-    EXPECT_TRUE(waitUntil([&] { return onlooker.clicks(other) == 1; }));
+    EXPECT_TRUE(clickUntil(facePixel(), [&] { return onlooker.clicks(other) > 0; }));
+    EXPECT_TRUE(face.pressed.isEmpty());
     EXPECT_FALSE(face.inside);
     panel->setOpacity(1);
     panel->setClickThrough(false);
     EXPECT_TRUE(shows(facePixel(), faceColour));
-    EXPECT_TRUE(click(facePixel()));
-    EXPECT_TRUE(waitUntil([&] { return face.pressed.size() == 1; }));
+    EXPECT_TRUE(clickUntil(facePixel(), [&] { return !face.pressed.isEmpty(); }));
     EXPECT_TRUE(face.inside);
 }
 
