@@ -2,9 +2,9 @@
 
 #include "drawing/Canvas.h"
 
-#include "drawing/PixelPaint.h"
-
 #include "drawing/Colours.h"
+#include "drawing/Pens.h"
+#include "drawing/PixelPaint.h"
 
 #include <cmath>
 
@@ -121,7 +121,7 @@ double Canvas::figure(const Box& box, const QString& value, const QString& unit,
     figure(box, path, pen, style.fill, value);
     m_painter.translate(pen);
     if (style.outline > 0)
-        m_painter.strokePath(path.digits, QPen(style.fill, style.outline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        m_painter.strokePath(path.digits, roundPen(style.fill, style.outline));
     if (!path.unit.isEmpty()) {
         const QColor colour = style.unitColour ? *style.unitColour : style.fill.color();
         m_painter.fillPath(path.unit, colour);

@@ -4,6 +4,7 @@
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
+#include "drawing/Pens.h"
 
 #include <QLinearGradient>
 
@@ -119,9 +120,8 @@ void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double
     double spread)
 {
     for (int stroke = strokes; stroke > 0; --stroke)
-        canvas.stroke(
-            path, QPen(faded(colour, alpha), width + stroke * spread, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    canvas.stroke(path, QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        canvas.stroke(path, roundPen(faded(colour, alpha), width + stroke * spread));
+    canvas.stroke(path, roundPen(colour, width));
 }
 
 void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& track, const QBrush& fill)

@@ -2,6 +2,7 @@
 
 #include "wallpapers/Painting.h"
 
+#include "drawing/Pens.h"
 #include "wallpapers/InkLayer.h"
 #include "wallpapers/SpecksLayer.h"
 #include "wallpapers/TilePrinter.h"
@@ -55,9 +56,8 @@ void Painting::fill(const QPainterPath& shape, const Ink& ink)
 void Painting::stroke(const QPainterPath& path, double thickness, const Ink& ink)
 {
     const double half = thickness / 2;
-    stencil(path.boundingRect().adjusted(-half, -half, half, half), ink, [&](QPainter& painter) {
-        painter.strokePath(path, QPen(Qt::black, thickness, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    });
+    stencil(path.boundingRect().adjusted(-half, -half, half, half), ink,
+        [&](QPainter& painter) { painter.strokePath(path, roundPen(Qt::black, thickness)); });
 }
 
 void Painting::stencil(const QRectF& area, const Ink& ink, const std::function<void(QPainter&)>& draw)

@@ -2,6 +2,7 @@
 
 #include "skins/chalk/ChalkDoodles.h"
 
+#include "drawing/Pens.h"
 #include "drawing/SeededRandom.h"
 
 #include <QPainter>
@@ -150,9 +151,7 @@ QPainterPath wavering(const QPainterPath& path, double amount, SeededRandom& ran
 /// Drawn twice, the second time more faintly and beside the first; then the rough board shows through.
 void chalk(QPainter& painter, const QPainterPath& path, double thickness, SeededRandom& random)
 {
-    const auto pen = [thickness](float opacity) {
-        return QPen(QColor::fromRgbF(0, 0, 0, opacity), thickness, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    };
+    const auto pen = [thickness](float opacity) { return roundPen(QColor::fromRgbF(0, 0, 0, opacity), thickness); };
     painter.strokePath(wavering(path, 0.35 * thickness, random), pen(0.9F));
     painter.strokePath(wavering(path, 0.7 * thickness, random), pen(0.35F));
 

@@ -4,6 +4,7 @@
 
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
+#include "drawing/Pens.h"
 
 #include <QLinearGradient>
 #include <QRadialGradient>
@@ -97,7 +98,7 @@ void halo(Canvas& canvas, const Box& tube, QChar shown, const FigureStyle& digit
         painter.setClipPath(inside);
         Canvas glass(painter, {});
         glow(glass, bent, faded(colour, level), digit.outline, 6, 0.07 * level, digit.cap / 26);
-        glass.stroke(bent, QPen(burning(level), digit.outline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        glass.stroke(bent, roundPen(burning(level), digit.outline));
     });
 }
 
