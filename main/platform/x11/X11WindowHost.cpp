@@ -8,6 +8,7 @@
 
 #include <QCursor>
 
+#include <algorithm>
 #include <chrono>
 
 namespace ambrelle {
@@ -76,11 +77,16 @@ std::unique_ptr<BackdropWindow> X11WindowHost::makeBackdrop(BackdropDelegate& de
 
 void X11WindowHost::watch()
 {
-    // A window manager that is itself just starting may lose the request to show a window.
-    for (X11Panel* panel : m_panels) {
-        if (panel->isShown() && !panel->isOnScreen())
-            panel->remap();
+    QList<X11Panel*> missing;
+    std::ranges::copy_if(m_panels, std::back_inserter(missing),
+        [](const X11Panel* panel) { return panel->isShown() && !panel->isOnScreen(); });
+    if (missing.size() != std::exchange(m_missing, missing.size())) {
+        m_watchStart.start(); // the window manager is at work
+        return;
     }
+    // A window manager that is itself just starting may lose the request to show a window.
+    for (X11Panel* panel : missing)
+        panel->remap();
     // The toolkit listens for assistive technology from this question on. It asks it itself only once a window of
     // controls is shown.
     QAccessible::isActive();

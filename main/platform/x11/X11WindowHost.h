@@ -47,6 +47,7 @@ private:
     std::unique_ptr<X11WindowList> m_windows;
     X11SessionVisibility m_visibility;
     QTimer m_watchStart;
+    qsizetype m_missing = 0; ///< panels that were shown and not on the screen when last looked at
 };
 
 } // namespace ambrelle

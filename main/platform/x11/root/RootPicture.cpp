@@ -4,6 +4,8 @@
 
 #include "platform/x11/connection/Reply.h"
 
+#include <QPainter>
+
 #include <cstring>
 
 namespace ambrelle {
@@ -39,6 +41,21 @@ void RootPicture::find()
         return;
     m_pixmap = m_named;
     m_bounds = QRect(0, 0, size->width, size->height);
+}
+
+QImage RootPicture::ground(PaintBuffer& buffer, QPoint corner, QSize window, const QRect& part)
+{
+    if (!m_known)
+        find();
+    const QRect below = part.translated(corner);
+    if (m_pixmap != XCB_PIXMAP_NONE && m_bounds.contains(below)) {
+        if (QImage copy = buffer.copy(m_pixmap, corner, window, part); !copy.isNull())
+            return copy;
+    }
+    QImage blank = buffer.blank(window, part);
+    if (!blank.isNull())
+        QPainter(&blank).drawImage(part.topLeft(), this->part(below));
+    return blank;
 }
 
 QImage RootPicture::part(const QRect& area)

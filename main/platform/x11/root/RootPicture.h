@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "platform/x11/connection/PaintBuffer.h"
 #include "platform/x11/connection/X11Connection.h"
 
 #include <QImage>
@@ -20,6 +21,9 @@ public:
     /// The picture below a rectangle of native pixels of the root window, of the same size and opaque; black where the
     /// picture does not reach, null where there is none. Waits once for the server.
     QImage part(const QRect& area);
+    /// The same for a part of a window at `corner`, in the buffer's pixels of that window, to be painted on;
+    /// transparent where there is no picture, null where there is no memory.
+    QImage ground(PaintBuffer& buffer, QPoint corner, QSize window, const QRect& part);
 
 private:
     xcb_pixmap_t named() const;

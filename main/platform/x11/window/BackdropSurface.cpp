@@ -13,8 +13,8 @@ namespace ambrelle {
 using namespace Qt::StringLiterals;
 
 BackdropSurface::BackdropSurface(BackdropDelegate& delegate, X11Parts& parts)
-    : m_delegate(delegate)
-    , m_ground(parts)
+    : RasterSurface(parts)
+    , m_delegate(delegate)
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     // Of several backdrops that appear together the last would get the focus; it is asked for expressly instead.
@@ -24,7 +24,6 @@ BackdropSurface::BackdropSurface(BackdropDelegate& delegate, X11Parts& parts)
 
 void BackdropSurface::groundChanged()
 {
-    m_ground.forget();
     updateAll();
 }
 
@@ -37,17 +36,16 @@ bool BackdropSurface::handle(QEvent& event)
     return true;
 }
 
-void BackdropSurface::paint(QPainter& painter, const QRegion&)
+void BackdropSurface::paint(QPainter& painter, const QRect&)
 {
-    m_ground.draw(painter, nativePlace(), devicePixelRatio());
     painter.setRenderHint(QPainter::Antialiasing);
     m_delegate.paint(painter, QSizeF(size()));
 }
 
-QRect BackdropSurface::nativePlace() const
+QPoint BackdropSurface::nativeCorner() const
 {
     // A screen keeps its native place under scaling, and the backdrop starts in its corner.
-    return {screen()->geometry().topLeft(), (QSizeF(size()) * devicePixelRatio()).toSize()};
+    return screen()->geometry().topLeft();
 }
 
 void BackdropSurface::mousePressEvent(QMouseEvent* event)

@@ -4,7 +4,6 @@
 
 #include "platform/WindowHost.h"
 #include "platform/x11/window/RasterSurface.h"
-#include "platform/x11/window/WindowGround.h"
 
 namespace ambrelle {
 
@@ -17,16 +16,14 @@ public:
 
 protected:
     bool handle(QEvent& event) override;
-    void paint(QPainter& painter, const QRegion& area) override;
+    void paint(QPainter& painter, const QRect& area) override;
+    QPoint nativeCorner() const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QRect nativePlace() const;
-
     BackdropDelegate& m_delegate;
-    WindowGround m_ground;
     bool m_pressed = false;
 };
 

@@ -14,9 +14,9 @@ namespace ambrelle {
 using namespace Qt::StringLiterals;
 
 PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
-    : m_delegate(delegate)
+    : RasterSurface(parts)
+    , m_delegate(delegate)
     , m_parts(parts)
-    , m_ground(parts)
     , m_pixelRatio(devicePixelRatio())
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
@@ -48,7 +48,6 @@ void PanelSurface::repaint(const QRectF& area)
 
 void PanelSurface::groundChanged()
 {
-    m_ground.forget();
     updateAll();
     if (!isRetired())
         m_delegate.appearanceChanged();
@@ -83,12 +82,11 @@ bool PanelSurface::handle(QEvent& event)
     }
 }
 
-void PanelSurface::paint(QPainter& painter, const QRegion& area)
+void PanelSurface::paint(QPainter& painter, const QRect& area)
 {
     checkPixelRatio();
-    m_ground.draw(painter, nativeGeometry(), m_pixelRatio);
     painter.setRenderHint(QPainter::Antialiasing);
-    m_delegate.paint(painter, area.boundingRect());
+    m_delegate.paint(painter, area);
 }
 
 void PanelSurface::moveEvent(QMoveEvent* event)
@@ -119,13 +117,12 @@ void PanelSurface::mouseReleaseEvent(QMouseEvent* event)
     m_delegate.pointerReleased(pointerEvent(*event));
 }
 
-QRect PanelSurface::nativeGeometry() const
+QPoint PanelSurface::nativeCorner() const
 {
     // A screen keeps its native place under scaling; only distances from there are scaled.
     // While a window manager takes the window over, position() passes through places that no move event tells of.
     const QPointF corner = screen()->geometry().topLeft();
-    const QPointF place = corner + (QPointF(m_place) - corner) * m_pixelRatio;
-    return {place.toPoint(), (QSizeF(size()) * m_pixelRatio).toSize()};
+    return (corner + (QPointF(m_place) - corner) * m_pixelRatio).toPoint();
 }
 
 void PanelSurface::checkPixelRatio()

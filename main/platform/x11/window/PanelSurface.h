@@ -4,7 +4,6 @@
 
 #include "platform/WindowHost.h"
 #include "platform/x11/window/RasterSurface.h"
-#include "platform/x11/window/WindowGround.h"
 
 namespace ambrelle {
 
@@ -37,20 +36,19 @@ Q_SIGNALS:
 
 protected:
     bool handle(QEvent& event) override;
-    void paint(QPainter& painter, const QRegion& area) override;
+    void paint(QPainter& painter, const QRect& area) override;
+    QPoint nativeCorner() const override;
     void moveEvent(QMoveEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    QRect nativeGeometry() const;
     void checkPixelRatio();
     PointerEvent pointerEvent(const QMouseEvent& event) const;
 
     PanelDelegate& m_delegate;
     X11Parts& m_parts;
-    WindowGround m_ground;
     QPoint m_place; ///< where the window is or was last sent
     double m_pixelRatio;
     PanelAccess* m_access = nullptr;

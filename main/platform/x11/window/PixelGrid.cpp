@@ -55,4 +55,9 @@ QRect PixelGrid::pixels(const QRectF& points) const
     return QRectF(points.topLeft() * m_ratio, points.size() * m_ratio).toAlignedRect();
 }
 
+QRectF PixelGrid::points(const QRect& pixels) const
+{
+    return {QPointF(pixels.topLeft()) / m_ratio, QSizeF(pixels.size()) / m_ratio};
+}
+
 } // namespace ambrelle

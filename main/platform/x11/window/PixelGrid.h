@@ -18,6 +18,7 @@ public:
     QRect covering(const QRectF& points) const; ///< the smallest rectangle of whole steps
     QSize covering(const QSizeF& points) const;
     QRect pixels(const QRectF& points) const; ///< the device pixels touched, relative to the same origin
+    QRectF points(const QRect& pixels) const; ///< the other way
 
 private:
     double m_ratio;

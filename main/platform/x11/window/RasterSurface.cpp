@@ -2,6 +2,8 @@
 
 #include "platform/x11/window/RasterSurface.h"
 
+#include "platform/x11/window/PixelGrid.h"
+
 #include <QEvent>
 #include <QPainter>
 
@@ -9,7 +11,8 @@
 
 namespace ambrelle {
 
-RasterSurface::RasterSurface()
+RasterSurface::RasterSurface(X11Parts& parts)
+    : m_parts(parts)
 {
     setSurfaceType(QSurface::RasterSurface);
     QSurfaceFormat translucent = format();
@@ -87,21 +90,22 @@ void RasterSurface::flush()
     const QRect whole({0, 0}, size());
     if (!isExposed() || whole.isEmpty())
         return;
-    if (m_store.size() != size() || m_storeRatio != devicePixelRatio()) {
-        m_store.resize(size());
-        m_storeRatio = devicePixelRatio();
-        m_outdated = whole;
-    }
-    const QRegion area = std::exchange(m_outdated, QRegion()) & whole;
+    const QRect area = std::exchange(m_outdated, QRegion()).boundingRect() & whole;
     if (area.isEmpty())
         return;
-    m_store.beginPaint(area);
-    QPainter painter(m_store.paintDevice());
-    painter.setClipRegion(area);
+    const PixelGrid grid(devicePixelRatio());
+    const QSize window = grid.pixels(whole).size();
+    const QRect part = grid.pixels(area);
+    QImage image = m_parts.compositor.isActive() ? m_parts.buffer.blank(window, part)
+                                                 : m_parts.picture.ground(m_parts.buffer, nativeCorner(), window, part);
+    if (image.isNull())
+        return;
+    image.setDevicePixelRatio(devicePixelRatio());
+    QPainter painter(&image);
+    painter.setClipRect(grid.points(part));
     paint(painter, area);
     painter.end();
-    m_store.endPaint();
-    m_store.flush(area);
+    m_parts.buffer.show(image, part, static_cast<xcb_window_t>(winId()));
 }
 
 } // namespace ambrelle

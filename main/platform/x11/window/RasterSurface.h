@@ -2,7 +2,9 @@
 
 #pragma once
 
-#include <QBackingStore>
+#include "platform/x11/window/X11Parts.h"
+
+#include <QRegion>
 #include <QWindow>
 
 #include <functional>
@@ -11,13 +13,13 @@ class QPainter;
 
 namespace ambrelle {
 
-/// A translucent window that is painted part by part, and as finely as its screen of now: the toolkit's own kind of
-/// raster window keeps its number of pixels when only their size changes. It may lose its owner at any time, in the
-/// middle of an event too.
+/// A translucent window that is painted part by part, and as finely as its screen of now, over a copy of the desktop
+/// picture where nothing composites. Unlike the toolkit's own kind of raster window it keeps no copy of its pixels. It
+/// may lose its owner at any time, in the middle of an event too.
 class RasterSurface : public QWindow {
     Q_OBJECT
 public:
-    RasterSurface();
+    explicit RasterSurface(X11Parts& parts);
 
     /// From now on nothing is painted or handled; deletes the window, after the event that is being delivered if there
     /// is one.
@@ -33,8 +35,10 @@ Q_SIGNALS:
 protected:
     /// Handles an event in an own way; false leaves it to the toolkit.
     virtual bool handle(QEvent& event) = 0;
-    /// Paints what lies in `area`, which is transparent before.
-    virtual void paint(QPainter& painter, const QRegion& area) = 0;
+    /// Paints what lies in `area`, where nothing but the desktop picture has been painted before.
+    virtual void paint(QPainter& painter, const QRect& area) = 0;
+    /// Where the window lies on the root window, in its pixels.
+    virtual QPoint nativeCorner() const = 0;
     /// Does what may end in retire() because of it.
     void deliver(const std::function<void()>& work);
     bool event(QEvent* event) override;
@@ -45,8 +49,7 @@ private:
     bool take(QEvent& event);
     void flush();
 
-    QBackingStore m_store{this};
-    double m_storeRatio = 0; ///< pixels per point that the store has; 0 before the first paint
+    X11Parts& m_parts;
     QRegion m_outdated;
     int m_delivering = 0;
     bool m_retired = false;

@@ -4,10 +4,6 @@
 
 namespace ambrelle {
 
-namespace {
-
-} // namespace
-
 X11Backdrop::X11Backdrop(BackdropDelegate& delegate, X11Parts& parts)
     : m_surface(new BackdropSurface(delegate, parts))
     , m_parts(parts)

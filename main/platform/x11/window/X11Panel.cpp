@@ -78,7 +78,8 @@ void X11Panel::show()
     if (isShown())
         return;
     m_surface->show();
-    announce();
+    if (std::exchange(m_wasShown, true))
+        announce();
 }
 
 void X11Panel::hide()
@@ -132,8 +133,7 @@ void X11Panel::dress()
     x.setProperty(m_window, Atom::wmDesktop, XCB_ATOM_CARDINAL, {WindowHint::everyDesktop});
     writeHints(x, m_window);
     // The toolkit also offers WM_TAKE_FOCUS, an invitation to move the focus here.
-    x.setProperty(m_window, Atom::wmProtocols, XCB_ATOM_ATOM,
-        {x.atom(Atom::wmDeleteWindow), x.atom(Atom::wmPing), x.atom(Atom::wmSyncRequest)});
+    x.setProperty(m_window, Atom::wmProtocols, XCB_ATOM_ATOM, {x.atom(Atom::wmDeleteWindow), x.atom(Atom::wmPing)});
     x.setText(m_window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, QByteArray("ambrelle\0Ambrelle\0", 18));
     x.setText(m_window, x.atom(Atom::wmName), x.atom(Atom::utf8String), "Ambrelle");
     x.flush();

@@ -55,6 +55,7 @@ private:
     double m_opacity = 1;
     bool m_clickThrough = false;
     bool m_shaped = false;
+    bool m_wasShown = false; ///< once before, so that a window manager may still take states away
     std::optional<QRectF> m_inputArea;
     QRectF m_outline;
     double m_corner = 0;

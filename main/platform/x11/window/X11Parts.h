@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/x11/connection/CompositorWatch.h"
+#include "platform/x11/connection/PaintBuffer.h"
 #include "platform/x11/connection/ScreenList.h"
 #include "platform/x11/connection/WindowManager.h"
 #include "platform/x11/connection/X11Connection.h"
@@ -19,6 +20,7 @@ struct X11Parts {
 
     X11Connection connection;
     CompositorWatch compositor{connection};
+    PaintBuffer buffer;
     RootPicture picture{connection};
     WindowManager manager{connection};
     ScreenList screens;

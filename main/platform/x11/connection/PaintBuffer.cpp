@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/x11/connection/PaintBuffer.h"
+
+#include "platform/x11/connection/Reply.h"
+
+#include <sys/mman.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr std::size_t pageBytes = 4096;
+/// What a panel needs at twice the usual pixel ratio. More, as for a backdrop, is given back at once.
+constexpr std::size_t keptBytes = 2 << 20;
+
+/// A descriptor goes through a local socket only, not through a tunnel to another machine.
+bool isLocal(xcb_connection_t* connection)
+{
+    sockaddr_storage address{};
+    socklen_t length = sizeof address;
+    const int socket = xcb_get_file_descriptor(connection);
+    return getsockname(socket, reinterpret_cast<sockaddr*>(&address), &length) == 0 && address.ss_family == AF_UNIX;
+}
+
+bool takesDescriptors(xcb_connection_t* connection)
+{
+    const xcb_query_extension_reply_t* shm = xcb_get_extension_data(connection, &xcb_shm_id);
+    if (!shm || !shm->present || !isLocal(connection))
+        return false;
+    const Reply version(xcb_shm_query_version_reply(connection, xcb_shm_query_version(connection), nullptr));
+    return version && std::pair(version->major_version, version->minor_version) >= std::pair<uint16_t, uint16_t>(1, 2);
+}
+
+/// What nobody asked for: news of the keyboard, and errors of windows that went away meanwhile.
+void discardEvents(xcb_connection_t* connection)
+{
+    while (xcb_generic_event_t* event = xcb_poll_for_queued_event(connection))
+        std::free(event);
+}
+
+constexpr int pixelBytes = sizeof(QRgb);
+
+std::size_t bytesOf(QSize size)
+{
+    return static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) * pixelBytes;
+}
+
+std::size_t rowBytes(const QRect& part)
+{
+    return bytesOf({part.width(), 1});
+}
+
+uint8_t* pixelsAt(QImage& image, int x, int y)
+{
+    return image.scanLine(y) + static_cast<std::ptrdiff_t>(x) * pixelBytes;
+}
+
+} // namespace
+
+PaintBuffer::PaintBuffer()
+    : m_connection(xcb_connect(nullptr, nullptr))
+    , m_shares(takesDescriptors(m_connection))
+{
+}
+
+PaintBuffer::~PaintBuffer()
+{
+    release();
+    xcb_disconnect(m_connection);
+}
+
+QImage PaintBuffer::image(QSize size, QImage::Format format, std::size_t more)
+{
+    if (size.isEmpty() || !reserve(bytesOf(size) + more))
+        return {};
+    return {m_memory, size.width(), size.height(), size.width() * pixelBytes, format};
+}
+
+QImage PaintBuffer::blank(QSize window, const QRect& part)
+{
+    awaitReading();
+    QImage blank = image(window, QImage::Format_ARGB32_Premultiplied);
+    for (int row = part.top(); row <= part.bottom() && !blank.isNull(); ++row)
+        std::memset(pixelsAt(blank, part.left(), row), 0, rowBytes(part));
+    return blank;
+}
+
+QImage PaintBuffer::copy(xcb_pixmap_t pixmap, QPoint corner, QSize window, const QRect& part)
+{
+    QImage copy = image(window, QImage::Format_RGB32, bytesOf(part.size()));
+    if (copy.isNull())
+        return {};
+    const uint8_t* fetched = m_memory + bytesOf(window);
+    if (!fetch(pixmap, part.translated(corner), m_memory + bytesOf(window)))
+        return {};
+    m_beingRead = false; // the server answers in the order of the requests
+    for (int row = part.top(); row <= part.bottom(); ++row, fetched += rowBytes(part))
+        std::memcpy(pixelsAt(copy, part.left(), row), fetched, rowBytes(part));
+    return copy;
+}
+
+void PaintBuffer::awaitReading()
+{
+    if (!std::exchange(m_beingRead, false))
+        return;
+    const Reply answer(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+}
+
+bool PaintBuffer::fetch(xcb_pixmap_t pixmap, const QRect& from, uint8_t* to)
+{
+    const auto x = static_cast<int16_t>(from.x());
+    const auto y = static_cast<int16_t>(from.y());
+    const auto width = static_cast<uint16_t>(from.width());
+    const auto height = static_cast<uint16_t>(from.height());
+    if (m_segment != XCB_NONE) {
+        const auto cookie = xcb_shm_get_image(m_connection, pixmap, x, y, width, height, ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP,
+            m_segment, static_cast<uint32_t>(to - m_memory));
+        return Reply(xcb_shm_get_image_reply(m_connection, cookie, nullptr)) != nullptr;
+    }
+    const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, x, y, width, height, ~0U);
+    const Reply reply(xcb_get_image_reply(m_connection, cookie, nullptr));
+    if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < bytesOf(from.size()))
+        return false;
+    std::memcpy(to, xcb_get_image_data(reply.get()), bytesOf(from.size()));
+    return true;
+}
+
+void PaintBuffer::show(const QImage& image, const QRect& part, xcb_window_t window)
+{
+    learnDepth(window);
+    if (m_segment == XCB_NONE || m_depth < 24) {
+        const QImage sent = image.copy(part);
+        send(m_depth < 24 ? sent.convertToFormat(QImage::Format_RGB16) : sent, window, part.topLeft());
+    } else {
+        const auto x = static_cast<int16_t>(part.x());
+        const auto y = static_cast<int16_t>(part.y());
+        xcb_shm_put_image(m_connection, window, m_context, static_cast<uint16_t>(image.width()),
+            static_cast<uint16_t>(image.height()), static_cast<uint16_t>(x), static_cast<uint16_t>(y),
+            static_cast<uint16_t>(part.width()), static_cast<uint16_t>(part.height()), x, y, m_depth,
+            XCB_IMAGE_FORMAT_Z_PIXMAP, 0, m_segment, 0);
+        m_beingRead = true;
+    }
+    xcb_flush(m_connection);
+    discardEvents(m_connection);
+    if (m_bytes > keptBytes)
+        release(); // the server holds on to what it has yet to read
+}
+
+/// All windows are made alike, so one tells of all.
+void PaintBuffer::learnDepth(xcb_window_t window)
+{
+    if (m_depth != 0)
+        return;
+    const Reply geometry(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
+    m_depth = geometry ? geometry->depth : 24;
+    m_context = xcb_generate_id(m_connection);
+    xcb_create_gc(m_connection, m_context, window, 0, nullptr);
+}
+
+void PaintBuffer::send(const QImage& part, xcb_window_t window, QPoint place) const
+{
+    constexpr uint32_t requestHead = 64; // more than the fields before the pixels take
+    const auto bytesPerRow = static_cast<uint32_t>(part.bytesPerLine());
+    const uint32_t room = xcb_get_maximum_request_length(m_connection) * 4 - requestHead;
+    const int rows = std::max(1, static_cast<int>(room / bytesPerRow));
+    for (int row = 0; row < part.height(); row += rows) {
+        const int count = std::min(rows, part.height() - row);
+        xcb_put_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, m_context, static_cast<uint16_t>(part.width()),
+            static_cast<uint16_t>(count), static_cast<int16_t>(place.x()), static_cast<int16_t>(place.y() + row), 0,
+            m_depth, bytesPerRow * static_cast<uint32_t>(count), part.constScanLine(row));
+    }
+}
+
+bool PaintBuffer::reserve(std::size_t bytes)
+{
+    if (bytes <= m_bytes)
+        return true;
+    release();
+    const std::size_t whole = (bytes + pageBytes - 1) / pageBytes * pageBytes;
+    if (m_shares && share(whole))
+        return true;
+    void* memory = mmap(nullptr, whole, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED)
+        return false;
+    m_memory = static_cast<uint8_t*>(memory);
+    m_bytes = whole;
+    return true;
+}
+
+bool PaintBuffer::share(std::size_t bytes)
+{
+    const int descriptor = memfd_create("ambrelle", MFD_CLOEXEC);
+    if (descriptor < 0)
+        return false;
+    void* memory = MAP_FAILED;
+    if (ftruncate(descriptor, static_cast<off_t>(bytes)) == 0)
+        memory = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, descriptor, 0);
+    if (memory == MAP_FAILED) {
+        close(descriptor);
+        return false;
+    }
+    const xcb_shm_seg_t segment = xcb_generate_id(m_connection);
+    const auto attached = xcb_shm_attach_fd_checked(m_connection, segment, descriptor, 0); // closes the descriptor
+    if (const Reply error(xcb_request_check(m_connection, attached)); error) {
+        munmap(memory, bytes);
+        m_shares = false;
+        return false;
+    }
+    m_memory = static_cast<uint8_t*>(memory);
+    m_bytes = bytes;
+    m_segment = segment;
+    return true;
+}
+
+void PaintBuffer::release()
+{
+    m_beingRead = false; // the server keeps the memory until then
+    if (m_segment != XCB_NONE)
+        xcb_shm_detach(m_connection, std::exchange(m_segment, XCB_NONE));
+    if (m_memory)
+        munmap(std::exchange(m_memory, nullptr), std::exchange(m_bytes, 0));
+}
+
+} // namespace ambrelle

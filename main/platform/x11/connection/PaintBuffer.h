@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <xcb/shm.h>
+
+#include <QImage>
+
+namespace ambrelle {
+
+/// The pixels that all windows of one depth are painted with, one after the other: memory shared with the X server
+/// where that runs on this machine. A window keeps no copy of what it shows; a part that gets lost is painted again.
+/// The connection is an own one: on the toolkit's every answer wakes a thread that hands it on.
+class PaintBuffer {
+public:
+    PaintBuffer();
+    ~PaintBuffer();
+    Q_DISABLE_COPY_MOVE(PaintBuffer)
+
+    /// The pixels of a window, to be painted on within `part` until show(): transparent there, anything elsewhere.
+    /// Waits until the server has read what was shown before. Null when there is no memory.
+    QImage blank(QSize window, const QRect& part);
+    /// The same for a window at `corner` over a pixmap of 24 or 32 bits a pixel, which reaches below the whole part: an
+    /// opaque copy of the pixmap there. Waits for the server; null when the pixmap cannot be read.
+    QImage copy(xcb_pixmap_t pixmap, QPoint corner, QSize window, const QRect& part);
+    /// Puts what was painted into the window, which the server knows.
+    void show(const QImage& image, const QRect& part, xcb_window_t window);
+
+private:
+    QImage image(QSize size, QImage::Format format, std::size_t more = 0);
+    bool fetch(xcb_pixmap_t pixmap, const QRect& from, uint8_t* to);
+    void awaitReading();
+    bool reserve(std::size_t bytes);
+    bool share(std::size_t bytes);
+    void release();
+    void learnDepth(xcb_window_t window);
+    void send(const QImage& part, xcb_window_t window, QPoint place) const;
+
+    xcb_connection_t* m_connection; ///< never null; one with an error does nothing
+    bool m_shares; ///< whether the server can be handed memory
+    uint8_t* m_memory = nullptr;
+    std::size_t m_bytes = 0;
+    xcb_shm_seg_t m_segment = XCB_NONE; ///< none: the memory is not shared, and pixels are sent
+    bool m_beingRead = false; ///< the server may still have to read what was shown last
+    uint8_t m_depth = 0; ///< of the windows; 0 until the first is shown
+    xcb_gcontext_t m_context = XCB_NONE;
+};
+
+} // namespace ambrelle
