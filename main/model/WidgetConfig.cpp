@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Beyond these a widget could be neither seen nor grasped.
-constexpr double leastStoredFit = 0.01;
+constexpr double leastFit = 0.01;
 constexpr double greatestFit = 10;
 
 // The fields that have a default, once for both directions.
@@ -73,6 +73,11 @@ struct Reader {
 
 } // namespace
 
+double WidgetConfig::clampedFit(double fit)
+{
+    return std::clamp(fit, leastFit, greatestFit);
+}
+
 QSizeF WidgetConfig::size() const
 {
     const QSizeF base = baseSize(sizeClass(skin, kind));
@@ -97,8 +102,7 @@ std::optional<WidgetConfig> WidgetConfig::decode(JsonReader& reader)
     WidgetConfig config(kind, skin);
     config.origin = reader.required<QPointF>("origin"_L1);
     visitDefaulted(config, Reader{reader});
-    if (config.fit < leastStoredFit || config.fit > greatestFit)
-        reader.fail("fit"_L1, u"expected a number from %1 to %2"_s.arg(leastStoredFit).arg(greatestFit));
+    config.fit = clampedFit(config.fit);
     config.opacity = std::clamp(config.opacity, 0.0, 1.0);
     return reader.ok() ? std::optional(std::move(config)) : std::nullopt;
 }

@@ -50,6 +50,8 @@ struct WidgetConfig {
 
     bool operator==(const WidgetConfig&) const = default;
 
+    /// The nearest `fit` with which a widget can be seen and grasped.
+    static double clampedFit(double fit);
     double effectiveScale() const { return factor(scale) * fit; }
     /// Whole points.
     QSizeF size() const;
@@ -59,7 +61,7 @@ struct WidgetConfig {
     /// Fields without a value are left out; dates are seconds since 2001-01-01 00:00 UTC, points are [x, y].
     QJsonObject encode() const;
     /// Nothing when a required field is missing or a field is malformed, and then `reader` tells which one. An unknown
-    /// skin becomes glass; an opacity beyond 0 to 1 is clamped.
+    /// skin becomes glass; an opacity or a fit beyond its limits is clamped.
     static std::optional<WidgetConfig> decode(JsonReader& reader);
 
     /// The records of a JSON array that can be read, in their order; nothing when `json` is no array.

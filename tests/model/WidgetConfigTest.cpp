@@ -88,6 +88,9 @@ TEST(WidgetConfigTest, AbsentAndForgivenFieldsTakeTheirDefaults)
     }
     EXPECT_EQ(decodeOne(R"({"kind": "sky", "origin": [0, 0], "opacity": 7})")->opacity, 1);
     EXPECT_EQ(decodeOne(R"({"kind": "sky", "origin": [0, 0], "opacity": -1})")->opacity, 0);
+    for (const auto& [stored, fit] :
+        {std::pair("0", 0.01), {"-1", 0.01}, {"0.02", 0.02}, {"11", 10.0}, {"1e300", 10.0}})
+        EXPECT_EQ(decodeOne(R"({"kind": "sky", "origin": [0, 0], "fit": )" + QByteArray(stored) + '}')->fit, fit);
     EXPECT_EQ(
         decodeOne(R"({"kind": "sky", "origin": [0, 0], "photoInterval": 10.0, "city": null})")->photoInterval, 10);
 }
@@ -97,10 +100,10 @@ TEST(WidgetConfigTest, AMalformedFieldDropsItsElementAndNoOther)
     const char* bad[] = {R"("id": "x")", R"("id": 5)", R"("kind": "Clock")", R"("kind": 1)", R"("scale": "tiny")",
         R"("scale": 1)", R"("origin": [1])", R"("origin": [1, "2"])", R"("origin": {"x": 1, "y": 2})",
         R"("origin": [1e9, 0])", R"("pinned": 1)", R"("backdrop": "blur")", R"("border": "yes")", R"("opacity": "1")",
-        R"("opacity": true)", R"("fit": 0)", R"("fit": -1)", R"("fit": 11)", R"("fit": "1")", R"("timeZone": 3)",
-        R"("city": [])", R"("photoFolder": false)", R"("photoInterval": 2.5)", R"("photoInterval": 1e12)",
-        R"("photoFill": 0)", R"("countdownTitle": 1)", R"("countdownDate": "tomorrow")", R"("countdownDate": 1e300)",
-        R"("countdownStart": [])", R"("quoteWords": 1)", R"("display": 1)", R"("displayOffset": [1])"};
+        R"("opacity": true)", R"("fit": "1")", R"("timeZone": 3)", R"("city": [])", R"("photoFolder": false)",
+        R"("photoInterval": 2.5)", R"("photoInterval": 1e12)", R"("photoFill": 0)", R"("countdownTitle": 1)",
+        R"("countdownDate": "tomorrow")", R"("countdownDate": 1e300)", R"("countdownStart": [])", R"("quoteWords": 1)",
+        R"("display": 1)", R"("displayOffset": [1])"};
     const QByteArray good = R"({"kind": "cpu", "skin": "paper", "origin": [1, 2]})";
     for (const char* member : bad) {
         QJsonObject element = QJsonDocument::fromJson(good).object();
