@@ -96,8 +96,18 @@ void AppDelegate::firstLaunch()
     m_settings.setHasLaunchedBefore(true);
     // Not shown yet: its tabs are empty, and would hide the widgets that a first start is about.
     m_interface.mainWindow().model().setShowWelcome(true);
+    layOutFirst();
+}
+
+void AppDelegate::layOutFirst()
+{
     if (!m_manager.controllers().isEmpty())
         return;
+    if (m_ports.windows.screens().isEmpty()) {
+        connect(
+            &m_ports.windows, &WindowHost::screensChanged, this, &AppDelegate::layOutFirst, Qt::SingleShotConnection);
+        return;
+    }
     const Skin skin = m_settings.defaultSkin();
     m_manager.applyPreset(skin);
     m_wallpaper.apply(skin); // should it fail, the widgets stand on the picture that is there

@@ -35,6 +35,7 @@ public:
 
 private:
     void firstLaunch();
+    void layOutFirst(); ///< now, or when the first screen comes
     void clicked(WidgetKind kind, const FaceAction& action);
 
     const Machine::Ports m_ports;

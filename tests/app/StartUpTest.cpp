@@ -89,6 +89,21 @@ TEST_F(StartUp, FirstLaunchFillsTheDesktop)
     EXPECT_THAT(desktop.rememberFolders, ElementsAre(QFileInfo(picture.file).path())) << "the user's own is lost";
 }
 
+TEST_F(StartUp, FirstLaunchWaitsForAScreen)
+{
+    Program program(defaults);
+    const QList<ScreenInfo> screens = program.machine.windows.screens();
+    program.machine.windows.setScreens({});
+    program.delegate.start();
+    EXPECT_THAT(program.machine.windows.panels(), IsEmpty());
+    program.machine.windows.setScreens(screens);
+    const qsizetype count = program.machine.windows.panels().size();
+    EXPECT_GT(count, 4);
+    program.machine.windows.setScreens({});
+    program.machine.windows.setScreens(screens);
+    EXPECT_EQ(program.machine.windows.panels().size(), count) << "laid out once";
+}
+
 TEST_F(StartUp, LaterLaunchesRestoreWhatWasThereEvenIfNothing)
 {
     const WidgetConfig clock{WidgetKind::clock, Skin::glass, WidgetScale::large, {100, 500}};
