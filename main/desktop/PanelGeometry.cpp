@@ -42,8 +42,18 @@ QRectF toolbarArea(const QRectF& widget, const QRectF& room)
     const double roomLeft = room.left() - panel.left();
     const double roomTop = panel.bottom() - room.bottom(); // window points: the y axis is turned over
     strip.moveLeft(placed(strip.left(), toolbarWidth, roomLeft, roomLeft + room.width(), 0, panel.width()));
+    const double below = panel.height() - toolbarHeight;
+    if (roomTop > 0 && below + toolbarHeight <= roomTop + room.height()) {
+        strip.moveTop(below);
+        return strip;
+    }
     strip.moveTop(placed(strip.top(), toolbarHeight, roomTop, roomTop + room.height(), 0, panel.height()));
     return strip;
+}
+
+bool coversFace(const QRectF& toolbar, const QSizeF& widget)
+{
+    return (toolbar & faceArea(widget)).height() > toolbarHeight - margin;
 }
 
 } // namespace ambrelle::PanelGeometry

@@ -18,9 +18,11 @@ inline constexpr double margin = 30;
 QRectF panelFrame(const QRectF& widget);
 QPointF widgetOrigin(QPointF panelOrigin);
 QRectF faceArea(const QSizeF& widget);
-/// The strip directly above the face; where `room` (global, y up; empty: unlimited) ends before the strip does, it is
-/// moved over the face, as far as the window reaches.
+/// The strip directly above the face; where `room` (global, y up; empty: unlimited) ends before the strip does, it lies
+/// below the face, and where there is no room either, over it, as far as the window reaches.
 QRectF toolbarArea(const QRectF& widget, const QRectF& room = {});
+/// Whether what stands in the face would shine through that strip.
+bool coversFace(const QRectF& toolbar, const QSizeF& widget);
 
 } // namespace PanelGeometry
 

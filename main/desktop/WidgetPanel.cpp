@@ -38,7 +38,8 @@ QRectF WidgetPanel::faceArea() const
 void WidgetPanel::place(const QRectF& frame, const QRectF& room)
 {
     m_room = room;
-    m_toolbar.setArea(PanelGeometry::toolbarArea(frame, room));
+    const QRectF toolbar = PanelGeometry::toolbarArea(frame, room);
+    m_toolbar.setArea(toolbar, PanelGeometry::coversFace(toolbar, frame.size()));
     const QRectF panel = PanelGeometry::panelFrame(frame);
     if (panel != m_window->frame())
         m_window->setFrame(panel);

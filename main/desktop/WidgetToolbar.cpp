@@ -98,7 +98,7 @@ void WidgetToolbar::paint(QPainter& painter) const
     Canvas canvas(painter, {});
     const Box capsule = Box(m_area).inset(capsuleInset);
     const double radius = capsule.height() / 2;
-    canvas.fill(capsule, toolbarColour, radius);
+    canvas.fill(capsule, m_opaque ? QColor(toolbarColour.rgb()) : toolbarColour, radius);
     canvas.frame(m_area, QPen(outerEdge, 1), m_area.height() / 2);
     canvas.frame(capsule, QPen(toolbarEdge, 1), radius);
     for (const Button button : everyButton)

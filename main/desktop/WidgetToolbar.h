@@ -25,7 +25,12 @@ public:
         bool operator==(const State&) const = default;
     };
 
-    void setArea(const QRectF& area) { m_area = area; }
+    /// An opaque one hides what lies below it.
+    void setArea(const QRectF& area, bool opaque = false)
+    {
+        m_area = area;
+        m_opaque = opaque;
+    }
     const QRectF& area() const { return m_area; }
     void setState(const State& state) { m_state = state; }
     const State& state() const { return m_state; }
@@ -48,6 +53,7 @@ private:
     void paintButton(QPainter& painter, Button button) const;
 
     QRectF m_area;
+    bool m_opaque = false;
     State m_state;
     std::optional<Button> m_hovered;
     std::optional<Button> m_pressed;

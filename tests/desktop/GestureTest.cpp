@@ -75,7 +75,8 @@ TEST(PanelGeometry, KeepsTheToolbarOnTheScreenAndInTheWindow)
     const Case cases[] = {
         {"directly above a small face", {400, 300, 170, 170}, {30, 0}},
         {"in the middle above a wide one", {400, 300, 350, 170}, {107, 0}},
-        {"down over a face at the upper edge", {400, 630, 170, 170}, {30, 32}},
+        {"below a face at the upper edge", {400, 630, 170, 170}, {30, 200}},
+        {"over a face from edge to edge", {400, 10, 170, 790}, {30, 32}},
         {"to the left at the right edge", {810, 300, 170, 170}, {24, 0}},
         {"never out of the window", {980, 300, 170, 170}, {0, 0}},
     };
