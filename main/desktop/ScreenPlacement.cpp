@@ -2,6 +2,8 @@
 
 #include "desktop/ScreenPlacement.h"
 
+#include "desktop/GroupFit.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -35,43 +37,188 @@ QString makeOf(const QString& id)
     return id.section(u'@', 0, 0);
 }
 
-/// A display that has got a twin, lost one or changed its connector beside one is known by its make.
-const ScreenInfo* find(const QList<ScreenInfo>& screens, const QString& id)
+bool belongsSomewhere(const WidgetConfig& config)
 {
+    return config.display && config.displayOffset;
+}
+
+/// A display that has got a twin, lost one or changed its connector is known by its make, and among twins by the
+/// connector it had.
+const ScreenInfo* find(const QList<ScreenInfo>& screens, const StoredWidget& widget)
+{
+    const QString& id = *widget.config.display;
     auto found = std::ranges::find(screens, id, &ScreenInfo::id);
+    const auto isAlike = [&](const ScreenInfo& screen) { return makeOf(screen.id) == makeOf(id); };
+    if (found == screens.end() && widget.home) {
+        found = std::ranges::find_if(screens,
+            [&](const ScreenInfo& screen) { return isAlike(screen) && screen.connector == widget.home->connector; });
+    }
     if (found == screens.end())
-        found = std::ranges::find(screens, makeOf(id), [](const ScreenInfo& screen) { return makeOf(screen.id); });
+        found = std::ranges::find_if(screens, isAlike);
     return found == screens.end() ? nullptr : &*found;
 }
 
+QSizeF sizeWith(const WidgetConfig& config, double fit)
+{
+    WidgetConfig fitted = config;
+    fitted.fit = fit;
+    return fitted.size();
+}
+
 /// Along one axis: in the outer thirds of a screen the distance to its edge stays, in the middle the share of it.
-double refitted(double start, double length, double before, double after)
+double refitted(double start, double length, double newLength, double before, double after)
 {
     const double middle = start + length / 2;
     if (middle < before / 3)
         return start;
     if (middle > before * 2 / 3)
-        return start + after - before;
-    return std::round(middle * after / before - length / 2);
+        return start + length - newLength + after - before;
+    return std::round(middle * after / before - newLength / 2);
 }
 
-QRectF refitted(const QRectF& frame, const QSizeF& before, const QSizeF& after)
+void bringBack(WidgetConfig& config, const QList<ScreenInfo>& screens)
 {
-    return {refitted(frame.x(), frame.width(), before.width(), after.width()),
-        refitted(frame.y(), frame.height(), before.height(), after.height()), frame.width(), frame.height()};
+    if (!screenShowing(config.frame(), screens))
+        config.origin = movedInto(config.frame(), room(*screenNear(config.frame(), screens))).topLeft();
 }
 
-/// A screen's work area, or all of it when the desktop reports none.
-QRectF roomOf(const ScreenInfo& screen)
+void makeHome(StoredWidget& widget, const ScreenInfo& screen)
 {
-    return screen.visibleFrame.isEmpty() ? screen.frame : screen.visibleFrame;
-}
-
-void makeHome(WidgetConfig& config, HomeSize& homeSize, const ScreenInfo& screen)
-{
+    WidgetConfig& config = widget.config;
     config.display = screen.id;
     config.displayOffset = config.origin - screen.frame.topLeft();
-    homeSize = screen.frame.size();
+    const double fullFit = widget.home ? std::max(widget.home->fullFit, config.fit) : config.fit;
+    widget.home = {screen.frame.size(), screen.connector, config.fit, fullFit};
+    widget.stand = {screen.id, screen.frame};
+}
+
+/// What is known about a widget's home, or may be taken for it.
+WidgetHome homeOf(const StoredWidget& widget)
+{
+    return widget.home.value_or(WidgetHome{{}, {}, widget.config.fit, widget.config.fit});
+}
+
+QRectF frameAtHome(const StoredWidget& widget)
+{
+    return {*widget.config.displayOffset, sizeWith(widget.config, homeOf(widget).fit)};
+}
+
+/// Widgets that come from one display to a screen of another size, or are guests on it.
+struct Group {
+    const ScreenInfo* host;
+    QString display;
+    QSizeF before; ///< size of the display they come from
+    bool areGuests;
+    bool areStrays; ///< they belong off that display, and nobody knows why
+    QList<StoredWidget*> members{};
+
+    bool isAlike(const Group& other) const
+    {
+        return display == other.display && host == other.host && before == other.before && areStrays == other.areStrays;
+    }
+    bool wasWhole(const StoredWidget& widget) const { return QRectF({}, before).contains(frameAtHome(widget)); }
+};
+
+/// Everything of the group stands on its host already, and the host is as it was: then it stays, whatever was removed
+/// or changed meanwhile. Else the rest would jump.
+bool stays(const Group& group)
+{
+    return std::ranges::all_of(group.members, [&](const StoredWidget* widget) {
+        const std::optional<WidgetStand>& stand = widget->stand;
+        if (!stand || stand->screen != group.host->id || stand->frame.size() != group.host->frame.size())
+            return false;
+        const QRectF frame = widget->config.frame().translated(group.host->frame.topLeft() - stand->frame.topLeft());
+        return !group.wasWhole(*widget) || room(*group.host).contains(frame);
+    });
+}
+
+/// A widget for itself on the group's host, as large as it was, or larger where a small display had shrunk it.
+WidgetConfig refitted(const Group& group, const StoredWidget& widget)
+{
+    const WidgetHome home = homeOf(widget);
+    const QRectF before = frameAtHome(widget);
+    const QSizeF after = group.host->frame.size();
+    const double ratio = std::min(after.width() / group.before.width(), after.height() / group.before.height());
+    WidgetConfig config = widget.config;
+    config.fit = std::min(home.fullFit, home.fit * std::max(1.0, ratio));
+    const QSizeF size = config.size();
+    config.origin = {refitted(before.x(), before.width(), size.width(), group.before.width(), after.width()),
+        refitted(before.y(), before.height(), size.height(), group.before.height(), after.height())};
+    config.origin += group.host->frame.topLeft();
+    if (group.areGuests || group.wasWhole(widget))
+        config.origin = movedInto(config.frame(), room(*group.host)).topLeft();
+    return config;
+}
+
+bool anyMeet(const Group& group, const QList<WidgetConfig>& placed)
+{
+    for (qsizetype i = 0; i < placed.size(); ++i) {
+        const QRectF frame = placed[i].frame();
+        if (group.wasWhole(*group.members[i]) && !room(*group.host).contains(frame))
+            return true;
+        for (qsizetype other = 0; other < i; ++other) {
+            if (GroupFit::overlap(frame, placed[other].frame())
+                && !GroupFit::overlap(frameAtHome(*group.members[i]), frameAtHome(*group.members[other])))
+                return true;
+        }
+    }
+    return false;
+}
+
+void fitTogether(const Group& group, QList<WidgetConfig>& placed)
+{
+    QList<GroupFit::Member> members;
+    for (const StoredWidget* widget : group.members) {
+        const QSizeF base = baseSize(sizeClass(widget->config.skin, widget->config.kind));
+        members += {frameAtHome(*widget), base * factor(widget->config.scale) * homeOf(*widget).fit};
+    }
+    const QRectF area = room(*group.host);
+    const GroupFit::Result result = GroupFit::fitted(members, group.before, area);
+    for (qsizetype i = 0; i < placed.size(); ++i) {
+        placed[i].fit = WidgetConfig::clampedFit(homeOf(*group.members[i]).fit * result.factor);
+        const QSizeF size = placed[i].size();
+        const QPointF origin = result.centres[i] - QPointF(size.width() / 2, size.height() / 2);
+        const QRectF rounded(QPointF(std::round(origin.x()), std::round(origin.y())), size);
+        placed[i].origin = movedInto(rounded, area).topLeft();
+    }
+}
+
+void place(const Group& group, const QList<ScreenInfo>& screens)
+{
+    QList<WidgetConfig> placed;
+    if (stays(group)) {
+        for (const StoredWidget* widget : group.members) {
+            placed.append(widget->config);
+            placed.last().origin += group.host->frame.topLeft() - widget->stand->frame.topLeft();
+        }
+    } else {
+        for (const StoredWidget* widget : group.members)
+            placed.append(refitted(group, *widget));
+        if (!group.areStrays && anyMeet(group, placed))
+            fitTogether(group, placed);
+    }
+    for (qsizetype i = 0; i < placed.size(); ++i) {
+        bringBack(placed[i], screens);
+        group.members[i]->config = placed[i];
+        group.members[i]->stand = {group.host->id, group.host->frame};
+    }
+}
+
+/// Puts the widget where its display places it; false if that is for its group to say.
+bool placeAtHome(StoredWidget& widget, const ScreenInfo& screen, const QList<ScreenInfo>& screens)
+{
+    WidgetConfig& config = widget.config;
+    if (!widget.home)
+        widget.home = {screen.frame.size(), screen.connector, config.fit, config.fit};
+    if (widget.home->size != screen.frame.size())
+        return false;
+    const QPointF origin = screen.frame.topLeft() + *config.displayOffset;
+    if (!isSamePlace(origin, config.origin))
+        config.origin = origin;
+    config.fit = widget.home->fit;
+    bringBack(config, screens);
+    widget.stand = {screen.id, screen.frame};
+    return true;
 }
 
 } // namespace
@@ -102,68 +249,73 @@ QRectF movedInto(const QRectF& frame, const QRectF& area)
     return moved;
 }
 
-QPointF origin(const WidgetConfig& config, const HomeSize& homeSize, const QList<ScreenInfo>& screens)
+QRectF room(const ScreenInfo& screen)
+{
+    return screen.visibleFrame.isEmpty() ? screen.frame : screen.visibleFrame;
+}
+
+void arrange(QList<StoredWidget>& widgets, const QList<ScreenInfo>& screens)
 {
     if (screens.isEmpty())
-        return config.origin;
-    QRectF wanted = config.frame();
-    if (config.display && config.displayOffset) {
-        const ScreenInfo* home = find(screens, *config.display);
-        const ScreenInfo& host = home ? *home : screens.first();
-        const QRectF onDisplay(*config.displayOffset, config.size());
-        const bool refits = homeSize && *homeSize != host.frame.size();
-        wanted = refits ? refitted(onDisplay, *homeSize, host.frame.size()) : onDisplay;
-        wanted.translate(host.frame.topLeft());
-        const bool wasWhole = refits && QRectF({}, *homeSize).contains(onDisplay);
-        if (!home || wasWhole)
-            return movedInto(wanted, roomOf(host)).topLeft();
-    }
-    if (screenShowing(wanted, screens))
-        return wanted.topLeft();
-    return movedInto(wanted, roomOf(*screenNear(wanted, screens))).topLeft();
-}
-
-void rememberDisplay(WidgetConfig& config, HomeSize& homeSize, const QList<ScreenInfo>& screens)
-{
-    if (config.display && config.displayOffset && isSamePlace(origin(config, homeSize, screens), config.origin)) {
-        const ScreenInfo* home = find(screens, *config.display);
-        if (!homeSize && home && isSamePlace(home->frame.topLeft() + *config.displayOffset, config.origin))
-            homeSize = home->frame.size();
         return;
+    QList<Group> groups;
+    for (StoredWidget& widget : widgets) {
+        if (!belongsSomewhere(widget.config)) {
+            bringBack(widget.config, screens);
+            rememberDisplay(widget, screens);
+            continue;
+        }
+        const ScreenInfo* home = find(screens, widget);
+        if (home && placeAtHome(widget, *home, screens))
+            continue;
+        const ScreenInfo& host = home ? *home : screens.first();
+        const QSizeF before = widget.home ? widget.home->size : host.frame.size();
+        const bool isStray = !QRectF({}, before).intersects(frameAtHome(widget));
+        const Group own{&host, *widget.config.display, before, home == nullptr, isStray};
+        auto group = std::ranges::find_if(groups, [&](const Group& each) { return each.isAlike(own); });
+        if (group == groups.end())
+            group = groups.insert(group, own);
+        group->members.append(&widget);
     }
-    if (const auto screen = screenShowing(config.frame(), screens))
-        makeHome(config, homeSize, *screen);
+    for (const Group& group : groups)
+        place(group, screens);
 }
 
-void settle(WidgetConfig& config, HomeSize& homeSize, const QList<ScreenInfo>& screens)
+void rememberDisplay(StoredWidget& widget, const QList<ScreenInfo>& screens)
 {
+    if (belongsSomewhere(widget.config))
+        return;
+    if (const auto screen = screenShowing(widget.config.frame(), screens))
+        makeHome(widget, *screen);
+}
+
+void settle(StoredWidget& widget, const QList<ScreenInfo>& screens)
+{
+    WidgetConfig& config = widget.config;
     const auto screen = screenNear(config.frame(), screens);
     if (!screen)
         return;
     if (!screenShowing(config.frame(), screens))
         config.origin = movedInto(config.frame(), screen->frame).topLeft();
-    makeHome(config, homeSize, *screen);
+    makeHome(widget, *screen);
 }
 
-bool syncDisplay(WidgetConfig& config, const HomeSize& homeSize, const QList<ScreenInfo>& screens)
+void resized(StoredWidget& widget, const WidgetConfig& before, const QList<ScreenInfo>& screens)
 {
-    const QPointF place = origin(config, homeSize, screens);
-    if (isSamePlace(place, config.origin))
-        return false;
-    config.origin = place;
-    return true;
-}
-
-QPointF originAfterResize(
-    const WidgetConfig& before, const WidgetConfig& after, const HomeSize& homeSize, const QList<ScreenInfo>& screens)
-{
-    const bool guest = before.display && !find(screens, *before.display);
-    if (guest && isSamePlace(origin(before, homeSize, screens), before.origin))
-        return origin(after, homeSize, screens);
+    WidgetConfig& config = widget.config;
+    const ScreenInfo* home = belongsSomewhere(config) ? find(screens, widget) : nullptr;
+    const bool isAtHome = home && isSamePlace(before.origin, home->frame.topLeft() + *config.displayOffset)
+        && (!widget.home || widget.home->size == home->frame.size());
     const auto screen = screenShowing(before.frame(), screens);
-    if (screen && roomOf(*screen).contains(before.frame()))
-        return movedInto(after.frame(), roomOf(*screen)).topLeft();
-    return after.origin;
+    if (screen && room(*screen).contains(before.frame()))
+        config.origin = movedInto(config.frame(), room(*screen)).topLeft();
+    if (isAtHome)
+        return makeHome(widget, *home);
+    if (!belongsSomewhere(config) || !widget.home)
+        return;
+    const QRectF whole({}, widget.home->size);
+    if (whole.contains({*config.displayOffset, sizeWith(before, widget.home->fit)}))
+        config.displayOffset = movedInto({*config.displayOffset, sizeWith(config, widget.home->fit)}, whole).topLeft();
 }
 
 } // namespace ambrelle::ScreenPlacement

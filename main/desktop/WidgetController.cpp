@@ -13,16 +13,15 @@
 
 namespace ambrelle {
 
-WidgetController::WidgetController(const WidgetConfig& config, const std::optional<QSizeF>& homeSize,
-    const Collaborators& collaborators, QObject* parent)
+WidgetController::WidgetController(const StoredWidget& widget, const Collaborators& collaborators, QObject* parent)
     : QObject(parent)
-    , m_config(config)
-    , m_homeSize(homeSize)
+    , m_widget(widget)
     , m_with(collaborators)
-    , m_panel(collaborators.host, collaborators.clock, collaborators.layers, view(config.skin, config.kind),
+    , m_panel(collaborators.host, collaborators.clock, collaborators.layers,
+          view(widget.config.skin, widget.config.kind),
           {.isLocked = [this] { return m_with.settings.locked(); },
-              .dragged = [this](const QRectF& widget,
-                             Qt::KeyboardModifiers held) { return m_with.drags.place(*this, widget, held); },
+              .dragged = [this](const QRectF& wanted,
+                             Qt::KeyboardModifiers held) { return m_with.drags.place(*this, wanted, held); },
               .dragEnded = [this](QPointF origin) { dragEnded(origin); },
               .clicked = [this](const FaceAction& action) { Q_EMIT clicked(action); },
               .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); },
@@ -30,43 +29,45 @@ WidgetController::WidgetController(const WidgetConfig& config, const std::option
               .motionChanged = [this] { Q_EMIT motionChanged(); }})
     , m_fade(collaborators.clock, [this](double opacity) { m_panel.setOpacity(opacity); })
 {
-    ScreenPlacement::syncDisplay(m_config, m_homeSize, m_with.host.screens());
     applySettings();
-    m_panel.setToolbar({title(m_config.scale), m_config.pinned});
+    m_panel.setToolbar({title(config().scale), config().pinned});
     place();
     applyLayer();
 }
 
 bool WidgetController::isRaised() const
 {
-    return m_config.pinned || m_with.settings.layer() == WidgetLayer::floating;
+    return config().pinned || m_with.settings.layer() == WidgetLayer::floating;
 }
 
 bool WidgetController::showsSeconds() const
 {
-    return m_config.kind == WidgetKind::clock && m_panel.view().showsSeconds();
+    return config().kind == WidgetKind::clock && m_panel.view().showsSeconds();
 }
 
 void WidgetController::change(const std::function<void(WidgetConfig&)>& edit)
 {
-    const WidgetConfig before = m_config;
-    edit(m_config);
-    m_config.id = before.id;
-    m_config.opacity = std::isfinite(m_config.opacity) ? std::clamp(m_config.opacity, 0.0, 1.0) : before.opacity;
-    if (m_config == before)
+    WidgetConfig& config = m_widget.config;
+    const WidgetConfig before = config;
+    edit(config);
+    config.id = before.id;
+    config.opacity = std::isfinite(config.opacity) ? std::clamp(config.opacity, 0.0, 1.0) : before.opacity;
+    if (config == before)
         return;
-    if (m_config.size() != before.size() && m_config.origin == before.origin)
-        m_config.origin = ScreenPlacement::originAfterResize(before, m_config, m_homeSize, m_with.host.screens());
+    if (config.origin != before.origin)
+        ScreenPlacement::settle(m_widget, m_with.host.screens());
+    else if (config.size() != before.size())
+        ScreenPlacement::resized(m_widget, before, m_with.host.screens());
     show(before);
     Q_EMIT changed();
 }
 
 void WidgetController::show(const WidgetConfig& before)
 {
-    if (m_config.skin != before.skin || m_config.kind != before.kind)
-        m_panel.setView(view(m_config.skin, m_config.kind));
+    if (config().skin != before.skin || config().kind != before.kind)
+        m_panel.setView(view(config().skin, config().kind));
     m_panel.setLook(look());
-    m_panel.setToolbar({title(m_config.scale), m_config.pinned});
+    m_panel.setToolbar({title(config().scale), config().pinned});
     place();
     applyLayer();
 }
@@ -122,19 +123,19 @@ void WidgetController::applySettings()
 
 void WidgetController::renewView()
 {
-    m_panel.setView(view(m_config.skin, m_config.kind));
+    m_panel.setView(view(config().skin, config().kind));
 }
 
 void WidgetController::rememberDisplay()
 {
-    ScreenPlacement::rememberDisplay(m_config, m_homeSize, m_with.host.screens());
+    ScreenPlacement::rememberDisplay(m_widget, m_with.host.screens());
 }
 
-bool WidgetController::syncDisplay()
+bool WidgetController::syncDisplay(const StoredWidget& placed)
 {
-    const bool moved = ScreenPlacement::syncDisplay(m_config, m_homeSize, m_with.host.screens());
-    place(); // a screen's work area may have changed, or the window system moved the window
-    return moved;
+    const StoredWidget before = std::exchange(m_widget, placed);
+    show(before.config); // also if it stays: a work area may have changed, or the window system moved the window
+    return m_widget != before;
 }
 
 void WidgetController::close()
@@ -149,10 +150,7 @@ void WidgetController::close()
 void WidgetController::dragEnded(QPointF origin)
 {
     m_with.drags.ended();
-    change([&](WidgetConfig& config) {
-        config.origin = origin;
-        ScreenPlacement::settle(config, m_homeSize, m_with.host.screens());
-    });
+    change([&](WidgetConfig& config) { config.origin = origin; });
     place();
 }
 
@@ -160,8 +158,8 @@ void WidgetController::toolbarUsed(WidgetToolbar::Button button)
 {
     switch (button) {
     case WidgetToolbar::Button::settings: Q_EMIT settingsRequested(); break;
-    case WidgetToolbar::Button::scale: setScale(next(m_config.scale)); break;
-    case WidgetToolbar::Button::pin: setPinned(!m_config.pinned); break;
+    case WidgetToolbar::Button::scale: setScale(next(config().scale)); break;
+    case WidgetToolbar::Button::pin: setPinned(!config().pinned); break;
     case WidgetToolbar::Button::remove: Q_EMIT removeRequested(); break;
     }
 }
@@ -169,12 +167,12 @@ void WidgetController::toolbarUsed(WidgetToolbar::Button button)
 void WidgetController::place()
 {
     const auto screen = ScreenPlacement::screenNear(widgetFrame(), m_with.host.screens());
-    m_panel.place(widgetFrame(), screen ? screen->visibleFrame : QRectF());
+    m_panel.place(widgetFrame(), screen ? ScreenPlacement::room(*screen) : QRectF());
 }
 
 FaceLook WidgetController::look() const
 {
-    return {m_config.size(), m_config.effectiveScale(), m_config.backdrop, m_config.border, m_config.opacity,
+    return {config().size(), config().effectiveScale(), config().backdrop, config().border, config().opacity,
         m_with.settings.editing()};
 }
 

@@ -2,9 +2,9 @@
 
 #pragma once
 
+#include "desktop/StoredWidget.h"
 #include "desktop/WidgetPanel.h"
 #include "desktop/WindowFade.h"
-#include "model/WidgetConfig.h"
 
 #include <QObject>
 
@@ -25,13 +25,12 @@ public:
         DragHelp& drags;
     };
 
-    /// `homeSize` as in ScreenPlacement.
-    WidgetController(const WidgetConfig& config, const std::optional<QSizeF>& homeSize,
-        const Collaborators& collaborators, QObject* parent = nullptr);
+    /// It stands where `widget` says.
+    WidgetController(const StoredWidget& widget, const Collaborators& collaborators, QObject* parent = nullptr);
 
-    const WidgetConfig& config() const { return m_config; }
-    const std::optional<QSizeF>& homeSize() const { return m_homeSize; }
-    QRectF widgetFrame() const { return m_config.frame(); } ///< global points, y up
+    const WidgetConfig& config() const { return m_widget.config; }
+    const StoredWidget& stored() const { return m_widget; } ///< the record with what ScreenPlacement knows
+    QRectF widgetFrame() const { return config().frame(); } ///< global points, y up
     bool isHovering() const { return m_panel.isHovering(); }
     bool moves() const { return m_panel.moves(); } ///< its face has moving parts, paused or not
     bool isRaised() const; ///< above normal windows for the user's sake, by its pin or by the layer
@@ -59,9 +58,9 @@ public:
     void renewView(); ///< draws with the skin's colours of now
     void requestSettings() { Q_EMIT settingsRequested(); } ///< as its toolbar does
 
-    void rememberDisplay(); ///< records which display the widget is on
-    /// Puts the widget where it belongs on the screens of now; true when that changed its record.
-    bool syncDisplay();
+    void rememberDisplay(); ///< records which display the widget is on, unless that is known
+    /// Puts the widget where it belongs on the screens of now, as ScreenPlacement has found; true when that changed it.
+    bool syncDisplay(const StoredWidget& placed);
     void close(); ///< the widget goes for good
 
 Q_SIGNALS:
@@ -80,8 +79,7 @@ private:
     void place();
     FaceLook look() const;
 
-    WidgetConfig m_config;
-    std::optional<QSizeF> m_homeSize;
+    StoredWidget m_widget;
     Collaborators m_with;
     bool m_occluded = false;
     bool m_faded = false;

@@ -12,7 +12,14 @@
 
 namespace ambrelle {
 
-/// Holds the saves of the steps of one change back, and saves once when it is complete.
+namespace {
+
+// Widgets made while no screen is connected shall not lie in a heap.
+constexpr QRectF roomWithoutScreen(0, 0, 1024, 600);
+
+} // namespace
+
+/// Holds the saves of the steps of one change back; when it is complete it is stored once.
 class WidgetManager::Change {
 public:
     explicit Change(WidgetManager& manager)
@@ -22,8 +29,9 @@ public:
     }
     ~Change()
     {
-        if (--m_manager.m_openChanges == 0)
-            m_manager.save();
+        if (--m_manager.m_openChanges > 0)
+            return;
+        m_manager.save();
     }
     Q_DISABLE_COPY_MOVE(Change)
 
@@ -50,8 +58,7 @@ WidgetManager::WidgetManager(const Collaborators& collaborators)
 
 void WidgetManager::load()
 {
-    for (const StoredWidget& widget : m_store.load())
-        open(widget);
+    open(m_store.load());
     listChanged();
 }
 
@@ -62,7 +69,7 @@ void WidgetManager::save()
     QList<StoredWidget> widgets;
     for (WidgetController* controller : m_controllers) {
         controller->rememberDisplay();
-        widgets.append({controller->config(), controller->homeSize()});
+        widgets.append(controller->stored());
     }
     m_store.save(widgets);
 }
@@ -70,25 +77,37 @@ void WidgetManager::save()
 WidgetController* WidgetManager::add(WidgetKind kind, std::optional<Skin> skin, std::optional<QPointF> centeredAt)
 {
     WidgetConfig config(kind, skin.value_or(m_with.settings.defaultSkin()));
-    const QList<ScreenInfo> screens = m_with.host.screens();
     if (centeredAt) {
         config.origin = *centeredAt - QPointF(config.size().width() / 2, config.size().height() / 2);
-    } else if (!screens.isEmpty()) {
+    } else {
         QList<QRectF> taken;
         for (const WidgetController* controller : m_controllers)
             taken.append(controller->widgetFrame());
-        config.origin = freeSpot(config.size(), screens.first().visibleFrame, taken);
+        config.origin = freeSpot(config.size(), roomOfMainScreen(), taken);
     }
-    open({config});
+    open(QList<StoredWidget>{{config}});
     save();
     listChanged();
     return m_controllers.last();
 }
 
+QRectF WidgetManager::roomOfMainScreen() const
+{
+    const QList<ScreenInfo> screens = m_with.host.screens();
+    return screens.isEmpty() ? roomWithoutScreen : ScreenPlacement::room(screens.first());
+}
+
+void WidgetManager::open(QList<StoredWidget> widgets)
+{
+    ScreenPlacement::arrange(widgets, m_with.host.screens());
+    for (const StoredWidget& widget : widgets)
+        open(widget);
+}
+
 void WidgetManager::open(const StoredWidget& widget)
 {
-    auto* controller = new WidgetController(
-        widget.config, widget.homeSize, {m_with.host, m_with.settings, m_with.clock, m_layers, m_drags}, this);
+    auto* controller =
+        new WidgetController(widget, {m_with.host, m_with.settings, m_with.clock, m_layers, m_drags}, this);
     connect(controller, &WidgetController::changed, this, [this, controller] { controllerChanged(controller); });
     connect(controller, &WidgetController::removeRequested, this, [this, controller] { remove(controller); });
     connect(controller, &WidgetController::clicked, this,
@@ -171,8 +190,11 @@ void WidgetManager::applyPreset(Skin skin, const std::optional<ScreenInfo>& scre
         removeAll(*screen);
     else
         removeAll();
-    for (const WidgetConfig& config : Composition::widgets(skin, screen.value_or(screens.first()).visibleFrame))
-        open({config});
+    QList<StoredWidget> widgets;
+    for (const WidgetConfig& config :
+        Composition::widgets(skin, ScreenPlacement::room(screen.value_or(screens.first()))))
+        widgets.append({config});
+    open(widgets);
     Q_EMIT presetApplied();
     listChanged();
 }
@@ -186,13 +208,17 @@ void WidgetManager::applyLayer()
 
 void WidgetManager::ensureAllVisible()
 {
-    bool moved = false;
-    for (WidgetController* controller : m_controllers)
-        moved |= controller->syncDisplay();
+    QList<StoredWidget> widgets;
+    for (const WidgetController* controller : m_controllers)
+        widgets.append(controller->stored());
+    ScreenPlacement::arrange(widgets, m_with.host.screens());
+    bool placed = false;
+    for (qsizetype i = 0; i < widgets.size(); ++i)
+        placed |= m_controllers[i]->syncDisplay(widgets[i]);
     m_overlap.update();
     m_demand.update(); // another screen may have finer pixels
     m_editBackdrops.update();
-    if (moved)
+    if (placed)
         save();
 }
 

@@ -75,9 +75,11 @@ Q_SIGNALS:
 private:
     class Change;
 
+    void open(QList<StoredWidget> widgets);
     void open(const StoredWidget& widget);
     void drop(WidgetController* controller);
     void removeIf(const std::function<bool(const WidgetController&)>& goes);
+    QRectF roomOfMainScreen() const;
     void listChanged();
     void controllerChanged(WidgetController* controller);
     void settingChanged(const QString& key);

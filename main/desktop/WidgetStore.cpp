@@ -4,7 +4,6 @@
 
 #include "foundation/UserDefaults.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 
 namespace ambrelle {
@@ -14,17 +13,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString storageKey = u"widgets.v2"_s;
-const QString homeSizesKey = u"widgetHomeSizes"_s; ///< [width, height] of each widget's display, by its identifier
+const QString homesKey = u"widgetHomeSizes"_s; ///< places by the identifiers of widgets
 
 QString homeKey(const WidgetConfig& config)
 {
     return config.id.toString(QUuid::WithoutBraces);
-}
-
-std::optional<QSizeF> sizeFrom(const QJsonValue& stored)
-{
-    const QSizeF size(stored.toArray().at(0).toDouble(), stored.toArray().at(1).toDouble());
-    return size.isEmpty() ? std::nullopt : std::optional(size);
 }
 
 } // namespace
@@ -33,25 +26,27 @@ QList<StoredWidget> WidgetStore::load() const
 {
     const std::optional<QByteArray> stored = m_defaults.data(storageKey);
     const auto configs = stored ? WidgetConfig::decodeList(*stored) : std::nullopt;
-    const QJsonObject homeSizes = m_defaults.object(homeSizesKey).value_or(QJsonObject());
+    const QJsonObject homes = m_defaults.object(homesKey).value_or(QJsonObject());
     QList<StoredWidget> widgets;
-    for (const WidgetConfig& config : configs.value_or(QList<WidgetConfig>()))
-        widgets.append({config, sizeFrom(homeSizes.value(homeKey(config)))});
+    for (const WidgetConfig& config : configs.value_or(QList<WidgetConfig>())) {
+        widgets.append({config});
+        widgets.last().decodePlace(homes.value(homeKey(config)));
+    }
     return widgets;
 }
 
 void WidgetStore::save(const QList<StoredWidget>& widgets)
 {
     QList<WidgetConfig> configs;
-    QJsonObject homeSizes;
-    for (const auto& [config, homeSize] : widgets) {
-        configs.append(config);
-        if (homeSize)
-            homeSizes.insert(homeKey(config), QJsonArray{homeSize->width(), homeSize->height()});
+    QJsonObject homes;
+    for (const StoredWidget& widget : widgets) {
+        configs.append(widget.config);
+        if (widget.home)
+            homes.insert(homeKey(widget.config), widget.encodePlace());
     }
     m_defaults.setData(storageKey, WidgetConfig::encodeList(configs));
-    if (homeSizes != m_defaults.object(homeSizesKey).value_or(QJsonObject()))
-        m_defaults.set(homeSizesKey, homeSizes);
+    if (homes != m_defaults.object(homesKey).value_or(QJsonObject()))
+        m_defaults.set(homesKey, homes);
 }
 
 } // namespace ambrelle

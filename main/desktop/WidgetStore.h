@@ -2,22 +2,13 @@
 
 #pragma once
 
-#include "model/WidgetConfig.h"
+#include "desktop/StoredWidget.h"
 
 #include <QList>
-
-#include <optional>
 
 namespace ambrelle {
 
 class UserDefaults;
-
-struct StoredWidget {
-    WidgetConfig config;
-    std::optional<QSizeF> homeSize{}; ///< as in ScreenPlacement
-
-    bool operator==(const StoredWidget&) const = default;
-};
 
 /// Where the widgets outlive the program.
 class WidgetStore {

@@ -22,16 +22,17 @@ QRectF popoverFrame(const QRectF& widget, const QSizeF& size, const QList<Screen
     const auto screen = ScreenPlacement::screenNear(widget, screens);
     if (!screen)
         return right;
-    const QRectF room = screen->visibleFrame.adjusted(screenMargin, screenMargin, -screenMargin, -screenMargin);
+    const QRectF area =
+        ScreenPlacement::room(*screen).adjusted(screenMargin, screenMargin, -screenMargin, -screenMargin);
     const std::array sides{right, QRectF({widget.left() - popoverGap - size.width(), top}, size),
         QRectF({widget.left(), widget.y() - popoverGap - size.height()}, size),
         QRectF({widget.left(), widget.y() + widget.height() + popoverGap}, size)};
     for (const QRectF& side : sides) {
-        const QRectF placed = ScreenPlacement::movedInto(side, room);
-        if (room.contains(placed) && !placed.intersects(widget))
+        const QRectF placed = ScreenPlacement::movedInto(side, area);
+        if (area.contains(placed) && !placed.intersects(widget))
             return placed;
     }
-    return ScreenPlacement::movedInto(right, room);
+    return ScreenPlacement::movedInto(right, area);
 }
 
 } // namespace ambrelle

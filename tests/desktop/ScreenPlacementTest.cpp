@@ -2,7 +2,12 @@
 
 #include "desktop/ScreenPlacement.h"
 
+#include "desktop/GroupFit.h"
+#include "model/Composition.h"
+
 #include <gtest/gtest.h>
+
+#include <random>
 
 namespace ambrelle {
 
@@ -22,19 +27,29 @@ WidgetConfig widgetAt(QPointF origin)
     return {WidgetKind::cpu, Skin::glass, WidgetScale::medium, origin};
 }
 
-/// A widget and what is known about its display.
-struct Placed {
-    WidgetConfig config;
-    ScreenPlacement::HomeSize homeSize;
-
+struct Placed : StoredWidget {
     explicit Placed(QPointF origin, const QList<ScreenInfo>& screens = {})
-        : config(widgetAt(origin))
+        : StoredWidget{widgetAt(origin)}
     {
-        remember(screens);
+        sync(screens);
     }
-    void remember(const QList<ScreenInfo>& screens) { ScreenPlacement::rememberDisplay(config, homeSize, screens); }
-    bool sync(const QList<ScreenInfo>& screens) { return ScreenPlacement::syncDisplay(config, homeSize, screens); }
-    bool operator==(const Placed&) const = default;
+    void sync(const QList<ScreenInfo>& screens)
+    {
+        QList<StoredWidget> alone{*this};
+        ScreenPlacement::arrange(alone, screens);
+        StoredWidget::operator=(alone.first());
+    }
+    void resize(WidgetScale scale, const QList<ScreenInfo>& screens)
+    {
+        const WidgetConfig before = config;
+        config.scale = scale;
+        ScreenPlacement::resized(*this, before, screens);
+    }
+    void drag(QPointF to, const QList<ScreenInfo>& screens)
+    {
+        config.origin = to;
+        ScreenPlacement::settle(*this, screens);
+    }
 };
 
 TEST(ScreenPlacement, FollowsItsDisplay)
@@ -43,7 +58,7 @@ TEST(ScreenPlacement, FollowsItsDisplay)
     EXPECT_EQ(widget.config.display, right.id);
     EXPECT_EQ(widget.config.displayOffset, QPointF(560, 300));
 
-    EXPECT_TRUE(widget.sync({main, screen(right.id, {-1920, 200, 1920, 1080})}));
+    widget.sync({main, screen(right.id, {-1920, 200, 1920, 1080})});
     EXPECT_EQ(widget.config.origin, QPointF(-1360, 500));
 }
 
@@ -68,24 +83,26 @@ TEST(ScreenPlacement, KeepsItsPlaceOnADisplayOfAnotherSizeAndGetsTheOldOneBack)
         const Placed before(c.from, {main});
         Placed widget = before;
         const ScreenInfo sized = screen(main.id, {{}, c.size});
-        EXPECT_TRUE(widget.sync({sized}) || c.from == c.to) << c.what;
+        widget.sync({sized});
         EXPECT_EQ(widget.config.origin, c.to) << c.what;
-        widget.remember({sized});
         widget.sync({main});
         EXPECT_EQ(widget, before) << c.what;
     }
 
     Placed unknown({1250, 670}, {main});
-    unknown.homeSize.reset();
+    unknown.home.reset();
     unknown.sync({screen(main.id, {0, 0, 1920, 1080})});
     EXPECT_EQ(unknown.config.origin, QPointF(1250, 670)) << "without the old size the distance to the origin stays";
 }
 
 TEST(ScreenPlacement, TellsDisplaysOfOneMakeApartByTheirConnectorOnly)
 {
-    const ScreenInfo twinOne = screen(u"Maker Model@DP-1"_s, {1440, 0, 1920, 1080});
-    const ScreenInfo twinTwo = screen(u"Maker Model@DP-2"_s, {3360, 0, 1920, 1080});
-    const ScreenInfo single = screen(u"Maker Model"_s, {1440, 0, 1920, 1080});
+    ScreenInfo twinOne = screen(u"Maker Model@DP-1"_s, {1440, 0, 1920, 1080});
+    twinOne.connector = u"DP-1"_s;
+    ScreenInfo twinTwo = screen(u"Maker Model@DP-2"_s, {3360, 0, 1920, 1080});
+    twinTwo.connector = u"DP-2"_s;
+    ScreenInfo single = screen(u"Maker Model"_s, {1440, 0, 1920, 1080});
+    single.connector = u"DP-2"_s;
     const auto standsOn = [](Placed widget, const QList<ScreenInfo>& screens) {
         widget.sync(screens);
         return ScreenPlacement::screenShowing(widget.config.frame(), screens)->id;
@@ -97,6 +114,7 @@ TEST(ScreenPlacement, TellsDisplaysOfOneMakeApartByTheirConnectorOnly)
     EXPECT_EQ(standsOn(two, {main, twinOne, twinTwo}), twinTwo.id);
     EXPECT_EQ(standsOn(two, {main, single}), single.id) << "its twin has gone";
     EXPECT_EQ(standsOn(only, {main, twinTwo}), twinTwo.id) << "a twin has come";
+    EXPECT_EQ(standsOn(only, {twinOne, twinTwo}), twinTwo.id) << "the twin that has come is the main display";
     EXPECT_EQ(standsOn(one, {main, right}), main.id) << "no display of that make";
 }
 
@@ -104,25 +122,35 @@ TEST(ScreenPlacement, IsAGuestWhileItsDisplayIsAwayAndGoesHomeAfterwards)
 {
     const Placed home({3100, 880}, {main, right});
     Placed widget = home;
-    EXPECT_TRUE(widget.sync({main}));
+    widget.sync({main});
     EXPECT_EQ(widget.config.origin, QPointF(1180, 690)) << "as far from the edges, but below the bar";
-    widget.remember({main});
-    EXPECT_EQ(widget.config.display, right.id) << "saving while a guest keeps the home";
-    EXPECT_FALSE(widget.sync({main})) << "a guest stays where it is";
+    widget.sync({main});
+    EXPECT_EQ(widget.config.origin, QPointF(1180, 690)) << "a guest stays where it is";
 
     Placed scaled = widget;
-    scaled.config.scale = WidgetScale::doubled;
-    scaled.config.origin = ScreenPlacement::originAfterResize(widget.config, scaled.config, widget.homeSize, {main});
-    scaled.remember({main});
-    EXPECT_EQ(scaled.config.display, right.id) << "so does another size";
+    scaled.resize(WidgetScale::doubled, {main});
+    EXPECT_EQ(scaled.config.frame(), QRectF(1090, 510, 350, 350)) << "grown in its corner";
+    scaled.sync({main, right});
+    EXPECT_EQ(scaled.config.origin, QPointF(3010, 730)) << "it does not hang over the edge of its home either";
 
-    EXPECT_TRUE(widget.sync({main, right}));
+    widget.sync({main, right});
     EXPECT_EQ(widget, home);
 
     widget.sync({main});
-    widget.config.origin = {50, 60};
-    widget.remember({main});
+    widget.drag({50, 60}, {main});
     EXPECT_EQ(widget.config.display, main.id) << "put elsewhere by hand it belongs there";
+}
+
+TEST(ScreenPlacement, IsAtHomeWhereItFirstStood)
+{
+    Placed widget({1250, 670});
+    widget.sync({main});
+    const Placed before = widget;
+    widget.sync({screen(u"other"_s, {200, 0, 1024, 768})});
+    EXPECT_NE(widget.config.origin, before.config.origin);
+    ScreenPlacement::rememberDisplay(widget, {main}); // as a save does while the screens change again
+    widget.sync({main});
+    EXPECT_EQ(widget, before);
 }
 
 TEST(ScreenPlacement, BringsWidgetsBackThatNobodySees)
@@ -151,13 +179,132 @@ TEST(ScreenPlacement, BringsWidgetsBackThatNobodySees)
 TEST(ScreenPlacement, DoesNotLetAWidgetGrowOutOfItsScreen)
 {
     const auto grown = [](QPointF origin) {
-        WidgetConfig after = widgetAt(origin);
-        after.scale = WidgetScale::huge;
-        return ScreenPlacement::originAfterResize(widgetAt(origin), after, {}, {main});
+        Placed widget(origin, {main});
+        widget.resize(WidgetScale::huge, {main});
+        return widget.config.origin;
     };
     EXPECT_EQ(grown({100, 100}), QPointF(100, 100));
     EXPECT_EQ(grown({1250, 670}), QPointF(1185, 605));
     EXPECT_EQ(grown({1400, 100}), QPointF(1400, 100)) << "one that hung over the edge may go on hanging";
+}
+
+/// Widgets of one display.
+struct Desktop {
+    QList<StoredWidget> widgets;
+
+    void sync(const QList<ScreenInfo>& screens) { ScreenPlacement::arrange(widgets, screens); }
+    QRectF frame(qsizetype index) const { return widgets[index].config.frame(); }
+    bool meet(qsizetype one, qsizetype other) const { return GroupFit::overlap(frame(one), frame(other)); }
+};
+
+const ScreenInfo large = screen(u"large"_s, {0, 0, 1920, 1080});
+
+const QList<ScreenInfo> smaller{
+    screen(large.id, {0, 0, 1024, 600}), screen(large.id, {0, 0, 960, 540}), // twice the pixels for a point
+    screen(large.id, {0, 0, 1280, 720}), screen(large.id, {0, 0, 960, 1080}), // split
+    screen(large.id, {0, 0, 1080, 1920}), // turned
+    screen(u"other"_s, {300, 100, 1024, 768}), // the only one that is left
+};
+
+Desktop scattered(std::mt19937& random, bool touching)
+{
+    const auto pick = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+    Desktop desktop;
+    const int count = 2 + pick(14);
+    for (int i = 0; i < count; ++i) {
+        const auto scale = allCases<WidgetScale>()[static_cast<std::size_t>(pick(touching ? 2 : 5))];
+        WidgetConfig config(allCases<WidgetKind>()[static_cast<std::size_t>(pick(20))], Skin::glass, scale);
+        const QSizeF room = large.visibleFrame.size() - config.size();
+        config.origin = {static_cast<double>(pick(static_cast<int>(room.width()))),
+            static_cast<double>(pick(static_cast<int>(room.height())))};
+        if (touching && i > 0) // beside its predecessor, edge at edge
+            config.origin =
+                ScreenPlacement::movedInto({desktop.frame(i - 1).topRight(), config.size()}, large.visibleFrame)
+                    .topLeft();
+        desktop.widgets.append({config});
+    }
+    desktop.sync({large});
+    return desktop;
+}
+
+TEST(ScreenPlacement, MakesNoHeapOnASmallerScreenAndGrowsBackExactly)
+{
+    std::mt19937 random(20261122);
+    int shrunk = 0;
+    for (int round = 0; round < 600; ++round) {
+        const Desktop before = scattered(random, round % 3 == 0);
+        Desktop desktop = before;
+        for (const ScreenInfo& small : smaller) {
+            desktop.sync({small});
+            bool isShrunk = false;
+            for (qsizetype i = 0; i < desktop.widgets.size(); ++i) {
+                ASSERT_TRUE(small.visibleFrame.contains(desktop.frame(i))) << round << ", " << i;
+                ASSERT_GT(desktop.frame(i).width(), 50) << round << ", " << i << ": unreadable";
+                isShrunk = isShrunk || desktop.widgets[i].config.fit < 1;
+                for (qsizetype other = 0; other < i; ++other)
+                    ASSERT_TRUE(before.meet(i, other) || !desktop.meet(i, other))
+                        << round << ": " << i << ", " << other;
+            }
+            shrunk += isShrunk ? 1 : 0;
+            const Desktop settled = desktop;
+            desktop.sync({small});
+            ASSERT_EQ(desktop.widgets, settled.widgets);
+            if (round % 2 == 0)
+                desktop.sync({large});
+        }
+        desktop.sync({large});
+        ASSERT_EQ(desktop.widgets, before.widgets) << round;
+    }
+    EXPECT_GT(shrunk, 600) << "hardly any layout needed it: the test shows nothing";
+}
+
+TEST(ScreenPlacement, LeavesWidgetsAsLargeAsTheyAreWhereTheyFitSideBySide)
+{
+    Desktop desktop;
+    for (const QPointF& origin : {QPointF(20, 20), QPointF(20, 200), QPointF(1730, 850)})
+        desktop.widgets.append({widgetAt(origin)});
+    desktop.sync({large});
+    desktop.sync({smaller.first()});
+    EXPECT_EQ(desktop.frame(0), QRectF(20, 20, 170, 170));
+    EXPECT_EQ(desktop.frame(1), QRectF(20, 200, 170, 170));
+    EXPECT_EQ(desktop.frame(2), QRectF(834, 370, 170, 170));
+}
+
+TEST(ScreenPlacement, KeepsWhatTheUserDoesWhileADisplayIsSmall)
+{
+    const ScreenInfo small = smaller.first();
+    Desktop desktop;
+    for (const WidgetConfig& config : Composition::widgets(Skin::glass, large.visibleFrame))
+        desktop.widgets.append({config});
+    desktop.sync({large});
+    const QList<StoredWidget> before = desktop.widgets;
+    desktop.sync({small});
+    ASSERT_LT(desktop.widgets[0].config.fit, 0.8);
+
+    StoredWidget& moved = desktop.widgets[0];
+    moved.config.origin = {400, 400};
+    ScreenPlacement::settle(moved, {small});
+    StoredWidget added{widgetAt({450, 20})};
+    ScreenPlacement::rememberDisplay(added, {small});
+    desktop.widgets.append(added);
+    desktop.widgets.remove(5); // one at the edge: the rest could be larger now
+    const QList<StoredWidget> edited = desktop.widgets;
+    ScreenInfo elsewhere = small;
+    elsewhere.frame.moveTo(500, 0);
+    elsewhere.visibleFrame.moveTo(500, 0);
+    desktop.sync({elsewhere});
+    desktop.sync({small});
+    EXPECT_EQ(desktop.widgets, edited) << "nothing jumps";
+
+    desktop.sync({large});
+    EXPECT_EQ(desktop.widgets[0].config.fit, 1) << "it is not small for good";
+    EXPECT_TRUE(large.visibleFrame.contains(desktop.frame(0)));
+    EXPECT_TRUE(large.visibleFrame.contains(desktop.frame(11)));
+    for (qsizetype i = 1; i < 11; ++i)
+        EXPECT_EQ(desktop.widgets[i].config, before[i < 5 ? i : i + 1].config) << i;
+    desktop.sync({small});
+    EXPECT_EQ(desktop.widgets[0].config, edited[0].config) << "its new home";
+    EXPECT_EQ(desktop.widgets[11].config, edited[11].config);
 }
 
 } // namespace

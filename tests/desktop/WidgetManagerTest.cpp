@@ -111,6 +111,26 @@ TEST_F(WidgetManagerTest, AppliesALayoutToOneScreenOnly)
     EXPECT_EQ(desk.live(), widgets) << "without a screen nothing is replaced";
 }
 
+TEST_F(WidgetManagerTest, PlacesWidgetsWithoutAWorkAreaAndWithoutAScreen)
+{
+    ScreenInfo bare = desk.host.screens().first();
+    bare.visibleFrame = {};
+    desk.host.setScreens({bare});
+    EXPECT_EQ(desk.manager.add(cpu)->widgetFrame(), QRectF(1250, 710, 170, 170));
+    desk.manager.applyPreset(Skin::paper);
+    for (const WidgetConfig& widget : desk.live()) {
+        EXPECT_TRUE(bare.frame.contains(widget.frame()));
+        EXPECT_GT(widget.fit, 0.8) << "as on a screen without room";
+    }
+    desk.manager.removeAll();
+    desk.host.setScreens({});
+    const QRectF one = desk.manager.add(cpu)->widgetFrame();
+    EXPECT_FALSE(one.intersects(desk.manager.add(memory)->widgetFrame()));
+    desk.show({bare});
+    EXPECT_EQ(desk.live().first().frame(), one);
+    EXPECT_EQ(desk.stored().first().display, bare.id) << "at home where they are first seen";
+}
+
 TEST_F(WidgetManagerTest, RaisesPinnedWidgetsAndAllOfThemWhileEditing)
 {
     WidgetController* pinned = desk.add(cpu, {100, 100});

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QList>
+#include <QRectF>
+
+namespace ambrelle {
+
+/// Fits a group of widgets to another screen as a layout is fitted: all of it shrinks by one factor and keeps its
+/// proportions, so that nothing comes to lie over its neighbour.
+namespace GroupFit {
+
+/// A widget as it stands on the screen it comes from.
+struct Member {
+    QRectF frame; ///< from that screen's lower left corner, y up
+    QSizeF exactSize; ///< its size before it was rounded to whole points
+};
+
+struct Result {
+    double factor = 1; ///< of every widget's size; never above 1
+    QList<QPointF> centres; ///< in the order of the members
+};
+
+/// The group in `area`, as large as it fits in there, as near to the area's edges as it was to those of the screen of
+/// `before` points in proportion. Sizes that are rounded to whole points and origins that are do not meet either,
+/// unless the area has hardly any room at all.
+Result fitted(const QList<Member>& members, const QSizeF& before, const QRectF& area);
+
+/// Whether two widgets lie over one another; edges that touch do not.
+bool overlap(const QRectF& one, const QRectF& other);
+
+} // namespace GroupFit
+
+} // namespace ambrelle
