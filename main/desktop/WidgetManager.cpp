@@ -19,11 +19,13 @@ constexpr QRectF roomWithoutScreen(0, 0, 1024, 600);
 
 } // namespace
 
-/// Holds the saves of the steps of one change back; when it is complete it is stored once.
+/// Holds the saves of the steps of one change back; when it is complete it is stored once, and told once if it was one
+/// of the list.
 class WidgetManager::Change {
 public:
     explicit Change(WidgetManager& manager)
         : m_manager(manager)
+        , m_before(manager.m_controllers)
     {
         ++m_manager.m_openChanges;
     }
@@ -32,11 +34,14 @@ public:
         if (--m_manager.m_openChanges > 0)
             return;
         m_manager.save();
+        if (m_manager.m_controllers != m_before)
+            m_manager.listChanged();
     }
     Q_DISABLE_COPY_MOVE(Change)
 
 private:
     WidgetManager& m_manager;
+    const QList<WidgetController*> m_before;
 };
 
 WidgetManager::WidgetManager(const Collaborators& collaborators)
@@ -85,9 +90,8 @@ WidgetController* WidgetManager::add(WidgetKind kind, std::optional<Skin> skin, 
             taken.append(controller->widgetFrame());
         config.origin = freeSpot(config.size(), roomOfMainScreen(), taken);
     }
+    const Change change(*this);
     open(QList<StoredWidget>{{config}});
-    save();
-    listChanged();
     return m_controllers.last();
 }
 
@@ -132,14 +136,13 @@ void WidgetManager::drop(WidgetController* controller)
 
 void WidgetManager::removeIf(const std::function<bool(const WidgetController&)>& goes)
 {
+    const Change change(*this);
     m_controllers.removeIf([&](WidgetController* controller) {
         if (!goes(*controller))
             return false;
         drop(controller);
         return true;
     });
-    save();
-    listChanged();
 }
 
 void WidgetManager::remove(WidgetController* controller)
@@ -196,7 +199,6 @@ void WidgetManager::applyPreset(Skin skin, const std::optional<ScreenInfo>& scre
         widgets.append({config});
     open(widgets);
     Q_EMIT presetApplied();
-    listChanged();
 }
 
 void WidgetManager::applyLayer()
@@ -213,13 +215,19 @@ void WidgetManager::ensureAllVisible()
         widgets.append(controller->stored());
     ScreenPlacement::arrange(widgets, m_with.host.screens());
     bool placed = false;
-    for (qsizetype i = 0; i < widgets.size(); ++i)
+    QList<WidgetController*> moved;
+    for (qsizetype i = 0; i < widgets.size(); ++i) {
+        if (m_controllers[i]->config() != widgets[i].config)
+            moved.append(m_controllers[i]);
         placed |= m_controllers[i]->syncDisplay(widgets[i]);
+    }
     m_overlap.update();
     m_demand.update(); // another screen may have finer pixels
     m_editBackdrops.update();
     if (placed)
         save();
+    for (WidgetController* controller : moved)
+        Q_EMIT configChanged(controller);
 }
 
 void WidgetManager::setEditing(bool editing)
@@ -231,6 +239,7 @@ void WidgetManager::listChanged()
 {
     m_demand.update();
     m_overlap.update();
+    Q_EMIT controllersChanged();
 }
 
 void WidgetManager::controllerChanged(WidgetController* controller)
@@ -239,6 +248,7 @@ void WidgetManager::controllerChanged(WidgetController* controller)
     m_readings.renew(*controller);
     m_overlap.update();
     save();
+    Q_EMIT configChanged(controller);
 }
 
 void WidgetManager::settingChanged(const QString& key)

@@ -39,7 +39,8 @@ public:
 
     explicit WidgetManager(const Collaborators& collaborators);
 
-    const QList<WidgetController*>& controllers() const { return m_controllers; } ///< in the order of creation
+    /// In the order of creation; controllersChanged() and configChanged() tell of every change.
+    const QList<WidgetController*>& controllers() const { return m_controllers; }
 
     /// Opens the stored widgets; records that cannot be read are left out, and what is stored stays until the next
     /// change.
@@ -67,6 +68,10 @@ public:
     void setEditing(bool editing);
 
 Q_SIGNALS:
+    void controllersChanged(); ///< widgets came or went, and that is stored
+    /// The record of a widget in the list changed, by the user or with the screens; stored, unless it is one of several
+    /// that change together.
+    void configChanged(ambrelle::WidgetController* controller);
     void presetApplied(); ///< the widgets are there, and not stored yet
     void clicked(ambrelle::WidgetController* controller, const ambrelle::FaceAction& action);
     void settingsRequested(ambrelle::WidgetController* controller);

@@ -111,6 +111,37 @@ TEST_F(WidgetManagerTest, AppliesALayoutToOneScreenOnly)
     EXPECT_EQ(desk.live(), widgets) << "without a screen nothing is replaced";
 }
 
+TEST_F(WidgetManagerTest, TellsEveryChangeOfTheListAndOfARecordOnceItIsStored)
+{
+    QStringList told;
+    QObject::connect(&desk.manager, &WidgetManager::controllersChanged, [&] {
+        EXPECT_EQ(desk.stored(), desk.live());
+        told += u"list %1"_s.arg(desk.live().size());
+    });
+    QObject::connect(&desk.manager, &WidgetManager::configChanged,
+        [&](const WidgetController* widget) { told += rawValue(widget->config().kind); });
+    const auto after = [&](const std::function<void()>& act) {
+        told.clear();
+        act();
+        return told.join(u' ').toStdString();
+    };
+    EXPECT_EQ(after([&] { desk.add(cpu, {1200, 100}); }), "list 1");
+    EXPECT_EQ(after([&] { desk.add(memory, {100, 100}); }), "list 2");
+    EXPECT_EQ(after([&] { desk.manager.controllers().first()->setPinned(true); }), "cpu");
+    EXPECT_EQ(after([&] { desk.manager.controllers().first()->setPinned(true); }), "");
+    EXPECT_EQ(after([&] { desk.manager.applySkinToAll(Skin::mono); }), "cpu memory");
+    const ScreenInfo main = desk.host.screens().first();
+    ScreenInfo narrow = main;
+    narrow.frame.setWidth(1000);
+    narrow.visibleFrame.setWidth(1000);
+    EXPECT_EQ(after([&] { desk.show({narrow}); }), "cpu") << "the other one stays";
+    EXPECT_EQ(after([&] { desk.show({narrow}); }), "");
+    EXPECT_EQ(after([&] { desk.manager.applyPreset(Skin::slate); }), "list 11") << "one change";
+    EXPECT_EQ(after([&] { desk.manager.remove(desk.manager.controllers().last()); }), "list 10");
+    EXPECT_EQ(after([&] { desk.manager.removeAll(); }), "list 0");
+    EXPECT_EQ(after([&] { desk.manager.removeAll(); }), "");
+}
+
 TEST_F(WidgetManagerTest, PlacesWidgetsWithoutAWorkAreaAndWithoutAScreen)
 {
     ScreenInfo bare = desk.host.screens().first();
