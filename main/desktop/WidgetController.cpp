@@ -19,7 +19,8 @@ WidgetController::WidgetController(const StoredWidget& widget, const Collaborato
     , m_with(collaborators)
     , m_panel(collaborators.host, collaborators.clock, collaborators.layers,
           view(widget.config.skin, widget.config.kind),
-          {.isLocked = [this] { return m_with.settings.locked(); },
+          {.pressed = [this] { Q_EMIT touched(); },
+              .isLocked = [this] { return m_with.settings.locked(); },
               .dragged = [this](const QRectF& wanted,
                              Qt::KeyboardModifiers held) { return m_with.drags.place(*this, wanted, held); },
               .dragEnded = [this](QPointF origin) { dragEnded(origin); },

@@ -65,6 +65,7 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void touched(); ///< a button was pressed on it
     void closed(); ///< it went for good; the last signal
     void clicked(const ambrelle::FaceAction& action);
     void removeRequested();

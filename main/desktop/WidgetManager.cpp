@@ -113,6 +113,7 @@ void WidgetManager::open(const StoredWidget& widget)
     auto* controller =
         new WidgetController(widget, {m_with.host, m_with.settings, m_with.clock, m_layers, m_drags}, this);
     connect(controller, &WidgetController::changed, this, [this, controller] { controllerChanged(controller); });
+    connect(controller, &WidgetController::touched, this, [this, controller] { touched(controller); });
     connect(controller, &WidgetController::removeRequested, this, [this, controller] { remove(controller); });
     connect(controller, &WidgetController::clicked, this,
         [this, controller](const FaceAction& action) { Q_EMIT clicked(controller, action); });
@@ -123,6 +124,7 @@ void WidgetManager::open(const StoredWidget& widget)
     // It is told in the middle of painting.
     connect(controller, &WidgetController::motionChanged, &m_overlap, &OverlapWatcher::update, Qt::QueuedConnection);
     m_controllers.append(controller);
+    m_stacking.append(controller);
     m_readings.renew(*controller);
     controller->show();
 }
@@ -130,6 +132,7 @@ void WidgetManager::open(const StoredWidget& widget)
 void WidgetManager::drop(WidgetController* controller)
 {
     // It may be in the middle of telling that its button was pressed.
+    m_stacking.removeOne(controller);
     controller->close();
     controller->deleteLater();
 }
@@ -203,9 +206,16 @@ void WidgetManager::applyPreset(Skin skin, const std::optional<ScreenInfo>& scre
 
 void WidgetManager::applyLayer()
 {
-    for (WidgetController* controller : m_controllers)
+    // A window that changes its level comes to lie above those that are there already.
+    for (WidgetController* controller : m_stacking)
         controller->applyLayer();
     m_overlap.update();
+}
+
+void WidgetManager::touched(WidgetController* controller)
+{
+    m_stacking.removeOne(controller);
+    m_stacking.append(controller);
 }
 
 void WidgetManager::ensureAllVisible()

@@ -85,6 +85,7 @@ private:
     void drop(WidgetController* controller);
     void removeIf(const std::function<bool(const WidgetController&)>& goes);
     QRectF roomOfMainScreen() const;
+    void touched(WidgetController* controller);
     void listChanged();
     void controllerChanged(WidgetController* controller);
     void settingChanged(const QString& key);
@@ -92,6 +93,7 @@ private:
     Collaborators m_with;
     LayerCache m_layers;
     QList<WidgetController*> m_controllers; // children of this
+    QList<WidgetController*> m_stacking; // the same, the one touched last at the end
     WidgetStore m_store;
     DragHelp m_drags;
     EditBackdrops m_editBackdrops;

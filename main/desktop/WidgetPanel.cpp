@@ -149,6 +149,7 @@ void WidgetPanel::pointerPressed(const PointerEvent& event)
 {
     if (m_closed)
         return;
+    m_hooks.pressed();
     if (event.button == Qt::RightButton && !m_drag.isPressed())
         m_hooks.menuRequested();
     if (event.button != Qt::LeftButton)

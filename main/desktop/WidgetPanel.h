@@ -16,6 +16,7 @@ namespace ambrelle {
 class WidgetPanel final : public PanelDelegate {
 public:
     struct Hooks {
+        std::function<void()> pressed; ///< with any button
         std::function<bool()> isLocked; ///< asked while dragging
         /// Asked while dragging: the place for a face dragged to `widget`. Lower left corners, global points.
         std::function<QPointF(const QRectF& widget, Qt::KeyboardModifiers modifiers)> dragged;

@@ -123,6 +123,22 @@ TEST_F(EditModeTest, DragsSnapToNeighboursUnlessAModifierIsHeld)
     EXPECT_TRUE(guides().isEmpty()) << "removed while dragged";
 }
 
+TEST_F(EditModeTest, WhatWasTouchedLastStaysOnTop)
+{
+    WidgetController* lower = desk.add(cpu, {400, 300});
+    desk.add(memory, {450, 300});
+    desk.manager.setEditing(true);
+    desk.host.drag({410, 310}, {430, 330});
+    desk.manager.setEditing(false);
+    const QPointF common(540, 400);
+    ASSERT_TRUE(lower->widgetFrame().contains(common));
+    EXPECT_EQ(desk.host.panelAt(common), desk.panels().first());
+    EXPECT_EQ(desk.stored().first().kind, cpu) << "the order of creation is another matter";
+    desk.manager.remove(lower);
+    desk.settings.layer.set(WidgetLayer::floating);
+    EXPECT_EQ(desk.host.panelAt(common), desk.panels().first());
+}
+
 /// The change of level takes the window from under the pointer, and the release goes elsewhere.
 TEST_F(EditModeTest, EndingItDuringADragDropsTheWidget)
 {

@@ -22,6 +22,12 @@ RecordingPanel::~RecordingPanel()
         m_host->forget(this);
 }
 
+void RecordingPanel::setLevel(WindowLevel level)
+{
+    if (std::exchange(m_level, level) != level && m_host)
+        m_host->raise(this);
+}
+
 void RecordingPanel::setOutline(const QRectF& area, double corner)
 {
     m_outline = area;
@@ -116,6 +122,7 @@ std::unique_ptr<PanelWindow> RecordingWindowHost::makePanel(PanelDelegate& deleg
 {
     auto panel = std::make_unique<RecordingPanel>(*this, delegate);
     m_panels.append(panel.get());
+    m_stacking.append(panel.get());
     return panel;
 }
 
@@ -194,9 +201,9 @@ void RecordingWindowHost::drag(const QPointF& from, const QPointF& to, int steps
 RecordingPanel* RecordingWindowHost::panelAt(const QPointF& global) const
 {
     for (const WindowLevel level : {WindowLevel::floating, WindowLevel::desktop}) {
-        const auto found = std::find_if(m_panels.crbegin(), m_panels.crend(),
+        const auto found = std::find_if(m_stacking.crbegin(), m_stacking.crend(),
             [&](const RecordingPanel* panel) { return panel->level() == level && panel->hears(global); });
-        if (found != m_panels.crend())
+        if (found != m_stacking.crend())
             return *found;
     }
     return nullptr;
@@ -205,8 +212,15 @@ RecordingPanel* RecordingWindowHost::panelAt(const QPointF& global) const
 void RecordingWindowHost::forget(RecordingPanel* panel)
 {
     m_panels.removeOne(panel);
+    m_stacking.removeOne(panel);
     m_hovered = m_hovered == panel ? nullptr : m_hovered;
     m_pressed = m_pressed == panel ? nullptr : m_pressed;
+}
+
+void RecordingWindowHost::raise(RecordingPanel* panel)
+{
+    m_stacking.removeOne(panel);
+    m_stacking.append(panel);
 }
 
 void RecordingWindowHost::forget(RecordingBackdrop* backdrop)

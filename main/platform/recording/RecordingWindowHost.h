@@ -23,7 +23,7 @@ public:
     QRectF frame() const override { return m_frame; }
     void show() override { m_visible = true; }
     void hide() override { m_visible = false; }
-    void setLevel(WindowLevel level) override { m_level = level; }
+    void setLevel(WindowLevel level) override;
     void setOpacity(double opacity) override { m_opacity = opacity; }
     void setClickThrough(bool through) override { m_clickThrough = through; }
     void setInputArea(const QRectF& area) override { m_inputArea = area; }
@@ -91,9 +91,9 @@ private:
     bool m_visible = false;
 };
 
-/// A machine for tests: its screens and its pointer are what the test says, and its windows can be inspected. The
-/// pointer goes to the topmost window that hears it, enters and leaves as it moves, and stays with the pressed window
-/// until release.
+/// A machine for tests: its screens and its pointer are what the test says, and its windows can be inspected. A
+/// window that changes its level comes to the top of the new one. The pointer goes to the topmost window that hears it,
+/// enters and leaves as it moves, and stays with the pressed window until release.
 class RecordingWindowHost final : public WindowHost {
 public:
     RecordingWindowHost(); ///< with one screen of 1440 × 900 points, 40 of them taken by a bar at the top
@@ -125,6 +125,7 @@ private:
     friend class RecordingPanel;
     friend class RecordingBackdrop;
     void forget(RecordingPanel* panel);
+    void raise(RecordingPanel* panel);
     void forget(RecordingBackdrop* backdrop);
     RecordingBackdrop* backdropAt(const QPointF& global) const;
     void hover(RecordingPanel* panel);
@@ -133,6 +134,7 @@ private:
     QList<ScreenInfo> m_screens;
     QPointF m_pointer;
     QList<RecordingPanel*> m_panels;
+    QList<RecordingPanel*> m_stacking; ///< the same from bottom to top, within each level
     QList<RecordingBackdrop*> m_backdrops;
     RecordingBackdrop* m_focused = nullptr;
     RecordingBackdrop* m_pressedBackdrop = nullptr;
