@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Edit mode of the whole program on the display of this test: edit_test.py PROGRAM.
 
-It is started from the menu. A dragged widget comes in line with another one and is stored there, a click on a face ends
-nothing, the backdrops follow the screens, and Escape or a click on an empty spot brings everything back.
+It is started from the menu. A dragged widget comes in line with another one and is stored there, one dragged over another stays
+above it, a click on a face ends nothing, the backdrops follow the screens, and Escape or a click on an empty spot brings everything back.
 """
 import subprocess
 import sys
@@ -73,6 +73,24 @@ def arrange(session, host, height):
     ended(session)
 
 
+def stack(session):
+    """The program's windows from bottom to top."""
+    told = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST_STACKING"], capture_output=True, text=True).stdout
+    mine = {int(window) for window in session.windows()}
+    return [window for window in (int(each, 16) for each in told.rpartition("# ")[2].split(", ")) if window in mine]
+
+
+def stay_on_top(session, host, height):
+    """The older widget is dragged over the newer one."""
+    newer = stack(session)[-1]
+    begin(session, host)
+    drag(face(WIDGETS[0], height), (60, 230))
+    wait_for("stored place", lambda: session.widgets()[0]["origin"][1] < 300)
+    pointer("key", "Escape")
+    ended(session)
+    wait_for("older widget on top", lambda: stack(session)[-1:] != [newer])
+
+
 def follow_screens(session, host, width, height):
     begin(session, host)
     with two_screens(width, height):
@@ -92,6 +110,7 @@ def main():
     wait_for("widgets", lambda: len(session.panels()) == len(WIDGETS))
     wait_for("tray item", lambda: host.iterate() or host.item)
     arrange(session, host, height)
+    stay_on_top(session, host, height)
     follow_screens(session, host, width, height)
     begin(session, host)
     session.end()
