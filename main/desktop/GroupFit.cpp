@@ -5,6 +5,7 @@
 #include "model/Composition.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ambrelle::GroupFit {
 
@@ -41,8 +42,9 @@ struct Extent {
     }
 };
 
-/// Sizes are rounded: the factor for them with which no widget gets larger than its share of the shrunk group.
-double sizeFactor(const QList<Member>& members, double factor)
+/// The factor with which no widget's rounded size exceeds its share of the shrunk group: the last resort of a group
+/// whose members touch one another.
+double carefulFactor(const QList<Member>& members, double factor)
 {
     double least = factor;
     for (const auto& [frame, exactSize] : members) {
@@ -50,6 +52,23 @@ double sizeFactor(const QList<Member>& members, double factor)
             (factor * frame.height() - rounding) / exactSize.height()});
     }
     return std::max(leastFactor, least);
+}
+
+bool meetAnewOrStickOut(const QList<Member>& members, const Result& result, const QRectF& area)
+{
+    const auto frame = [&](qsizetype i) {
+        const QSizeF size = members[i].exactSize * result.factor;
+        return QRectF(result.origins[i], QSizeF(std::round(size.width()), std::round(size.height())));
+    };
+    for (qsizetype i = 0; i < members.size(); ++i) {
+        if (!area.contains(frame(i)))
+            return true;
+        for (qsizetype other = 0; other < i; ++other) {
+            if (overlap(frame(i), frame(other)) && !overlap(members[i].frame, members[other].frame))
+                return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -63,12 +82,13 @@ Result fitted(const QList<Member>& members, const QSizeF& before, const QRectF& 
     const Extent y(all.top(), all.bottom(), before.height());
     const double factor = std::max(leastFactor,
         std::min({1.0, x.factor(area.width(), Composition::marginX), y.factor(area.height(), Composition::marginY)}));
-    Result result{factor < 1 ? sizeFactor(members, factor) : 1, {}};
+    Result result{factor, {}};
     for (const Member& member : members) {
-        const QPointF centre = member.frame.center();
-        result.centres += {x.placed(centre.x(), factor, area.left(), area.width()),
-            y.placed(centre.y(), factor, area.top(), area.height())};
+        result.origins += {std::round(x.placed(member.frame.left(), factor, area.left(), area.width())),
+            std::round(y.placed(member.frame.top(), factor, area.top(), area.height()))};
     }
+    if (factor < 1 && meetAnewOrStickOut(members, result, area))
+        result.factor = carefulFactor(members, factor);
     return result;
 }
 

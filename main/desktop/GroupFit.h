@@ -19,12 +19,12 @@ struct Member {
 
 struct Result {
     double factor = 1; ///< of every widget's size; never above 1
-    QList<QPointF> centres; ///< in the order of the members
+    QList<QPointF> origins; ///< in the order of the members; whole points, so that edges in line stay in line
 };
 
 /// The group in `area`, as large as it fits in there, as near to the area's edges as it was to those of the screen of
-/// `before` points in proportion. Sizes that are rounded to whole points and origins that are do not meet either,
-/// unless the area has hardly any room at all.
+/// `before` points in proportion. Members that did not overlap do not then either, with their
+/// sizes rounded to whole points, unless the area has hardly any room at all.
 Result fitted(const QList<Member>& members, const QSizeF& before, const QRectF& area);
 
 /// Whether two widgets lie over one another; edges that touch do not.

@@ -176,10 +176,7 @@ void fitTogether(const Group& group, QList<WidgetConfig>& placed)
     const GroupFit::Result result = GroupFit::fitted(members, group.before, area);
     for (qsizetype i = 0; i < placed.size(); ++i) {
         placed[i].fit = WidgetConfig::clampedFit(homeOf(*group.members[i]).fit * result.factor);
-        const QSizeF size = placed[i].size();
-        const QPointF origin = result.centres[i] - QPointF(size.width() / 2, size.height() / 2);
-        const QRectF rounded(QPointF(std::round(origin.x()), std::round(origin.y())), size);
-        placed[i].origin = movedInto(rounded, area).topLeft();
+        placed[i].origin = movedInto({result.origins[i], placed[i].size()}, area).topLeft();
     }
 }
 
