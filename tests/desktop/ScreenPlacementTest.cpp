@@ -272,7 +272,7 @@ TEST(ScreenPlacement, LeavesWidgetsAsLargeAsTheyAreWhereTheyFitSideBySide)
 
 TEST(ScreenPlacement, KeepsWhatTheUserDoesWhileADisplayIsSmall)
 {
-    const ScreenInfo small = smaller.first();
+    const ScreenInfo& small = smaller.first();
     Desktop desktop;
     for (const WidgetConfig& config : Composition::widgets(Skin::glass, large.visibleFrame))
         desktop.widgets.append({config});
