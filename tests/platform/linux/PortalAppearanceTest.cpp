@@ -5,22 +5,37 @@
 #include "support/TestFolder.h"
 #include "support/Variable.h"
 
+#include <QDBusContext>
 #include <QDBusVariant>
+
+#include <optional>
 
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
 /// What a desktop portal offers of its settings.
-class FakeSettings : public QObject {
+class FakeSettings : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 public:
     QVariant scheme = 0U;
+    bool isSlow = false; ///< answers only when told to
+    std::optional<QDBusMessage> asked; ///< and still waiting
+
+    void answer(const QDBusConnection& bus) const
+    {
+        bus.send(asked->createReply(QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(scheme))))));
+    }
 
 public Q_SLOTS:
-    QDBusVariant Read(const QString& section, const QString& key) const
+    QDBusVariant Read(const QString& section, const QString& key)
     {
+        if (isSlow) {
+            setDelayedReply(true);
+            asked = message();
+            return {};
+        }
         const bool isKnown = section == "org.freedesktop.appearance"_L1 && key == "color-scheme"_L1;
         // Portals wrap the value twice.
         return QDBusVariant(QVariant::fromValue(QDBusVariant(isKnown ? scheme : QVariant(u"?"_s))));
@@ -70,6 +85,44 @@ TEST_F(PortalAppearanceTest, FollowsThePortal)
     tell("org.freedesktop.appearance", "color-scheme", 2U);
     ASSERT_TRUE(waitUntil([&appearance] { return !appearance.isDark(); }));
     EXPECT_EQ(changes, 2);
+}
+
+TEST_F(PortalAppearanceTest, TellsWhenItIsKnownToBeLight)
+{
+    const TestFolder folder;
+    folder.writeScript(u"gsettings"_s, "echo \"'default'\"\n");
+    for (const bool withPortal : {false, true}) {
+        if (withPortal)
+            startPortal();
+        const test::Variable path("PATH", QFile::encodeName(folder.path()) + ':' + qgetenv("PATH"));
+        PortalAppearance appearance(bus.opener());
+        int changes = 0;
+        QObject::connect(&appearance, &SystemAppearance::changed, [&changes] { ++changes; });
+        EXPECT_TRUE(waitUntil([&changes] { return changes > 0; })) << "portal: " << withPortal;
+        EXPECT_TRUE(appearance.isAvailable() && !appearance.isDark());
+        if (!withPortal)
+            continue;
+        tell("org.freedesktop.appearance", "color-scheme", 0U);
+        tell("org.freedesktop.appearance", "color-scheme", 1U);
+        EXPECT_TRUE(waitUntil([&appearance] { return appearance.isDark(); }));
+        EXPECT_EQ(changes, 2) << "it was light already";
+    }
+}
+
+TEST_F(PortalAppearanceTest, ASlowPortalIsHeardThoughTheSettingsAnsweredFirst)
+{
+    const TestFolder folder;
+    folder.writeScript(u"gsettings"_s, "echo \"'default'\"\n");
+    const test::Variable path("PATH", QFile::encodeName(folder.path()) + ':' + qgetenv("PATH"));
+    settings.scheme = 1U;
+    settings.isSlow = true;
+    startPortal();
+    PortalAppearance appearance(bus.opener());
+    ASSERT_TRUE(waitUntil([&appearance] { return appearance.isAvailable(); }));
+    EXPECT_FALSE(appearance.isDark());
+    ASSERT_TRUE(waitUntil([this] { return settings.asked.has_value(); }));
+    settings.answer(portal);
+    EXPECT_TRUE(waitUntil([&appearance] { return appearance.isDark(); }));
 }
 
 TEST_F(PortalAppearanceTest, WithoutAPortalTheDesktopsSettingsTell)

@@ -26,6 +26,7 @@ const auto interface = u"org.freedesktop.portal.Settings"_s;
 const auto section = u"org.freedesktop.appearance"_s;
 const auto key = u"color-scheme"_s;
 constexpr uint darkScheme = 1; // 0: no preference, 2: light
+constexpr int longPatience = 60'000; // milliseconds for a portal that starts with everything else
 constexpr int settlingTime = 200; // milliseconds in which the settings file is written and replaced
 
 /// What lies inside however many variants within variants.
@@ -63,28 +64,36 @@ void PortalAppearance::askPortal()
 
     auto call = QDBusMessage::createMethodCall(portal, portalPath, interface, u"Read"_s);
     call.setArguments({section, key});
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, busPatience), this);
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, longPatience), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *watcher;
-        bool isNumber = false;
-        const uint scheme = reply.isError() ? 0 : unwrapped(reply.value().variant()).toUInt(&isNumber);
-        if (isNumber)
-            accept(scheme == darkScheme);
-        else if (!m_known) // no signal came meanwhile either
+        if (!reply.isError())
+            portalTold(reply.value().variant());
+        if (!m_known) // no signal came meanwhile either
             askSettings();
     });
+    QTimer::singleShot(busPatience, this, [this] {
+        if (!m_known)
+            askSettings();
+    });
+}
+
+void PortalAppearance::portalTold(const QVariant& value)
+{
+    bool isNumber = false;
+    const uint scheme = unwrapped(value).toUInt(&isNumber);
+    if (!isNumber)
+        return;
+    m_portalTold = true;
+    accept(scheme == darkScheme);
 }
 
 void PortalAppearance::settingChanged(const QDBusMessage& message)
 {
     const auto arguments = message.arguments();
-    if (arguments.size() < 3 || arguments.at(0).toString() != section || arguments.at(1).toString() != key)
-        return;
-    bool isNumber = false;
-    const uint scheme = unwrapped(arguments.at(2)).toUInt(&isNumber);
-    if (isNumber)
-        accept(scheme == darkScheme);
+    if (arguments.size() >= 3 && arguments.at(0).toString() == section && arguments.at(1).toString() == key)
+        portalTold(arguments.at(2));
 }
 
 void PortalAppearance::askSettings()
@@ -96,8 +105,8 @@ void PortalAppearance::askSettings()
     process->setStandardErrorFile(QProcess::nullDevice());
     connect(process, &QProcess::finished, this, [this, process](int code) {
         process->deleteLater();
-        if (code != 0)
-            return; // these settings are not installed
+        if (code != 0 || m_portalTold)
+            return; // these settings are not installed, or were needed no longer
         accept(process->readAllStandardOutput().contains("prefer-dark"));
         watchSettings();
     });
@@ -114,8 +123,8 @@ void PortalAppearance::watchSettings()
 
 void PortalAppearance::accept(bool dark)
 {
-    m_known = true;
-    if (std::exchange(m_dark, dark) != dark)
+    const bool wasKnown = std::exchange(m_known, true);
+    if (std::exchange(m_dark, dark) != dark || !wasKnown)
         Q_EMIT changed();
 }
 
