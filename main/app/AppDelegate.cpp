@@ -47,11 +47,11 @@ AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
     , m_monitor(m_ports.sources, m_ports.clock)
     , m_services(servicePorts(m_ports), weatherBases(), m_settings, stores.defaults, m_ports.clock)
     , m_feed({m_monitor, m_services, m_settings}, m_ports.clock)
-    , m_manager({m_ports.windows, {m_ports.otherWindows, m_ports.visibility}, stores.defaults, m_settings,
-          stores.accents, m_monitor, m_services, m_feed, m_ports.clock})
-    , m_actions(m_ports.programs, m_services.player, m_ports.desktopNames)
     , m_wallpaper(makeWallpaper(), m_ports.windows, m_ports.desktopPicture, stores.defaults,
           {UserFolders::wallpapers(), dataFile(u"Wallpapers/Extras"_s)})
+    , m_manager({m_ports.windows, {m_ports.otherWindows, m_ports.visibility}, stores.defaults, m_settings,
+          stores.accents, m_monitor, m_services, m_feed, m_ports.clock, m_ports.appearance, m_wallpaper})
+    , m_actions(m_ports.programs, m_services.player, m_ports.desktopNames)
     , m_thumbnails(makeWallpaper(), thumbnailCache())
     , m_automation(m_settings, m_monitor, m_ports.clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, m_settings.customWallpapers()); })
@@ -76,11 +76,18 @@ void AppDelegate::start()
     m_automation.start();
     m_follower.start();
     if (m_settings.hasLaunchedBefore())
-        m_wallpaper.restore();
+        m_wallpaper.restore([this](Skin skin) { return m_follower.fitting(skin); });
     else
         firstLaunch();
-    connect(&m_ports.windows, &WindowHost::screensChanged, &m_manager, &WidgetManager::ensureAllVisible);
-    connect(&m_ports.windows, &WindowHost::screensChanged, &m_wallpaper, &DesktopWallpaper::fitScreens);
+    connect(&m_ports.windows, &WindowHost::screensChanged, this, &AppDelegate::screensChanged);
+}
+
+void AppDelegate::screensChanged()
+{
+    m_manager.ensureAllVisible();
+    m_wallpaper.fitScreens();
+    if (!m_settings.hasLaunchedBefore())
+        firstLaunch();
 }
 
 void AppDelegate::clicked(WidgetKind kind, const FaceAction& action)
@@ -93,24 +100,14 @@ void AppDelegate::clicked(WidgetKind kind, const FaceAction& action)
 
 void AppDelegate::firstLaunch()
 {
-    m_settings.setHasLaunchedBefore(true);
     // Not shown yet: its tabs are empty, and would hide the widgets that a first start is about.
     m_interface.mainWindow().model().setShowWelcome(true);
-    layOutFirst();
-}
-
-void AppDelegate::layOutFirst()
-{
+    if (m_manager.controllers().isEmpty())
+        m_manager.applyPreset(m_settings.defaultSkin(), true);
+    // Only with widgets, which need a screen, and after them: a disk that does not take them does not take this either.
+    // Until then every start is a first one.
     if (!m_manager.controllers().isEmpty())
-        return;
-    if (m_ports.windows.screens().isEmpty()) {
-        connect(
-            &m_ports.windows, &WindowHost::screensChanged, this, &AppDelegate::layOutFirst, Qt::SingleShotConnection);
-        return;
-    }
-    const Skin skin = m_settings.defaultSkin();
-    m_manager.applyPreset(skin);
-    m_wallpaper.apply(skin); // should it fail, the widgets stand on the picture that is there
+        m_settings.setHasLaunchedBefore(true);
 }
 
 } // namespace ambrelle

@@ -35,7 +35,7 @@ public:
 
 private:
     void firstLaunch();
-    void layOutFirst(); ///< now, or when the first screen comes
+    void screensChanged();
     void clicked(WidgetKind kind, const FaceAction& action);
 
     const Machine::Ports m_ports;
@@ -43,9 +43,9 @@ private:
     SystemMonitor m_monitor;
     LiveServices m_services;
     ReadingFeed m_feed;
+    DesktopWallpaper m_wallpaper;
     WidgetManager m_manager;
     WidgetActions m_actions;
-    DesktopWallpaper m_wallpaper;
     WallpaperStore m_thumbnails;
     Automation m_automation;
     AppearanceFollower m_follower;

@@ -2,6 +2,7 @@
 
 #include "desktop/AppearanceFollower.h"
 
+#include "desktop/FittingSkin.h"
 #include "desktop/WidgetManager.h"
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
@@ -38,31 +39,26 @@ void AppearanceFollower::start()
     sync();
 }
 
-bool AppearanceFollower::systemIsDark() const
-{
-    return m_appearance.isAvailable() && m_appearance.isDark();
-}
-
 void AppearanceFollower::sync()
 {
     if (!m_settings.followAppearance() || !m_appearance.isAvailable())
         return;
-    m_manager.changeSkins([this](Skin skin) { return matching(skin); });
-    m_settings.defaultSkin.set(matching(m_settings.defaultSkin()));
+    m_manager.changeSkins([this](Skin skin) { return fitting(skin); });
+    m_settings.defaultSkin.set(fitting(m_settings.defaultSkin()));
     m_wallpaper.refresh([this] { changeWallpaper(); });
 }
 
 void AppearanceFollower::changeWallpaper()
 {
-    const std::optional<Skin> current = m_wallpaper.currentSkin();
-    if (current && matching(*current) != *current)
-        m_wallpaper.apply(matching(*current)); // should it fail, the old one stays
+    // What comes counts, not what it will take the place of.
+    const std::optional<Skin> wanted = m_wallpaper.wantedSkin();
+    if (wanted && fitting(*wanted) != *wanted)
+        m_wallpaper.apply(fitting(*wanted)); // should it fail, the old one stays
 }
 
-/// The skin itself, or its partner when its lightness is not the desktop's.
-Skin AppearanceFollower::matching(Skin skin) const
+Skin AppearanceFollower::fitting(Skin skin) const
 {
-    return isLight(skin) == systemIsDark() ? appearancePartner(skin).value_or(skin) : skin;
+    return fittingSkin(skin, m_settings, m_appearance);
 }
 
 } // namespace ambrelle

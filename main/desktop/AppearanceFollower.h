@@ -24,10 +24,10 @@ public:
     void start();
     /// Takes over the appearance of now; does nothing while nothing tells it.
     void sync();
-    bool systemIsDark() const;
+    /// The skin itself, or its partner if that fits the appearance of now.
+    Skin fitting(Skin skin) const;
 
 private:
-    Skin matching(Skin skin) const;
     void changeWallpaper();
 
     SystemAppearance& m_appearance;

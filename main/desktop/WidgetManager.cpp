@@ -2,11 +2,13 @@
 
 #include "desktop/WidgetManager.h"
 
+#include "desktop/FittingSkin.h"
 #include "desktop/FreeSpot.h"
 #include "desktop/ScreenPlacement.h"
 #include "model/AppSettings.h"
 #include "model/Composition.h"
 #include "model/ThemeAccent.h"
+#include "wallpapers/DesktopWallpaper.h"
 
 #include <algorithm>
 
@@ -185,9 +187,11 @@ void WidgetManager::changeSkins(const std::function<Skin(Skin)>& choose)
         controller->setSkin(choose(controller->config().skin));
 }
 
-void WidgetManager::applyPreset(Skin skin, const std::optional<ScreenInfo>& screen)
+void WidgetManager::applyPreset(Skin skin, bool withWallpaper, const std::optional<ScreenInfo>& screen)
 {
-    m_with.settings.defaultSkin.set(skin);
+    // Before anything opens, lest it be drawn, and painted for the whole screen, twice.
+    const Skin fitting = fittingSkin(skin, m_with.settings, m_with.appearance);
+    m_with.settings.defaultSkin.set(fitting);
     const QList<ScreenInfo> screens = m_with.host.screens();
     if (screens.isEmpty())
         return;
@@ -198,9 +202,12 @@ void WidgetManager::applyPreset(Skin skin, const std::optional<ScreenInfo>& scre
         removeAll();
     QList<StoredWidget> widgets;
     for (const WidgetConfig& config :
-        Composition::widgets(skin, ScreenPlacement::room(screen.value_or(screens.first()))))
+        Composition::widgets(fitting, ScreenPlacement::room(screen.value_or(screens.first()))))
         widgets.append({config});
     open(widgets);
+    // Should it fail, the widgets stand on the picture that is there.
+    if (withWallpaper)
+        m_with.wallpaper.apply(fitting, screen ? QList{*screen} : screens);
     Q_EMIT presetApplied();
 }
 

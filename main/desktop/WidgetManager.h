@@ -18,6 +18,8 @@
 
 namespace ambrelle {
 
+class DesktopWallpaper;
+class SystemAppearance;
 class ThemeAccent;
 
 /// The widgets on the desktop. Everything that adds, removes or changes them goes through here, and every change is
@@ -35,6 +37,8 @@ public:
         LiveServices& services;
         ReadingFeed& feed;
         Clock& clock;
+        SystemAppearance& appearance;
+        DesktopWallpaper& wallpaper;
     };
 
     explicit WidgetManager(const Collaborators& collaborators);
@@ -59,8 +63,9 @@ public:
     /// Gives every widget the skin that `choose` names for its own; stored once.
     void changeSkins(const std::function<Skin(Skin)>& choose);
     /// Replaces the widgets of `screen` (none: of all screens) by the skin's own layout on it (none: on the main
-    /// screen). Nothing is replaced while no screen is connected.
-    void applyPreset(Skin skin, const std::optional<ScreenInfo>& screen = std::nullopt);
+    /// screen), and the desktop picture likewise by the skin's if asked to. It is the skin's partner where that fits
+    /// the desktop's appearance. Nothing is replaced while no screen is connected.
+    void applyPreset(Skin skin, bool withWallpaper, const std::optional<ScreenInfo>& screen = std::nullopt);
 
     void applyLayer();
     void ensureAllVisible(); ///< after the screens changed

@@ -138,25 +138,26 @@ void DesktopWallpaper::refresh(const std::function<void()>& then)
     const QList<ScreenInfo> screens = m_host.screens();
     if (screens.isEmpty() || !m_picture.isAvailable())
         return then();
-    m_picture.read(screens.first().connector, [this, then](const QString& file) {
-        setCurrent(file);
+    m_picture.read(screens.first().connector, [this, then, changes = m_changes](const QString& file) {
+        if (changes == m_changes)
+            setCurrent(file);
         then();
     });
 }
 
-void DesktopWallpaper::restore()
+void DesktopWallpaper::restore(const std::function<Skin(Skin)>& choose)
 {
     const QString last = m_defaults.string(currentKey).value_or(QString());
     if (last.isEmpty() || !m_picture.isAvailable())
         return;
-    refresh([this, last] {
-        if (!m_current.isEmpty())
+    refresh([this, last, choose] {
+        if (m_asked || !m_current.isEmpty())
             return;
-        m_picture.remember(m_folders.wallpapers, [this, last](const QJsonObject& memory) {
-            if (!memory.isEmpty())
+        m_picture.remember(m_folders.wallpapers, [this, last, choose](const QJsonObject& memory) {
+            if (m_asked || !m_current.isEmpty() || !memory.isEmpty())
                 return; // another picture shows, though nothing tells its file
             if (const std::optional<Skin> skin = Wallpaper::skinOf(last))
-                apply(*skin);
+                apply(choose ? choose(*skin) : *skin);
             else
                 apply(last);
         });
@@ -166,7 +167,7 @@ void DesktopWallpaper::restore()
 void DesktopWallpaper::fitScreens()
 {
     refresh([this] {
-        if (const std::optional<Skin> skin = currentSkin(); skin && isOurs(m_current))
+        if (const std::optional<Skin> skin = wantedSkin(); skin && isOurs(wanted()))
             apply(*skin);
     });
 }
@@ -181,9 +182,8 @@ void DesktopWallpaper::giveBackPrevious(const Done& done)
     const std::optional<QJsonObject> memory = m_defaults.object(previousKey);
     if (!memory)
         return done ? done(Wording::tr("No earlier desktop picture is remembered.")) : void();
-    ++m_request;
-    m_picture.giveBack(*memory, [this, done](const QString& error) {
-        if (error.isEmpty()) {
+    m_picture.giveBack(*memory, [this, request = begin({}), done](const QString& error) {
+        if (end(request) && error.isEmpty()) {
             m_defaults.remove(previousKey);
             m_defaults.remove(currentKey);
             setCurrent({});
@@ -201,18 +201,37 @@ void DesktopWallpaper::prepare(const QList<ScreenPicture>& pictures, const Prepa
         return answer(m_picture.whyNot());
     if (pictures.isEmpty())
         return answer(Wording::tr("No screen is connected."));
-    const int request = ++m_request;
+    const int request = begin(pictures.first().file);
     const auto work = [files] {
         yieldToOthers();
         return files();
     };
     QtConcurrent::run(&m_painter, work).then(this, [this, request, pictures, answer](const QString& error) {
+        if (!error.isEmpty())
+            return answer(end(request) ? error : QString());
         if (request != m_request)
             return answer({});
-        if (!error.isEmpty())
-            return answer(error);
-        rememberPrevious(pictures.first().connector, [this, pictures, answer] { show(pictures, answer); });
+        rememberPrevious(
+            pictures.first().connector, [this, request, pictures, answer] { show(request, pictures, answer); });
     });
+}
+
+/// Notes that the file is asked for, and gives the number of the request.
+int DesktopWallpaper::begin(const QString& file)
+{
+    m_asked = file;
+    ++m_changes;
+    return ++m_request;
+}
+
+/// Whether nothing newer was asked for meanwhile.
+bool DesktopWallpaper::end(int request)
+{
+    ++m_changes;
+    if (request != m_request)
+        return false;
+    m_asked.reset();
+    return true;
 }
 
 /// Keeps what the user had on the desktop; a picture of our own is nothing to give back.
@@ -229,11 +248,12 @@ void DesktopWallpaper::rememberPrevious(const QString& connector, const std::fun
     });
 }
 
-void DesktopWallpaper::show(const QList<ScreenPicture>& pictures, const Done& done)
+void DesktopWallpaper::show(int request, const QList<ScreenPicture>& pictures, const Done& done)
 {
-    const int request = m_request;
+    if (request != m_request)
+        return done({});
     m_picture.set(pictures, [this, request, file = pictures.first().file, done](const QString& error) {
-        if (error.isEmpty() && request == m_request) {
+        if (end(request) && error.isEmpty()) {
             m_defaults.set(currentKey, file);
             setCurrent(file);
         }

@@ -48,11 +48,14 @@ public:
     /// The picture on the main screen as far as it was last known; empty when nothing tells it.
     QString currentURL() const { return m_current; }
     std::optional<Skin> currentSkin() const { return Wallpaper::skinOf(m_current); }
+    /// The skin of the picture that was asked for last, while it is not shown yet; else currentSkin().
+    std::optional<Skin> wantedSkin() const { return Wallpaper::skinOf(wanted()); }
     /// Asks the desktop again, then calls `then`.
     void refresh(const std::function<void()>& then);
 
-    /// Brings back the picture of the last run where the desktop itself forgot it and shows none.
-    void restore();
+    /// Brings back the picture of the last run where the desktop itself forgot it and shows none. If it was a skin's,
+    /// the one of the skin that `choose` names for it, at the moment when it is wanted.
+    void restore(const std::function<Skin(Skin)>& choose = {});
     /// Screens came or changed: if a skin's wallpaper shows, every screen gets its own size of it.
     void fitScreens();
 
@@ -66,10 +69,13 @@ Q_SIGNALS:
 private:
     using Preparation = std::function<QString()>;
 
+    QString wanted() const { return m_asked.value_or(m_current); }
+    int begin(const QString& file);
+    bool end(int request);
     void prepare(const QList<ScreenPicture>& pictures, const Preparation& files, const Done& done);
     QList<ScreenPicture> onEveryScreen(const QString& file) const;
     void rememberPrevious(const QString& connector, const std::function<void()>& then);
-    void show(const QList<ScreenPicture>& pictures, const Done& done);
+    void show(int request, const QList<ScreenPicture>& pictures, const Done& done);
     bool isOurs(const QString& file) const;
     void setCurrent(const QString& file);
 
@@ -79,7 +85,9 @@ private:
     UserDefaults& m_defaults;
     Folders m_folders;
     QString m_current;
+    std::optional<QString> m_asked; ///< under way; empty: the user's own picture, wherever that is
     int m_request = 0; ///< a newer one makes older ones void
+    int m_changes = 0; ///< requests begun and ended; what the desktop told before is out of date
     QThreadPool m_painter;
 };
 

@@ -8,15 +8,20 @@
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
+#include "platform/recording/RecordingAppearance.h"
+#include "platform/recording/RecordingDesktopPicture.h"
 #include "platform/recording/RecordingSessionVisibility.h"
 #include "platform/recording/RecordingSources.h"
 #include "platform/recording/RecordingWindowHost.h"
 #include "platform/recording/RecordingWindowList.h"
 #include "services/SystemMonitor.h"
+#include "skins/WallpaperRecipes.h"
 #include "support/QuietServices.h"
+#include "wallpapers/DesktopWallpaper.h"
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -46,7 +51,12 @@ struct Desk {
     SystemMonitor monitor{machine.sources(), clock};
     QuietServices services{settings, defaults, clock};
     ReadingFeed feed{{monitor, services.live, settings}, clock, QLocale::c()};
-    WidgetManager manager{{host, {windows, session}, defaults, settings, accents, monitor, services.live, feed, clock}};
+    RecordingAppearance appearance;
+    RecordingDesktopPicture picture;
+    QTemporaryDir folder;
+    DesktopWallpaper wallpaper{{wallpaperRecipe, {}}, host, picture, defaults, {folder.path(), {}}};
+    WidgetManager manager{{host, {windows, session}, defaults, settings, accents, monitor, services.live, feed, clock,
+        appearance, wallpaper}};
 
     QList<WidgetConfig> live() const
     {

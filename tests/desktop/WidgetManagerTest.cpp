@@ -5,13 +5,7 @@
 #include "desktop/AppearanceFollower.h"
 #include "desktop/ReadingRound.h"
 #include "model/Composition.h"
-#include "platform/recording/RecordingAppearance.h"
-#include "platform/recording/RecordingDesktopPicture.h"
-#include "skins/WallpaperRecipes.h"
 #include "support/WaitUntil.h"
-#include "wallpapers/DesktopWallpaper.h"
-
-#include <QTemporaryDir>
 
 namespace ambrelle {
 namespace {
@@ -48,7 +42,7 @@ TEST_F(WidgetManagerTest, StoresEveryChangeBeforeItReturns)
 
 TEST_F(WidgetManagerTest, ComesBackAsItWasAfterTheProgramWasKilled)
 {
-    desk.manager.applyPreset(Skin::neon);
+    desk.manager.applyPreset(Skin::neon, false);
     desk.add(countdown, {40, 50})->change([](WidgetConfig& c) { c.opacity = 0.5; });
     Desk next(store);
     next.manager.load();
@@ -98,7 +92,7 @@ TEST_F(WidgetManagerTest, AppliesALayoutToOneScreenOnly)
     desk.host.setScreens({desk.host.screens().first(), rightScreen});
     WidgetController* kept = desk.add(cpu, {100, 100});
     desk.add(memory, {2000, 100});
-    desk.manager.applyPreset(Skin::paper, rightScreen);
+    desk.manager.applyPreset(Skin::paper, false, rightScreen);
     const QList<WidgetConfig> widgets = desk.live();
     ASSERT_EQ(widgets.size(), 1 + Composition::preset(Skin::paper).spots.size());
     EXPECT_EQ(widgets.first(), kept->config());
@@ -107,7 +101,7 @@ TEST_F(WidgetManagerTest, AppliesALayoutToOneScreenOnly)
     EXPECT_EQ(desk.settings.defaultSkin(), Skin::paper);
 
     desk.host.setScreens({});
-    desk.manager.applyPreset(Skin::neon);
+    desk.manager.applyPreset(Skin::neon, false);
     EXPECT_EQ(desk.live(), widgets) << "without a screen nothing is replaced";
 }
 
@@ -256,15 +250,15 @@ TEST_F(WidgetManagerTest, TakesGuestsInWhileTheirScreenIsAway)
 }
 
 struct AppearanceTest : WidgetManagerTest {
-    RecordingAppearance appearance;
-    RecordingDesktopPicture picture;
-    const QTemporaryDir folder;
-    DesktopWallpaper wallpaper{{wallpaperRecipe, {}}, desk.host, picture, desk.defaults, {folder.path(), {}}};
+    RecordingAppearance& appearance = desk.appearance;
+    DesktopWallpaper& wallpaper = desk.wallpaper;
     AppearanceFollower follower{appearance, desk.settings, desk.manager, wallpaper, desk.clock};
 };
 
 TEST_F(AppearanceTest, IsFollowedWithPairedSkinsOnly)
 {
+    const ScreenInfo main = desk.host.screens().first();
+    desk.show({main, rightScreen});
     desk.settings.defaultSkin.set(Skin::lumen);
     desk.add(cpu, {100, 100}, Skin::paper);
     desk.add(cpu, {400, 100}, Skin::glass);
@@ -287,9 +281,13 @@ TEST_F(AppearanceTest, IsFollowedWithPairedSkinsOnly)
     EXPECT_EQ(skins(), u"paper glass / lumen");
     appearance.setDark(true);
     desk.clock.advance(1s);
-    desk.manager.applyPreset(Skin::field);
+    desk.manager.applyPreset(Skin::field, true, main);
     EXPECT_EQ(desk.settings.defaultSkin(), Skin::fieldDark);
     EXPECT_EQ(desk.stored().first().skin, Skin::fieldDark) << "a layout is followed too";
+    ASSERT_TRUE(waitUntil([this] { return wallpaper.wantedSkin() == wallpaper.currentSkin(); }));
+    ASSERT_EQ(desk.picture.sets.size(), 1) << "a picture was made for nothing";
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::fieldDark);
+    EXPECT_EQ(desk.picture.sets.first().size(), 1) << "the layout was for one screen";
 }
 
 TEST_F(AppearanceTest, IsFollowedByTheWallpaperToo)
@@ -305,7 +303,7 @@ TEST_F(AppearanceTest, IsFollowedByTheWallpaperToo)
     wallpaper.apply(Skin::aero);
     ASSERT_TRUE(becomes(Skin::aero));
     follower.sync();
-    EXPECT_EQ(picture.sets.size(), 3) << "a skin without a partner stays";
+    EXPECT_EQ(desk.picture.sets.size(), 3) << "a skin without a partner stays";
 }
 
 } // namespace

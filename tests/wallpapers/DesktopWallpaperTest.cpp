@@ -6,11 +6,10 @@
 #include "platform/recording/RecordingDesktopPicture.h"
 #include "platform/recording/RecordingWindowHost.h"
 #include "support/AnswerOf.h"
+#include "support/FullDisk.h"
 #include "support/TestFolder.h"
 
 #include <atomic>
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace ambrelle;
 using namespace Qt::StringLiterals;
@@ -90,6 +89,42 @@ TEST_F(DesktopWallpaperTest, ANewerRequestMakesTheOlderVoid)
     EXPECT_EQ(wallpaper.currentSkin(), Skin::neon);
 }
 
+/// Whatever the desktop answers late, and in whatever order the requests come between its answers.
+TEST_F(DesktopWallpaperTest, WhatWasAskedForLastCounts)
+{
+    ASSERT_EQ(apply(Skin::mono), QString());
+    picture.sets.clear();
+    picture.isDeferred = true;
+    const auto answerOnce = [this] {
+        ASSERT_TRUE(waitUntil([this] { return picture.waiting() > 0; }));
+        picture.answer();
+    };
+    int told = 0;
+    wallpaper.refresh([&] { ++told; });
+    wallpaper.apply(Skin::paper);
+    EXPECT_EQ(wallpaper.wantedSkin(), Skin::paper);
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::mono);
+    answerOnce(); // what showed when refresh() asked
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(wallpaper.wantedSkin(), Skin::paper);
+    ASSERT_TRUE(waitUntil([this] { return picture.waiting() > 0; })); // painted; what showed before is looked up
+    wallpaper.apply(Skin::neon);
+    while (picture.sets.isEmpty())
+        answerOnce();
+    EXPECT_EQ(Wallpaper::skinOf(picture.sets.first().first().file), Skin::neon) << "the older one was void";
+    wallpaper.refresh([&] { ++told; }); // asks before the picture is set, and hears of it afterwards
+    picture.answer();
+    EXPECT_EQ(wallpaper.wantedSkin(), Skin::neon);
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::neon);
+
+    picture.failure = u"The desktop refuses."_s;
+    wallpaper.apply(Skin::paper);
+    while (picture.sets.size() < 2)
+        answerOnce();
+    picture.answer();
+    EXPECT_EQ(wallpaper.wantedSkin(), Skin::neon) << "what failed is wanted no longer";
+}
+
 TEST_F(DesktopWallpaperTest, FailuresLeaveTheOldPictureAndNoHalfFile)
 {
     ASSERT_EQ(apply(Skin::mono), QString());
@@ -116,32 +151,9 @@ TEST_F(DesktopWallpaperTest, FailuresLeaveTheOldPictureAndNoHalfFile)
     EXPECT_EQ(apply(Skin::neon), u"There is no desktop."_s);
 }
 
-/// Files cannot grow beyond some bytes while it lives, as on a full disk.
-class FullDisk {
-public:
-    FullDisk()
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit small{256, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-        m_handler = std::signal(SIGXFSZ, SIG_IGN); // the write fails instead
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = nullptr;
-};
-
 TEST_F(DesktopWallpaperTest, AFullDiskLeavesNothingBehind)
 {
-    const FullDisk disk;
+    const test::FullDisk disk;
     EXPECT_TRUE(apply(Skin::neon).contains("cannot be written"_L1));
     EXPECT_EQ(files(), QStringList());
     EXPECT_TRUE(picture.sets.isEmpty());
