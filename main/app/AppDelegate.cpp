@@ -79,7 +79,14 @@ void AppDelegate::start()
         m_wallpaper.restore([this](Skin skin) { return m_follower.fitting(skin); });
     else
         firstLaunch();
+    connect(&m_settings, &AppSettings::changed, this, &AppDelegate::settingChanged);
     connect(&m_ports.windows, &WindowHost::screensChanged, this, &AppDelegate::screensChanged);
+}
+
+void AppDelegate::settingChanged(const QString& key)
+{
+    if (key == m_settings.interval.key())
+        m_monitor.start(m_settings.interval());
 }
 
 void AppDelegate::screensChanged()

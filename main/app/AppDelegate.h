@@ -36,6 +36,7 @@ public:
 private:
     void firstLaunch();
     void screensChanged();
+    void settingChanged(const QString& key);
     void clicked(WidgetKind kind, const FaceAction& action);
 
     const Machine::Ports m_ports;

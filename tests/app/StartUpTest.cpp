@@ -156,6 +156,29 @@ TEST_F(StartUp, AFirstLaunchThatCouldNotBeStoredIsAFirstLaunchAgain)
     EXPECT_EQ(store.boolean(QString::fromLatin1(launchedKey)), true);
 }
 
+TEST_F(StartUp, AnotherSamplingIntervalHoldsAtOnce)
+{
+    store({{WidgetKind::memory, Skin::glass, WidgetScale::medium, {100, 100}}});
+    defaults.set(u"interval"_s, 60.0);
+    Program program(defaults);
+    RecordingMemory& memory = program.machine.sources.memory;
+    memory.currentPhysicalMemory = 1ULL << 34;
+    program.delegate.start();
+    RecordingPanel* panel = program.machine.windows.panels().first();
+    const auto isRepaintedWithin = [&](std::chrono::milliseconds time) {
+        panel->picture();
+        panel->clearUpdates();
+        memory.currentUse->programs += 1ULL << 32;
+        program.machine.clock.advance(time);
+        return !panel->updates().isEmpty();
+    };
+    EXPECT_FALSE(isRepaintedWithin(10s));
+    program.settings.interval.set(1);
+    EXPECT_TRUE(isRepaintedWithin(2s));
+    program.settings.interval.set(60);
+    EXPECT_FALSE(isRepaintedWithin(10s));
+}
+
 /// A start with the user's wish that skins follow the desktop, which answers bit by bit.
 struct FollowingStart {
     enum class Kind { first, later, laterOnADesktopThatForgot };
