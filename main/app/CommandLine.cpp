@@ -33,6 +33,12 @@ std::optional<Mode> batchMode(const QString& argument)
     return std::nullopt;
 }
 
+/// It is followed by the session's name, which the toolkit hands to the session manager.
+bool isSessionOption(const QString& argument)
+{
+    return argument == "-session"_L1 || argument == "--session"_L1;
+}
+
 bool isOption(const QString& argument)
 {
     return argument.size() > 1 && argument.startsWith(u'-');
@@ -53,11 +59,16 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     if (words.contains("--version"_L1))
         return {.mode = Mode::version};
     CommandLine desktop;
-    for (const QString& word : words) {
-        if (isOption(word) && !batchMode(word))
-            return {.mode = Mode::unknownOption, .option = word};
-        if (!isOption(word))
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const QString& word = words.at(i);
+        if (isSessionOption(word)) {
+            desktop.isRestored = true;
+            ++i;
+        } else if (!isOption(word)) {
             desktop.files.append(word);
+        } else if (!batchMode(word)) {
+            return {.mode = Mode::unknownOption, .option = word};
+        }
     }
     desktop.files.append(arguments.mid(words.size() + 1));
     desktop.files.removeAll(QString());

@@ -15,11 +15,13 @@ struct CommandLine {
     QString folder; ///< where a batch mode writes
     QStringList files; ///< theme files handed to the desktop, as given
     QString option; ///< the unknown one
+    bool isRestored = false; ///< the desktop starts it with the rest of an earlier session
 
     bool operator==(const CommandLine&) const = default;
 
     /// `arguments` without the program's name. Options are exact words; the first one that asks for a mode wins. A
-    /// batch mode that comes last, without its folder, is ignored. After "--" everything is a file.
+    /// batch mode that comes last, without its folder, is ignored. After "--" everything is a file. What a session
+    /// manager adds when it starts a program again is understood.
     static CommandLine parse(const QStringList& arguments);
     static QString helpText();
     static QString unknownOptionText(const QString& option);

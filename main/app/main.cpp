@@ -7,6 +7,7 @@
 #include "app/Environment.h"
 #include "app/Hosts.h"
 #include "app/Information.h"
+#include "app/SessionEnd.h"
 #include "app/SingleInstance.h"
 #include "app/UserFolders.h"
 #include "app/WordingFile.h"
@@ -62,6 +63,8 @@ Machine::Wishes machineWishes()
 int runDesktop(const CommandLine& commandLine, int argc, char** argv)
 {
     SingleInstance instance;
+    if (instance.role() == SingleInstance::Role::second && commandLine.isRestored)
+        return EXIT_SUCCESS; // the login item was faster; nobody asked for a window
     if (instance.role() == SingleInstance::Role::second)
         return handOver(instance, commandLine.files, argc, argv);
     const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
@@ -73,8 +76,8 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     WordingFile::install(application);
     environment.restore();
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    const SessionEnd sessionEnd(application);
     const EndingSignals signals;
-    // Not quit(): it would ask the panels first, and they refuse to be closed by a window manager.
     QObject::connect(&signals, &EndingSignals::received, &application, [] { QCoreApplication::exit(); });
     const std::unique_ptr<Machine> machine = choice.host.make(machineWishes());
     if (!machine)

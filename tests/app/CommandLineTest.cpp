@@ -30,6 +30,10 @@ TEST(CommandLine, ChoosesWhatToDo)
         {"one.ambrelle two.ambrelle", {.files = {"one.ambrelle", "two.ambrelle"}}},
         {"one.ambrelle -- --version -x", {.files = {"one.ambrelle", "--version", "-x"}}},
         {"--render-previews --", {}},
+        {"-session 10a_17 a.ambrelle", {.files = {"a.ambrelle"}, .isRestored = true}},
+        {"--session", {.isRestored = true}},
+        {"-session 10a_17 -x", {.mode = Mode::unknownOption, .option = "-x"}},
+        {"-- -session 10a_17", {.files = {"-session", "10a_17"}}},
     };
     for (const Case& c : cases) {
         const QStringList words = QString::fromLatin1(c.words).split(u' ', Qt::SkipEmptyParts);

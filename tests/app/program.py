@@ -100,8 +100,8 @@ class Session:
             self.env.pop(name, None)
         self.process = None
 
-    def start(self):
-        self.process = subprocess.Popen([PROGRAM], env=self.env, stderr=subprocess.PIPE, text=True)
+    def start(self, *arguments):
+        self.process = subprocess.Popen([PROGRAM, *arguments], env=self.env, stderr=subprocess.PIPE, text=True)
 
     def ended(self):
         """Waits until the program has ended by itself, and well."""
