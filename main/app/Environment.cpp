@@ -2,13 +2,17 @@
 
 #include "app/Environment.h"
 
-#include <QtGlobal>
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <algorithm>
 
 namespace ambrelle {
 
 namespace {
 
 constexpr const char* platformName = "QT_QPA_PLATFORM";
+constexpr const char* idleTimeName = "QT_QPA_UPDATE_IDLE_TIME"; // the toolkit reads it when it first repaints
 
 } // namespace
 
@@ -18,9 +22,8 @@ Environment::Environment(const QByteArray& plugin)
     // value would not do: the toolkit then looks elsewhere.
     put("XDG_CURRENT_DESKTOP", "none");
     put("QT_XCB_GL_INTEGRATION", "none");
-    // Repaints wait for no further timer: what changes together already comes in one round. It stays set, since the
-    // toolkit reads it at the first repaint.
-    qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
+    // Repaints wait for no further timer: what changes together already comes in one round.
+    put(idleTimeName, "0");
     put(platformName, plugin);
 }
 
@@ -35,14 +38,35 @@ QByteArray Environment::wishedPlugin()
     return qgetenv(platformName);
 }
 
-void Environment::restore() const
+void Environment::restore()
 {
-    for (const Variable& variable : m_replaced) {
-        if (variable.value.isNull())
-            qunsetenv(variable.name);
-        else
-            qputenv(variable.name, variable.value);
+    const QList<Variable> replaced = m_replaced;
+    for (const Variable& variable : replaced) {
+        if (variable.name != idleTimeName)
+            restore(variable.name);
     }
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+void Environment::restore(const char* name)
+{
+    const auto variable = std::ranges::find(m_replaced, name, &Variable::name);
+    if (variable == m_replaced.end())
+        return;
+    if (variable->value.isNull())
+        qunsetenv(name);
+    else
+        qputenv(name, variable->value);
+    m_replaced.erase(variable);
+}
+
+bool Environment::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::UpdateRequest && watched->isWindowType()) {
+        restore(idleTimeName);
+        QCoreApplication::instance()->removeEventFilter(this);
+    }
+    return false;
 }
 
 } // namespace ambrelle

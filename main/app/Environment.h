@@ -4,19 +4,24 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QObject>
 
 namespace ambrelle {
 
 /// What the toolkit is told before the application object exists, and untold afterwards.
-class Environment {
+class Environment final : public QObject {
 public:
     /// `plugin`: the toolkit's platform plugin to run on.
     explicit Environment(const QByteArray& plugin);
 
     /// The platform plugin that the user asks for; empty: none in particular.
     static QByteArray wishedPlugin();
-    /// The variables that child processes inherit are the user's again.
-    void restore() const;
+    /// The variables that child processes inherit are the user's again, at the latest when a window is first repainted.
+    /// Needs the application object.
+    void restore();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Variable {
@@ -25,6 +30,7 @@ private:
     };
 
     void put(const char* name, const QByteArray& value);
+    void restore(const char* name);
 
     QList<Variable> m_replaced;
 };

@@ -70,7 +70,7 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
     if (!choice.whyNot.isEmpty())
         return complain(choice.whyNot);
-    const Environment environment(choice.plugin);
+    Environment environment(choice.plugin);
     Fonts::registerBundled();
     QApplication application(argc, argv);
     WordingFile::install(application);
