@@ -7,6 +7,7 @@
 
 #include <QCompleter>
 #include <QLineEdit>
+#include <QToolTip>
 
 namespace ambrelle {
 
@@ -29,6 +30,7 @@ CityChooser::CityChooser(QWidget* parent)
     completer()->setCaseSensitivity(Qt::CaseInsensitive);
     connect(this, &QComboBox::activated, this, &CityChooser::take);
     connect(lineEdit(), &QLineEdit::editingFinished, this, &CityChooser::take);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [] { QToolTip::hideText(); });
 }
 
 void CityChooser::setChosen(const std::optional<QString>& name, const std::optional<QString>& zone)
@@ -40,21 +42,33 @@ void CityChooser::setChosen(const std::optional<QString>& name, const std::optio
     lineEdit()->setCursorPosition(0);
 }
 
-/// Takes over what was typed if it names an entry; anything else gives way to what was there.
+/// Takes over what was typed or chosen if it names an entry.
 void CityChooser::take()
 {
     const QString typed = currentText().trimmed();
     const int index = findText(typed, Qt::MatchFixedString);
-    if (index < 0 || itemText(index) == m_shown) {
-        setEditText(m_shown);
-        return;
+    if (index < 0 && typed.compare(m_shown, Qt::CaseInsensitive) != 0)
+        refuse(typed);
+    if (index >= 0 && itemText(index) != m_shown) {
+        m_shown = itemText(index);
+        if (index == 0)
+            Q_EMIT chose(std::nullopt);
+        else
+            Q_EMIT chose(City{m_shown, itemData(index).toString()});
     }
-    m_shown = itemText(index);
     setEditText(m_shown);
-    if (index == 0)
-        Q_EMIT chose(std::nullopt);
-    else
-        Q_EMIT chose(City{m_shown, itemData(index).toString()});
+    if (lineEdit()->hasFocus())
+        lineEdit()->selectAll(); // what is typed next replaces it
+}
+
+void CityChooser::refuse(const QString& typed)
+{
+    if (typed.isEmpty())
+        return;
+    constexpr int mostLetters = 40;
+    const QString name = typed.size() > mostLetters ? typed.first(mostLetters) + u'…' : typed;
+    QToolTip::showText(mapToGlobal(rect().bottomLeft()),
+        Wording::tr("No city called “%1” is in the list.").arg(name.toHtmlEscaped()), this);
 }
 
 } // namespace ambrelle

@@ -8,7 +8,8 @@
 
 namespace ambrelle {
 
-/// A city of the world, chosen from the list or by typing its first letters; the first entry is none: the local time.
+/// A city of the world, chosen from the list or by typing its first letters; the first entry is none: the local time. A
+/// name that is in no list gives way to what was there, and a tip says so.
 class CityChooser final : public QComboBox {
     Q_OBJECT
 public:
@@ -27,6 +28,8 @@ Q_SIGNALS:
 
 private:
     void take();
+    void refuse(const QString& typed);
+
     QString m_shown;
 };
 

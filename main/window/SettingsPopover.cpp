@@ -11,6 +11,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace ambrelle {
@@ -76,6 +78,26 @@ SettingsPopover::SettingsPopover(WidgetController& widget, const Clock& clock, b
 QMargins SettingsPopover::shadow() const
 {
     return m_composited ? QMargins(shadowReach, shadowReach, shadowReach, shadowReach) : QMargins();
+}
+
+void SettingsPopover::limitHeight(int most)
+{
+    const int surplus = sizeHint().shrunkBy(shadow()).height() - most;
+    if (surplus <= 0)
+        return;
+    const QSize rows = m_form->sizeHint();
+    auto* scroll = new QScrollArea;
+    delete layout()->replaceWidget(m_form, scroll);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(m_form);
+    scroll->setFixedHeight(std::max(WindowStyle::controlHeight, rows.height() - surplus));
+    // The card is painted by this widget alone.
+    m_form->setAutoFillBackground(false);
+    scroll->viewport()->setAutoFillBackground(false);
+    setFixedWidth(width() + scroll->verticalScrollBar()->sizeHint().width());
 }
 
 QRectF SettingsPopover::card() const

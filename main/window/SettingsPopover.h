@@ -20,6 +20,8 @@ public:
     SettingsPopover(WidgetController& widget, const Clock& clock, bool composited);
 
     QMargins shadow() const; ///< around the visible part
+    /// Where the visible part would be higher than `most` points, its rows scroll.
+    void limitHeight(int most);
     const SettingsForm& form() const { return *m_form; }
 
 protected:

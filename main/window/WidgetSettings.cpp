@@ -28,6 +28,8 @@ void WidgetSettings::open(WidgetController& widget)
     delete m_popover;
     applyAppLook(m_with.appearance.isDark());
     m_popover = new SettingsPopover(widget, m_with.clock, m_with.host.isComposited());
+    if (const auto room = popoverRoom(widget.widgetFrame(), m_with.host.screens()))
+        m_popover->limitHeight(static_cast<int>(*room));
     m_popover->adjustSize();
     const QMargins shadow = m_popover->shadow();
     const QSize visible = m_popover->size().shrunkBy(shadow);

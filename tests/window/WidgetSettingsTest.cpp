@@ -3,6 +3,7 @@
 #include "window/WidgetSettings.h"
 #include "desktop/Desk.h"
 #include "platform/recording/RecordingAppearance.h"
+#include "support/WaitUntil.h"
 #include "window/CityChooser.h"
 #include "window/DateField.h"
 #include "window/PopoverPlacement.h"
@@ -16,6 +17,7 @@
 #include <QPushButton>
 #include <QSet>
 #include <QSlider>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -133,8 +135,20 @@ TEST_F(WidgetSettingsTest, CitiesSetTheirZoneAndAreFoundByTyping)
     enter(u"Atlantis"_s);
     EXPECT_EQ(widget.config().city, u"Tokyo"_s) << "a city nobody knows";
     EXPECT_EQ(cities->currentText(), u"Tokyo"_s);
+    EXPECT_TRUE(QToolTip::isVisible() && QToolTip::text().contains(u"Atlantis"_s)) << "nobody says why";
+    type(cities->lineEdit(), u"new york"_s);
+    EXPECT_EQ(cities->currentText(), u"new york"_s) << "it is typed into what was there";
+    EXPECT_TRUE(waitUntil([] { return !QToolTip::isVisible(); }));
+    sendKey(cities->lineEdit(), Qt::Key_Return);
+    EXPECT_EQ(widget.config().city, u"New York"_s);
     enter(u"local time"_s);
     EXPECT_FALSE(widget.config().city || widget.config().timeZone);
+    sendKey(cities, Qt::Key_Down);
+    const std::optional<QString> first = widget.config().city;
+    EXPECT_TRUE(first) << "the keys choose";
+    EXPECT_EQ(cities->lineEdit()->selectedText(), first);
+    type(cities->lineEdit(), u"Kyiv"_s);
+    EXPECT_EQ(cities->currentText(), u"Kyiv"_s);
     // A theme may bring a city of its own.
     desk.manager.controllers().first()->change([](WidgetConfig& config) { config.city = u"Vienna"_s; });
     EXPECT_EQ(cities->currentText(), u"Vienna"_s);
@@ -225,6 +239,29 @@ TEST_F(WidgetSettingsTest, ClosesWhenItIsLeftOrItsWidgetGoes)
     desk.manager.remove(&second);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(last);
+}
+
+TEST_F(WidgetSettingsTest, RowsScrollOnAScreenThatIsTooLow)
+{
+    ScreenInfo low = desk.host.screens().first();
+    low.frame = low.visibleFrame = {0, 0, 1024, 260};
+    desk.host.setScreens({low});
+    WidgetController* widget = desk.add(WidgetKind::countdown, {300, 40});
+    settings.open(*widget);
+    EXPECT_LE(settings.popover()->size().shrunkBy(settings.popover()->shadow()).height(), 260);
+    const auto isSeen = [&](const QWidget* wanted) {
+        const QRect visible = wanted->visibleRegion().boundingRect();
+        return !visible.isEmpty()
+            && settings.popover()->rect().contains(
+                QRect(wanted->mapTo(settings.popover(), visible.topLeft()), visible.size()));
+    };
+    const auto* last = control<QCheckBox>(u"Pinned"_s);
+    EXPECT_FALSE(isSeen(last));
+    for (int steps = 0; steps < 30 && settings.popover()->focusWidget() != last; ++steps)
+        press(Qt::Key_Tab);
+    EXPECT_TRUE(isSeen(last)) << "the keyboard goes where nobody sees it";
+    press(Qt::Key_Space);
+    EXPECT_TRUE(widget->config().pinned);
 }
 
 TEST(PopoverPlacement, StandsBesideTheWidgetAndWholeOnItsScreen)
