@@ -52,6 +52,7 @@ AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
     , m_manager({m_ports.windows, {m_ports.otherWindows, m_ports.visibility}, stores.defaults, m_settings,
           stores.accents, m_monitor, m_services, m_feed, m_ports.clock, m_ports.appearance, m_wallpaper})
     , m_actions(m_ports.programs, m_services.player, m_ports.desktopNames)
+    , m_tip(m_ports.windows, m_ports.clock)
     , m_thumbnails(makeWallpaper(), thumbnailCache())
     , m_automation(m_settings, m_monitor, m_ports.clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, m_settings.customWallpapers()); })
@@ -71,7 +72,7 @@ void AppDelegate::start()
     });
     m_manager.load();
     connect(&m_manager, &WidgetManager::clicked, this,
-        [this](WidgetController* widget, const FaceAction& action) { clicked(widget->config().kind, action); });
+        [this](WidgetController* widget, const FaceAction& action) { clicked(*widget, action); });
     m_interface.start();
     m_automation.start();
     m_follower.start();
@@ -97,12 +98,14 @@ void AppDelegate::screensChanged()
         firstLaunch();
 }
 
-void AppDelegate::clicked(WidgetKind kind, const FaceAction& action)
+void AppDelegate::clicked(const WidgetController& widget, const FaceAction& action)
 {
-    if (action.verb != FaceAction::Verb::open)
+    if (action.verb != FaceAction::Verb::open) {
         perform(action, m_services);
-    else if (m_settings.clickToOpen())
-        m_actions.open(kind);
+    } else if (m_settings.clickToOpen()) {
+        if (const QString complaint = m_actions.open(widget.config().kind); !complaint.isEmpty())
+            m_tip.show(widget, complaint);
+    }
 }
 
 void AppDelegate::firstLaunch()

@@ -6,6 +6,7 @@
 #include "app/WidgetActions.h"
 #include "desktop/AppearanceFollower.h"
 #include "desktop/WidgetManager.h"
+#include "desktop/WidgetTip.h"
 #include "platform/Machine.h"
 #include "services/Automation.h"
 #include "services/LiveServices.h"
@@ -37,7 +38,7 @@ private:
     void firstLaunch();
     void screensChanged();
     void settingChanged(const QString& key);
-    void clicked(WidgetKind kind, const FaceAction& action);
+    void clicked(const WidgetController& widget, const FaceAction& action);
 
     const Machine::Ports m_ports;
     AppSettings& m_settings;
@@ -47,6 +48,7 @@ private:
     DesktopWallpaper m_wallpaper;
     WidgetManager m_manager;
     WidgetActions m_actions;
+    WidgetTip m_tip;
     WallpaperStore m_thumbnails;
     Automation m_automation;
     AppearanceFollower m_follower;

@@ -2,6 +2,7 @@
 
 #include "app/WidgetActions.h"
 
+#include "foundation/Wording.h"
 #include "platform/ProgramLauncher.h"
 #include "services/NowPlayingService.h"
 
@@ -16,6 +17,7 @@ namespace {
 
 enum class Target {
     clock,
+    dateAndTime,
     calendar,
     systemMonitor,
     storage,
@@ -34,15 +36,16 @@ struct Program {
     QLatin1StringView desktop; ///< where it comes first; empty: it belongs to none
 };
 
-// Within a target in the order of preference. The settings of date and time stand in for a clock that is missing.
+// Within a target in the order of preference.
 constexpr std::array programs{
     Program{Target::clock, "org.gnome.clocks"_L1, "GNOME"_L1},
     Program{Target::clock, "org.kde.kclock"_L1, "KDE"_L1},
     Program{Target::clock, "org.xfce.orage.globaltime"_L1, "XFCE"_L1},
-    Program{Target::clock, "gnome-datetime-panel"_L1, "GNOME"_L1},
-    Program{Target::clock, "kcm_clock"_L1, "KDE"_L1},
-    Program{Target::clock, "cinnamon-settings-calendar"_L1, "X-Cinnamon"_L1},
-    Program{Target::clock, "time-admin"_L1, "MATE"_L1},
+
+    Program{Target::dateAndTime, "gnome-datetime-panel"_L1, "GNOME"_L1},
+    Program{Target::dateAndTime, "kcm_clock"_L1, "KDE"_L1},
+    Program{Target::dateAndTime, "cinnamon-settings-calendar"_L1, "X-Cinnamon"_L1},
+    Program{Target::dateAndTime, "time-admin"_L1, "MATE"_L1},
 
     Program{Target::calendar, "org.gnome.Calendar"_L1, "GNOME"_L1},
     Program{Target::calendar, "org.kde.merkuro.calendar"_L1, "KDE"_L1},
@@ -130,17 +133,37 @@ std::optional<Target> targetOf(WidgetKind kind)
     return std::nullopt;
 }
 
-void openFirst(Target target, ProgramLauncher& launcher, const QStringList& desktops)
+QString notFound(Target target)
+{
+    switch (target) {
+    case Target::clock:
+    case Target::dateAndTime: return Wording::tr("No clock program found");
+    case Target::calendar: return Wording::tr("No calendar program found");
+    case Target::systemMonitor: return Wording::tr("No system monitor found");
+    case Target::storage: return Wording::tr("No program that shows disk usage found");
+    case Target::power: return Wording::tr("No power settings found");
+    case Target::network: return Wording::tr("No network settings found");
+    case Target::weather: return Wording::tr("No weather program found");
+    case Target::music: return Wording::tr("No music player found");
+    case Target::reminders: return Wording::tr("No reminders program found");
+    case Target::screenTime: return Wording::tr("No screen time settings found");
+    case Target::bluetooth: return Wording::tr("No Bluetooth settings found");
+    }
+    return {};
+}
+
+bool openFirst(Target target, ProgramLauncher& launcher, const QStringList& desktops)
 {
     for (const bool ofThisDesktop : {true, false}) {
         for (const Program& program : programs) {
             const bool fits = program.target == target && desktops.contains(program.desktop) == ofThisDesktop;
             if (fits && launcher.has(program.name)) {
                 launcher.open(program.name);
-                return;
+                return true;
             }
         }
     }
+    return false;
 }
 
 } // namespace
@@ -157,25 +180,30 @@ bool WidgetActions::hasAction(WidgetKind kind)
     return targetOf(kind).has_value();
 }
 
-void WidgetActions::open(WidgetKind kind) const
+QString WidgetActions::open(WidgetKind kind) const
 {
     const std::optional<Target> target = targetOf(kind);
-    if (target == Target::music)
-        openPlayer();
-    else if (target)
-        openFirst(*target, m_launcher, m_desktops);
+    if (!target || (target == Target::music && openPlayer()) || openFirst(*target, m_launcher, m_desktops))
+        return {};
+    // Any clock is better than the settings of date and time, and these are better than nothing.
+    if (target == Target::clock && openFirst(Target::dateAndTime, m_launcher, m_desktops))
+        return {};
+    return notFound(*target);
 }
 
-/// The player whose track shows comes forward, the one that the desktop would start when there is no track.
-void WidgetActions::openPlayer() const
+/// The player whose track shows comes forward; false when there is none, or none that can.
+bool WidgetActions::openPlayer() const
 {
     const std::optional<Player> player = m_player.player();
     if (!player)
-        openFirst(Target::music, m_launcher, m_desktops);
-    else if (player->canRaise)
+        return false;
+    if (player->canRaise)
         m_player.send(PlayerCommand::raise);
-    else
+    else if (m_launcher.has(player->program))
         m_launcher.open(player->program);
+    else
+        return false;
+    return true;
 }
 
 } // namespace ambrelle

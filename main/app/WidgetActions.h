@@ -19,11 +19,12 @@ public:
 
     /// Whether a click can open anything at all.
     static bool hasAction(WidgetKind kind);
-    /// Opens it; nothing happens when nothing that fits is installed.
-    void open(WidgetKind kind) const;
+    /// Opens it. Gives one sentence when nothing that fits is installed; empty when it was opened or a click opens
+    /// nothing anyway.
+    QString open(WidgetKind kind) const;
 
 private:
-    void openPlayer() const;
+    bool openPlayer() const;
 
     ProgramLauncher& m_launcher;
     NowPlayingService& m_player;

@@ -4,13 +4,13 @@
 
 #include "desktop/InstructionPlace.h"
 #include "desktop/WidgetController.h"
-#include "drawing/Canvas.h"
 #include "foundation/Wording.h"
 #include "model/AppSettings.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace ambrelle {
 
@@ -18,48 +18,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString instructionText()
+QString instructionText(bool locked)
 {
-    return Wording::tr("Drag widgets anywhere. Click an empty space or press Esc to finish.");
+    return locked
+        ? Wording::tr("Positions are locked: press Space to unlock, click an empty space or press Esc to finish.")
+        : Wording::tr("Drag widgets anywhere. Click an empty space or press Esc to finish.");
 }
 
 constexpr double instructionMargin = 16; // kept free along the screen's edges and around widgets
 constexpr std::array textSizes{16.0, 13.0, 11.0, 9.0}; // the largest that fits the screen
-constexpr int mostLines = 8;
 
 // Dark enough to tell that the desktop is out of reach, and light enough to see where a widget will stand.
 const QColor shade(8, 10, 16, 92);
-// White on this is above 10 : 1 over any wallpaper, a white one included.
-const QColor instructionColour(18, 18, 22, 232);
-const QColor instructionEdge(255, 255, 255, 64);
-const QColor instructionInk(255, 255, 255, 240);
-
-TextStyle instructionStyle(double size)
-{
-    return {
-        .face = {u"Inter"_s, 500}, .size = size, .colour = instructionInk, .align = Align::centre, .lines = mostLines};
-}
-
-double lineHeight(const TextStyle& style)
-{
-    return style.size * style.lineHeight;
-}
-
-/// Between the text and the edge of its capsule.
-QSizeF padding(const TextStyle& style)
-{
-    return {style.size * 1.75, style.size * 0.875};
-}
-
-QSizeF capsuleSize(const TextStyle& style, double room)
-{
-    const QSizeF around = padding(style) * 2;
-    const QStringList lines = wrapped(instructionText(), style, room - around.width());
-    double widest = 0;
-    for (const QString& line : lines)
-        widest = std::max(widest, shape(style.face, style.size, line)->width);
-    return QSizeF(std::ceil(widest), static_cast<double>(lines.size()) * lineHeight(style)) + around;
-}
 
 bool fits(const QSizeF& size, const QSizeF& room)
 {
@@ -68,8 +38,8 @@ bool fits(const QSizeF& size, const QSizeF& room)
 
 } // namespace
 
-EditBackdrop::EditBackdrop(WindowHost& host, std::function<void()> finished)
-    : m_finished(std::move(finished))
+EditBackdrop::EditBackdrop(WindowHost& host, AppSettings& settings)
+    : m_settings(settings)
     , m_window(host.makeBackdrop(*this))
 {
 }
@@ -83,10 +53,9 @@ void EditBackdrop::cover(const ScreenInfo& screen, const QList<QRectF>& widgets)
     for (const QRectF& widget : widgets)
         taken.append(widget.adjusted(-instructionMargin, -instructionMargin, instructionMargin, instructionMargin));
     for (const double size : textSizes) {
-        m_textSize = size;
-        const QSizeF capsule = capsuleSize(instructionStyle(size), room.width());
-        m_instruction = instructionPlace(capsule, room, taken);
-        if (fits(capsule, room.size()))
+        m_capsule = TextCapsule(instructionText(m_settings.locked()), size, room.width());
+        m_instruction = instructionPlace(m_capsule.size(), room, taken);
+        if (fits(m_capsule.size(), room.size()))
             break;
     }
     m_window->setFrame(screen.frame);
@@ -95,31 +64,23 @@ void EditBackdrop::cover(const ScreenInfo& screen, const QList<QRectF>& widgets)
 
 void EditBackdrop::paint(QPainter& painter, const QSizeF& size)
 {
-    Canvas canvas(painter, {});
-    canvas.fill(QRectF({0, 0}, size), shade);
-    const QPointF corner(m_instruction.x() - m_screen.frame.x(), m_screen.frame.bottom() - m_instruction.bottom());
-    const Box capsule(QRectF(corner, m_instruction.size()));
-    const TextStyle style = instructionStyle(m_textSize);
-    const QSizeF around = padding(style);
-    const double radius = std::min(capsule.height() / 2, around.width());
-    canvas.fill(capsule, instructionColour, radius);
-    canvas.frame(capsule, QPen(instructionEdge, 1), radius);
-    Box text = capsule.inset(around.width() - 0.5, around.height()); // the widest line must not break again
-    for (const QString& line : wrapped(instructionText(), style, text.width()))
-        canvas.text(text.cutTop(lineHeight(style)), line, style);
+    painter.fillRect(QRectF({0, 0}, size), shade);
+    m_capsule.paint(
+        painter, {m_instruction.x() - m_screen.frame.x(), m_screen.frame.bottom() - m_instruction.bottom()});
 }
 
 void EditBackdrop::keyPressed(Qt::Key key)
 {
     if (key == Qt::Key_Escape)
         finish();
+    else if (key == Qt::Key_Space)
+        m_settings.locked.set(false);
 }
 
+/// Ends with the destruction of this object.
 void EditBackdrop::finish() const
 {
-    // Finishing destroys this object.
-    const std::function<void()> finished = m_finished;
-    finished();
+    m_settings.editing.set(false);
 }
 
 EditBackdrops::EditBackdrops(WindowHost& host, AppSettings& settings, const QList<WidgetController*>& widgets)
@@ -128,7 +89,7 @@ EditBackdrops::EditBackdrops(WindowHost& host, AppSettings& settings, const QLis
     , m_widgets(widgets)
 {
     connect(&m_settings, &AppSettings::changed, this, [this](const QString& key) {
-        if (key == m_settings.editing.key())
+        if (key == m_settings.editing.key() || key == m_settings.locked.key())
             update();
     });
 }
@@ -159,7 +120,7 @@ void EditBackdrops::open()
             (*found)->cover(screen, widgets);
             continue;
         }
-        m_backdrops.push_back(std::make_unique<EditBackdrop>(m_host, [this] { m_settings.editing.set(false); }));
+        m_backdrops.push_back(std::make_unique<EditBackdrop>(m_host, m_settings));
         m_backdrops.back()->cover(screen, widgets);
         m_backdrops.back()->show();
     }

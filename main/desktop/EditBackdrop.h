@@ -2,11 +2,11 @@
 
 #pragma once
 
+#include "desktop/TextCapsule.h"
 #include "platform/WindowHost.h"
 
 #include <QObject>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -16,10 +16,10 @@ class AppSettings;
 class WidgetController;
 
 /// Stands behind the widgets of one screen in edit mode: shades what is there, tells how to arrange widgets, and hears
-/// the wish to finish.
+/// the wish to finish, or to unlock widgets that cannot be moved.
 class EditBackdrop final : public BackdropDelegate {
 public:
-    EditBackdrop(WindowHost& host, std::function<void()> finished);
+    EditBackdrop(WindowHost& host, AppSettings& settings);
 
     /// Covers `screen` and puts the instruction where it is hidden least by `widgets` (global points).
     void cover(const ScreenInfo& screen, const QList<QRectF>& widgets);
@@ -36,10 +36,10 @@ public:
 private:
     void finish() const;
 
-    std::function<void()> m_finished;
+    AppSettings& m_settings;
     ScreenInfo m_screen;
     QRectF m_instruction;
-    double m_textSize = 0;
+    TextCapsule m_capsule;
     std::unique_ptr<BackdropWindow> m_window; // last: it calls back until it is gone
 };
 
@@ -49,8 +49,9 @@ public:
     /// `widgets` may change; the instruction stays where it was found a place.
     EditBackdrops(WindowHost& host, AppSettings& settings, const QList<WidgetController*>& widgets);
 
-    /// After the screens changed: in edit mode opens the backdrops that are missing and closes those whose screen has
-    /// gone. The keyboard goes to the screen with the pointer when they are opened, or when its backdrop went.
+    /// After the screens or the instruction changed: in edit mode opens the backdrops that are missing and closes those
+    /// whose screen has gone. The keyboard goes to the screen with the pointer when they are opened, or when its
+    /// backdrop went.
     void update();
 
 private:

@@ -22,7 +22,8 @@ protected:
     {
         launcher.installed = installed;
         launcher.opened.clear();
-        WidgetActions(launcher, player, desktops).open(kind);
+        complaint = WidgetActions(launcher, player, desktops).open(kind);
+        EXPECT_TRUE(complaint.isEmpty() || launcher.opened.isEmpty()) << "it was opened all the same";
         return launcher.opened;
     }
     void play(const Player& running)
@@ -33,6 +34,7 @@ protected:
         player.poll();
     }
 
+    QString complaint;
     RecordingPrograms launcher;
     RecordingPlayers players;
     HeadlessHttpClient http;
@@ -50,7 +52,16 @@ TEST_F(WidgetActionsTest, TheRunningDesktopsOwnProgramComesFirst)
     EXPECT_THAT(
         opened(WidgetKind::clock, {u"gnome-datetime-panel"_s}, {u"GNOME"_s}), ElementsAre(u"gnome-datetime-panel"_s))
         << "without a clock the settings of date and time";
-    EXPECT_THAT(opened(WidgetKind::cpu, {}), IsEmpty());
+    EXPECT_THAT(opened(WidgetKind::clock, {u"gnome-datetime-panel"_s, u"org.kde.kclock"_s}, {u"GNOME"_s}),
+        ElementsAre(u"org.kde.kclock"_s))
+        << "a clock of another desktop is one";
+    EXPECT_EQ(complaint, QString());
+    for (const WidgetKind kind : allCases<WidgetKind>()) {
+        EXPECT_THAT(opened(kind, {}), IsEmpty());
+        EXPECT_EQ(complaint.isEmpty(), !WidgetActions::hasAction(kind)) << "a click does nothing, and says nothing";
+    }
+    opened(WidgetKind::events, {});
+    EXPECT_EQ(complaint, u"No calendar program found"_s);
 }
 
 TEST_F(WidgetActionsTest, KindsWithoutAnActionOpenNothing)
@@ -75,6 +86,12 @@ TEST_F(WidgetActionsTest, ThePlayerOfTheShownTrackComesForward)
     play({.id = u"b"_s, .name = u"B"_s, .canRaise = false, .program = u"mpv"_s});
     EXPECT_THAT(opened(WidgetKind::nowPlaying, installed), ElementsAre(u"mpv"_s));
     EXPECT_EQ(players.commands.size(), 1);
+
+    for (const QString& program : {QString(), u"not.installed"_s}) {
+        play({.id = u"c"_s, .name = u"C"_s, .canRaise = false, .program = program});
+        EXPECT_THAT(opened(WidgetKind::nowPlaying, installed), ElementsAre(u"org.gnome.Music"_s))
+            << "it can neither come forward nor be opened: " << qPrintable(program);
+    }
 }
 
 } // namespace

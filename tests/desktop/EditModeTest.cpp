@@ -75,7 +75,7 @@ TEST_F(EditModeTest, TheInstructionFitsAndIsLegibleOnEveryScreen)
     for (const QSizeF& size : {QSizeF(1440, 900), QSizeF(320, 240), QSizeF(200, 150), QSizeF(40, 30)}) {
         ScreenInfo info = main;
         info.frame = info.visibleFrame = QRectF({-300, 77}, size);
-        EditBackdrop backdrop(desk.host, [] {});
+        EditBackdrop backdrop(desk.host, desk.settings);
         backdrop.cover(info, {});
         if (size.width() >= 200) {
             EXPECT_TRUE(info.frame.contains(backdrop.instruction())) << size.width();
@@ -88,6 +88,28 @@ TEST_F(EditModeTest, TheInstructionFitsAndIsLegibleOnEveryScreen)
         }
         EXPECT_GT(letters, size.width() >= 200 ? 400 : 0) << size.width();
     }
+}
+
+TEST_F(EditModeTest, SaysThatPositionsAreLockedAndUnlocksThem)
+{
+    WidgetController* widget = desk.add(clock, {100, 100});
+    const auto dragIt = [&] {
+        const QPointF before = widget->config().origin;
+        desk.host.drag(widget->widgetFrame().center(), widget->widgetFrame().center() + QPointF(200, 100));
+        return widget->config().origin != before;
+    };
+    const auto instruction = [&] { return desk.host.backdrops().first()->picture(); };
+    desk.manager.setEditing(true);
+    const QImage usual = instruction();
+    desk.settings.locked.set(true);
+    const QImage locked = instruction();
+    EXPECT_NE(locked, usual) << "it tells to drag what cannot be dragged";
+    EXPECT_FALSE(dragIt());
+    desk.host.pressKey(Qt::Key_Space);
+    EXPECT_TRUE(desk.settings.editing());
+    EXPECT_FALSE(desk.settings.locked());
+    EXPECT_EQ(instruction(), usual);
+    EXPECT_TRUE(dragIt());
 }
 
 TEST_F(EditModeTest, DragsSnapToNeighboursUnlessAModifierIsHeld)
