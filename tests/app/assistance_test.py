@@ -2,10 +2,11 @@
 # SPDX-License-Identifier: MIT
 """The whole program and assistive technology on the bus of this test: assistance_test.py PROGRAM.
 
-A client finds the widgets by name, reads them, presses the buttons of their toolbars without a pointer, and hears what
-these are called from then on.
+A client finds the widgets by name, also where it is switched on later than they, reads them, presses the buttons of their
+toolbars without a pointer, and hears what these are called from then on.
 """
 import sys
+import time
 
 import dbus
 
@@ -49,13 +50,32 @@ def press(window, name):
     Atspi.Action.do_action(window.get_child_at_index(names(window).index(name)), 0)
 
 
-status = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
-status.Set("org.a11y.Status", "IsEnabled", True, dbus_interface=dbus.PROPERTIES_IFACE)
+def make_session():
+    return Session({"hasLaunchedBefore": True, "widgets.v2": [
+        {"kind": kind, "skin": "glass", "origin": [x, 300]} for kind, x in (("memory", 200), ("battery", 600))]})
+
+
+def switch_on():
+    status = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
+    status.Set("org.a11y.Status", "IsEnabled", True, dbus_interface=dbus.PROPERTIES_IFACE)
+
+
+early = make_session()
+early.start()
+wait_for("widgets on the screen", lambda: len(early.panels()) == 2)
+time.sleep(1)  # nothing tells when it has begun to listen
+assert not dbus.SessionBus().name_has_owner("org.a11y.Bus"), "something else has switched it on"
+dbus.SessionBus().start_service_by_name("org.a11y.Bus")
+time.sleep(1)  # it looked, and nothing was on
+switch_on()
+wait_for("widgets that were there before", lambda: settled(lambda: set(widgets()) == {"Memory", "Battery"}))
+early.end()
+wait_for("program gone", lambda: settled(lambda: not program()))
+
 told = []
 listener = Atspi.EventListener.new(lambda event: told.append(event.source.get_name()))
 listener.register("object:property-change:accessible-name")
-session = Session({"hasLaunchedBefore": True, "widgets.v2": [
-    {"kind": kind, "skin": "glass", "origin": [x, 300]} for kind, x in (("memory", 200), ("battery", 600))]})
+session = make_session()
 session.start()
 
 wait_for("widgets by their names", lambda: settled(lambda: set(widgets()) == {"Memory", "Battery"}))

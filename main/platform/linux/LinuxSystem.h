@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/calendar/FolderCalendarStore.h"
+#include "platform/linux/bus/AssistanceSwitch.h"
 #include "platform/linux/bus/BluezDevices.h"
 #include "platform/linux/bus/BusSessionVisibility.h"
 #include "platform/linux/bus/GeoClueLocation.h"
@@ -31,6 +32,7 @@ struct LinuxSystem {
     DesktopSession session;
     SystemClock clock;
     LinuxSources sources;
+    AssistanceSwitch assistance;
     PortalAppearance appearance;
     BusSessionVisibility visibility; ///< of the locker and the seat; the window system may know more
     SessionInputMonitor input; ///< for hosts that cannot see the pointer outside their windows
