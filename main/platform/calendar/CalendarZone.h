@@ -33,6 +33,9 @@ public:
     /// A zone of the system by its name, also one with a maker's prefix or by its name in other systems; null when
     /// nobody knows it.
     static std::shared_ptr<const CalendarZone> named(const QByteArray& name);
+    /// A zone as time zone choosers describe it, "(UTC-05:00) Eastern Time (US & Canada)": by its cities, else with
+    /// that offset all year; null when the text is none.
+    static std::shared_ptr<const CalendarZone> described(const QByteArray& text);
 
     Seconds offsetAt(Instant instant) const;
     WallTime wallTime(Instant instant) const;
