@@ -20,6 +20,7 @@ struct CalendarMoment {
     bool isDay = false; ///< without a time, so without a zone too
     std::shared_ptr<const CalendarZone> zone; ///< null: wherever the user is
 
+    bool operator==(const CalendarMoment&) const = default;
     const CalendarZone& zoneOr(const CalendarZone& local) const { return zone && !isDay ? *zone : local; }
     std::chrono::sys_seconds instant(const CalendarZone& local) const { return zoneOr(local).instant(wallTime); }
     std::chrono::local_days day() const { return std::chrono::floor<std::chrono::days>(wallTime); }
@@ -39,16 +40,20 @@ struct CalendarItem {
     QByteArray uid;
     QString title;
     int sequence = 0;
+    std::optional<std::chrono::local_seconds> modified; ///< in UTC
     bool isCancelled = false;
+    bool isDeclined = false; ///< by the calendar's owner
     bool isCompleted = false;
     std::optional<CalendarMoment> start;
     std::optional<CalendarMoment> end; ///< DTEND or DUE
     std::optional<CalendarLength> length; ///< in place of an end
     std::optional<CalendarMoment> recurrenceId; ///< which occurrence this replaces
+    bool appliesOn = false; ///< to the occurrences after that one, too
     std::vector<RecurrenceRule> rules;
     std::vector<CalendarMoment> additions; ///< RDATE
     std::vector<CalendarMoment> exceptions; ///< EXDATE
 
+    bool operator==(const CalendarItem&) const = default;
     bool isRecurring() const { return !rules.empty() || !additions.empty(); }
 };
 

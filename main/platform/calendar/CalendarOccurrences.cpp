@@ -3,6 +3,7 @@
 #include "platform/calendar/CalendarOccurrences.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace ambrelle {
 
@@ -53,11 +54,20 @@ private:
     std::vector<Instant> m_instants;
 };
 
-NamedOccurrences exceptionsOf(const CalendarItem& item, const CalendarZone& local)
+/// Whether a moment of any zone may be one between `from` and `to` in another.
+bool isNear(const CalendarMoment& moment, WallTime from, WallTime to)
+{
+    constexpr days zones(2); // no two are further apart
+    return moment.wallTime > from - zones && moment.wallTime < to + zones;
+}
+
+NamedOccurrences exceptionsOf(const CalendarItem& item, WallTime from, WallTime to, const CalendarZone& local)
 {
     NamedOccurrences exceptions(item, local);
-    for (const CalendarMoment& moment : item.exceptions)
-        exceptions.add(moment);
+    for (const CalendarMoment& moment : item.exceptions) {
+        if (isNear(moment, from, to))
+            exceptions.add(moment);
+    }
     exceptions.settle();
     return exceptions;
 }
@@ -84,19 +94,27 @@ std::vector<WallTime> starts(
         const auto more = rule.between(first, CalendarOccurrences::lastOf(rule, item, local), from, to, most, effort);
         found.insert(found.end(), more.begin(), more.end());
     }
+    const auto listed = (item.additions.size() + item.exceptions.size()) / 16;
+    if (!effort.take(static_cast<int>(1 + listed)))
+        return {};
     const CalendarZone& zone = item.start->zoneOr(local);
     const auto add = [&](WallTime start) {
         if (start >= from && start < to && start >= first)
             found.push_back(start);
     };
     add(first); // also when the rule would not give it
-    for (const CalendarMoment& moment : item.additions)
-        add(moment.isDay ? moment.wallTime + (item.start->wallTime - item.start->day())
-                         : zone.wallTime(moment.instant(local)));
+    for (const CalendarMoment& moment : item.additions) {
+        if (moment.isDay)
+            add(moment.wallTime + (item.start->wallTime - item.start->day()));
+        else if (isNear(moment, from, to))
+            add(zone.wallTime(moment.instant(local)));
+    }
+    if (item.start->isDay)
+        std::ranges::transform(found, found.begin(), [](WallTime start) { return floor<days>(start); });
     std::ranges::sort(found);
     found.erase(std::ranges::unique(found).begin(), found.end());
-    if (!found.empty() && !item.exceptions.empty() && effort.take(static_cast<int>(item.exceptions.size()))) {
-        const auto exceptions = exceptionsOf(item, local);
+    if (!found.empty() && !item.exceptions.empty()) {
+        const auto exceptions = exceptionsOf(item, from, to, local);
         std::erase_if(found, [&exceptions](WallTime start) { return exceptions.contains(start); });
     }
     return found;
@@ -122,6 +140,96 @@ Instant endOf(const CalendarItem& item, WallTime start, const CalendarLength& le
 {
     return item.start->zoneOr(local).instant(start + days(length.days)) + length.time;
 }
+
+bool isOff(const CalendarItem& event)
+{
+    return event.isCancelled || event.isDeclined;
+}
+
+/// What one series may take of a file's effort: one that asks for too much leaves something to the others.
+struct Share {
+    explicit Share(Effort& whole)
+        : effort{whole.steps / 4}
+        , m_whole(whole)
+        , m_given(effort.steps)
+    {
+    }
+    ~Share()
+    {
+        m_whole.steps -= m_given - effort.steps;
+        m_whole.hasRunOut = m_whole.hasRunOut || effort.hasRunOut;
+    }
+    Share(const Share&) = delete;
+    Share& operator=(const Share&) = delete;
+
+    Effort effort;
+
+private:
+    Effort& m_whole;
+    int m_given;
+};
+
+/// The series' own item and the changes that hold from an occurrence on, each for its time.
+class Versions {
+public:
+    Versions(const CalendarSeries& series, const CalendarZone& local)
+        : m_local(local)
+    {
+        m_versions.push_back(
+            {series.master.operator->(), Instant::min(), seconds(0), calendarLength(*series.master, local)});
+        for (const CalendarItem& change : series.changes) {
+            if (!change.appliesOn)
+                continue;
+            const Instant original = change.recurrenceId->isDay
+                ? series.master->start->zoneOr(local).instant(change.recurrenceId->wallTime)
+                : change.recurrenceId->instant(local);
+            const auto shift = change.start->wallTime - change.start->zoneOr(local).wallTime(original);
+            m_versions.push_back({&change, original, shift, calendarLength(change, local)});
+        }
+        std::ranges::stable_sort(m_versions, {}, &Version::from);
+    }
+
+    /// How long before a time an occurrence that touches it may have had its original start.
+    seconds longestBefore() const
+    {
+        const auto before = [](const Version& version) {
+            return version.shift + days(version.length.days) + version.length.time;
+        };
+        return std::max(seconds(0), std::ranges::max(m_versions | std::views::transform(before)));
+    }
+    /// How long after a time.
+    seconds longestAfter() const
+    {
+        return std::max(seconds(0), -std::ranges::min(m_versions, {}, &Version::shift).shift);
+    }
+    /// The occurrence that the series would start at `original`, by its own clocks `start`; none when it is off.
+    std::optional<EventOccurrence> at(WallTime start, Instant original) const
+    {
+        const auto next = std::ranges::upper_bound(m_versions, original, {}, &Version::from);
+        const Version& version = *std::prev(next);
+        const CalendarItem& item = *version.item;
+        if (isOff(item))
+            return std::nullopt;
+        if (version.from == Instant::min())
+            return EventOccurrence{&item, original, endOf(item, start, version.length, m_local)};
+        const CalendarZone& zone = item.start->zoneOr(m_local);
+        WallTime moved = zone.wallTime(original) + version.shift;
+        if (item.start->isDay)
+            moved = floor<days>(moved);
+        return EventOccurrence{&item, zone.instant(moved), endOf(item, moved, version.length, m_local)};
+    }
+
+private:
+    struct Version {
+        const CalendarItem* item;
+        Instant from; // original start of its first occurrence
+        seconds shift; // of their starts, in its own wall time
+        CalendarLength length;
+    };
+
+    const CalendarZone& m_local;
+    std::vector<Version> m_versions; // by time
+};
 
 bool touches(const EventOccurrence& event, Instant from, Instant to)
 {
@@ -184,21 +292,25 @@ std::vector<EventOccurrence> CalendarOccurrences::events(
         if (touches(event, from, to))
             found.push_back(event);
     };
+    Share share(effort);
+    if (!share.effort.take(static_cast<int>(5 + 5 * series.changes.size())))
+        return found;
     for (const CalendarItem& change : series.changes) {
-        if (!change.isCancelled)
+        if (!isOff(change))
             add(single(change, local));
     }
     if (!series.master || !series.master->start)
         return found;
-    const CalendarItem& master = *series.master;
-    const CalendarLength length = calendarLength(master, local);
-    const CalendarZone& zone = master.start->zoneOr(local);
-    const WallTime earliest = zone.wallTime(from) - days(length.days) - length.time - longestGap;
-    const WallTime latest = zone.wallTime(to) + longestGap;
+    const Versions versions(series, local);
+    const CalendarZone& zone = series.master->start->zoneOr(local);
+    const WallTime earliest = zone.wallTime(from) - versions.longestBefore() - longestGap;
+    const WallTime latest = zone.wallTime(to) + versions.longestAfter() + longestGap;
     const auto changed = changesOf(series, local, [](const CalendarItem&) { return true; });
-    for (const WallTime start : starts(master, earliest, latest, mostOccurrences, local, effort)) {
-        if (!changed.contains(start))
-            add({&master, zone.instant(start), endOf(master, start, length, local)});
+    for (const WallTime start : starts(*series.master, earliest, latest, mostOccurrences, local, share.effort)) {
+        if (changed.contains(start))
+            continue;
+        if (const auto event = versions.at(start, zone.instant(start)))
+            add(*event);
     }
     return found;
 }
@@ -222,6 +334,9 @@ std::vector<OpenReminder> CalendarOccurrences::reminders(
     const CalendarSeries& series, const CalendarZone& local, Effort& effort)
 {
     std::vector<OpenReminder> open;
+    Share share(effort);
+    if (!share.effort.take(static_cast<int>(5 + 5 * series.changes.size())))
+        return open;
     if (!series.master) {
         for (const CalendarItem& change : series.changes) {
             if (!isDone(change))
@@ -234,7 +349,7 @@ std::vector<OpenReminder> CalendarOccurrences::reminders(
         return open;
     if (!master.isRecurring() || !master.start)
         return {plain(master)};
-    const auto start = nextStart(series, master.start->wallTime, local, effort);
+    const auto start = nextStart(series, master.start->wallTime, local, share.effort);
     if (!start)
         return open;
     for (const CalendarItem& change : series.changes) {

@@ -2,8 +2,6 @@
 
 #include "platform/calendar/ComponentEdit.h"
 
-#include "platform/calendar/IcsValues.h"
-
 #include <algorithm>
 
 namespace ambrelle {

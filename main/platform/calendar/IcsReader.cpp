@@ -2,8 +2,6 @@
 
 #include "platform/calendar/IcsReader.h"
 
-#include <QByteArrayView>
-
 #include <algorithm>
 #include <utility>
 
@@ -12,12 +10,18 @@ namespace ambrelle {
 namespace {
 
 constexpr std::size_t mostProperties = 1000; // of the calendar itself
+constexpr std::size_t mostParts = 1000; // of one component
+constexpr std::size_t longestHead = 4096; // bytes of name and parameters
+
+char upper(char letter)
+{
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
 
 bool sameName(std::string_view one, std::string_view other)
 {
-    return QByteArrayView(one.data(), static_cast<qsizetype>(one.size()))
-               .compare(QByteArrayView(other.data(), static_cast<qsizetype>(other.size())), Qt::CaseInsensitive)
-        == 0;
+    return one.size() == other.size()
+        && std::ranges::equal(one, other, [](char a, char b) { return upper(a) == upper(b); });
 }
 
 std::string_view trimmed(std::string_view text)
@@ -34,6 +38,39 @@ bool isKnown(std::string_view component)
     return sameName(component, "VEVENT") || sameName(component, "VTODO") || sameName(component, "VTIMEZONE");
 }
 
+/// Where the head of a line ends at its colon. One in quotes does not count, nor does one in parentheses, as in
+/// "(UTC+01:00) Berlin", unless there is no other.
+std::size_t colonOf(std::string_view raw)
+{
+    bool quoted = false;
+    int depth = 0;
+    std::size_t inside = std::string_view::npos;
+    for (std::size_t i = 0; i < std::min(raw.size(), longestHead); ++i) {
+        if (raw[i] == '"')
+            quoted = !quoted;
+        else if (quoted)
+            continue;
+        else if (raw[i] == '(' || raw[i] == ')')
+            depth += raw[i] == '(' ? 1 : -1;
+        else if (raw[i] == ':' && depth <= 0)
+            return i;
+        else if (raw[i] == ':')
+            inside = std::min(inside, i);
+    }
+    return inside;
+}
+
+/// Whether the line goes on after a break that an older form of calendars marks with "=".
+bool breaksSoftly(std::string_view raw)
+{
+    const auto last = raw.find_last_not_of("\r\n");
+    if (last == std::string_view::npos || raw[last] != '=')
+        return false;
+    constexpr std::string_view mark = "QUOTED-PRINTABLE";
+    const auto head = raw.substr(0, std::min<std::size_t>(raw.find(':'), 256));
+    return !std::ranges::search(head, mark, {}, upper).empty();
+}
+
 std::string_view from(std::string_view begin, std::string_view end)
 {
     return {begin.data(), static_cast<std::size_t>(end.data() + end.size() - begin.data())};
@@ -46,16 +83,57 @@ bool IcsLine::is(std::string_view wanted) const
     return sameName(name, wanted);
 }
 
+std::string_view IcsLine::head() const
+{
+    const auto colon = colonOf(raw);
+    return colon < raw.size() ? raw.substr(0, colon) : std::string_view();
+}
+
 std::string_view IcsLine::value() const
 {
+    const auto colon = name.size() < raw.size() && raw[name.size()] == ':' ? name.size() : colonOf(raw);
+    return colon < raw.size() ? trimmed(raw.substr(colon + 1)) : std::string_view();
+}
+
+QByteArray IcsLine::parameter(std::string_view wanted) const
+{
+    if (name.size() == raw.size() || raw[name.size()] != ';')
+        return {};
+    const QByteArray text = unfolded(head());
+    QByteArray value;
     bool quoted = false;
-    for (std::size_t i = name.size(); i < raw.size(); ++i) {
-        if (raw[i] == '"')
+    bool isWanted = false;
+    qsizetype begin = 0;
+    for (qsizetype i = 0; i <= text.size(); ++i) {
+        const char letter = i < text.size() ? text[i] : ';';
+        if (letter == '"' && i < text.size()) {
             quoted = !quoted;
-        else if (raw[i] == ':' && !quoted)
-            return trimmed(raw.substr(i + 1));
+        } else if (!quoted && letter == ';') {
+            if (isWanted)
+                return value;
+            begin = i + 1;
+        } else if (!quoted && letter == '=' && !isWanted) {
+            isWanted = sameName({text.constData() + begin, static_cast<std::size_t>(i - begin)}, wanted);
+        } else if (isWanted && letter != '\\') {
+            value += letter;
+        }
     }
     return {};
+}
+
+QByteArray unfolded(std::string_view value)
+{
+    QByteArray text;
+    text.reserve(static_cast<qsizetype>(value.size()));
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        if (value[i] == '\r' && i + 1 < value.size() && value[i + 1] == '\n')
+            continue;
+        if (value[i] == '\n')
+            ++i; // with the blank that marks the continuation
+        else
+            text.append(value[i]);
+    }
+    return text;
 }
 
 bool IcsComponent::is(std::string_view wanted) const
@@ -70,11 +148,12 @@ IcsReader::IcsReader(std::string_view text)
         m_text.remove_prefix(3);
     const auto first = nextLine();
     m_isCalendar = first && first->is("BEGIN") && sameName(first->value(), "VCALENDAR");
+    m_position = 0;
 }
 
 std::optional<IcsComponent> IcsReader::next()
 {
-    while (const auto line = nextLine()) {
+    while (const auto line = hasGivenUp() ? std::nullopt : nextLine()) {
         if (line->is("BEGIN"))
             open(*line);
         else if (!line->is("END"))
@@ -93,7 +172,8 @@ std::optional<IcsLine> IcsReader::nextLine()
         do {
             end = m_text.find('\n', end);
             end = end == std::string_view::npos ? m_text.size() : end + 1;
-        } while (end < m_text.size() && (m_text[end] == ' ' || m_text[end] == '\t'));
+        } while (end < m_text.size()
+            && (m_text[end] == ' ' || m_text[end] == '\t' || breaksSoftly(m_text.substr(begin, end - begin))));
         m_position = end;
         const auto raw = m_text.substr(begin, end - begin);
         if (!trimmed(raw).empty())
@@ -109,6 +189,7 @@ void IcsReader::open(const IcsLine& line)
     if (isKnown(name)) {
         m_open.clear(); // one that never ended
         m_skipped = 0;
+        m_lines = 0;
         m_open.push_back({name, line.raw, {}, {}});
     } else if (m_open.size() == 1 && m_skipped == 0) {
         m_open.push_back({name, line.raw, {}, {}});
@@ -134,7 +215,8 @@ std::optional<IcsComponent> IcsReader::close(const IcsLine& line)
         --m_skipped;
     } else if (m_open.size() == 2 && m_open.back().is(name)) {
         m_open.back().raw = from(m_open.back().raw, line.raw);
-        m_open.front().parts.push_back(std::move(m_open.back()));
+        if (m_open.front().parts.size() < mostParts)
+            m_open.front().parts.push_back(std::move(m_open.back()));
         m_open.pop_back();
     }
     return std::nullopt;
@@ -144,10 +226,12 @@ void IcsReader::keep(const IcsLine& line)
 {
     if (m_skipped > 0)
         return;
-    if (!m_open.empty())
-        m_open.back().lines.push_back(line);
-    else if (m_properties.size() < mostProperties)
+    if (!m_open.empty()) {
+        if (++m_lines <= mostLines)
+            m_open.back().lines.push_back(line);
+    } else if (m_properties.size() < mostProperties) {
         m_properties.push_back(line);
+    }
 }
 
 } // namespace ambrelle

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <QByteArray>
+
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -19,6 +21,11 @@ struct IcsLine {
     bool is(std::string_view wanted) const;
     /// What follows the colon after name and parameters, still folded and without the line end.
     std::string_view value() const;
+    /// A parameter's value in one piece, without quotes and backslashes; empty without the parameter.
+    QByteArray parameter(std::string_view wanted) const;
+
+private:
+    std::string_view head() const; ///< name and parameters
 };
 
 /// An event, reminder or time zone of a calendar file.
@@ -38,14 +45,18 @@ public:
     /// The text must outlive the reader.
     explicit IcsReader(std::string_view text);
 
-    /// The next whole VEVENT, VTODO or VTIMEZONE.
+    /// The next whole VEVENT, VTODO or VTIMEZONE. None, too, from a component on that has more lines than any needs.
     std::optional<IcsComponent> next();
     /// The lines of the calendar itself that were passed until now.
     const std::vector<IcsLine>& properties() const { return m_properties; }
     /// Whether the text starts as a calendar does.
     bool isCalendar() const { return m_isCalendar; }
+    /// Whether the text was left at a component with too many lines.
+    bool hasGivenUp() const { return m_lines > mostLines; }
 
 private:
+    static constexpr std::size_t mostLines = 100'000; // of one component: they take sixteen times their text
+
     std::optional<IcsLine> nextLine();
     void open(const IcsLine& line);
     std::optional<IcsComponent> close(const IcsLine& line);
@@ -56,7 +67,11 @@ private:
     bool m_isCalendar = false;
     std::vector<IcsLine> m_properties;
     std::vector<IcsComponent> m_open; // the component and perhaps its part
+    std::size_t m_lines = 0; // of what is open
     int m_skipped = 0; // levels of other components, or of too deep ones
 };
+
+/// A value without the line breaks that were put into it for length.
+QByteArray unfolded(std::string_view value);
 
 } // namespace ambrelle

@@ -11,38 +11,38 @@ namespace ambrelle {
 
 namespace {
 
-constexpr std::size_t longestValue = 512 * 1024; // bytes
+constexpr std::size_t longestText = 8192; // bytes, folds and escapes included
+constexpr std::size_t longestValue = 16384; // of anything else but lists
+constexpr std::size_t longestList = 1024 * 1024; // of dates, per line
+constexpr int longestMoment = 64;
 constexpr std::size_t mostRules = 20;
-constexpr int mostDays = 36600; // that something lasts
+constexpr int mostDays = 3'660'000; // that something lasts: all years there are
 
-/// A component of these properties alone: descriptions, guests and attachments cost more than all the rest.
-QByteArray excerpt(const IcsComponent& component, std::initializer_list<const char*> names)
+/// Otherwise a damaged value may end the program.
+void keepErrorsHarmless()
 {
-    QByteArray text("BEGIN:VEVENT\r\n");
-    for (const IcsLine& line : component.lines) {
-        const bool wanted = std::ranges::any_of(names, [&line](const char* name) { return line.is(name); });
-        if (wanted && line.raw.size() <= longestValue && line.raw.find('\0') == std::string_view::npos)
-            text.append(line.raw.data(), static_cast<qsizetype>(line.raw.size()));
-    }
-    return text + "END:VEVENT\r\n";
-}
-
-icalcomponent* parse(const QByteArray& text)
-{
-    // Otherwise a damaged value may end the program.
     static const bool isSetUp = (icalerror_set_errors_are_fatal(0), true);
-    return isSetUp ? icalparser_parse_string(text.constData()) : nullptr;
+    static_cast<void>(isSetUp);
 }
 
-bool holds(icalproperty* property, icalvalue_kind kind)
+bool hasZero(std::string_view text)
 {
-    const icalvalue* value = icalproperty_get_value(property);
-    return value && icalvalue_isa(value) == kind;
+    return text.find('\0') != std::string_view::npos;
 }
 
-std::optional<CalendarMoment> plainMoment(const icaltimetype& time)
+std::string_view boundedValue(const IcsLine& line, std::size_t longest)
+{
+    const auto value = line.value().substr(0, longest);
+    return hasZero(value) ? std::string_view() : value;
+}
+
+/// Of a period its start.
+std::optional<CalendarMoment> plainMoment(QByteArray value)
 {
     using namespace std::chrono;
+    if (const auto slash = value.indexOf('/'); slash >= 0)
+        value.truncate(slash);
+    const icaltimetype time = icaltime_from_string(value.left(longestMoment).trimmed().constData());
     if (icaltime_is_null_time(time) || time.year < 1 || time.year > 9999 || time.hour > 24 || time.minute > 59)
         return std::nullopt;
     const auto date = year(time.year) / time.month / time.day;
@@ -58,22 +58,15 @@ std::optional<CalendarMoment> plainMoment(const icaltimetype& time)
     return moment;
 }
 
-} // namespace
-
-QByteArray unfolded(std::string_view value)
+/// Of the form that vCalendar had before iCalendar: "=C3=A4", broken by "=" at the end of a line.
+QByteArray unquoted(std::string_view value)
 {
-    QByteArray text;
-    text.reserve(static_cast<qsizetype>(value.size()));
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        if (value[i] == '\r' && i + 1 < value.size() && value[i + 1] == '\n')
-            continue;
-        if (value[i] == '\n')
-            ++i; // with the blank that marks the continuation
-        else
-            text.append(value[i]);
-    }
-    return text;
+    QByteArray text(value.data(), static_cast<qsizetype>(value.size()));
+    text.replace("=\r\n", "").replace("=\n", "");
+    return QByteArray::fromPercentEncoding(text, '=');
 }
+
+} // namespace
 
 QByteArray unescaped(const QByteArray& text)
 {
@@ -90,84 +83,104 @@ QByteArray unescaped(const QByteArray& text)
     return plain;
 }
 
-std::vector<QByteArray> ruleTexts(const IcsComponent& component)
+QString textOf(const IcsLine& line)
+{
+    const auto value = boundedValue(line, longestText);
+    const bool isQuoted = line.parameter("ENCODING").compare("QUOTED-PRINTABLE", Qt::CaseInsensitive) == 0;
+    const QByteArray text = unescaped(isQuoted ? unquoted(value) : unfolded(value));
+    const bool isLatin = line.parameter("CHARSET").compare("ISO-8859-1", Qt::CaseInsensitive) == 0;
+    return isLatin ? QString::fromLatin1(text) : QString::fromUtf8(text);
+}
+
+IcsValues::IcsValues(const IcsComponent& component, FindZone findZone)
+    : m_component(component)
+    , m_findZone(std::move(findZone))
+{
+    keepErrorsHarmless();
+}
+
+const IcsLine* IcsValues::first(std::string_view name) const
+{
+    const auto line = std::ranges::find_if(m_component.lines, [name](const IcsLine& each) { return each.is(name); });
+    return line == m_component.lines.end() ? nullptr : &*line;
+}
+
+QString IcsValues::text(std::string_view name) const
+{
+    const IcsLine* line = first(name);
+    return line ? textOf(*line) : QString();
+}
+
+QByteArray IcsValues::raw(std::string_view name) const
+{
+    const IcsLine* line = first(name);
+    return line ? unfolded(boundedValue(*line, longestText)) : QByteArray();
+}
+
+bool IcsValues::says(std::string_view name, const char* value) const
+{
+    const IcsLine* line = first(name);
+    return line && unfolded(boundedValue(*line, longestText)).compare(value, Qt::CaseInsensitive) == 0;
+}
+
+QByteArray IcsValues::parameter(std::string_view name, std::string_view parameter) const
+{
+    const IcsLine* line = first(name);
+    return line ? line->parameter(parameter) : QByteArray();
+}
+
+std::vector<QByteArray> IcsValues::rules() const
 {
     std::vector<QByteArray> texts;
-    for (const IcsLine& line : component.lines) {
-        if (line.is("RRULE") && line.raw.size() <= longestValue && texts.size() < mostRules)
-            texts.push_back(unfolded(line.value()));
+    for (const IcsLine& line : m_component.lines) {
+        if (line.is("RRULE") && texts.size() < mostRules)
+            texts.push_back(unfolded(boundedValue(line, longestValue)));
     }
     return texts;
 }
 
-IcsValues::IcsValues(const IcsComponent& component, std::initializer_list<const char*> names, FindZone findZone)
-    : m_values(parse(excerpt(component, names)),
-        [](icalcomponent* values) {
-            if (values)
-                icalcomponent_free(values);
-        })
-    , m_findZone(std::move(findZone))
+std::optional<CalendarMoment> IcsValues::moment(std::string_view name) const
 {
-}
-
-icalproperty* IcsValues::first(const char* name) const
-{
-    return m_values ? icalcomponent_get_first_property(m_values.get(), icalproperty_string_to_kind(name)) : nullptr;
-}
-
-QString IcsValues::text(const char* name) const
-{
-    icalproperty* property = first(name);
-    return property && holds(property, ICAL_TEXT_VALUE)
-        ? QString::fromUtf8(icalvalue_get_text(icalproperty_get_value(property)))
-        : QString();
-}
-
-std::optional<CalendarMoment> IcsValues::moment(const char* name) const
-{
-    icalproperty* property = first(name);
-    return property ? momentOf(property) : std::nullopt;
-}
-
-std::optional<CalendarMoment> IcsValues::momentOf(icalproperty* property) const
-{
-    const icalvalue* value = icalproperty_get_value(property);
-    std::optional<CalendarMoment> moment;
-    if (holds(property, ICAL_DATETIME_VALUE))
-        moment = plainMoment(icalvalue_get_datetime(value));
-    else if (holds(property, ICAL_DATE_VALUE))
-        moment = plainMoment(icalvalue_get_date(value));
-    else if (holds(property, ICAL_DATETIMEPERIOD_VALUE))
-        moment = plainMoment(icalvalue_get_datetimeperiod(value).time);
-    else if (holds(property, ICAL_PERIOD_VALUE))
-        moment = plainMoment(icalvalue_get_period(value).start);
-    if (!moment || moment->zone || !m_findZone)
-        return moment;
-    icalparameter* parameter = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
-    const char* zone = parameter ? icalparameter_get_tzid(parameter) : nullptr;
-    if (zone && !moment->isDay)
-        moment->zone = m_findZone(zone);
+    const IcsLine* line = first(name);
+    auto moment = line ? plainMoment(unfolded(boundedValue(*line, longestMoment))) : std::nullopt;
+    if (moment && !moment->zone && !moment->isDay)
+        moment->zone = zoneOf(*line);
     return moment;
 }
 
-std::vector<CalendarMoment> IcsValues::dates(const char* name, std::size_t most) const
+std::shared_ptr<const CalendarZone> IcsValues::zoneOf(const IcsLine& line) const
+{
+    return m_findZone ? m_findZone(line.parameter("TZID")) : nullptr;
+}
+
+std::vector<CalendarMoment> IcsValues::dates(std::string_view name, std::size_t most) const
 {
     std::vector<CalendarMoment> dates;
-    const auto kind = icalproperty_string_to_kind(name);
-    for (auto* property = first(name); property && dates.size() < most;
-         property = icalcomponent_get_next_property(m_values.get(), kind)) {
-        if (const auto date = momentOf(property))
-            dates.push_back(*date);
+    for (const IcsLine& line : m_component.lines) {
+        if (!line.is(name))
+            continue;
+        const auto zone = zoneOf(line);
+        const QByteArray list = unfolded(boundedValue(line, longestList));
+        for (qsizetype begin = 0; begin < list.size() && dates.size() < most;) {
+            const qsizetype comma = list.indexOf(',', begin);
+            const qsizetype end = comma < 0 ? list.size() : comma;
+            if (auto date = plainMoment(list.mid(begin, end - begin))) {
+                if (!date->zone && !date->isDay)
+                    date->zone = zone;
+                dates.push_back(*date);
+            }
+            begin = end + 1;
+        }
     }
     return dates;
 }
 
-std::optional<CalendarLength> IcsValues::length(const char* name) const
+std::optional<CalendarLength> IcsValues::length(std::string_view name) const
 {
-    icalproperty* property = first(name);
-    if (!property || !holds(property, ICAL_DURATION_VALUE))
+    const IcsLine* line = first(name);
+    if (!line)
         return std::nullopt;
-    const auto duration = icalvalue_get_duration(icalproperty_get_value(property));
+    const auto duration = icaldurationtype_from_string(unfolded(boundedValue(*line, longestMoment)).constData());
     if (icaldurationtype_is_bad_duration(duration) || duration.is_neg)
         return std::nullopt;
     using namespace std::chrono;
@@ -177,12 +190,17 @@ std::optional<CalendarLength> IcsValues::length(const char* name) const
         std::min<seconds>(time, std::chrono::days(mostDays))};
 }
 
-std::optional<std::chrono::seconds> IcsValues::offset(const char* name) const
+std::optional<std::chrono::seconds> IcsValues::offset(std::string_view name) const
 {
-    icalproperty* property = first(name);
-    if (!property || !holds(property, ICAL_UTCOFFSET_VALUE))
+    const IcsLine* line = first(name);
+    if (!line)
         return std::nullopt;
-    const std::chrono::seconds offset(icalvalue_get_utcoffset(icalproperty_get_value(property)));
+    icalvalue* value =
+        icalvalue_new_from_string(ICAL_UTCOFFSET_VALUE, unfolded(boundedValue(*line, longestMoment)).constData());
+    if (!value)
+        return std::nullopt;
+    const std::chrono::seconds offset(icalvalue_get_utcoffset(value));
+    icalvalue_free(value);
     return std::chrono::abs(offset) < std::chrono::days(1) ? std::optional(offset) : std::nullopt;
 }
 

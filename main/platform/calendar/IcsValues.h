@@ -9,41 +9,42 @@
 #include <QString>
 
 #include <functional>
-#include <initializer_list>
-
-struct icalcomponent_impl;
-struct icalproperty_impl;
 
 namespace ambrelle {
 
-/// The values of some properties of a component, as libical understands them. Nothing is given for what is missing,
-/// damaged or of another type than it should be.
+/// The values of a component's properties, as libical understands them one at a time. Nothing is given for what is
+/// missing, damaged or of another type than it should be; of a property that comes twice the first counts.
 class IcsValues {
 public:
+    /// Gets the name that a moment gives, perhaps empty.
     using FindZone = std::function<std::shared_ptr<const CalendarZone>(const QByteArray& name)>;
 
-    /// Only the properties with these names can be asked for.
-    IcsValues(const IcsComponent& component, std::initializer_list<const char*> names, FindZone findZone = {});
+    /// The component must outlive the values.
+    explicit IcsValues(const IcsComponent& component, FindZone findZone = {});
 
-    QString text(const char* name) const;
-    std::optional<CalendarMoment> moment(const char* name) const;
-    std::vector<CalendarMoment> dates(const char* name, std::size_t most) const; ///< of all properties of that name
-    std::optional<CalendarLength> length(const char* name) const; ///< not below zero
-    std::optional<std::chrono::seconds> offset(const char* name) const; ///< from UTC, less than a day
+    /// Without folds and whatever kind of escapes; at most some kilobytes of it.
+    QString text(std::string_view name) const;
+    /// As `text`, but untranslated bytes, escapes and all.
+    QByteArray raw(std::string_view name) const;
+    bool says(std::string_view name, const char* value) const; ///< whatever the case
+    std::optional<CalendarMoment> moment(std::string_view name) const;
+    std::vector<CalendarMoment> dates(std::string_view name, std::size_t most) const; ///< of all properties so named
+    std::optional<CalendarLength> length(std::string_view name) const; ///< not below zero
+    std::optional<std::chrono::seconds> offset(std::string_view name) const; ///< from UTC, less than a day
+    std::vector<QByteArray> rules() const; ///< texts of RRULE
+    QByteArray parameter(std::string_view name, std::string_view parameter) const;
 
 private:
-    icalproperty_impl* first(const char* name) const;
-    std::optional<CalendarMoment> momentOf(icalproperty_impl* property) const;
+    const IcsLine* first(std::string_view name) const;
+    std::shared_ptr<const CalendarZone> zoneOf(const IcsLine& line) const;
 
-    std::unique_ptr<icalcomponent_impl, void (*)(icalcomponent_impl*)> m_values;
+    const IcsComponent& m_component;
     FindZone m_findZone;
 };
 
-/// A value without the line breaks that were put into it for length.
-QByteArray unfolded(std::string_view value);
+/// The text that a line holds, however it is written.
+QString textOf(const IcsLine& line);
 /// Text without its backslashes; a line break becomes a blank.
 QByteArray unescaped(const QByteArray& text);
-/// The component's recurrence rules.
-std::vector<QByteArray> ruleTexts(const IcsComponent& component);
 
 } // namespace ambrelle

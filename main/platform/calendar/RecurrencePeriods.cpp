@@ -158,13 +158,20 @@ RecurrencePeriods::WallTime RecurrencePeriods::begin() const
 
 int RecurrencePeriods::cost() const
 {
+    constexpr std::int64_t ofPeriod = 5;
+    constexpr std::int64_t most = 1'000'000'000;
+    const auto size = [](const auto& values) { return static_cast<std::int64_t>(values.size()); };
     const Range range = days();
-    const auto times = std::max<std::size_t>(m_rule.hours.size(), 1) * std::max<std::size_t>(m_rule.minutes.size(), 1)
-        * std::max<std::size_t>(m_rule.seconds.size(), 1);
-    constexpr int ofPeriod = 5;
-    const auto length = (range.end - range.first).count();
-    const auto ofMonths = m_rule.months.empty() ? length : static_cast<std::int64_t>(31 * m_rule.months.size());
-    return ofPeriod + static_cast<int>(std::min<std::int64_t>(length, ofMonths)) * static_cast<int>(1 + times / 8);
+    const std::int64_t length = (range.end - range.first).count();
+    const std::int64_t ofMonths = m_rule.months.empty() ? length : 31 * size(m_rule.months);
+    const std::int64_t looked = std::min(length, ofMonths);
+    const std::int64_t times = std::max<std::int64_t>(size(m_rule.hours), 1)
+        * std::max<std::int64_t>(size(m_rule.minutes), 1) * std::max<std::int64_t>(size(m_rule.seconds), 1);
+    // Lists are searched for each day, positions for each moment.
+    const std::int64_t lists =
+        size(m_rule.days) + size(m_rule.monthDays) + size(m_rule.yearDays) + size(m_rule.weekNumbers);
+    const std::int64_t positions = times * size(m_rule.positions);
+    return static_cast<int>(std::min(ofPeriod + looked * (1 + times / 8 + lists / 16 + positions / 16), most));
 }
 
 bool RecurrencePeriods::picksDay(Days day) const

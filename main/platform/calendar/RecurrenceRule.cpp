@@ -106,6 +106,13 @@ std::optional<RecurrenceRule> RecurrenceRule::parsed(const QByteArray& text)
     return rule;
 }
 
+void RecurrenceRule::forgetTimes()
+{
+    hours.clear();
+    minutes.clear();
+    seconds.clear();
+}
+
 std::vector<RecurrenceRule::WallTime> RecurrenceRule::between(
     WallTime start, WallTime last, WallTime from, WallTime to, std::size_t most, Effort& effort) const
 {

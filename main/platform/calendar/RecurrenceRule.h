@@ -14,12 +14,15 @@ namespace ambrelle {
 /// at.
 struct Effort {
     int steps = 5'000'000;
+    bool hasRunOut = false; ///< more was asked for than there was
 
     bool take(int count)
     {
+        hasRunOut = hasRunOut || steps <= count;
         steps = steps > count ? steps - count : 0;
         return steps > 0;
     }
+    bool isSpent() const { return steps <= 0; }
 };
 
 /// A recurrence rule of RFC 5545, in the wall time of its event.
@@ -65,6 +68,8 @@ struct RecurrenceRule {
     /// None when the text is no rule, one of another calendar system, or one that means nearly every moment.
     static std::optional<RecurrenceRule> parsed(const QByteArray& text);
 
+    /// For what lasts whole days: times within a day mean nothing to it.
+    void forgetTimes();
     /// The occurrences from `from` until before `to`, in order, at most `most` of them, and none after `last`. Ends
     /// early, too, when the effort is used up. `start` is the first moment the rule may give, and completes it.
     std::vector<WallTime> between(

@@ -73,9 +73,11 @@ void shortenRules(ComponentEdit& edit, const CalendarItem& item, local_seconds s
 {
     static const QRegularExpression count(u"(?<=COUNT=)[0-9]+"_s, QRegularExpression::CaseInsensitiveOption);
     edit.rewriteValues("RRULE", [&](const QByteArray& text) {
-        const auto rule = RecurrenceRule::parsed(text);
+        auto rule = RecurrenceRule::parsed(text);
         if (!rule || rule->count == 0)
             return text;
+        if (item.start->isDay)
+            rule->forgetTimes();
         Effort effort;
         const auto first = item.start->wallTime;
         const auto passed = rule->between(first, CalendarOccurrences::lastOf(*rule, item, local), first, start,

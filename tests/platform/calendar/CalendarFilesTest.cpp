@@ -42,9 +42,10 @@ TEST(CalendarFilesTest, AWeekOfAWebCalendarAcrossTheChangeOfTheClocks)
         u"03-29 to 04-01 Trade fair"_s, u"03-30 00:30 to 03-30 01:30 Night shift"_s,
         u"04-02 07:00 to 04-02 07:15 Stand-up"_s};
     EXPECT_EQ(eventRows(text, from, from.addDays(10)), expected);
-    // What has no zone moves with the user, the rest stays.
+    // Days move with the user. What has no zone stays where the calendar is, or moves where the calendar does not say.
     const QDateTime there = dayIn("America/New_York", "2025-03-30");
-    EXPECT_EQ(eventRows(text, there, there.addDays(1)),
+    EXPECT_EQ(eventRows(text, there, there.addDays(1)), QStringList({u"03-29 to 04-01 Trade fair"_s}));
+    EXPECT_EQ(eventRows(QByteArray(text).replace("X-WR-TIMEZONE", "X-OTHER"), there, there.addDays(1)),
         QStringList({u"03-29 to 04-01 Trade fair"_s, u"03-30 05:30 to 03-30 07:30 Night shift"_s}));
 
     const IcsFile file = IcsParser::parsed(view(text));
@@ -101,6 +102,13 @@ TEST(CalendarFilesTest, HowLongAndHowOften)
             {u"06-02 10:00 to 06-02 10:00 One"_s, u"06-03 10:00 to 06-03 10:00 One"_s}},
         {"a damaged rule leaves the start", "DTSTART:20250602T100000Z\r\nRRULE:FREQ=OFTEN\r\n",
             {u"06-02 10:00 to 06-02 10:00 One"_s}},
+        {"began a hundred and fifty years ago", "DTSTART:18750602T100000Z\r\nDURATION:P8000W\r\n",
+            {u"06-02 10:00 to 09-27 10:00 One"_s}},
+        {"days do not know hours",
+            "DTSTART;VALUE=DATE:20250602\r\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU;BYHOUR=9,17;BYMINUTE=30;BYSECOND=1\r\n",
+            {u"06-02 to 06-03 One"_s, u"06-03 to 06-04 One"_s}},
+        {"days by the hour", "DTSTART;VALUE=DATE:20250602\r\nRRULE:FREQ=HOURLY;INTERVAL=6;COUNT=8\r\n",
+            {u"06-02 to 06-03 One"_s, u"06-03 to 06-04 One"_s}},
         {"an addition that is a period", "DTSTART:20250601T100000Z\r\nRDATE;VALUE=PERIOD:20250604T100000Z/PT1H\r\n",
             {u"06-04 10:00 to 06-04 10:00 One"_s}},
     };
@@ -133,6 +141,165 @@ TEST(CalendarFilesTest, ChangedOccurrencesStandForTheirOriginals)
     EXPECT_THAT(rows(head + change("SEQUENCE:2\nDTSTART:20250602T110000Z\nSUMMARY:New\n")
                     + change("SEQUENCE:1\nDTSTART:20250602T120000Z\nSUMMARY:Old\n")),
         ElementsAre(u"06-02 11:00 to 06-02 11:00 New"_s));
+}
+
+TEST(CalendarFilesTest, OfVersionsOfOneOccurrenceTheLastCounts)
+{
+    const QDateTime monday = dayIn("UTC", "2025-06-02");
+    const auto rows = [&](const QList<QByteArray>& events) {
+        QByteArray text("BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:a\nSUMMARY:Plain\nDTSTART:20250602T100000Z\n"
+                        "RRULE:FREQ=DAILY;COUNT=2\nEND:VEVENT\n");
+        for (const QByteArray& event : events)
+            text += "BEGIN:VEVENT\nUID:a\nRECURRENCE-ID:20250603T100000Z\n" + event + "END:VEVENT\n";
+        return eventRows(text, monday, monday.addDays(7)).mid(1);
+    };
+    const QByteArray eleven("DTSTART:20250603T110000Z\nSUMMARY:Eleven\n");
+    const QByteArray noon("DTSTART:20250603T120000Z\nSUMMARY:Noon\n");
+    const QStringList atEleven{u"06-03 11:00 to 06-03 11:00 Eleven"_s};
+    const QStringList atNoon{u"06-03 12:00 to 06-03 12:00 Noon"_s};
+    EXPECT_EQ(rows({"SEQUENCE:3\n" + eleven, "SEQUENCE:2\n" + noon}), atEleven);
+    EXPECT_EQ(rows({eleven, noon}), atNoon);
+    EXPECT_EQ(rows({noon, noon}), atNoon);
+    EXPECT_EQ(rows({"LAST-MODIFIED:20250601T000000Z\n" + eleven, "LAST-MODIFIED:20250501T000000Z\n" + noon}), atEleven);
+    EXPECT_EQ(rows({eleven, "SEQUENCE:1\nSTATUS:CANCELLED\n" + noon}), QStringList());
+}
+
+TEST(CalendarFilesTest, EventsThatShareAnIdentifierAreVersionsOnlyIfTheySaySo)
+{
+    const QDateTime monday = dayIn("UTC", "2025-06-02");
+    const auto rows = [&](const QByteArray& linesOfSecond) {
+        return eventRows("BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:a\nSUMMARY:One\nLAST-MODIFIED:20250501T000000Z\n"
+                         "DTSTART:20250602T100000Z\nEND:VEVENT\nBEGIN:VEVENT\nUID:a\n"
+                + linesOfSecond + "END:VEVENT\n",
+            monday, monday.addDays(7));
+    };
+    const QByteArray same("SUMMARY:One\nLAST-MODIFIED:20250501T000000Z\nDTSTART:20250602T100000Z\n");
+    const QByteArray other("SUMMARY:Two\nDTSTART:20250603T100000Z\n");
+    const QString one = u"06-02 10:00 to 06-02 10:00 One"_s;
+    const QString two = u"06-03 10:00 to 06-03 10:00 Two"_s;
+    EXPECT_EQ(rows("LAST-MODIFIED:20250501T000000Z\n" + other), QStringList({one, two}));
+    EXPECT_EQ(rows("LAST-MODIFIED:20250502T000000Z\n" + other), QStringList(two));
+    EXPECT_EQ(rows("SEQUENCE:1\n" + other), QStringList(two));
+    EXPECT_EQ(rows(same), QStringList(one));
+}
+
+TEST(CalendarFilesTest, AChangeMayHoldFromAnOccurrenceOn)
+{
+    const QDateTime monday = dayIn("Europe/Berlin", "2025-03-27");
+    const auto rows = [&](const QByteArray& changes) {
+        return eventRows(
+            "BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:a\nSUMMARY:Old\nDTSTART;TZID=Europe/Berlin:20250101T100000\n"
+            "DTEND;TZID=Europe/Berlin:20250101T110000\nRRULE:FREQ=DAILY;UNTIL=20250331T080000Z\nEND:VEVENT\n"
+                + changes,
+            monday, monday.addDays(7));
+    };
+    const auto from = [](const char* day, const QByteArray& lines) {
+        return "BEGIN:VEVENT\nUID:a\nRECURRENCE-ID;RANGE=THISANDFUTURE;TZID=Europe/Berlin:202503" + QByteArray(day)
+            + "T100000\n" + lines + "END:VEVENT\n";
+    };
+    const QString thursday = u"03-27 09:00 to 03-27 10:00 Old"_s;
+    // Two hours later and for half an hour, also where the clocks have changed.
+    const QByteArray later = from(
+        "28", "SUMMARY:New\nDTSTART;TZID=Europe/Berlin:20250328T120000\nDTEND;TZID=Europe/Berlin:20250328T123000\n");
+    const QString friday = u"03-28 11:00 to 03-28 11:30 New"_s;
+    const QString saturday = u"03-29 11:00 to 03-29 11:30 New"_s;
+    EXPECT_EQ(rows(later),
+        QStringList(
+            {thursday, friday, saturday, u"03-30 10:00 to 03-30 10:30 New"_s, u"03-31 10:00 to 03-31 10:30 New"_s}));
+    // Single changes and later ones go before it, and it may be the end.
+    EXPECT_EQ(rows(later
+                  + "BEGIN:VEVENT\nUID:a\nRECURRENCE-ID:20250329T090000Z\nSUMMARY:Once\n"
+                    "DTSTART:20250329T070000Z\nEND:VEVENT\n"
+                  + from("30", "STATUS:CANCELLED\nDTSTART;TZID=Europe/Berlin:20250330T100000\n")),
+        QStringList({thursday, friday, u"03-29 07:00 to 03-29 07:00 Once"_s}));
+    // Moved by weeks, out of the days shown and into them.
+    EXPECT_EQ(rows(from("28", "SUMMARY:New\nDTSTART;TZID=Europe/Berlin:20250428T100000\n")), QStringList(thursday));
+    EXPECT_EQ(rows(from("01", "SUMMARY:New\nDTSTART;VALUE=DATE:20250331\n")),
+        QStringList({u"03-31 to 04-01 New"_s, u"04-01 to 04-02 New"_s, u"04-02 to 04-03 New"_s}));
+}
+
+TEST(CalendarFilesTest, DeclinedInvitationsAreLeftOutWhereTheUserIsKnown)
+{
+    const QDateTime monday = dayIn("UTC", "2025-06-02");
+    const auto guest = [](const QByteArray& status, const QByteArray& address) {
+        return "ATTENDEE;CN=\"A: B\";PARTSTAT=" + status + ":mailto:" + address + "\n";
+    };
+    const auto rows = [&](const QByteArray& head, const QByteArray& lines, const QList<QByteArray>& owners = {}) {
+        return eventRows("BEGIN:VCALENDAR\n" + head
+                + "BEGIN:VEVENT\nUID:a\nSUMMARY:A\nDTSTART:20250602T100000Z\n"
+                  "RRULE:FREQ=DAILY;COUNT=2\n"
+                + lines
+                + "END:VEVENT\nBEGIN:VEVENT\nUID:a\nSUMMARY:A\nRECURRENCE-ID:20250603T100000Z\n"
+                  "DTSTART:20250603T110000Z\nEND:VEVENT\n",
+            monday, monday.addDays(7), owners)
+            .size();
+    };
+    const QByteArray mine = guest("DECLINED", "Me@Example.org") + guest("ACCEPTED", "you@example.org");
+    const QByteArray yours = guest("ACCEPTED", "me@example.org") + guest("DECLINED", "you@example.org");
+    EXPECT_EQ(rows({}, mine), 2);
+    EXPECT_EQ(rows({}, mine, {"other@example.org", "me@example.org"}), 1); // the change was not declined
+    EXPECT_EQ(rows({}, yours, {"me@example.org"}), 2);
+    EXPECT_EQ(rows("X-WR-CALNAME:me@example.org\n", mine), 1);
+    EXPECT_EQ(rows("X-WR-CALNAME:Office\n", mine), 2);
+}
+
+TEST(CalendarFilesTest, ZonesByAllTheirNames)
+{
+    struct Case {
+        const char* name; ///< as the parameter has it
+        const char* hour; ///< in UTC, of eight in June
+    };
+    const Case cases[] = {{"US/Eastern", "12"}, {"EST5EDT", "12"}, {"CET", "06"}, {"Europe/Kiev", "05"},
+        {"Asia/Calcutta", "02:30"}, {"/freeassociation.example/Tzfile/Asia/Calcutta", "02:30"},
+        {"Eastern Standard Time", "12"}, {"\"UTC+02:00\"", "06"}, {"\"(UTC-05:00) Eastern Time (US & Canada)\"", "12"},
+        {"(UTC-05:00) Eastern Time (US & Canada)", "12"}, {"\"(UTC+07:00) Bangkok, Hanoi, Jakarta\"", "01"},
+        {"\"(GMT+01:00) Amsterdam, Berlin, Bern, Rome, Stockholm, Vienna\"", "06"},
+        {"\"(UTC-06:00) Central America\"", "14"}, {"\"(UTC) Nowhere\"", "08"},
+        // The user's own.
+        {"Eastern", "23"}, {"Nowhere/Land", "23"}, {"../../../etc/passwd", "23"}, {"GMT+2", "23"}, {"", "23"}};
+    const QDateTime from = dayIn("Asia/Tokyo", "2025-06-01");
+    for (const Case& each : cases) {
+        const auto rows =
+            eventRows(calendarWith("VEVENT", QByteArray("DTSTART;TZID=") + each.name + ":20250602T080000\r\n"), from,
+                from.addDays(3));
+        ASSERT_EQ(rows.size(), 1) << each.name;
+        EXPECT_TRUE(rows.first().sliced(6).startsWith(QLatin1StringView(each.hour)))
+            << each.name << ' ' << qPrintable(rows.first());
+    }
+}
+
+TEST(CalendarFilesTest, AZoneIsFoundWhateverWayItsNameIsWritten)
+{
+    const QDateTime from = dayIn("UTC", "2025-06-01");
+    const QByteArray zone(
+        "BEGIN:VTIMEZONE\nTZID:Ours (UTC+07:00) Bangkok\\, Hanoi\\, Jak\n arta\nBEGIN:STANDARD\n"
+        "DTSTART:16010101T000000\nTZOFFSETFROM:+0330\nTZOFFSETTO:+0330\nEND:STANDARD\nEND:VTIMEZONE\n");
+    for (const char* name : {"\"Ours (UTC+07:00) Bangkok, Hanoi, Jakarta\"",
+             "Ours (UTC+07:00) Bangkok\\, Hanoi\\, Jakarta", "\"Ours (UTC+07:00) Bang\n kok\\, Hanoi\\, Jakarta\""}) {
+        const QByteArray event = QByteArray("BEGIN:VEVENT\nDTSTART;TZID=") + name + ":20250602T080000\nEND:VEVENT\n";
+        for (const QByteArray& text : {zone + event, event + zone})
+            EXPECT_EQ(eventRows("BEGIN:VCALENDAR\n" + text, from, from.addDays(7)),
+                QStringList(u"06-02 04:30 to 06-02 04:30 "_s))
+                << name;
+    }
+}
+
+TEST(CalendarFilesTest, TitlesInAnyWriting)
+{
+    const std::pair<QByteArray, const char16_t*> cases[] = {
+        {"SUMMARY:Lunch\\, then\\nthe \\;rest", u"Lunch, then the ;rest"},
+        {"summary;language=de:K\xC3\r\n \xA4se", u"Käse"},
+        {"SUMMARY;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:K=C3=A4se =\r\nund Brot=0D=0Amit =3D",
+            u"Käse und Brot mit ="},
+        {"SUMMARY;CHARSET=ISO-8859-1;ENCODING=quoted-printable:K=E4se", u"Käse"}, {"SUMMARY:", u""},
+        {"SUMMARY;ALTREP=\"http://a.example/:x\":100=25", u"100=25"}};
+    const QDateTime from = dayIn("UTC", "2025-06-01");
+    for (const auto& [line, title] : cases)
+        EXPECT_EQ(
+            eventRows("BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\n" + line + "\r\nDTSTART:20250602T080000Z\r\nEND:VEVENT\r\n",
+                from, from.addDays(7)),
+            QStringList(u"06-02 08:00 to 06-02 08:00 "_s + QString::fromUtf16(title)))
+            << line.constData();
 }
 
 TEST(CalendarFilesTest, WallTimesThatComeTwiceOrNever)
@@ -239,7 +406,7 @@ TEST(CalendarFilesTest, EndlessRecurrencesKeepToTheWindowAndToTheEffort)
         const auto rows = weekOf(QByteArray("DTSTART:19010101T000000Z\r\nRRULE:") + each.rule + "\r\n", "UTC");
         EXPECT_EQ(rows.size(), each.most) << each.rule;
     }
-    EXPECT_EQ(weekOf("DTSTART:00010101T000000Z\r\nDURATION:P99999999W\r\nRRULE:FREQ=DAILY\r\n", "UTC").size(), 9999);
+    EXPECT_EQ(weekOf("DTSTART:00010101T000000Z\r\nDURATION:P99999999W\r\nRRULE:FREQ=DAILY\r\n", "UTC").size(), 10'000);
 }
 
 TEST(CalendarFilesTest, AnyMutationOfAFileIsRead)

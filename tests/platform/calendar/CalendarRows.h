@@ -26,10 +26,11 @@ inline QDateTime momentOf(std::chrono::sys_seconds instant)
 }
 
 /// "03-28 08:00 to 03-28 08:15 Stand-up" in UTC, by start, and the days of an all-day event in the local zone.
-inline QStringList eventRows(const QByteArray& text, const QDateTime& from, const QDateTime& to)
+inline QStringList eventRows(
+    const QByteArray& text, const QDateTime& from, const QDateTime& to, const QList<QByteArray>& owners = {})
 {
     const CalendarZone local(from.timeZone());
-    const IcsFile file = IcsParser::parsed(view(text));
+    const IcsFile file = IcsParser::parsed(view(text), owners);
     QStringList rows;
     Effort effort;
     for (const auto& series : file.series) {
