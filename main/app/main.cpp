@@ -29,6 +29,7 @@ using namespace Qt::StringLiterals;
 
 constexpr int wrongUse = 2;
 const QString calendarFoldersKey = u"calendarFolders"_s; ///< besides the usual ones
+const QString addressesKey = u"mailAddresses"_s; ///< of the user
 
 QStringList argumentsOf(int argc, char** argv)
 {
@@ -57,6 +58,7 @@ Machine::Wishes machineWishes()
     const QString folder = UserFolders::wallpapers();
     QDir().mkpath(folder);
     return {.calendarFolders = UserDefaults::shared().strings(calendarFoldersKey).value_or(QStringList()),
+        .addresses = UserDefaults::shared().strings(addressesKey).value_or(QStringList()),
         .noteFolder = folder};
 }
 

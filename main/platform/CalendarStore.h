@@ -50,6 +50,14 @@ struct CalendarReminder {
     bool operator==(const CalendarReminder&) const = default;
 };
 
+/// A calendar that is left out, in whole or in part.
+struct UnreadCalendar {
+    QString file; ///< its path
+    QString reason; ///< one sentence
+
+    bool operator==(const UnreadCalendar&) const = default;
+};
+
 /// The events and reminders of the user. Nothing here blocks: answers come later on this thread, unless `context` is
 /// gone by then. What has no time zone of its own counts as in that of the moment that came with the question. Moments
 /// are given in UTC: thousands of them compare in no time. Available while there is any calendar to read, which is
@@ -65,6 +73,9 @@ public:
     virtual void requestAccess(QObject* context, std::function<void(bool granted)> done) = 0;
     /// All calendars by name; empty before access was granted.
     virtual QList<CalendarInfo> calendars() const = 0;
+    /// What looks like a calendar and is not, or not all, among them: known a while after it was met, and told by
+    /// changed().
+    virtual QList<UnreadCalendar> unread() const { return {}; }
     /// Occurrences in these calendars that touch the time from `from` until before `to`, in no particular order.
     virtual void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
         std::function<void(const QList<CalendarEvent>&)> done) = 0;

@@ -33,6 +33,7 @@ public:
     /// What a host has to know of the program and its user.
     struct Wishes {
         QStringList calendarFolders; ///< looked at besides the usual ones
+        QStringList addresses; ///< the user's, of mail: tells which invitations were declined
         QString noteFolder; ///< exists; takes notes on what the desktop itself cannot tell
     };
 

@@ -2,6 +2,7 @@
 
 #include "platform/calendar/CalendarBook.h"
 
+#include "foundation/Wording.h"
 #include "platform/calendar/CalendarOccurrences.h"
 
 #include <QFileInfo>
@@ -16,7 +17,9 @@ using namespace std::chrono;
 
 namespace {
 
-constexpr qsizetype mostEvents = 50'000; // of one answer
+constexpr qsizetype mostEvents = 10'000; // of one file
+constexpr qsizetype mostReminders = 10'000; // likewise
+constexpr qsizetype mostAnswers = 100'000; // of all files
 
 sys_seconds instantOf(const QDateTime& moment)
 {
@@ -26,11 +29,6 @@ sys_seconds instantOf(const QDateTime& moment)
 QDateTime utc(sys_seconds instant)
 {
     return QDateTime::fromSecsSinceEpoch(instant.time_since_epoch().count(), Qt::UTC);
-}
-
-std::string_view view(const QByteArray& text)
-{
-    return {text.constData(), static_cast<std::size_t>(text.size())};
 }
 
 void count(CalendarInfo& calendar, const IcsFile& content)
@@ -54,6 +52,47 @@ CalendarInfo ownCalendar(const CalendarFolder& folder, const QString& path, cons
     return calendar;
 }
 
+/// What the files answer. Those with the most give way, so that they do not hide the others.
+template <typename Each> class Answers {
+public:
+    void add(QList<Each> ofFile)
+    {
+        m_all += ofFile.size();
+        m_ofFiles.push_back(std::move(ofFile));
+        while (m_all > mostAnswers) {
+            auto& most = *std::ranges::max_element(m_ofFiles, {}, [](const auto& each) { return each.size(); });
+            m_all -= most.size();
+            most = {};
+        }
+    }
+    QList<Each> joined() const
+    {
+        QList<Each> all;
+        for (const auto& each : m_ofFiles)
+            all.append(each);
+        return all;
+    }
+
+private:
+    std::vector<QList<Each>> m_ofFiles;
+    qsizetype m_all = 0;
+};
+
+QString sentenceOf(PageFault fault)
+{
+    switch (fault) {
+    case PageFault::none: return {};
+    case PageFault::closed: return Wording::tr("It cannot be read.");
+    case PageFault::tooLarge:
+        return Wording::tr("It is larger than %1 MB.").arg(CalendarPages::mostFileBytes / (1024 * 1024));
+    case PageFault::noCalendar: return Wording::tr("It is not a calendar.");
+    case PageFault::tooMuch: return Wording::tr("It takes more time or memory than a calendar may.");
+    case PageFault::tooMuchTogether: return Wording::tr("All calendars together are too large.");
+    case PageFault::tooManyOccurrences: return Wording::tr("There is more in it than can be listed.");
+    }
+    return {};
+}
+
 QString withoutDot(const QString& name)
 {
     return name.startsWith(u'.') ? name.mid(1) : name;
@@ -61,16 +100,18 @@ QString withoutDot(const QString& name)
 
 } // namespace
 
-CalendarBook::CalendarBook(QStringList roots)
+CalendarBook::CalendarBook(QStringList roots, const QStringList& addresses)
     : m_roots(std::move(roots))
 {
+    for (const QString& address : addresses)
+        m_addresses.append(address.trimmed().toLower().toUtf8());
 }
 
 bool CalendarBook::refresh()
 {
     const auto found = CalendarFolders::found(m_roots);
     m_watched = found.watched;
-    const bool differs = readPages(found);
+    const bool differs = m_pages.read(found.folders, m_addresses);
     auto calendars = assign(found.folders);
     if (!differs && calendars == m_calendars)
         return false;
@@ -79,31 +120,14 @@ bool CalendarBook::refresh()
     return true;
 }
 
-bool CalendarBook::readPages(const CalendarFolders& found)
+QList<UnreadCalendar> CalendarBook::unread() const
 {
-    auto old = std::exchange(m_pages, {});
-    bool differs = false;
-    std::size_t series = 0;
-    for (const CalendarFolder& folder : found.folders) {
-        for (const QString& name : folder.files) {
-            const QString path = folder.path + u'/' + name;
-            const auto stamp = FileStamp::of(path);
-            if (!stamp || series >= mostSeries)
-                continue;
-            Page page{.stamp = *stamp};
-            const auto known = old.find(path);
-            if (known != old.end() && known->second.stamp == *stamp) {
-                page.content = std::move(known->second.content);
-            } else {
-                if (const auto text = boundedContent(path, mostFileBytes))
-                    page.content = IcsParser::parsed(view(*text));
-                differs = true;
-            }
-            series += page.content.series.size();
-            m_pages.emplace(path, std::move(page));
-        }
+    QList<UnreadCalendar> unread;
+    for (const auto& [path, page] : m_pages.byPath()) {
+        if (page.fault != PageFault::none)
+            unread.append({path, sentenceOf(page.fault)});
     }
-    return differs || m_pages.size() != old.size();
+    return unread;
 }
 
 /// Says which calendar each page belongs to, and gives all calendars.
@@ -115,8 +139,8 @@ QList<CalendarInfo> CalendarBook::assign(const QList<CalendarFolder>& folders)
         bool isCalendar = folder.isMarked || (folder.isEmpty && !folder.isRoot);
         for (const QString& name : folder.files) {
             const QString path = folder.path + u'/' + name;
-            const auto page = m_pages.find(path);
-            if (page == m_pages.end() || !page->second.content.isCalendar)
+            const auto page = m_pages.byPath().find(path);
+            if (page == m_pages.byPath().end() || !page->second.content.isCalendar)
                 continue;
             const IcsFile& content = page->second.content;
             page->second.calendar = standsAlone(folder, content) ? path : folder.path;
@@ -142,13 +166,13 @@ QList<CalendarInfo> CalendarBook::assign(const QList<CalendarFolder>& folders)
     return calendars;
 }
 
-QList<CalendarEvent> CalendarBook::eventsOf(
-    const Page& page, const QDateTime& from, const QDateTime& to, Effort& effort) const
+QList<CalendarEvent> CalendarBook::eventsOf(CalendarPage& page, const QDateTime& from, const QDateTime& to)
 {
     const CalendarZone local(from.timeZone());
+    Effort effort; // each file has its own
     QList<CalendarEvent> events;
     for (const CalendarSeries& series : page.content.series) {
-        if (series.isReminder())
+        if (series.isReminder() || events.size() >= mostEvents)
             continue;
         const auto occurrences = CalendarOccurrences::events(series, instantOf(from), instantOf(to), local, effort);
         for (const EventOccurrence& occurrence : occurrences) {
@@ -162,6 +186,8 @@ QList<CalendarEvent> CalendarBook::eventsOf(
                 .allDay = occurrence.item->start->isDay});
         }
     }
+    if (effort.hasRunOut || events.size() >= mostEvents)
+        page.fault = PageFault::tooManyOccurrences;
     return events;
 }
 
@@ -169,14 +195,12 @@ const QList<CalendarEvent>& CalendarBook::allEvents(const QDateTime& from, const
 {
     const bool isKnown =
         m_answer && m_answer->from == from && m_answer->to == to && m_answer->from.timeZone() == from.timeZone();
-    if (!isKnown) {
-        m_answer = Answer{from, to, {}};
-        Effort effort;
-        for (const auto& [path, page] : m_pages) {
-            if (m_answer->events.size() < mostEvents)
-                m_answer->events.append(eventsOf(page, from, to, effort));
-        }
-    }
+    if (isKnown)
+        return m_answer->events;
+    Answers<CalendarEvent> events;
+    for (auto& [path, page] : m_pages.byPath())
+        events.add(eventsOf(page, from, to));
+    m_answer = Answer{from, to, events.joined()};
     return m_answer->events;
 }
 
@@ -190,35 +214,42 @@ QList<CalendarEvent> CalendarBook::events(const QDateTime& from, const QDateTime
     return wanted;
 }
 
+QList<CalendarReminder> CalendarBook::remindersOf(const QString& path, CalendarPage& page, const CalendarZone& local)
+{
+    Effort effort;
+    QList<CalendarReminder> reminders;
+    for (const CalendarSeries& series : page.content.series) {
+        if (!series.isReminder() || reminders.size() >= mostReminders)
+            continue;
+        for (const OpenReminder& open : CalendarOccurrences::reminders(series, local, effort)) {
+            ReminderKey key{open.item->uid, {}};
+            QString identifier = path + u'#' + QString::fromUtf8(key.uid);
+            if (const auto& change = open.item->recurrenceId) {
+                key.recurrenceId = change->wallTime;
+                identifier += u'#' + QString::number(change->wallTime.time_since_epoch().count());
+            }
+            CalendarReminder reminder{.identifier = identifier, .calendar = page.calendar, .title = open.item->title};
+            if (open.due) {
+                reminder.due = utc(open.due->instant(local));
+                reminder.hasTime = !open.due->isDay;
+            }
+            reminders.append(reminder);
+            m_reminders.insert(identifier, {path, key});
+        }
+    }
+    if (effort.hasRunOut || reminders.size() >= mostReminders)
+        page.fault = PageFault::tooManyOccurrences;
+    return reminders;
+}
+
 QList<CalendarReminder> CalendarBook::reminders(const QDateTime& now)
 {
     const CalendarZone local(now.timeZone());
-    Effort effort;
-    QList<CalendarReminder> reminders;
+    Answers<CalendarReminder> reminders;
     m_reminders.clear();
-    for (const auto& [path, page] : m_pages) {
-        for (const CalendarSeries& series : page.content.series) {
-            if (!series.isReminder())
-                continue;
-            for (const OpenReminder& open : CalendarOccurrences::reminders(series, local, effort)) {
-                ReminderKey key{open.item->uid, {}};
-                QString identifier = path + u'#' + QString::fromUtf8(key.uid);
-                if (const auto& change = open.item->recurrenceId) {
-                    key.recurrenceId = change->wallTime;
-                    identifier += u'#' + QString::number(change->wallTime.time_since_epoch().count());
-                }
-                CalendarReminder reminder{
-                    .identifier = identifier, .calendar = page.calendar, .title = open.item->title};
-                if (open.due) {
-                    reminder.due = utc(open.due->instant(local));
-                    reminder.hasTime = !open.due->isDay;
-                }
-                reminders.append(reminder);
-                m_reminders.insert(identifier, {path, key});
-            }
-        }
-    }
-    return reminders;
+    for (auto& [path, page] : m_pages.byPath())
+        reminders.add(remindersOf(path, page, local));
+    return reminders.joined();
 }
 
 bool CalendarBook::complete(const QString& reminder, const QDateTime& now)
@@ -227,7 +258,7 @@ bool CalendarBook::complete(const QString& reminder, const QDateTime& now)
     if (place == m_reminders.constEnd())
         return false;
     const auto stamp = FileStamp::of(place->file);
-    const auto text = boundedContent(place->file, mostFileBytes);
+    const auto text = boundedContent(place->file, CalendarPages::mostFileBytes);
     if (!stamp || !text)
         return false;
     const auto edited = textWithReminderCompleted(*text, place->key, instantOf(now), CalendarZone(now.timeZone()));

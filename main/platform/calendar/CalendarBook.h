@@ -2,15 +2,11 @@
 
 #pragma once
 
-#include "platform/calendar/CalendarFolders.h"
-#include "platform/calendar/FileStamp.h"
-#include "platform/calendar/IcsParser.h"
+#include "platform/calendar/CalendarPages.h"
 #include "platform/calendar/ReminderEdit.h"
 #include "platform/CalendarStore.h"
 
 #include <QHash>
-
-#include <map>
 
 namespace ambrelle {
 
@@ -18,16 +14,17 @@ namespace ambrelle {
 /// for long: not for the main thread.
 class CalendarBook {
 public:
-    static constexpr qint64 mostFileBytes = 32LL * 1024 * 1024; ///< larger files are left out
-    static constexpr std::size_t mostSeries = 200'000; ///< in all files; then the remaining ones are left out
-
-    explicit CalendarBook(QStringList roots);
+    /// The addresses are the user's, whose declined events are left out.
+    explicit CalendarBook(QStringList roots, const QStringList& addresses = {});
 
     /// Reads what is new or different; true when anything is.
     bool refresh();
 
     const QList<CalendarInfo>& calendars() const { return m_calendars; } ///< by name
     const QList<WatchedFolder>& watched() const { return m_watched; } ///< where changes show
+
+    /// Files that are left out in whole or in part, as far as events and reminders were asked for.
+    QList<UnreadCalendar> unread() const;
 
     /// As CalendarStore has them.
     QList<CalendarEvent> events(const QDateTime& from, const QDateTime& to, const QStringList& calendars);
@@ -36,11 +33,6 @@ public:
     bool complete(const QString& reminder, const QDateTime& now);
 
 private:
-    struct Page {
-        FileStamp stamp;
-        IcsFile content;
-        QString calendar; // its identifier
-    };
     struct Place {
         QString file;
         ReminderKey key;
@@ -52,13 +44,14 @@ private:
         QList<CalendarEvent> events;
     };
 
-    bool readPages(const CalendarFolders& found);
     QList<CalendarInfo> assign(const QList<CalendarFolder>& folders);
-    QList<CalendarEvent> eventsOf(const Page& page, const QDateTime& from, const QDateTime& to, Effort& effort) const;
+    static QList<CalendarEvent> eventsOf(CalendarPage& page, const QDateTime& from, const QDateTime& to);
+    QList<CalendarReminder> remindersOf(const QString& path, CalendarPage& page, const CalendarZone& local);
     const QList<CalendarEvent>& allEvents(const QDateTime& from, const QDateTime& to);
 
     QStringList m_roots;
-    std::map<QString, Page> m_pages; // by path
+    QList<QByteArray> m_addresses;
+    CalendarPages m_pages;
     QList<CalendarInfo> m_calendars;
     QList<WatchedFolder> m_watched;
     QHash<QString, Place> m_reminders; // as listed last

@@ -10,11 +10,14 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <filesystem>
 #include <set>
 #include <utility>
 
 #include <sys/stat.h>
+#include <sys/vfs.h>
 
 namespace ambrelle {
 
@@ -134,6 +137,16 @@ private:
 };
 
 } // namespace
+
+bool CalendarFolders::isRemote(const QString& folder)
+{
+    // As statfs(2) has them: NFS, SMB, CIFS, SMB 2, FUSE (of sshfs and the like), 9P, Ceph, AFS, Coda, NCP.
+    constexpr std::array<std::uint32_t, 10> kinds{
+        0x6969, 0x517B, 0xFF534D42, 0xFE534D42, 0x65735546, 0x01021997, 0x00C36400, 0x5346414F, 0x73757245, 0x564C};
+    struct statfs info { };
+    return ::statfs(QFile::encodeName(folder).constData(), &info) == 0
+        && std::ranges::find(kinds, static_cast<std::uint32_t>(info.f_type)) != kinds.end();
+}
 
 CalendarFolders CalendarFolders::found(const QStringList& roots)
 {

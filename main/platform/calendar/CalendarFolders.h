@@ -33,6 +33,9 @@ struct CalendarFolders {
     QList<CalendarFolder> folders;
     QList<WatchedFolder> watched;
 
+    /// Whether the folder lies on another computer, so that the kernel does not tell what others change there.
+    static bool isRemote(const QString& folder);
+
     /// Looks through the folders `roots` and what is below them, not too deep and not too much of it. Missing folders
     /// are awaited.
     static CalendarFolders found(const QStringList& roots);

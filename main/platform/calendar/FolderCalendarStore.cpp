@@ -6,9 +6,11 @@
 #include "platform/calendar/CalendarBook.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QPointer>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <utility>
 
 namespace ambrelle {
@@ -19,13 +21,29 @@ namespace {
 
 constexpr std::chrono::milliseconds settlingTime(300); // a synchronisation changes many files one after the other
 
+QStringList wholePaths(QStringList folders)
+{
+    for (QString& folder : folders) {
+        if (folder == u'~' || folder.startsWith("~/"_L1))
+            folder.replace(0, 1, QDir::homePath());
+    }
+    folders.removeIf([](const QString& folder) { return !folder.startsWith(u'/'); });
+    return folders;
+}
+
 } // namespace
 
-FolderCalendarStore::FolderCalendarStore(Clock& clock, const QStringList& folders)
+FolderCalendarStore::FolderCalendarStore(Clock& clock, const CalendarPlaces& places)
     : m_clock(clock)
-    , m_book(std::make_shared<CalendarBook>(folders))
+    , m_book(std::make_shared<CalendarBook>(wholePaths(places.folders), places.addresses))
+    , m_isRemote(places.isRemote)
 {
     connect(&m_watch, &FolderWatch::changed, this, &FolderCalendarStore::lookSoon);
+}
+
+FolderCalendarStore::FolderCalendarStore(Clock& clock, const QStringList& folders)
+    : FolderCalendarStore(clock, CalendarPlaces{.folders = folders})
+{
 }
 
 FolderCalendarStore::~FolderCalendarStore() = default;
@@ -40,6 +58,9 @@ QString FolderCalendarStore::whyNone(CalendarKind kind) const
 {
     if (isAvailable())
         return {};
+    if (!m_unread.isEmpty())
+        return Wording::tr("No calendars that can be shown. “%1”: %2", "file, sentence why not")
+            .arg(QFileInfo(m_unread.first().file).fileName(), m_unread.first().reason);
     return kind == CalendarKind::events
         ? Wording::tr("No calendars yet. Put .ics files into ~/.calendars to see events.")
         : Wording::tr("No reminders yet. Put .ics files into ~/.calendars to see them.");
@@ -62,29 +83,37 @@ void FolderCalendarStore::requestAccess(QObject* context, std::function<void(boo
 void FolderCalendarStore::events(const QDateTime& from, const QDateTime& to, const QStringList& calendars,
     QObject* context, std::function<void(const QList<CalendarEvent>&)> done)
 {
-    m_worker.run([book = m_book, from, to, calendars] { return book->events(from, to, calendars); },
-        [context = QPointer(context), done = std::move(done)](const QList<CalendarEvent>& events) {
-            if (context)
-                done(events);
-        });
+    const auto work = [book = m_book, from, to, calendars] {
+        const auto all = book->events(from, to, calendars);
+        return Answer<CalendarEvent>{all, book->unread()};
+    };
+    m_worker.run(work, [this, context = QPointer(context), done = std::move(done)](const auto& answer) {
+        if (context)
+            done(answer.all);
+        accept(answer.unread);
+    });
 }
 
 void FolderCalendarStore::reminders(
     const QDateTime& now, QObject* context, std::function<void(const QList<CalendarReminder>&)> done)
 {
-    m_worker.run([book = m_book, now] { return book->reminders(now); },
-        [context = QPointer(context), done = std::move(done)](const QList<CalendarReminder>& reminders) {
-            if (context)
-                done(reminders);
-        });
+    const auto work = [book = m_book, now] {
+        const auto all = book->reminders(now);
+        return Answer<CalendarReminder>{all, book->unread()};
+    };
+    m_worker.run(work, [this, context = QPointer(context), done = std::move(done)](const auto& answer) {
+        if (context)
+            done(answer.all);
+        accept(answer.unread);
+    });
 }
 
 void FolderCalendarStore::complete(
     const QString& reminder, const QDateTime& now, QObject* context, std::function<void(bool)> done)
 {
-    const auto work = [book = m_book, reminder, now] {
+    const auto work = [book = m_book, isRemote = m_isRemote, reminder, now] {
         const bool isSaved = book->complete(reminder, now);
-        Outcome outcome = refresh(*book);
+        Outcome outcome = refreshed(*book, isRemote);
         outcome.isSaved = isSaved;
         return outcome;
     };
@@ -95,12 +124,14 @@ void FolderCalendarStore::complete(
     });
 }
 
-FolderCalendarStore::Outcome FolderCalendarStore::refresh(CalendarBook& book)
+FolderCalendarStore::Outcome FolderCalendarStore::refreshed(CalendarBook& book, const IsRemote& isRemote)
 {
     Outcome outcome;
     outcome.differs = book.refresh();
     outcome.calendars = book.calendars();
+    outcome.unread = book.unread();
     outcome.watched = book.watched();
+    outcome.isRemote = std::ranges::any_of(outcome.watched, isRemote, &WatchedFolder::path);
     return outcome;
 }
 
@@ -121,7 +152,7 @@ void FolderCalendarStore::look()
     }
     m_isLooking = true;
     m_looksAgain = false;
-    m_worker.run([book = m_book] { return refresh(*book); },
+    m_worker.run([book = m_book, isRemote = m_isRemote] { return refreshed(*book, isRemote); },
         [this](const Outcome& outcome) {
             m_isLooking = false;
             m_isOpen = true;
@@ -139,7 +170,18 @@ void FolderCalendarStore::accept(const Outcome& outcome)
     // What changed before the watch began is found by another look.
     if (m_watch.watch(outcome.watched))
         look();
-    if (outcome.differs)
+    if (!outcome.isRemote)
+        m_remote.reset();
+    else if (!m_remote)
+        m_remote = m_clock.every(remotePeriod, [this] { look(); });
+    const bool differs = std::exchange(m_unread, outcome.unread) != outcome.unread;
+    if (outcome.differs || differs)
+        Q_EMIT changed();
+}
+
+void FolderCalendarStore::accept(const QList<UnreadCalendar>& unread)
+{
+    if (std::exchange(m_unread, unread) != unread)
         Q_EMIT changed();
 }
 

@@ -10,7 +10,9 @@ namespace ambrelle {
 
 LinuxSystem::LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture& hostsPicture)
     : session(DesktopSession::current())
-    , calendars(clock, FolderCalendarStore::standardFolders() + wishes.calendarFolders)
+    , calendars(clock,
+          CalendarPlaces{.folders = FolderCalendarStore::standardFolders() + wishes.calendarFolders,
+              .addresses = wishes.addresses})
     , programs(session.names())
     , loginItem(runningProgram())
     , desktopPicture(chooseDesktopPicture(session, wishes.noteFolder, hostsPicture))

@@ -224,7 +224,7 @@ TEST_F(FolderCalendarStoreTest, HostileFilesDoNotHideTheOthers)
     ASSERT_TRUE(QFile::link(path(u"root"_s), path(u"root/circle"_s)));
     ASSERT_EQ(::mkfifo(qPrintable(path(u"root/pipe.ics"_s)), 0600), 0);
     QFile large(path(u"root/large.ics"_s));
-    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(CalendarBook::mostFileBytes + 1));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(CalendarPages::mostFileBytes + 1));
     FolderCalendarStore store(clock, {path(u"root"_s)});
     ASSERT_TRUE(access(store));
     EXPECT_THAT(titles(store, {path(u"root/good.ics"_s)}), ElementsAre(u"better"_s, u"good"_s));

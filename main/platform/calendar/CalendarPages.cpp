@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/calendar/CalendarPages.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace ambrelle {
+
+namespace {
+
+std::int64_t bytesOf(const CalendarPage& page)
+{
+    constexpr std::int64_t ofPage = 1000;
+    return ofPage + page.content.bytes;
+}
+
+/// Where a name is an address, it is that of the owner.
+QList<QByteArray> withOwner(QList<QByteArray> owners, const QString& name)
+{
+    if (name.contains(u'@'))
+        owners.append(name.toLower().toUtf8());
+    return owners;
+}
+
+CalendarPage newPage(const QString& path, const FileStamp& stamp, const QList<QByteArray>& owners)
+{
+    CalendarPage page{.stamp = stamp};
+    if (stamp.size > CalendarPages::mostFileBytes) {
+        page.fault = PageFault::tooLarge;
+        return page;
+    }
+    const auto text = boundedContent(path, CalendarPages::mostFileBytes);
+    if (!text) {
+        page.fault = PageFault::closed;
+        return page;
+    }
+    page.content = IcsParser::parsed({text->constData(), static_cast<std::size_t>(text->size())}, owners);
+    if (page.content.isTooMuch)
+        page.fault = PageFault::tooMuch;
+    else if (!page.content.isCalendar)
+        page.fault = PageFault::noCalendar;
+    if (page.fault != PageFault::none)
+        page.content = {};
+    return page;
+}
+
+} // namespace
+
+bool CalendarPages::read(const QList<CalendarFolder>& folders, const QList<QByteArray>& owners)
+{
+    Pages old = std::exchange(m_pages, {});
+    m_bytesBefore = std::exchange(m_bytes, 0);
+    m_bySize.clear();
+    bool differs = false;
+    for (const CalendarFolder& folder : folders) {
+        const auto ownersHere = withOwner(owners, QFileInfo(folder.path).fileName());
+        for (const QString& name : folder.files)
+            differs =
+                readPage(folder.path + u'/' + name, old, withOwner(ownersHere, QFileInfo(name).completeBaseName()))
+                || differs;
+    }
+    return differs || m_pages.size() != old.size();
+}
+
+/// True when the file is not the one that was read.
+bool CalendarPages::readPage(const QString& path, Pages& old, const QList<QByteArray>& owners)
+{
+    const auto stamp = FileStamp::of(path);
+    if (!stamp)
+        return false;
+    const auto known = old.find(path);
+    const bool isKnown = known != old.end() && known->second.stamp == *stamp;
+    const bool hasRoom = isKnown && known->second.fault == PageFault::tooMuchTogether
+        && m_bytesBefore + bytesOf(known->second) <= mostBytes;
+    if (isKnown && !hasRoom) {
+        keep(path, std::move(known->second));
+        return false;
+    }
+    keep(path, newPage(path, *stamp, owners));
+    return true;
+}
+
+void CalendarPages::keep(const QString& path, CalendarPage page)
+{
+    const auto place = m_pages.emplace(path, std::move(page)).first;
+    if (place->second.fault == PageFault::tooMuchTogether)
+        return;
+    m_bytes += bytesOf(place->second);
+    m_bySize.insert({bytesOf(place->second), path});
+    while (m_bytes > mostBytes) {
+        const auto largest = std::prev(m_bySize.end());
+        CalendarPage& dropped = m_pages.at(largest->second);
+        m_bytes -= largest->first;
+        dropped.fault = PageFault::tooMuchTogether;
+        dropped.content.series.clear();
+        m_bySize.erase(largest);
+    }
+}
+
+} // namespace ambrelle
