@@ -16,6 +16,7 @@ namespace ambrelle {
 namespace {
 
 constexpr qsizetype mostRows = 12; // no face has room for more
+constexpr QColor ofNoCalendar(0x8E, 0x8E, 0x93);
 
 /// "09:30" or "All day"; of another day than today with its name before.
 QString timeText(const EventRow& event, const QDateTime& now, const QLocale& locale)
@@ -36,6 +37,15 @@ QString timeText(const EventRow& event, const QDateTime& now, const QLocale& loc
     return end.date() > today ? Wording::tr("All day") : Wording::tr("Until %1").arg(Units::time(end, locale));
 }
 
+/// "Yesterday", "Today, 14:05", "3 Jun, 14:05"; empty without a date.
+QString dueText(const ReminderRow& reminder, const QDateTime& now, const QLocale& locale)
+{
+    const QString day = reminder.dueText(now, locale).value_or(QString());
+    if (!reminder.due || !reminder.hasTime)
+        return day;
+    return Wording::tr("%1, %2", "day, time").arg(day, Units::time(reminder.due->toTimeZone(now.timeZone()), locale));
+}
+
 } // namespace
 
 EventsReading eventsReading(const EventsService& service, const QDateTime& now, const QLocale& locale)
@@ -51,10 +61,13 @@ EventsReading eventsReading(const EventsService& service, const QDateTime& now, 
     const auto& events = service.events();
     const bool anyToday = std::ranges::any_of(
         events, [&](const EventRow& event) { return event.start.toTimeZone(now.timeZone()).date() <= today; });
-    if (!anyToday) {
-        reading.notice = {symbol(WidgetKind::events), Wording::tr("No more events today")};
+    const QString sentence = Wording::tr("No more events today");
+    if (events.isEmpty()) {
+        reading.notice = {symbol(WidgetKind::events), sentence};
         return reading;
     }
+    if (!anyToday)
+        reading.rows.append({Wording::tr("Today"), sentence, ofNoCalendar});
     for (const EventRow& event : events)
         reading.rows.append({timeText(event, now, locale), event.title, event.color});
     return reading;
@@ -72,7 +85,7 @@ RemindersReading remindersReading(const RemindersService& service, const QDateTi
     for (const ReminderRow& reminder : service.reminders().first(std::min(mostRows, service.reminders().size()))) {
         reading.rows.append({.id = reminder.id,
             .title = reminder.title,
-            .due = reminder.dueText(now, locale).value_or(QString()),
+            .due = dueText(reminder, now, locale),
             .overdue = reminder.isOverdue(now),
             .done = service.completing().contains(reminder.id),
             .colour = reminder.color});

@@ -200,7 +200,7 @@ struct EventsReading {
 
     Notice notice{};
     QString day; ///< "Tuesday 14"
-    QList<Row> rows; ///< at most eight
+    QList<Row> rows; ///< at most eight, and before them a sentence where today has none
 
     bool operator==(const EventsReading&) const = default;
 };
@@ -249,7 +249,7 @@ struct RemindersReading {
     struct Row {
         QString id;
         QString title;
-        QString due; ///< empty without a date
+        QString due; ///< "Today, 14:05"; empty without a date
         bool overdue = false;
         bool done = false; ///< being ticked off
         QColor colour; ///< of its list

@@ -303,10 +303,18 @@ TEST_F(EventsReadingsTest, SentencesInPlaceOfEvents)
     service.start();
     EXPECT_EQ(eventsReading(service, clock.now(), QLocale::c()).notice,
         (Notice{u"calendar.badge.clock"_s, u"Requesting calendar access…"_s}));
-    add("Thursday", "2025-06-05T14:00", "2025-06-05T15:00");
     EXPECT_EQ(reading().notice.sentence, u"No more events today"_s);
+    // It takes the place of today only.
+    add("Thursday", "2025-06-05T14:00", "2025-06-05T15:00");
+    Q_EMIT store.changed();
+    const EventsReading shown = reading();
+    EXPECT_FALSE(shown.notice);
+    ASSERT_EQ(shown.rows.size(), 2);
+    EXPECT_EQ(shown.rows.first().time, u"Today"_s);
+    EXPECT_EQ(shown.rows.first().title, u"No more events today"_s);
+    EXPECT_EQ(shown.rows.last(), (EventsReading::Row{u"Thu 14:00"_s, u"Thursday"_s, Qt::red}));
     // The same rows on another day.
-    EXPECT_FALSE(eventsReading(service, clock.now().addDays(3), QLocale::c()).notice);
+    EXPECT_EQ(eventsReading(service, clock.now().addDays(3), QLocale::c()).rows.size(), 1);
     store.currentWhyNot = u"Put calendars here."_s;
     Q_EMIT store.changed();
     EXPECT_EQ(reading().notice.sentence, u"Put calendars here."_s);
@@ -327,12 +335,15 @@ TEST_F(EventsReadingsTest, RemindersWithTheirMarks)
         {u"1"_s, u"c"_s, u"Late"_s, clock.now().addDays(-1), true}, {u"2"_s, u"c"_s, u"Some day"_s, {}, false}};
     Q_EMIT store.changed();
     RemindersReading expected;
-    expected.rows = {{.id = u"1"_s, .title = u"Late"_s, .due = u"Yesterday"_s, .overdue = true, .colour = Qt::red},
+    expected.rows = {
+        {.id = u"1"_s, .title = u"Late"_s, .due = u"Yesterday, 10:00"_s, .overdue = true, .colour = Qt::red},
         {.id = u"2"_s, .title = u"Some day"_s, .due = {}, .colour = Qt::red}};
     EXPECT_EQ(shown(), expected);
     reminders.complete(u"2"_s);
     expected.rows[1].done = true;
     EXPECT_EQ(shown(), expected);
+    const QDateTime elsewhere = clock.now().toTimeZone(QTimeZone("America/New_York")).addSecs(8 * 3600);
+    EXPECT_EQ(remindersReading(reminders, elsewhere, american).rows.first().due, u"Yesterday, 6:00"_s);
 }
 
 } // namespace

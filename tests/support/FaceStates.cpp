@@ -153,7 +153,7 @@ const QList<Edit> extreme{
         for (int row = 0; row < 12; ++row)
             r.rows.append({.id = QString::number(row),
                 .title = u"Renew the passport"_s,
-                .due = u"31 December 2026"_s,
+                .due = u"31 December 2026, 23:59"_s,
                 .overdue = true});
     }),
     with<DevicesReading>([](auto& r) {
