@@ -106,8 +106,10 @@ QList<EventRow> EventsService::rowsOf(QList<CalendarEvent> events, const QList<C
 
 void EventsService::publish(const QList<EventRow>& events, const QList<CalendarInfo>& calendars, const QString& status)
 {
-    if (events == m_events && calendars == m_calendars && status == m_status)
+    const auto unread = m_started ? m_store.unread() : QList<UnreadCalendar>();
+    if (events == m_events && calendars == m_calendars && status == m_status && unread == m_unread)
         return;
+    m_unread = unread;
     m_events = events;
     m_calendars = calendars;
     m_status = status;

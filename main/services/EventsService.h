@@ -41,6 +41,8 @@ public:
 
     const QList<EventRow>& events() const { return m_events; } ///< by start, at most `mostEvents`
     const QList<CalendarInfo>& calendars() const { return m_calendars; } ///< those with events, excluded ones too
+    /// Calendars that are left out, in whole or in part.
+    const QList<UnreadCalendar>& unread() const { return m_unread; }
     const QString& status() const { return m_status; } ///< shown in place of events; empty while there is access
 
 Q_SIGNALS:
@@ -57,6 +59,7 @@ private:
     Clock& m_clock;
     QList<EventRow> m_events;
     QList<CalendarInfo> m_calendars;
+    QList<UnreadCalendar> m_unread;
     QString m_status;
     bool m_started = false;
     Ticket m_timer;

@@ -105,6 +105,12 @@ TEST_F(EventsServiceTest, FollowsTimeAndTheStoreAndSpeaksOnlyOfChanges)
     store.answer();
     EXPECT_THAT(titles(service.events()), IsEmpty());
     EXPECT_EQ(changes, before + 2);
+
+    store.currentUnread = {{u"/a.ics"_s, u"It is not a calendar."_s}};
+    Q_EMIT store.changed();
+    store.answer();
+    EXPECT_EQ(service.unread(), store.currentUnread);
+    EXPECT_EQ(changes, before + 3);
 }
 
 TEST_F(EventsServiceTest, CalendarsMayComeAndGo)

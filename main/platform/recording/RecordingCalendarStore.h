@@ -15,6 +15,7 @@ class RecordingCalendarStore final : public CalendarStore {
 public:
     QString currentWhyNot; ///< empty: available
     QList<CalendarInfo> currentCalendars;
+    QList<UnreadCalendar> currentUnread;
     QList<CalendarEvent> currentEvents; ///< those of other calendars than asked for are left out
     QList<CalendarReminder> currentReminders;
     bool saves = true; ///< what complete() answers
@@ -31,6 +32,7 @@ public:
         later(context, [this, done = std::move(done)] { done(isAvailable()); });
     }
     QList<CalendarInfo> calendars() const override { return currentCalendars; }
+    QList<UnreadCalendar> unread() const override { return currentUnread; }
     void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
         std::function<void(const QList<CalendarEvent>&)> done) override
     {
