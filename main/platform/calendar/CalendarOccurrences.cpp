@@ -306,7 +306,9 @@ std::vector<EventOccurrence> CalendarOccurrences::events(
     const WallTime earliest = zone.wallTime(from) - versions.longestBefore() - longestGap;
     const WallTime latest = zone.wallTime(to) + versions.longestAfter() + longestGap;
     const auto changed = changesOf(series, local, [](const CalendarItem&) { return true; });
-    for (const WallTime start : starts(*series.master, earliest, latest, mostOccurrences, local, share.effort)) {
+    const auto all = starts(*series.master, earliest, latest, mostOccurrences, local, share.effort);
+    share.effort.hasRunOut = share.effort.hasRunOut || all.size() >= mostOccurrences;
+    for (const WallTime start : all) {
         if (changed.contains(start))
             continue;
         if (const auto event = versions.at(start, zone.instant(start)))

@@ -230,6 +230,108 @@ TEST_F(FolderCalendarStoreTest, HostileFilesDoNotHideTheOthers)
     EXPECT_THAT(titles(store, {path(u"root/good.ics"_s)}), ElementsAre(u"better"_s, u"good"_s));
 }
 
+TEST_F(FolderCalendarStoreTest, SaysWhichFilesAreLeftOutAndWhy)
+{
+    write(u"root/page.ics"_s, "<html></html>");
+    FolderCalendarStore store(clock, {path(u"root"_s)});
+    EXPECT_FALSE(access(store));
+    EXPECT_TRUE(store.whyNone(CalendarKind::events).contains(u"page.ics"_s));
+    write(u"root/good.ics"_s, calendar(event("good") + event("better")));
+    write(u"root/often.ics"_s,
+        calendar(event("often", "20250601T000000Z\r\nRRULE:FREQ=SECONDLY;COUNT=2000000000") + event("x")));
+    QFile large(path(u"root/large.ics"_s));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(CalendarPages::mostFileBytes + 1));
+    ASSERT_TRUE(waitUntil([&store] { return store.unread().size() == 2 && store.isAvailable(); }));
+    const auto reasons = [&store] {
+        QStringList all;
+        for (const UnreadCalendar& each : store.unread())
+            all.append(QFileInfo(each.file).fileName() + u": "_s + each.reason);
+        return all;
+    };
+    EXPECT_THAT(reasons(), ElementsAre(u"large.ics: It is larger than 32 MB."_s, u"page.ics: It is not a calendar."_s));
+    // What events come to is known when they were asked for.
+    QStringList calendars;
+    for (const CalendarInfo& each : store.calendars())
+        calendars.append(each.identifier);
+    EXPECT_TRUE(titles(store, calendars).contains(u"good"_s));
+    EXPECT_TRUE(reasons().contains(u"often.ics: There is more in it than can be listed."_s));
+    ASSERT_TRUE(QFile::remove(path(u"root/page.ics"_s)));
+    EXPECT_TRUE(waitUntil([&] { return !reasons().join(u' ').contains(u"page"_s); }));
+}
+
+TEST_F(FolderCalendarStoreTest, FilesTooLargeTogetherGiveWayToSmallerOnes)
+{
+    QByteArray many;
+    for (int i = 0; i < 60'000; ++i)
+        many += event(QByteArray::number(i));
+    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s})
+        write(u"root/"_s + name + u".ics"_s, calendar(many));
+    write(u"root/z.ics"_s, calendar(event("good") + event("better")));
+    CalendarBook book({path(u"root"_s)});
+    EXPECT_TRUE(book.refresh());
+    const QStringList good{path(u"root/z.ics"_s)};
+    EXPECT_EQ(book.events(today, today.addDays(7), good).size(), 2);
+    const auto before = book.unread().size();
+    EXPECT_GT(before, 0);
+    EXPECT_FALSE(book.refresh()); // nor are they read again and again
+    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
+        ASSERT_TRUE(QFile::remove(path(u"root/"_s + name + u".ics"_s)));
+    EXPECT_TRUE(book.refresh());
+    EXPECT_TRUE(book.refresh() || book.unread().isEmpty());
+    EXPECT_EQ(book.events(today, today.addDays(7), {path(u"root/e.ics"_s)}).size(), 10'000);
+}
+
+TEST_F(FolderCalendarStoreTest, FoldersOnOtherComputersAreLookedThroughNowAndThen)
+{
+    write(u"root/a.ics"_s, calendar(event("first")));
+    for (const bool isRemote : {true, false}) {
+        SCOPED_TRACE(isRemote);
+        FolderCalendarStore store(clock,
+            CalendarPlaces{.folders = {path(u"root"_s)}, .isRemote = [isRemote](const QString&) { return isRemote; }});
+        ASSERT_TRUE(access(store));
+        const auto before = store.calendars().size();
+        QFile other(path(isRemote ? u"root/b.ics"_s : u"root/c.ics"_s));
+        ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(waitUntil([&] { return store.unread().size() == 1; })); // empty until now
+        for (int round = 0; round < 3; ++round) {
+            clock.advance(1s);
+            titles(store, {}); // comes after any look that was under way
+        }
+        // Nobody is told of what is written before it is closed.
+        other.write(calendar("X-WR-CALNAME:Other\r\n" + event("other")));
+        ASSERT_TRUE(other.flush());
+        clock.advance(10s);
+        titles(store, {});
+        EXPECT_EQ(store.calendars().size(), before);
+        clock.advance(FolderCalendarStore::remotePeriod * 2);
+        titles(store, {});
+        EXPECT_EQ(store.calendars().size(), isRemote ? before + 1 : before);
+    }
+    EXPECT_FALSE(CalendarFolders::isRemote(path(u"root"_s)));
+}
+
+TEST_F(FolderCalendarStoreTest, KnowsWhoseCalendarsTheyAre)
+{
+    const QByteArray declined("20250603T080000Z\r\nATTENDEE;PARTSTAT=DECLINED:mailto:me@example.org");
+    write(u"root/me@example.org/a.ics"_s, calendar(event("by folder", declined)));
+    write(u"root/Me@Example.org.ics"_s, calendar(event("by file", declined) + event("mine")));
+    write(u"root/team/b.ics"_s, calendar(event("of the team", declined)));
+    const auto listed = [&](const QStringList& addresses) {
+        CalendarBook book({path(u"root"_s)}, addresses);
+        book.refresh();
+        QStringList calendars;
+        for (const CalendarInfo& each : book.calendars())
+            calendars.append(each.identifier);
+        QStringList titles;
+        for (const CalendarEvent& each : book.events(today, today.addDays(7), calendars))
+            titles.append(each.title);
+        titles.sort();
+        return titles;
+    };
+    EXPECT_THAT(listed({}), ElementsAre(u"mine"_s, u"of the team"_s));
+    EXPECT_THAT(listed({u" ME@example.org"_s}), ElementsAre(u"mine"_s));
+}
+
 double secondsOf(clockid_t processor)
 {
     timespec time{};

@@ -97,7 +97,7 @@ TEST_P(HostileCalendarsTest, NoneTakesMuchOrHidesAnother)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, HostileCalendarsTest, ::testing::Values(300'000, 3'000'000, 10'000'000));
+INSTANTIATE_TEST_SUITE_P(Bytes, HostileCalendarsTest, ::testing::Values(1'000'000, 10'000'000));
 
 } // namespace
 } // namespace ambrelle
