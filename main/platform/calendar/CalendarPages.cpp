@@ -10,7 +10,7 @@ namespace ambrelle {
 
 namespace {
 
-std::int64_t bytesOf(const CalendarPage& page)
+std::int64_t weightOf(const CalendarPage& page)
 {
     constexpr std::int64_t ofPage = 1000;
     return ofPage + page.content.bytes;
@@ -73,7 +73,7 @@ bool CalendarPages::readPage(const QString& path, Pages& old, const QList<QByteA
     const auto known = old.find(path);
     const bool isKnown = known != old.end() && known->second.stamp == *stamp;
     const bool hasRoom = isKnown && known->second.fault == PageFault::tooMuchTogether
-        && m_bytesBefore + bytesOf(known->second) <= mostBytes;
+        && m_bytesBefore + weightOf(known->second) <= mostBytes;
     if (isKnown && !hasRoom) {
         keep(path, std::move(known->second));
         return false;
@@ -87,8 +87,8 @@ void CalendarPages::keep(const QString& path, CalendarPage page)
     const auto place = m_pages.emplace(path, std::move(page)).first;
     if (place->second.fault == PageFault::tooMuchTogether)
         return;
-    m_bytes += bytesOf(place->second);
-    m_bySize.insert({bytesOf(place->second), path});
+    m_bytes += weightOf(place->second);
+    m_bySize.insert({weightOf(place->second), path});
     while (m_bytes > mostBytes) {
         const auto largest = std::prev(m_bySize.end());
         CalendarPage& dropped = m_pages.at(largest->second);

@@ -265,7 +265,8 @@ std::optional<CalendarItem> IcsParser::item(const IcsComponent& component)
     if (item.recurrenceId)
         return item;
     for (const QByteArray& text : values.rules()) {
-        auto rule = m_effort.take(effortOfRule) ? RecurrenceRule::parsed(text) : std::nullopt;
+        const int effort = effortOfRule + static_cast<int>(text.size());
+        auto rule = m_effort.take(effort) ? RecurrenceRule::parsed(text) : std::nullopt;
         if (!rule)
             continue;
         if (item.start && item.start->isDay)

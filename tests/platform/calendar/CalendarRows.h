@@ -8,12 +8,26 @@
 
 #include <QDateTime>
 #include <QStringList>
+#include <QTimeZone>
 
 #include <algorithm>
 
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
+
+inline QDateTime dayIn(const char* zone, const char* date)
+{
+    return QDate::fromString(QLatin1StringView(date), Qt::ISODate).startOfDay(QTimeZone(zone));
+}
+
+/// A calendar with one component of these lines.
+inline QByteArray calendarWith(const char* component, const QByteArray& lines)
+{
+    const QByteArray name(component);
+    return "BEGIN:VCALENDAR\r\nBEGIN:" + name + "\r\nUID:one\r\nSUMMARY:One\r\n" + lines + "END:" + name
+        + "\r\nEND:VCALENDAR\r\n";
+}
 
 inline std::chrono::sys_seconds instantOf(const QDateTime& moment)
 {

@@ -26,35 +26,56 @@ QByteArray repeated(const QByteArray& head, const Part& part, const QByteArray& 
     return text + tail;
 }
 
-inline std::vector<HostileCalendar> hostileCalendars()
+namespace hostile {
+
+inline const QByteArray begin("BEGIN:VEVENT\nUID:a\nDTSTART:20250602T100000Z\nRRULE:FREQ=DAILY\n");
+inline const QByteArray end("END:VEVENT\n");
+inline const QByteArray often("BYHOUR=0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23");
+
+/// A calendar of `line` as often as it fits between the two texts.
+inline auto one(const QByteArray& head, const QByteArray& line, const QByteArray& tail)
 {
-    const QByteArray open("BEGIN:VCALENDAR\n");
-    const QByteArray close("END:VCALENDAR\n");
-    const auto one = [=](const QByteArray& head, const QByteArray& line, const QByteArray& tail) {
-        return [=](qsizetype bytes) {
-            return repeated(
-                open + head, [&](int) { return line; }, tail + close, bytes);
-        };
+    return [=](qsizetype bytes) {
+        const auto part = [&](int) { return line; };
+        return repeated("BEGIN:VCALENDAR\n" + head, part, tail + "END:VCALENDAR\n", bytes);
     };
-    const auto many = [=](const std::function<QByteArray(const QByteArray& number)>& component) {
-        return [=](qsizetype bytes) {
-            const auto part = [&](int number) { return component(QByteArray::number(number)); };
-            return repeated(open, part, close, bytes);
-        };
+}
+
+/// A calendar of as many components as fit.
+inline auto many(const std::function<QByteArray(const QByteArray& number)>& component)
+{
+    return [=](qsizetype bytes) {
+        const auto part = [&](int number) { return component(QByteArray::number(number)); };
+        return repeated("BEGIN:VCALENDAR\n", part, "END:VCALENDAR\n", bytes);
     };
-    const auto event = [](const QByteArray& uid, const QByteArray& lines) {
-        return "BEGIN:VEVENT\nUID:" + uid + "\n" + lines + "END:VEVENT\n";
-    };
-    const auto events = [=](const QByteArray& lines) {
-        return many([=](const QByteArray& number) { return event(number, lines); });
-    };
-    const auto half = [](const QByteArray& rule) {
-        return "BEGIN:STANDARD\nDTSTART:16010101T000000\nTZOFFSETFROM:+0000\nTZOFFSETTO:+0100\nRRULE:" + rule
-            + "\nEND:STANDARD\n";
-    };
-    const QByteArray begin("BEGIN:VEVENT\nUID:a\nDTSTART:20250602T100000Z\nRRULE:FREQ=DAILY\n");
-    const QByteArray end("END:VEVENT\n");
-    const QByteArray often("BYHOUR=0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23");
+}
+
+inline QByteArray event(const QByteArray& uid, const QByteArray& lines)
+{
+    return "BEGIN:VEVENT\nUID:" + uid + "\n" + lines + "END:VEVENT\n";
+}
+
+inline auto events(const QByteArray& lines)
+{
+    return many([=](const QByteArray& number) { return event(number, lines); });
+}
+
+inline QByteArray half(const QByteArray& rule)
+{
+    return "BEGIN:STANDARD\nDTSTART:16010101T000000\nTZOFFSETFROM:+0000\nTZOFFSETTO:+0100\nRRULE:" + rule
+        + "\nEND:STANDARD\n";
+}
+
+/// Each number has another one.
+inline QByteArray moment(int number)
+{
+    const auto two = [](int value) { return QByteArray::number(value).rightJustified(2, '0'); };
+    return QByteArray::number(1900 + number / 8064) + two(1 + number % 12) + two(1 + number / 12 % 28) + 'T'
+        + two(number / 336 % 24) + "0000Z";
+}
+
+inline std::vector<HostileCalendar> ofItems()
+{
     return {
         {"events as small as can be", one({}, "BEGIN:VEVENT\nDTSTART:20250602\nEND:VEVENT\n", {})},
         {"small events with names", events("DTSTART:20250603T100000Z\n")},
@@ -66,10 +87,21 @@ inline std::vector<HostileCalendar> hostileCalendars()
          })},
         {"changes from each occurrence on", many([=](const QByteArray& number) {
              return event("a",
-                 number == "0" ? QByteArray("DTSTART:19000101T100000Z\nRRULE:FREQ=HOURLY\n")
-                               : "RECURRENCE-ID;RANGE=THISANDFUTURE:2025" + number.rightJustified(4, '0', true)
-                         + "T100000Z\nDTSTART:21250603T100000Z\n");
+                 number == "0"
+                     ? QByteArray("DTSTART:19000101T100000Z\nRRULE:FREQ=HOURLY\n")
+                     : "RECURRENCE-ID;RANGE=THISANDFUTURE:" + moment(number.toInt()) + "\nDTSTART:21250603T100000Z\n");
          })},
+        {"reminders that never come", many([](const QByteArray& number) {
+             return "BEGIN:VTODO\nUID:" + number
+                 + "\nDTSTART:19010101T000000Z\nRRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30\nEND:VTODO\n";
+         })},
+        {"reminders as small as can be", one({}, "BEGIN:VTODO\nEND:VTODO\n", {})},
+    };
+}
+
+inline std::vector<HostileCalendar> ofRules()
+{
+    return {
         {"rules that never give anything",
             events("DTSTART:19010101T000000Z\nRRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30\n")},
         {"rules by the second", events("DTSTART:19010101T000000Z\nRRULE:FREQ=SECONDLY\n")},
@@ -91,6 +123,12 @@ inline std::vector<HostileCalendar> hostileCalendars()
         {"positions in long lists of moments",
             events("DTSTART:00010602T100000Z\nRRULE:FREQ=YEARLY;BYDAY=MO,TU,WE,TH,FR,SA,SU;COUNT=2000000000;" + often
                 + ";BYMINUTE=0,1,2,3,4,5,6,7,8,9;BYSETPOS=" + QByteArray("300,").repeated(380) + "1\n")},
+    };
+}
+
+inline std::vector<HostileCalendar> ofLines()
+{
+    return {
         {"exceptions", one(begin, "EXDATE:20250603T100000Z,20250604,20250605,20250606,20250607,20250608\n", end)},
         {"exceptions in a line", one(begin + "EXDATE:20250603T100000Z", ",20250604", "\n" + end)},
         {"additions and exceptions of many",
@@ -116,6 +154,12 @@ inline std::vector<HostileCalendar> hostileCalendars()
         {"a parameter of one huge line", one("BEGIN:VEVENT\nDTSTART;TZID=", "aaaaaaaa", ":20250602T100000\n" + end)},
         {"a rule of one huge line", one(begin + "RRULE:FREQ=DAILY;BYDAY=", "MO,TU,", "FR\n" + end)},
         {"guests", one(begin, "ATTENDEE;PARTSTAT=DECLINED:mailto:nobody@example.org\n", end)},
+    };
+}
+
+inline std::vector<HostileCalendar> ofZones()
+{
+    return {
         {"zones that nobody knows", many([=](const QByteArray& number) {
              return "BEGIN:VEVENT\nDTSTART;TZID=Europe/X" + number + ":20250602T100000\nEND:VEVENT\n";
          })},
@@ -128,12 +172,17 @@ inline std::vector<HostileCalendar> hostileCalendars()
                 "END:VTIMEZONE\nBEGIN:VEVENT\nDTSTART;TZID=Z:20250602T100000\nEND:VEVENT\n")},
         {"empty zones",
             many([](const QByteArray& number) { return "BEGIN:VTIMEZONE\nTZID:" + number + "\nEND:VTIMEZONE\n"; })},
-        {"reminders that never come", many([](const QByteArray& number) {
-             return "BEGIN:VTODO\nUID:" + number
-                 + "\nDTSTART:19010101T000000Z\nRRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30\nEND:VTODO\n";
-         })},
-        {"reminders as small as can be", one({}, "BEGIN:VTODO\nEND:VTODO\n", {})},
     };
+}
+
+} // namespace hostile
+
+inline std::vector<HostileCalendar> hostileCalendars()
+{
+    std::vector<HostileCalendar> all;
+    for (const auto& some : {hostile::ofItems(), hostile::ofRules(), hostile::ofLines(), hostile::ofZones()})
+        all.insert(all.end(), some.begin(), some.end());
+    return all;
 }
 
 } // namespace ambrelle
