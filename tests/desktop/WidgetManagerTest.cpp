@@ -130,7 +130,7 @@ TEST_F(WidgetManagerTest, TellsEveryChangeOfTheListAndOfARecordOnceItIsStored)
     narrow.visibleFrame.setWidth(1000);
     EXPECT_EQ(after([&] { desk.show({narrow}); }), "cpu") << "the other one stays";
     EXPECT_EQ(after([&] { desk.show({narrow}); }), "");
-    EXPECT_EQ(after([&] { desk.manager.applyPreset(Skin::slate); }), "list 11") << "one change";
+    EXPECT_EQ(after([&] { desk.manager.applyPreset(Skin::slate, false); }), "list 11") << "one change";
     EXPECT_EQ(after([&] { desk.manager.remove(desk.manager.controllers().last()); }), "list 10");
     EXPECT_EQ(after([&] { desk.manager.removeAll(); }), "list 0");
     EXPECT_EQ(after([&] { desk.manager.removeAll(); }), "");
@@ -142,7 +142,7 @@ TEST_F(WidgetManagerTest, PlacesWidgetsWithoutAWorkAreaAndWithoutAScreen)
     bare.visibleFrame = {};
     desk.host.setScreens({bare});
     EXPECT_EQ(desk.manager.add(cpu)->widgetFrame(), QRectF(1250, 710, 170, 170));
-    desk.manager.applyPreset(Skin::paper);
+    desk.manager.applyPreset(Skin::paper, false);
     for (const WidgetConfig& widget : desk.live()) {
         EXPECT_TRUE(bare.frame.contains(widget.frame()));
         EXPECT_GT(widget.fit, 0.8) << "as on a screen without room";
