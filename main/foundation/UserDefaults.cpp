@@ -3,17 +3,12 @@
 #include "foundation/UserDefaults.h"
 
 #include "foundation/Json.h"
-#include "foundation/WholeFile.h"
+#include "foundation/SettingsFile.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
 
 #include <cmath>
-#include <cstdio>
-#include <filesystem>
-#include <utility>
 
 namespace ambrelle {
 
@@ -21,69 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 greatestSize = 64 * 1024 * 1024;
-
-void complain(const QString& sentence)
-{
-    std::fprintf(stderr, "ambrelle: %s\n", qUtf8Printable(sentence));
-}
-
 QString configurationFolder()
 {
     const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");
     return QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + u"/.config"_s;
-}
-
-// The object in the file, or why there is none.
-struct Contents {
-    std::optional<QJsonObject> values;
-    QString fault;
-};
-
-Contents readObject(const QString& path)
-{
-    // Opening anything but a plain file could wait for ever.
-    if (!QFileInfo(path).isFile())
-        return {std::nullopt, u"it is not a file"_s};
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {std::nullopt, file.errorString()};
-    if (file.size() > greatestSize)
-        return {std::nullopt, u"it is too large"_s};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return {std::nullopt, file.errorString()};
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error != QJsonParseError::NoError)
-        return {std::nullopt, error.errorString()};
-    if (!document.isObject())
-        return {std::nullopt, u"it holds no object"_s};
-    return {document.object(), {}};
-}
-
-// "defaults.json.damaged", else the first free of "….damaged-2", "-3" and so on.
-QString freeName(const QString& path)
-{
-    const QString first = path + u".damaged"_s;
-    QString name = first;
-    const auto taken = [&name] {
-        std::error_code none;
-        const auto status = std::filesystem::symlink_status(QFile::encodeName(name).toStdString(), none);
-        return status.type() != std::filesystem::file_type::not_found;
-    };
-    for (int i = 2; taken(); ++i)
-        name = first + u"-%1"_s.arg(i);
-    return name;
-}
-
-void moveAside(const QString& path, const QString& fault)
-{
-    const QString kept = freeName(path);
-    const bool moved = std::rename(QFile::encodeName(path).constData(), QFile::encodeName(kept).constData()) == 0;
-    complain(u"The settings in %1 cannot be read (%2). "_s.arg(path, fault)
-        + (moved ? u"They are kept as %1; the defaults apply."_s.arg(kept)
-                 : u"They stay where they are; the defaults apply."_s));
 }
 
 template <typename T> std::optional<T> typed(const QJsonObject& values, const QString& key)
@@ -103,19 +39,14 @@ std::optional<QJsonValue> nested(const QByteArray& text)
 
 } // namespace
 
-UserDefaults::UserDefaults(QString path)
-    : m_path(std::move(path))
+UserDefaults::UserDefaults(const QString& path)
+    : m_file(path.isEmpty() ? nullptr : std::make_unique<SettingsFile>(path))
 {
-    const QFileInfo file(m_path);
-    if (m_path.isEmpty() || !file.exists())
-        return;
-    m_path = file.canonicalFilePath(); // a link to the file stays a link
-    Contents contents = readObject(m_path);
-    if (contents.values)
-        m_values = *std::move(contents.values);
-    else
-        moveAside(m_path, contents.fault);
+    if (m_file)
+        m_values = m_file->loaded();
 }
+
+UserDefaults::~UserDefaults() = default;
 
 UserDefaults& UserDefaults::shared()
 {
@@ -214,13 +145,23 @@ bool UserDefaults::put(const QString& key, const QJsonValue& value)
 
 bool UserDefaults::save()
 {
-    if (m_path.isEmpty())
-        return true;
-    const QString reason = writeWhole(m_path, QJsonDocument(m_values).toJson(QJsonDocument::Indented), Readers::owner);
-    m_unsaved = !reason.isEmpty();
-    if (m_unsaved && !std::exchange(m_complained, true))
-        complain(u"Settings cannot be saved in %1 (%2)."_s.arg(m_path, reason));
-    return !m_unsaved;
+    if (m_openTransactions > 0)
+        m_unsaved = true;
+    else
+        m_unsaved = m_file && !m_file->store(m_values);
+    return m_openTransactions > 0 || !m_unsaved;
+}
+
+UserDefaults::Transaction::Transaction(UserDefaults& defaults)
+    : m_defaults(defaults)
+{
+    ++m_defaults.m_openTransactions;
+}
+
+UserDefaults::Transaction::~Transaction()
+{
+    if (--m_defaults.m_openTransactions == 0 && m_defaults.m_unsaved)
+        m_defaults.save();
 }
 
 } // namespace ambrelle

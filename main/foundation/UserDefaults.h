@@ -7,18 +7,23 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 
 namespace ambrelle {
 
-/// A typed key-value store in one JSON file. Every write is on the disk, whole, before the call returns; keys this
-/// version does not know survive. Reads give nothing when the key is absent or holds another type: a string is not an
-/// integer, an integer is not a Boolean.
+class SettingsFile;
+
+/// A typed key-value store in one JSON file, of one thread. What a setter was given outlives the process, however that
+/// ends, from the setter's return on, and a power cut after a second; no setter waits for the disk to flush, only the
+/// store's end does, two seconds at most. Keys this version does not know survive. Reads give nothing when the key is
+/// absent or holds another type: a string is not an integer, an integer is not a Boolean.
 class UserDefaults {
 public:
     /// Opens the store kept in `path`. A damaged file is moved aside under another name, a sentence about it goes to
     /// standard error, and the store starts empty.
-    explicit UserDefaults(QString path);
+    explicit UserDefaults(const QString& path);
+    ~UserDefaults(); ///< what is not on the disk yet gets there, if it can within two seconds
     /// The user's own store, `ambrelle/defaults.json` below the XDG configuration folder.
     static UserDefaults& shared();
     /// A store that lives in memory only.
@@ -38,9 +43,20 @@ public:
     /// A blob: UTF-8 JSON text that another type encodes and decodes.
     std::optional<QByteArray> data(const QString& key) const;
 
+    /// While one lives, setters write nothing; what they set is stored as one when the last is gone.
+    class Transaction {
+    public:
+        explicit Transaction(UserDefaults& defaults);
+        ~Transaction();
+        Q_DISABLE_COPY_MOVE(Transaction)
+
+    private:
+        UserDefaults& m_defaults;
+    };
+
     /// Each setter gives false, and keeps the file as it was, when the disk refuses; the value holds for this run, and
-    /// the next setter tries to write it again. A number that is not finite, or a blob that is not UTF-8, is refused.
-    /// A value equal to the stored one is not written.
+    /// is written again by the next setter and every ten seconds. A number that is not finite, or a blob that is not
+    /// UTF-8, is refused. A value equal to the stored one is not written.
     bool set(const QString& key, bool value);
     bool set(const QString& key, int value);
     bool set(const QString& key, double value);
@@ -54,10 +70,10 @@ private:
     bool put(const QString& key, const QJsonValue& value);
     bool save();
 
-    QString m_path; // empty: in memory only
+    std::unique_ptr<SettingsFile> m_file; // none: in memory only
     QJsonObject m_values;
-    bool m_unsaved = false; // the file lacks something of m_values
-    bool m_complained = false;
+    int m_openTransactions = 0;
+    bool m_unsaved = false; // what is stored lacks something of m_values
 };
 
 } // namespace ambrelle
