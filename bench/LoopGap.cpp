@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 // Preloaded into the program, notes how long its main thread was away from its event loop, as lines of
-// "seconds-since-start wall-ms cpu-ms" in the file that AMBRELLE_GAPS names when the program ends.
+// "seconds-since-start wall-ms cpu-ms queued-ms" in the file that AMBRELLE_GAPS names when the program ends. Queued is how
+// long it waited for a processor that others had.
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -19,6 +21,7 @@ namespace {
 struct Moment {
     double wall = 0; // all in milliseconds
     double cpu = 0;
+    double queued = 0;
 };
 
 struct Gap {
@@ -40,9 +43,20 @@ double read(clockid_t clock)
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
+/// The second figure of the thread's statistics, in nanoseconds; 0 where the kernel keeps none.
+double queued()
+{
+    static const int file = open("/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC); // the main thread's
+    std::array<char, 80> text{};
+    if (file < 0 || pread(file, text.data(), text.size() - 1, 0) <= 0)
+        return 0;
+    const char* second = std::strchr(text.data(), ' ');
+    return second ? std::atof(second) / 1e6 : 0;
+}
+
 Moment now()
 {
-    return {read(CLOCK_MONOTONIC), read(CLOCK_THREAD_CPUTIME_ID)};
+    return {read(CLOCK_MONOTONIC), read(CLOCK_THREAD_CPUTIME_ID), queued()};
 }
 
 /// The event loop waits for its wake-up among others; the main thread also waits for single answers, within its work.
@@ -66,7 +80,7 @@ void arrive()
     if (!isAway)
         start = here;
     else if (here.wall - left.wall > noticeable)
-        gaps.push_back({(left.wall - start.wall) / 1e3, {here.wall - left.wall, here.cpu - left.cpu}});
+        gaps.push_back({(left.wall - start.wall) / 1e3, {here.wall - left.wall, here.cpu - left.cpu, here.queued - left.queued}});
 }
 
 void leave()
@@ -93,7 +107,7 @@ struct Report {
         if (!file)
             return;
         for (const Gap& gap : gaps)
-            std::fprintf(file, "%.3f %.2f %.2f\n", gap.at, gap.length.wall, gap.length.cpu);
+            std::fprintf(file, "%.3f %.2f %.2f %.2f\n", gap.at, gap.length.wall, gap.length.cpu, gap.length.queued);
         std::fclose(file);
     }
 } report;

@@ -102,9 +102,9 @@ def gaps(program):
         found = [tuple(map(float, line.split())) for line in (home / "gaps").read_text().splitlines()]
     later = sorted((gap for gap in found if gap[0] > FIRST_WIDGETS), key=lambda gap: -gap[1])
     print(f"{len(later)} gaps of 1 ms and more; the longest after the first {FIRST_WIDGETS} s:")
-    for at, wall, cpu in later[:8]:
+    for at, wall, cpu, _ in later[:8]:
         print(f"  {wall:6.1f} ms ({cpu:.1f} of processor time) after {at:.1f} s")
-    at, wall, cpu = max((gap for gap in found if gap[0] <= FIRST_WIDGETS), key=lambda gap: gap[1])
+    at, wall, cpu, _ = max((gap for gap in found if gap[0] <= FIRST_WIDGETS), key=lambda gap: gap[1])
     print(f"before that {wall:.1f} ms ({cpu:.1f}) after {at:.1f} s")
 
 

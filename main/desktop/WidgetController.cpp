@@ -22,7 +22,7 @@ WidgetController::WidgetController(const StoredWidget& widget, const Collaborato
           {.pressed = [this] { Q_EMIT touched(); },
               .isLocked = [this] { return m_with.settings.locked(); },
               .dragged = [this](const QRectF& wanted,
-                             Qt::KeyboardModifiers held) { return m_with.drags.place(*this, wanted, held); },
+                             Qt::KeyboardModifiers held) { return dragged(m_with.drags.place(*this, wanted, held)); },
               .dragEnded = [this](QPointF origin) { dragEnded(origin); },
               .clicked = [this](const FaceAction& action) { Q_EMIT clicked(action); },
               .toolbarUsed = [this](WidgetToolbar::Button button) { toolbarUsed(button); },
@@ -59,6 +59,7 @@ void WidgetController::change(const std::function<void(WidgetConfig&)>& edit)
         ScreenPlacement::settle(m_widget, m_with.host.screens());
     else if (config.size() != before.size())
         ScreenPlacement::resized(m_widget, before, m_with.host.screens());
+    Q_EMIT recordChanged();
     show(before);
     Q_EMIT changed();
 }
@@ -148,8 +149,26 @@ void WidgetController::close()
     m_panel.close();
 }
 
+StoredWidget WidgetController::record() const
+{
+    StoredWidget record = m_widget;
+    if (m_draggedTo) {
+        record.config.origin = *m_draggedTo;
+        ScreenPlacement::settle(record, m_with.host.screens());
+    }
+    return record;
+}
+
+QPointF WidgetController::dragged(QPointF origin)
+{
+    m_draggedTo = origin;
+    Q_EMIT recordChanged();
+    return origin;
+}
+
 void WidgetController::dragEnded(QPointF origin)
 {
+    m_draggedTo.reset();
     m_with.drags.ended();
     change([&](WidgetConfig& config) { config.origin = origin; });
     place();

@@ -4,6 +4,7 @@
 
 #include "desktop/StoredWidget.h"
 #include "desktop/WidgetPanel.h"
+#include "desktop/WidgetStore.h"
 #include "desktop/WindowFade.h"
 
 #include <QObject>
@@ -13,7 +14,8 @@ namespace ambrelle {
 class AppSettings;
 class DragHelp;
 
-/// One live widget: its record, its panel, and every way of changing it. A change is shown, and then told by changed().
+/// One live widget: its record, its panel, and every way of changing it. A change is stored by who hears
+/// recordChanged(), then shown, and then told by changed(): what was seen is not lost, whenever the program is killed.
 class WidgetController : public QObject {
     Q_OBJECT
 public:
@@ -30,6 +32,7 @@ public:
 
     const WidgetConfig& config() const { return m_widget.config; }
     const StoredWidget& stored() const { return m_widget; } ///< the record with what ScreenPlacement knows
+    StoredWidget record() const; ///< as it is to be stored; in the middle of a drag, where it is shown
     QRectF widgetFrame() const { return config().frame(); } ///< global points, y up
     bool isHovering() const { return m_panel.isHovering(); }
     bool moves() const { return m_panel.moves(); } ///< its face has moving parts, paused or not
@@ -64,6 +67,7 @@ public:
     void close(); ///< the widget goes for good
 
 Q_SIGNALS:
+    void recordChanged(); ///< nobody has seen it yet
     void changed();
     void touched(); ///< a button was pressed on it
     void closed(); ///< it went for good; the last signal
@@ -74,6 +78,7 @@ Q_SIGNALS:
     void motionChanged(); ///< moves() has; told while painting
 
 private:
+    QPointF dragged(QPointF origin);
     void dragEnded(QPointF origin);
     void toolbarUsed(WidgetToolbar::Button button);
     void show(const WidgetConfig& before);
@@ -81,6 +86,7 @@ private:
     FaceLook look() const;
 
     StoredWidget m_widget;
+    std::optional<QPointF> m_draggedTo; // in a drag
     Collaborators m_with;
     bool m_occluded = false;
     bool m_faded = false;

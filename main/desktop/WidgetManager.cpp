@@ -11,6 +11,7 @@
 #include "wallpapers/DesktopWallpaper.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ambrelle {
 
@@ -21,8 +22,8 @@ constexpr QRectF roomWithoutScreen(0, 0, 1024, 600);
 
 } // namespace
 
-/// Holds the saves of the steps of one change back; when it is complete it is stored once, and told once if it was one
-/// of the list.
+/// Holds back what the steps of one change store, show and tell; when it is complete, all is stored at once, then
+/// shown, and told once if it was a change of the list.
 class WidgetManager::Change {
 public:
     explicit Change(WidgetManager& manager)
@@ -36,6 +37,7 @@ public:
         if (--m_manager.m_openChanges > 0)
             return;
         m_manager.save();
+        m_manager.showChange();
         if (m_manager.m_controllers != m_before)
             m_manager.listChanged();
     }
@@ -76,7 +78,7 @@ void WidgetManager::save()
     QList<StoredWidget> widgets;
     for (WidgetController* controller : m_controllers) {
         controller->rememberDisplay();
-        widgets.append(controller->stored());
+        widgets.append(controller->record());
     }
     m_store.save(widgets);
 }
@@ -92,8 +94,10 @@ WidgetController* WidgetManager::add(WidgetKind kind, std::optional<Skin> skin, 
             taken.append(controller->widgetFrame());
         config.origin = freeSpot(config.size(), roomOfMainScreen(), taken);
     }
-    const Change change(*this);
-    open(QList<StoredWidget>{{config}});
+    {
+        const Change change(*this);
+        open(QList<StoredWidget>{{config}});
+    }
     return m_controllers.last();
 }
 
@@ -114,6 +118,7 @@ void WidgetManager::open(const StoredWidget& widget)
 {
     auto* controller =
         new WidgetController(widget, {m_with.host, m_with.settings, m_with.clock, m_layers, m_drags}, this);
+    connect(controller, &WidgetController::recordChanged, this, &WidgetManager::save);
     connect(controller, &WidgetController::changed, this, [this, controller] { controllerChanged(controller); });
     connect(controller, &WidgetController::touched, this, [this, controller] { touched(controller); });
     connect(controller, &WidgetController::removeRequested, this, [this, controller] { remove(controller); });
@@ -128,15 +133,20 @@ void WidgetManager::open(const StoredWidget& widget)
     m_controllers.append(controller);
     m_stacking.append(controller);
     m_readings.renew(*controller);
-    controller->show();
+    if (m_openChanges > 0)
+        m_coming.append(controller);
+    else
+        controller->show();
 }
 
-void WidgetManager::drop(WidgetController* controller)
+void WidgetManager::showChange()
 {
-    // It may be in the middle of telling that its button was pressed.
-    m_stacking.removeOne(controller);
-    controller->close();
-    controller->deleteLater();
+    for (WidgetController* controller : std::exchange(m_leaving, {})) {
+        controller->close();
+        controller->deleteLater(); // it may be in the middle of telling that its button was pressed
+    }
+    for (WidgetController* controller : std::exchange(m_coming, {}))
+        controller->show();
 }
 
 void WidgetManager::removeIf(const std::function<bool(const WidgetController&)>& goes)
@@ -145,7 +155,9 @@ void WidgetManager::removeIf(const std::function<bool(const WidgetController&)>&
     m_controllers.removeIf([&](WidgetController* controller) {
         if (!goes(*controller))
             return false;
-        drop(controller);
+        m_coming.removeOne(controller);
+        m_stacking.removeOne(controller);
+        m_leaving.append(controller);
         return true;
     });
 }
@@ -264,7 +276,6 @@ void WidgetManager::controllerChanged(WidgetController* controller)
     m_demand.update();
     m_readings.renew(*controller);
     m_overlap.update();
-    save();
     Q_EMIT configChanged(controller);
 }
 

@@ -87,7 +87,7 @@ private:
 
     void open(QList<StoredWidget> widgets);
     void open(const StoredWidget& widget);
-    void drop(WidgetController* controller);
+    void showChange();
     void removeIf(const std::function<bool(const WidgetController&)>& goes);
     QRectF roomOfMainScreen() const;
     void touched(WidgetController* controller);
@@ -99,6 +99,8 @@ private:
     LayerCache m_layers;
     QList<WidgetController*> m_controllers; // children of this
     QList<WidgetController*> m_stacking; // the same, the one touched last at the end
+    QList<WidgetController*> m_coming; // to be shown when the open change is stored
+    QList<WidgetController*> m_leaving; // to be closed then
     WidgetStore m_store;
     DragHelp m_drags;
     EditBackdrops m_editBackdrops;

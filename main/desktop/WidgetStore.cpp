@@ -44,6 +44,7 @@ void WidgetStore::save(const QList<StoredWidget>& widgets)
         if (widget.home)
             homes.insert(homeKey(widget.config), widget.encodePlace());
     }
+    const UserDefaults::Transaction both(m_defaults);
     m_defaults.setData(storageKey, WidgetConfig::encodeList(configs));
     if (homes != m_defaults.object(homesKey).value_or(QJsonObject()))
         m_defaults.set(homesKey, homes);

@@ -41,10 +41,9 @@ PercentSlider::PercentSlider(QWidget* parent)
     row->addWidget(m_figure);
     setFocusProxy(m_slider);
     showFigure(m_slider->value());
-    connect(m_slider, &QSlider::valueChanged, this, [this](int percent) {
-        showFigure(percent);
-        Q_EMIT chose(static_cast<double>(percent) / whole);
-    });
+    // The new position is told to assistive technology after this, and by then it has to be stored.
+    connect(m_slider, &QSlider::actionTriggered, this, [this] { choose(m_slider->sliderPosition()); });
+    connect(m_slider, &QSlider::valueChanged, this, &PercentSlider::choose);
 }
 
 void PercentSlider::setValue(double value)
@@ -58,6 +57,12 @@ void PercentSlider::setAccessibleName(const QString& name)
 {
     QWidget::setAccessibleName(name);
     m_slider->setAccessibleName(name);
+}
+
+void PercentSlider::choose(int percent)
+{
+    showFigure(percent);
+    Q_EMIT chose(static_cast<double>(percent) / whole);
 }
 
 void PercentSlider::showFigure(int percent)

@@ -19,9 +19,10 @@ public:
     void setAccessibleName(const QString& name);
 
 Q_SIGNALS:
-    void chose(double value); ///< by the user, 0 to 1
+    void chose(double value); ///< by the user, 0 to 1; may be told twice
 
 private:
+    void choose(int percent);
     void showFigure(int percent);
 
     QSlider* m_slider;

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The whole program on the display of a test, which names it as its first argument."""
 import contextlib
+import hashlib
 import json
 import os
 import shutil
@@ -134,7 +135,22 @@ class Session:
             places.append(tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
         return sorted(places)
 
+    def unflushed(self):
+        """The newest version that the program wrote beside its file of settings, and would find after a kill."""
+        versions = []
+        for file in self.store.parent.glob(self.store.name + ".latest-*"):
+            seal, _, rest = file.read_bytes().partition(b"\n")
+            _, digest, length = seal.split()
+            body = rest[:int(length)]
+            if hashlib.sha256(body).hexdigest() == digest.decode():
+                about, _, values = body.partition(b"\n")
+                versions.append((int(about.split()[0]), values))
+        return max(versions)[1] if versions else None
+
     def stored(self):
+        with contextlib.suppress(FileNotFoundError, ValueError):  # gone or overwritten while it is read
+            if values := self.unflushed():
+                return json.loads(values)
         return json.loads(self.store.read_text())
 
     def widgets(self):
