@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 // Preloaded into the program, notes how long its main thread was away from its event loop, as lines of
-// "seconds-since-start wall-ms cpu-ms queued-ms" in the file that AMBRELLE_GAPS names when the program ends. Queued is how
-// long it waited for a processor that others had.
+// "seconds-since-start wall-ms cpu-ms queued-ms" in the file that AMBRELLE_GAPS names when the program ends. Queued is
+// how long it waited for a processor that others had.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <poll.h>
@@ -80,7 +80,8 @@ void arrive()
     if (!isAway)
         start = here;
     else if (here.wall - left.wall > noticeable)
-        gaps.push_back({(left.wall - start.wall) / 1e3, {here.wall - left.wall, here.cpu - left.cpu, here.queued - left.queued}});
+        gaps.push_back(
+            {(left.wall - start.wall) / 1e3, {here.wall - left.wall, here.cpu - left.cpu, here.queued - left.queued}});
 }
 
 void leave()

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-// Preloaded into the program, makes the disk slow: whatever waits for it to flush waits AMBRELLE_FLUSH milliseconds (200)
-// longer. The file that AMBRELLE_FLUSHES names gets a line of "seconds-since-start thread" for each: "main" or "other".
+// Preloaded into the program, makes the disk slow: whatever waits for it to flush waits AMBRELLE_FLUSH milliseconds
+// (200) longer. The file that AMBRELLE_FLUSHES names gets a line of "seconds-since-start thread" for each: "main" or
+// "other".
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/syscall.h>
@@ -33,10 +34,11 @@ void note()
     if (file < 0)
         return;
     const timespec now = timeNow();
-    const double at = static_cast<double>(now.tv_sec - start.tv_sec) + static_cast<double>(now.tv_nsec - start.tv_nsec) / 1e9;
+    const double at =
+        static_cast<double>(now.tv_sec - start.tv_sec) + static_cast<double>(now.tv_nsec - start.tv_nsec) / 1e9;
     std::array<char, 64> line{};
-    const int length = std::snprintf(
-        line.data(), line.size(), "%.3f %s\n", at, syscall(SYS_gettid) == getpid() ? "main" : "other");
+    const int length =
+        std::snprintf(line.data(), line.size(), "%.3f %s\n", at, syscall(SYS_gettid) == getpid() ? "main" : "other");
     [[maybe_unused]] const auto written = write(file, line.data(), static_cast<size_t>(length));
     close(file);
 }

@@ -249,6 +249,51 @@ TEST_F(WidgetManagerTest, TakesGuestsInWhileTheirScreenIsAway)
     EXPECT_EQ(desk.stored(), before);
 }
 
+TEST_F(WidgetManagerTest, NothingIsShownBeforeItIsStored)
+{
+    const auto shown = [this] {
+        QList<QRectF> frames;
+        for (const RecordingPanel* panel : desk.host.panels()) {
+            if (panel->isVisible())
+                frames.append(panel->frame());
+        }
+        return frames;
+    };
+    WidgetController* widget = desk.add(cpu, {100, 100});
+    const QRectF before = widget->widgetFrame();
+    int told = 0;
+    QObject::connect(widget, &WidgetController::recordChanged, &desk.manager, [&] {
+        ++told;
+        EXPECT_NE(desk.stored().first().frame(), before);
+        EXPECT_EQ(shown(), QList{PanelGeometry::panelFrame(before)});
+    });
+    widget->setScale(WidgetScale::large);
+    EXPECT_EQ(told, 1);
+    QObject::disconnect(widget, &WidgetController::recordChanged, &desk.manager, nullptr);
+
+    QObject::connect(widget, &WidgetController::closed, &desk.manager, [&] {
+        ++told;
+        EXPECT_GT(desk.stored().size(), 3) << "the next layout was not stored before the old one went";
+        EXPECT_EQ(shown().size(), 1);
+    });
+    desk.manager.applyPreset(Skin::glass);
+    EXPECT_EQ(told, 2);
+}
+
+TEST_F(WidgetManagerTest, ADragIsStoredWhereverItHasGot)
+{
+    const WidgetController* widget = desk.add(cpu, {100, 100});
+    const QPointF grip = widget->widgetFrame().center();
+    desk.host.press(grip);
+    for (const QPointF by : {QPointF(40, 10), QPointF(203, 57)}) {
+        desk.host.movePointer(grip + by, Qt::ShiftModifier);
+        EXPECT_EQ(desk.stored().first().origin, QPointF(100, 100) + by);
+    }
+    EXPECT_EQ(widget->config().origin, QPointF(100, 100)) << "it has not been dropped";
+    desk.host.release(grip + QPointF(203, 57));
+    EXPECT_EQ(desk.stored(), desk.live());
+}
+
 struct AppearanceTest : WidgetManagerTest {
     RecordingAppearance& appearance = desk.appearance;
     DesktopWallpaper& wallpaper = desk.wallpaper;

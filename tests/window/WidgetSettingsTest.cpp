@@ -60,6 +60,21 @@ struct WidgetSettingsTest : DeskTest {
     }
 };
 
+TEST_F(WidgetSettingsTest, ASliderIsStoredBeforeItTellsAssistiveTechnology)
+{
+    WidgetController& widget = opened(WidgetKind::cpu);
+    auto* slider = control<QSlider>(u"Opacity"_s);
+    QList<std::pair<int, long>> stored; // the slider's value, and that of the record
+    QObject::connect(&widget, &WidgetController::recordChanged, slider, [&] {
+        stored.append({slider->value(), std::lround(desk.stored().first().opacity * 100)});
+    });
+    for (const int key : {Qt::Key_Left, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_Right})
+        sendKey(slider, key);
+    const QList<std::pair<int, long>> each{{100, 99}, {99, 89}, {89, 0}, {0, 1}};
+    EXPECT_EQ(stored, each);
+    EXPECT_EQ(slider->value(), 1);
+}
+
 TEST_F(WidgetSettingsTest, EveryControlIsShownAndStoredAtOnce)
 {
     struct Case {
