@@ -25,7 +25,7 @@ timespec timeNow()
     return time;
 }
 
-const timespec start = timeNow();
+const timespec loaded = timeNow();
 
 void note()
 {
@@ -35,7 +35,7 @@ void note()
         return;
     const timespec now = timeNow();
     const double at =
-        static_cast<double>(now.tv_sec - start.tv_sec) + static_cast<double>(now.tv_nsec - start.tv_nsec) / 1e9;
+        static_cast<double>(now.tv_sec - loaded.tv_sec) + static_cast<double>(now.tv_nsec - loaded.tv_nsec) / 1e9;
     std::array<char, 64> line{};
     const int length =
         std::snprintf(line.data(), line.size(), "%.3f %s\n", at, syscall(SYS_gettid) == getpid() ? "main" : "other");
