@@ -30,7 +30,7 @@ FORMAT = re.compile(r"expected |[dMy, ]+$|\[Desktop Entry\]|remote control$|Stan
 # Places of nothing but such texts, or of contents where a language would choose its own.
 EXEMPT = {
     "app/": "said in a terminal, before there is a desktop or without one",
-    "foundation/UserDefaults.cpp": "said in a terminal",
+    "foundation/SettingsFile.cpp": "said in a terminal",
     "model/NearestCity.cpp": "a gazetteer, as a geocoder's answers are",
     "platform/mac/ScriptPlayers.cpp": "programs for another interpreter",
     "platform/recording/": "tests",
