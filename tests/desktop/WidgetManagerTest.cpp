@@ -276,7 +276,7 @@ TEST_F(WidgetManagerTest, NothingIsShownBeforeItIsStored)
         EXPECT_GT(desk.stored().size(), 3) << "the next layout was not stored before the old one went";
         EXPECT_EQ(shown().size(), 1);
     });
-    desk.manager.applyPreset(Skin::glass);
+    desk.manager.applyPreset(Skin::glass, false);
     EXPECT_EQ(told, 2);
 }
 
