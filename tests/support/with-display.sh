@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 # Runs a command on a virtual display of its own, with a session bus and a window manager:
 #     with-display.sh MANAGER COMMAND [ARGUMENT...]
-# MANAGER is openbox, xfwm4 or none. Ends with the command's status, or with 77 where a tool is missing.
+# MANAGER is the command of a window manager, run as below, or none. Ends with the command's status, or with 77 where a tool is missing.
 # AMBRELLE_TEST_SCREEN sets the size of the screen (1280x800).
 set -u
 
@@ -51,6 +51,11 @@ unset WAYLAND_DISPLAY
 cat >"$folder/session.sh" <<'SESSION'
 case $AMBRELLE_TEST_MANAGER in
     xfwm4) xfwm4 --compositor=off --vblank=off >"$1/manager.log" 2>&1 & managerProcess=$! ;;
+    kwin_x11) KWIN_COMPOSE=N kwin_x11 >"$1/manager.log" 2>&1 & managerProcess=$! ;;
+    mutter) LIBGL_ALWAYS_SOFTWARE=1 mutter --x11 >"$1/manager.log" 2>&1 & managerProcess=$! ;;
+    metacity | marco) "$AMBRELLE_TEST_MANAGER" --no-composite >"$1/manager.log" 2>&1 & managerProcess=$! ;;
+    i3) echo "# i3 config file (v4)" >"$1/i3.config"; i3 -c "$1/i3.config" >"$1/manager.log" 2>&1 & managerProcess=$! ;;
+    bspwm) bspwm -c /bin/true >"$1/manager.log" 2>&1 & managerProcess=$! ;;
     none) managerProcess= ;;
     *) "$AMBRELLE_TEST_MANAGER" >"$1/manager.log" 2>&1 & managerProcess=$! ;;
 esac

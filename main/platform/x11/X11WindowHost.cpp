@@ -18,6 +18,9 @@ namespace {
 // Long enough for every panel to have been painted; nothing that is watched is needed for that.
 constexpr std::chrono::milliseconds watchDelay{400};
 
+// A window manager says piece by piece what it can do, and may come a moment after the one it replaces has gone.
+constexpr std::chrono::milliseconds managerSettling{250};
+
 } // namespace
 
 X11WindowHost::X11WindowHost()
@@ -33,6 +36,9 @@ X11WindowHost::X11WindowHost()
     m_watchStart.setSingleShot(true);
     m_watchStart.setInterval(watchDelay);
     connect(&m_watchStart, &QTimer::timeout, this, &X11WindowHost::watch);
+    m_managerSettling.setSingleShot(true);
+    m_managerSettling.setInterval(managerSettling);
+    connect(&m_managerSettling, &QTimer::timeout, this, &X11WindowHost::managerSettled);
 }
 
 X11WindowHost::~X11WindowHost() = default;
@@ -92,14 +98,23 @@ void X11WindowHost::watch()
     QAccessible::isActive();
     m_watch = std::make_unique<RootWatch>();
     connect(m_watch.get(), &RootWatch::propertyChanged, this, &X11WindowHost::rootPropertyChanged);
+    connect(m_watch.get(), &RootWatch::windowGone, this, [this](xcb_window_t window) {
+        if (window == m_manager)
+            m_managerSettling.start();
+    });
     connect(m_watch.get(), &RootWatch::compositorChanged, &m_parts->compositor, &CompositorWatch::refresh);
     if (!m_watch->open(m_parts->connection))
         return;
     m_guard = std::make_unique<StackingGuard>(*m_watch, *m_parts, m_panels, m_backdrops);
-    m_guard->schedule();
+    connect(m_watch.get(), &RootWatch::orderChanged, m_guard.get(), &StackingGuard::schedule);
+    watchManager();
     m_windows->attach(*m_watch);
     m_visibility.attach(*m_watch);
-    // Both may have changed while nobody watched.
+    // All may have changed while nobody watched.
+    const bool kept = m_parts->manager.keepsPanels();
+    m_parts->manager.forget();
+    if (m_parts->manager.window() != m_manager || m_parts->manager.keepsPanels() != kept)
+        m_managerSettling.start();
     m_parts->compositor.refresh();
     if (!m_parts->compositor.isActive() && m_parts->picture.isOutdated())
         groundChanged();
@@ -110,8 +125,8 @@ void X11WindowHost::rootPropertyChanged(xcb_atom_t name)
     const X11Connection& x = m_parts->connection;
     if (name == x.atom(Atom::rootPixmap) && !m_parts->compositor.isActive())
         groundChanged();
-    else if (name == x.atom(Atom::supportingWmCheck))
-        managerChanged();
+    else if (name == x.atom(Atom::supportingWmCheck) || name == x.atom(Atom::supported))
+        m_managerSettling.start();
     else if (name == x.atom(Atom::clientListStacking) && m_guard)
         m_guard->schedule();
 }
@@ -128,9 +143,19 @@ void X11WindowHost::groundChanged()
         backdrop->groundChanged();
 }
 
-void X11WindowHost::managerChanged()
+void X11WindowHost::watchManager()
+{
+    m_manager = m_parts->manager.window();
+    if (m_manager != XCB_WINDOW_NONE)
+        m_watch->follow(m_manager, true);
+    m_watch->followOrder(!m_parts->manager.keepsPanels());
+    m_guard->schedule();
+}
+
+void X11WindowHost::managerSettled()
 {
     m_parts->manager.forget();
+    watchManager();
     for (X11Panel* panel : m_panels)
         panel->redress();
     for (X11Backdrop* backdrop : m_backdrops)

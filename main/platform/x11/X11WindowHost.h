@@ -36,7 +36,8 @@ private:
     void watch();
     void rootPropertyChanged(xcb_atom_t name);
     void groundChanged();
-    void managerChanged();
+    void watchManager();
+    void managerSettled();
     void screensSettled();
 
     std::unique_ptr<X11Parts> m_parts;
@@ -48,6 +49,8 @@ private:
     X11SessionVisibility m_visibility;
     QTimer m_watchStart;
     qsizetype m_missing = 0; ///< panels that were shown and not on the screen when last looked at
+    QTimer m_managerSettling;
+    xcb_window_t m_manager = XCB_WINDOW_NONE; ///< the window manager's, whose end is watched
 };
 
 } // namespace ambrelle

@@ -17,6 +17,7 @@ constexpr std::array<std::string_view, atomCount> names{
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
+    "WM_STATE",
     "_NET_WM_CM_S",
     "_NET_CURRENT_DESKTOP",
     "_AMBRELLE_DESKTOP_PICTURE",

@@ -12,6 +12,7 @@ enum class Atom {
     activeWindow,
     clientList,
     clientListStacking,
+    clientState, ///< a window manager marks with it the windows it manages
     compositor, ///< the selection a compositing manager of the screen owns
     currentDesktop,
     desktopPicture, ///< what this program has put on the root window

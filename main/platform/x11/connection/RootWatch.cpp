@@ -48,8 +48,7 @@ bool RootWatch::open(const X11Connection& sibling)
 void RootWatch::select()
 {
     xcb_connection_t* connection = m_connection->handle();
-    const uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(connection, m_connection->root(), XCB_CW_EVENT_MASK, &events);
+    followOrder(false);
     xcb_prefetch_extension_data(connection, &xcb_xfixes_id);
     xcb_prefetch_extension_data(connection, &xcb_screensaver_id);
     selectCompositor();
@@ -97,6 +96,15 @@ void RootWatch::follow(xcb_window_t window, bool on) const
     xcb_change_window_attributes(m_connection->handle(), window, XCB_CW_EVENT_MASK, &events);
 }
 
+void RootWatch::followOrder(bool on)
+{
+    uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    if (on)
+        events |= XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(m_connection->handle(), m_connection->root(), XCB_CW_EVENT_MASK, &events);
+    m_connection->flush();
+}
+
 void RootWatch::drain()
 {
     xcb_connection_t* connection = m_connection->handle();
@@ -116,16 +124,35 @@ void RootWatch::hear(const xcb_generic_event_t& event)
             Q_EMIT propertyChanged(change.atom);
         else
             Q_EMIT windowChanged(change.window, change.atom);
-    } else if (type == XCB_CONFIGURE_NOTIFY) {
-        Q_EMIT windowChanged(
-            reinterpret_cast<const xcb_configure_notify_event_t&>(event).window, xcb_atom_t{XCB_ATOM_NONE});
-    } else if (type == XCB_MAP_NOTIFY || type == XCB_UNMAP_NOTIFY) {
-        Q_EMIT windowChanged(reinterpret_cast<const xcb_map_notify_event_t&>(event).window, xcb_atom_t{XCB_ATOM_NONE});
     } else if (m_selectionEvent != 0 && type == m_selectionEvent) {
         Q_EMIT compositorChanged();
     } else if (m_screenSaverEvent != 0 && type == m_screenSaverEvent) {
         setBlanked(isBlanking(reinterpret_cast<const xcb_screensaver_notify_event_t&>(event).state));
+    } else {
+        hearWindow(type, event);
     }
+}
+
+/// What the root window tells of its children, and each followed window of itself.
+void RootWatch::hearWindow(uint8_t type, const xcb_generic_event_t& event)
+{
+    switch (type) {
+    case XCB_CONFIGURE_NOTIFY:
+    case XCB_MAP_NOTIFY:
+    case XCB_UNMAP_NOTIFY:
+    case XCB_REPARENT_NOTIFY:
+    case XCB_CIRCULATE_NOTIFY:
+    case XCB_DESTROY_NOTIFY: break;
+    default: return;
+    }
+    // All of these begin alike: with who is told, and of whom.
+    const auto& news = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+    if (news.event == m_connection->root())
+        Q_EMIT orderChanged();
+    else if (type == XCB_DESTROY_NOTIFY)
+        Q_EMIT windowGone(news.window);
+    else if (type != XCB_REPARENT_NOTIFY && type != XCB_CIRCULATE_NOTIFY)
+        Q_EMIT windowChanged(news.window, xcb_atom_t{XCB_ATOM_NONE});
 }
 
 } // namespace ambrelle

@@ -28,6 +28,8 @@ public:
 
     /// From now on, or no longer, windowChanged() tells of that window.
     void follow(xcb_window_t window, bool on) const;
+    /// From now on, or no longer, orderChanged() is told.
+    void followOrder(bool on);
     /// Whether the server's screen saver, which also stands for those that use it, has blanked the screen.
     bool isBlanked() const { return m_blanked; }
 
@@ -35,6 +37,9 @@ Q_SIGNALS:
     void propertyChanged(xcb_atom_t name); ///< of the root window
     /// A followed window moved, appeared or vanished (`property` is none then), or a property of it changed.
     void windowChanged(xcb_window_t window, xcb_atom_t property);
+    void windowGone(xcb_window_t window); ///< a followed one
+    /// A child of the root window appeared, moved or changed its place among the others; often several times in a row.
+    void orderChanged();
     void compositorChanged();
     void blankedChanged();
 
@@ -43,6 +48,7 @@ private:
     void selectCompositor();
     void selectScreenSaver();
     void hear(const xcb_generic_event_t& event);
+    void hearWindow(uint8_t type, const xcb_generic_event_t& event);
     void setBlanked(bool blanked);
 
     std::optional<X11Connection> m_connection;

@@ -11,10 +11,6 @@ namespace {
 
 constexpr std::chrono::milliseconds settling{60};
 
-// Another program may insist on being on top as well; then it wins rather than both fighting for ever.
-constexpr int mostRestacks = 8;
-constexpr std::chrono::milliseconds restackPeriod{10000};
-
 } // namespace
 
 StackingGuard::StackingGuard(
@@ -27,6 +23,9 @@ StackingGuard::StackingGuard(
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(settling);
     connect(&m_quiet, &QTimer::timeout, this, &StackingGuard::check);
+    m_later.setSingleShot(true);
+    connect(&m_later, &QTimer::timeout, this, &StackingGuard::check);
+    m_time.start();
 }
 
 void StackingGuard::schedule()
@@ -37,6 +36,18 @@ void StackingGuard::schedule()
 
 void StackingGuard::check()
 {
+    if (m_parts.manager.keepsPanels()) {
+        checkManaged();
+    } else {
+        const std::vector<StackMove> moves = m_parts.order.moves();
+        if (!moves.empty() && mayRestack())
+            m_parts.order.apply(moves);
+    }
+    m_watch.drain();
+}
+
+void StackingGuard::checkManaged()
+{
     const X11Connection& x = m_watch.connection();
     const std::vector<uint32_t> stacking = x.values(x.root(), Atom::clientListStacking);
     const QList<X11Panel*> panels = panelsInOrder(stacking, WindowLevel::desktop);
@@ -45,7 +56,6 @@ void StackingGuard::check()
     const QList<X11Panel*> raised = panelsInOrder(stacking, WindowLevel::floating);
     if (!raised.isEmpty() && isBackdropAbove(stacking, raised) && mayRestack())
         restack(raised);
-    m_watch.drain();
 }
 
 QList<X11Panel*> StackingGuard::panelsInOrder(const std::vector<uint32_t>& stacking, WindowLevel level) const
@@ -88,11 +98,11 @@ bool StackingGuard::isBackdropAbove(const std::vector<uint32_t>& stacking, const
 
 bool StackingGuard::mayRestack()
 {
-    if (!m_sinceFirst.isValid() || m_sinceFirst.hasExpired(restackPeriod.count())) {
-        m_sinceFirst.start();
-        m_restacks = 0;
-    }
-    return ++m_restacks <= mostRestacks;
+    const std::chrono::milliseconds now(m_time.elapsed());
+    if (m_budget.spend(now))
+        return true;
+    m_later.start(m_budget.rest(now));
+    return false;
 }
 
 void StackingGuard::restack(const QList<X11Panel*>& panels) const

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/x11/connection/RootWatch.h"
+#include "platform/x11/window/RestackBudget.h"
 #include "platform/x11/window/X11Backdrop.h"
 #include "platform/x11/window/X11Panel.h"
 
@@ -12,7 +13,8 @@
 namespace ambrelle {
 
 /// Keeps panels of the desktop level above the desktop windows of file managers and shells, some of which rise when
-/// they are clicked or start later, and those of the floating level above the backdrops, which get the focus.
+/// they are clicked or start later, and those of the floating level above the backdrops, which get the focus. Where no
+/// window manager keeps panels it keeps them in their place among all windows.
 class StackingGuard final : public QObject {
 public:
     StackingGuard(
@@ -22,6 +24,7 @@ public:
 
 private:
     void check();
+    void checkManaged();
     QList<X11Panel*> panelsInOrder(const std::vector<uint32_t>& stacking, WindowLevel level) const;
     bool isForeignDesktopAbove(const std::vector<uint32_t>& stacking, const QList<X11Panel*>& panels) const;
     bool isBackdropAbove(const std::vector<uint32_t>& stacking, const QList<X11Panel*>& panels) const;
@@ -33,8 +36,9 @@ private:
     const QList<X11Panel*>& m_panels;
     const QList<X11Backdrop*>& m_backdrops;
     QTimer m_quiet;
-    QElapsedTimer m_sinceFirst;
-    int m_restacks = 0;
+    QTimer m_later;
+    QElapsedTimer m_time;
+    RestackBudget m_budget;
 };
 
 } // namespace ambrelle

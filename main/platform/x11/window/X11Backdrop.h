@@ -9,7 +9,7 @@
 
 namespace ambrelle {
 
-/// A backdrop as a normal window that task bars and pagers leave out.
+/// A backdrop as a normal window that task bars and pagers leave out; as with a panel, past some window managers.
 class X11Backdrop final : public BackdropWindow {
 public:
     X11Backdrop(BackdropDelegate& delegate, X11Parts& parts);
@@ -28,16 +28,20 @@ public:
     std::function<void(X11Backdrop*)> onDestroyed;
 
 private:
-    void dress() const;
+    void dress();
     void announce() const;
     void appeared();
     void activate();
+    void takeKeyboard();
+    void returnKeyboard() const;
 
     BackdropSurface* m_surface; ///< deletes itself once retired
     X11Parts& m_parts;
     xcb_window_t m_window;
     QRectF m_frame;
     bool m_wantsFocus = false;
+    bool m_bypassed = false; ///< no window manager has to do with the window
+    xcb_window_t m_formerFocus = XCB_WINDOW_NONE; ///< what had the keyboard, while the backdrop has it
 };
 
 } // namespace ambrelle

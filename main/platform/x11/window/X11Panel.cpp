@@ -8,6 +8,7 @@
 #include <xcb/shape.h>
 
 #include <array>
+#include <chrono>
 #include <cmath>
 
 namespace ambrelle {
@@ -16,6 +17,9 @@ namespace {
 
 // Without a compositor a window is either there or not.
 constexpr double leastOpacityShown = 0.5;
+
+// A window manager puts a window that is taken from it back on the root window at a moment of its own.
+constexpr std::chrono::milliseconds handover{200};
 
 /// Takes no input focus, appears as a normal window, and belongs to no group. The toolkit makes all its windows one,
 /// and Xfwm4 keeps the floating ones of a group no higher than those of the desktop level.
@@ -49,6 +53,12 @@ X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts)
     });
     // Openbox gives its frame the input area only when that is set after the window has appeared.
     QObject::connect(m_surface, &PanelSurface::appeared, m_surface, [this] { applyInput(); });
+    m_return.setSingleShot(true);
+    m_return.setInterval(handover);
+    QObject::connect(&m_return, &QTimer::timeout, m_surface, [this] {
+        show();
+        place();
+    });
     dress();
 }
 
@@ -56,6 +66,7 @@ X11Panel::~X11Panel()
 {
     if (onDestroyed)
         onDestroyed(this);
+    m_parts.order.remove(m_window);
     QObject::disconnect(m_surface, &PanelSurface::pixelRatioChanged, nullptr, nullptr);
     QObject::disconnect(m_surface, &PanelSurface::appeared, nullptr, nullptr);
     m_surface->retire();
@@ -75,6 +86,7 @@ void X11Panel::place()
 
 void X11Panel::show()
 {
+    m_return.stop();
     if (isShown())
         return;
     m_surface->show();
@@ -84,6 +96,7 @@ void X11Panel::show()
 
 void X11Panel::hide()
 {
+    m_return.stop();
     if (!isShown())
         return;
     m_surface->hide();
@@ -95,7 +108,7 @@ void X11Panel::setLevel(WindowLevel level)
     if (level == m_level)
         return;
     m_level = level;
-    if (isShown())
+    if (isShown() && !m_bypassed)
         remap();
     else
         dress();
@@ -112,14 +125,33 @@ void X11Panel::remap()
 
 void X11Panel::redress()
 {
+    const bool shown = isShown();
+    const bool changesHands = m_bypassed == m_parts.manager.keepsPanels();
+    if (shown && changesHands)
+        hide();
     dress();
-    if (isShown())
+    if (shown && changesHands)
+        m_return.start();
+    else if (shown)
         announce();
+}
+
+void X11Panel::dress()
+{
+    m_bypassed = !m_parts.manager.keepsPanels();
+    const X11Connection& x = m_parts.connection;
+    const uint32_t bypassed = m_bypassed ? 1 : 0;
+    xcb_change_window_attributes(x.handle(), m_window, XCB_CW_OVERRIDE_REDIRECT, &bypassed);
+    describe();
+    const bool floating = m_level == WindowLevel::floating;
+    m_parts.order.set(m_window, floating ? StackedWindow::Kind::highPanel : StackedWindow::Kind::lowPanel);
+    if (m_bypassed)
+        m_parts.order.settle(); // before it appears, or it would flash up over the windows
 }
 
 /// Writes what a window manager reads when the window appears. Only raw properties: the toolkit's window flags would
 /// rewrite type and states.
-void X11Panel::dress()
+void X11Panel::describe()
 {
     const X11Connection& x = m_parts.connection;
     const bool floating = m_level == WindowLevel::floating;
@@ -143,6 +175,8 @@ void X11Panel::dress()
 /// own, often after they were written anew.
 void X11Panel::announce()
 {
+    if (m_bypassed)
+        return;
     const X11Connection& x = m_parts.connection;
     const auto state = [&](uint32_t action, Atom first, uint32_t second = XCB_ATOM_NONE) {
         x.tellManager(m_window, Atom::wmState, {action, x.atom(first), second, WindowHint::fromApplication});

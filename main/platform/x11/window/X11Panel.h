@@ -5,12 +5,15 @@
 #include "platform/WindowHost.h"
 #include "platform/x11/window/PanelSurface.h"
 
+#include <QTimer>
+
 #include <functional>
 #include <optional>
 
 namespace ambrelle {
 
-/// A panel as a window that the window manager knows as part of the desktop, or as a dock above the other windows.
+/// A panel as a window that the window manager knows as part of the desktop, or as a dock above the other windows; past
+/// a window manager that keeps no such windows, one that the X server alone knows.
 class X11Panel final : public PanelWindow {
 public:
     X11Panel(PanelDelegate& delegate, X11Parts& parts);
@@ -35,7 +38,8 @@ public:
     bool isShown() const { return m_surface->isVisible(); }
     bool isOnScreen() const { return m_surface->isExposed(); } ///< painted at least once since it was shown
     void place(); ///< puts the window where its frame says, after the screens have moved
-    void redress(); ///< tells a new window manager what the window is
+    /// Tells a new window manager what the window is, or takes the window out of its hands.
+    void redress();
     void remap(); ///< puts the window on top of its layer, where the window manager has no better way
     void groundChanged(); ///< the compositor came or went, or the desktop picture changed
 
@@ -43,6 +47,7 @@ public:
 
 private:
     void dress();
+    void describe();
     void announce();
     void applyInput();
     void applyShape();
@@ -53,6 +58,8 @@ private:
     QRectF m_frame;
     WindowLevel m_level = WindowLevel::desktop;
     double m_opacity = 1;
+    bool m_bypassed = false; ///< no window manager has to do with the window
+    QTimer m_return; ///< while it changes hands
     bool m_clickThrough = false;
     bool m_shaped = false;
     bool m_wasShown = false; ///< once before, so that a window manager may still take states away

@@ -8,6 +8,7 @@
 #include "platform/x11/connection/WindowManager.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/root/RootPicture.h"
+#include "platform/x11/window/StackOrder.h"
 
 namespace ambrelle {
 
@@ -23,6 +24,7 @@ struct X11Parts {
     PaintBuffer buffer;
     RootPicture picture{connection};
     WindowManager manager{connection};
+    StackOrder order{connection};
     ScreenList screens;
 };
 

@@ -1,0 +1,184 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""The whole program beside the window manager of this display: manager_test.py PROGRAM.
+
+Two widgets, one of them pinned, an ordinary window of another program and a desktop's: says in one line each what holds,
+and ends with 1 unless everything does. It asks the X server, so that it judges every window manager alike, and none.
+"""
+import os
+import sys
+import time
+
+from Xlib import X, Xatom, display
+
+from program import Session, hover, pointer, screen_size, wait_for
+
+SMALL = 170
+LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
+PLAIN, PINNED = (200, 300), (600, 300)  # upper left corners of the faces
+WINDOW, DESKTOP = 0x2060C0, 0x406040
+PLACE = (150, 120, 800, 500)  # of the other program's window: over both widgets
+
+
+class Screen:
+    """What another program on the display does and sees."""
+
+    def __init__(self):
+        self.display = display.Display()
+        self.root = self.display.screen().root
+        self.heard = 0
+
+    def open(self, place, colour, kind="NORMAL"):
+        screen = self.display.screen()
+        window = self.root.create_window(*place, 0, screen.root_depth, X.InputOutput, X.CopyFromParent,
+                                         background_pixel=colour, event_mask=X.ButtonPressMask | X.EnterWindowMask)
+        window.set_wm_normal_hints(flags=5, min_width=0)  # its position is meant
+        window.set_wm_hints(flags=1, input=1)
+        window.change_property(self.atom("_NET_WM_WINDOW_TYPE"), Xatom.ATOM, 32, [self.atom(f"_NET_WM_WINDOW_TYPE_{kind}")])
+        window.change_property(self.atom("_MOTIF_WM_HINTS"), self.atom("_MOTIF_WM_HINTS"), 32, [2, 0, 0, 0, 0])
+        window.map()
+        self.display.sync()
+        wait_for("window", lambda: window.get_attributes().map_state == X.IsViewable)
+        return window
+
+    def atom(self, name):
+        return self.display.intern_atom(name)
+
+    def pixel(self, x, y):
+        image = self.root.get_image(int(x), int(y), 1, 1, X.ZPixmap, 0xFFFFFFFF)
+        return int.from_bytes(image.data[:3], "little")
+
+    def focus(self):
+        """The number of the window with the keyboard; 0 and 1 are nothing and whatever is under the pointer."""
+        focus = self.display.get_input_focus().focus
+        return focus if isinstance(focus, int) else focus.id
+
+    def clicks(self):
+        """On the windows opened here, so far."""
+        self.display.sync()
+        self.heard += sum(self.display.next_event().type == X.ButtonPress for _ in range(self.display.pending_events()))
+        return self.heard
+
+    def covers(self, window, face):
+        """Whether the window reaches over that face, wherever the window manager put it."""
+        size = window.get_geometry()
+        place = window.translate_coords(self.root, 0, 0)
+        x, y = -place.x, -place.y
+        return x <= face[0] and y <= face[1] and face[0] + SMALL <= x + size.width and face[1] + SMALL <= y + size.height
+
+
+class Report:
+    def __init__(self):
+        self.failed = False
+
+    def __call__(self, what, holds):
+        print(f"{'yes' if holds else 'NO '}  {what}", flush=True)
+        self.failed = self.failed or not holds
+
+
+def holds(condition, seconds=10):
+    """Whether it comes true, and is still true a moment later."""
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        if condition():
+            time.sleep(0.4)
+            if condition():
+                return True
+        time.sleep(0.05)
+    return False
+
+
+def spot(face):
+    """A point of a face where nothing is written."""
+    return face[0] + SMALL // 2, face[1] + SMALL - 8
+
+
+def middle(face):
+    return face[0] + SMALL // 2, face[1] + SMALL // 2
+
+
+def drag(start, by):
+    hover(*start)
+    pointer("mousedown", "1")
+    for step in range(1, 11):
+        pointer("mousemove", str(start[0] + by[0] * step // 10), str(start[1] + by[1] * step // 10))
+    pointer("sleep", "0.1", "mouseup", "1", "mousemove", "1", "1")
+
+
+def panel_at(session, face):
+    return any(panel[:2] == (face[0] - LEFT, face[1] - ABOVE) for panel in session.panels())
+
+
+def check_alone(screen, session, report):
+    """Widgets on the empty desktop."""
+    plain, pinned = screen.pixel(*spot(PLAIN)), screen.pixel(*spot(PINNED))
+    before = screen.focus()
+    for face in (PLAIN, PINNED):
+        hover(*middle(face))
+        pointer("click", "1", "sleep", "0.3")
+    pointer("mousemove", "1", "1")
+    report("a click on the empty desktop moves no focus", screen.focus() == before)
+    dragged = (PLAIN[0] + 40, PLAIN[1] + 30)
+    drag(middle(PLAIN), (40, 30))
+    report("a drag moves the panel to the pixel", holds(lambda: panel_at(session, dragged)))
+    drag(middle(dragged), (-40, -30))
+    report("and back", holds(lambda: panel_at(session, PLAIN)))
+    return plain, pinned
+
+
+def check_desktop(screen, report, colours):
+    width, height = screen_size()
+    desktop = screen.open((0, 0, width, height), DESKTOP, "DESKTOP")
+    if os.environ.get("AMBRELLE_TEST_MANAGER") != "i3":  # tiles a desktop like any other window
+        report("widgets above the desktop of another program", holds(
+            lambda: all(screen.pixel(*spot(face)) != DESKTOP for face in (PLAIN, PINNED))))
+    desktop.destroy()
+    screen.display.sync()
+    return holds(lambda: (screen.pixel(*spot(PLAIN)), screen.pixel(*spot(PINNED))) == colours)
+
+
+def check_windows(screen, report, colours):
+    def layers(window):
+        return holds(lambda: screen.covers(window, PLAIN) and screen.covers(window, PINNED)
+                     and screen.pixel(*spot(PLAIN)) == WINDOW and screen.pixel(*spot(PINNED)) == colours[1])
+    first = screen.open(PLACE, WINDOW)
+    report("a window covers the widget, the pinned one stays above", layers(first))
+    pointer("mousemove", *map(str, middle(PLAIN)), "sleep", "0.2", "click", "1")
+    report("a click at the covered widget reaches the window", holds(lambda: screen.clicks() == 1, 3))
+    first.set_input_focus(X.RevertToPointerRoot, X.CurrentTime)
+    screen.display.sync()
+    report("the window has the keyboard", holds(lambda: screen.focus() == first.id, 3))
+    hover(*middle(PINNED))
+    pointer("sleep", "0.2", "click", "1", "sleep", "0.3")
+    report("a click on the pinned widget leaves it there", screen.focus() == first.id and screen.clicks() == 1)
+    report("and changes no order", layers(first))
+    first.destroy()
+    second = screen.open(PLACE, WINDOW)
+    report("the same with a new window", layers(second))
+    second.destroy()
+    screen.display.sync()
+
+
+def main():
+    _, height = screen_size()
+    widgets = [{"kind": "cpu", "skin": "glass", "pinned": face is PINNED, "origin": [face[0], height - face[1] - SMALL]}
+               for face in (PLAIN, PINNED)]
+    session = Session({"hasLaunchedBefore": True, "animations": False, "clickToOpen": False, "overlap": "show",
+                       "widgets.v2": widgets})
+    screen, report = Screen(), Report()
+    pointer("mousemove", "1", "1")
+    work = screen.root.get_full_property(screen.atom("_NET_WORKAREA"), X.AnyPropertyType)
+    session.start()
+    wait_for("widgets", lambda: len(session.panels()) == 2)
+    report("widgets stand where they were stored", holds(lambda: panel_at(session, PLAIN) and panel_at(session, PINNED)))
+    time.sleep(1)  # everything is watched by now
+    colours = check_alone(screen, session, report)
+    report("and come back when it closes", check_desktop(screen, report, colours))
+    check_windows(screen, report, colours)
+    after = screen.root.get_full_property(screen.atom("_NET_WORKAREA"), X.AnyPropertyType)
+    report("no strip of the screen is reserved", (work and list(work.value)) == (after and list(after.value)))
+    session.end()
+    sys.exit(report.failed)
+
+
+main()
