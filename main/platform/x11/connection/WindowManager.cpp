@@ -41,7 +41,8 @@ bool WindowManager::supports(Atom hint) const
 
 bool WindowManager::keepsPanels() const
 {
-    return supports(Atom::stateBelow) && supports(Atom::typeDesktop);
+    // Tiling ones that know the first two but no pagers frame such windows, or do not manage them at all.
+    return supports(Atom::stateBelow) && supports(Atom::typeDesktop) && supports(Atom::stateSkipPager);
 }
 
 xcb_atom_t WindowManager::floatingType() const
