@@ -17,6 +17,9 @@ namespace {
 // A slider changes a widget with every step of the pointer; its place among the windows is looked at less often.
 constexpr std::chrono::milliseconds overlapSettling{100};
 
+// A ghost that missed the end of what it gave way to would be one for ever, so it looks for itself as well.
+constexpr std::chrono::milliseconds ghostLook{800};
+
 } // namespace
 
 OverlapWatcher::OverlapWatcher(
@@ -58,6 +61,8 @@ void OverlapWatcher::update()
     if (needed != m_watching)
         m_senses.windows.setWatching(needed);
     m_watching = needed;
+    if (!needed)
+        m_again.reset();
     if (starts)
         check();
     else if (needed && !m_soon)
@@ -67,10 +72,17 @@ void OverlapWatcher::update()
 void OverlapWatcher::check()
 {
     m_soon.reset();
-    const auto all = m_watching ? m_senses.windows.windows() : std::nullopt;
-    if (!all)
+    if (!m_watching)
         return;
-    const QList<OnscreenWindow> windows = OverlapRule::counting(*all);
+    if (const auto all = m_senses.windows.windows())
+        judge(OverlapRule::counting(*all));
+    const bool ghosts =
+        std::ranges::any_of(m_widgets, [](const WidgetController* widget) { return widget->isFaded(); });
+    m_again = ghosts ? m_clock.after(ghostLook, [this] { check(); }) : Ticket();
+}
+
+void OverlapWatcher::judge(const QList<OnscreenWindow>& windows)
+{
     const bool fades = mayFade();
     const bool pauses = mayPause();
     for (WidgetController* widget : m_widgets) {

@@ -14,6 +14,7 @@ class Clock;
 class SessionVisibility;
 class WidgetController;
 class WindowList;
+struct OnscreenWindow;
 
 /// Sees to it that raised widgets give way to the windows they lie over, and that nothing moves on a widget nobody
 /// sees. Watches windows only while that matters for some widget.
@@ -36,6 +37,7 @@ public:
 private:
     bool mayFade() const;
     bool mayPause() const;
+    void judge(const QList<OnscreenWindow>& windows); ///< of all that count
 
     Senses m_senses;
     const AppSettings& m_settings;
@@ -43,6 +45,7 @@ private:
     const QList<WidgetController*>& m_widgets;
     bool m_watching = false;
     Ticket m_soon;
+    Ticket m_again;
 };
 
 } // namespace ambrelle

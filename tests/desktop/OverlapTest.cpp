@@ -117,6 +117,31 @@ TEST_F(OverlapTest, WatchesWhileARaisedWidgetMayBeInTheWay)
     EXPECT_EQ(desk.windows.looks, looks) << "nothing polls";
 }
 
+TEST_F(OverlapTest, AGhostLooksForItself)
+{
+    widget->setPinned(true);
+    desk.windows.show({over});
+    wait();
+    ASSERT_TRUE(isGhost());
+    for (const bool known : {false, true}) { // the list cannot be had for a while, or nobody told of the change
+        desk.windows.current = known ? std::optional(QList{aside}) : std::nullopt;
+        desk.clock.advance(800ms);
+        wait();
+        EXPECT_EQ(isWhole(), known);
+    }
+    const int looks = desk.windows.looks;
+    desk.clock.advance(60s);
+    EXPECT_EQ(desk.windows.looks, looks) << "nothing is faded any more";
+
+    desk.windows.show({over});
+    wait();
+    desk.session.setVisible(false);
+    wait();
+    const int unseen = desk.windows.looks;
+    desk.clock.advance(60s);
+    EXPECT_EQ(desk.windows.looks, unseen) << "nobody can look";
+}
+
 TEST_F(OverlapTest, FollowsTheWidgetsThemselves)
 {
     widget->setPinned(true);
