@@ -83,8 +83,8 @@ void X11Backdrop::returnKeyboard() const
     const Reply focus(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
     if (!focus || focus->focus != m_window)
         return;
-    const auto cookie = xcb_set_input_focus_checked(
-        connection, XCB_INPUT_FOCUS_POINTER_ROOT, m_formerFocus, XCB_CURRENT_TIME);
+    const auto cookie =
+        xcb_set_input_focus_checked(connection, XCB_INPUT_FOCUS_POINTER_ROOT, m_formerFocus, XCB_CURRENT_TIME);
     xcb_discard_reply(connection, cookie.sequence); // it may have gone meanwhile
 }
 
