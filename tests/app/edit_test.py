@@ -10,7 +10,7 @@ import sys
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).parents[1] / "support"))
-from program import Session, active_window, hover, pointer, screen_size, two_screens, wait_for
+from program import Session, hover, pointer, screen_size, two_screens, wait_for, window_with_keyboard
 from status_host import StatusHost
 
 LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
@@ -27,7 +27,7 @@ def backdrops(session):
 
 
 def has_focus(session):
-    return active_window() in map(int, backdrops(session))
+    return window_with_keyboard() in map(int, backdrops(session))
 
 
 def face(widget, height):

@@ -53,6 +53,11 @@ def active_window():
     return int(told.rpartition("# ")[2].split(",")[0], 16) if "# " in told else 0
 
 
+def window_with_keyboard():
+    """The number of the window that keys go to, whoever gave it the keyboard."""
+    return int(subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True).stdout or 0)
+
+
 def screen_size():
     return map(int, subprocess.check_output(["xdotool", "getdisplaygeometry"]).split())
 
