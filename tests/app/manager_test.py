@@ -9,62 +9,12 @@ import os
 import sys
 import time
 
-from Xlib import X, Xatom, display
+from Xlib import X
 
+from onlooker import DESKTOP, PINNED, PLACE, PLAIN, SMALL, WINDOW, Screen, holds, settings, spot
 from program import Session, hover, pointer, screen_size, wait_for
 
-SMALL = 170
 LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
-PLAIN, PINNED = (200, 300), (600, 300)  # upper left corners of the faces
-WINDOW, DESKTOP = 0x2060C0, 0x406040
-PLACE = (150, 120, 800, 500)  # of the other program's window: over both widgets
-
-
-class Screen:
-    """What another program on the display does and sees."""
-
-    def __init__(self):
-        self.display = display.Display()
-        self.root = self.display.screen().root
-        self.heard = 0
-
-    def open(self, place, colour, kind="NORMAL"):
-        screen = self.display.screen()
-        window = self.root.create_window(*place, 0, screen.root_depth, X.InputOutput, X.CopyFromParent,
-                                         background_pixel=colour, event_mask=X.ButtonPressMask | X.EnterWindowMask)
-        window.set_wm_normal_hints(flags=5, min_width=0)  # its position is meant
-        window.set_wm_hints(flags=1, input=1)
-        window.change_property(self.atom("_NET_WM_WINDOW_TYPE"), Xatom.ATOM, 32, [self.atom(f"_NET_WM_WINDOW_TYPE_{kind}")])
-        window.change_property(self.atom("_MOTIF_WM_HINTS"), self.atom("_MOTIF_WM_HINTS"), 32, [2, 0, 0, 0, 0])
-        window.map()
-        self.display.sync()
-        wait_for("window", lambda: window.get_attributes().map_state == X.IsViewable)
-        return window
-
-    def atom(self, name):
-        return self.display.intern_atom(name)
-
-    def pixel(self, x, y):
-        image = self.root.get_image(int(x), int(y), 1, 1, X.ZPixmap, 0xFFFFFFFF)
-        return int.from_bytes(image.data[:3], "little")
-
-    def focus(self):
-        """The number of the window with the keyboard; 0 and 1 are nothing and whatever is under the pointer."""
-        focus = self.display.get_input_focus().focus
-        return focus if isinstance(focus, int) else focus.id
-
-    def clicks(self):
-        """On the windows opened here, so far."""
-        self.display.sync()
-        self.heard += sum(self.display.next_event().type == X.ButtonPress for _ in range(self.display.pending_events()))
-        return self.heard
-
-    def covers(self, window, face):
-        """Whether the window reaches over that face, wherever the window manager put it."""
-        size = window.get_geometry()
-        place = window.translate_coords(self.root, 0, 0)
-        x, y = -place.x, -place.y
-        return x <= face[0] and y <= face[1] and face[0] + SMALL <= x + size.width and face[1] + SMALL <= y + size.height
 
 
 class Report:
@@ -74,23 +24,6 @@ class Report:
     def __call__(self, what, holds):
         print(f"{'yes' if holds else 'NO '}  {what}", flush=True)
         self.failed = self.failed or not holds
-
-
-def holds(condition, seconds=10):
-    """Whether it comes true, and is still true a moment later."""
-    end = time.monotonic() + seconds
-    while time.monotonic() < end:
-        if condition():
-            time.sleep(0.4)
-            if condition():
-                return True
-        time.sleep(0.05)
-    return False
-
-
-def spot(face):
-    """A point of a face where nothing is written."""
-    return face[0] + SMALL // 2, face[1] + SMALL - 8
 
 
 def middle(face):
@@ -138,11 +71,8 @@ def check_desktop(screen, report, colours):
 
 
 def check_windows(screen, report):
-    def layers(window):
-        return holds(lambda: screen.covers(window, PLAIN) and screen.covers(window, PINNED)
-                     and screen.pixel(*spot(PLAIN)) == WINDOW != screen.pixel(*spot(PINNED)))
     first = screen.open(PLACE, WINDOW)
-    report("a window covers the widget, the pinned one stays above", layers(first))
+    report("a window covers the widget, the pinned one stays above", screen.has_layers(first))
     pointer("mousemove", *map(str, middle(PLAIN)), "sleep", "0.2", "click", "1")
     report("a click at the covered widget reaches the window", holds(lambda: screen.clicks() == 1, 3))
     first.set_input_focus(X.RevertToPointerRoot, X.CurrentTime)
@@ -151,20 +81,17 @@ def check_windows(screen, report):
     hover(*middle(PINNED))
     pointer("sleep", "0.2", "click", "1", "sleep", "0.3")
     report("a click on the pinned widget leaves it there", screen.focus() == first.id and screen.clicks() == 1)
-    report("and changes no order", layers(first))
+    report("and changes no order", screen.has_layers(first))
     first.destroy()
     second = screen.open(PLACE, WINDOW)
-    report("the same with a new window", layers(second))
+    report("the same with a new window", screen.has_layers(second))
     second.destroy()
     screen.display.sync()
 
 
 def main():
     _, height = screen_size()
-    widgets = [{"kind": "cpu", "skin": "glass", "pinned": face is PINNED, "origin": [face[0], height - face[1] - SMALL]}
-               for face in (PLAIN, PINNED)]
-    session = Session({"hasLaunchedBefore": True, "animations": False, "clickToOpen": False, "overlap": "show",
-                       "widgets.v2": widgets})
+    session = Session(settings(height))
     screen, report = Screen(), Report()
     pointer("mousemove", "1", "1")
     work = screen.root.get_full_property(screen.atom("_NET_WORKAREA"), X.AnyPropertyType)
