@@ -49,13 +49,13 @@ void WidgetPanel::place(const QRectF& frame, const QRectF& room)
 void WidgetPanel::applyAreas()
 {
     QRectF input = faceArea();
-    QRectF outline = m_face.outline().translated(faceArea().topLeft());
+    QList<RoundedArea> outline{{m_face.outline().translated(faceArea().topLeft()), m_face.outlineCorner()}};
     if (isHovering()) {
         input |= m_toolbar.area();
-        outline |= m_toolbar.area();
+        outline.append({m_toolbar.area(), m_toolbar.area().height() / 2});
     }
     m_window->setInputArea(input);
-    m_window->setOutline(outline, m_face.outlineCorner());
+    m_window->setOutline(outline);
 }
 
 void WidgetPanel::setLevel(WindowLevel level)

@@ -69,6 +69,14 @@ public:
     virtual void pressButton(qsizetype /*index*/) { } ///< of buttons(); any other is ignored
 };
 
+/// Part of a window, in window points (y down), with round corners.
+struct RoundedArea {
+    QRectF area;
+    double corner = 0; ///< its radius
+
+    bool operator==(const RoundedArea&) const = default;
+};
+
 /// A borderless, translucent window that never takes the focus, on every workspace, out of every list of windows.
 class PanelWindow {
 public:
@@ -83,9 +91,8 @@ public:
     virtual void setClickThrough(bool through) = 0; ///< the pointer reaches what lies below
     /// The part that hears the pointer (window points, y down); clicks elsewhere reach what lies below.
     virtual void setInputArea(const QRectF& area) = 0;
-    /// What stays visible of the window where nothing composites: a rounded rectangle in window points. An empty one
-    /// leaves the whole window visible.
-    virtual void setOutline(const QRectF& area, double corner) = 0;
+    /// What stays visible of the window where nothing composites; all of it where no areas are given.
+    virtual void setOutline(const QList<RoundedArea>& areas) = 0;
     virtual void update(const QRectF& area) = 0; ///< asks for a paint of that part (window points, y down)
     virtual double pixelRatio() const = 0;
     virtual void namesChanged() = 0; ///< of the delegate or its buttons; costs nothing unless they were asked for

@@ -135,7 +135,13 @@ TEST_F(WidgetControllerTest, DrawsBackdropBorderOpacityAndEditMark)
     const QColor besidePlain = plain.pixelColor(beside);
     const QImage dim = look([](WidgetConfig& c) { c.backdrop = Backdrop::dim; });
     EXPECT_NEAR(dim.pixelColor(beside).alphaF(), 0.35 + besidePlain.alphaF() * 0.65, 0.02);
-    EXPECT_EQ(panel->outline(), QRectF(24, 26, 182, 182));
+    const RoundedArea aroundTheFace = panel->outline().first();
+    EXPECT_EQ(aroundTheFace.area, QRectF(24, 26, 182, 182));
+    desk.host.movePointer(frame.center());
+    EXPECT_EQ(panel->outline(), (QList<RoundedArea>{aroundTheFace, {QRectF(30, 0, 196, 32), 16}}))
+        << "a wide toolbar leaves nothing of the window beside the face";
+    desk.host.movePointer({5, 5});
+    desk.clock.advance(1s);
     look([](WidgetConfig& c) { c.backdrop = Backdrop::none; });
 
     const QPoint onTheEdge(30 + 85, 32);

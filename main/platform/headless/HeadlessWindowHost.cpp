@@ -18,7 +18,7 @@ public:
     void setOpacity(double) override { }
     void setClickThrough(bool) override { }
     void setInputArea(const QRectF&) override { }
-    void setOutline(const QRectF&, double) override { }
+    void setOutline(const QList<RoundedArea>&) override { }
     void update(const QRectF&) override { }
     double pixelRatio() const override { return 1; }
     void namesChanged() override { }

@@ -28,12 +28,6 @@ void RecordingPanel::setLevel(WindowLevel level)
         m_host->raise(this);
 }
 
-void RecordingPanel::setOutline(const QRectF& area, double corner)
-{
-    m_outline = area;
-    m_outlineCorner = corner;
-}
-
 double RecordingPanel::pixelRatio() const
 {
     const QList<ScreenInfo> screens = m_host ? m_host->screens() : QList<ScreenInfo>{};

@@ -27,7 +27,7 @@ public:
     void setOpacity(double opacity) override { m_opacity = opacity; }
     void setClickThrough(bool through) override { m_clickThrough = through; }
     void setInputArea(const QRectF& area) override { m_inputArea = area; }
-    void setOutline(const QRectF& area, double corner) override;
+    void setOutline(const QList<RoundedArea>& areas) override { m_outline = areas; }
     void update(const QRectF& area) override { m_updates.append(area); }
     /// The ratio of the screen under the middle of the window, else of the main screen, else 1.
     double pixelRatio() const override;
@@ -38,8 +38,7 @@ public:
     double opacity() const { return m_opacity; }
     bool isClickThrough() const { return m_clickThrough; }
     std::optional<QRectF> inputArea() const { return m_inputArea; } ///< none: the whole window
-    QRectF outline() const { return m_outline; }
-    double outlineCorner() const { return m_outlineCorner; }
+    QList<RoundedArea> outline() const { return m_outline; }
 
     QList<QRectF> updates() const { return m_updates; } ///< every area asked for since the last clearUpdates()
     void clearUpdates() { m_updates.clear(); }
@@ -61,8 +60,7 @@ private:
     double m_opacity = 1;
     bool m_clickThrough = false;
     std::optional<QRectF> m_inputArea;
-    QRectF m_outline;
-    double m_outlineCorner = 0;
+    QList<RoundedArea> m_outline;
     QList<QRectF> m_updates;
     int m_renamings = 0;
 };

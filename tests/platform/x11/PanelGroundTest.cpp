@@ -19,7 +19,7 @@ TEST_F(PanelGroundTest, ShowsTheDesktopPictureWhereNothingComposites)
     const QSize screen = (host.screens().first().frame.size() * ratio).toSize();
     QImage picture = speckled(screen, 3);
     onlooker.setRootPicture(picture);
-    panel->setOutline({}, 0);
+    panel->setOutline({});
     showPanel();
     const auto matches = [&] {
         const QRect place = onlooker.geometry(panel->window());

@@ -66,7 +66,7 @@ protected:
         std::unique_ptr<X11Panel> made(static_cast<X11Panel*>(host.makePanel(plain).release()));
         made->setFrame(frame);
         made->setInputArea(plain.face);
-        made->setOutline(plain.face, 16);
+        made->setOutline({{plain.face, 16}});
         return made;
     }
 

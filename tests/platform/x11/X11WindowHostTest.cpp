@@ -81,7 +81,7 @@ TEST_F(X11WindowHostTest, InputAreaAndClickThroughLetClicksReachTheWindowBelow)
     showPanel();
     const xcb_window_t other = coverPanel();
     panel->setLevel(WindowLevel::floating);
-    panel->setOutline({{0, 0}, panel->frame().size()}, 0);
+    panel->setOutline({});
     ASSERT_TRUE(waitUntil([&] { return onlooker.isAbove(panel->window(), other); }));
 
     const auto pressedBelow = [&](const QPoint& place) {

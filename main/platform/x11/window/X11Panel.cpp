@@ -233,10 +233,11 @@ void X11Panel::applyInput()
     m_parts.connection.flush();
 }
 
-void X11Panel::setOutline(const QRectF& area, double corner)
+void X11Panel::setOutline(const QList<RoundedArea>& areas)
 {
-    m_outline = area;
-    m_corner = corner;
+    if (areas == m_outline)
+        return;
+    m_outline = areas;
     applyShape();
 }
 
@@ -253,9 +254,12 @@ void X11Panel::applyShape()
             xcb_shape_mask(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, m_window, 0, 0, XCB_PIXMAP_NONE);
         m_shaped = false;
     } else {
-        const std::vector<xcb_rectangle_t> rows = hidden
-            ? std::vector<xcb_rectangle_t>{}
-            : roundedRows(PixelGrid(pixelRatio()).pixels(m_outline), m_corner * pixelRatio());
+        std::vector<xcb_rectangle_t> rows;
+        for (const RoundedArea& each : hidden ? QList<RoundedArea>() : m_outline) {
+            const std::vector<xcb_rectangle_t> more =
+                roundedRows(PixelGrid(pixelRatio()).pixels(each.area), each.corner * pixelRatio());
+            rows.insert(rows.end(), more.begin(), more.end());
+        }
         xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED, m_window,
             0, 0, static_cast<uint32_t>(rows.size()), rows.data());
         m_shaped = true;

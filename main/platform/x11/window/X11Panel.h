@@ -27,7 +27,7 @@ public:
     void setOpacity(double opacity) override;
     void setClickThrough(bool through) override;
     void setInputArea(const QRectF& area) override;
-    void setOutline(const QRectF& area, double corner) override;
+    void setOutline(const QList<RoundedArea>& areas) override;
     void update(const QRectF& area) override { m_surface->repaint(area); }
     double pixelRatio() const override { return m_surface->devicePixelRatio(); }
     void namesChanged() override { m_surface->namesChanged(); }
@@ -64,8 +64,7 @@ private:
     bool m_shaped = false;
     bool m_wasShown = false; ///< once before, so that a window manager may still take states away
     std::optional<QRectF> m_inputArea;
-    QRectF m_outline;
-    double m_corner = 0;
+    QList<RoundedArea> m_outline;
 };
 
 } // namespace ambrelle
