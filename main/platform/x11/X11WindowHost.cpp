@@ -76,7 +76,11 @@ std::unique_ptr<PanelWindow> X11WindowHost::makePanel(PanelDelegate& delegate)
 std::unique_ptr<BackdropWindow> X11WindowHost::makeBackdrop(BackdropDelegate& delegate)
 {
     auto backdrop = std::make_unique<X11Backdrop>(delegate, *m_parts);
-    backdrop->onDestroyed = [this](X11Backdrop* gone) { m_backdrops.removeOne(gone); };
+    backdrop->onShown = [this] { shadesChanged(); };
+    backdrop->onDestroyed = [this](X11Backdrop* gone) {
+        m_backdrops.removeOne(gone);
+        shadesChanged();
+    };
     m_backdrops.append(backdrop.get());
     return backdrop;
 }
@@ -141,6 +145,14 @@ void X11WindowHost::groundChanged()
     }
     for (X11Backdrop* backdrop : m_backdrops)
         backdrop->groundChanged();
+}
+
+void X11WindowHost::shadesChanged()
+{
+    if (m_parts->compositor.isActive())
+        return;
+    for (X11Panel* panel : m_panels)
+        panel->surface().groundShaded();
 }
 
 void X11WindowHost::watchManager()

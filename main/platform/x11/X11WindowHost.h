@@ -36,6 +36,7 @@ private:
     void watch();
     void rootPropertyChanged(xcb_atom_t name);
     void groundChanged();
+    void shadesChanged();
     void watchManager();
     void managerSettled();
     void screensSettled();

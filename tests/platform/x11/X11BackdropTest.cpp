@@ -85,6 +85,17 @@ TEST_F(X11BackdropTest, StandsBetweenTheWindowsAndThePanels)
     EXPECT_TRUE(waitUntil([&] { return !onlooker.isViewable(gone) && onlooker.isAbove(other, panel->window()); }));
 }
 
+TEST_F(X11BackdropTest, ShadesTheDesktopPictureInThePanelsToo)
+{
+    const QSize screen = (host.screens().first().frame.size() * ratio).toSize();
+    const QImage picture = speckled(screen);
+    onlooker.setRootPicture(picture);
+    panel->setOutline({});
+    EXPECT_TRUE(shows(marginPixel(), backdropColour)) << "it lies between the picture and the panel";
+    backdrop.reset();
+    EXPECT_TRUE(shows(marginPixel(), picture.pixel(marginPixel())));
+}
+
 TEST_F(X11BackdropTest, LeavesItToItsOwnerToClose)
 {
     ASSERT_TRUE(runTool(u"xdotool"_s, {"key", "alt+F4"}));

@@ -42,6 +42,15 @@ void BackdropSurface::paint(QPainter& painter, const QRect&)
     m_delegate.paint(painter, QSizeF(size()));
 }
 
+void BackdropSurface::shade(QPainter& painter, const QPoint& origin) const
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(QPointF(nativeCorner() - origin) / devicePixelRatio());
+    m_delegate.paint(painter, QSizeF(size()));
+    painter.restore();
+}
+
 QPoint BackdropSurface::nativeCorner() const
 {
     // A screen keeps its native place under scaling, and the backdrop starts in its corner.

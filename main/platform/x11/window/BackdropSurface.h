@@ -8,10 +8,11 @@
 namespace ambrelle {
 
 /// The toolkit's side of a backdrop: a borderless window that may have the focus.
-class BackdropSurface final : public RasterSurface {
+class BackdropSurface final : public RasterSurface, public GroundShade {
 public:
     BackdropSurface(BackdropDelegate& delegate, X11Parts& parts);
 
+    void shade(QPainter& painter, const QPoint& origin) const override; ///< only until it is retired
     void groundChanged(); ///< the desktop picture or the need for it has changed
 
 protected:

@@ -53,6 +53,11 @@ void PanelSurface::groundChanged()
         m_delegate.appearanceChanged();
 }
 
+void PanelSurface::groundShaded()
+{
+    updateAll();
+}
+
 void PanelSurface::namesChanged()
 {
     if (m_access)
@@ -85,6 +90,10 @@ bool PanelSurface::handle(QEvent& event)
 void PanelSurface::paint(QPainter& painter, const QRect& area)
 {
     checkPixelRatio();
+    if (!m_parts.compositor.isActive()) {
+        for (const GroundShade* each : m_parts.shades)
+            each->shade(painter, nativeCorner());
+    }
     painter.setRenderHint(QPainter::Antialiasing);
     m_delegate.paint(painter, area);
 }

@@ -20,6 +20,7 @@ public:
     void moveTo(const QRect& geometry);
     void repaint(const QRectF& area); ///< asks for a paint of those points, rounded out to whole pixels
     void groundChanged(); ///< the desktop picture or the need for it has changed
+    void groundShaded(); ///< backdrops came or went
     void namesChanged();
 
     /// Where the window is or was last sent, in points from the upper left corner. While a window manager takes the

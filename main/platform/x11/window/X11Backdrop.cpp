@@ -18,9 +18,10 @@ X11Backdrop::X11Backdrop(BackdropDelegate& delegate, X11Parts& parts)
 
 X11Backdrop::~X11Backdrop()
 {
+    m_parts.order.remove(m_window);
+    m_parts.shades.removeOne(m_surface);
     if (onDestroyed)
         onDestroyed(this);
-    m_parts.order.remove(m_window);
     returnKeyboard();
     QObject::disconnect(m_surface, &BackdropSurface::appeared, nullptr, nullptr);
     m_surface->retire();
@@ -37,6 +38,10 @@ void X11Backdrop::setFrame(const QRectF& screen)
 
 void X11Backdrop::show()
 {
+    if (!m_parts.shades.contains(m_surface))
+        m_parts.shades.append(m_surface);
+    if (onShown)
+        onShown();
     m_surface->show();
     announce();
 }

@@ -25,6 +25,7 @@ public:
     void groundChanged() { m_surface->groundChanged(); }
     void redress(); ///< tells a new window manager what the window is
 
+    std::function<void()> onShown;
     std::function<void(X11Backdrop*)> onDestroyed;
 
 private:

@@ -10,7 +10,17 @@
 #include "platform/x11/root/RootPicture.h"
 #include "platform/x11/window/StackOrder.h"
 
+class QPainter;
+
 namespace ambrelle {
+
+/// Draws over what lies below the panels.
+class GroundShade {
+public:
+    virtual ~GroundShade() = default;
+    /// On a painter whose origin is that native pixel of the root window.
+    virtual void shade(QPainter& painter, const QPoint& origin) const = 0;
+};
 
 /// What all panels of one X server share.
 struct X11Parts {
@@ -26,6 +36,7 @@ struct X11Parts {
     WindowManager manager{connection};
     StackOrder order{connection};
     ScreenList screens;
+    QList<const GroundShade*> shades; ///< the lowest first
 };
 
 } // namespace ambrelle
