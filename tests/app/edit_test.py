@@ -3,13 +3,17 @@
 """Edit mode of the whole program on the display of this test: edit_test.py PROGRAM.
 
 It is started from the menu. A dragged widget comes in line with another one and is stored there, one dragged over another stays
-above it, a click on a face ends nothing, the backdrops follow the screens, and Escape or a click on an empty spot brings everything back.
+above it, a click on a face ends nothing, the backdrops follow the screens, and Escape or a click on an empty spot brings everything
+back, the keyboard too.
 """
 import subprocess
 import sys
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).parents[1] / "support"))
+from Xlib import X
+
+from onlooker import WINDOW, Screen
 from program import Session, hover, pointer, screen_size, two_screens, wait_for, window_with_keyboard
 from status_host import StatusHost
 
@@ -102,6 +106,19 @@ def follow_screens(session, host, width, height):
     ended(session)
 
 
+def return_keyboard(session, host):
+    screen = Screen()
+    other = screen.open((600, 100, 300, 200), WINDOW)
+    other.set_input_focus(X.RevertToPointerRoot, X.CurrentTime)
+    screen.display.sync()
+    wait_for("keyboard at the other window", lambda: screen.focus() == other.id)
+    begin(session, host)
+    pointer("key", "Escape")
+    ended(session)
+    wait_for("keyboard where it was before", lambda: screen.focus() == other.id)
+    screen.display.close()
+
+
 def main():
     width, height = screen_size()
     host = StatusHost()
@@ -112,10 +129,11 @@ def main():
     arrange(session, host, height)
     stay_on_top(session, host, height)
     follow_screens(session, host, width, height)
+    return_keyboard(session, host)
     begin(session, host)
     session.end()
     host.close()
-    print("arranged in line, followed the screens, ended by a click and by Escape")
+    print("arranged in line, followed the screens, ended by a click and by Escape, gave back the keyboard")
 
 
 main()
