@@ -44,6 +44,8 @@ Onlooker::~Onlooker()
 {
     if (m_rootPicture != XCB_PIXMAP_NONE)
         dropRootPicture();
+    // The server drops what it has not yet read from a client that leaves with unread events.
+    const Reply heard(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
     xcb_disconnect(m_connection);
 }
 
