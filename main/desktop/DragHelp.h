@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "desktop/AlignmentHelp.h"
 #include "desktop/DragGuides.h"
+#include "placement/AlignmentHelp.h"
 
 namespace ambrelle {
 

@@ -2,10 +2,10 @@
 
 #include "desktop/EditBackdrop.h"
 
-#include "desktop/InstructionPlace.h"
 #include "desktop/WidgetController.h"
 #include "foundation/Wording.h"
 #include "model/AppSettings.h"
+#include "placement/InstructionPlace.h"
 
 #include <QPainter>
 

@@ -4,8 +4,8 @@
 
 #include "desktop/DragHelp.h"
 #include "desktop/OverlapRule.h"
-#include "desktop/ScreenPlacement.h"
 #include "model/AppSettings.h"
+#include "placement/ScreenPlacement.h"
 #include "skins/SkinRegistry.h"
 
 #include <algorithm>

@@ -2,10 +2,10 @@
 
 #pragma once
 
-#include "desktop/StoredWidget.h"
 #include "desktop/WidgetPanel.h"
 #include "desktop/WidgetStore.h"
 #include "desktop/WindowFade.h"
+#include "placement/StoredWidget.h"
 
 #include <QObject>
 

@@ -3,11 +3,11 @@
 #include "desktop/WidgetManager.h"
 
 #include "desktop/FittingSkin.h"
-#include "desktop/FreeSpot.h"
-#include "desktop/ScreenPlacement.h"
 #include "model/AppSettings.h"
 #include "model/Composition.h"
 #include "model/ThemeAccent.h"
+#include "placement/FreeSpot.h"
+#include "placement/ScreenPlacement.h"
 #include "wallpapers/DesktopWallpaper.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "desktop/WidgetPanel.h"
 
-#include "desktop/PanelGeometry.h"
+#include "placement/PanelGeometry.h"
 
 #include <ranges>
 

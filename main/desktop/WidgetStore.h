@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "desktop/StoredWidget.h"
+#include "placement/StoredWidget.h"
 
 #include <QList>
 

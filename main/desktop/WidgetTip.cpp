@@ -2,9 +2,9 @@
 
 #include "desktop/WidgetTip.h"
 
-#include "desktop/ScreenPlacement.h"
 #include "desktop/TextCapsule.h"
 #include "desktop/WidgetController.h"
+#include "placement/ScreenPlacement.h"
 
 #include <cmath>
 
@@ -37,7 +37,7 @@ public:
     {
         const QRectF place = tipPlace(widget, m_capsule.size(), room);
         m_window->setFrame({place.topLeft(), QSizeF(std::ceil(place.width()), std::ceil(place.height()))});
-        m_window->setOutline({{}, m_capsule.size()}, m_capsule.corner());
+        m_window->setOutline({{.area = {{}, m_capsule.size()}, .corner = m_capsule.corner()}});
         m_window->setClickThrough(true);
         m_window->setLevel(WindowLevel::floating);
         m_window->show();

@@ -2,7 +2,7 @@
 
 #include "window/PopoverPlacement.h"
 
-#include "desktop/ScreenPlacement.h"
+#include "placement/ScreenPlacement.h"
 
 #include <array>
 

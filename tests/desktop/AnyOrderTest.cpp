@@ -2,7 +2,7 @@
 
 #include "desktop/Desk.h"
 
-#include "desktop/ScreenPlacement.h"
+#include "placement/ScreenPlacement.h"
 
 #include <gtest/gtest.h>
 

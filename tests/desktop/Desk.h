@@ -2,12 +2,12 @@
 
 #pragma once
 
-#include "desktop/PanelGeometry.h"
 #include "desktop/WidgetManager.h"
 #include "foundation/ManualClock.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
+#include "placement/PanelGeometry.h"
 #include "platform/recording/RecordingAppearance.h"
 #include "platform/recording/RecordingDesktopPicture.h"
 #include "platform/recording/RecordingSessionVisibility.h"

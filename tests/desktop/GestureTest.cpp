@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "desktop/DragGesture.h"
-#include "desktop/FreeSpot.h"
 #include "desktop/HoverDelay.h"
-#include "desktop/PanelGeometry.h"
 #include "foundation/ManualClock.h"
+#include "placement/FreeSpot.h"
+#include "placement/PanelGeometry.h"
 
 #include <gtest/gtest.h>
 

@@ -6,6 +6,7 @@
 #include "platform/x11/connection/ToolkitConnection.h"
 #include "platform/x11/window/PanelAccess.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCursor>
 
 #include <algorithm>
@@ -29,6 +30,9 @@ X11WindowHost::X11WindowHost()
     if (!connection)
         return;
     m_parts = std::make_unique<X11Parts>(connection, toolkitScreen());
+    // What panels and backdrops ask for in one turn of the event loop goes out together.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+        [this] { m_parts->connection.flush(); });
     m_windows = std::make_unique<X11WindowList>(*m_parts);
     PanelAccess::install();
     connect(&m_parts->compositor, &CompositorWatch::changed, this, &X11WindowHost::groundChanged);

@@ -104,7 +104,6 @@ void StackOrder::apply(const std::vector<StackMove>& moves) const
             connection, move.window, XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values);
         xcb_discard_reply(connection, cookie.sequence); // the other one may have gone meanwhile
     }
-    m_connection.flush();
 }
 
 std::vector<StackedWindow> StackOrder::order() const

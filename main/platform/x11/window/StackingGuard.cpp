@@ -115,7 +115,6 @@ void StackingGuard::restack(const QList<X11Panel*>& panels) const
         else
             panel->remap();
     }
-    m_parts.connection.flush();
 }
 
 } // namespace ambrelle

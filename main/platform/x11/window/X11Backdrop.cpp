@@ -66,7 +66,6 @@ void X11Backdrop::activate()
     m_surface->requestActivate();
     m_parts.connection.tellManager(
         m_window, Atom::activeWindow, {WindowHint::fromPager, XCB_CURRENT_TIME, XCB_WINDOW_NONE});
-    m_parts.connection.flush();
 }
 
 /// Whoever manages the other windows does not hear of this one, so the keyboard is taken, and given back.
@@ -77,7 +76,6 @@ void X11Backdrop::takeKeyboard()
     if (focus && focus->focus != m_window)
         m_formerFocus = focus->focus;
     xcb_set_input_focus(connection, XCB_INPUT_FOCUS_POINTER_ROOT, m_window, XCB_CURRENT_TIME);
-    m_parts.connection.flush();
 }
 
 void X11Backdrop::returnKeyboard() const
@@ -119,7 +117,6 @@ void X11Backdrop::dress()
     x.setProperty(m_window, Atom::wmDesktop, XCB_ATOM_CARDINAL, {WindowHint::everyDesktop});
     x.setText(m_window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, QByteArray("ambrelle\0Ambrelle\0", 18));
     x.setText(m_window, x.atom(Atom::wmName), x.atom(Atom::utf8String), "Ambrelle");
-    x.flush();
 }
 
 /// The toolkit writes states of its own when the window appears.
@@ -134,7 +131,6 @@ void X11Backdrop::announce() const
     x.tellManager(m_window, Atom::wmState,
         {WindowHint::addState, x.atom(Atom::stateSticky), XCB_ATOM_NONE, WindowHint::fromApplication});
     x.tellManager(m_window, Atom::wmDesktop, {WindowHint::everyDesktop, WindowHint::fromApplication});
-    x.flush();
 }
 
 } // namespace ambrelle

@@ -168,7 +168,6 @@ void X11Panel::describe()
     x.setProperty(m_window, Atom::wmProtocols, XCB_ATOM_ATOM, {x.atom(Atom::wmDeleteWindow), x.atom(Atom::wmPing)});
     x.setText(m_window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, QByteArray("ambrelle\0Ambrelle\0", 18));
     x.setText(m_window, x.atom(Atom::wmName), x.atom(Atom::utf8String), "Ambrelle");
-    x.flush();
 }
 
 /// Says the same once more to the window manager: after a window was hidden it removes the states at a moment of its
@@ -187,7 +186,6 @@ void X11Panel::announce()
     state(WindowHint::addState, Atom::stateSticky);
     state(WindowHint::removeState, Atom::stateDemandsAttention);
     x.tellManager(m_window, Atom::wmDesktop, {WindowHint::everyDesktop, WindowHint::fromApplication});
-    x.flush();
 }
 
 void X11Panel::setOpacity(double opacity)
@@ -200,7 +198,6 @@ void X11Panel::setOpacity(double opacity)
         x.setProperty(
             m_window, Atom::wmWindowOpacity, XCB_ATOM_CARDINAL, {static_cast<uint32_t>(m_opacity * 0xFFFFFFFF)});
     applyShape();
-    x.flush();
 }
 
 void X11Panel::setClickThrough(bool through)
@@ -230,7 +227,6 @@ void X11Panel::applyInput()
         xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window, 0,
             0, area.isEmpty() ? 0 : 1, &rectangle);
     }
-    m_parts.connection.flush();
 }
 
 void X11Panel::setOutline(const QList<RoundedArea>& areas)
@@ -264,7 +260,6 @@ void X11Panel::applyShape()
             0, 0, static_cast<uint32_t>(rows.size()), rows.data());
         m_shaped = true;
     }
-    m_parts.connection.flush();
 }
 
 void X11Panel::groundChanged()

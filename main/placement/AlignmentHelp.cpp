@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/AlignmentHelp.h"
+#include "placement/AlignmentHelp.h"
 
-#include "desktop/ScreenPlacement.h"
+#include "placement/ScreenPlacement.h"
 
 #include <algorithm>
 #include <cmath>

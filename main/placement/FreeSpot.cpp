@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/FreeSpot.h"
+#include "placement/FreeSpot.h"
 
 #include <algorithm>
 

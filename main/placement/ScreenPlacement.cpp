@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/ScreenPlacement.h"
+#include "placement/ScreenPlacement.h"
 
-#include "desktop/GroupFit.h"
+#include "placement/GroupFit.h"
 
 #include <algorithm>
 #include <cmath>

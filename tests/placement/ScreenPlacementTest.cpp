@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/ScreenPlacement.h"
+#include "placement/ScreenPlacement.h"
 
-#include "desktop/GroupFit.h"
 #include "model/Composition.h"
+#include "placement/GroupFit.h"
 
 #include <gtest/gtest.h>
 

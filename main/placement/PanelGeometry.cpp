@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/PanelGeometry.h"
+#include "placement/PanelGeometry.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/StoredWidget.h"
+#include "placement/StoredWidget.h"
 
 #include <QJsonArray>
 

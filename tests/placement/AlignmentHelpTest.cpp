@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/AlignmentHelp.h"
-#include "desktop/InstructionPlace.h"
+#include "placement/AlignmentHelp.h"
+#include "placement/InstructionPlace.h"
 
 #include <gtest/gtest.h>
 

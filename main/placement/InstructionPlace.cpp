@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/InstructionPlace.h"
+#include "placement/InstructionPlace.h"
 
 #include <cmath>
 #include <optional>

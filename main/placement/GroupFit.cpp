@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/GroupFit.h"
+#include "placement/GroupFit.h"
 
 #include "model/Composition.h"
 
