@@ -78,10 +78,10 @@ def arrange(session, host, height):
 
 
 def stack(session):
-    """The program's windows from bottom to top."""
-    told = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST_STACKING"], capture_output=True, text=True).stdout
+    """The program's windows from bottom to top, whoever put a frame round them."""
     mine = {int(window) for window in session.windows()}
-    return [window for window in (int(each, 16) for each in told.rpartition("# ")[2].split(", ")) if window in mine]
+    root = Screen().root
+    return [window.id for top in root.query_tree().children for window in [top, *top.query_tree().children] if window.id in mine]
 
 
 def stay_on_top(session, host, height):
