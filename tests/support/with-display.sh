@@ -3,7 +3,7 @@
 # Runs a command on a virtual display of its own, with a session bus and a window manager:
 #     with-display.sh MANAGER COMMAND [ARGUMENT...]
 # MANAGER is the command of a window manager, run as below, or none. Ends with the command's status, or with 77 where a tool is missing.
-# AMBRELLE_TEST_SCREEN sets the size of the screen (1280x800).
+# AMBRELLE_TEST_SERVER has more options for the X server.
 set -u
 
 manager=$1
@@ -30,7 +30,8 @@ trap 'exit 130' INT TERM
 # just ending still removes its socket of.
 startServer() {
     DISPLAY=:$((200 + ($$ + $1 * 7919) % 20000))
-    Xvfb "$DISPLAY" -screen 0 "${AMBRELLE_TEST_SCREEN:-1280x800}x24" -noreset -nolisten tcp >"$folder/server.log" 2>&1 &
+    # shellcheck disable=SC2086 # several options
+    Xvfb "$DISPLAY" -screen 0 1280x800x24 -noreset -nolisten tcp ${AMBRELLE_TEST_SERVER-} >"$folder/server.log" 2>&1 &
     server=$!
     left=1200
     while kill -0 "$server" 2>/dev/null && [ $left -gt 0 ]; do
