@@ -54,6 +54,13 @@ TEST_F(SourcesTest, ProcessorCountersNeverGoBack)
     source.ticks();
     write(u"stat"_s, "cpu 0 0 0 0\ncpu0 110 0 50 1000 15 0 0 0\n");
     EXPECT_EQ(source.ticks(), (QList<ProcessorTicks>{{110, 50, 1020, 0}}));
+    write(u"stat"_s, "cpu 0 0 0 0\ncpu0 110 0 50 1010 15 0 0 0\n");
+    EXPECT_EQ(source.ticks(), (QList<ProcessorTicks>{{110, 50, 1025, 0}})) << "counted twice";
+    // After a sleep the time at rest begins anew, and goes on from where it was.
+    write(u"stat"_s, "cpu 0 0 0 0\ncpu0 190 0 60 300 0 0 0 0\n");
+    EXPECT_EQ(source.ticks(), (QList<ProcessorTicks>{{110, 50, 1025, 0}}));
+    write(u"stat"_s, "cpu 0 0 0 0\ncpu0 200 0 60 490 0 0 0 0\n");
+    EXPECT_EQ(source.ticks(), (QList<ProcessorTicks>{{120, 50, 1215, 0}}));
     write(u"stat"_s, "cpu 0 0 0 0\ncpu0 1 0 0 2\ncpu1 1 0 0 2\n");
     EXPECT_EQ(source.ticks()->size(), 2);
     write(u"stat"_s, "");

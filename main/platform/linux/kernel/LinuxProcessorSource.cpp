@@ -14,12 +14,32 @@ namespace ambrelle {
 
 namespace {
 
+constexpr std::array counters{
+    &ProcessorTicks::user, &ProcessorTicks::system, &ProcessorTicks::idle, &ProcessorTicks::nice};
+
 // The kernel's estimates of waiting and guest time may go back by a few ticks: such a counter stands still until it has
-// caught up.
-ProcessorTicks neverBack(const ProcessorTicks& before, const ProcessorTicks& now)
+// caught up. Farther back go those of a processor that was switched off, as all but one are while the machine sleeps:
+// they begin anew.
+constexpr quint64 smallStep = 100; // a second
+
+bool beganAnew(const ProcessorTicks& before, const ProcessorTicks& now)
 {
-    return {std::max(before.user, now.user), std::max(before.system, now.system), std::max(before.idle, now.idle),
-        std::max(before.nice, now.nice)};
+    return std::ranges::any_of(counters,
+        [&](auto counter) { return before.*counter > now.*counter && before.*counter - now.*counter > smallStep; });
+}
+
+/// Carries `told` on from what the kernel told before and tells now. A processor that began anew did nothing meanwhile.
+void carryOn(ProcessorTicks& told, ProcessorTicks& kernel, const ProcessorTicks& now)
+{
+    if (beganAnew(kernel, now)) {
+        kernel = now;
+        return;
+    }
+    for (const auto counter : counters) {
+        const quint64 latest = std::max(kernel.*counter, now.*counter);
+        told.*counter += latest - kernel.*counter;
+        kernel.*counter = latest;
+    }
 }
 
 } // namespace
@@ -38,16 +58,17 @@ QString LinuxProcessorSource::whyNot() const
 std::optional<QList<ProcessorTicks>> LinuxProcessorSource::ticks()
 {
     const auto text = m_file.read();
-    auto current = text ? parseProcessorTicks(*text) : std::nullopt;
+    const auto current = text ? parseProcessorTicks(*text) : std::nullopt;
     m_available = current.has_value();
     if (!current)
         return std::nullopt;
-    if (m_previous.size() == current->size()) {
-        for (qsizetype i = 0; i < current->size(); ++i)
-            (*current)[i] = neverBack(m_previous.at(i), current->at(i));
+    if (m_kernel.size() != current->size()) {
+        m_kernel = *current;
+        m_told = *current;
     }
-    m_previous = *current;
-    return current;
+    for (qsizetype i = 0; i < current->size(); ++i)
+        carryOn(m_told[i], m_kernel[i], current->at(i));
+    return m_told;
 }
 
 std::optional<std::array<double, 3>> LinuxProcessorSource::loadAverages()

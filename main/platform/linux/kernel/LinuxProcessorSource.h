@@ -20,7 +20,8 @@ public:
 
 private:
     KeptFile m_file;
-    QList<ProcessorTicks> m_previous;
+    QList<ProcessorTicks> m_kernel; // what the kernel told last, without small steps back
+    QList<ProcessorTicks> m_told; // what was told of it
     bool m_available = true;
 };
 
