@@ -42,8 +42,7 @@ std::optional<Location> locationFrom(const QVariantMap& properties)
     // Written so that what is not a number fails too.
     if (!hasLatitude || !hasLongitude || !(std::abs(latitude) <= 90) || !(std::abs(longitude) <= 180))
         return std::nullopt;
-    const QString description = properties.value(u"Description"_s).toString();
-    return Location{latitude, longitude, description.section(u',', 0, 0).simplified()};
+    return Location{latitude, longitude};
 }
 
 GeoClueLocation::GeoClueLocation(OpenBus openBus)
@@ -179,7 +178,7 @@ void GeoClueLocation::missing()
 {
     finish();
     m_present = false;
-    settle(LocationAuthorization::denied);
+    settle(LocationAuthorization::denied, QDeadlineTimer(m_patience.refusal));
 }
 
 void GeoClueLocation::settle(LocationAuthorization answer, QDeadlineTimer holds)

@@ -17,7 +17,7 @@
 namespace ambrelle {
 
 /// The location in the properties of a GeoClue location object; nothing unless both coordinates are there and within
-/// the globe. Of a description such as "Bergen, Norway" the place is what stands before the comma.
+/// the globe. The place stays without a name: what the service describes is the way it was found, such as "WiFi".
 std::optional<Location> locationFrom(const QVariantMap& properties);
 
 /// The location that the GeoClue service tells. Nothing is asked, and nothing runs, until a location is requested;
@@ -29,8 +29,8 @@ public:
 
     struct Patience {
         Milliseconds location = std::chrono::minutes(1); ///< for a location once it is allowed
-        /// How long a refusal holds before a request asks again. Nobody tells when it is taken back, or when the
-        /// desktop's agent, which a session may start after this program, is there to be asked.
+        /// How long a refusal, or the lack of the service, holds before a request asks again. Nobody tells when it is
+        /// taken back, or when the desktop's agent, which a session may start after this program, is there to be asked.
         Milliseconds refusal = std::chrono::minutes(10);
     };
 
