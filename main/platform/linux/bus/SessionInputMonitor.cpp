@@ -9,7 +9,6 @@
 #include <QDBusPendingReply>
 #include <QPointer>
 
-#include <array>
 #include <utility>
 
 namespace ambrelle {
@@ -18,35 +17,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct IdleService {
-    QLatin1StringView name;
-    QLatin1StringView path;
-    QLatin1StringView interface;
-    QLatin1StringView method;
-    double unit; ///< seconds
-};
-
-constexpr std::array services{
-    IdleService{"org.gnome.Mutter.IdleMonitor"_L1, "/org/gnome/Mutter/IdleMonitor/Core"_L1,
-        "org.gnome.Mutter.IdleMonitor"_L1, "GetIdletime"_L1, 0.001},
-    IdleService{"org.freedesktop.ScreenSaver"_L1, "/org/freedesktop/ScreenSaver"_L1, "org.freedesktop.ScreenSaver"_L1,
-        "GetSessionIdleTime"_L1, 1},
-};
-
-QDBusMessage idleQuestion(const IdleService& service)
+QDBusMessage idleQuestion()
 {
-    auto call = QDBusMessage::createMethodCall(service.name, service.path, service.interface, service.method);
+    auto call = QDBusMessage::createMethodCall(u"org.gnome.Mutter.IdleMonitor"_s,
+        u"/org/gnome/Mutter/IdleMonitor/Core"_s, u"org.gnome.Mutter.IdleMonitor"_s, u"GetIdletime"_s);
     call.setAutoStartService(false); // one that has to be started first knows nothing
     return call;
 }
 
-std::optional<double> answered(const QDBusMessage& reply, const IdleService& service)
+std::optional<double> secondsIn(const QDBusMessage& reply)
 {
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
         return std::nullopt;
     bool isNumber = false;
-    const double idle = reply.arguments().constFirst().toDouble(&isNumber);
-    return isNumber ? std::optional(idle * service.unit) : std::nullopt;
+    const double milliseconds = reply.arguments().constFirst().toDouble(&isNumber);
+    return isNumber ? std::optional(milliseconds / 1000) : std::nullopt;
 }
 
 } // namespace
@@ -63,31 +48,21 @@ QString SessionInputMonitor::whyNot() const
 
 void SessionInputMonitor::secondsSinceInput(QObject* context, Answer answer)
 {
-    if (m_started)
-        ask(0, context, answer);
-    else
-        answer(std::nullopt);
-}
-
-/// Asks that service, and those after it when it does not answer.
-void SessionInputMonitor::ask(std::size_t service, QObject* context, const Answer& answer)
-{
+    if (!m_started)
+        return answer(std::nullopt);
     QDBusConnection bus = m_openBus();
-    if (service == services.size() || !bus.isConnected()) {
+    if (!bus.isConnected()) {
         m_answered = false;
         return answer(std::nullopt);
     }
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(idleQuestion(services[service]), busPatience), this);
-    connect(
-        watcher, &QDBusPendingCallWatcher::finished, this, [this, service, watcher, asker = QPointer(context), answer] {
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(idleQuestion(), busPatience), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+        [this, watcher, asker = QPointer(context), answer = std::move(answer)] {
             watcher->deleteLater();
-            if (!asker)
-                return;
-            const std::optional<double> seconds = answered(watcher->reply(), services[service]);
-            if (!seconds)
-                return ask(service + 1, asker, answer);
-            m_answered = true;
-            answer(seconds);
+            const std::optional<double> seconds = secondsIn(watcher->reply());
+            m_answered = seconds.has_value();
+            if (asker)
+                answer(seconds);
         });
 }
 

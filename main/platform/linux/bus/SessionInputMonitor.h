@@ -7,8 +7,9 @@
 
 namespace ambrelle {
 
-/// The idle time that the desktop's own services tell on the session bus: for sessions in which no program may see the
-/// input of another. Clicks and travel stay unknown.
+/// The idle time that the window manager tells on the session bus, where it is Mutter: for sessions in which no program
+/// may see the input of another. Clicks and travel stay unknown. Screen savers are not asked: those of such sessions
+/// answer to the question how long the session was idle, and what they answer does not follow the input.
 class SessionInputMonitor final : public InputMonitor {
 public:
     using InputMonitor::metresPerPoint;
@@ -24,8 +25,6 @@ public:
     double metresPerPoint() const override { return usualMetresPerPoint; }
 
 private:
-    void ask(std::size_t service, QObject* context, const Answer& answer);
-
     OpenBus m_openBus;
     bool m_started = false;
     bool m_answered = true; ///< until nobody does
