@@ -24,15 +24,16 @@ public:
     /// Seconds on a clock that never jumps; only differences mean something.
     virtual double elapsed() const = 0;
 
-    /// Runs `work` every `period`, first after about one. On the machine's clock the runs stand at multiples of the
-    /// period and may be a tenth of it late, so that the wake-ups of equal and agreeing periods coincide: the first
-    /// comes after half a period to one and a half.
+    /// Runs `work` every `period`, first after one. On the machine's clock runs may be a tenth of a period late, and
+    /// drift to multiples of the period, so that after some runs the wake-ups of equal and agreeing periods coincide.
     [[nodiscard]] virtual Ticket every(std::chrono::milliseconds period, Work work) = 0;
     /// Runs `work` once after `delay`.
     [[nodiscard]] virtual Ticket after(std::chrono::milliseconds delay, Work work) = 0;
     /// Runs `work` at the start of every minute of the wall clock, and at once when that clock was set, the time zone
     /// changed or the machine woke up.
     [[nodiscard]] virtual Ticket everyMinute(Work work) = 0;
+    /// Runs `work` whenever the wall clock was set, the time zone changed or the machine woke up.
+    [[nodiscard]] virtual Ticket everyJump(Work work) = 0;
 };
 
 } // namespace ambrelle

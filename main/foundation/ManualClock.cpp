@@ -37,6 +37,11 @@ Ticket ManualClock::everyMinute(Work work)
     return m_minutes.add(std::move(work));
 }
 
+Ticket ManualClock::everyJump(Work work)
+{
+    return m_minutes.addForJumps(std::move(work));
+}
+
 void ManualClock::advance(std::chrono::milliseconds time)
 {
     const TimerQueue::Moment target = m_elapsed + time;

@@ -21,10 +21,12 @@ public:
     [[nodiscard]] Ticket every(std::chrono::milliseconds period, Work work) override;
     [[nodiscard]] Ticket after(std::chrono::milliseconds delay, Work work) override;
     [[nodiscard]] Ticket everyMinute(Work work) override;
+    [[nodiscard]] Ticket everyJump(Work work) override;
 
     /// Lets time pass and does what becomes due in order, each at its moment.
     void advance(std::chrono::milliseconds time);
-    /// Sets the wall clock, as a user does: `elapsed` stays, and those who wait for minutes are called.
+    /// Sets the wall clock, as a user does, or a machine that slept until then: `elapsed` stays, and those who wait for
+    /// minutes or jumps are called.
     void setNow(const QDateTime& now);
 
 private:

@@ -2,6 +2,8 @@
 
 #include "foundation/MinuteBeat.h"
 
+#include <utility>
+
 namespace ambrelle {
 
 namespace {
@@ -21,6 +23,7 @@ MinuteBeat::MinuteBeat(Clock& clock, std::function<void(bool)> listening)
     : m_clock(clock)
     , m_listening(std::move(listening))
     , m_listeners([this] { listenersChanged(); })
+    , m_jumpListeners([this] { listenersChanged(); })
 {
 }
 
@@ -29,25 +32,32 @@ Ticket MinuteBeat::add(Clock::Work work)
     return m_listeners.repeat(m_beat + oneBeat, oneBeat, std::move(work));
 }
 
+Ticket MinuteBeat::addForJumps(Clock::Work work)
+{
+    return m_jumpListeners.repeat(m_beat + oneBeat, oneBeat, std::move(work));
+}
+
 void MinuteBeat::clockChanged()
 {
-    if (!m_isListening)
-        return;
-    arm();
-    callAll();
+    if (m_isBeating) {
+        arm();
+        callAll(m_listeners);
+    }
+    callAll(m_jumpListeners);
 }
 
 void MinuteBeat::listenersChanged()
 {
-    if (m_isListening == !m_listeners.isEmpty())
-        return;
-    m_isListening = !m_isListening;
-    if (m_isListening)
-        arm();
-    else
-        m_timer.reset();
-    if (m_listening)
-        m_listening(m_isListening);
+    if (m_isBeating == m_listeners.isEmpty()) {
+        m_isBeating = !m_isBeating;
+        if (m_isBeating)
+            arm();
+        else
+            m_timer.reset();
+    }
+    const bool isListening = m_isBeating || !m_jumpListeners.isEmpty();
+    if (std::exchange(m_isListening, isListening) != isListening && m_listening)
+        m_listening(isListening);
 }
 
 void MinuteBeat::arm()
@@ -63,13 +73,13 @@ void MinuteBeat::strike()
     const bool early = m_clock.now().toMSecsSinceEpoch() < m_nextMinute;
     arm();
     if (!early)
-        callAll();
+        callAll(m_listeners);
 }
 
-void MinuteBeat::callAll()
+void MinuteBeat::callAll(TimerQueue& listeners)
 {
     m_beat += oneBeat;
-    m_listeners.run(m_beat);
+    listeners.run(m_beat);
 }
 
 } // namespace ambrelle

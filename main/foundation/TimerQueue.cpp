@@ -11,9 +11,18 @@ struct TimerQueue::Job {
     Moment due;
     Moment period; // zero: once
     Work work;
+    Phase phase;
     bool cancelled = false;
 
     Moment latest() const { return due + period / 10; }
+    /// To the first run after `now`.
+    void moveOn(Moment now)
+    {
+        due += period * ((now - due) / period + 1);
+        const Moment past = due % period;
+        if (phase == Phase::shared && past > Moment::zero())
+            due += std::min(period - past, std::max(period / 20, Moment(1)));
+    }
 };
 
 struct TimerQueue::State {
@@ -46,17 +55,17 @@ TimerQueue::~TimerQueue()
 
 Ticket TimerQueue::once(Moment due, Work work)
 {
-    return add(due, Moment::zero(), std::move(work));
+    return add(due, Moment::zero(), std::move(work), Phase::own);
 }
 
-Ticket TimerQueue::repeat(Moment due, Moment period, Work work)
+Ticket TimerQueue::repeat(Moment due, Moment period, Work work, Phase phase)
 {
-    return add(due, std::max(period, Moment(1)), std::move(work));
+    return add(due, std::max(period, Moment(1)), std::move(work), phase);
 }
 
-Ticket TimerQueue::add(Moment due, Moment period, Work work)
+Ticket TimerQueue::add(Moment due, Moment period, Work work, Phase phase)
 {
-    auto job = std::make_shared<Job>(Job{due, period, std::move(work)});
+    auto job = std::make_shared<Job>(Job{due, period, std::move(work), phase});
     m_state->jobs.push_back(job);
     m_state->notify();
     return Ticket([weakState = std::weak_ptr(m_state), weakJob = std::weak_ptr(job)] {
@@ -106,7 +115,7 @@ void TimerQueue::run(Moment now)
     std::erase_if(jobs, [now](const auto& job) { return job->due <= now && job->period == Moment::zero(); });
     for (const auto& job : due) {
         if (job->period > Moment::zero())
-            job->due += job->period * ((now - job->due) / job->period + 1);
+            job->moveOn(now);
     }
     // Before the work, so that a nested event loop inside it still has its timers.
     m_state->notify();

@@ -25,8 +25,12 @@ public:
     TimerQueue& operator=(const TimerQueue&) = delete;
 
     [[nodiscard]] Ticket once(Moment due, Work work);
+    enum class Phase {
+        own, ///< stays where the first run was
+        shared, ///< drifts to multiples of the period, by at most a twentieth of one per run
+    };
     /// First at `due`, then every `period`; a time that was missed is left out, not made up for.
-    [[nodiscard]] Ticket repeat(Moment due, Moment period, Work work);
+    [[nodiscard]] Ticket repeat(Moment due, Moment period, Work work, Phase phase = Phase::own);
 
     bool isEmpty() const;
     std::optional<Moment> nextDue() const;
@@ -40,7 +44,7 @@ private:
     struct Job;
     struct State;
 
-    Ticket add(Moment due, Moment period, Work work);
+    Ticket add(Moment due, Moment period, Work work, Phase phase);
 
     std::shared_ptr<State> m_state;
 };

@@ -16,13 +16,6 @@ Moment monotonicNow()
     return std::chrono::duration_cast<Moment>(std::chrono::steady_clock::now().time_since_epoch());
 }
 
-// The multiple of the period nearest to one period from now, so that equal and agreeing periods beat together.
-Moment firstBeat(Moment now, Moment period)
-{
-    const Moment middle = now + period + period / 2;
-    return middle - middle % period;
-}
-
 } // namespace
 
 SystemClock::SystemClock()
@@ -43,7 +36,7 @@ double SystemClock::elapsed() const
 Ticket SystemClock::every(std::chrono::milliseconds period, Work work)
 {
     const Moment atLeast = std::max(period, Moment(1));
-    return m_queue.repeat(firstBeat(monotonicNow(), atLeast), atLeast, std::move(work));
+    return m_queue.repeat(monotonicNow() + atLeast, atLeast, std::move(work), TimerQueue::Phase::shared);
 }
 
 Ticket SystemClock::after(std::chrono::milliseconds delay, Work work)
@@ -54,6 +47,11 @@ Ticket SystemClock::after(std::chrono::milliseconds delay, Work work)
 Ticket SystemClock::everyMinute(Work work)
 {
     return m_minutes.add(std::move(work));
+}
+
+Ticket SystemClock::everyJump(Work work)
+{
+    return m_minutes.addForJumps(std::move(work));
 }
 
 void SystemClock::arm()

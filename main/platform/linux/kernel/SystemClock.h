@@ -22,6 +22,7 @@ public:
     [[nodiscard]] Ticket every(std::chrono::milliseconds period, Work work) override;
     [[nodiscard]] Ticket after(std::chrono::milliseconds delay, Work work) override;
     [[nodiscard]] Ticket everyMinute(Work work) override;
+    [[nodiscard]] Ticket everyJump(Work work) override;
 
 private:
     void arm();
