@@ -203,6 +203,24 @@ TEST(ProcessParserTest, ANameMayHoldAnything)
         EXPECT_FALSE(parseProcessStat(damaged)) << damaged;
 }
 
+TEST(ProcessParserTest, ANameThatWasCutIsToldByTheCommandLine)
+{
+    const struct {
+        const char* name;
+        const char* commandLine;
+        const char* whole;
+    } cases[] = {
+        {"gnome-terminal-", "/usr/libexec/gnome-terminal-server|--x|", "gnome-terminal-server"},
+        {"Isolated Web Co", "/usr/lib/firefox/firefox|-contentproc|", "firefox"},
+        {"unattended-upgr", "/usr/bin/python3|-u|/usr/bin/unattended-upgrade|", "unattended-upgrade"},
+        {"systemd-resolve", "systemd-resolved", "systemd-resolved"},
+        {"kworker/u8:1-ev", "", "kworker/u8:1-ev"},
+        {"exactly15letter", "|", "exactly15letter"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(wholeProcessName(each.name, QByteArray(each.commandLine).replace('|', '\0')), each.whole);
+}
+
 /// Reads `text` with every parser and checks what must hold of any text.
 void readWithAll(std::string_view text)
 {

@@ -196,13 +196,13 @@ TEST_F(SourcesTest, NetworkCardsCountAndWhatIsBuiltOnThemDoesNot)
     EXPECT_EQ(source.interfaces()->first(), (InterfaceCounters{u"eth0"_s, 1, 9, true}));
 }
 
-/// A process that keeps one processor busy, under a name with blanks and a bracket.
+/// A process that keeps one processor busy, under a name of its choice.
 class BusyProcess {
 public:
-    BusyProcess()
+    explicit BusyProcess(const QString& name)
     {
         m_process.start(
-            u"/bin/sh"_s, {u"-c"_s, u"printf 'busy ) R 1 (x' > /proc/$$/comm; echo; while :; do :; done"_s});
+            u"/bin/sh"_s, {u"-c"_s, u"printf '%s' \"$0\" > /proc/$$/comm; echo; while :; do :; done"_s, name});
         m_process.waitForReadyRead();
     }
     ~BusyProcess()
@@ -216,12 +216,9 @@ private:
     QProcess m_process;
 };
 
-TEST(ProcessSourceTest, TheBusyProcessStandsOutWithItsName)
+/// What is told of that process once it stands out.
+std::optional<ProcessRow> rowOf(const BusyProcess& busy, LinuxProcessSource& source)
 {
-    LinuxProcessSource source;
-    ASSERT_TRUE(source.isAvailable());
-    source.top(8, [](const QList<ProcessRow>&) {});
-    const BusyProcess busy;
     std::optional<ProcessRow> found;
     EXPECT_TRUE(waitUntil([&source, &found, &busy] {
         source.top(100'000, [&found, &busy](const QList<ProcessRow>& rows) {
@@ -234,12 +231,25 @@ TEST(ProcessSourceTest, TheBusyProcessStandsOutWithItsName)
         });
         return found && found->cpu > 5;
     }));
+    return found;
+}
+
+TEST(ProcessSourceTest, TheBusyProcessStandsOutWithItsName)
+{
+    LinuxProcessSource source;
+    ASSERT_TRUE(source.isAvailable());
+    source.top(8, [](const QList<ProcessRow>&) {});
+    const auto found = rowOf(BusyProcess(u"busy ) R 1 (x"_s), source);
     ASSERT_TRUE(found);
     EXPECT_EQ(found->name, u"busy ) R 1 (x"_s);
     EXPECT_LT(found->cpu, 150);
     EXPECT_GT(found->memory, 0);
     EXPECT_LT(found->memory, 50);
     EXPECT_FALSE(LinuxProcessSource("/nowhere").isAvailable());
+
+    const auto cut = rowOf(BusyProcess(u"Isolated Web Content"_s), source);
+    ASSERT_TRUE(cut);
+    EXPECT_EQ(cut->name, u"sh"_s) << "the kernel keeps 15 letters, and this one has no file";
 }
 
 TEST(LinuxSourcesTest, ThisMachineAnswersSensibly)

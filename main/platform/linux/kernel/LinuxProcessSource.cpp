@@ -71,10 +71,17 @@ QList<ProcessRow> LinuxProcessSource::busiest(int count)
         [](const Process* a, const Process* b) { return a->cpu != b->cpu ? a->cpu > b->cpu : a->id < b->id; });
 
     QList<ProcessRow> rows;
+    QHash<qint64, WholeName> stillKnown;
     for (auto each = order.begin(); each != wanted; ++each) {
-        if (const auto details = detailsOf((*each)->id))
-            rows.append({(*each)->id, details->name, (*each)->cpu, details->memory});
+        const qint64 id = (*each)->id;
+        const auto details = detailsOf(id);
+        if (!details)
+            continue;
+        rows.append({id, nameOf(id, *details), (*each)->cpu, details->memory});
+        if (const auto known = m_wholeNames.constFind(id); known != m_wholeNames.constEnd())
+            stillKnown.insert(id, *known);
     }
+    m_wholeNames.swap(stillKnown);
     return rows;
 }
 
@@ -123,25 +130,47 @@ void LinuxProcessSource::readProcess(qint64 id, double elapsed)
     m_current.push_back(process);
 }
 
-std::optional<LinuxProcessSource::Details> LinuxProcessSource::detailsOf(qint64 id) const
+QByteArray LinuxProcessSource::fileOf(qint64 id, const char* name) const
 {
     std::array<char, 32> path;
     std::array<char, 1024> text;
-    std::snprintf(path.data(), path.size(), "%lld/stat", id);
+    std::snprintf(path.data(), path.size(), "%lld/%s", id, name);
     const int file = ::openat(m_folder, path.data(), O_RDONLY | O_CLOEXEC);
     if (file < 0)
-        return std::nullopt;
+        return {};
     const auto length = ::read(file, text.data(), text.size());
     ::close(file);
-    const auto stat = parseProcessStat({text.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))});
+    return QByteArray(text.data(), std::max<ssize_t>(length, 0));
+}
+
+std::optional<LinuxProcessSource::Details> LinuxProcessSource::detailsOf(qint64 id) const
+{
+    const QByteArray text = fileOf(id, "stat");
+    const auto stat = parseProcessStat({text.constData(), static_cast<std::size_t>(text.size())});
     if (!stat)
         return std::nullopt;
     Details details;
-    details.name = QString::fromUtf8(stat->name.data(), static_cast<qsizetype>(stat->name.size()));
+    details.name = QByteArray(stat->name.data(), static_cast<qsizetype>(stat->name.size()));
+    // Of a process that waits for a device the command line may not be had before that device answers.
+    details.isCut = stat->name.size() == longestProcessName && !stat->isBlocked;
+    details.start = stat->start;
     if (m_pagesInMemory > 0)
         details.memory = 100 * static_cast<double>(stat->residentPages) / m_pagesInMemory;
     details.age = secondsOn(CLOCK_BOOTTIME).value_or(0) - static_cast<double>(stat->start) / m_ticksPerSecond;
     return details;
+}
+
+QString LinuxProcessSource::nameOf(qint64 id, const Details& details)
+{
+    const auto known = m_wholeNames.constFind(id);
+    if (known != m_wholeNames.constEnd() && known->start == details.start && known->cut == details.name)
+        return QString::fromUtf8(known->whole);
+    m_wholeNames.remove(id);
+    if (!details.isCut)
+        return QString::fromUtf8(details.name);
+    const QByteArray whole = wholeProcessName(details.name, fileOf(id, "cmdline"));
+    m_wholeNames.insert(id, {details.name, details.start, whole});
+    return QString::fromUtf8(whole);
 }
 
 } // namespace ambrelle

@@ -28,7 +28,8 @@ std::optional<ProcessStat> parseProcessStat(std::string_view text)
 
     // Fields are numbered from 1 in proc(5); the state, number 3, follows the name.
     auto rest = text.substr(close + 1);
-    skipFields(rest, 11);
+    const bool isBlocked = takeField(rest) == "D";
+    skipFields(rest, 10);
     const auto userTicks = takeNumber<quint64>(rest); // 14
     const auto systemTicks = takeNumber<quint64>(rest);
     skipFields(rest, 6);
@@ -38,7 +39,21 @@ std::optional<ProcessStat> parseProcessStat(std::string_view text)
     if (!id || !userTicks || !systemTicks || !start || !resident)
         return std::nullopt;
     return ProcessStat{
-        *id, name, *userTicks + *systemTicks, *start, static_cast<quint64>(std::max<qint64>(*resident, 0))};
+        *id, name, isBlocked, *userTicks + *systemTicks, *start, static_cast<quint64>(std::max<qint64>(*resident, 0))};
+}
+
+QByteArray wholeProcessName(const QByteArray& name, const QByteArray& commandLine)
+{
+    constexpr qsizetype mostArguments = 3; // an interpreter may have an option before its script
+    const auto fileOf = [](const QByteArray& path) { return path.sliced(path.lastIndexOf('/') + 1); };
+    const QList<QByteArray> arguments = commandLine.split('\0');
+    for (const QByteArray& argument : arguments.first(std::min(arguments.size(), mostArguments))) {
+        QByteArray file = fileOf(argument);
+        if (file.startsWith(name))
+            return file;
+    }
+    const QByteArray program = fileOf(arguments.first());
+    return program.isEmpty() ? name : program;
 }
 
 } // namespace ambrelle
