@@ -21,12 +21,18 @@ struct HttpAnswer {
 
 /// Fetches single documents from the network.
 class HttpClient : public Port {
+    Q_OBJECT
 public:
     using Done = std::function<void(const HttpAnswer& answer)>;
 
     /// Gets `url` and answers later on this thread, unless `context` is gone by then. An answer takes at most 20
     /// seconds and `mostBytes`; redirects lead to HTTPS only, plain HTTP is for this machine alone.
     virtual void get(const QUrl& url, qint64 mostBytes, QObject* context, Done done) = 0;
+
+Q_SIGNALS:
+    /// The machine has a way to other machines that it had not before: what failed lately may succeed now, or in some
+    /// seconds. Told where the system tells it.
+    void networkCame();
 };
 
 } // namespace ambrelle

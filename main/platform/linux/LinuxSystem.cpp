@@ -17,6 +17,7 @@ LinuxSystem::LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture
     , loginItem(runningProgram())
     , desktopPicture(chooseDesktopPicture(session, wishes.noteFolder, hostsPicture))
 {
+    QObject::connect(&routes, &RouteWatch::wayOutCame, &http, &HttpClient::networkCame);
     setYieldToOthers(lowerThreadPriority);
 }
 

@@ -17,6 +17,7 @@
 #include "platform/linux/desktop/DesktopPrograms.h"
 #include "platform/linux/DesktopPictureChoice.h"
 #include "platform/linux/kernel/LinuxSources.h"
+#include "platform/linux/kernel/RouteWatch.h"
 #include "platform/linux/kernel/SystemClock.h"
 #include "platform/Machine.h"
 #include "platform/network/QtHttpClient.h"
@@ -38,6 +39,7 @@ struct LinuxSystem {
     SessionInputMonitor input; ///< for hosts that cannot see the pointer outside their windows
     StatusNotifierTray tray;
     QtHttpClient http;
+    RouteWatch routes;
     GeoClueLocation location;
     MprisPlayers players;
     FolderCalendarStore calendars;

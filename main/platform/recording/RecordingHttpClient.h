@@ -20,14 +20,15 @@ public:
     {
         addresses.append(QString::fromLatin1(url.toEncoded()));
         bounds.append(mostBytes);
-        m_waiting.append({context, std::move(done)});
+        m_waiting.append({url, context, std::move(done)});
     }
 
     qsizetype waiting() const { return m_waiting.size(); }
+    const QUrl& address(qsizetype index = 0) const { return m_waiting.at(index).url; } ///< of a waiting request
     /// Answers one of the waiting requests, the oldest unless told otherwise.
     void answer(const HttpAnswer& answer, qsizetype index = 0)
     {
-        const auto [context, done] = m_waiting.takeAt(index);
+        const auto [url, context, done] = m_waiting.takeAt(index);
         if (context)
             done(answer);
     }
@@ -37,6 +38,7 @@ public:
 
 private:
     struct Waiting {
+        QUrl url;
         QPointer<QObject> context;
         Done done;
     };
