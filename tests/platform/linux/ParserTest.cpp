@@ -148,6 +148,45 @@ TEST(PowerSupplyParserTest, BatteriesInWattHoursAmpereHoursAndPerCent)
     EXPECT_TRUE(describe({energy}).isEmpty());
 }
 
+TEST(PowerSupplyParserTest, SeveralBatteriesAreOne)
+{
+    const auto battery = [](const char* status, qint64 energy, qint64 full, qint64 power) {
+        PowerSupply supply;
+        supply.type = "Battery";
+        supply.status = status;
+        supply.energy = energy;
+        supply.energyFull = full;
+        supply.power = power;
+        return supply;
+    };
+    const auto whole = [](const QList<PowerSupply>& supplies) {
+        const auto descriptions = describe(supplies);
+        EXPECT_EQ(descriptions.size(), 1);
+        return descriptions.value(0);
+    };
+    using enum PowerSourceType;
+    // One is used up first: 10 Wh and 20 Wh at 10 W last three hours.
+    EXPECT_EQ(whole({battery("Unknown", 10000000, 20000000, 0), battery("Discharging", 20000000, 60000000, 10000000)}),
+        (PowerSourceDescription{internalBattery, 30000000, 80000000, false, false, false, 300, 180}));
+    EXPECT_EQ(whole({battery("Full", 20000000, 20000000, 0), battery("Charging", 20000000, 60000000, 20000000)}),
+        (PowerSourceDescription{internalBattery, 40000000, 80000000, true, true, false, 120, 120}));
+    const auto full = whole({battery("Full", 5, 5, 0), battery("Full", 5, 5, 0)});
+    EXPECT_TRUE(full.isCharged.value_or(false));
+    EXPECT_FALSE(full.isCharging.value_or(true));
+
+    // 2 Ah of 6 Ah at 12 V are 24 Wh of 72 Wh. Without a voltage nobody knows which of the two is larger.
+    PowerSupply charge = battery("Discharging", 0, 0, 0);
+    charge.charge = 2000000;
+    charge.chargeFull = 6000000;
+    charge.voltage = 12000000;
+    const auto second = battery("Not charging", 28000000, 28000000, 0);
+    EXPECT_EQ(whole({charge, second}).currentCapacity, 52000000);
+    EXPECT_EQ(whole({charge, second}).maxCapacity, 100000000);
+    charge.voltage.reset();
+    EXPECT_EQ(whole({charge, second}).currentCapacity, 67);
+    EXPECT_EQ(whole({charge, second}).maxCapacity, 100);
+}
+
 TEST(PowerSupplyParserTest, NumbersBeyondReason)
 {
     constexpr auto most = std::numeric_limits<qint64>::max();
@@ -160,10 +199,13 @@ TEST(PowerSupplyParserTest, NumbersBeyondReason)
             supply.energyFull = most;
             supply.power = rate;
             supply.secondsToEmpty = rate;
-            const auto description = describe({supply}).first();
-            EXPECT_GE(description.currentCapacity, 0);
-            EXPECT_GE(*description.timeToEmpty, -1);
-            EXPECT_GE(*description.timeToFullCharge, -1);
+            for (const auto& supplies : {QList{supply}, QList{supply, supply}}) {
+                const auto description = describe(supplies).first();
+                EXPECT_GE(description.currentCapacity, 0);
+                EXPECT_LE(description.currentCapacity, description.maxCapacity);
+                EXPECT_GE(*description.timeToEmpty, -1);
+                EXPECT_GE(*description.timeToFullCharge, -1);
+            }
         }
     }
 }

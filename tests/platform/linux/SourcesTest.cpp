@@ -152,11 +152,14 @@ TEST_F(SourcesTest, BatteriesComeAndGo)
     write(u"class/power_supply/AC/type"_s, "Mains\n");
     write(u"class/power_supply/mouse/uevent"_s, testData("battery-of-mouse.txt"));
     write(u"class/power_supply/mouse/scope"_s, "Device\n");
-    LinuxPowerSource source(root());
+    LinuxPowerSource source(root(), std::chrono::milliseconds(0));
+    LinuxPowerSource patient(root());
     ASSERT_EQ(source.descriptions().size(), 1);
     EXPECT_TRUE(source.descriptions().first().onAC);
+    EXPECT_TRUE(patient.descriptions().first().onAC);
     write(u"class/power_supply/AC/uevent"_s, "POWER_SUPPLY_ONLINE=0\n");
     EXPECT_FALSE(source.descriptions().first().onAC);
+    EXPECT_TRUE(patient.descriptions().first().onAC) << "slow controllers are not asked by every sample";
     write(battery, "");
     EXPECT_EQ(source.descriptions().first().maxCapacity, 100);
 }

@@ -10,12 +10,11 @@
 
 #include <algorithm>
 
+#include <linux/netlink.h>
+
 namespace ambrelle {
 
 namespace {
-
-// sysfs tells nobody that a supply came, and looking takes longer than reading those that are known.
-constexpr std::chrono::seconds searchPeriod{10};
 
 QByteArray wordIn(const QByteArray& path)
 {
@@ -26,8 +25,9 @@ QByteArray wordIn(const QByteArray& path)
 
 } // namespace
 
-LinuxPowerSource::LinuxPowerSource(const QByteArray& sysFolder)
+LinuxPowerSource::LinuxPowerSource(const QByteArray& sysFolder, std::chrono::milliseconds period)
     : m_folder(sysFolder + "/class/power_supply")
+    , m_period(period)
 {
     findSupplies();
 }
@@ -39,25 +39,37 @@ QString LinuxPowerSource::whyNot() const
 
 QList<PowerSourceDescription> LinuxPowerSource::descriptions()
 {
-    if (std::chrono::steady_clock::now() - m_found >= searchPeriod)
+    if (m_holds.hasExpired()) {
+        m_holds = QDeadlineTimer(m_period);
         findSupplies();
+        readSupplies();
+    }
+    return m_descriptions;
+}
+
+void LinuxPowerSource::hearEvents()
+{
+    constexpr unsigned fromKernel = 1;
+    m_events.emplace(NETLINK_KOBJECT_UEVENT, fromKernel, [this](std::span<const char> message) {
+        constexpr std::string_view ours("\0SUBSYSTEM=power_supply", 23);
+        if (message.empty() || std::string_view(message.data(), message.size()).find(ours) != std::string_view::npos)
+            m_holds = QDeadlineTimer();
+    });
+}
+
+void LinuxPowerSource::readSupplies()
+{
     QList<PowerSupply> supplies;
-    bool isMissing = false;
     for (auto& supply : m_supplies) {
-        const auto text = supply.file.read();
-        isMissing = isMissing || !text;
-        if (text)
+        if (const auto text = supply.file.read())
             supplies.append(parsePowerSupply(
                 *text, std::string_view(supply.type.constData(), static_cast<std::size_t>(supply.type.size()))));
     }
-    if (isMissing)
-        m_found = {};
-    return describe(supplies);
+    m_descriptions = describe(supplies);
 }
 
 void LinuxPowerSource::findSupplies()
 {
-    m_found = std::chrono::steady_clock::now();
     const QDir folder(QFile::decodeName(m_folder));
     m_available = folder.exists();
     QList<QByteArray> paths;
@@ -75,6 +87,10 @@ void LinuxPowerSource::findSupplies()
     m_supplies.clear();
     for (const auto& path : paths)
         m_supplies.push_back({wordIn(path + "type"), KeptFile(path + "uevent")});
+    if (m_supplies.empty())
+        m_events.reset();
+    else if (!m_events)
+        hearEvents();
 }
 
 } // namespace ambrelle

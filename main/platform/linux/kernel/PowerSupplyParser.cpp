@@ -92,6 +92,77 @@ bool feedsMachine(const PowerSupply& supply)
     return !supply.isOfDevice && supply.type != "Battery" && supply.type != "UPS";
 }
 
+/// What charges and discharges at once comes to what predominates.
+QByteArray jointStatus(const QList<PowerSupply>& batteries)
+{
+    const auto count = [&batteries](const char* status) {
+        return std::ranges::count_if(batteries, [status](const PowerSupply& each) { return each.status == status; });
+    };
+    if (count("Full") == batteries.size())
+        return "Full";
+    if (count("Discharging") > 0)
+        return "Discharging";
+    return count("Charging") > 0 ? "Charging" : "Unknown";
+}
+
+/// Several batteries as the one that they are to the user. Where all tell their energy, or enough to know it, the large
+/// ones weigh more, and their powers add up to the time that is left.
+PowerSupply united(const QList<PowerSupply>& batteries)
+{
+    if (batteries.size() == 1)
+        return batteries.first();
+    PowerSupply whole;
+    whole.type = "Battery";
+    whole.status = jointStatus(batteries);
+    double now = 0;
+    double full = 0;
+    double power = 0;
+    double percent = 0;
+    bool tellEnergy = true;
+    for (const auto& each : batteries) {
+        const double volts = static_cast<double>(each.voltage.value_or(0)) / 1e6;
+        const bool hasEnergy = each.energy && each.energyFull.value_or(0) > 0;
+        const auto gauge = gaugeOf(each);
+        const bool isCharge = !hasEnergy && each.charge && each.chargeFull.value_or(0) > 0;
+        tellEnergy = tellEnergy && (hasEnergy || (isCharge && volts > 0));
+        const double unit = isCharge ? volts : 1;
+        const double limit = static_cast<double>(gauge.full);
+        const double held = std::clamp(static_cast<double>(gauge.now), 0.0, limit);
+        now += held * unit;
+        full += limit * unit;
+        percent += 100 * held / limit;
+        if (each.status == whole.status)
+            power += gauge.perHour.value_or(0) * unit;
+    }
+    constexpr double most = 1e15; // millionths: no machine holds as much
+    if (tellEnergy && full >= 1 && full < most && power < most) {
+        whole.energy = std::llround(now);
+        whole.energyFull = std::llround(full);
+        whole.power = std::llround(power);
+    } else {
+        whole.percent = std::llround(percent / static_cast<double>(batteries.size()));
+    }
+    return whole;
+}
+
+/// Fed from outside, as far as the battery tells.
+PowerSourceDescription describeOne(const PowerSupply& supply, PowerSourceType type)
+{
+    const auto gauge = gaugeOf(supply);
+    PowerSourceDescription description;
+    description.type = type;
+    // A worn battery may hold more than its own estimate of full.
+    description.currentCapacity = std::clamp<qint64>(gauge.now, 0, gauge.full);
+    description.maxCapacity = gauge.full;
+    description.isCharging = supply.status == "Charging";
+    description.isCharged = supply.status == "Full";
+    description.onAC = supply.status != "Discharging";
+    description.timeToFullCharge = minutesFor(
+        static_cast<double>(gauge.full) - static_cast<double>(gauge.now), gauge.perHour, supply.secondsToFull);
+    description.timeToEmpty = minutesFor(static_cast<double>(gauge.now), gauge.perHour, supply.secondsToEmpty);
+    return description;
+}
+
 } // namespace
 
 PowerSupply parsePowerSupply(std::string_view text, std::string_view type)
@@ -116,23 +187,19 @@ QList<PowerSourceDescription> describe(const QList<PowerSupply>& supplies)
         supplies.begin(), supplies.end(), [](const PowerSupply& each) { return feedsMachine(each) && each.online; });
 
     QList<PowerSourceDescription> descriptions;
+    QList<PowerSupply> internal;
     for (const auto& supply : supplies) {
         if (supply.type != "Battery" || !supply.present)
             continue;
-        const auto gauge = gaugeOf(supply);
-        PowerSourceDescription description;
-        description.type = supply.isOfDevice ? PowerSourceType::other : PowerSourceType::internalBattery;
-        // A worn battery may hold more than its own estimate of full.
-        description.currentCapacity = std::clamp<qint64>(gauge.now, 0, gauge.full);
-        description.maxCapacity = gauge.full;
-        description.isCharging = supply.status == "Charging";
-        description.isCharged = supply.status == "Full";
-        description.onAC = hasMains ? online : supply.status != "Discharging";
-        description.timeToFullCharge = minutesFor(
-            static_cast<double>(gauge.full) - static_cast<double>(gauge.now), gauge.perHour, supply.secondsToFull);
-        description.timeToEmpty = minutesFor(static_cast<double>(gauge.now), gauge.perHour, supply.secondsToEmpty);
-        descriptions.append(description);
+        if (supply.isOfDevice)
+            descriptions.append(describeOne(supply, PowerSourceType::other));
+        else
+            internal.append(supply);
     }
+    if (!internal.isEmpty())
+        descriptions.append(describeOne(united(internal), PowerSourceType::internalBattery));
+    for (auto& description : descriptions)
+        description.onAC = hasMains ? online : description.onAC;
     return descriptions;
 }
 

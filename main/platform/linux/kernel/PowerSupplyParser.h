@@ -25,8 +25,8 @@ struct PowerSupply {
 /// Reads a "uevent" file; `type` is what the neighbouring "type" file says, for kernels that leave it out.
 PowerSupply parsePowerSupply(std::string_view text, std::string_view type = {});
 
-/// The batteries among `supplies`, in their order. Without a mains or USB supply among them the machine counts as fed
-/// from outside while a battery does not discharge.
+/// The batteries of devices among `supplies`, and then as one battery all that feed the machine. Without a mains or USB
+/// supply among them the machine counts as fed from outside while its battery does not discharge.
 QList<PowerSourceDescription> describe(const QList<PowerSupply>& supplies);
 
 } // namespace ambrelle
