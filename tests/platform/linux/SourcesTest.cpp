@@ -74,9 +74,11 @@ TEST_F(SourcesTest, CompressedSwapDevicesTakeMemory)
     write(u"meminfo"_s, "MemTotal: 4096 kB\nAnonPages: 400 kB\nZswap: 40 kB\n");
     write(u"block/zram0/mm_stat"_s, "900000 100 40960 0 0 0 0 0 0\n");
     write(u"block/zram1/mm_stat"_s, "900000 100 40960 0 0 0 0 0 0\n");
-    LinuxMemorySource source(root(), root());
+    LinuxMemorySource source(root(), root(), std::chrono::milliseconds(0));
     EXPECT_EQ(source.physicalMemory(), 4096U * 1024);
     EXPECT_EQ(source.use()->compressed, 3U * 40960);
+    write(u"block/zram2/mm_stat"_s, "900000 100 40960 0 0 0 0 0 0\n");
+    EXPECT_EQ(source.use()->compressed, 4U * 40960) << "it came later";
     EXPECT_FALSE(LinuxMemorySource("/nowhere", "/nowhere").isAvailable());
 }
 
