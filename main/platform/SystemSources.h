@@ -97,7 +97,7 @@ struct InterfaceCounters {
     QString name;
     quint64 received = 0; ///< bytes
     quint64 sent = 0; ///< bytes
-    bool counted = false; ///< Ethernet or Wi-Fi: the way out, not a loopback, tunnel or bridge over it
+    bool counted = false; ///< Ethernet, Wi-Fi or mobile: the way out, not a loopback, tunnel or bridge over it
 
     bool operator==(const InterfaceCounters&) const = default;
 };

@@ -181,6 +181,8 @@ TEST_F(SourcesTest, NetworkCardsCountAndWhatIsBuiltOnThemDoesNot)
     makeInterface("docker0", "1\n", {u"bridge"_s, u"device"_s});
     makeInterface("veth9c1", "1\n", {});
     makeInterface("tun0", "65534\n", {u"device"_s});
+    makeInterface("wwan0", "519\n", {u"device"_s});
+    write(u"class/net/wwan0/uevent"_s, "DEVTYPE=wwan\nINTERFACE=wwan0\n");
     const auto counted = [](NetworkSource& source) {
         QStringList names;
         const auto interfaces = source.interfaces().value_or(QList<InterfaceCounters>());
@@ -192,6 +194,8 @@ TEST_F(SourcesTest, NetworkCardsCountAndWhatIsBuiltOnThemDoesNot)
     };
     LinuxNetworkSource source(root(), root());
     EXPECT_EQ(counted(source), QStringList({u"enp3s0"_s, u"wlp2s0"_s}));
+    write(u"net/dev"_s, testData("net-dev-laptop.txt") + "wwan0:1 2 3 4 5 6 7 8 9\n");
+    EXPECT_EQ(counted(source), QStringList({u"enp3s0"_s, u"wlp2s0"_s, u"wwan0"_s}));
 
     // The decision stays while the same interfaces are there, and is taken anew when one goes.
     write(u"net/dev"_s, "wlp2s0:1 2 3 4 5 6 7 8 9\ndocker0:1 2 3 4 5 6 7 8 9\n");

@@ -57,11 +57,13 @@ bool LinuxNetworkSource::isCard(const QByteArray& name) const
 {
     const auto folder = m_interfaceFolder + name;
     const auto has = [&folder](const char* entry) { return ::access((folder + entry).constData(), F_OK) == 0; };
-    // Type 1 is Ethernet, and Wi-Fi poses as it.
     KeptFile typeFile(folder + "/type");
-    const auto type = typeFile.read();
-    return type && type->starts_with("1\n") && has("/device") && !has("/bridge") && !has("/bonding")
-        && !has("/tun_flags");
+    KeptFile eventFile(folder + "/uevent");
+    // Type 1 is Ethernet, and Wi-Fi poses as it. Mobile broadband without Ethernet addresses has several types.
+    const bool isEthernet = typeFile.read().value_or(std::string_view()).starts_with("1\n");
+    const bool isMobile =
+        eventFile.read().value_or(std::string_view()).find("DEVTYPE=wwan\n") != std::string_view::npos;
+    return (isEthernet || isMobile) && has("/device") && !has("/bridge") && !has("/bonding") && !has("/tun_flags");
 }
 
 void LinuxNetworkSource::decideWhatCounts()

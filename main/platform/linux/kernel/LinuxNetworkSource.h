@@ -7,9 +7,9 @@
 
 namespace ambrelle {
 
-/// The interfaces in /proc/net/dev. Counted are Ethernet and Wi-Fi cards, that is interfaces with a device behind them.
-/// Where there is none, as inside a container whose eth0 is one end of a virtual pair, those count that are named like
-/// one.
+/// The interfaces in /proc/net/dev. Counted are Ethernet and Wi-Fi cards and mobile broadband, that is interfaces with
+/// a device behind them. Where there is none, as inside a container whose eth0 is one end of a virtual pair, those
+/// count that are named like one.
 class LinuxNetworkSource final : public NetworkSource {
 public:
     explicit LinuxNetworkSource(const QByteArray& procFolder = "/proc", const QByteArray& sysFolder = "/sys");
