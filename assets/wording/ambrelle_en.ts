@@ -55,10 +55,6 @@
         </translation>
     </message>
     <message>
-        <source>Macintosh HD</source>
-        <translation>System disk</translation>
-    </message>
-    <message>
         <source>Location access is off. Pick a city from the menu bar: Weather ▸ Set City…</source>
         <translation>Location access is off. Pick a city from the tray menu: Weather ▸ Set City…</translation>
     </message>

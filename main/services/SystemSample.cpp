@@ -69,7 +69,7 @@ SystemSample previewSample()
         sample.perCore.append(std::abs(std::sin(1.3 * i)) * 0.6 + 0.15);
     sample.loadAverage = {sample.loadHistory.last(), 2.05, 1.88};
     sample.memory = sampleMemory(sample.memoryHistory.last());
-    sample.disks = {{Wording::tr("Macintosh HD"), u"/"_s, 994 * gigabyte, 412 * gigabyte, true}};
+    sample.disks = {{Wording::tr("Home"), u"/"_s, 994 * gigabyte, 412 * gigabyte, true}};
     sample.battery = BatteryInfo{0.73, false, false, false, 284};
     sample.downRate = sample.downHistory.last();
     sample.upRate = sample.upHistory.last();
