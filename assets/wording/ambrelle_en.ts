@@ -67,6 +67,20 @@
         <translation>Couldn't find “%1”. Try another name from the tray menu.</translation>
     </message>
     <message numerus="yes">
+        <source>%n hours ago</source>
+        <translation>
+            <numerusform>%n hour ago</numerusform>
+            <numerusform>%n hours ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days ago</source>
+        <translation>
+            <numerusform>%n day ago</numerusform>
+            <numerusform>%n days ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>Every %n hours</source>
         <translation>
             <numerusform>Every hour</numerusform>

@@ -14,7 +14,8 @@ namespace {
 using enum WidgetKind;
 
 constexpr WidgetKinds sampledKinds = kindSet({cpu, memory, disk, battery, network, downloads});
-constexpr WidgetKinds timedKinds = kindSet({clock, calendar, events, reminders, countdown, sky, activity, quote});
+constexpr WidgetKinds timedKinds =
+    kindSet({clock, calendar, weather, events, reminders, countdown, sky, activity, quote});
 constexpr WidgetKinds settingKinds = kindSet({downloads});
 constexpr int millisecondsPerSecond = 1000;
 
@@ -113,7 +114,7 @@ Reading ReadingFeed::readingFor(const WidgetConfig& config, bool seconds) const
     case network: return networkReading(sample);
     case downloads: return downloadsReading(sample, settings.downloadResetMinutes());
     case processes: return processesReading(sample);
-    case weather: return weatherReading(services.weather, m_locale);
+    case weather: return weatherReading(services.weather, now, m_locale);
     case events: return eventsReading(services.events, now, m_locale);
     case nowPlaying: return nowPlayingReading(services.player, now);
     case photo: return photoReading(services.photos, config);

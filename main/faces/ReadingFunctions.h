@@ -46,7 +46,7 @@ QuoteReading quoteReading(const WidgetConfig& config, QDate today);
 
 // What the services tell.
 /// The weather, or the service's status while it has none.
-WeatherReading weatherReading(const WeatherService& service, const QLocale& locale);
+WeatherReading weatherReading(const WeatherService& service, const QDateTime& now, const QLocale& locale);
 /// The picture of a weather code.
 Sky skyOf(int code, bool isDay);
 /// Both read differently after midnight too.

@@ -180,13 +180,15 @@ struct WeatherReading {
     Notice notice{};
     QString place;
     QString temperature; ///< "17"; the degree sign is the unit
-    QString description;
+    QString description; ///< "Partly Cloudy"; "5 hours ago" in its place when the figures are so old
     Sky sky = Sky::unknown;
     QString high; ///< "19°"
     QString low;
     QList<Day> days; ///< at most seven, today first
 
     bool operator==(const WeatherReading&) const = default;
+    /// "19° / 10°"; empty while today's forecast is unknown.
+    QString range() const { return high.isEmpty() ? QString() : high + u" / "_s + low; }
 };
 
 struct EventsReading {
@@ -280,8 +282,8 @@ struct SkyReading {
     double fraction = 0; ///< of the lunation: 0 new, 0.5 full
     QString illumination; ///< "73% lit"
     QString next; ///< "Full Moon in 4 days"
-    QString sunrise{}; ///< both empty while unknown
-    QString sunset{};
+    QString sunrise{}; ///< empty while unknown
+    QString sunset{}; ///< likewise
     std::optional<double> sun{}; ///< way of the sun from sunrise (0) to sunset (1); none by night or unknown
 
     bool operator==(const SkyReading&) const = default;

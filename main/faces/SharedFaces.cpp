@@ -123,7 +123,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const SkyReading& read
     canvas.paragraph(upper, reading.illumination, style.caption().wrapped(2));
     const TextStyle caption = style.caption();
     Box line = box.cutBottom(style.captionSize + 2);
-    if (reading.sunrise.isEmpty()) {
+    if (reading.sunrise.isEmpty() && reading.sunset.isEmpty()) {
         canvas.paragraph(box.united(line), reading.next, caption.wrapped(2), Qt::AlignVCenter);
         return;
     }

@@ -35,18 +35,23 @@ QString offsetText(int seconds)
     return (seconds > 0 ? Wording::tr("%1 ahead") : Wording::tr("%1 behind")).arg(span);
 }
 
-void addSun(
-    SkyReading& reading, const QDateTime& sunrise, const QDateTime& sunset, const QDateTime& now, const QLocale& locale)
+void addSun(SkyReading& reading, const WeatherSnapshot& weather, const QDateTime& now, const QLocale& locale)
 {
     constexpr double steps = 200; // half points of the arc: finer ones would only repaint
     constexpr qint64 day = 86400;
-    const qint64 daylight = sunrise.secsTo(sunset);
-    if (daylight <= 0)
+    const std::optional<QDateTime>& sunrise = weather.sunrise;
+    const std::optional<QDateTime>& sunset = weather.sunset;
+    const qint64 daylight = sunrise && sunset ? sunrise->secsTo(*sunset) : 0;
+    if (sunrise && sunset && daylight <= 0)
         return; // the sun does not rise, or does not set
-    reading.sunrise = Units::time(sunrise, locale);
-    reading.sunset = Units::time(sunset, locale);
+    if (sunrise)
+        reading.sunrise = Units::time(*sunrise, locale);
+    if (sunset)
+        reading.sunset = Units::time(*sunset, locale);
+    if (daylight == 0)
+        return;
     // Also the times of a day gone by do: from one day to the next they move by minutes.
-    const qint64 risen = ((sunrise.secsTo(now) % day) + day) % day;
+    const qint64 risen = ((sunrise->secsTo(now) % day) + day) % day;
     if (risen <= daylight)
         reading.sun = std::round(static_cast<double>(risen) / static_cast<double>(daylight) * steps) / steps;
 }
@@ -136,8 +141,8 @@ SkyReading skyReading(const QDateTime& now, const std::optional<WeatherSnapshot>
     const MoonPhase::Principal next = MoonPhase::next(now);
     const auto days = static_cast<int>(std::lround(next.days));
     reading.next = (days == 0 ? Wording::tr("%1 today") : Wording::tr("%1 in %n days", nullptr, days)).arg(next.name);
-    if (weather && weather->sunrise && weather->sunset)
-        addSun(reading, *weather->sunrise, *weather->sunset, now, locale);
+    if (weather)
+        addSun(reading, *weather, now, locale);
     return reading;
 }
 

@@ -2,6 +2,7 @@
 
 #include "faces/ReadingFunctions.h"
 
+#include "foundation/Wording.h"
 #include "model/WeatherCode.h"
 #include "model/WidgetKind.h"
 #include "services/WeatherService.h"
@@ -16,6 +17,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype shownDays = 7;
+constexpr qint64 hour = 3600; // seconds
+constexpr qint64 oldAfter = 3 * hour;
+constexpr qint64 countedInHours = 48 * hour;
 constexpr double greatestTemperature = 999; // what a widget has room for, in any unit
 
 QString number(double temperature)
@@ -54,6 +58,27 @@ void setFractions(QList<WeatherReading::Day>& shown, const QList<WeatherDay>& da
     }
 }
 
+/// How old figures of that age are; empty while that does not matter.
+QString ageText(qint64 seconds)
+{
+    if (seconds <= oldAfter)
+        return {};
+    if (seconds <= countedInHours)
+        return Wording::tr("%n hours ago", nullptr, static_cast<int>(seconds / hour));
+    return Wording::tr("%n days ago", nullptr, static_cast<int>(seconds / (24 * hour)));
+}
+
+/// From today on, by the calendar of the place.
+QList<WeatherDay> comingDays(const WeatherSnapshot& snapshot, const QDateTime& now)
+{
+    const QDate today = snapshot.utcOffset ? now.toUTC().addSecs(*snapshot.utcOffset).date() : now.date();
+    const auto isPast = [today](const WeatherDay& day) { return day.date.date() < today; };
+    QList<WeatherDay> days = snapshot.days;
+    days.removeIf(isPast);
+    days.resize(std::min(days.size(), shownDays));
+    return days;
+}
+
 } // namespace
 
 Sky skyOf(int code, bool isDay)
@@ -76,16 +101,18 @@ Sky skyOf(int code, bool isDay)
     return Sky::unknown;
 }
 
-WeatherReading weatherReading(const WeatherService& service, const QLocale& locale)
+WeatherReading weatherReading(const WeatherService& service, const QDateTime& now, const QLocale& locale)
 {
     if (!service.snapshot())
         return {.notice = {symbol(WidgetKind::weather), service.status()}};
     const WeatherSnapshot& snapshot = *service.snapshot();
     WeatherReading reading{.place = snapshot.place,
         .temperature = number(snapshot.temperature),
-        .description = WeatherCode::description(snapshot.code),
+        .description = ageText(service.asOf().value_or(now).secsTo(now)),
         .sky = skyOf(snapshot.code, snapshot.isDay)};
-    const QList<WeatherDay> days = snapshot.days.first(std::min(snapshot.days.size(), shownDays));
+    if (reading.description.isEmpty())
+        reading.description = WeatherCode::description(snapshot.code);
+    const QList<WeatherDay> days = comingDays(snapshot, now);
     for (const WeatherDay& day : days)
         reading.days.append(dayReading(day, locale));
     setFractions(reading.days, days);

@@ -78,15 +78,16 @@ std::optional<WeatherSnapshot> forecast(const QByteArray& body, const QString& p
     JsonReader root(QJsonDocument::fromJson(body).object());
     JsonReader current(root.raw("current"_L1), u"current"_s);
     JsonReader daily(root.raw("daily"_L1), u"daily"_s);
-    const int offset = root.valueOr("utc_offset_seconds"_L1, 0);
+    const auto offset = root.optional<int>("utc_offset_seconds"_L1);
     WeatherSnapshot snapshot{.place = place,
         .temperature = current.required<double>("temperature_2m"_L1),
         .apparent = current.required<double>("apparent_temperature"_L1),
         .code = current.required<int>("weather_code"_L1),
         .isDay = current.required<int>("is_day"_L1) == 1,
         .days = days(daily),
-        .sunrise = firstTime(daily, "sunrise"_L1, offset),
-        .sunset = firstTime(daily, "sunset"_L1, offset)};
+        .utcOffset = offset,
+        .sunrise = firstTime(daily, "sunrise"_L1, offset.value_or(0)),
+        .sunset = firstTime(daily, "sunset"_L1, offset.value_or(0))};
     return root.ok() && current.ok() && daily.ok() ? std::optional(snapshot) : std::nullopt;
 }
 

@@ -11,7 +11,9 @@
 #include <QtConcurrentRun>
 #include <QTimeZone>
 
+#include <algorithm>
 #include <array>
+#include <type_traits>
 #include <utility>
 
 namespace ambrelle {
@@ -21,6 +23,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::chrono::minutes weatherPeriod{20};
+constexpr std::array<std::chrono::milliseconds, 3> retryDelays{
+    std::chrono::minutes(1), std::chrono::minutes(2), std::chrono::minutes(5)};
+// A network that has just come knows no names yet.
+constexpr std::chrono::seconds networkSettles{2};
+constexpr qint64 freshSeconds = 5 * 60; // so old, figures need not be renewed for a network that came
 constexpr qint64 mostBytes = 1024 * 1024; // of an answer
 
 struct Query {
@@ -67,6 +74,8 @@ void WeatherService::start()
     connect(&m_location, &LocationSource::located, this, &WeatherService::located);
     connect(&m_location, &LocationSource::failed, this, &WeatherService::locationFailed);
     connect(&m_location, &LocationSource::changed, this, &WeatherService::authorizationChanged);
+    connect(&m_network, &HttpClient::networkCame, this, &WeatherService::catchUp);
+    m_jumps = m_clock.everyJump([this] { catchUp(); });
     refresh(false);
     m_timer = m_clock.every(weatherPeriod, [this] { findPlace(); });
 }
@@ -81,17 +90,38 @@ void WeatherService::refresh(bool reusingPlace)
         findPlace();
 }
 
-QString WeatherService::city() const
+WeatherService::Question WeatherService::question() const
 {
-    return m_settings.weatherCity().trimmed();
+    return {m_settings.weatherCity().trimmed(), m_settings.useFahrenheit()};
 }
 
 void WeatherService::settingChanged(const QString& key)
 {
-    if (key == m_settings.useFahrenheit.key())
-        refresh(true);
-    else if (key == m_settings.weatherCity.key())
-        refresh(false);
+    const bool isUnit = key == m_settings.useFahrenheit.key();
+    if (!isUnit && key != m_settings.weatherCity.key())
+        return;
+    m_isAnswered = false;
+    m_failures = 0;
+    if (!isUnit)
+        m_lastPlace.reset();
+    refresh(isUnit);
+}
+
+/// After a time in which the figures may have grown old.
+void WeatherService::catchUp()
+{
+    const QDateTime now = m_clock.now();
+    const qint64 age = m_asOf ? m_asOf->secsTo(now) : freshSeconds;
+    if (m_isAnswered && m_failures == 0 && age >= 0 && age < freshSeconds)
+        return;
+    m_failures = 0;
+    m_retry = m_clock.after(networkSettles, [this] { findPlace(); });
+}
+
+void WeatherService::tryAgainLater()
+{
+    const auto delay = retryDelays.at(std::min(m_failures++, retryDelays.size() - 1));
+    m_retry = m_clock.after(delay, [this] { findPlace(); });
 }
 
 void WeatherService::findPlace()
@@ -140,8 +170,10 @@ void WeatherService::located(const Location& location)
 
 void WeatherService::locationFailed()
 {
-    if (city().isEmpty())
-        setStatus(Wording::tr("Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…"));
+    if (!city().isEmpty())
+        return;
+    setStatus(Wording::tr("Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…"));
+    tryAgainLater();
 }
 
 void WeatherService::loadCity(const QString& city)
@@ -149,21 +181,21 @@ void WeatherService::loadCity(const QString& city)
     setStatus(Wording::tr("Looking up %1…").arg(city));
     const QUrl url = endpoint(
         m_bases.geocoding, u"/v1/search"_s, {{u"name"_s, city}, {u"count"_s, u"1"_s}, {u"format"_s, u"json"_s}});
-    get(url, &WeatherAnswers::places,
-        [this, city](const std::optional<WeatherAnswers::Places>& found) { cityFound(city, found); });
+    get(url, question(), &WeatherAnswers::places,
+        [this, city](const WeatherAnswers::Places& found) { cityFound(city, found); });
 }
 
-void WeatherService::cityFound(const QString& city, const std::optional<WeatherAnswers::Places>& found)
+void WeatherService::cityFound(const QString& city, const WeatherAnswers::Places& found)
 {
-    if (!found) {
-        reportUnavailable(Wording::tr("The answer cannot be read."));
-    } else if (!found->results) {
+    if (city != this->city())
+        return; // another was chosen while this one was looked up
+    if (!found.results) {
         // What the endpoint says of a name that is on no map.
         reportUnavailable(Wording::tr("There is no place “%1”. Try another name.").arg(city));
-    } else if (found->results->isEmpty()) {
+    } else if (found.results->isEmpty()) {
         setStatus(Wording::tr("Couldn't find “%1”. Try another name from the menu bar.").arg(city));
     } else {
-        const auto& [name, latitude, longitude] = found->results->first();
+        const auto& [name, latitude, longitude] = found.results->first();
         fetch({latitude, longitude, name});
     }
 }
@@ -171,33 +203,55 @@ void WeatherService::cityFound(const QString& city, const std::optional<WeatherA
 void WeatherService::fetch(const Place& place)
 {
     m_lastPlace = place;
+    const Question asked = question();
     const QUrl url = endpoint(m_bases.forecast, u"/v1/forecast"_s,
         {{u"latitude"_s, degrees(place.latitude)}, {u"longitude"_s, degrees(place.longitude)},
             {u"current"_s, u"temperature_2m,apparent_temperature,weather_code,is_day"_s},
             {u"daily"_s, u"weather_code,temperature_2m_max,temperature_2m_min,sunrise,sunset"_s},
             {u"timezone"_s, u"auto"_s}, {u"forecast_days"_s, u"7"_s},
-            {u"temperature_unit"_s, m_settings.useFahrenheit() ? u"fahrenheit"_s : u"celsius"_s}});
+            {u"temperature_unit"_s, asked.useFahrenheit ? u"fahrenheit"_s : u"celsius"_s}});
     get(
-        url, [place = place.name](const QByteArray& body) { return WeatherAnswers::forecast(body, place); },
-        [this](const std::optional<WeatherSnapshot>& forecast) { forecastRead(forecast); });
+        url, asked, [place = place.name](const QByteArray& body) { return WeatherAnswers::forecast(body, place); },
+        [this, asked](const WeatherSnapshot& forecast) { forecastRead(asked, forecast); });
 }
 
-void WeatherService::forecastRead(const std::optional<WeatherSnapshot>& forecast)
+void WeatherService::forecastRead(const Question& asked, const WeatherSnapshot& forecast)
 {
-    if (forecast)
-        setSnapshot(*forecast);
-    else
-        reportUnavailable(Wording::tr("The answer cannot be read."));
+    m_asOf = m_clock.now();
+    setSnapshot(forecast);
+    if (asked == question()) {
+        m_isAnswered = true;
+        m_failures = 0;
+        m_retry.reset();
+    } else if (std::exchange(m_isAnswered, false)) {
+        refresh(true); // it came after the answer to the present question, and took its place
+    }
 }
 
-template <typename Decode, typename Use> void WeatherService::get(const QUrl& url, Decode decode, Use use)
+template <typename Decode, typename Use>
+void WeatherService::get(const QUrl& url, const Question& asked, Decode decode, Use use)
 {
-    m_network.get(url, mostBytes, this, [this, decode, use](const HttpAnswer& answer) {
-        if (answer.error.isEmpty())
-            QtConcurrent::run(decode, answer.body).then(this, use);
-        else
-            reportUnavailable(answer.error);
+    const auto failed = [this, asked](const QString& why) {
+        if (asked == question())
+            fail(why);
+    };
+    m_network.get(url, mostBytes, this, [this, decode, use, failed](const HttpAnswer& answer) {
+        if (!answer.error.isEmpty())
+            return failed(answer.error);
+        using Decoded = std::invoke_result_t<Decode, const QByteArray&>;
+        QtConcurrent::run(decode, answer.body).then(this, [use, failed](const Decoded& decoded) {
+            if (decoded)
+                use(*decoded);
+            else
+                failed(Wording::tr("The answer cannot be read."));
+        });
     });
+}
+
+void WeatherService::fail(const QString& why)
+{
+    reportUnavailable(why);
+    tryAgainLater();
 }
 
 void WeatherService::loadPreviewData()
@@ -217,10 +271,12 @@ void WeatherService::loadPreviewData()
         .apparent = 16,
         .code = 2,
         .isDay = true,
+        .utcOffset = now.offsetFromUtc(),
         .sunrise = today.addSecs(455 * minute),
         .sunset = today.addSecs(1138 * minute)};
     for (const auto& [code, high] : week)
         sample.days.append({today.addDays(sample.days.size()), code, high, high - span});
+    m_asOf = now;
     setSnapshot(sample);
 }
 

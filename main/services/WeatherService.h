@@ -17,7 +17,9 @@ class HttpClient;
 class LocationSource;
 struct Location;
 
-/// The weather now and for a week ahead, in the city the user chose or where the machine is. Main thread only.
+/// The weather now and for a week ahead, in the city the user chose or where the machine is. What fails is tried again
+/// after 1, 2 and then every 5 minutes, and old figures are renewed when the machine wakes up or a network comes. Main
+/// thread only.
 class WeatherService : public QObject {
     Q_OBJECT
 public:
@@ -40,6 +42,8 @@ public:
 
     /// None until the first fetch that succeeded; kept when later ones fail.
     const std::optional<WeatherSnapshot>& snapshot() const { return m_snapshot; }
+    /// When the snapshot was told; nothing while there is none.
+    const std::optional<QDateTime>& asOf() const { return m_asOf; }
     /// One sentence to show while there is no snapshot.
     const QString& status() const { return m_status; }
 
@@ -52,8 +56,16 @@ private:
         double longitude = 0;
         QString name;
     };
+    /// What the user wants to know. Answers to a question that was given up since may still come.
+    struct Question {
+        QString city; ///< empty: where the machine is
+        bool useFahrenheit = false;
 
-    QString city() const; ///< the user's choice; empty: none
+        bool operator==(const Question&) const = default;
+    };
+
+    Question question() const;
+    QString city() const { return question().city; }
     void settingChanged(const QString& key);
     void findPlace();
     void requestLocation();
@@ -61,14 +73,18 @@ private:
     void located(const Location& location);
     void locationFailed();
     void loadCity(const QString& city);
-    void cityFound(const QString& city, const std::optional<WeatherAnswers::Places>& found);
+    void cityFound(const QString& city, const WeatherAnswers::Places& found);
     void fetch(const Place& place);
-    void forecastRead(const std::optional<WeatherSnapshot>& forecast);
-    /// Gets a document, decodes it beside the main loop, and hands on what it says.
-    template <typename Decode, typename Use> void get(const QUrl& url, Decode decode, Use use);
+    void forecastRead(const Question& asked, const WeatherSnapshot& forecast);
+    /// Gets a document, decodes it beside the main loop, and hands on what it says. Tells a failure, unless `asked` was
+    /// given up.
+    template <typename Decode, typename Use> void get(const QUrl& url, const Question& asked, Decode decode, Use use);
+    void catchUp();
+    void tryAgainLater();
     void setSnapshot(const WeatherSnapshot& snapshot);
     void setStatus(const QString& status);
     void reportUnavailable(const QString& why); ///< in the status, while there is no snapshot
+    void fail(const QString& why); ///< and tries again later
 
     HttpClient& m_network;
     LocationSource& m_location;
@@ -78,8 +94,13 @@ private:
     std::optional<WeatherSnapshot> m_snapshot;
     QString m_status;
     bool m_started = false;
-    std::optional<Place> m_lastPlace; // of the last fetch
+    std::optional<Place> m_lastPlace; // of the last fetch; none when another city was chosen since
+    std::optional<QDateTime> m_asOf;
+    bool m_isAnswered = false; // the present question, since it was put
+    std::size_t m_failures = 0; // since the last success
     Ticket m_timer;
+    Ticket m_jumps;
+    Ticket m_retry;
 };
 
 } // namespace ambrelle

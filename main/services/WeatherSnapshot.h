@@ -27,7 +27,8 @@ struct WeatherSnapshot {
     double apparent = 0; ///< as it feels
     int code = 0; ///< of the World Meteorological Organization
     bool isDay = true;
-    QList<WeatherDay> days; ///< today first
+    QList<WeatherDay> days; ///< the day it was told first
+    std::optional<int> utcOffset; ///< seconds that the clock of the place is ahead of UTC
     std::optional<QDateTime> sunrise; ///< today's, on the clock of the place
     std::optional<QDateTime> sunset;
 

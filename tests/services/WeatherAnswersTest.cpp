@@ -16,6 +16,7 @@ TEST(WeatherAnswersTest, DecodesAForecastWhole)
         .code = 2,
         .isDay = true,
         .days = {dayAt(2, 2, 19.5, 10.5), dayAt(3, 61, 17, 8), dayAt(4, 0, 22, -1.5)},
+        .utcOffset = -14400,
         .sunrise = utc(2, 9, 27),
         .sunset = utc(3, 0, 21)};
     ASSERT_TRUE(forecast);

@@ -9,6 +9,8 @@ using enum LocationAuthorization;
 namespace {
 
 const HttpAnswer noNetwork{{}, u"The server was not found."_s};
+const QByteArray oslo = R"({"results": [{"name": "Oslo", "latitude": 59.91, "longitude": 10.75}]})";
+const QByteArray bergen = R"({"results": [{"name": "Bergen", "latitude": 60.39, "longitude": 5.32}]})";
 
 } // namespace
 
@@ -19,7 +21,7 @@ struct WeatherServiceTest : WeatherTest {
         settings.useFahrenheit.set(false);
     }
 
-    void answerForecast() { answer(bytes(forecastObject())); }
+    void answerForecast(qsizetype index = 0) { answer({bytes(forecastObject()), {}}, index); }
     std::string status() const { return service.status().toStdString(); }
 };
 
@@ -138,22 +140,28 @@ TEST_F(WeatherServiceTest, KeepsTheLastWeatherWhenFetchingFails)
 {
     settings.weatherCity.set(u"Oslo"_s);
     service.start();
-    const QByteArray oslo = R"({"results": [{"name": "Oslo", "latitude": 59.91, "longitude": 10.75}]})";
     answer(oslo);
     answerForecast();
     const auto snapshot = service.snapshot();
+    const auto asOf = service.asOf();
+    EXPECT_EQ(asOf, clock.now());
+    const auto askAgain = [&] {
+        clock.advance(30s);
+        service.refresh(false);
+    };
     const auto expectKept = [&] {
         EXPECT_EQ(service.snapshot(), snapshot);
+        EXPECT_EQ(service.asOf(), asOf);
         EXPECT_EQ(status(), "Looking up Oslo…");
     };
-    clock.advance(20min);
+    askAgain();
     answer(noNetwork);
     expectKept();
-    clock.advance(20min);
+    askAgain();
     answer(oslo);
     answer("?");
     expectKept();
-    clock.advance(20min);
+    askAgain();
     answer(R"({"results": []})");
     EXPECT_EQ(service.snapshot(), snapshot);
     EXPECT_EQ(status(), "Couldn't find “Oslo”. Try another name from the tray menu.");
@@ -164,7 +172,7 @@ TEST_F(WeatherServiceTest, TheUnitNeedsNoNewPlaceButEveryTwentyMinutesDo)
     settings.weatherCity.set(u"Oslo"_s);
     service.start();
     service.start();
-    answer(R"({"results": [{"name": "Oslo", "latitude": 59.91, "longitude": 10.75}]})");
+    answer(oslo);
     answerForecast();
     settings.useFahrenheit.set(true);
     settings.locked.set(true); // nothing to do with weather
@@ -188,10 +196,87 @@ TEST_F(WeatherServiceTest, WhateverArrivesLastIsShown)
     service.start();
     Q_EMIT location.located({1, 1, u"First"_s});
     Q_EMIT location.located({2, 2, u"Second"_s});
-    answer({bytes(forecastObject()), {}}, 1);
+    answerForecast(1);
     EXPECT_EQ(service.snapshot()->place, u"Second"_s);
     answerForecast();
     EXPECT_EQ(service.snapshot()->place, u"First"_s);
+}
+
+TEST_F(WeatherServiceTest, TriesAgainSoonAfterAFailure)
+{
+    settings.weatherCity.set(u"Oslo"_s);
+    service.start();
+    qsizetype asked = 1;
+    for (const auto delay : {1min, 2min, 5min, 5min}) {
+        ASSERT_EQ(network.addresses.size(), asked);
+        answer(noNetwork);
+        clock.advance(delay - 1s);
+        EXPECT_EQ(network.addresses.size(), asked);
+        clock.advance(1s);
+        EXPECT_EQ(network.addresses.size(), ++asked);
+    }
+    answer(oslo);
+    answerForecast();
+    asked = network.addresses.size();
+    clock.advance(6min);
+    EXPECT_EQ(network.addresses.size(), asked) << "not after a success";
+    clock.advance(1min); // when it would ask by itself
+
+    settings.weatherCity.set({});
+    location.setAuthorization(authorized);
+    const int requests = location.requests;
+    Q_EMIT location.failed();
+    clock.advance(1min);
+    EXPECT_EQ(location.requests, requests + 1);
+}
+
+TEST_F(WeatherServiceTest, ANetworkThatComesRenewsWhatIsOldOrMissing)
+{
+    settings.weatherCity.set(u"Oslo"_s);
+    service.start();
+    answer(noNetwork);
+    Q_EMIT network.networkCame();
+    clock.advance(1s);
+    Q_EMIT network.networkCame(); // the other kind of addresses
+    clock.advance(2s);
+    ASSERT_EQ(network.addresses.size(), 2);
+    answer(oslo);
+    answerForecast();
+    Q_EMIT network.networkCame();
+    clock.advance(4min);
+    EXPECT_EQ(network.addresses.size(), 3) << "figures of seconds ago are good enough";
+    clock.advance(1min);
+    Q_EMIT network.networkCame();
+    clock.advance(2s);
+    ASSERT_EQ(network.addresses.size(), 4);
+    answer(noNetwork);
+    clock.setNow(clock.now().addDays(1));
+    clock.advance(2s);
+    EXPECT_EQ(network.addresses.size(), 5) << "slept for a day";
+}
+
+TEST_F(WeatherServiceTest, AnswersToWhatWasGivenUpDoNotLast)
+{
+    settings.weatherCity.set(u"Oslo"_s);
+    service.start();
+    answer(oslo);
+    settings.weatherCity.set(u"Rome"_s);
+    settings.weatherCity.set(u"Bergen"_s);
+    answer({R"({"results": [{"name": "Rome", "latitude": 41.9, "longitude": 12.5}]})", {}}, 1);
+    EXPECT_EQ(network.waiting(), 2) << "nobody asks for the weather in Rome";
+    answer(noNetwork, 0); // of Oslo
+    EXPECT_EQ(status(), "Looking up Bergen…") << "a failure that nobody waits for";
+    answer(bergen);
+    settings.useFahrenheit.set(true);
+    answerForecast(1);
+    ASSERT_EQ(network.waiting(), 1);
+    EXPECT_EQ(service.snapshot()->place, u"Bergen"_s);
+    answerForecast(); // in the unit from before, and the last: it stands for as long as the question takes again
+    ASSERT_EQ(network.waiting(), 1);
+    EXPECT_TRUE(network.addresses.last().contains("?latitude=60.39&"_L1));
+    EXPECT_TRUE(network.addresses.last().endsWith("fahrenheit"_L1));
+    answerForecast();
+    EXPECT_EQ(network.waiting(), 0);
 }
 
 TEST_F(WeatherServiceTest, AnAnswerThatComesTooLateIsDropped)

@@ -88,7 +88,7 @@ void ClassicSkin::draw(Canvas& canvas, const WeatherReading& reading, const Face
     Box box = framed(canvas, face, reading.place);
     const Box days = box.cutRight(shownDays * 36);
     box.cutRight(4);
-    canvas.text(box.cutBottom(line), reading.high + u" / "_s + reading.low, style().row());
+    canvas.text(box.cutBottom(line), reading.range(), style().row());
     canvas.text(box.cutBottom(line + 4), reading.description, style().row());
     Box top = box.cutTop(70);
     drawBitPicture(canvas, top.cutLeft(36), reading.sky, 2);

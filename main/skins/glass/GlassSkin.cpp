@@ -203,7 +203,7 @@ void GlassSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
     Box box = framed(canvas, face, reading.place);
     const Box days = box.cutRight(box.width() * 0.56);
     box.cutRight(12);
-    canvas.text(box.cutBottom(Bands::footer), reading.high + u" / "_s + reading.low, style().caption());
+    canvas.text(box.cutBottom(Bands::footer), reading.range(), style().caption());
     canvas.text(box.cutBottom(18), reading.description, style().row());
     drawPictogram(canvas, box.cutRight(40), reading.sky, pictograms());
     canvas.figure(box, reading.temperature, u"°"_s, style().figure(50));

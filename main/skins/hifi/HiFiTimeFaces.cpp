@@ -109,7 +109,7 @@ void HiFiSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCon
     Box box = framed(canvas, face, reading.place);
     stations(canvas, style(), box.cutRight(166), reading);
     box.cutRight(12);
-    canvas.text(box.cutBottom(Bands::footer), reading.high + u" / "_s + reading.low, style().caption());
+    canvas.text(box.cutBottom(Bands::footer), reading.range(), style().caption());
     canvas.text(box.cutBottom(18), reading.description, style().row());
     box.cutBottom(4);
     const Box sky = box.cutRight(46);

@@ -58,7 +58,7 @@ void MinimalHand::currentWeather(Canvas& canvas, Box box, const WeatherReading& 
 {
     constexpr double picture = 40;
     constexpr double gap = 8;
-    canvas.text(box.cutBottom(Bands::footer), reading.high + u" / "_s + reading.low, style().caption());
+    canvas.text(box.cutBottom(Bands::footer), reading.range(), style().caption());
     canvas.text(box.cutBottom(18), reading.description, style().row());
     drawPictogram(canvas, box.cutRight(picture), reading.sky, pictograms());
     box.cutRight(gap);

@@ -223,7 +223,7 @@ void PlainSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
     const Box days = box.cutRight(box.width() * 0.54);
     box.cutRight(12);
     const double line = style().captionSize + 5;
-    canvas.text(box.cutBottom(line), reading.high + u" / "_s + reading.low, style().caption());
+    canvas.text(box.cutBottom(line), reading.range(), style().caption());
     canvas.text(box.cutBottom(style().rowSize + 5), reading.description, style().row());
     canvas.figure(box, reading.temperature, u"°"_s, style().figure(46));
     weatherDays(canvas, days.inset(0, 6), reading);
