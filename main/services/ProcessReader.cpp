@@ -2,6 +2,8 @@
 
 #include "services/ProcessReader.h"
 
+#include "foundation/ForeignText.h"
+
 #include <utility>
 
 namespace ambrelle {
@@ -20,6 +22,8 @@ void ProcessReader::top(int count, ProcessSource::Completion completion)
     m_source.top(count, [count, completion = std::move(completion)](QList<ProcessRow> rows) {
         if (rows.size() > count)
             rows.resize(count);
+        for (ProcessRow& row : rows)
+            row.name = foreignText(row.name); // a process may call itself anything
         completion(std::move(rows));
     });
 }

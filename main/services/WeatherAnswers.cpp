@@ -2,6 +2,7 @@
 
 #include "services/WeatherAnswers.h"
 
+#include "foundation/ForeignText.h"
 #include "foundation/Json.h"
 
 #include <QJsonDocument>
@@ -100,8 +101,8 @@ std::optional<Places> places(const QByteArray& body)
         found.results.emplace();
         for (const QJsonValue& result : *results) {
             JsonReader reader(result);
-            found.results->append({reader.required<QString>("name"_L1), reader.required<double>("latitude"_L1),
-                reader.required<double>("longitude"_L1)});
+            found.results->append({foreignText(reader.required<QString>("name"_L1)),
+                reader.required<double>("latitude"_L1), reader.required<double>("longitude"_L1)});
             root.adopt(reader);
         }
     }

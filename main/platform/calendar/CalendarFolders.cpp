@@ -2,6 +2,7 @@
 
 #include "platform/calendar/CalendarFolders.h"
 
+#include "foundation/ForeignText.h"
 #include "platform/calendar/FileStamp.h"
 #include "platform/calendar/IcsParser.h"
 
@@ -35,7 +36,7 @@ constexpr qsizetype longestFolderName = 200;
 QString mark(const QString& folder, QLatin1StringView name)
 {
     const auto content = boundedContent(folder + u'/' + name, mostMarkBytes);
-    return content ? QString::fromUtf8(*content).simplified().left(longestFolderName) : QString();
+    return content ? foreignText(QString::fromUtf8(*content), longestFolderName) : QString();
 }
 
 class Walk {

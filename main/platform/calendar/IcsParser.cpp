@@ -2,6 +2,7 @@
 
 #include "platform/calendar/IcsParser.h"
 
+#include "foundation/ForeignText.h"
 #include "platform/calendar/IcsValues.h"
 #include "platform/calendar/SeriesCollector.h"
 
@@ -81,7 +82,7 @@ void readName(IcsFile& file, const std::vector<IcsLine>& properties)
 {
     for (const IcsLine& line : properties) {
         if (line.is("X-WR-CALNAME") || (line.is("NAME") && file.name.isEmpty()))
-            file.name = textOf(line).simplified().left(longestCalendarName);
+            file.name = foreignText(textOf(line), longestCalendarName);
         else if (line.is("X-APPLE-CALENDAR-COLOR") || (line.is("COLOR") && !file.color.isValid()))
             file.color = calendarColor(textOf(line));
     }
@@ -248,7 +249,7 @@ std::optional<CalendarItem> IcsParser::item(const IcsComponent& component)
     if (!item.start && !item.isReminder)
         return std::nullopt;
     item.uid = uidOf(component, values);
-    item.title = values.text("SUMMARY").simplified().left(longestTitle);
+    item.title = foreignText(values.text("SUMMARY"), longestTitle);
     item.sequence = values.raw("SEQUENCE").toInt();
     if (const auto modified = values.moment("LAST-MODIFIED"))
         item.modified = modified->wallTime;

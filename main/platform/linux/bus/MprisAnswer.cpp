@@ -2,6 +2,8 @@
 
 #include "platform/linux/bus/MprisAnswer.h"
 
+#include "foundation/ForeignText.h"
+
 #include <QDBusArgument>
 #include <QStringList>
 #include <QUrl>
@@ -15,27 +17,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype longestText = 500; // no face has room for more
 constexpr qsizetype longestAddress = 4096;
 constexpr double microsecond = 1e-6; // seconds
-
-/// A text as it shows in one line.
-QString oneLine(const QString& text)
-{
-    return text.left(2 * longestText).simplified().left(longestText);
-}
+constexpr double longestTime = 100 * 3600; // seconds; what players tell beyond is no time but a mark for "unknown"
 
 double seconds(const QVariant& microseconds)
 {
-    return std::max(static_cast<double>(microseconds.toLongLong()) * microsecond, 0.0);
+    bool isNumber = false;
+    const double time = microseconds.toDouble(&isNumber) * microsecond;
+    return isNumber && time >= 0 && time <= longestTime ? time : 0;
 }
 
 QString titleOf(const QVariantMap& metadata)
 {
-    QString title = oneLine(metadata.value(u"xesam:title"_s).toString());
+    QString title = foreignText(metadata.value(u"xesam:title"_s).toString());
     if (!title.isEmpty())
         return title;
-    return oneLine(QUrl(metadata.value(u"xesam:url"_s).toString().left(longestAddress)).fileName());
+    return foreignText(QUrl(metadata.value(u"xesam:url"_s).toString().left(longestAddress)).fileName());
 }
 
 QString pictureOf(const QVariantMap& metadata)
@@ -61,13 +59,13 @@ MprisAnswer mprisAnswer(const QVariantMap& properties, const QString& name)
     const bool playing = status == "Playing"_L1;
     QString title = titleOf(metadata);
     if (title.isEmpty() && playing)
-        title = oneLine(name);
+        title = foreignText(name);
     if ((!playing && status != "Paused"_L1) || title.isEmpty())
         return {};
 
     MprisAnswer answer{.track = PlayerTrack{.isPlaying = playing,
                            .title = title,
-                           .artist = oneLine(metadata.value(u"xesam:artist"_s).toStringList().join(", "_L1)),
+                           .artist = foreignText(metadata.value(u"xesam:artist"_s).toStringList().join(", "_L1)),
                            .duration = seconds(metadata.value(u"mpris:length"_s)),
                            .position = seconds(properties.value(u"Position"_s)),
                            .picture = pictureOf(metadata)}};

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+
+#include "foundation/PlainFile.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ambrelle {
+
+std::optional<QByteArray> readPlainFile(const QString& path, qint64 mostBytes)
+{
+    // The path may name something else a moment later, so the question goes to what was opened.
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0)
+        return std::nullopt;
+    struct stat status { };
+    const bool isPlain = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size <= mostBytes;
+    QFile file;
+    if (!isPlain || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(descriptor);
+        return std::nullopt;
+    }
+    QByteArray bytes = file.read(mostBytes + 1);
+    const bool isWhole = file.error() == QFileDevice::NoError && bytes.size() <= mostBytes;
+    return isWhole ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+} // namespace ambrelle
