@@ -4,6 +4,7 @@
 
 #include "foundation/Wording.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
@@ -19,11 +20,29 @@ namespace {
 
 constexpr auto scanPeriod = 60s;
 
-bool isSame(const ConnectedDevice& one, const ConnectedDevice& other)
-{
-    return one.name == other.name
-        || (!one.address.isEmpty() && one.address.compare(other.address, Qt::CaseInsensitive) == 0);
-}
+/// The devices told so far, by what two sources may know the same one by.
+struct KnownDevices {
+    QList<ConnectedDevice> list;
+    QHash<QString, qsizetype> byName;
+    QHash<QString, qsizetype> byAddress; // in capitals
+
+    /// The place of the same device; none: it is new.
+    std::optional<qsizetype> place(const ConnectedDevice& device) const
+    {
+        const qsizetype none = list.size();
+        const qsizetype found =
+            std::min(byName.value(device.name, none), byAddress.value(device.address.toUpper(), none));
+        return found < none ? std::optional(found) : std::nullopt;
+    }
+    void note(qsizetype place)
+    {
+        const ConnectedDevice& device = list.at(place);
+        if (!byName.contains(device.name))
+            byName.insert(device.name, place);
+        if (const QString address = device.address.toUpper(); !address.isEmpty() && !byAddress.contains(address))
+            byAddress.insert(address, place);
+    }
+};
 
 template <typename T> void fill(std::optional<T>& gap, const std::optional<T>& value)
 {
@@ -60,17 +79,17 @@ QString partsOf(const ConnectedDevice& device)
 
 QList<DeviceRow> deviceRows(const QList<ConnectedDevice>& told)
 {
-    QList<ConnectedDevice> devices;
+    KnownDevices known;
     for (const ConnectedDevice& device : told) {
-        const auto known =
-            std::ranges::find_if(devices, [&device](const ConnectedDevice& each) { return isSame(each, device); });
-        if (known == devices.end())
-            devices.append(device);
+        const std::optional<qsizetype> place = known.place(device);
+        if (place)
+            complete(known.list[*place], device);
         else
-            complete(*known, device);
+            known.list.append(device);
+        known.note(place.value_or(known.list.size() - 1));
     }
     QList<DeviceRow> rows;
-    for (const ConnectedDevice& device : std::as_const(devices))
+    for (const ConnectedDevice& device : std::as_const(known.list))
         rows.append({device.name, device.name, kindOf(device.name, device.minorType), device.level, device.charging,
             partsOf(device)});
     std::ranges::stable_sort(rows, [](const DeviceRow& one, const DeviceRow& other) {

@@ -5,6 +5,8 @@
 #include "platform/recording/RecordingDevices.h"
 #include "services/ServiceTest.h"
 
+#include <QElapsedTimer>
+
 namespace ambrelle {
 namespace {
 
@@ -44,6 +46,18 @@ TEST(DeviceKindTest, TheMostTellingWordDecides)
     for (const Case& each : cases)
         EXPECT_EQ(kindOf(QLatin1StringView(each.name), QLatin1StringView(each.minorType)), each.kind) << each.name;
     EXPECT_EQ(symbol(other), u"dot.radiowaves.left.and.right"_s);
+}
+
+TEST(DeviceRowsTest, ThousandsOfDevicesHoldNobodyUp)
+{
+    QList<ConnectedDevice> many;
+    for (int index = 0; index < 5000; ++index)
+        many.append({.name = u"Device %1"_s.arg(index), .address = u"00:%1"_s.arg(index), .level = 0.5});
+    const QList<ConnectedDevice> twice = many + many;
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(deviceRows(twice).size(), 5000);
+    EXPECT_LT(timer.elapsed(), 1000) << "a hundredth of that, were every pair not compared";
 }
 
 TEST(DeviceRowsTest, OneRowForEachNameByName)

@@ -101,6 +101,24 @@ TEST_F(DeviceSourcesTest, BluetoothDevicesComeAndGoBySignal)
     EXPECT_TRUE(source.isAvailable());
 }
 
+TEST_F(DeviceSourcesTest, ASwarmOfSignalsIsToldAtOnce)
+{
+    START_OR_SKIP("bluez5", bluez);
+    const QString mouse = u"11:22:33:44:55:66"_s;
+    ASSERT_TRUE(plugIn("Laptop") && pair(mouse, "Mouse", "input-mouse") && setConnected(mouse, true));
+    BluezDevices source(bus.opener());
+    source.refresh();
+    ASSERT_TRUE(waitUntil([&source] { return source.devices() && !source.devices()->isEmpty(); }));
+    int changes = 0;
+    QObject::connect(&source, &DeviceSource::changed, [&changes] { ++changes; });
+    const QString last = u"Name 199"_s;
+    for (int index = 0; index < 200; ++index)
+        ASSERT_TRUE(
+            bus.setProperty(bluez, deviceOf(mouse), "org.bluez.Device1", "Alias", u"Na\u202Eme %1"_s.arg(index)));
+    EXPECT_TRUE(waitUntil([&] { return source.devices()->first().name == last; }));
+    EXPECT_LT(changes, 100);
+}
+
 TEST_F(DeviceSourcesTest, TheBluetoothServiceMayStartLateAndEnd)
 {
     if (!bus.isRunning())

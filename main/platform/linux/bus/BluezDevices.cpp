@@ -2,6 +2,7 @@
 
 #include "platform/linux/bus/BluezDevices.h"
 
+#include "foundation/ForeignText.h"
 #include "foundation/Wording.h"
 
 #include <QDBusArgument>
@@ -29,14 +30,14 @@ bool isOfInterest(const QString& interface)
     return interface == adapterInterface || interface == bluezDevice || interface == batteryInterface;
 }
 
-/// What is read below. Devices nearby tell much else, and during a search many times a second.
+/// What is read below, and of texts what shows. Devices nearby tell much else, and during a search many times a second.
 QVariantMap ofInterest(const QVariantMap& properties)
 {
     QVariantMap kept;
     for (const auto& key :
         {u"Powered"_s, u"Connected"_s, u"Alias"_s, u"Name"_s, u"Address"_s, u"Icon"_s, u"Percentage"_s}) {
         if (const auto property = properties.constFind(key); property != properties.cend())
-            kept.insert(key, *property);
+            kept.insert(key, property->typeId() == QMetaType::QString ? foreignText(property->toString()) : *property);
     }
     return kept;
 }
@@ -184,6 +185,11 @@ void BluezDevices::tell()
         refresh();
         return;
     }
+    publishSoon();
+}
+
+void BluezDevices::publishGathered()
+{
     const QString reason = whyNoDevices(m_objects);
     publish(reason.isEmpty() ? connectedDevices(m_objects) : QList<ConnectedDevice>(), reason);
 }

@@ -32,6 +32,7 @@ private:
     void subscribe() override;
     void ask() override;
     void forget() override { m_objects.clear(); }
+    void publishGathered() override;
     void add(const QString& path, const QMap<QString, QVariantMap>& interfaces);
     void tell();
 

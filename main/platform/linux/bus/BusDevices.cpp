@@ -5,9 +5,16 @@
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
 
+#include <chrono>
 #include <utility>
 
 namespace ambrelle {
+
+namespace {
+
+constexpr std::chrono::milliseconds gatheringTime{100};
+
+} // namespace
 
 BusDevices::BusDevices(Service service, OpenBus openBus)
     : m_service(std::move(service))
@@ -15,6 +22,12 @@ BusDevices::BusDevices(Service service, OpenBus openBus)
 {
     m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &BusDevices::ownerChanged);
+    m_gathering.setSingleShot(true);
+    m_gathering.setInterval(gatheringTime);
+    connect(&m_gathering, &QTimer::timeout, this, [this] {
+        if (m_known)
+            publishGathered();
+    });
 }
 
 void BusDevices::refresh()
@@ -86,6 +99,12 @@ void BusDevices::lose(const QString& whyNot)
     m_known = false;
     forget();
     publish({}, whyNot);
+}
+
+void BusDevices::publishSoon()
+{
+    if (!m_gathering.isActive())
+        m_gathering.start();
 }
 
 void BusDevices::publish(const QList<ConnectedDevice>& devices, const QString& whyNot)

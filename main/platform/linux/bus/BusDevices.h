@@ -8,6 +8,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
+#include <QTimer>
 
 #include <functional>
 
@@ -36,6 +37,7 @@ protected:
     virtual void subscribe() = 0; ///< to the service's signals, once
     virtual void ask() = 0; ///< everything; finished() or failed() ends it
     virtual void forget() = 0; ///< what the service told
+    virtual void publishGathered() = 0; ///< what it told by signals
 
     QDBusConnection& bus() { return m_bus; }
     QDBusMessage request(const QString& path, const QString& interface, const QString& method) const;
@@ -43,7 +45,8 @@ protected:
     /// The round of questions is over; `devices` or the sentence why there are none is published.
     void finished(const QList<ConnectedDevice>& devices, const QString& whyNot = {});
     void failed(const QDBusMessage& error);
-    /// Publishes what a signal told.
+    /// Has what a signal told published in a moment: signals come in swarms, and each may be about any of many devices.
+    void publishSoon();
     void publish(const QList<ConnectedDevice>& devices, const QString& whyNot = {});
     bool isKnown() const { return m_known; } ///< the service answered, so that signals have something to add to
 
@@ -57,6 +60,7 @@ private:
     OpenBus m_openBus;
     QDBusConnection m_bus{QString()};
     QDBusServiceWatcher m_watcher;
+    QTimer m_gathering;
     std::optional<QList<ConnectedDevice>> m_devices;
     QString m_whyNot;
     bool m_asking = false;

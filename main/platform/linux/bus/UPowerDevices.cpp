@@ -2,6 +2,7 @@
 
 #include "platform/linux/bus/UPowerDevices.h"
 
+#include "foundation/ForeignText.h"
 #include "foundation/Wording.h"
 
 #include <QDBusArgument>
@@ -61,7 +62,7 @@ std::optional<ConnectedDevice> accessory(const QVariantMap& properties)
     const QString type = typeWord(properties.value(u"Type"_s).toUInt());
     if (type.isEmpty() || properties.value(u"PowerSupply"_s).toBool())
         return std::nullopt;
-    QString name = properties.value(u"Model"_s).toString().simplified();
+    QString name = foreignText(properties.value(u"Model"_s).toString());
     if (name.isEmpty())
         name = type.at(0).toUpper() + type.mid(1);
     return ConnectedDevice{.name = name,
@@ -157,8 +158,12 @@ void UPowerDevices::propertiesChanged(const QDBusMessage& message)
     if (object == m_objects.end() || message.signature() != u"sa{sv}as")
         return;
     object->insert(qdbus_cast<QVariantMap>(message.arguments().at(1)));
-    if (isKnown())
-        publish(accessories());
+    publishSoon();
+}
+
+void UPowerDevices::publishGathered()
+{
+    publish(accessories());
 }
 
 QList<ConnectedDevice> UPowerDevices::accessories() const

@@ -27,6 +27,7 @@ private:
     void subscribe() override;
     void ask() override;
     void forget() override;
+    void publishGathered() override;
     void read(const QString& path);
     void keep(const QString& path, const QVariantMap& properties);
     void drop(const QString& path);
