@@ -187,7 +187,7 @@ bool NowPlayingService::updateArtwork(const Found& found)
         return false;
     m_artworkFor = key;
     if (found.track->artworkURL) {
-        m_http.get(QUrl(*found.track->artworkURL), mostArtworkBytes, this,
+        m_http.getPublic(QUrl(*found.track->artworkURL), mostArtworkBytes, this,
             [this, key](const HttpAnswer& answer) { decodeArtwork(key, answer.body); });
     } else {
         m_source.artwork(

@@ -23,7 +23,7 @@ struct NowPlaying {
     double position = 0; ///< seconds into the track at `sampledAt`
     bool isPlaying = false;
     QDateTime sampledAt{}; ///< when the player's answer was read
-    std::optional<QString> artworkURL{}; ///< only where the player tells one of the web
+    std::optional<QString> artworkURL{}; ///< only where the player tells one of the web; fetched if it is public
 
     bool operator==(const NowPlaying&) const = default;
     /// The same as long as the same track is on, whatever its position.

@@ -2,11 +2,10 @@
 
 #include "services/PictureDecoder.h"
 
+#include "foundation/PlainFile.h"
 #include "services/PictureStructure.h"
 
 #include <QBuffer>
-#include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 
 namespace ambrelle::PictureDecoder {
@@ -38,26 +37,24 @@ QImage quicklyDrawn(QImage image)
     return image;
 }
 
-} // namespace
-
-QImage read(const QString& file, QSize shown)
+/// The format of pictures on the web that the bytes begin like; empty: none of them.
+QByteArray webFormat(const QByteArray& bytes)
 {
-    // Opening a pipe would wait for somebody to write into it.
-    if (!QFileInfo(file).isFile())
-        return {};
-    QFile device(file);
-    return device.open(QIODevice::ReadOnly) ? decode(device.read(mostBytes + 1), shown) : QImage();
+    if (bytes.startsWith("\xFF\xD8\xFF"))
+        return "jpeg";
+    if (bytes.startsWith("\x89PNG\r\n\x1A\n"))
+        return "png";
+    if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a"))
+        return "gif";
+    return bytes.startsWith("RIFF") && bytes.sliced(std::min<qsizetype>(8, bytes.size())).startsWith("WEBP")
+        ? "webp"
+        : QByteArray();
 }
 
-QImage decode(const QByteArray& bytes, QSize shown)
+/// What the reader makes of its device, which holds those bytes.
+QImage picture(QImageReader& reader, const QByteArray& bytes, QSize shown)
 {
-    if (bytes.size() > mostBytes)
-        return {};
-    QBuffer device;
-    device.setData(bytes);
-    QImageReader reader(&device);
     reader.setAutoTransform(true);
-    reader.setDecideFormatFromContent(true);
     const QSize size = reader.size();
     // A format that does not tell its size beforehand cannot be held to a limit.
     if (size.isEmpty() || isTooMuch(bytes, size))
@@ -66,6 +63,32 @@ QImage decode(const QByteArray& bytes, QSize shown)
     if (const QSize target = decodedSize(size, turned ? shown.transposed() : shown); target != size)
         reader.setScaledSize(target);
     return quicklyDrawn(reader.read());
+}
+
+} // namespace
+
+QImage read(const QString& file, QSize shown)
+{
+    const std::optional<QByteArray> bytes = readPlainFile(file, mostBytes);
+    if (!bytes)
+        return {};
+    QBuffer device;
+    device.setData(*bytes);
+    QImageReader reader(&device);
+    reader.setDecideFormatFromContent(true);
+    return picture(reader, *bytes, shown);
+}
+
+QImage decode(const QByteArray& bytes, QSize shown)
+{
+    const QByteArray format = webFormat(bytes);
+    if (format.isEmpty() || bytes.size() > mostBytes)
+        return {};
+    QBuffer device;
+    device.setData(bytes);
+    QImageReader reader(&device, format);
+    reader.setAutoDetectImageFormat(false); // or others are asked when this one fails
+    return picture(reader, bytes, shown);
 }
 
 QImage covering(const QImage& picture, QSize shown)

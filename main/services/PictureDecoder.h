@@ -20,6 +20,8 @@ inline constexpr int mostPasses = 100; ///< over the whole picture
 /// The picture turned upright and scaled down to cover `shown` (pixels), never up, in a format that is quickly drawn;
 /// null when it is no picture, or too much of one.
 QImage read(const QString& file, QSize shown);
+/// Likewise of bytes that nobody chose: only what pictures on the web are, JPEG, PNG, WebP and GIF, by their content.
+/// Other formats never see them.
 QImage decode(const QByteArray& bytes, QSize shown);
 /// Likewise of a picture of the program's own.
 QImage covering(const QImage& picture, QSize shown);

@@ -224,6 +224,7 @@ TEST_F(NowPlayingServiceTest, LoadsTheArtworkOfEachTrackOnce)
 {
     play(picturedSong);
     EXPECT_THAT(http.addresses, ElementsAre(u"https://pictures.example/north.png"_s));
+    EXPECT_EQ(http.ofStrangers, http.addresses) << "any peer on the bus may name an address";
     EXPECT_THAT(http.bounds, ElementsAre(NowPlayingService::mostArtworkBytes));
     http.answer({.body = picture({30, 20})});
     ASSERT_TRUE(waitForArtwork(true));

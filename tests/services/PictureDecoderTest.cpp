@@ -2,6 +2,7 @@
 
 #include "services/PictureDecoder.h"
 #include "services/PictureStructure.h"
+#include "support/TestFolder.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -87,7 +88,7 @@ TEST(PictureDecoder, CoversWhatIsShownAndNeverEnlarges)
         {{3000, 1}, {100, 100}, {3000, 1}},
         {{300, 200}, {}, {300, 200}},
     };
-    for (const char* format : {"png", "jpg", "bmp"}) {
+    for (const char* format : {"png", "jpg", "webp"}) {
         for (const auto& each : cases) {
             const QImage image = PictureDecoder::decode(encoded(halves(each.stored), format), each.shown);
             EXPECT_EQ(image.size(), each.expected) << format << " of " << each.stored.width();
@@ -126,8 +127,23 @@ TEST(PictureDecoder, RefusesWhatIsTooMuchOrNoPicture)
     EXPECT_TRUE(PictureDecoder::read(file.fileName(), {9, 9}).isNull());
 
     for (const QByteArray& bytes : {QByteArray(), QByteArray("\xFF\xD8"), QByteArray("\x89PNG\r\n\x1A\n"),
-             QByteArray("P6 99999999 99999999 255\n"), QByteArray("<svg width='9' height='9'/>")})
+             QByteArray("RIFF"), QByteArray("P6 99999999 99999999 255\n"), QByteArray("<svg width='9' height='9'/>")})
         EXPECT_TRUE(PictureDecoder::decode(bytes, {9, 9}).isNull());
+}
+
+TEST(PictureDecoder, OnlyFormatsOfTheWebAreTakenFromStrangers)
+{
+    const QByteArray gif = QByteArray::fromBase64("R0lGODlhAQABAIAAAP8AAAAAACwAAAAAAQABAAACAkQBADs=");
+    EXPECT_EQ(PictureDecoder::decode(gif, {9, 9}).size(), QSize(1, 1));
+    const TestFolder folder;
+    for (const char* format : {"bmp", "ppm", "tiff", "ico"}) {
+        const QByteArray bytes = encoded(halves({16, 8}), format);
+        ASSERT_FALSE(bytes.isEmpty()) << format;
+        EXPECT_TRUE(PictureDecoder::decode(bytes, {16, 8}).isNull()) << format;
+        EXPECT_EQ(PictureDecoder::read(folder.write(u"photo"_s, bytes), {16, 8}).size(), QSize(16, 8)) << format;
+        // What begins like a picture of the web stays one, however it goes on.
+        EXPECT_TRUE(PictureDecoder::decode("GIF89a" + bytes, {16, 8}).isNull()) << format;
+    }
 }
 
 TEST(PictureDecoder, SmallFilesCannotExhaustTheMemory)
@@ -179,10 +195,11 @@ TEST(PictureStructure, DamagedFilesHarmNothing)
 {
     QRandomGenerator random(20250602);
     const QByteArray originals[] = {encoded(halves({64, 64}), "jpg"), encoded(halves({64, 64}), "jpg", true),
-        turned(encoded(halves({64, 64}), "jpg")), encoded(halves({64, 64}), "png")};
+        turned(encoded(halves({64, 64}), "jpg")), encoded(halves({64, 64}), "png"), encoded(halves({64, 64}), "webp"),
+        QByteArray::fromBase64("R0lGODlhAQABAIAAAP8AAAAAACwAAAAAAQABAAACAkQBADs=")};
     const int rounds = qEnvironmentVariableIntValue("AMBRELLE_FUZZ_ROUNDS");
     for (int round = 0; round < std::max(rounds, 400); ++round) {
-        QByteArray bytes = originals[round % 4];
+        QByteArray bytes = originals[round % std::ssize(originals)];
         bytes.truncate(1 + random.bounded(static_cast<int>(bytes.size())));
         for (int change = random.bounded(8); change > 0; --change)
             bytes[random.bounded(static_cast<int>(bytes.size()))] = static_cast<char>(random.bounded(256));

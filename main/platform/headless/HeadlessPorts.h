@@ -24,6 +24,10 @@ public:
             context, [done = std::move(done), answer = HttpAnswer{{}, whyNot()}] { done(answer); },
             Qt::QueuedConnection);
     }
+    void getPublic(const QUrl& url, qint64 mostBytes, QObject* context, Done done) override
+    {
+        get(url, mostBytes, context, std::move(done));
+    }
 };
 
 /// A machine that must not tell where it is.

@@ -4,9 +4,10 @@
 
 #include "foundation/Wording.h"
 
-#include <QHostAddress>
+#include <QHostInfo>
 #include <QNetworkReply>
 
+#include <algorithm>
 #include <utility>
 
 namespace ambrelle {
@@ -49,6 +50,7 @@ HttpTransfer::HttpTransfer(
     QNetworkAccessManager& manager, const QUrl& url, const Bounds& bounds, QObject* context, HttpClient::Done done)
     : QObject(&manager)
     , m_manager(manager)
+    , m_mayConnect(bounds.mayConnect)
     , m_mostBytes(bounds.bytes)
     , m_context(context)
     , m_done(std::move(done))
@@ -63,8 +65,62 @@ HttpTransfer::HttpTransfer(
 
 void HttpTransfer::request(const QUrl& url)
 {
+    m_url = url;
+    m_reply = nullptr;
+    m_addresses.clear();
+    if (!m_mayConnect)
+        send(requestFor(url));
+    else if (const QHostAddress literal(url.host()); !literal.isNull())
+        QMetaObject::invokeMethod( // an answer always comes later
+            this, [this, literal] { choose({literal}); }, Qt::QueuedConnection);
+    else
+        QHostInfo::lookupHost(url.host(), this, &HttpTransfer::resolved);
+}
+
+void HttpTransfer::resolved(const QHostInfo& host)
+{
+    if (host.addresses().isEmpty())
+        end(Wording::tr("The server %1 was not found.").arg(m_url.host()));
+    else
+        choose(host.addresses());
+}
+
+void HttpTransfer::choose(QList<QHostAddress> addresses)
+{
+    if (!m_done)
+        return; // it ended meanwhile
+    if (!std::ranges::all_of(addresses, m_mayConnect)) {
+        end(Wording::tr("The server %1 is not on the internet.").arg(m_url.host()));
+        return;
+    }
+    // Where both are told, the older protocol is the one that works everywhere.
+    std::ranges::stable_partition(
+        addresses, [](const QHostAddress& each) { return each.protocol() == QHostAddress::IPv4Protocol; });
+    m_addresses = std::move(addresses);
+    connectToNext();
+}
+
+/// Asks the host at an address that was looked at: a name looked up again might mean another one. False when there is
+/// none left.
+bool HttpTransfer::connectToNext()
+{
+    if (m_addresses.isEmpty())
+        return false;
+    QUrl target = m_url;
+    target.setHost(m_addresses.takeFirst().toString());
+    QNetworkRequest request = requestFor(target);
+    request.setPeerVerifyName(m_url.host());
+    request.setRawHeader("Host", m_url.authority(QUrl::FullyEncoded).section(u'@', -1).toLatin1());
+    send(request);
+    return true;
+}
+
+void HttpTransfer::send(const QNetworkRequest& request)
+{
     m_body.clear();
-    m_reply = m_manager.get(requestFor(url));
+    if (m_reply)
+        m_reply->deleteLater();
+    m_reply = m_manager.get(request);
     // One byte more than may come is enough to see that it is too much.
     m_reply->setReadBufferSize(m_mostBytes + 1);
     connect(m_reply, &QNetworkReply::readyRead, this, &HttpTransfer::collect);
@@ -82,12 +138,14 @@ void HttpTransfer::collect()
 void HttpTransfer::replyFinished()
 {
     if (m_reply->error() != QNetworkReply::NoError) {
-        end(failure());
+        const bool isAnswered = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
+        if (isAnswered || m_reply->error() == QNetworkReply::SslHandshakeFailedError || !connectToNext())
+            end(failure());
         return;
     }
     const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
     if (!target.isEmpty()) {
-        redirect(m_reply->url().resolved(target));
+        redirect(m_url.resolved(target));
         return;
     }
     collect();
@@ -111,10 +169,12 @@ void HttpTransfer::end(const QString& error)
     if (!m_done)
         return;
     const auto done = std::exchange(m_done, nullptr);
-    disconnect(m_reply, nullptr, this, nullptr);
     m_deadline.stop();
-    m_reply->abort();
-    m_reply->deleteLater();
+    if (m_reply) {
+        disconnect(m_reply, nullptr, this, nullptr);
+        m_reply->abort();
+        m_reply->deleteLater();
+    }
     deleteLater();
     Q_EMIT ended();
     if (m_context)
@@ -123,7 +183,7 @@ void HttpTransfer::end(const QString& error)
 
 QString HttpTransfer::failure() const
 {
-    const QString host = m_reply->url().host();
+    const QString host = m_url.host();
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     switch (m_reply->error()) {
     case QNetworkReply::NoError:

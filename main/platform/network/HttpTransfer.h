@@ -4,15 +4,20 @@
 
 #include "platform/HttpClient.h"
 
+#include <QHostAddress>
 #include <QNetworkAccessManager>
 #include <QPointer>
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 
+class QHostInfo;
 class QNetworkReply;
 
 namespace ambrelle {
+
+using MayConnect = std::function<bool(const QHostAddress& address)>;
 
 /// Whether a request may go to this address: over HTTPS anywhere, over plain HTTP to this machine only.
 bool mayFetch(const QUrl& url);
@@ -25,6 +30,7 @@ public:
     struct Bounds {
         qint64 bytes;
         std::chrono::milliseconds time; ///< for everything
+        MayConnect mayConnect{}; ///< asked about every address of every host on the way; without it, any will do
     };
 
     HttpTransfer(
@@ -35,6 +41,10 @@ Q_SIGNALS:
 
 private:
     void request(const QUrl& url);
+    void resolved(const QHostInfo& host);
+    void choose(QList<QHostAddress> addresses);
+    bool connectToNext();
+    void send(const QNetworkRequest& request);
     void collect();
     void replyFinished();
     void redirect(const QUrl& target);
@@ -42,7 +52,10 @@ private:
     QString failure() const;
 
     QNetworkAccessManager& m_manager;
-    QNetworkReply* m_reply = nullptr; // of the current request
+    QNetworkReply* m_reply = nullptr; // of the current request, none while its host is looked up
+    QUrl m_url; // of the current request, as it was asked for
+    QList<QHostAddress> m_addresses; // of its host, still to be tried
+    MayConnect m_mayConnect;
     qint64 m_mostBytes;
     QPointer<QObject> m_context;
     HttpClient::Done m_done;

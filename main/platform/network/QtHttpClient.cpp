@@ -3,7 +3,6 @@
 #include "platform/network/QtHttpClient.h"
 
 #include "foundation/Wording.h"
-#include "platform/network/HttpTransfer.h"
 
 #include <QFuture>
 #include <QNetworkAccessManager>
@@ -18,8 +17,20 @@ namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
-QtHttpClient::QtHttpClient(std::chrono::milliseconds timeOut)
+namespace {
+
+void refuse(const QUrl& url, QObject* context, HttpClient::Done done)
+{
+    const HttpAnswer refusal{{}, Wording::tr("The address “%1” is not secure.").arg(url.host())};
+    QMetaObject::invokeMethod(
+        context, [done = std::move(done), refusal] { done(refusal); }, Qt::QueuedConnection);
+}
+
+} // namespace
+
+QtHttpClient::QtHttpClient(std::chrono::milliseconds timeOut, MayConnect isPublic)
     : m_timeOut(timeOut)
+    , m_isPublic(std::move(isPublic))
 {
 }
 
@@ -27,19 +38,29 @@ QtHttpClient::~QtHttpClient() = default;
 
 void QtHttpClient::get(const QUrl& url, qint64 mostBytes, QObject* context, Done done)
 {
-    if (!mayFetch(url)) {
-        const HttpAnswer refusal{{}, Wording::tr("The address “%1” is not secure.").arg(url.host())};
-        QMetaObject::invokeMethod(
-            context, [done = std::move(done), refusal] { done(refusal); }, Qt::QueuedConnection);
-        return;
-    }
+    if (mayFetch(url))
+        fetch(url, {.bytes = mostBytes, .time = m_timeOut}, context, std::move(done));
+    else
+        refuse(url, context, std::move(done));
+}
+
+void QtHttpClient::getPublic(const QUrl& url, qint64 mostBytes, QObject* context, Done done)
+{
+    if (mayFetch(url) && url.scheme() == "https"_L1)
+        fetch(url, {.bytes = mostBytes, .time = m_timeOut, .mayConnect = m_isPublic}, context, std::move(done));
+    else
+        refuse(url, context, std::move(done));
+}
+
+void QtHttpClient::fetch(const QUrl& url, const HttpTransfer::Bounds& bounds, QObject* context, Done done)
+{
     if (m_encrypts || url.scheme() != "https"_L1) {
-        request(url, mostBytes, context, std::move(done));
+        request(url, bounds, context, std::move(done));
         return;
     }
-    m_waiting.append([this, url, mostBytes, context = QPointer(context), done = std::move(done)] {
+    m_waiting.append([this, url, bounds, context = QPointer(context), done = std::move(done)] {
         if (context)
-            request(url, mostBytes, context, done);
+            request(url, bounds, context, done);
     });
     if (m_waiting.size() == 1)
         prepareEncryption();
@@ -62,12 +83,12 @@ void QtHttpClient::prepareEncryption()
     });
 }
 
-void QtHttpClient::request(const QUrl& url, qint64 mostBytes, QObject* context, Done done)
+void QtHttpClient::request(const QUrl& url, const HttpTransfer::Bounds& bounds, QObject* context, Done done)
 {
     if (!m_manager)
         m_manager = std::make_unique<QNetworkAccessManager>();
     ++m_open;
-    const auto* transfer = new HttpTransfer(*m_manager, url, {mostBytes, m_timeOut}, context, std::move(done));
+    const auto* transfer = new HttpTransfer(*m_manager, url, bounds, context, std::move(done));
     connect(transfer, &HttpTransfer::ended, this, [this] {
         if (--m_open == 0)
             m_manager.release()->deleteLater();

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "platform/HttpClient.h"
+#include "platform/network/HttpTransfer.h"
+#include "platform/network/PublicAddress.h"
 
 #include <chrono>
 #include <memory>
@@ -16,21 +18,25 @@ namespace ambrelle {
 class QtHttpClient final : public HttpClient {
     Q_OBJECT
 public:
-    /// `timeOut` is for a whole answer.
-    explicit QtHttpClient(std::chrono::milliseconds timeOut = std::chrono::seconds(20));
+    /// `timeOut` is for a whole answer; `isPublic` tells which addresses getPublic() may go to.
+    explicit QtHttpClient(
+        std::chrono::milliseconds timeOut = std::chrono::seconds(20), MayConnect isPublic = isPublicAddress);
     ~QtHttpClient() override;
 
     bool isAvailable() const override { return true; }
     QString whyNot() const override { return {}; }
     void get(const QUrl& url, qint64 mostBytes, QObject* context, Done done) override;
+    void getPublic(const QUrl& url, qint64 mostBytes, QObject* context, Done done) override;
 
     bool isIdle() const { return !m_manager; } ///< nothing is held for the network
 
 private:
+    void fetch(const QUrl& url, const HttpTransfer::Bounds& bounds, QObject* context, Done done);
     void prepareEncryption();
-    void request(const QUrl& url, qint64 mostBytes, QObject* context, Done done);
+    void request(const QUrl& url, const HttpTransfer::Bounds& bounds, QObject* context, Done done);
 
     std::chrono::milliseconds m_timeOut;
+    MayConnect m_isPublic;
     std::unique_ptr<QNetworkAccessManager> m_manager; // while there are requests
     int m_open = 0; // requests without an answer
     bool m_encrypts = false; // the encryption is loaded

@@ -22,6 +22,11 @@ public:
         bounds.append(mostBytes);
         m_waiting.append({url, context, std::move(done)});
     }
+    void getPublic(const QUrl& url, qint64 mostBytes, QObject* context, Done done) override
+    {
+        get(url, mostBytes, context, std::move(done));
+        ofStrangers.append(addresses.last());
+    }
 
     qsizetype waiting() const { return m_waiting.size(); }
     const QUrl& address(qsizetype index = 0) const { return m_waiting.at(index).url; } ///< of a waiting request
@@ -34,6 +39,7 @@ public:
     }
 
     QList<QString> addresses; ///< of all requests so far, as they would be sent
+    QList<QString> ofStrangers; ///< those of them that went to the open internet only
     QList<qint64> bounds; ///< of their bodies
 
 private:

@@ -30,6 +30,12 @@ HttpAnswer fetch(HttpClient& client, const QUrl& url)
     return answerOf<HttpAnswer>([&](const auto& take) { client.get(url, mostBytes, &context, take); });
 }
 
+HttpAnswer fetchPublic(HttpClient& client, const QUrl& url)
+{
+    QObject context;
+    return answerOf<HttpAnswer>([&](const auto& take) { client.getPublic(url, mostBytes, &context, take); });
+}
+
 LocalServer::Play raw(const QByteArray& bytes)
 {
     return [bytes](QTcpSocket& socket) { socket.write(bytes); };
@@ -68,6 +74,39 @@ TEST(HttpAddressTest, PlainHttpIsForThisMachineAlone)
     QtHttpClient client;
     EXPECT_EQ(
         fetch(client, QUrl(u"http://weather.example/"_s)).error, u"The address “weather.example” is not secure."_s);
+    EXPECT_TRUE(client.isIdle());
+}
+
+TEST(HttpAddressTest, PublicAddressesAreThoseOfTheOpenInternet)
+{
+    for (const char* address : {"8.8.8.8", "100.63.255.255", "172.32.0.1", "192.169.0.1", "223.255.255.255",
+             "2a00:1450:4001::1", "2606:4700::1111", "::ffff:8.8.8.8", "64:ff9b::8.8.8.8"})
+        EXPECT_TRUE(isPublicAddress(QHostAddress(QLatin1StringView(address)))) << address;
+    for (const char* address : {"0.0.0.0", "10.1.2.3", "100.64.0.1", "127.0.0.1", "127.9.9.9", "169.254.169.254",
+             "172.16.0.1", "172.31.255.255", "192.168.1.1", "192.0.2.1", "198.18.0.1", "224.0.0.251", "240.0.0.1",
+             "255.255.255.255", "::", "::1", "fe80::1", "fec0::1", "fc00::1", "fd12::1", "ff02::fb", "::ffff:127.0.0.1",
+             "::ffff:10.0.0.1", "::127.0.0.1", "64:ff9b::192.168.0.1", "2002:7f00:1::", "2001::1", "2001:db8::1"})
+        EXPECT_FALSE(isPublicAddress(QHostAddress(QLatin1StringView(address)))) << address;
+    EXPECT_FALSE(isPublicAddress(QHostAddress()));
+}
+
+TEST(QtHttpClientTest, AStrangersAddressLeadsNowhereNear)
+{
+    LocalServer server;
+    int connections = 0;
+    server.play = [&connections](QTcpSocket&) { ++connections; };
+    const int port = server.url().port();
+    QtHttpClient client(60s);
+    const auto error = [&](const QString& address) { return fetchPublic(client, QUrl(address)).error; };
+    EXPECT_EQ(error(server.url().toString()), u"The address “127.0.0.1” is not secure."_s);
+    EXPECT_EQ(error(u"file:///etc/passwd"_s), u"The address “” is not secure."_s);
+    for (const QString& host : {u"127.0.0.1"_s, u"[::1]"_s, u"[::ffff:127.0.0.1]"_s, u"localhost"_s, u"2130706433"_s,
+             u"0x7f.1"_s, u"0"_s, u"169.254.169.254"_s, u"192.168.0.1"_s}) {
+        const QString sentence = error(u"https://%1:%2/"_s.arg(host).arg(port));
+        EXPECT_TRUE(sentence.endsWith(u"is not on the internet."_s)) << sentence.toStdString();
+    }
+    EXPECT_EQ(error(u"https://pictures.invalid/"_s), u"The server pictures.invalid was not found."_s);
+    EXPECT_EQ(connections, 0);
     EXPECT_TRUE(client.isIdle());
 }
 
@@ -236,6 +275,25 @@ TEST_F(SecureHttpTest, FollowsWaysToSecureAddressesOnly)
     EXPECT_EQ(plain.targets.last(), "/old");
     secure->play = LocalServer::answer({}, "302 Found", "Location: /again\r\n");
     EXPECT_EQ(fetch(client, secure->url()).error, u"The server points somewhere else again and again."_s);
+}
+
+TEST_F(SecureHttpTest, AStrangersAddressIsAskedWhereItWasLookedUp)
+{
+    trust();
+    // As if this machine's address were one of the internet, and all others were not.
+    QtHttpClient open(60s, [](const QHostAddress& address) { return address == QHostAddress(u"127.0.0.1"_s); });
+    EXPECT_EQ(fetchPublic(open, secure->url()).body, "safe");
+    QUrl named = secure->url(u"/named"_s);
+    named.setHost(u"ip4-only.localhost"_s); // which the certificate does not name
+    EXPECT_NE(fetchPublic(open, named).error, QString());
+    EXPECT_NE(secure->targets.last(), "/named");
+
+    const qsizetype asked = secure->targets.size();
+    QByteArray other = secure->url(u"/other"_s).toEncoded();
+    other.replace("127.0.0.1", "127.0.0.2");
+    secure->play = LocalServer::answer({}, "302 Found", "Location: " + other + "\r\n");
+    EXPECT_EQ(fetchPublic(open, secure->url()).error, u"The server 127.0.0.2 is not on the internet."_s);
+    EXPECT_EQ(secure->targets.size(), asked + 1) << "the redirect was not followed";
 }
 
 TEST_F(SecureHttpTest, ACertificateThatNobodyTrustsEndsIt)

@@ -2,12 +2,12 @@
 
 #include "platform/linux/bus/MprisPlayers.h"
 
+#include "foundation/ForeignText.h"
+#include "foundation/PlainFile.h"
 #include "foundation/Wording.h"
 #include "platform/linux/bus/MprisAnswer.h"
 
 #include <QDBusPendingCallWatcher>
-#include <QFile>
-#include <QFileInfo>
 #include <QPointer>
 #include <QUrl>
 
@@ -58,22 +58,11 @@ Player playerIn(const QDBusMessage& reply, const QString& busName)
 {
     const QVariantMap values =
         reply.type() == QDBusMessage::ReplyMessage ? busDictionary(reply.arguments().value(0)) : QVariantMap();
-    const QString name = values.value(u"Identity"_s).toString().simplified();
+    const QString name = foreignText(values.value(u"Identity"_s).toString());
     return {.id = busName,
         .name = name.isEmpty() ? ownPart(busName).section(u'.', 0, 0) : name,
         .canRaise = values.value(u"CanRaise"_s).toBool(),
         .program = values.value(u"DesktopEntry"_s).toString()};
-}
-
-/// The bytes of a plain file of limited size; a device or a pipe could go on for ever.
-QByteArray readPicture(const QString& file, qint64 mostBytes)
-{
-    const QFileInfo info(file);
-    QFile device(file);
-    if (!info.isFile() || info.size() > mostBytes || !device.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray bytes = device.read(mostBytes + 1);
-    return bytes.size() > mostBytes ? QByteArray() : bytes;
 }
 
 } // namespace
@@ -192,7 +181,7 @@ void MprisPlayers::artwork(const QString& player, qint64 mostBytes, QObject* con
     const auto* entry = entryOf(m_entries, player);
     const QUrl address(entry ? entry->picture : QString());
     const QString file = address.isLocalFile() ? address.toLocalFile() : QString();
-    m_reading.run([file, mostBytes] { return readPicture(file, mostBytes); },
+    m_reading.run([file, mostBytes] { return readPlainFile(file, mostBytes).value_or(QByteArray()); },
         [context = QPointer(context), delivered = std::move(delivered)](const QByteArray& picture) {
             if (context)
                 delivered(picture);
