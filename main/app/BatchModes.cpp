@@ -4,7 +4,6 @@
 
 #include "app/Information.h"
 #include "app/ServicePorts.h"
-#include "app/UserFolders.h"
 #include "app/WallpaperBatch.h"
 #include "faces/ReadingFeed.h"
 #include "foundation/ManualClock.h"
@@ -44,8 +43,8 @@ int renderPreviews(const Wallpaper& wallpaper, const QString& folder, std::optio
     SystemMonitor monitor(ports.sources, ports.clock);
     LiveServices services(servicePorts(ports), {}, settings, defaults, ports.clock);
     const ReadingFeed feed({monitor, services, settings}, ports.clock);
-    const ImageDiskCache cache(UserFolders::previews(), Information::read().build);
-    SampleData::load(monitor, services, WallpaperStore::picture(wallpaper, cache, WallpaperStore::samplePhoto));
+    // Not from the cache of the desktop: what is in there was packed with losses.
+    SampleData::load(monitor, services, wallpaper.picture(WallpaperStore::samplePhoto, WallpaperStore::pixels));
     return PreviewRenderer::run(folder, only, feed, wallpaper);
 }
 

@@ -39,6 +39,14 @@ class Previews(unittest.TestCase):
         self.assertGreater(min(parts[0][:2]), 1000)
         self.assertLessEqual(sum(colours <= 20 for _, _, colours in parts), 1, parts)
 
+    def test_every_run_gives_the_same_picture(self):
+        sheets = []
+        for folder in ("first", "second"):
+            self.assertEqual(self.render(folder, "glass").returncode, 0)
+            sheets.append((self.home / folder / "glass.png").read_bytes())
+        self.assertEqual(*sheets)
+        self.assertFalse((self.home / "cache/ambrelle").exists(), "pictures of the desktop are not touched")
+
     def test_nonsense_is_refused_with_a_sentence(self):
         (self.home / "file").touch()
         for folder, skin, expected in (("file/below", "mono", "file/below"), ("new", "Mono", "fieldDark")):
