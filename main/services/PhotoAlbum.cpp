@@ -6,23 +6,13 @@
 
 namespace ambrelle {
 
-namespace {
-
-} // namespace
-
 PhotoAlbum::PhotoAlbum(Clock& clock, Choice choose)
     : m_clock(clock)
     , m_choose(std::move(choose))
 {
-    m_workers.setMaxThreadCount(1);
-    m_workers.setExpiryTimeout(1000); // milliseconds; a photo comes every few minutes
 }
 
-PhotoAlbum::~PhotoAlbum()
-{
-    m_rotators.clear(); // nobody waits for answers any more
-    m_workers.clear();
-}
+PhotoAlbum::~PhotoAlbum() = default;
 
 void PhotoAlbum::configure(const QUuid& id, const std::optional<QString>& folder, int intervalMinutes, QSize shown)
 {
@@ -45,6 +35,12 @@ QImage PhotoAlbum::image(const QUuid& id) const
     return found ? found->image() : QImage();
 }
 
+QString PhotoAlbum::name(const QUuid& id) const
+{
+    const PhotoRotator* found = find(id);
+    return found ? found->name() : QString();
+}
+
 bool PhotoAlbum::isEmpty(const QUuid& id) const
 {
     const PhotoRotator* found = find(id);
@@ -61,7 +57,7 @@ PhotoRotator& PhotoAlbum::rotator(const QUuid& id)
 {
     std::unique_ptr<PhotoRotator>& entry = m_rotators[id];
     if (!entry) {
-        entry = std::make_unique<PhotoRotator>(m_clock, m_workers, m_choose, m_sample);
+        entry = std::make_unique<PhotoRotator>(m_clock, m_worker, m_choose, m_sample);
         connect(entry.get(), &PhotoRotator::changed, this, [this, id] { Q_EMIT changed(id); });
     }
     return *entry;

@@ -3,12 +3,12 @@
 #pragma once
 
 #include "foundation/Choice.h"
+#include "foundation/SerialWorker.h"
 
 #include <QImage>
 #include <QObject>
 #include <QSize>
 #include <QString>
-#include <QThreadPool>
 #include <QUuid>
 
 #include <functional>
@@ -28,7 +28,7 @@ class PhotoAlbum : public QObject {
     Q_OBJECT
 public:
     explicit PhotoAlbum(Clock& clock, Choice choose = chooseAtRandom);
-    ~PhotoAlbum() override;
+    ~PhotoAlbum() override; ///< waits for no disk
 
     /// What the widgets without a folder show that are configured from now on; `make` is called on another thread.
     void setSample(std::function<QImage()> make) { m_sample = std::move(make); }
@@ -39,6 +39,7 @@ public:
 
     /// Of a widget that nobody configured: no picture, empty, not loading.
     QImage image(const QUuid& id) const;
+    QString name(const QUuid& id) const;
     bool isEmpty(const QUuid& id) const;
     bool isLoading(const QUuid& id) const;
 
@@ -52,8 +53,8 @@ private:
     Clock& m_clock;
     Choice m_choose;
     std::function<QImage()> m_sample;
-    QThreadPool m_workers;
     std::map<QUuid, std::unique_ptr<PhotoRotator>> m_rotators;
+    SerialWorker m_worker{*this};
 };
 
 } // namespace ambrelle

@@ -4,12 +4,14 @@
 
 #include "foundation/BackgroundThread.h"
 #include "foundation/Clock.h"
+#include "foundation/ForeignText.h"
+#include "foundation/SerialWorker.h"
 #include "services/PictureDecoder.h"
 
 #include <QDir>
 #include <QImageReader>
+#include <QPointer>
 #include <QSet>
-#include <QtConcurrentRun>
 
 #include <utility>
 
@@ -40,9 +42,9 @@ QStringList PhotoFolder::pictures(const QString& folder)
     return paths;
 }
 
-PhotoRotator::PhotoRotator(Clock& clock, QThreadPool& workers, Choice choose, Sample sample)
+PhotoRotator::PhotoRotator(Clock& clock, SerialWorker& worker, Choice choose, Sample sample)
     : m_clock(clock)
-    , m_workers(workers)
+    , m_worker(worker)
     , m_choose(std::move(choose))
     , m_sample(std::move(sample))
 {
@@ -92,22 +94,27 @@ void PhotoRotator::listFolder()
         yieldToOthers();
         return PhotoFolder::pictures(folder);
     };
-    QtConcurrent::run(&m_workers, list).then(this, [this, request = m_request](const QStringList& files) {
-        if (request != m_request)
-            return;
-        m_files = files;
-        m_isEmpty = files.isEmpty();
-        if (m_isEmpty)
-            show({});
-        else
-            next();
+    m_worker.run(list, [self = QPointer(this), request = m_request](const QStringList& files) {
+        if (self && request == self->m_request)
+            self->take(files);
     });
+}
+
+void PhotoRotator::take(const QStringList& files)
+{
+    m_files = files;
+    m_isEmpty = files.isEmpty();
+    if (m_isEmpty)
+        show({});
+    else
+        next();
 }
 
 void PhotoRotator::decodeLast()
 {
     setLoading();
-    make([file = m_last, shown = m_shownSize] { return PictureDecoder::read(file, shown); });
+    make([file = m_last, shown = m_shownSize] { return PictureDecoder::read(file, shown); },
+        foreignText(QFileInfo(m_last).completeBaseName()));
 }
 
 void PhotoRotator::showSample()
@@ -122,15 +129,15 @@ void PhotoRotator::showSample()
     make([sample = m_sample, shown = m_shownSize] { return PictureDecoder::covering(sample(), shown); });
 }
 
-void PhotoRotator::make(const std::function<QImage()>& picture)
+void PhotoRotator::make(const std::function<QImage()>& picture, const QString& name)
 {
     const auto work = [picture] {
         yieldToOthers();
         return picture();
     };
-    QtConcurrent::run(&m_workers, work).then(this, [this, request = ++m_request](const QImage& image) {
-        if (request == m_request)
-            show(image);
+    m_worker.run(work, [self = QPointer(this), request = ++m_request, name](const QImage& image) {
+        if (self && request == self->m_request)
+            self->show(image, name);
     });
 }
 
@@ -141,10 +148,11 @@ void PhotoRotator::setLoading()
         Q_EMIT changed();
 }
 
-void PhotoRotator::show(const QImage& image)
+void PhotoRotator::show(const QImage& image, const QString& name)
 {
     m_isLoading = false;
     m_image = image;
+    m_name = name;
     Q_EMIT changed();
 }
 

@@ -14,13 +14,12 @@
 #include <functional>
 #include <optional>
 
-class QThreadPool;
-
 namespace ambrelle {
 
 class Clock;
+class SerialWorker;
 
-/// The pictures of a folder, one after another in no order. Folders are listed and pictures decoded on `workers`, so
+/// The pictures of a folder, one after another in no order. Folders are listed and pictures decoded by `worker`, so
 /// that neither a slow disk nor a huge picture holds anybody up.
 class PhotoRotator : public QObject {
     Q_OBJECT
@@ -28,7 +27,7 @@ public:
     using Sample = std::function<QImage()>; ///< any thread may call it
 
     /// `sample` makes what is shown while there is no folder; without it nothing is.
-    PhotoRotator(Clock& clock, QThreadPool& workers, Choice choose = chooseAtRandom, Sample sample = {});
+    PhotoRotator(Clock& clock, SerialWorker& worker, Choice choose = chooseAtRandom, Sample sample = {});
 
     /// Another folder than before is listed and one of its pictures shown; with an interval of 1 or more (minutes) the
     /// next one follows every so often. `shown`: the pixels a picture has to cover; when they change, the same picture
@@ -41,6 +40,7 @@ public:
     /// The picture, at least as large as it is shown unless the file is smaller. Null while there is none, and when the
     /// chosen file is no picture.
     QImage image() const { return m_image; }
+    QString name() const { return m_name; } ///< of that picture's file; empty while it shows none of a folder
     bool isEmpty() const { return m_isEmpty; } ///< there is no folder, or no picture in it
     bool isLoading() const { return m_isLoading; } ///< a folder is being listed or a picture decoded
 
@@ -49,14 +49,15 @@ Q_SIGNALS:
 
 private:
     void listFolder();
+    void take(const QStringList& files);
     void decodeLast();
     void showSample();
-    void make(const std::function<QImage()>& picture);
-    void show(const QImage& image);
+    void make(const std::function<QImage()>& picture, const QString& name = {});
+    void show(const QImage& image, const QString& name = {});
     void setLoading();
 
     Clock& m_clock;
-    QThreadPool& m_workers;
+    SerialWorker& m_worker;
     Choice m_choose;
     Sample m_sample;
     std::optional<QString> m_folder;
@@ -64,6 +65,7 @@ private:
     QString m_last; ///< the file chosen last; empty: none
     QSize m_shownSize;
     QImage m_image;
+    QString m_name; // of what is shown
     bool m_isEmpty = true;
     bool m_isLoading = false;
     int m_request = 0; ///< a newer one makes older ones void

@@ -2,16 +2,15 @@
 
 #include "services/PhotoRotator.h"
 
+#include "foundation/SerialWorker.h"
 #include "services/PhotoAlbum.h"
 #include "services/ServiceTest.h"
 #include "support/WaitUntil.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QSemaphore>
 #include <QTemporaryDir>
-#include <QThreadPool>
 
 namespace ambrelle {
 namespace {
@@ -27,6 +26,13 @@ struct PhotoRotatorTest : ServiceTest {
         ASSERT_TRUE(image.save(folder.filePath(name), "png"));
     }
     void configure(int minutes = 0, QSize shown = {4, 4}) { rotator.configure(folder.path(), minutes, shown); }
+    /// Waits for what was begun so far, whoever still wants it.
+    void finishWork()
+    {
+        bool isDone = false;
+        worker.run([] { return true; }, [&isDone](bool) { isDone = true; });
+        EXPECT_TRUE(waitUntil([&isDone] { return isDone; }));
+    }
     bool settle()
     {
         return waitUntil([this] { return !rotator.isLoading(); });
@@ -38,10 +44,11 @@ struct PhotoRotatorTest : ServiceTest {
     static constexpr QRgb blue = 0xFF0000FF;
 
     QTemporaryDir folder;
-    QThreadPool workers;
+    QObject owner;
+    SerialWorker worker{owner};
     QList<qsizetype> asked; ///< among how many was chosen
     qsizetype choice = 0;
-    PhotoRotator rotator{clock, workers, [this](qsizetype count) {
+    PhotoRotator rotator{clock, worker, [this](qsizetype count) {
                              asked.append(count);
                              return std::min(choice, count - 1);
                          }};
@@ -49,7 +56,8 @@ struct PhotoRotatorTest : ServiceTest {
 
 TEST_F(PhotoRotatorTest, AFolderIsItsPicturesByExtension)
 {
-    for (const char* name : {"b.JPG", "a.jpeg", "c.Png", "d.gif", "e.txt", "png", "f.png.part", ".g.png", "h", "i.ico"})
+    for (const char* name :
+        {"b.JPG", "a.jpeg", "c.Png", "d.gif", "e.txt", "png", "f.png.part", ".g.png", "h", "i.ico", "k.webp", "l.TIF"})
         ASSERT_TRUE(QFile(folder.filePath(QString::fromLatin1(name))).open(QIODevice::WriteOnly));
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"folder.png"_s));
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"below"_s));
@@ -57,7 +65,7 @@ TEST_F(PhotoRotatorTest, AFolderIsItsPicturesByExtension)
     QStringList names;
     for (const QString& path : PhotoFolder::pictures(folder.path()))
         names.append(QFileInfo(path).fileName());
-    EXPECT_EQ(names.join(u' '), u"a.jpeg b.JPG c.Png d.gif i.ico"_s);
+    EXPECT_EQ(names.join(u' '), u"a.jpeg b.JPG c.Png d.gif i.ico k.webp l.TIF"_s);
     EXPECT_TRUE(PhotoFolder::pictures(folder.filePath(u"missing"_s)).isEmpty());
     EXPECT_TRUE(PhotoFolder::pictures(QString()).isEmpty());
 }
@@ -151,8 +159,7 @@ TEST_F(PhotoRotatorTest, MissingFoldersAndDamagedPicturesShowNothing)
     configure();
     ASSERT_TRUE(settle());
     QSemaphore gate;
-    workers.setMaxThreadCount(1);
-    workers.start([&gate] { gate.acquire(); });
+    worker.run([&gate] { return gate.tryAcquire(1, 60'000); }, [](bool) {});
     rotator.configure(folder.filePath(u"missing"_s), 10, {4, 4});
     EXPECT_TRUE(rotator.isLoading());
     EXPECT_EQ(colour(), red) << "until it is known what comes instead";
@@ -182,27 +189,23 @@ TEST_F(PhotoRotatorTest, MissingFoldersAndDamagedPicturesShowNothing)
 TEST_F(PhotoRotatorTest, AnAnswerAboutAFormerFolderIsIgnored)
 {
     put(u"a.png"_s, red);
-    workers.setMaxThreadCount(1);
     configure();
     rotator.configure(folder.filePath(u"missing"_s), 0, {4, 4});
     ASSERT_TRUE(settle());
-    workers.waitForDone();
-    QCoreApplication::processEvents();
+    finishWork();
     EXPECT_TRUE(rotator.isEmpty());
 
     configure();
     ASSERT_TRUE(waitUntil([this] { return !asked.isEmpty(); })); // listed, being decoded
     rotator.configure(std::nullopt, 0, {4, 4});
-    workers.waitForDone();
-    QCoreApplication::processEvents();
+    finishWork();
     EXPECT_TRUE(rotator.image().isNull());
 
     configure();
     QImage sample(3, 3, QImage::Format_RGB32);
     sample.fill(blue);
     rotator.loadPreview(sample);
-    workers.waitForDone();
-    QCoreApplication::processEvents();
+    finishWork();
     EXPECT_EQ(colour(), blue);
 }
 

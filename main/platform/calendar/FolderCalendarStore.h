@@ -81,7 +81,7 @@ private:
     std::vector<std::function<void()>> m_waiting; // for the first look
     Ticket m_soon;
     Ticket m_remote; // while any folder is
-    SerialWorker m_worker{*this};
+    SerialWorker m_worker{*this, std::chrono::milliseconds(800)}; // what the user ticked off is worth a wait
 };
 
 } // namespace ambrelle

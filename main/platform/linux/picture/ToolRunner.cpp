@@ -38,7 +38,7 @@ QString failure(const QString& program, QProcess& process)
 
 ToolRunner::ToolRunner(QObject& owner, std::chrono::milliseconds patience)
     : m_patience(patience)
-    , m_worker(owner)
+    , m_worker(owner, SerialWorker::endless)
 {
 }
 

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+
+#include "foundation/SerialWorker.h"
+
+#include <QMetaObject>
+#include <QObject>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr int threadExpiry = 1000; // milliseconds without work
+
+} // namespace
+
+SerialWorker::SerialWorker(QObject& owner, std::chrono::milliseconds patience)
+    : m_patience(patience)
+    , m_way(std::make_shared<Way>())
+    , m_pool(std::make_unique<QThreadPool>())
+{
+    m_way->owner = &owner;
+    m_pool->setMaxThreadCount(1);
+    m_pool->setExpiryTimeout(threadExpiry);
+}
+
+SerialWorker::~SerialWorker()
+{
+    {
+        const std::lock_guard lock(m_way->mutex);
+        m_way->owner = nullptr;
+    }
+    m_pool->clear();
+    // The end of a pool would wait without limit.
+    if (!m_pool->waitForDone(static_cast<int>(m_patience.count())))
+        static_cast<void>(m_pool.release());
+}
+
+void SerialWorker::Way::answer(std::function<void()> answer)
+{
+    const std::lock_guard lock(mutex);
+    if (owner)
+        QMetaObject::invokeMethod(owner, std::move(answer), Qt::QueuedConnection);
+}
+
+} // namespace ambrelle
