@@ -2,6 +2,8 @@
 
 #include "app/EndingSignals.h"
 
+#include "app/EndingDeadline.h"
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -16,10 +18,12 @@ namespace {
 constexpr std::array endingSignals{SIGTERM, SIGINT, SIGHUP};
 std::array<int, 2> thePipe{-1, -1};
 
-// A signal handler may do hardly anything; writing into a pipe it may.
+// A signal handler may do hardly anything; writing into a pipe it may. The time runs from here, since the loop that is
+// to hear of it may be what hangs.
 void handle(int)
 {
     const int error = errno;
+    EndingDeadline::start();
     const char byte = 0;
     [[maybe_unused]] const auto written = ::write(thePipe[1], &byte, 1);
     errno = error;

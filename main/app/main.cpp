@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 #include "app/BatchModes.h"
 #include "app/CommandLine.h"
+#include "app/EndingDeadline.h"
 #include "app/EndingSignals.h"
 #include "app/Environment.h"
 #include "app/Hosts.h"
@@ -18,6 +19,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLoggingCategory>
 #include <QTextStream>
 
 #include <cstdlib>
@@ -79,6 +81,7 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     environment.restore();
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const SessionEnd sessionEnd(application);
+    EndingDeadline::prepare();
     const EndingSignals signals;
     QObject::connect(&signals, &EndingSignals::received, &application, [] { QCoreApplication::exit(); });
     const std::unique_ptr<Machine> machine = choice.host.make(machineWishes());
@@ -91,7 +94,9 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
         delegate.reopen(commandLine.files);
     // The widgets come first; nobody waits for the socket.
     QMetaObject::invokeMethod(&instance, &SingleInstance::listen, Qt::QueuedConnection);
-    return QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
+    EndingDeadline::start();
+    return status;
 }
 
 int runBatch(const CommandLine& commandLine, int argc, char** argv)
@@ -107,6 +112,8 @@ int runBatch(const CommandLine& commandLine, int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    // What is wrong with a picture shows where the picture would be.
+    QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_s);
     QCoreApplication::setApplicationName(u"ambrelle"_s);
     QCoreApplication::setApplicationVersion(Information::read().version);
     QGuiApplication::setApplicationDisplayName(u"Ambrelle"_s);

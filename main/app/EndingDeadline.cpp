@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+
+#include "app/EndingDeadline.h"
+
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <ctime>
+
+#include <unistd.h>
+
+namespace ambrelle {
+
+namespace {
+
+timer_t theTimer{};
+std::atomic<bool> isReady = false;
+std::atomic<bool> isStarted = false;
+
+void endNow(int)
+{
+    ::_exit(EXIT_SUCCESS);
+}
+
+} // namespace
+
+void EndingDeadline::prepare()
+{
+    sigevent event{};
+    event.sigev_notify = SIGEV_SIGNAL;
+    event.sigev_signo = SIGALRM;
+    std::signal(SIGALRM, endNow);
+    isReady = ::timer_create(CLOCK_MONOTONIC, &event, &theTimer) == 0;
+}
+
+void EndingDeadline::start()
+{
+    if (!isReady || isStarted.exchange(true))
+        return;
+    itimerspec limit{};
+    limit.it_value.tv_sec = patience / std::chrono::seconds(1);
+    limit.it_value.tv_nsec = std::chrono::nanoseconds(patience % std::chrono::seconds(1)).count();
+    ::timer_settime(theTimer, 0, &limit, nullptr);
+}
+
+} // namespace ambrelle
