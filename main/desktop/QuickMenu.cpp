@@ -62,6 +62,18 @@ ActionItem QuickMenu::focusItem() const
         .handler = [&focus] { focus.toggle(); }};
 }
 
+QList<ActionItem> QuickMenu::focusItems() const
+{
+    FocusTimer& focus = m_with.focus;
+    return {focusItem(),
+        {.title = Wording::tr("Skip %1").arg(title(focus.phase())),
+            .symbol = u"forward.fill"_s,
+            .handler = [&focus] { focus.skip(); }},
+        {.title = Wording::tr("Reset Timer"), .symbol = u"arrow.counterclockwise"_s, .handler = [&focus] {
+             focus.reset();
+         }}};
+}
+
 ActionItem QuickMenu::editItem() const
 {
     const bool editing = m_with.settings.editing();

@@ -40,6 +40,7 @@ public:
     ActionItem openItem() const;
     ActionItem editItem() const;
     ActionItem lockItem() const;
+    QList<ActionItem> focusItems() const; ///< of the focus timer, with what its widget has no button for
 
 private:
     ActionItem tabItem(const QString& title, const QString& symbol, MainTab tab) const;

@@ -55,6 +55,10 @@ QList<ActionItem> widgetMenu(WidgetController& widget, WidgetManager& manager, c
     items += sizeItem(target);
     items += pinItem(target);
     items += ActionItem::separator();
+    if (widget.config().kind == WidgetKind::focus) {
+        items += quick.focusItems();
+        items += ActionItem::separator();
+    }
     items += quick.editItem();
     items += quick.lockItem();
     items += quick.openItem();

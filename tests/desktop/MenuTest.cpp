@@ -71,6 +71,28 @@ TEST_F(Menu, LinesDoWhatTheySay)
     }
 }
 
+TEST_F(Menu, TheFocusWidgetsMenuSkipsAndResets)
+{
+    FocusTimer& focus = desk.services.live.focus;
+    WidgetController* widget = desk.add(WidgetKind::focus, {100, 100});
+    const auto items = [&] { return widgetMenu(*widget, desk.manager, quick); };
+    find(items(), u"Start Focus"_s).handler();
+    find(items(), u"Skip Focus"_s).handler();
+    EXPECT_EQ(focus.phase(), FocusTimer::Phase::shortBreak);
+    EXPECT_FALSE(focus.isRunning());
+    find(items(), u"Skip Break"_s).handler();
+    EXPECT_EQ(focus.phase(), FocusTimer::Phase::focus);
+    EXPECT_EQ(focus.completedToday(), 0);
+
+    focus.skip();
+    focus.start();
+    find(items(), u"Reset Timer"_s).handler();
+    EXPECT_EQ(focus.phase(), FocusTimer::Phase::focus);
+    EXPECT_FALSE(focus.isRunning());
+    WidgetController* other = desk.add(WidgetKind::clock, {600, 100});
+    EXPECT_FALSE(titles(widgetMenu(*other, desk.manager, quick)).contains(u"Reset Timer"_s));
+}
+
 TEST_F(Menu, AWidgetsMenuActsOnThatWidgetAlone)
 {
     WidgetController* widget = desk.add(WidgetKind::clock, {100, 100});
