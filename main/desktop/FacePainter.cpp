@@ -75,6 +75,8 @@ QStringList FacePainter::texts() const
         if (mark.kind != CanvasMark::Kind::symbol)
             all += mark.text;
     }
+    if (const auto* photo = std::get_if<PhotoReading>(m_reading.get()); photo && !photo->description.isEmpty())
+        all += photo->description;
     return all;
 }
 

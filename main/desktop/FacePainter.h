@@ -40,7 +40,7 @@ public:
 
     /// What the last drawn face answers to and how it moves, in face points.
     const FaceView::Result& result() const { return m_result; }
-    QStringList texts() const; ///< what can be read on the face; draws it out of sight to find out
+    QStringList texts() const; ///< what can be read on the face, and what a picture on it is; draws it out of sight
     QRectF scaled(const QRectF& facePoints) const;
     QRectF reach() const; ///< everything that painting may touch, shadows included
     /// The plate with what is behind it, and the radius of its corners.

@@ -20,6 +20,12 @@ QString sentence(const PhotoAlbum& album, const WidgetConfig& config)
                                     : Wording::tr("This image cannot be shown");
 }
 
+QString spokenPicture(const PhotoAlbum& album, const WidgetConfig& config)
+{
+    const QString name = album.name(config.id);
+    return name.isEmpty() ? Wording::tr("Sample picture") : Wording::tr("Picture “%1”").arg(name);
+}
+
 } // namespace
 
 PhotoReading photoReading(const PhotoAlbum& album, const WidgetConfig& config)
@@ -27,6 +33,8 @@ PhotoReading photoReading(const PhotoAlbum& album, const WidgetConfig& config)
     PhotoReading reading{.picture = {album.image(config.id)}, .fills = config.photoFill};
     if (!reading.picture)
         reading.notice = {symbol(WidgetKind::photo), sentence(album, config)};
+    else
+        reading.description = spokenPicture(album, config);
     return reading;
 }
 

@@ -232,6 +232,7 @@ struct PhotoReading {
     Notice notice{};
     Picture picture;
     bool fills = true; ///< cropped to the frame rather than fitted into it
+    QString description{}; ///< of the picture, for those who do not see it
 
     bool operator==(const PhotoReading&) const = default;
 };

@@ -239,18 +239,27 @@ TEST(PhotoReading, ShowsThePictureOrSaysWhyThereIsNone)
     configure(folder.path() + u'/'); // another folder to it
     ASSERT_TRUE(settle());
     EXPECT_EQ(sentence(), u"This image cannot be shown"_s);
+    EXPECT_EQ(photoReading(album, config).description, QString());
 
     QImage image(9, 9, QImage::Format_RGB32);
     image.fill(Qt::red);
-    ASSERT_TRUE(image.save(folder.filePath(u"damaged.png"_s)));
+    ASSERT_TRUE(QFile::remove(folder.filePath(u"damaged.png"_s)));
+    ASSERT_TRUE(image.save(folder.filePath(u"At\u202E the lake.png"_s)));
     configure(folder.path());
     ASSERT_TRUE(settle());
+    EXPECT_EQ(photoReading(album, config).description, u"Picture “At the lake”"_s);
     config.photoFill = false;
     const PhotoReading shown = photoReading(album, config);
     EXPECT_FALSE(shown.notice);
     EXPECT_EQ(shown.picture.image.size(), QSize(4, 4));
     EXPECT_FALSE(shown.fills);
     EXPECT_EQ(shown, photoReading(album, config));
+
+    album.setSample([image] { return image; });
+    const WidgetConfig fresh(WidgetKind::photo, Skin::glass);
+    album.configure(fresh.id, std::nullopt, 0, {4, 4});
+    ASSERT_TRUE(waitUntil([&] { return !album.isLoading(fresh.id); }));
+    EXPECT_EQ(photoReading(album, fresh).description, u"Sample picture"_s);
 }
 
 struct EventsReadingsTest : ServiceTest {
