@@ -9,6 +9,7 @@
 #include "services/SystemMonitor.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ambrelle {
 
@@ -46,19 +47,21 @@ void WidgetDemand::tellFeed()
     m_with.feed.setAudience({.looks = m_with.session.isVisible(), .kinds = kindsOf(m_widgets), .seconds = seconds});
 }
 
+/// Only what changed, since a photo that is configured waits for its whole interval again.
 void WidgetDemand::tellPhotos()
 {
     PhotoAlbum& photos = m_with.services.photos;
-    QList<QUuid> ids;
+    const QHash<QUuid, PhotoWish> told = std::exchange(m_photos, {});
     for (const WidgetController* widget : m_widgets) {
         const WidgetConfig& config = widget->config();
         if (config.kind != WidgetKind::photo)
             continue;
-        const QSize pixels = (config.size() * widget->pixelRatio()).toSize();
-        photos.configure(config.id, config.photoFolder, config.photoInterval, pixels);
-        ids.append(config.id);
+        const PhotoWish wish{config.photoFolder, config.photoInterval, (config.size() * widget->pixelRatio()).toSize()};
+        m_photos.insert(config.id, wish);
+        if (told.value(config.id) != wish || !told.contains(config.id))
+            photos.configure(config.id, wish.folder, wish.minutes, wish.pixels);
     }
-    photos.keepOnly(ids);
+    photos.keepOnly(m_photos.keys());
 }
 
 } // namespace ambrelle

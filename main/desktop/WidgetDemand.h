@@ -2,8 +2,13 @@
 
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QObject>
+#include <QSize>
+#include <QUuid>
+
+#include <optional>
 
 namespace ambrelle {
 
@@ -31,11 +36,21 @@ public:
     void update();
 
 private:
+    /// What a photo widget shows, and how.
+    struct PhotoWish {
+        std::optional<QString> folder;
+        int minutes = 0;
+        QSize pixels;
+
+        bool operator==(const PhotoWish&) const = default;
+    };
+
     void tellFeed();
     void tellPhotos();
 
     Collaborators m_with;
     const QList<WidgetController*>& m_widgets;
+    QHash<QUuid, PhotoWish> m_photos; // as told
 };
 
 } // namespace ambrelle

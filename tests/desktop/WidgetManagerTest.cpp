@@ -5,6 +5,10 @@
 #include "desktop/AppearanceFollower.h"
 #include "desktop/ReadingRound.h"
 #include "model/Composition.h"
+#include "platform/recording/RecordingAppearance.h"
+#include "platform/recording/RecordingDesktopPicture.h"
+#include "skins/WallpaperRecipes.h"
+#include "support/TestFolder.h"
 #include "support/WaitUntil.h"
 
 namespace ambrelle {
@@ -215,6 +219,35 @@ TEST_F(WidgetManagerTest, ClocksGoBySecondsWhereTheyShowThemAndSomebodyLooks)
     EXPECT_EQ(repaintsIn(20s), (QList<qsizetype>{0, 0}));
     widget->setSkin(Skin::field);
     EXPECT_EQ(repaintsIn(2s), (QList<qsizetype>{2, 0}));
+}
+
+TEST_F(WidgetManagerTest, OtherWidgetsDoNotHoldAPhotoUp)
+{
+    const TestFolder folder;
+    QImage image(8, 8, QImage::Format_RGB32);
+    for (const char* name : {"one.png", "other.png"})
+        ASSERT_TRUE(image.save(folder.filePath(QLatin1StringView(name))));
+    WidgetController* widget = desk.add(photo, {100, 100});
+    widget->change([&folder](WidgetConfig& config) {
+        config.photoFolder = folder.path();
+        config.photoInterval = 10;
+    });
+    const PhotoAlbum& album = desk.services.live.photos;
+    const auto told = [&] {
+        EXPECT_TRUE(waitUntil([&] { return !album.isLoading(widget->config().id); }));
+        return desk.host.panels().first()->delegate().accessibleText();
+    };
+    waitUntil([&] { return told().contains(u"Picture"_s); });
+    const QString first = told();
+    EXPECT_TRUE(first == u"Picture “one”"_s || first == u"Picture “other”"_s) << first.toStdString();
+
+    WidgetController* other = desk.add(cpu, {600, 100});
+    desk.clock.advance(9min);
+    other->setScale(WidgetScale::huge);
+    widget->change([](WidgetConfig& config) { config.opacity = 0.5; });
+    EXPECT_EQ(told(), first);
+    desk.clock.advance(1min);
+    EXPECT_TRUE(waitUntil([&] { return told() != first; })) << "after ten minutes of its own";
 }
 
 TEST_F(WidgetManagerTest, SharesOneReadingAmongEqualWidgets)
