@@ -7,8 +7,13 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QLibrary>
+
+#include <mutex>
 
 namespace ambrelle::PictureDecoder {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -51,9 +56,35 @@ QByteArray webFormat(const QByteArray& bytes)
         : QByteArray();
 }
 
+/// The library writes to standard error unless it is told not to, and the toolkit does not tell it.
+void silenceTiff()
+{
+    using SetHandler = void* (*)(void* handler);
+    constexpr int interfaceVersion = 6; // of the library's binary interface
+    QLibrary library(u"tiff"_s, interfaceVersion);
+    for (const char* name : {"TIFFSetWarningHandler", "TIFFSetErrorHandler"}) {
+        if (const auto set = reinterpret_cast<SetHandler>(library.resolve(name)))
+            set(nullptr);
+    }
+}
+
+/// Damaged files lead beyond their end, of which a plain buffer would write to standard error.
+class QuietBuffer final : public QBuffer {
+public:
+    explicit QuietBuffer(const QByteArray& bytes) { setData(bytes); }
+    bool seek(qint64 position) override { return position <= size() && QBuffer::seek(position); }
+};
+
+bool isTiff(const QByteArray& bytes)
+{
+    return bytes.startsWith("II") || bytes.startsWith("MM");
+}
+
 /// What the reader makes of its device, which holds those bytes.
 QImage picture(QImageReader& reader, const QByteArray& bytes, QSize shown)
 {
+    if (PictureStructure::isDamagedPng(bytes))
+        return {};
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     // A format that does not tell its size beforehand cannot be held to a limit.
@@ -72,8 +103,11 @@ QImage read(const QString& file, QSize shown)
     const std::optional<QByteArray> bytes = readPlainFile(file, mostBytes);
     if (!bytes)
         return {};
-    QBuffer device;
-    device.setData(*bytes);
+    if (isTiff(*bytes)) {
+        static std::once_flag once;
+        std::call_once(once, silenceTiff);
+    }
+    QuietBuffer device(*bytes);
     QImageReader reader(&device);
     reader.setDecideFormatFromContent(true);
     return picture(reader, *bytes, shown);
@@ -84,8 +118,7 @@ QImage decode(const QByteArray& bytes, QSize shown)
     const QByteArray format = webFormat(bytes);
     if (format.isEmpty() || bytes.size() > mostBytes)
         return {};
-    QBuffer device;
-    device.setData(bytes);
+    QuietBuffer device(bytes);
     QImageReader reader(&device, format);
     reader.setAutoDetectImageFormat(false); // or others are asked when this one fails
     return picture(reader, bytes, shown);

@@ -2,8 +2,12 @@
 
 #include "services/PictureStructure.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <optional>
+
+#include <libdeflate.h>
 
 namespace ambrelle {
 
@@ -19,6 +23,8 @@ bool isJpeg(const QByteArray& bytes)
     return bytes.startsWith("\xFF\xD8");
 }
 
+constexpr QByteArrayView pngStart("\x89PNG\r\n\x1A\n");
+
 bool isRowWisePng(const QByteArray& bytes)
 {
     constexpr qsizetype depth = 24;
@@ -26,7 +32,7 @@ bool isRowWisePng(const QByteArray& bytes)
     constexpr qsizetype interlace = 28;
     constexpr quint8 rgb = 2;
     constexpr quint8 rgba = 6;
-    return bytes.startsWith("\x89PNG\r\n\x1A\n") && byteAt(bytes, depth) == 8
+    return bytes.startsWith(pngStart) && byteAt(bytes, depth) == 8
         && (byteAt(bytes, colour) == rgb || byteAt(bytes, colour) == rgba) && byteAt(bytes, interlace) == 0;
 }
 
@@ -119,6 +125,31 @@ int jpegScans(const QByteArray& bytes)
 }
 
 } // namespace
+
+// A file is a row of chunks: length, type, data, and a checksum over type and data.
+bool PictureStructure::isDamagedPng(const QByteArray& bytes)
+{
+    constexpr qsizetype typeSize = 4;
+    constexpr qsizetype frameSize = 12; // of all but the data
+    constexpr char ancillary = 0x20; // in the first letter of the type
+    if (!bytes.startsWith(pngStart))
+        return false;
+    QByteArrayView rest = QByteArrayView(bytes).sliced(pngStart.size());
+    while (rest.size() >= frameSize) {
+        const auto length = static_cast<qsizetype>(qFromBigEndian<quint32>(rest.data()));
+        if (length > rest.size() - frameSize)
+            return true;
+        const QByteArrayView summed = rest.sliced(frameSize - 2 * typeSize, typeSize + length);
+        const auto sum = qFromBigEndian<quint32>(rest.data() + frameSize - typeSize + length);
+        const bool isCritical = !(summed.front() & ancillary);
+        if (isCritical && libdeflate_crc32(0, summed.data(), static_cast<size_t>(summed.size())) != sum)
+            return true;
+        if (summed.startsWith("IEND"))
+            return false;
+        rest = rest.sliced(frameSize + length);
+    }
+    return true;
+}
 
 bool PictureStructure::comesRowByRow(const QByteArray& bytes)
 {

@@ -15,6 +15,8 @@ bool comesRowByRow(const QByteArray& bytes);
 /// How often a decoder has to go over the whole picture: the scans of a progressive JPEG file, else 1. A small file can
 /// ask for thousands.
 int passes(const QByteArray& bytes);
+/// Whether it is a PNG file that is cut off or changed where it matters: no decoder shows it, but some complain.
+bool isDamagedPng(const QByteArray& bytes);
 
 } // namespace PictureStructure
 

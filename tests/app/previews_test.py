@@ -45,7 +45,7 @@ class Previews(unittest.TestCase):
             self.assertEqual(self.render(folder, "glass").returncode, 0)
             sheets.append((self.home / folder / "glass.png").read_bytes())
         self.assertEqual(*sheets)
-        self.assertFalse((self.home / "cache/ambrelle").exists(), "pictures of the desktop are not touched")
+        self.assertEqual(list((self.home / "cache").rglob("*.jpg")), [], "the desktop's pictures are its own")
 
     def test_nonsense_is_refused_with_a_sentence(self):
         (self.home / "file").touch()

@@ -11,6 +11,7 @@ import random
 import shutil
 import signal
 import subprocess
+import time
 from pathlib import Path
 
 from program import Session, hover, pointer, screen_size, two_screens, wait_for
@@ -122,10 +123,37 @@ def live_scale():
     session.end(desktop)
 
 
+def silent_photos():
+    """Pictures that are damaged are said to be so where they would show, and nowhere else."""
+    session = Session({"hasLaunchedBefore": True})
+    widgets = []
+    for column, kind in enumerate(("png", "jpg", "tiff", "gif", "webp")):
+        folder = session.home / kind
+        folder.mkdir()
+        subprocess.run(["convert", "-size", "64x64", "plasma:", str(folder / f"whole.{kind}")], check=True)
+        whole = (folder / f"whole.{kind}").read_bytes()
+        for part in range(1, 8):
+            (folder / f"{part}.{kind}").write_bytes(whole[: len(whole) * part // 8])
+            (folder / f"{part}x.{kind}").write_bytes(whole[: len(whole) * part // 8] + b"x" * (len(whole) // 8))
+        (folder / f"whole.{kind}").unlink()
+        widgets += [{"kind": "photo", "skin": "glass", "origin": [20 + 60 * row, 20 + 150 * column],
+                     "photoFolder": str(folder)} for row in range(12)]
+    session.store.write_text(json.dumps({"hasLaunchedBefore": True, "widgets.v2": widgets}))
+    session.start()
+    wait_for("photos", lambda: len(session.panels()) == len(widgets))
+    time.sleep(2)  # that nothing is said
+    session.stop()
+    said = session.process.stderr.read()
+    assert not said, said
+    shutil.rmtree(session.home)
+
+
 subject = drag_and_kill()
 wallpaper(subject)
 damaged_stores(subject)
 shutil.rmtree(subject.home)
+if shutil.which("convert"):
+    silent_photos()
 if shutil.which("xsettingsd"):
     live_scale()
 print("dragged, killed and restored; started with every damaged store")

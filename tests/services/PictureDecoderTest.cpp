@@ -190,6 +190,25 @@ TEST(PictureStructure, TellsHowAPictureIsStored)
     EXPECT_FALSE(PictureStructure::comesRowByRow(encoded(halves({8, 8}), "bmp")));
 }
 
+TEST(PictureStructure, FindsDamagedPngFiles)
+{
+    const QByteArray whole = encoded(halves({64, 64}), "png");
+    EXPECT_FALSE(PictureStructure::isDamagedPng(whole));
+    EXPECT_FALSE(PictureStructure::isDamagedPng(whole + "more"));
+    EXPECT_FALSE(PictureStructure::isDamagedPng(encoded(halves({64, 64}), "jpg")));
+    const qsizetype density = whole.indexOf("pHYs"); // which nobody needs
+    ASSERT_GT(density, 0);
+    for (qsizetype at = 8; at < whole.size(); ++at) {
+        EXPECT_TRUE(PictureStructure::isDamagedPng(whole.first(at))) << "cut off at " << at;
+        QByteArray changed = whole;
+        changed[at] = static_cast<char>(changed[at] ^ 0x40);
+        const bool isInDensity = at >= density - 4 && at <= density + 16;
+        EXPECT_TRUE(isInDensity || PictureStructure::isDamagedPng(changed)) << "changed at " << at;
+        const bool isItsValue = isInDensity && at > density + 4;
+        EXPECT_TRUE(!isItsValue || !PictureDecoder::decode(changed, {8, 8}).isNull()) << "changed at " << at;
+    }
+}
+
 /// Damage of every kind; what it finds are crashes, hangs and what sanitizers see.
 TEST(PictureStructure, DamagedFilesHarmNothing)
 {
