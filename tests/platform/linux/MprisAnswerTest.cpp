@@ -2,6 +2,8 @@
 
 #include "platform/linux/bus/MprisAnswer.h"
 
+#include <QRandomGenerator>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -81,6 +83,44 @@ TEST(MprisAnswerTest, TellsStateTextsAndTimes)
     EXPECT_EQ(cut.title.size(), 500);
     EXPECT_EQ(cut.artist.size(), 500);
     EXPECT_TRUE(cut.picture.isEmpty());
+}
+
+/// Values of every kind in every place; what it finds are crashes and what sanitizers see.
+TEST(MprisAnswerTest, NonsenseHarmsNothing)
+{
+    QRandomGenerator random(20250603);
+    const auto text = [&random] {
+        QString letters(random.bounded(700), u' ');
+        for (QChar& letter : letters)
+            letter = QChar(static_cast<char16_t>(random.bounded(0x10000)));
+        return letters;
+    };
+    const auto value = [&]() -> QVariant {
+        switch (random.bounded(9)) {
+        case 0: return text();
+        case 1: return QStringList{text(), text()};
+        case 2: return static_cast<qint64>(random.generate64());
+        case 3: return random.generate64();
+        case 4: return random.generateDouble() * std::pow(10, random.bounded(600) - 290);
+        case 5: return std::numeric_limits<double>::infinity();
+        case 6: return QVariantMap{{text(), text()}};
+        case 7: return QByteArray("\xFF\xFE");
+        default: return {};
+        }
+    };
+    const int rounds = qEnvironmentVariableIntValue("AMBRELLE_FUZZ_ROUNDS");
+    for (int round = 0; round < std::max(rounds, 200); ++round) {
+        QVariantMap metadata;
+        for (const char* name : {"xesam:title", "xesam:artist", "xesam:url", "mpris:artUrl", "mpris:length"})
+            metadata.insert(QLatin1StringView(name), value());
+        const QVariantMap properties = with(with(playing(metadata), "Rate", value()), "Position", value());
+        const MprisAnswer answer = mprisAnswer(properties, u"Player"_s);
+        ASSERT_TRUE(answer.track && std::isfinite(answer.rate));
+        EXPECT_LE(answer.track->title.size(), 500);
+        EXPECT_LE(answer.track->artist.size(), 500);
+        for (const double time : {answer.track->duration, answer.track->position})
+            EXPECT_TRUE(time >= 0 && time <= 360'000) << time;
+    }
 }
 
 TEST(MprisAnswerTest, TellsTheRate)
