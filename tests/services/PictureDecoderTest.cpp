@@ -219,7 +219,8 @@ TEST(PictureStructure, DamagedFilesHarmNothing)
     const int rounds = qEnvironmentVariableIntValue("AMBRELLE_FUZZ_ROUNDS");
     for (int round = 0; round < std::max(rounds, 400); ++round) {
         QByteArray bytes = originals[round % std::ssize(originals)];
-        bytes.truncate(1 + random.bounded(static_cast<int>(bytes.size())));
+        if (random.bounded(2) == 0)
+            bytes.truncate(1 + random.bounded(static_cast<int>(bytes.size())));
         for (int change = random.bounded(8); change > 0; --change)
             bytes[random.bounded(static_cast<int>(bytes.size()))] = static_cast<char>(random.bounded(256));
         EXPECT_GE(PictureStructure::passes(bytes), 1);
