@@ -40,7 +40,7 @@ QString timeText(const EventRow& event, const QDateTime& now, const QLocale& loc
 /// "Yesterday", "Today, 14:05", "3 Jun, 14:05"; empty without a date.
 QString dueText(const ReminderRow& reminder, const QDateTime& now, const QLocale& locale)
 {
-    const QString day = reminder.dueText(now, locale).value_or(QString());
+    QString day = reminder.dueText(now, locale).value_or(QString());
     if (!reminder.due || !reminder.hasTime)
         return day;
     return Wording::tr("%1, %2", "day, time").arg(day, Units::time(reminder.due->toTimeZone(now.timeZone()), locale));

@@ -36,7 +36,7 @@ public:
 
 private:
     struct Facts {
-        xcb_window_t window = XCB_WINDOW_NONE;
+        xcb_window_t window;
         QByteArray name;
         std::vector<uint32_t> supported; ///< none where no window manager runs
     };
