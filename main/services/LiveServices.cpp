@@ -31,6 +31,8 @@ void LiveServices::demand(const WidgetKinds& kinds)
 {
     if (kinds == m_wanted)
         return;
+    if (m_wanted == WidgetKinds())
+        photos.rest(widgetsFirst);
     m_wanted = kinds;
     m_pending = m_clock.after(widgetsFirst, [this] { serve(); });
 }

@@ -2,6 +2,7 @@
 
 #include "services/PhotoAlbum.h"
 
+#include "foundation/Clock.h"
 #include "services/PhotoRotator.h"
 
 namespace ambrelle {
@@ -16,12 +17,29 @@ PhotoAlbum::~PhotoAlbum() = default;
 
 void PhotoAlbum::configure(const QUuid& id, const std::optional<QString>& folder, int intervalMinutes, QSize shown)
 {
-    rotator(id).configure(folder, intervalMinutes, shown);
+    if (m_rest)
+        m_waiting[id] = [=, this] { rotator(id).configure(folder, intervalMinutes, shown); };
+    else
+        rotator(id).configure(folder, intervalMinutes, shown);
+}
+
+void PhotoAlbum::rest(std::chrono::milliseconds time)
+{
+    m_rest = m_clock.after(time, [this] { wake(); });
+}
+
+void PhotoAlbum::wake()
+{
+    m_rest.reset();
+    for (const auto& [id, configure] : std::exchange(m_waiting, {}))
+        configure();
 }
 
 void PhotoAlbum::keepOnly(const QList<QUuid>& ids)
 {
-    std::erase_if(m_rotators, [&ids](const auto& entry) { return !ids.contains(entry.first); });
+    const auto isGone = [&ids](const auto& entry) { return !ids.contains(entry.first); };
+    std::erase_if(m_rotators, isGone);
+    std::erase_if(m_waiting, isGone);
 }
 
 void PhotoAlbum::loadPreview(const QUuid& id, const QImage& image)
@@ -44,13 +62,13 @@ QString PhotoAlbum::name(const QUuid& id) const
 bool PhotoAlbum::isEmpty(const QUuid& id) const
 {
     const PhotoRotator* found = find(id);
-    return !found || found->isEmpty();
+    return found ? found->isEmpty() : !m_waiting.contains(id);
 }
 
 bool PhotoAlbum::isLoading(const QUuid& id) const
 {
     const PhotoRotator* found = find(id);
-    return found && found->isLoading();
+    return m_waiting.contains(id) || (found && found->isLoading());
 }
 
 PhotoRotator& PhotoAlbum::rotator(const QUuid& id)

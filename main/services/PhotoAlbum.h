@@ -4,6 +4,7 @@
 
 #include "foundation/Choice.h"
 #include "foundation/SerialWorker.h"
+#include "foundation/Ticket.h"
 
 #include <QImage>
 #include <QObject>
@@ -11,6 +12,7 @@
 #include <QString>
 #include <QUuid>
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -32,6 +34,8 @@ public:
 
     /// What the widgets without a folder show that are configured from now on; `make` is called on another thread.
     void setSample(std::function<QImage()> make) { m_sample = std::move(make); }
+    /// For that long no disk is asked and nothing decoded; widgets configured meanwhile are loading.
+    void rest(std::chrono::milliseconds time);
     /// What a widget is set to; `shown` is its size in pixels. See PhotoRotator::configure().
     void configure(const QUuid& id, const std::optional<QString>& folder, int intervalMinutes, QSize shown);
     void keepOnly(const QList<QUuid>& ids); ///< forgets the widgets that are gone
@@ -47,6 +51,7 @@ Q_SIGNALS:
     void changed(const QUuid& id);
 
 private:
+    void wake();
     PhotoRotator& rotator(const QUuid& id); ///< made when there is none
     const PhotoRotator* find(const QUuid& id) const;
 
@@ -54,6 +59,8 @@ private:
     Choice m_choose;
     std::function<QImage()> m_sample;
     std::map<QUuid, std::unique_ptr<PhotoRotator>> m_rotators;
+    std::map<QUuid, std::function<void()>> m_waiting; // while at rest
+    Ticket m_rest; // while at rest
     SerialWorker m_worker{*this};
 };
 

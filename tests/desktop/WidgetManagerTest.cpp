@@ -232,6 +232,7 @@ TEST_F(WidgetManagerTest, OtherWidgetsDoNotHoldAPhotoUp)
         config.photoFolder = folder.path();
         config.photoInterval = 10;
     });
+    desk.clock.advance(1s); // photos come after the widgets
     const PhotoAlbum& album = desk.services.live.photos;
     const auto told = [&] {
         EXPECT_TRUE(waitUntil([&] { return !album.isLoading(widget->config().id); }));

@@ -234,6 +234,25 @@ TEST_F(PhotoRotatorTest, TheAlbumKeepsOneForEachWidget)
     // Goes while its folder is being listed.
 }
 
+TEST_F(PhotoRotatorTest, AnAlbumAtRestLoadsLater)
+{
+    put(u"a.png"_s, red);
+    PhotoAlbum album(clock);
+    album.rest(1s);
+    const QUuid one = QUuid::createUuid();
+    const QUuid gone = QUuid::createUuid();
+    album.configure(one, folder.path(), 0, {4, 4});
+    album.configure(gone, folder.path(), 0, {4, 4});
+    album.keepOnly({one});
+    clock.advance(999ms);
+    EXPECT_TRUE(album.isLoading(one));
+    EXPECT_FALSE(album.isEmpty(one));
+    clock.advance(1ms);
+    EXPECT_TRUE(waitUntil([&] { return !album.isLoading(one); }));
+    EXPECT_FALSE(album.image(one).isNull());
+    EXPECT_TRUE(album.isEmpty(gone));
+}
+
 TEST_F(PhotoRotatorTest, WithoutAFolderTheSampleIsShownAtItsSize)
 {
     put(u"a.png"_s, red);
