@@ -23,6 +23,7 @@
 #include <QTextStream>
 
 #include <cstdlib>
+#include <thread>
 
 namespace {
 
@@ -75,8 +76,11 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     if (!choice.whyNot.isEmpty())
         return complain(choice.whyNot);
     Environment environment(choice.plugin);
-    Fonts::registerBundled();
+    // While the toolkit connects. It reads the environment, which nothing changes meanwhile.
+    std::jthread fonts(&Fonts::prepare);
     QApplication application(argc, argv);
+    fonts.join();
+    Fonts::registerBundled();
     WordingFile::install(application);
     environment.restore();
     QGuiApplication::setQuitOnLastWindowClosed(false);

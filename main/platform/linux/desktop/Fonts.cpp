@@ -14,6 +14,11 @@ namespace ambrelle::Fonts {
 
 using namespace Qt::StringLiterals;
 
+void prepare()
+{
+    FcInit();
+}
+
 bool registerFolder(const QString& folder)
 {
     const QByteArray path = QFile::encodeName(folder);
