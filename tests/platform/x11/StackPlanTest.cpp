@@ -60,6 +60,8 @@ TEST(StackPlanTest, PutsPanelsBetweenDesktopAndWindowsOrAboveThem)
         {"the film alone", "lfh", "lhf"},
         {"a dialog over the film", "lfWh", "lfWh"},
         {"widgets are arranged", "lwhHb", "lwbhH"},
+        {"a panel is pinned below another one", "hlw", "lwh"},
+        {"below several", "hlLw", "lLwh"},
         {"no windows", "olhd", "odlh"},
         {"no windows and no desktop", "ohl", "olh"},
         {"no panels", "wdWfo", "wdWfo"},

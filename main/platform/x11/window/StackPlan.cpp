@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <ranges>
+#include <utility>
 
 namespace ambrelle {
 
@@ -20,52 +20,70 @@ auto isOneOf(std::initializer_list<StackedWindow::Kind> kinds)
                const StackedWindow& each) { return std::ranges::find(kinds, each.kind) != kinds.end(); };
 }
 
-/// Puts all windows of a kind right above `floor` or, where there is none, right below `ceiling`, if one of them is not
-/// between the two. Either may be the end of the order: none.
-void moveBetween(
-    const Order& order, StackedWindow::Kind kind, Place floor, Place ceiling, std::vector<StackMove>& moves)
-{
-    std::vector<Place> all;
-    for (Place place = order.begin(); place != order.end(); ++place) {
-        if (place->kind == kind)
-            all.push_back(place);
-    }
-    const bool hasFloor = floor != order.end();
-    const auto isAstray = [&](Place place) { return (hasFloor && place < floor) || place > ceiling; };
-    if (std::ranges::none_of(all, isAstray))
-        return;
-    if (hasFloor) {
-        for (const Place place : all | std::views::reverse)
-            moves.push_back({place->window, floor->window, true});
-    } else {
-        for (const Place place : all)
-            moves.push_back({place->window, ceiling->window, false});
-    }
-}
-
 Place last(const Order& order, Place end, std::initializer_list<StackedWindow::Kind> kinds)
 {
     const auto found = std::find_if(std::make_reverse_iterator(end), order.rend(), isOneOf(kinds));
     return found == order.rend() ? order.end() : std::prev(found.base());
 }
 
+/// An order with the moves that have led to it.
+struct Plan {
+    void move(xcb_window_t window, xcb_window_t sibling, bool above);
+    void moveBetween(StackedWindow::Kind kind, Place floor, Place ceiling);
+
+    Order order;
+    std::vector<StackMove> moves;
+};
+
+void Plan::move(xcb_window_t window, xcb_window_t sibling, bool above)
+{
+    moves.push_back({window, sibling, above});
+    const auto from = std::ranges::find(order, window, &StackedWindow::window);
+    const StackedWindow moved = *from;
+    order.erase(from);
+    order.insert(std::ranges::find(order, sibling, &StackedWindow::window) + (above ? 1 : 0), moved);
+}
+
+/// Puts all windows of a kind right above `floor` or, where there is none, right below `ceiling`, if one of them is not
+/// between the two. Either may be the end of the order: none.
+void Plan::moveBetween(StackedWindow::Kind kind, Place floor, Place ceiling)
+{
+    const bool hasFloor = floor != order.end();
+    bool isAstray = false;
+    std::vector<xcb_window_t> all;
+    for (Place place = order.begin(); place != order.end(); ++place) {
+        if (place->kind != kind)
+            continue;
+        all.push_back(place->window);
+        isAstray = isAstray || (hasFloor && place < floor) || place > ceiling;
+    }
+    if (!isAstray)
+        return;
+    const xcb_window_t sibling = hasFloor ? floor->window : ceiling->window;
+    if (hasFloor)
+        std::ranges::reverse(all);
+    for (const xcb_window_t window : all)
+        move(window, sibling, hasFloor);
+}
+
 } // namespace
 
 std::vector<StackMove> stackMoves(const std::vector<StackedWindow>& order)
 {
-    std::vector<StackMove> moves;
-    const Place highest = last(order, order.end(), {desktop, window, backdrop});
-    const Place film =
-        std::find_if(highest == order.end() ? order.begin() : highest, order.end(), isOneOf({fullScreen}));
-    moveBetween(order, highPanel, highest, film, moves);
+    Plan plan{order, {}};
+    const Order& now = plan.order;
+
+    const Place highest = last(now, now.end(), {desktop, window, backdrop});
+    const Place film = std::find_if(highest == now.end() ? now.begin() : highest, now.end(), isOneOf({fullScreen}));
+    plan.moveBetween(highPanel, highest, film);
 
     // A desktop that lies over windows is one of them.
-    const Place firstWindow = std::ranges::find_if(order, isOneOf({window, fullScreen, backdrop}));
-    const Place ground = last(order, firstWindow, {desktop});
-    const Place lowest = std::find_if(ground == order.end() ? order.begin() : ground, order.end(),
-        isOneOf({window, fullScreen, backdrop, highPanel}));
-    moveBetween(order, lowPanel, ground, lowest, moves);
-    return moves;
+    const Place firstWindow = std::ranges::find_if(now, isOneOf({window, fullScreen, backdrop}));
+    const Place ground = last(now, firstWindow, {desktop});
+    const Place lowest = std::find_if(
+        ground == now.end() ? now.begin() : ground, now.end(), isOneOf({window, fullScreen, backdrop, highPanel}));
+    plan.moveBetween(lowPanel, ground, lowest);
+    return std::move(plan.moves);
 }
 
 } // namespace ambrelle
