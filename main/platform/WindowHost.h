@@ -86,7 +86,7 @@ public:
     virtual QRectF frame() const = 0;
     virtual void show() = 0;
     virtual void hide() = 0;
-    virtual void setLevel(WindowLevel level) = 0;
+    virtual void setLevel(WindowLevel level) = 0; ///< a change puts it above all others of its new level
     virtual void setOpacity(double opacity) = 0; ///< 0 to 1, of the whole window
     virtual void setClickThrough(bool through) = 0; ///< the pointer reaches what lies below
     /// The part that hears the pointer (window points, y down); clicks elsewhere reach what lies below.

@@ -13,7 +13,7 @@ from pathlib import Path
 sys.path.append(str(Path(__file__).parents[1] / "support"))
 from Xlib import X
 
-from onlooker import WINDOW, Screen
+from onlooker import WINDOW, Screen, holds
 from program import Session, hover, pointer, screen_size, two_screens, wait_for, window_with_keyboard
 from status_host import StatusHost
 
@@ -85,14 +85,19 @@ def stack(session):
 
 
 def stay_on_top(session, host, height):
-    """The older widget is dragged over the newer one."""
-    newer = stack(session)[-1]
+    """The older widget is dragged over the newer one, which lay above it."""
+    older, newer = before = stack(session)
+
+    def order():
+        return [window for window in stack(session) if window in before]
     begin(session, host)
+    wait_for("the same order in edit mode", lambda: holds(lambda: order() == [older, newer]), 15)
     drag(face(WIDGETS[0], height), (60, 230))
     wait_for("stored place", lambda: session.widgets()[0]["origin"][1] < 300)
+    wait_for("dragged widget on top", lambda: holds(lambda: order() == [newer, older]), 15)
     pointer("key", "Escape")
     ended(session)
-    wait_for("older widget on top", lambda: stack(session)[-1:] != [newer])
+    wait_for("dragged widget on top afterwards", lambda: holds(lambda: order() == [newer, older]), 15)
 
 
 def follow_screens(session, host, width, height):

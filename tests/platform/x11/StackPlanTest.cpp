@@ -20,18 +20,18 @@ const std::map<char, Kind> kinds{{'d', Kind::desktop}, {'l', Kind::lowPanel}, {'
     {'w', Kind::window}, {'W', Kind::window}, {'f', Kind::fullScreen}, {'b', Kind::backdrop}, {'h', Kind::highPanel},
     {'H', Kind::highPanel}, {'o', Kind::other}};
 
-std::vector<StackMove> movesOf(const std::string& order)
+std::vector<StackMove> movesOf(const std::string& order, char risen = 0)
 {
     std::vector<StackedWindow> windows;
     for (const char letter : order)
         windows.push_back({static_cast<xcb_window_t>(letter), kinds.at(letter)});
-    return stackMoves(windows);
+    return stackMoves(windows, static_cast<xcb_window_t>(risen));
 }
 
 /// What an X server makes of it.
-std::string settled(std::string order)
+std::string settled(std::string order, char risen = 0)
 {
-    for (const StackMove& move : movesOf(order)) {
+    for (const StackMove& move : movesOf(order, risen)) {
         order.erase(order.find(static_cast<char>(move.window)), 1);
         const std::size_t sibling = order.find(static_cast<char>(move.sibling));
         order.insert(order.begin() + static_cast<std::ptrdiff_t>(sibling + (move.above ? 1 : 0)),
@@ -70,6 +70,30 @@ TEST(StackPlanTest, PutsPanelsBetweenDesktopAndWindowsOrAboveThem)
         const std::string after = settled(each.before);
         EXPECT_EQ(after, each.after) << each.what;
         EXPECT_TRUE(movesOf(after).empty()) << each.what << ": would move for ever";
+    }
+}
+
+TEST(StackPlanTest, RaisesAPanelToTheTopOfItsKind)
+{
+    struct Case {
+        const char* what;
+        const char* before;
+        char risen;
+        const char* after;
+    };
+    const Case cases[] = {
+        {"pressed below another one", "lLwhH", 'h', "lLwHh"},
+        {"pressed on top", "lLwhH", 'L', "lLwhH"},
+        {"raised for arranging", "hLwbH", 'h', "LwbHh"},
+        {"put back from there", "dlwbLhH", 'L', "dlLwbhH"},
+        {"the first one put back", "wbLhH", 'L', "LwbhH"},
+        {"pinned during a film", "hLwHf", 'h', "LwHhf"},
+        {"gone meanwhile", "lwh", 'H', "lwh"},
+    };
+    for (const Case& each : cases) {
+        const std::string after = settled(each.before, each.risen);
+        EXPECT_EQ(after, each.after) << each.what;
+        EXPECT_TRUE(movesOf(after, each.risen).empty()) << each.what << ": would move for ever";
     }
 }
 

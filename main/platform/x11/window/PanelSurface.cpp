@@ -108,6 +108,7 @@ void PanelSurface::moveEvent(QMoveEvent* event)
 
 void PanelSurface::mousePressEvent(QMouseEvent* event)
 {
+    Q_EMIT pressed();
     m_delegate.pointerPressed(pointerEvent(*event));
 }
 

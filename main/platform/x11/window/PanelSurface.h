@@ -34,6 +34,7 @@ public:
 
 Q_SIGNALS:
     void pixelRatioChanged();
+    void pressed(); ///< before the delegate hears of it
 
 protected:
     bool handle(QEvent& event) override;

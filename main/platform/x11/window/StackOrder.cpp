@@ -90,9 +90,15 @@ StackOrder::StackOrder(const X11Connection& connection)
 {
 }
 
-std::vector<StackMove> StackOrder::moves() const
+bool StackOrder::set(xcb_window_t window, StackedWindow::Kind kind)
 {
-    return m_ours.empty() ? std::vector<StackMove>() : stackMoves(order());
+    const auto [place, isNew] = m_ours.try_emplace(window, kind);
+    return std::exchange(place->second, kind) != kind || isNew;
+}
+
+std::vector<StackMove> StackOrder::moves(xcb_window_t risen) const
+{
+    return m_ours.empty() ? std::vector<StackMove>() : stackMoves(order(), risen);
 }
 
 void StackOrder::apply(const std::vector<StackMove>& moves) const

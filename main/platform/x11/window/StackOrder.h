@@ -14,13 +14,15 @@ class StackOrder {
 public:
     explicit StackOrder(const X11Connection& connection);
 
-    /// From now on that window of this program has its place. It need not be on the screen.
-    void set(xcb_window_t window, StackedWindow::Kind kind) { m_ours[window] = kind; }
+    /// From now on that window of this program has its place. It need not be on the screen. False if it has been of
+    /// that kind before.
+    bool set(xcb_window_t window, StackedWindow::Kind kind);
     void remove(xcb_window_t window) { m_ours.erase(window); }
 
-    std::vector<StackMove> moves() const; ///< what is missing; waits for the server three times
+    /// What is missing; waits for the server three times. `risen` is to lie above the others of its kind.
+    std::vector<StackMove> moves(xcb_window_t risen = XCB_WINDOW_NONE) const;
     void apply(const std::vector<StackMove>& moves) const;
-    void settle() const { apply(moves()); }
+    void settle(xcb_window_t risen = XCB_WINDOW_NONE) const { apply(moves(risen)); }
 
 private:
     std::vector<StackedWindow> order() const;

@@ -30,6 +30,7 @@ Place last(const Order& order, Place end, std::initializer_list<StackedWindow::K
 struct Plan {
     void move(xcb_window_t window, xcb_window_t sibling, bool above);
     void moveBetween(StackedWindow::Kind kind, Place floor, Place ceiling);
+    void raise(xcb_window_t window);
 
     Order order;
     std::vector<StackMove> moves;
@@ -66,12 +67,24 @@ void Plan::moveBetween(StackedWindow::Kind kind, Place floor, Place ceiling)
         move(window, sibling, hasFloor);
 }
 
+/// Puts a window right above the others of its kind, if one of them is above it.
+void Plan::raise(xcb_window_t window)
+{
+    const auto risen = std::ranges::find(order, window, &StackedWindow::window);
+    if (risen == order.end())
+        return;
+    const Place top = last(order, order.end(), {risen->kind});
+    if (top->window != window)
+        move(window, top->window, true);
+}
+
 } // namespace
 
-std::vector<StackMove> stackMoves(const std::vector<StackedWindow>& order)
+std::vector<StackMove> stackMoves(const std::vector<StackedWindow>& order, xcb_window_t risen)
 {
     Plan plan{order, {}};
     const Order& now = plan.order;
+    plan.raise(risen);
 
     const Place highest = last(now, now.end(), {desktop, window, backdrop});
     const Place film = std::find_if(highest == now.end() ? now.begin() : highest, now.end(), isOneOf({fullScreen}));

@@ -34,7 +34,8 @@ struct StackMove {
 };
 
 /// What puts the panels between desktop, windows and full-screen windows, to be done in this order; nothing where they
-/// are there already. `order` begins with the lowest. Panels of one kind keep their order.
-std::vector<StackMove> stackMoves(const std::vector<StackedWindow>& order);
+/// are there already. `order` begins with the lowest. Panels of one kind keep their order, but for `risen`, which comes
+/// to lie above the others of its kind.
+std::vector<StackMove> stackMoves(const std::vector<StackedWindow>& order, xcb_window_t risen = XCB_WINDOW_NONE);
 
 } // namespace ambrelle

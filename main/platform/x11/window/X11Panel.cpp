@@ -53,6 +53,11 @@ X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts)
     });
     // Openbox gives its frame the input area only when that is set after the window has appeared.
     QObject::connect(m_surface, &PanelSurface::appeared, m_surface, [this] { applyInput(); });
+    // What window managers do for the windows that they keep.
+    QObject::connect(m_surface, &PanelSurface::pressed, m_surface, [this] {
+        if (m_bypassed)
+            m_parts.order.settle(m_window);
+    });
     m_return.setSingleShot(true);
     m_return.setInterval(handover);
     QObject::connect(&m_return, &QTimer::timeout, m_surface, [this] {
@@ -144,9 +149,10 @@ void X11Panel::dress()
     xcb_change_window_attributes(x.handle(), m_window, XCB_CW_OVERRIDE_REDIRECT, &bypassed);
     describe();
     const bool floating = m_level == WindowLevel::floating;
-    m_parts.order.set(m_window, floating ? StackedWindow::Kind::highPanel : StackedWindow::Kind::lowPanel);
-    if (m_bypassed)
-        m_parts.order.settle(); // before it appears, or it would flash up over the windows
+    const bool changesPlace =
+        m_parts.order.set(m_window, floating ? StackedWindow::Kind::highPanel : StackedWindow::Kind::lowPanel);
+    if (m_bypassed) // before it appears, or it would flash up over the windows
+        m_parts.order.settle(changesPlace ? m_window : xcb_window_t{XCB_WINDOW_NONE});
 }
 
 /// Writes what a window manager reads when the window appears. Only raw properties: the toolkit's window flags would
