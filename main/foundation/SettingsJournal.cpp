@@ -111,8 +111,9 @@ QString SettingsJournal::write(const QJsonObject& values, const Predecessors& fo
 
 void SettingsJournal::remove()
 {
-    for (int slot = 0; slot < slotCount; ++slot)
-        QFile::remove(name(slot));
+    // The newest last: a kill in between must not leave an older one that follows what the settings file holds again.
+    for (int step = 1; step <= slotCount; ++step)
+        QFile::remove(name((m_slot + step) % slotCount));
 }
 
 } // namespace ambrelle

@@ -13,6 +13,7 @@
 #include <array>
 #include <atomic>
 #include <csignal>
+#include <functional>
 #include <map>
 #include <random>
 #include <sys/mman.h>
@@ -20,12 +21,14 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
 std::atomic<bool> flushesHang = false;
 std::atomic<int> flushes = 0;
 std::atomic<pid_t> flusher = 0;
+std::function<void()> fileGone; ///< called by the thread that removed one
 
 } // namespace
 
@@ -36,6 +39,15 @@ extern "C" int fsync(int file)
     ++flushes;
     flushesHang.wait(true);
     return static_cast<int>(syscall(SYS_fsync, file));
+}
+
+/// In place of the system's: tells of every file that is gone.
+extern "C" int unlink(const char* path) noexcept
+{
+    const auto result = static_cast<int>(syscall(SYS_unlink, path));
+    if (fileGone)
+        fileGone();
+    return result;
 }
 
 namespace ambrelle {
@@ -166,6 +178,29 @@ TEST_F(SettingsFileTest, WhatWasStoredOutlivesAKillAtAnyMoment)
     }
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
     munmap(told, sizeof(*told));
+}
+
+TEST_F(SettingsFileTest, AKillWhileFlushedVersionsAreRemovedBringsNoneBack)
+{
+    for (const int parity : {0, 1}) {
+        std::vector<Files> left;
+        {
+            SettingsFile file(path(), 1h);
+            for (int i = 0; i <= parity; ++i)
+                file.store(numbered(1));
+            ASSERT_TRUE(file.flush(patience));
+            fileGone = [&] { left.push_back(files()); };
+            file.store(numbered(2));
+            file.store(numbered(1)); // as the file has it, which the version before follows
+            ASSERT_TRUE(file.flush(patience));
+        }
+        fileGone = nullptr;
+        ASSERT_EQ(left.size(), 2u);
+        for (const Files& moment : left) {
+            restore(moment);
+            EXPECT_EQ(numberAfterRestart(), 1) << moment.size() << " files, " << parity;
+        }
+    }
 }
 
 TEST_F(SettingsFileTest, AVersionCutShortByAPowerCutIsNotTaken)
