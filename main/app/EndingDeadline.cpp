@@ -2,6 +2,8 @@
 
 #include "app/EndingDeadline.h"
 
+#include "foundation/SettingsFile.h"
+
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
@@ -12,6 +14,9 @@
 namespace ambrelle {
 
 namespace {
+
+// The settings are flushed last, when the rest has taken its share.
+static_assert(SettingsFile::lastPatience + std::chrono::milliseconds(400) <= EndingDeadline::patience);
 
 timer_t theTimer{};
 std::atomic<bool> isReady = false;

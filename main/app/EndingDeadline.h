@@ -7,7 +7,8 @@
 namespace ambrelle {
 
 /// Sees to it that the program ends soon once somebody asked it to, whatever then hangs: a disk that went away, a
-/// server, a display. Settings are with the system from the moment they are set, so nothing is lost.
+/// server, a display. Settings are with the system from the moment they are set, so nothing is lost; a disk that is
+/// only slow has the time to flush them.
 class EndingDeadline {
 public:
     static constexpr std::chrono::milliseconds patience{1500};

@@ -28,7 +28,6 @@ using Moment = std::chrono::steady_clock::time_point;
 
 constexpr qint64 greatestSize = 64 * 1024 * 1024;
 constexpr int longestChain = 40; // of links, as in the kernel
-constexpr auto lastPatience = 2s;
 constexpr auto untilNextTry = 10s;
 
 void complain(const QString& sentence)

@@ -12,8 +12,8 @@
 namespace ambrelle {
 
 /// The file behind the settings. What store() was given outlives the process, however that ends, once the call returns;
-/// a power cut takes at most the last second; and no caller waits for the disk to flush but the one who destroys it,
-/// two seconds at most.
+/// a power cut while it runs takes at most the last second; and no caller waits for the disk to flush but the one who
+/// destroys it, `lastPatience` at most.
 ///
 /// A version is first written beside the file without being flushed (SettingsJournal). A thread of its own gathers
 /// versions for a moment, flushes the newest, puts it in the file's place and removes the other: the file itself is
@@ -23,11 +23,13 @@ class SettingsFile {
 public:
     /// Of the first unflushed version; two flushes come on top of it, or four while one is under way.
     static constexpr std::chrono::milliseconds gatherTime{400};
+    /// Of who destroys it. What the disk has not taken by then is found beside the file by the next start.
+    static constexpr std::chrono::milliseconds lastPatience{1000};
 
     /// Reads the file at `path`, or the newer version beside it; a link stays a link, and what it points to is made
     /// when missing. A damaged file is moved aside under another name with a sentence on standard error.
     explicit SettingsFile(const QString& path, std::chrono::milliseconds gather = gatherTime);
-    ~SettingsFile(); ///< flushes
+    ~SettingsFile(); ///< flushes, if the disk is fast enough
     SettingsFile(const SettingsFile&) = delete;
     SettingsFile& operator=(const SettingsFile&) = delete;
 

@@ -16,14 +16,15 @@ class SettingsFile;
 
 /// A typed key-value store in one JSON file, of one thread. What a setter was given outlives the process, however that
 /// ends, from the setter's return on, and a power cut after a second; no setter waits for the disk to flush, only the
-/// store's end does, two seconds at most. Keys this version does not know survive. Reads give nothing when the key is
+/// store's end does, one second at most. Keys this version does not know survive. Reads give nothing when the key is
 /// absent or holds another type: a string is not an integer, an integer is not a Boolean.
 class UserDefaults {
 public:
     /// Opens the store kept in `path`. A damaged file is moved aside under another name, a sentence about it goes to
     /// standard error, and the store starts empty.
     explicit UserDefaults(const QString& path);
-    ~UserDefaults(); ///< what is not on the disk yet gets there, if it can within two seconds
+    ~UserDefaults(); ///< what is not on the disk yet gets there, if it can within one second; else the next start sees
+                     ///< to it
     /// The user's own store, `ambrelle/defaults.json` below the XDG configuration folder.
     static UserDefaults& shared();
     /// A store that lives in memory only.
