@@ -62,7 +62,7 @@ SingleInstance::SingleInstance(QString folder, QObject* parent)
     , m_folder(std::move(folder))
 {
     if (openFolder())
-        takeLock();
+        openLock();
 }
 
 SingleInstance::~SingleInstance()
@@ -91,16 +91,25 @@ bool SingleInstance::openFolder() const
         && ::chmod(path.constData(), ownerOnly) == 0;
 }
 
-void SingleInstance::takeLock()
+void SingleInstance::openLock()
 {
     const QByteArray path = QFile::encodeName(m_folder + u'/' + lockName);
     m_lock = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
-    if (m_lock < 0)
-        return;
+    if (m_lock >= 0)
+        takeLock();
+}
+
+void SingleInstance::takeLock()
+{
     if (::flock(m_lock, LOCK_EX | LOCK_NB) == 0)
         m_role = Role::first;
     else if (errno == EWOULDBLOCK)
         m_role = Role::second;
+}
+
+void SingleInstance::keepLock()
+{
+    m_lock = -1; // left open on purpose
 }
 
 bool SingleInstance::listen()
@@ -144,7 +153,7 @@ void SingleInstance::read(QLocalSocket* socket)
     Q_EMIT activated(*files);
 }
 
-bool SingleInstance::handOver(const QStringList& files, int milliseconds) const
+bool SingleInstance::handOver(const QStringList& files, int milliseconds)
 {
     const QByteArray message = encoded(files);
     if (message.size() > longestMessage)
@@ -152,17 +161,18 @@ bool SingleInstance::handOver(const QStringList& files, int milliseconds) const
     QElapsedTimer time;
     time.start();
     const auto left = [&] { return std::max(1, milliseconds - static_cast<int>(time.elapsed())); };
-    // The first has the lock some time before its socket.
-    while (time.elapsed() < milliseconds) {
+    // The first has the lock some time before its socket, and some time after it has ceased to listen.
+    while (m_role == Role::second && time.elapsed() < milliseconds) {
         QLocalSocket socket;
         socket.connectToServer(m_folder + u'/' + socketName);
-        if (!socket.waitForConnected(left())) {
-            QThread::msleep(retryPause);
-            continue;
+        if (socket.waitForConnected(left())) {
+            socket.write(message);
+            char answer = 0;
+            if (socket.waitForReadyRead(left()) && socket.getChar(&answer))
+                return answer == taken;
         }
-        socket.write(message);
-        char answer = 0;
-        return socket.waitForReadyRead(left()) && socket.getChar(&answer) && answer == taken;
+        QThread::msleep(retryPause);
+        takeLock();
     }
     return false;
 }

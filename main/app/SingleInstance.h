@@ -32,8 +32,11 @@ public:
     Role role() const { return m_role; }
     /// The first: hears the others from now on. False when the socket cannot be opened.
     bool listen();
-    /// A second: hands the files over and waits for the answer; false when the first does not take them.
-    bool handOver(const QStringList& files, int milliseconds = 5000) const;
+    /// A second: hands the files over and waits for the answer; false when the first does not take them. Should the
+    /// first end meanwhile, this is the first from then on, which the role tells.
+    bool handOver(const QStringList& files, int milliseconds = 5000);
+    /// The lock lasts as long as the process from now on: nobody else becomes the first while it still flushes.
+    void keepLock();
 
     /// In the user's runtime folder, else in the temporary folder under a name of the user's own.
     static QString standardFolder();
@@ -44,6 +47,7 @@ Q_SIGNALS:
 
 private:
     bool openFolder() const;
+    void openLock();
     void takeLock();
     void greet();
     void read(QLocalSocket* socket);

@@ -24,6 +24,7 @@
 
 #include <cstdlib>
 #include <thread>
+#include <optional>
 
 namespace {
 
@@ -48,11 +49,14 @@ int complain(const QString& sentence, int status = EXIT_FAILURE)
     return status;
 }
 
-int handOver(const SingleInstance& instance, const QStringList& files, int argc, char** argv)
+/// The status to end with; none when the other has just ended, so that this start takes its place.
+std::optional<int> handOver(SingleInstance& instance, const QStringList& files, int& argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     if (instance.handOver(files))
         return EXIT_SUCCESS;
+    if (instance.role() == SingleInstance::Role::first)
+        return std::nullopt;
     return complain(u"Ambrelle is already running, but does not answer."_s);
 }
 
@@ -70,8 +74,11 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     SingleInstance instance;
     if (instance.role() == SingleInstance::Role::second && commandLine.isRestored)
         return EXIT_SUCCESS; // the login item was faster; nobody asked for a window
-    if (instance.role() == SingleInstance::Role::second)
-        return handOver(instance, commandLine.files, argc, argv);
+    if (instance.role() == SingleInstance::Role::second) {
+        if (const std::optional<int> status = handOver(instance, commandLine.files, argc, argv))
+            return *status;
+    }
+    instance.keepLock(); // settings are flushed after this function
     const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
     if (!choice.whyNot.isEmpty())
         return complain(choice.whyNot);

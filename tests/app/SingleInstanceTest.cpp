@@ -37,7 +37,7 @@ struct SingleInstanceTest : ::testing::Test {
     {
         std::atomic<int> result = -1;
         std::thread other([&] {
-            const SingleInstance instance(folder);
+            SingleInstance instance(folder);
             result = instance.role() == Role::second && instance.handOver(files, 3000);
         });
         while (result < 0)
@@ -95,6 +95,24 @@ TEST_F(SingleInstanceTest, TakesOverFromAKilledProgramWhateverItLeft)
     EXPECT_TRUE(next.listen());
     hear(next);
     EXPECT_TRUE(second({u"/a"_s}));
+}
+
+TEST_F(SingleInstanceTest, FollowsAFirstThatEndsInsteadOfAnswering)
+{
+    for (const bool listens : {true, false}) {
+        auto first = std::make_unique<SingleInstance>(folder);
+        ASSERT_EQ(first->role(), Role::first);
+        ASSERT_TRUE(!listens || first->listen());
+        SingleInstance next(folder);
+        ASSERT_EQ(next.role(), Role::second);
+        bool handedOver = true;
+        std::thread other([&] { handedOver = next.handOver({u"/a"_s}, 10000); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        first.reset();
+        other.join();
+        EXPECT_FALSE(handedOver);
+        EXPECT_EQ(next.role(), Role::first);
+    }
 }
 
 TEST_F(SingleInstanceTest, DropsMessagesThatAreNone)

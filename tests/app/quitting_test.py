@@ -3,8 +3,11 @@
 """The whole program ends soon, whatever hangs: quitting_test.py PROGRAM SHIM.
 
 Its photos, calendars and artwork lie on a server that went away, and its player stands still; then the X server stands
-still, so that the main loop hears of nothing. SHIM makes the folder hang.
+still, so that the main loop hears of nothing. SHIM makes the folder hang. On a slow disk the next start waits until the
+settings of the last are flushed, and then takes its place.
 """
+import contextlib
+import fcntl
 import json
 import os
 import signal
@@ -13,7 +16,7 @@ import sys
 import time
 from pathlib import Path
 
-from program import Session, wait_for
+from program import Session, pointer, wait_for
 
 SHIM = sys.argv[2]
 LONGEST = 2  # seconds that ending may take
@@ -51,6 +54,49 @@ def end(session, what):
     print(f"{what}: ended after {took:.2f} s")
 
 
+def end_on_slow_disk(session):
+    """Asks the program to end just after a widget was moved, with a disk that takes longer for that than all the rest."""
+    def moved():
+        with contextlib.suppress(FileNotFoundError, ValueError):  # gone or overwritten while it is read
+            return session.unflushed()
+    wait_for("flushed settings", lambda: not beside(session))
+    x, y, width, height = session.panels()[0]
+    grip = x + width // 2, y + height // 2
+    steps = [word for by in (20, 40, 60) for word in ("mousemove", str(grip[0]), str(grip[1] + by), "sleep", "0.05")]
+    pointer("mousemove", *map(str, grip), "sleep", "0.1", "mousedown", "1", *steps, "mouseup", "1")
+    wait_for("stored drag", moved)
+    session.process.send_signal(signal.SIGTERM)
+
+
+def beside(session):
+    """What lies beside the file of settings while it is not flushed."""
+    return sorted(file.name for file in session.store.parent.iterdir() if file != session.store)
+
+
+def check_lock(session):
+    """Whoever gets the program's lock finds flushed settings."""
+    def take():
+        with contextlib.suppress(BlockingIOError):
+            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+            return True
+    with open(session.home / "ambrelle/lock") as lock:
+        assert not take(), "the program has no lock"
+        end_on_slow_disk(session)
+        wait_for("lock", take)
+        assert not beside(session), f"the lock was free before {beside(session)} was flushed"
+    session.ended()
+
+
+def check_follower(session):
+    """A start in that time takes the place of the program that ends."""
+    end_on_slow_disk(session)
+    last = session.process
+    wait_for("ended main loop", lambda: not session.panels())
+    start(session)
+    assert last.wait(LONGEST) == 0
+    assert not session.process.poll(), "the start that followed ended"
+
+
 def display_server():
     """The process behind the display of this test."""
     for folder in Path("/proc").glob("[0-9]*"):
@@ -81,6 +127,13 @@ start(session)
 wait_for("three sources that hang", lambda: {"photos", "calendars", "art.png"} <= set(os.listdir(notes)))
 player.send_signal(signal.SIGSTOP)
 end(session, "folders and a player hang")
+
+session.env.update(AMBRELLE_FLUSH_TIME="300", AMBRELLE_HANGING_FOLDER=str(session.home / "nowhere"))
+start(session)
+check_lock(session)
+start(session)
+check_follower(session)
+end(session, "a slow disk")
 
 del session.env["LD_PRELOAD"]
 start(session)

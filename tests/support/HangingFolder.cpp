@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Preloaded into a program, this makes every path below $AMBRELLE_HANGING_FOLDER one of a server that went away:
 // whoever asks for it waits for ever, after a note of the last part of the path in the folder $AMBRELLE_HANGING_NOTES.
+// Every flush of a file takes $AMBRELLE_FLUSH_TIME milliseconds longer.
 
+#include <chrono>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <thread>
 
 #include <dirent.h>
 #include <dlfcn.h>
@@ -59,6 +62,14 @@ int open64(const char* path, int flags, ...)
     const auto mode = va_arg(more, mode_t);
     va_end(more);
     return theOwn("open64", &open64)(path, flags, mode);
+}
+
+int fsync(int file)
+{
+    static const char* const time = std::getenv("AMBRELLE_FLUSH_TIME");
+    if (time)
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(time)));
+    return theOwn("fsync", &fsync)(file);
 }
 
 int statx(int folder, const char* path, int flags, unsigned mask, struct statx* result)
