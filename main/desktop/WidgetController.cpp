@@ -168,10 +168,19 @@ QPointF WidgetController::dragged(QPointF origin)
 
 void WidgetController::dragEnded(QPointF origin)
 {
+    const WidgetConfig before = config();
+    const bool isStored = m_draggedTo.has_value();
     m_draggedTo.reset();
     m_with.drags.ended();
-    change([&](WidgetConfig& config) { config.origin = origin; });
+    m_widget.config.origin = origin;
+    if (isStored || config() != before) {
+        // Also where it started: its last step is stored as at home there, and it may have been a guest.
+        ScreenPlacement::settle(m_widget, m_with.host.screens());
+        Q_EMIT recordChanged();
+    }
     place();
+    if (config() != before)
+        Q_EMIT changed();
 }
 
 void WidgetController::toolbarUsed(WidgetToolbar::Button button)

@@ -283,6 +283,25 @@ TEST_F(WidgetManagerTest, TakesGuestsInWhileTheirScreenIsAway)
     EXPECT_EQ(desk.stored(), before);
 }
 
+TEST_F(WidgetManagerTest, AGuestThatIsDraggedBackToItsStartIsAtHomeThere)
+{
+    const ScreenInfo main = desk.host.screens().first();
+    desk.host.setScreens({main, rightScreen});
+    WidgetController* guest = desk.add(cpu, {2200, 700});
+    desk.show({main});
+    const QPointF origin = guest->config().origin;
+    const QPointF grip = guest->widgetFrame().center();
+    desk.host.press(grip);
+    desk.host.movePointer(grip - QPointF(90, 60));
+    desk.host.movePointer(grip);
+    desk.host.release(grip);
+    EXPECT_EQ(guest->config().origin, origin);
+    EXPECT_EQ(desk.stored(), desk.live());
+    desk.show({main, rightScreen});
+    EXPECT_EQ(guest->config().origin, origin) << "its user put it there";
+    EXPECT_EQ(desk.stored(), desk.live());
+}
+
 TEST_F(WidgetManagerTest, NothingIsShownBeforeItIsStored)
 {
     const auto shown = [this] {
