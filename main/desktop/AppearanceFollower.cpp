@@ -48,6 +48,11 @@ void AppearanceFollower::sync()
     m_wallpaper.refresh([this] { changeWallpaper(); });
 }
 
+bool AppearanceFollower::systemIsDark() const
+{
+    return m_appearance.isAvailable() && m_appearance.isDark();
+}
+
 void AppearanceFollower::changeWallpaper()
 {
     // What comes counts, not what it will take the place of.

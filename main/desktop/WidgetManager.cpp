@@ -251,7 +251,7 @@ void WidgetManager::ensureAllVisible()
         placed |= m_controllers[i]->syncDisplay(widgets[i]);
     }
     m_overlap.update();
-    m_demand.update(); // another screen may have finer pixels
+    demandChanged(); // another screen may have finer pixels
     m_editBackdrops.update();
     if (placed)
         save();
@@ -266,14 +266,14 @@ void WidgetManager::setEditing(bool editing)
 
 void WidgetManager::listChanged()
 {
-    m_demand.update();
+    demandChanged();
     m_overlap.update();
     Q_EMIT controllersChanged();
 }
 
 void WidgetManager::controllerChanged(WidgetController* controller)
 {
-    m_demand.update();
+    demandChanged();
     m_readings.renew(*controller);
     m_overlap.update();
     Q_EMIT configChanged(controller);

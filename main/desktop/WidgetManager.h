@@ -68,6 +68,7 @@ public:
     void applyPreset(Skin skin, bool withWallpaper, const std::optional<ScreenInfo>& screen = std::nullopt);
 
     void applyLayer();
+    void demandChanged() { m_demand.update(); } ///< tells the services which widgets exist
     void ensureAllVisible(); ///< after the screens changed
     /// Edit mode: widgets come above everything else, with a backdrop on every screen that ends it.
     void setEditing(bool editing);
