@@ -72,7 +72,7 @@ void WidgetTip::show(const WidgetController& widget, const QString& text)
     const auto screen = ScreenPlacement::screenNear(widget.widgetFrame(), m_host.screens());
     if (!screen)
         return;
-    const QRectF room = screen->visibleFrame.adjusted(tipMargin, tipMargin, -tipMargin, -tipMargin);
+    const QRectF room = ScreenPlacement::room(*screen).adjusted(tipMargin, tipMargin, -tipMargin, -tipMargin);
     m_panel = std::make_unique<Panel>(m_host, widget.widgetFrame(), room, text);
     m_end = connect(&widget, &WidgetController::closed, this, &WidgetTip::hide);
     m_time = m_clock.after(duration, [this] { hide(); });

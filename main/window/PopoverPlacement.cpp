@@ -18,7 +18,7 @@ constexpr double screenMargin = 8; // kept free at the edges of the screen
 std::optional<double> popoverRoom(const QRectF& widget, const QList<ScreenInfo>& screens)
 {
     const auto screen = ScreenPlacement::screenNear(widget, screens);
-    return screen ? std::optional(screen->visibleFrame.height() - 2 * screenMargin) : std::nullopt;
+    return screen ? std::optional(ScreenPlacement::room(*screen).height() - 2 * screenMargin) : std::nullopt;
 }
 
 QRectF popoverFrame(const QRectF& widget, const QSizeF& size, const QList<ScreenInfo>& screens)

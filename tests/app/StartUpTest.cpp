@@ -294,6 +294,13 @@ TEST_F(StartUp, ClicksAreCarriedOut)
     EXPECT_EQ(machine.windows.panels().size(), 3) << "one at a time";
     machine.clock.advance(10s);
     EXPECT_EQ(machine.windows.panels().size(), 2);
+    ScreenInfo bare = machine.windows.screens().first();
+    bare.visibleFrame = {};
+    machine.windows.setScreens({bare});
+    machine.windows.click(clock.frame().center());
+    ASSERT_EQ(machine.windows.panels().size(), 3);
+    EXPECT_TRUE(bare.frame.contains(machine.windows.panels().last()->frame())) << "no work area is told";
+    machine.clock.advance(10s);
     machine.programs.installed = QStringList{u"org.gnome.clocks"_s};
     program.settings.clickToOpen.set(false);
     machine.windows.click(clock.frame().center());

@@ -303,6 +303,7 @@ TEST(PopoverPlacement, StandsBesideTheWidgetAndWholeOnItsScreen)
     EXPECT_FALSE(wide.intersects({300, 500, 900, 200})) << "below when neither side has room";
     const ScreenInfo bare{.id = u"c"_s, .frame = {0, 0, 1440, 900}};
     EXPECT_EQ(popoverFrame({400, 300, 170, 170}, {348, 400}, {bare}).topLeft(), QPointF(582, 70)) << "no work area";
+    EXPECT_EQ(popoverRoom({400, 300, 170, 170}, {bare}), 884) << "no work area";
     const QRectF cramped = popoverFrame({0, 0, 1440, 860}, {348, 400}, {screens[0]});
     EXPECT_TRUE(screens[0].visibleFrame.contains(cramped));
 }
