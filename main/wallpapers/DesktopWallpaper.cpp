@@ -12,6 +12,9 @@
 #include <QFileInfo>
 #include <QtConcurrentRun>
 
+#include <algorithm>
+#include <utility>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -25,6 +28,12 @@ QSize pixels(const ScreenInfo& screen)
 {
     return {static_cast<int>(screen.frame.width() * screen.pixelRatio),
         static_cast<int>(screen.frame.height() * screen.pixelRatio)};
+}
+
+std::optional<QString> fileFor(const QList<ScreenPicture>& pictures, const QString& connector)
+{
+    const auto found = std::ranges::find(pictures, connector, &ScreenPicture::connector);
+    return found == pictures.end() ? std::nullopt : std::optional(found->file);
 }
 
 /// Why the bytes are not in the file, or empty.
@@ -65,6 +74,7 @@ DesktopWallpaper::DesktopWallpaper(
     , m_defaults(defaults)
     , m_folders(std::move(folders))
 {
+    m_places = places(m_host.screens());
     m_painter.setMaxThreadCount(1); // each picture is painted on all processors
 }
 
@@ -72,18 +82,30 @@ DesktopWallpaper::~DesktopWallpaper() = default;
 
 void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done)
 {
+    Sizes sizes;
     QList<ScreenPicture> pictures;
-    QMap<QString, QSize> sizes;
-    for (const ScreenInfo& screen : screens) {
-        const QSize size = pixels(screen);
-        const QString path = m_folders.wallpapers + u'/' + Wallpaper::fileName(skin, size);
-        pictures.append({screen.connector, path});
-        sizes.insert(path, size);
-    }
-    const auto files = [wallpaper = m_wallpaper, skin, sizes] {
+    for (const ScreenInfo& screen : screens)
+        pictures.append(ordered(skin, screen, sizes));
+    paint(pictures, sizes, done);
+}
+
+/// The skin's picture for that screen, its size noted in `sizes`.
+ScreenPicture DesktopWallpaper::ordered(Skin skin, const ScreenInfo& screen, Sizes& sizes) const
+{
+    const QSize size = pixels(screen);
+    const QString path = m_folders.wallpapers + u'/' + Wallpaper::fileName(skin, size);
+    sizes.insert(path, size);
+    return {screen.connector, path};
+}
+
+void DesktopWallpaper::paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const Done& done)
+{
+    const auto files = [wallpaper = m_wallpaper, sizes] {
         QString error;
-        for (auto file = sizes.begin(); file != sizes.end() && error.isEmpty(); ++file)
-            error = paintFile(wallpaper, skin, file.value(), file.key());
+        for (auto file = sizes.begin(); file != sizes.end() && error.isEmpty(); ++file) {
+            if (const std::optional<Skin> skin = Wallpaper::skinOf(file.key()))
+                error = paintFile(wallpaper, *skin, file.value(), file.key());
+        }
         return error;
     };
     prepare(pictures, files, done);
@@ -147,6 +169,10 @@ void DesktopWallpaper::refresh(const std::function<void()>& then)
 
 void DesktopWallpaper::restore(const std::function<Skin(Skin)>& choose)
 {
+    if (m_host.screens().isEmpty()) {
+        m_restore = [this, choose] { restore(choose); };
+        return;
+    }
     const QString last = m_defaults.string(currentKey).value_or(QString());
     if (last.isEmpty() || !m_picture.isAvailable())
         return;
@@ -166,10 +192,87 @@ void DesktopWallpaper::restore(const std::function<Skin(Skin)>& choose)
 
 void DesktopWallpaper::fitScreens()
 {
-    refresh([this] {
-        if (const std::optional<Skin> skin = wantedSkin(); skin && isOurs(wanted()))
-            apply(*skin);
-    });
+    const QList<ScreenInfo> screens = m_host.screens();
+    if (const auto restoreNow = screens.isEmpty() ? nullptr : std::exchange(m_restore, nullptr))
+        restoreNow();
+    const Places now = places(screens);
+    if (screens.isEmpty() || !m_picture.isAvailable()) {
+        notePlaces(now);
+        return;
+    }
+    if (std::ranges::all_of(screens, [&](const ScreenInfo& screen) {
+            return m_places.value(screen.connector) == now.value(screen.connector);
+        })) {
+        notePlaces(now); // some may have gone, or another is the main one
+        refresh([] {});
+        return;
+    }
+    refresh([this, screens] { readAll(screens, {}, m_changes); });
+}
+
+/// Asks for the pictures of the screens one by one, and then fits them.
+void DesktopWallpaper::readAll(const QList<ScreenInfo>& screens, const QStringList& shown, int changes)
+{
+    if (screens != m_host.screens())
+        return; // fitScreens() was called again for that, or will be
+    if (changes != m_changes)
+        return fitScreens();
+    if (shown.size() == screens.size())
+        return fit(screens, shown);
+    m_picture.read(screens.at(shown.size()).connector,
+        [this, screens, shown, changes](const QString& file) { readAll(screens, shown + QStringList{file}, changes); });
+}
+
+/// Gives the screens that came, moved or changed their size of what they show, where that is ours.
+void DesktopWallpaper::fit(const QList<ScreenInfo>& screens, const QStringList& shown)
+{
+    const Places now = places(screens);
+    const Places before = m_places;
+    notePlaces(now);
+    const QList<ScreenPicture> asked = m_asked.value_or(QList<ScreenPicture>());
+    const auto isPainted = [this](const QString& file) { return isOurs(file) && Wallpaper::skinOf(file); };
+    if (m_asked && (asked.isEmpty() || !std::ranges::all_of(asked, [](const ScreenPicture& picture) {
+            return Wallpaper::skinOf(picture.file).has_value();
+        })))
+        return; // no wallpaper of a skin is about to show
+
+    Sizes sizes;
+    QList<ScreenPicture> pictures;
+    bool isWanted = false;
+    QString main;
+    for (qsizetype i = 0; i < screens.size(); ++i) {
+        const QString& connector = screens[i].connector;
+        const std::optional<QString> coming = fileFor(asked, connector);
+        QString file = coming.value_or(shown[i]);
+        if (i == 0)
+            main = file;
+        else if (!before.contains(connector) && (!isPainted(file) || shown.count(file) > 1))
+            file = main; // it was never seen, and some desktops tell of such a screen what another one shows
+        const bool hasChanged = before.value(connector) != now.value(connector);
+        // The main screen leads in any case: a desktop with one picture for all takes the first.
+        if (isPainted(file) && (i == 0 || hasChanged || coming)) {
+            pictures.append(ordered(*Wallpaper::skinOf(file), screens[i], sizes));
+            isWanted |= hasChanged;
+        }
+    }
+    if (isWanted && pictures != asked)
+        paint(pictures, sizes, {});
+}
+
+DesktopWallpaper::Places DesktopWallpaper::places(const QList<ScreenInfo>& screens) const
+{
+    Places places;
+    for (const ScreenInfo& screen : screens)
+        places.insert(screen.connector, {m_host.toolkitRect(screen.frame), screen.pixelRatio});
+    return places;
+}
+
+/// Screens that have gone stay known, as being nowhere.
+void DesktopWallpaper::notePlaces(const Places& now)
+{
+    for (Place& place : m_places)
+        place = {};
+    m_places.insert(now);
 }
 
 bool DesktopWallpaper::hasPrevious() const
@@ -201,7 +304,7 @@ void DesktopWallpaper::prepare(const QList<ScreenPicture>& pictures, const Prepa
         return answer(m_picture.whyNot());
     if (pictures.isEmpty())
         return answer(Wording::tr("No screen is connected."));
-    const int request = begin(pictures.first().file);
+    const int request = begin(pictures);
     const auto work = [files] {
         yieldToOthers();
         return files();
@@ -216,10 +319,24 @@ void DesktopWallpaper::prepare(const QList<ScreenPicture>& pictures, const Prepa
     });
 }
 
-/// Notes that the file is asked for, and gives the number of the request.
-int DesktopWallpaper::begin(const QString& file)
+/// The file that the list has for the main screen; none if it is about others only.
+std::optional<QString> DesktopWallpaper::mainFile(const QList<ScreenPicture>& pictures) const
 {
-    m_asked = file;
+    const QList<ScreenInfo> screens = m_host.screens();
+    return screens.isEmpty() ? std::nullopt : fileFor(pictures, screens.first().connector);
+}
+
+QString DesktopWallpaper::wanted() const
+{
+    if (!m_asked)
+        return m_current;
+    return m_asked->isEmpty() ? QString() : mainFile(*m_asked).value_or(m_current);
+}
+
+/// Notes that the pictures are asked for, and gives the number of the request.
+int DesktopWallpaper::begin(const QList<ScreenPicture>& pictures)
+{
+    m_asked = pictures;
     ++m_changes;
     return ++m_request;
 }
@@ -252,10 +369,10 @@ void DesktopWallpaper::show(int request, const QList<ScreenPicture>& pictures, c
 {
     if (request != m_request)
         return done({});
-    m_picture.set(pictures, [this, request, file = pictures.first().file, done](const QString& error) {
-        if (end(request) && error.isEmpty()) {
-            m_defaults.set(currentKey, file);
-            setCurrent(file);
+    m_picture.set(pictures, [this, request, file = mainFile(pictures), done](const QString& error) {
+        if (end(request) && error.isEmpty() && file) {
+            m_defaults.set(currentKey, *file);
+            setCurrent(*file);
         }
         done(error);
     });

@@ -2,9 +2,12 @@
 
 #pragma once
 
+#include "platform/DesktopPicture.h"
 #include "platform/WindowHost.h"
 #include "wallpapers/Wallpaper.h"
 
+#include <QHash>
+#include <QMap>
 #include <QObject>
 #include <QThreadPool>
 
@@ -12,9 +15,7 @@
 
 namespace ambrelle {
 
-class DesktopPicture;
 class UserDefaults;
-struct ScreenPicture;
 
 /// The wallpaper on the user's desktop: paints what is missing in the background, has it shown, and knows which one it
 /// is. Main thread only; nothing here blocks.
@@ -54,9 +55,12 @@ public:
     void refresh(const std::function<void()>& then);
 
     /// Brings back the picture of the last run where the desktop itself forgot it and shows none. If it was a skin's,
-    /// the one of the skin that `choose` names for it, at the moment when it is wanted.
+    /// the one of the skin that `choose` names for it, at the moment when it is wanted. While no screen is connected
+    /// that waits for fitScreens().
     void restore(const std::function<Skin(Skin)>& choose = {});
-    /// Screens came or changed: if a skin's wallpaper shows, every screen gets its own size of it.
+    /// Screens came or changed: those that moved, changed or came back get their own size of the skin's wallpaper that
+    /// they show, and those never seen before what the main screen shows. Pictures that are not a skin's stay, and so
+    /// do screens of which only the work area changed.
     void fitScreens();
 
     /// Whether a picture of the user's own is remembered from before the program set one.
@@ -69,10 +73,26 @@ Q_SIGNALS:
 private:
     using Preparation = std::function<QString()>;
 
-    QString wanted() const { return m_asked.value_or(m_current); }
-    int begin(const QString& file);
+    using Sizes = QMap<QString, QSize>; ///< in pixels, of the files to be painted
+    struct Place {
+        QRectF rect; ///< in the toolkit's coordinates; null: not connected
+        double pixelRatio = 0;
+
+        bool operator==(const Place&) const = default;
+    };
+    using Places = QHash<QString, Place>; ///< by connector
+
+    QString wanted() const;
+    std::optional<QString> mainFile(const QList<ScreenPicture>& pictures) const;
+    int begin(const QList<ScreenPicture>& pictures);
     bool end(int request);
     void prepare(const QList<ScreenPicture>& pictures, const Preparation& files, const Done& done);
+    ScreenPicture ordered(Skin skin, const ScreenInfo& screen, Sizes& sizes) const;
+    void paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const Done& done);
+    void readAll(const QList<ScreenInfo>& screens, const QStringList& shown, int changes);
+    void fit(const QList<ScreenInfo>& screens, const QStringList& shown);
+    Places places(const QList<ScreenInfo>& screens) const;
+    void notePlaces(const Places& now);
     QList<ScreenPicture> onEveryScreen(const QString& file) const;
     void rememberPrevious(const QString& connector, const std::function<void()>& then);
     void show(int request, const QList<ScreenPicture>& pictures, const Done& done);
@@ -85,7 +105,9 @@ private:
     UserDefaults& m_defaults;
     Folders m_folders;
     QString m_current;
-    std::optional<QString> m_asked; ///< under way; empty: the user's own picture, wherever that is
+    std::optional<QList<ScreenPicture>> m_asked; ///< under way; empty: the user's own picture, wherever that is
+    Places m_places; ///< where the screens were, of all that were ever connected
+    std::function<void()> m_restore; ///< waits for a screen; else null
     int m_request = 0; ///< a newer one makes older ones void
     int m_changes = 0; ///< requests begun and ended; what the desktop told before is out of date
     QThreadPool m_painter;

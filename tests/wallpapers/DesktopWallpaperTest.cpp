@@ -38,6 +38,7 @@ struct DesktopWallpaperTest : testing::Test {
         host.setScreens({left, right});
         picture.shown = {{u"LEFT"_s, u"/home/user/holiday.jpg"_s}, {u"RIGHT"_s, u"/home/user/holiday.jpg"_s}};
         picture.memory = {{u"uri"_s, u"holiday"_s}};
+        wallpaper.fitScreens(); // they came
     }
 
     QString path(const QString& name) const { return folder.filePath(u"Wallpapers/"_s + name); }
@@ -240,6 +241,115 @@ TEST_F(DesktopWallpaperTest, NewScreensGetTheirSizeOnlyOfOurPictures)
     picture.shown[u"LEFT"_s] = u"/home/user/garden.jpg"_s;
     wallpaper.fitScreens();
     EXPECT_EQ(picture.sets.size(), 3);
+}
+
+TEST_F(DesktopWallpaperTest, OnlyScreensThatChangedAndShowOursAreFitted)
+{
+    ASSERT_EQ(apply(Skin::kyoto), QString());
+    const QString garden = u"/home/user/garden.jpg"_s;
+    ScreenInfo left = host.screens().first();
+    ScreenInfo right = host.screens().last();
+    ScreenInfo third = right;
+    third.connector = u"THIRD"_s;
+    third.frame.moveLeft(2000);
+    const auto name = [this](const QString& connector) {
+        const QString file = picture.shown.value(connector);
+        return file.startsWith(path({})) ? file.mid(path({}).size()) : file;
+    };
+    struct Case {
+        const char* what;
+        QString rightShows; ///< before
+        QSizeF leftSize, rightSize, thirdSize; ///< none: not connected
+        QString left, right, third; ///< afterwards; of our own pictures the name
+        bool isSet; ///< whether anything is set for that
+    };
+    const QString kyoto = u"kyoto-r16-801x600.png"_s;
+    const QString neon = u"neon-r16-640x480.png"_s;
+    const QString neonLarge = u"neon-r16-700x500.png"_s;
+    const QString kyotoThird = u"kyoto-r16-320x200.png"_s;
+    const QSizeF usual(400.5, 300);
+    for (const Case& row : {
+             Case{"only a panel's strut", path(neon), usual, {640, 480}, {}, kyoto, neon, {}, false},
+             Case{"another theme on the second screen", path(neon), usual, {700, 500}, {}, kyoto, neonLarge, {}, true},
+             Case{"the user's own picture there", garden, usual, {800, 500}, {}, kyoto, garden, {}, false},
+             Case{"a new screen", garden, usual, {800, 500}, {320, 200}, kyoto, garden, kyotoThird, true},
+             Case{"one is unplugged", garden, usual, {}, {320, 200}, kyoto, garden, kyotoThird, false},
+             Case{"and comes back", garden, usual, {800, 500}, {320, 200}, kyoto, garden, kyotoThird, false},
+             Case{"the main one", garden, {200, 300}, {800, 500}, {320, 200}, u"kyoto-r16-400x600.png"_s, garden,
+                 kyotoThird, true},
+         }) {
+        picture.shown[u"RIGHT"_s] = row.rightShows;
+        picture.sets.clear();
+        left.frame.setSize(row.leftSize);
+        left.visibleFrame = left.frame.adjusted(0, 0, 0, -20);
+        right.frame.setSize(row.rightSize);
+        third.frame.setSize(row.thirdSize);
+        QList<ScreenInfo> screens{left, right, third};
+        screens.removeIf([](const ScreenInfo& screen) { return screen.frame.isEmpty(); });
+        host.setScreens(screens);
+        wallpaper.fitScreens();
+        waitUntil([this] { return !picture.sets.isEmpty(); }, row.isSet ? 60'000 : 200);
+        EXPECT_EQ(picture.sets.size(), row.isSet ? 1 : 0) << row.what;
+        EXPECT_EQ(name(u"LEFT"_s), row.left) << row.what;
+        EXPECT_EQ(name(u"RIGHT"_s), row.right) << row.what;
+        EXPECT_EQ(name(u"THIRD"_s), row.third) << row.what;
+        EXPECT_EQ(wallpaper.currentSkin(), Skin::kyoto) << row.what;
+    }
+}
+
+TEST_F(DesktopWallpaperTest, AScreenThatChangesWhileAPictureComesGetsItsSizeOfThat)
+{
+    ASSERT_EQ(apply(Skin::mono), QString());
+    picture.isDeferred = true;
+    wallpaper.apply(Skin::neon);
+    QList<ScreenInfo> screens = host.screens();
+    screens[1].frame.setSize({700, 500});
+    host.setScreens(screens);
+    wallpaper.fitScreens();
+    const auto isFitted = [this] {
+        picture.answer();
+        return picture.shown.value(u"RIGHT"_s) == path(u"neon-r16-700x500.png"_s);
+    };
+    EXPECT_TRUE(waitUntil(isFitted));
+    EXPECT_EQ(picture.shown.value(u"LEFT"_s), path(u"neon-r16-801x600.png"_s));
+    EXPECT_EQ(wallpaper.wantedSkin(), Skin::neon);
+}
+
+TEST_F(DesktopWallpaperTest, TheSecondScreensPictureIsNotTheMainOnes)
+{
+    ASSERT_EQ(apply(Skin::kyoto), QString());
+    const auto onSecond = [this](const auto& done) { wallpaper.apply(Skin::neon, {host.screens().last()}, done); };
+    EXPECT_EQ(answerOf<QString>(onSecond, Answered::anyTime), QString());
+    EXPECT_EQ(picture.shown.value(u"RIGHT"_s), path(u"neon-r16-640x480.png"_s));
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::kyoto);
+    wallpaper.apply(Skin::paper, {host.screens().last()});
+    EXPECT_EQ(wallpaper.wantedSkin(), Skin::kyoto) << "under way";
+
+    picture.shown.clear(); // forgotten, as by some desktops
+    picture.memory = {};
+    DesktopWallpaper next(painter, host, picture, defaults, folders);
+    next.restore();
+    EXPECT_EQ(next.wantedSkin(), Skin::kyoto) << "the next start";
+}
+
+TEST_F(DesktopWallpaperTest, IsRestoredWhenTheFirstScreenComes)
+{
+    ASSERT_EQ(apply(Skin::kyoto), QString());
+    picture.shown.clear();
+    picture.memory = {};
+    picture.sets.clear();
+    const QList<ScreenInfo> screens = host.screens();
+    host.setScreens({});
+    DesktopWallpaper next(painter, host, picture, defaults, folders);
+    next.restore([](Skin) { return Skin::paper; });
+    next.fitScreens();
+    host.setScreens(screens);
+    next.fitScreens();
+    ASSERT_TRUE(waitUntil([this] { return !picture.sets.isEmpty(); }));
+    EXPECT_EQ(Wallpaper::skinOf(picture.shown.value(u"LEFT"_s)), Skin::paper);
+    EXPECT_EQ(Wallpaper::skinOf(picture.shown.value(u"RIGHT"_s)), Skin::paper);
+    next.fitScreens();
+    EXPECT_EQ(picture.sets.size(), 1);
 }
 
 TEST_F(DesktopWallpaperTest, ExtrasAreCopiedOnceAndOnlyPictures)
