@@ -13,6 +13,7 @@
 #include <QtConcurrentRun>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace ambrelle {
@@ -24,10 +25,17 @@ namespace {
 const QString previousKey = u"desktopPicture.previous"_s; ///< what the desktop showed before
 const QString currentKey = u"desktopPicture.current"_s; ///< the file last set on the main screen
 
+/// With a fractional ratio the toolkit rounds the points, which loses up to a pixel; displays have even sizes.
+int nativeLength(double points, double pixelRatio)
+{
+    const double length = points * pixelRatio;
+    return static_cast<int>(pixelRatio == std::floor(pixelRatio) ? length : 2 * std::round(length / 2));
+}
+
 QSize pixels(const ScreenInfo& screen)
 {
-    return {static_cast<int>(screen.frame.width() * screen.pixelRatio),
-        static_cast<int>(screen.frame.height() * screen.pixelRatio)};
+    return {
+        nativeLength(screen.frame.width(), screen.pixelRatio), nativeLength(screen.frame.height(), screen.pixelRatio)};
 }
 
 std::optional<QString> fileFor(const QList<ScreenPicture>& pictures, const QString& connector)
@@ -196,18 +204,15 @@ void DesktopWallpaper::fitScreens()
     if (const auto restoreNow = screens.isEmpty() ? nullptr : std::exchange(m_restore, nullptr))
         restoreNow();
     const Places now = places(screens);
-    if (screens.isEmpty() || !m_picture.isAvailable()) {
-        notePlaces(now);
-        return;
-    }
-    if (std::ranges::all_of(screens, [&](const ScreenInfo& screen) {
-            return m_places.value(screen.connector) == now.value(screen.connector);
-        })) {
-        notePlaces(now); // some may have gone, or another is the main one
-        refresh([] {});
-        return;
-    }
-    refresh([this, screens] { readAll(screens, {}, m_changes); });
+    if (screens.isEmpty() || !m_picture.isAvailable())
+        return notePlaces(now);
+    const auto stayed = [&](const ScreenInfo& screen) {
+        return m_places.value(screen.connector) == now.value(screen.connector);
+    };
+    if (!std::ranges::all_of(screens, stayed))
+        return refresh([this, screens] { readAll(screens, {}, m_changes); });
+    notePlaces(now); // some may have gone, or another is the main one
+    refresh([] {});
 }
 
 /// Asks for the pictures of the screens one by one, and then fits them.

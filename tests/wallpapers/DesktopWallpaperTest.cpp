@@ -80,6 +80,23 @@ TEST_F(DesktopWallpaperTest, EveryScreenGetsItsOwnSizeOnce)
     EXPECT_EQ(changes, 1);
 }
 
+/// The toolkit tells such screens in whole points.
+TEST_F(DesktopWallpaperTest, FractionalRatiosGiveTheDisplaysOwnSize)
+{
+    ScreenInfo screen = host.screens().first();
+    for (const auto& [ratio, points, pixels] : {
+             std::tuple{1.75, QSize(185, 114), QSize(324, 200)},
+             std::tuple{1.5, QSize(171, 160), QSize(256, 240)},
+             std::tuple{1.25, QSize(437, 307), QSize(546, 384)},
+         }) {
+        screen.pixelRatio = ratio;
+        screen.frame.setSize(points);
+        host.setScreens({screen});
+        ASSERT_EQ(apply(Skin::neon), QString());
+        EXPECT_EQ(wallpaper.currentURL(), path(Wallpaper::fileName(Skin::neon, pixels))) << ratio;
+    }
+}
+
 TEST_F(DesktopWallpaperTest, ANewerRequestMakesTheOlderVoid)
 {
     QString first = u"no answer"_s;

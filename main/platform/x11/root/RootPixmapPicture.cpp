@@ -135,7 +135,7 @@ QString RootPixmapPicture::show(const QList<ScreenPicture>& pictures, const Area
     }
     QPainter painter(&whole);
     for (const ScreenPicture& picture : pictures) {
-        const QRect area = areas.value(picture.connector);
+        const QRect area = areas.value(picture.connector).intersected({{}, root.size()}); // without a pixel too many
         if (area.isEmpty())
             return Wording::tr("There is no screen “%1”.").arg(picture.connector);
         const PictureFile::Decoded decoded = PictureFile::filling(picture.file, area.size());
