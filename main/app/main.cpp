@@ -23,8 +23,8 @@
 #include <QTextStream>
 
 #include <cstdlib>
-#include <thread>
 #include <optional>
+#include <thread>
 
 namespace {
 
