@@ -24,7 +24,6 @@ namespace {
 
 constexpr std::chrono::seconds sampleInterval{10};
 constexpr double idleAfter = 60; // seconds
-constexpr double saveAfter = 60; // seconds; a save waits for the disk
 const QString key = u"activity.today"_s;
 
 /// The stored amount; 0 when it is none.
@@ -73,7 +72,6 @@ void ActivityTracker::start()
     m_monitor.start();
     m_wasAvailable = m_monitor.isAvailable();
     m_metresPerPoint = m_monitor.metresPerPoint();
-    m_savedAt = m_clock.elapsed();
     m_timer = m_clock.every(sampleInterval, [this] { sample(); });
     if (m_figures != before)
         Q_EMIT changed();
@@ -138,7 +136,6 @@ void ActivityTracker::load()
 
 void ActivityTracker::save()
 {
-    m_savedAt = m_clock.elapsed();
     QJsonArray hours;
     for (const double seconds : m_figures.hours)
         hours.append(seconds);
@@ -164,8 +161,7 @@ void ActivityTracker::finishSample(std::optional<double> idleSeconds)
         beginDay(today);
     countActivity(idleSeconds);
     convertTravel();
-    if (m_clock.elapsed() - m_savedAt >= saveAfter || isAnotherDay)
-        save();
+    save();
     const bool wasAvailable = std::exchange(m_wasAvailable, m_monitor.isAvailable());
     if (m_figures != before || m_wasAvailable != wasAvailable)
         Q_EMIT changed();

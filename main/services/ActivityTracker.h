@@ -69,7 +69,6 @@ private:
     std::optional<QPointF> m_lastPoint;
     double m_pendingPoints = 0; ///< travel that is not in the metres yet
     double m_metresPerPoint = 0;
-    double m_savedAt = 0; ///< on the steady clock
     bool m_wasAvailable = true; ///< at the last sample
     bool m_showsSamples = false;
     Ticket m_timer; ///< held while started

@@ -60,15 +60,19 @@ std::size_t colonOf(std::string_view raw)
     return inside;
 }
 
-/// Whether the line goes on after a break that an older form of calendars marks with "=".
-bool breaksSoftly(std::string_view raw)
+/// Whether a line goes on after a break that an older form of calendars marks with "=". `begin` is where the line
+/// begins in `text`, `last` where that of its parts does which ends at `end`: nothing else is looked at, however long
+/// it grows.
+bool breaksSoftly(std::string_view text, std::size_t begin, std::size_t last, std::size_t end)
 {
-    const auto last = raw.find_last_not_of("\r\n");
-    if (last == std::string_view::npos || raw[last] != '=')
+    const auto part = text.substr(last, end - last);
+    const auto mark = part.find_last_not_of("\r\n");
+    if (mark == std::string_view::npos || part[mark] != '=')
         return false;
-    constexpr std::string_view mark = "QUOTED-PRINTABLE";
-    const auto head = raw.substr(0, std::min<std::size_t>(raw.find(':'), 256));
-    return !std::ranges::search(head, mark, {}, upper).empty();
+    constexpr std::string_view encoding = "QUOTED-PRINTABLE";
+    const auto start = text.substr(begin, std::min<std::size_t>(end - begin, 256));
+    const auto head = start.substr(0, start.find(':'));
+    return !std::ranges::search(head, encoding, {}, upper).empty();
 }
 
 std::string_view from(std::string_view begin, std::string_view end)
@@ -169,11 +173,13 @@ std::optional<IcsLine> IcsReader::nextLine()
     std::size_t begin = m_position;
     while (begin < m_text.size()) {
         std::size_t end = begin;
+        std::size_t last = begin;
         do {
+            last = end;
             end = m_text.find('\n', end);
             end = end == std::string_view::npos ? m_text.size() : end + 1;
         } while (end < m_text.size()
-            && (m_text[end] == ' ' || m_text[end] == '\t' || breaksSoftly(m_text.substr(begin, end - begin))));
+            && (m_text[end] == ' ' || m_text[end] == '\t' || breaksSoftly(m_text, begin, last, end)));
         m_position = end;
         const auto raw = m_text.substr(begin, end - begin);
         if (!trimmed(raw).empty())

@@ -146,6 +146,8 @@ inline std::vector<HostileCalendar> ofLines()
         {"parts that never end", one(begin, "BEGIN:A\n", end)},
         {"folded at every letter", one(begin + "SUMMARY:\n", " a\n", end)},
         {"folded at nothing", one(begin + "SUMMARY:\n", " \n", end)},
+        {"soft breaks without a value", one(begin + "SUMMARY;ENCODING=QUOTED-PRINTABLE=\n", "=\n", end)},
+        {"blank lines after a soft break", one(begin + "SUMMARY;ENCODING=QUOTED-PRINTABLE:=\n", "\n", end)},
         {"soft breaks at every letter", one(begin + "SUMMARY;ENCODING=QUOTED-PRINTABLE:", "=\n", end)},
         {"an identifier of one huge line", one(begin + "UID:", "aaaaaaaa", "\n" + end)},
         {"an identifier first of one huge line",

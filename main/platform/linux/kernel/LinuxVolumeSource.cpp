@@ -2,6 +2,7 @@
 
 #include "platform/linux/kernel/LinuxVolumeSource.h"
 
+#include "foundation/ForeignText.h"
 #include "foundation/Wording.h"
 #include "platform/linux/kernel/MountParser.h"
 
@@ -61,7 +62,7 @@ QList<Volume> LinuxVolumeSource::volumes()
         Volume volume;
         const auto label = labelOf.value(QFileInfo(QFile::decodeName(mount.source)).canonicalFilePath());
         if (!label.isEmpty())
-            volume.name = label;
+            volume.name = foreignText(label);
         else if (isRoot)
             volume.name = u"System"_s;
         volume.path = QFile::decodeName(mount.path);

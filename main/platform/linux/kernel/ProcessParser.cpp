@@ -46,7 +46,10 @@ QByteArray wholeProcessName(const QByteArray& name, const QByteArray& commandLin
 {
     constexpr qsizetype mostArguments = 3; // an interpreter may have an option before its script
     const auto fileOf = [](const QByteArray& path) { return path.sliced(path.lastIndexOf('/') + 1); };
-    const QList<QByteArray> arguments = commandLine.split('\0');
+    QList<QByteArray> arguments = commandLine.split('\0');
+    // Some programs rewrite theirs into one text, in which the slashes of later arguments mean nothing.
+    if (const qsizetype option = arguments.first().indexOf(" -"); option > 0)
+        arguments.first().truncate(option);
     for (const QByteArray& argument : arguments.first(std::min(arguments.size(), mostArguments))) {
         QByteArray file = fileOf(argument);
         if (file.startsWith(name))
