@@ -15,7 +15,7 @@ namespace ambrelle {
 
 namespace {
 
-constexpr qsizetype longestZoneName = 200; // bytes; the longest description of one in use has about 60
+constexpr qsizetype longestZoneText = 200; // bytes; the longest description of one in use has about 60
 constexpr qsizetype longestTitle = 400; // letters
 constexpr qsizetype longestCalendarName = 200;
 constexpr qsizetype longestUid = 255; // bytes
@@ -186,7 +186,7 @@ std::shared_ptr<const CalendarZone> IcsParser::zone(const QByteArray& name)
 
 std::shared_ptr<const CalendarZone> IcsParser::newZone(const QByteArray& name)
 {
-    if (name.size() > longestZoneName || !m_effort.take(effortOfZone))
+    if (name.size() > longestZoneText || !m_effort.take(effortOfZone))
         return nullptr;
     if (auto zone = CalendarZone::named(name))
         return zone;
