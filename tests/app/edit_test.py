@@ -80,8 +80,13 @@ def arrange(session, host, height):
 def stack(session):
     """The program's windows from bottom to top, whoever put a frame round them."""
     mine = {int(window) for window in session.windows()}
-    root = Screen().root
-    return [window.id for top in root.query_tree().children for window in [top, *top.query_tree().children] if window.id in mine]
+
+    def within(window):
+        for child in window.query_tree().children:
+            yield child
+            yield from within(child)
+
+    return [window.id for window in within(Screen().root) if window.id in mine]
 
 
 def stay_on_top(session, host, height):
