@@ -12,6 +12,7 @@ from pathlib import Path
 
 sys.path.append(str(Path(__file__).parents[1] / "support"))
 from Xlib import X
+from Xlib.error import BadWindow
 
 from onlooker import WINDOW, Screen, holds
 from program import Session, hover, pointer, screen_size, two_screens, wait_for, window_with_keyboard
@@ -82,11 +83,18 @@ def stack(session):
     mine = {int(window) for window in session.windows()}
 
     def within(window):
-        for child in window.query_tree().children:
+        try:
+            children = window.query_tree().children
+        except BadWindow:  # closed since its parent was asked, as window managers do with helpers of theirs
+            return
+        for child in children:
             yield child
             yield from within(child)
 
-    return [window.id for window in within(Screen().root) if window.id in mine]
+    screen = Screen()
+    order = [window.id for window in within(screen.root) if window.id in mine]
+    screen.display.close()
+    return order
 
 
 def stay_on_top(session, host, height):
