@@ -28,10 +28,17 @@ QString dataFile(const QString& name)
 
 namespace {
 
-QJsonObject contents()
+QJsonObject contentsOfFile()
 {
     QFile file(dataFile(u"org.ambrelle.Ambrelle.json"_s));
     return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+}
+
+/// Read once, since several ask while the program starts.
+const QJsonObject& contents()
+{
+    static const QJsonObject known = contentsOfFile();
+    return known;
 }
 
 } // namespace
@@ -39,7 +46,7 @@ QJsonObject contents()
 Information Information::read()
 {
     Information information{.identifier = u"org.ambrelle.Ambrelle"_s, .version = QString::fromUtf8(AMBRELLE_VERSION)};
-    const QJsonObject values = contents();
+    const QJsonObject& values = contents();
     information.identifier = values.value(u"identifier"_s).toString(information.identifier);
     information.version = values.value(u"version"_s).toString(information.version);
     information.build = values.value(u"build"_s).toInt();

@@ -15,7 +15,7 @@ const QColor lightEdge(255, 255, 255, 130);
 } // namespace
 
 /// One point of accent between two of the opposite lightness, so that it shows on any picture.
-class DragGuides::Line final : public PanelDelegate {
+class DragGuides::Line final : public OrnamentDelegate {
 public:
     explicit Line(WindowHost& host)
         : m_window(host.makePanel(*this))
@@ -42,11 +42,6 @@ public:
         painter.fillRect(whole, m_accent.lightnessF() > bright ? darkEdge : lightEdge);
         painter.fillRect(upright ? whole.adjusted(1, 0, -1, 0) : whole.adjusted(0, 1, 0, -1), m_accent);
     }
-    void pointerPressed(const PointerEvent&) override { }
-    void pointerMoved(const PointerEvent&) override { }
-    void pointerReleased(const PointerEvent&) override { }
-    void pointerEntered() override { }
-    void pointerLeft() override { }
     void appearanceChanged() override { m_window->update({{}, m_window->frame().size()}); }
 
 private:

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "desktop/WidgetPanel.h"
-#include "desktop/WidgetStore.h"
 #include "desktop/WindowFade.h"
 #include "placement/StoredWidget.h"
 

@@ -28,7 +28,7 @@ QRectF tipPlace(const QRectF& widget, const QSizeF& size, const QRectF& room)
 
 } // namespace
 
-class WidgetTip::Panel final : public PanelDelegate {
+class WidgetTip::Panel final : public OrnamentDelegate {
 public:
     Panel(WindowHost& host, const QRectF& widget, const QRectF& room, const QString& text)
         : m_text(text)
@@ -44,11 +44,6 @@ public:
     }
 
     void paint(QPainter& painter, const QRectF&) override { m_capsule.paint(painter, {}); }
-    void pointerPressed(const PointerEvent&) override { }
-    void pointerMoved(const PointerEvent&) override { }
-    void pointerReleased(const PointerEvent&) override { }
-    void pointerEntered() override { }
-    void pointerLeft() override { }
     void appearanceChanged() override { m_window->update({{}, m_window->frame().size()}); }
     QString accessibleName() const override { return m_text; }
 

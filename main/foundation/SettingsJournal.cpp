@@ -2,6 +2,8 @@
 
 #include "foundation/SettingsJournal.h"
 
+#include "foundation/PlainFile.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -52,11 +54,8 @@ std::optional<SlotContents> decoded(const QByteArray& bytes)
 
 std::optional<SlotContents> slotIn(const QString& path)
 {
-    QFile file(path);
-    // Opening anything but a plain file could wait for ever.
-    if (!QFileInfo(path).isFile() || file.size() > longestVersion || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return decoded(file.readAll());
+    const std::optional<QByteArray> bytes = readPlainFile(path, longestVersion);
+    return bytes ? decoded(*bytes) : std::nullopt;
 }
 
 } // namespace

@@ -69,6 +69,16 @@ public:
     virtual void pressButton(qsizetype /*index*/) { } ///< of buttons(); any other is ignored
 };
 
+/// Draws a panel that clicks go through, and that has no use for the pointer.
+class OrnamentDelegate : public PanelDelegate {
+public:
+    void pointerPressed(const PointerEvent&) final { }
+    void pointerMoved(const PointerEvent&) final { }
+    void pointerReleased(const PointerEvent&) final { }
+    void pointerEntered() final { }
+    void pointerLeft() final { }
+};
+
 /// Part of a window, in window points (y down), with round corners.
 struct RoundedArea {
     QRectF area;

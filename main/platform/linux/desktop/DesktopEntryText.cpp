@@ -2,8 +2,7 @@
 
 #include "platform/linux/desktop/DesktopEntryText.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "foundation/PlainFile.h"
 
 #include <algorithm>
 
@@ -29,10 +28,7 @@ DesktopEntryText::DesktopEntryText(const QByteArray& text)
 
 std::optional<QByteArray> DesktopEntryText::contentOf(const QString& path)
 {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || file.size() > longestEntry || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return file.readAll();
+    return readPlainFile(path, longestEntry);
 }
 
 qsizetype DesktopEntryText::lineOf(const QByteArray& key) const

@@ -2,6 +2,7 @@
 
 #include "platform/x11/connection/PaintBuffer.h"
 
+#include "platform/x11/connection/PixelBands.h"
 #include "platform/x11/connection/Reply.h"
 
 #include <sys/mman.h>
@@ -165,16 +166,12 @@ void PaintBuffer::learnDepth(xcb_window_t window)
 
 void PaintBuffer::send(const QImage& part, xcb_window_t window, QPoint place) const
 {
-    constexpr uint32_t requestHead = 64; // more than the fields before the pixels take
-    const auto bytesPerRow = static_cast<uint32_t>(part.bytesPerLine());
-    const uint32_t room = xcb_get_maximum_request_length(m_connection) * 4 - requestHead;
-    const int rows = std::max(1, static_cast<int>(room / bytesPerRow));
-    for (int row = 0; row < part.height(); row += rows) {
-        const int count = std::min(rows, part.height() - row);
+    sendInBands(m_connection, part, [&](const uint8_t* pixels, uint32_t bytes, int row, int count) {
         xcb_put_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, m_context, static_cast<uint16_t>(part.width()),
             static_cast<uint16_t>(count), static_cast<int16_t>(place.x()), static_cast<int16_t>(place.y() + row), 0,
-            m_depth, bytesPerRow * static_cast<uint32_t>(count), part.constScanLine(row));
-    }
+            m_depth, bytes, pixels);
+        return true;
+    });
 }
 
 bool PaintBuffer::reserve(std::size_t bytes)

@@ -3,6 +3,7 @@
 #include "platform/x11/root/RootPixmap.h"
 
 #include "foundation/Wording.h"
+#include "platform/x11/connection/PixelBands.h"
 #include "platform/x11/connection/Reply.h"
 #include "platform/x11/root/RootPicture.h"
 
@@ -121,7 +122,6 @@ QString RootPixmap::whyUnsuitable() const
 
 QString RootPixmap::upload(xcb_pixmap_t pixmap, const QImage& image) const
 {
-    constexpr uint32_t requestHead = 64; // more than the fields before the pixels take
     QString noMemory = Wording::tr("The X server has no room for the picture.");
     const auto width = static_cast<uint16_t>(image.width());
     const auto height = static_cast<uint16_t>(image.height());
@@ -131,17 +131,13 @@ QString RootPixmap::upload(xcb_pixmap_t pixmap, const QImage& image) const
         return noMemory;
     const xcb_gcontext_t context = xcb_generate_id(m_connection);
     xcb_create_gc(m_connection, context, pixmap, 0, nullptr);
-    const auto rowBytes = static_cast<uint32_t>(image.bytesPerLine());
-    const uint32_t room = xcb_get_maximum_request_length(m_connection) * 4 - requestHead;
-    const int rows = std::max(1, static_cast<int>(room / rowBytes));
-    for (int row = 0; row < image.height(); row += rows) {
-        const int count = std::min(rows, image.height() - row);
-        const auto put = xcb_put_image_checked(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, context, width,
-            static_cast<uint16_t>(count), 0, static_cast<int16_t>(row), 0, m_screen->root_depth,
-            rowBytes * static_cast<uint32_t>(count), image.constScanLine(row));
-        if (const Reply error(xcb_request_check(m_connection, put)); error)
-            return noMemory;
-    }
+    const auto put = [&](const uint8_t* pixels, uint32_t bytes, int row, int count) {
+        const auto asked = xcb_put_image_checked(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, context, width,
+            static_cast<uint16_t>(count), 0, static_cast<int16_t>(row), 0, m_screen->root_depth, bytes, pixels);
+        return Reply(xcb_request_check(m_connection, asked)) == nullptr;
+    };
+    if (!sendInBands(m_connection, image, put))
+        return noMemory;
     xcb_free_gc(m_connection, context);
     return {};
 }
