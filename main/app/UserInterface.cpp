@@ -5,7 +5,7 @@
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
 #include "platform/TrayPresence.h"
-#include "window/AppLook.h"
+#include "window/look/AppLook.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -66,7 +66,7 @@ void UserInterface::open(std::optional<MainTab> tab)
 
 void UserInterface::followAppearance()
 {
-    applyAppLook(m_appearance.isDark());
+    AppLook::shared().apply(LookWishes::of(m_appearance));
 }
 
 } // namespace ambrelle

@@ -4,10 +4,10 @@
 
 #include "desktop/QuickMenu.h"
 #include "foundation/Clock.h"
-#include "window/MainWindowController.h"
-#include "window/StatusItemController.h"
-#include "window/WidgetContextMenu.h"
-#include "window/WidgetSettings.h"
+#include "window/frame/MainWindowController.h"
+#include "window/frame/StatusItemController.h"
+#include "window/popover/WidgetContextMenu.h"
+#include "window/popover/WidgetSettings.h"
 
 namespace ambrelle {
 

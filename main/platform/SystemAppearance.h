@@ -6,10 +6,15 @@
 
 namespace ambrelle {
 
-/// Whether the desktop is in its light or its dark appearance; light while nothing tells it.
+/// How the desktop wants windows to look; light and plain while nothing tells it. changed() tells of every other
+/// answer, and when the appearance becomes known.
 class SystemAppearance : public Port {
 public:
-    virtual bool isDark() const = 0; ///< changed() tells of another answer, and when the answer becomes known
+    virtual bool isDark() const = 0;
+    virtual bool contrast() const { return false; } ///< higher than usual
+    virtual bool reducesMotion() const { return false; } ///< nothing shall move that need not
+    /// How much larger than usual texts shall be beyond what the resolution of the screen asks for, 1 to 1.5.
+    virtual double textScale() const { return 1; }
 };
 
 } // namespace ambrelle

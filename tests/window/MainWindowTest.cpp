@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Colours.h"
-#include "window/AppLook.h"
-#include "window/MainWindowController.h"
-#include "window/SymbolIcon.h"
+#include "window/frame/MainWindowController.h"
+#include "window/look/AppLook.h"
+#include "window/look/SymbolIcon.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -92,7 +92,7 @@ TEST(SymbolIcon, TheMarkIsSharpAndShowsOnEveryPanel)
 TEST(AppLook, EveryTextIsLegible)
 {
     for (const bool dark : {false, true}) {
-        const QPalette palette = appPalette(dark);
+        const QPalette palette = AppLook::palette({.dark = dark});
         for (const auto& [text, ground] : {std::pair{QPalette::WindowText, QPalette::Window},
                  std::pair{QPalette::Text, QPalette::Base}, std::pair{QPalette::ButtonText, QPalette::Button},
                  std::pair{QPalette::HighlightedText, QPalette::Highlight}})

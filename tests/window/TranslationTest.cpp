@@ -12,8 +12,8 @@
 #include "platform/recording/RecordingAppearance.h"
 #include "skins/SkinRegistry.h"
 #include "support/OtherLetters.h"
-#include "window/MainWindowController.h"
-#include "window/WidgetSettings.h"
+#include "window/frame/MainWindowController.h"
+#include "window/popover/WidgetSettings.h"
 
 #include <QApplication>
 #include <QComboBox>

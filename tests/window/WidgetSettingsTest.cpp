@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 
-#include "window/WidgetSettings.h"
+#include "window/popover/WidgetSettings.h"
 #include "desktop/Desk.h"
 #include "platform/recording/RecordingAppearance.h"
 #include "support/WaitUntil.h"
-#include "window/CityChooser.h"
-#include "window/DateField.h"
-#include "window/PopoverPlacement.h"
-#include "window/SettingsForm.h"
-#include "window/SkinChooser.h"
+#include "window/look/SkinChooser.h"
+#include "window/popover/CityChooser.h"
+#include "window/popover/DateField.h"
+#include "window/popover/PopoverPlacement.h"
+#include "window/popover/SettingsForm.h"
 
 #include <QCheckBox>
 #include <QDateTimeEdit>

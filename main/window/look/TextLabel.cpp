@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+
+#include "window/look/TextLabel.h"
+
+namespace ambrelle {
+
+TextLabel::TextLabel(TextRole role, const QString& text, QWidget* parent)
+    : QLabel(text, parent)
+    , m_role(role)
+    , m_tone(role == TextRole::caption ? Tone::soft : Tone::text)
+{
+    setTextFormat(Qt::PlainText);
+    connect(&AppLook::shared(), &AppLook::changed, this, &TextLabel::dress);
+    dress();
+}
+
+void TextLabel::setTone(Tone tone)
+{
+    m_tone = tone;
+    dress();
+}
+
+void TextLabel::dress()
+{
+    const AppColours& colours = AppLook::shared().colours();
+    QPalette dressed = palette();
+    dressed.setColor(QPalette::WindowText,
+        m_tone == Tone::danger     ? colours.danger
+            : m_tone == Tone::soft ? colours.soft
+                                   : colours.text);
+    setPalette(dressed);
+    setFont(AppLook::shared().font(m_role));
+}
+
+} // namespace ambrelle
