@@ -57,8 +57,8 @@ AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
     , m_automation(m_settings, m_monitor, m_ports.clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, m_settings.customWallpapers()); })
     , m_follower(m_ports.appearance, m_settings, m_manager, m_wallpaper, m_ports.clock)
-    , m_interface(
-          {m_ports.windows, m_manager, m_settings, m_services.focus, m_ports.appearance, m_ports.trays, m_ports.clock})
+    , m_interface({stores.defaults, m_settings, stores.accents, m_ports, m_manager, m_wallpaper, m_thumbnails,
+          m_monitor, m_services, m_feed})
 {
 }
 

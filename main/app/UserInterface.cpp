@@ -5,6 +5,8 @@
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
 #include "platform/TrayPresence.h"
+#include "window/frame/MainWindow.h"
+#include "window/frame/WindowMaker.h"
 #include "window/look/AppLook.h"
 
 #include <QCoreApplication>
@@ -19,19 +21,35 @@ constexpr std::chrono::milliseconds trayDelay{500};
 } // namespace
 
 UserInterface::UserInterface(const Collaborators& with)
-    : m_appearance(with.appearance)
-    , m_trays(with.trays)
-    , m_clock(with.clock)
+    : m_appearance(with.ports.appearance)
+    , m_trays(with.ports.trays)
+    , m_clock(with.ports.clock)
     , m_quickMenu({.manager = with.manager,
           .settings = with.settings,
-          .focus = with.focus,
+          .focus = with.services.focus,
           .open = [this](std::optional<MainTab> tab) { open(tab); },
           // Not quit(): it would ask the panels first, and they refuse to be closed by a window manager.
           .quit = [] { QCoreApplication::exit(); }})
-    , m_mainWindow([this] { return m_quickMenu.items(); })
+    , m_model(with.defaults)
+    , m_context{.model = m_model,
+          .manager = with.manager,
+          .settings = with.settings,
+          .accents = with.accents,
+          .wallpaper = with.wallpaper,
+          .thumbnails = with.thumbnails,
+          .host = with.ports.windows,
+          .appearance = with.ports.appearance,
+          .monitor = with.monitor,
+          .services = with.services,
+          .feed = with.feed,
+          .login = with.ports.loginItem,
+          .programs = with.ports.programs,
+          .clock = with.ports.clock,
+          .quickMenu = m_quickMenu}
+    , m_mainWindow({m_model, with.ports.windows, with.ports.clock, [this] { return makeMainWindow(m_context); }})
     , m_widgetMenu(with.manager, m_quickMenu)
-    , m_widgetSettings({with.manager, with.host, with.appearance, with.clock})
-    , m_statusItem([this] { return m_quickMenu.items(); }, [this] { m_mainWindow.toggle(); }, with.clock)
+    , m_widgetSettings({with.manager, with.ports.windows, with.ports.appearance, with.ports.clock})
+    , m_statusItem([this] { return m_quickMenu.items(); }, [this] { m_mainWindow.toggle(); }, with.ports.clock)
 {
     connect(&m_appearance, &SystemAppearance::changed, this, &UserInterface::followAppearance);
     for (const TrayPresence* tray : m_trays)

@@ -4,27 +4,32 @@
 
 #include "desktop/QuickMenu.h"
 #include "foundation/Clock.h"
+#include "platform/Machine.h"
 #include "window/frame/MainWindowController.h"
 #include "window/frame/StatusItemController.h"
+#include "window/frame/WindowContext.h"
 #include "window/popover/WidgetContextMenu.h"
 #include "window/popover/WidgetSettings.h"
 
 namespace ambrelle {
 
-class SystemAppearance;
 class TrayPresence;
+class UserDefaults;
 
 /// The tray item, the menus and the main window.
 class UserInterface : public QObject {
 public:
     struct Collaborators {
-        WindowHost& host;
-        WidgetManager& manager;
+        UserDefaults& defaults;
         AppSettings& settings;
-        FocusTimer& focus;
-        SystemAppearance& appearance;
-        QList<TrayPresence*> trays;
-        Clock& clock;
+        ThemeAccent& accents;
+        const Machine::Ports& ports;
+        WidgetManager& manager;
+        DesktopWallpaper& wallpaper;
+        WallpaperStore& thumbnails;
+        SystemMonitor& monitor;
+        LiveServices& services;
+        const ReadingFeed& feed;
     };
 
     explicit UserInterface(const Collaborators& collaborators);
@@ -44,6 +49,8 @@ private:
     QList<TrayPresence*> m_trays;
     Clock& m_clock;
     QuickMenu m_quickMenu;
+    MainWindowModel m_model;
+    WindowContext m_context;
     MainWindowController m_mainWindow;
     WidgetContextMenu m_widgetMenu;
     WidgetSettings m_widgetSettings;

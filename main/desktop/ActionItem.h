@@ -18,7 +18,8 @@ struct ActionItem {
     std::optional<bool> checked; ///< none: it cannot be checked
     QKeySequence key; ///< shown beside the title, works while the menu is open
     std::function<void()> handler;
-    QList<ActionItem> items; ///< of a submenu
+    QList<ActionItem> items{}; ///< of a submenu
+    bool enabled = true;
 
     static ActionItem separator() { return {}; }
     bool isSeparator() const { return title.isEmpty(); }

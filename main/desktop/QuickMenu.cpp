@@ -18,14 +18,9 @@ QuickMenu::QuickMenu(Collaborators collaborators)
 
 QList<ActionItem> QuickMenu::items() const
 {
-    const Updates updates = m_with.updates ? m_with.updates() : Updates();
     QList<ActionItem> items;
-    if (updates.found) {
-        items += {.title = Wording::tr("Update to Ambrelle %1").arg(*updates.found),
-            .symbol = u"arrow.down.circle"_s,
-            .handler = updates.install};
-        items += ActionItem::separator();
-    }
+    if (const std::optional<ActionItem> update = updateItem())
+        items += {*update, ActionItem::separator()};
     items += openItem();
     items += tabItem(Wording::tr("Themes"), u"rectangle.on.rectangle.angled"_s, MainTab::themes);
     items += tabItem(Wording::tr("Add Widgets"), u"plus.square.on.square"_s, MainTab::widgets);
@@ -37,10 +32,38 @@ QList<ActionItem> QuickMenu::items() const
     items += ActionItem::separator();
     items += tabItem(Wording::tr("Settings"), u"gearshape"_s, MainTab::settings);
     items.last().key = QKeySequence(Qt::CTRL | Qt::Key_Comma);
-    if (updates.enabled)
-        items += {.title = Wording::tr("Check for Updates…"), .handler = updates.check};
-    items += {.title = Wording::tr("Quit Ambrelle"), .key = QKeySequence(Qt::CTRL | Qt::Key_Q), .handler = m_with.quit};
+    if (const std::optional<ActionItem> check = checkItem())
+        items += *check;
+    items += quitItem();
     return items;
+}
+
+QuickMenu::Updates QuickMenu::updates() const
+{
+    return m_with.updates ? m_with.updates() : Updates();
+}
+
+std::optional<ActionItem> QuickMenu::updateItem() const
+{
+    const Updates updates = this->updates();
+    if (!updates.found)
+        return std::nullopt;
+    return ActionItem{.title = Wording::tr("Update to Ambrelle %1").arg(*updates.found),
+        .symbol = u"arrow.down.circle"_s,
+        .handler = updates.install};
+}
+
+std::optional<ActionItem> QuickMenu::checkItem() const
+{
+    const Updates updates = this->updates();
+    if (!updates.enabled)
+        return std::nullopt;
+    return ActionItem{.title = Wording::tr("Check for Updates…"), .handler = updates.check};
+}
+
+ActionItem QuickMenu::quitItem() const
+{
+    return {.title = Wording::tr("Quit Ambrelle"), .key = QKeySequence(Qt::CTRL | Qt::Key_Q), .handler = m_with.quit};
 }
 
 ActionItem QuickMenu::openItem() const

@@ -38,13 +38,17 @@ public:
     QList<ActionItem> items() const;
 
     ActionItem openItem() const;
+    std::optional<ActionItem> updateItem() const; ///< none: there is nothing newer
+    std::optional<ActionItem> checkItem() const; ///< none: nobody knows where to look
+    ActionItem quitItem() const;
+    ActionItem focusItem() const; ///< starts or pauses the focus timer
     ActionItem editItem() const;
     ActionItem lockItem() const;
     QList<ActionItem> focusItems() const; ///< of the focus timer, with what its widget has no button for
 
 private:
     ActionItem tabItem(const QString& title, const QString& symbol, MainTab tab) const;
-    ActionItem focusItem() const;
+    Updates updates() const;
 
     Collaborators m_with;
 };

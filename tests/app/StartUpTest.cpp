@@ -9,11 +9,12 @@
 #include "support/FullDisk.h"
 #include "support/Variable.h"
 #include "support/WaitUntil.h"
+#include "window/look/ActionMenu.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QToolButton>
 
 #include <gmock/gmock.h>
 
@@ -337,15 +338,16 @@ TEST_F(StartUp, QuitsFromItsWindowAndLeavesNothingOpen)
         AppDelegate delegate(machine, {defaults, settings, accents});
         delegate.start();
         delegate.reopen({});
-        QToolButton* quit = nullptr;
+        QAction* quit = nullptr;
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            for (QToolButton* button : window->findChildren<QToolButton*>()) {
-                if (button->accessibleName() == u"Quit Ambrelle"_s || button->text() == u"Quit Ambrelle"_s)
-                    quit = button;
+            for (auto* menu : window->findChildren<ActionMenu*>()) {
+                menu->refill();
+                for (QAction* action : menu->actions())
+                    quit = action->text() == u"Quit Ambrelle"_s ? action : quit;
             }
         }
         ASSERT_TRUE(quit);
-        QTimer::singleShot(0, quit, &QToolButton::click);
+        QTimer::singleShot(0, quit, &QAction::trigger);
         QTimer patience;
         patience.callOnTimeout([] { QCoreApplication::exit(-1); });
         patience.start(20s);

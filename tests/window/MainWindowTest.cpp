@@ -1,106 +1,165 @@
 // SPDX-License-Identifier: MIT
 
-#include "drawing/Colours.h"
-#include "window/frame/MainWindowController.h"
-#include "window/look/AppLook.h"
-#include "window/look/SymbolIcon.h"
+#include "window/frame/MoreMenu.h"
+#include "window/frame/SearchField.h"
+#include "window/frame/TabStrip.h"
+#include "window/frame/ToolBar.h"
+#include "window/WindowDesk.h"
 
 #include <QAccessible>
-#include <QApplication>
-#include <QTabBar>
 #include <QToolButton>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace ambrelle {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-QWidget* openWindow()
-{
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->isVisible())
-            return widget;
-    }
-    return nullptr;
-}
+using MainWindowTest = WindowTest;
 
-void press(QWidget& widget, Qt::Key key)
+TEST_F(MainWindowTest, KeepsItsTabPlaceAndSizeWhileClosedAndIsGoneMeanwhile)
 {
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, key, Qt::NoModifier);
-        QApplication::sendEvent(&widget, &event);
-    }
+    home.window.show(MainTab::wallpapers);
+    ASSERT_TRUE(home.window.window());
+    auto* tabs = home.window.window()->findChild<TabStrip*>();
+    EXPECT_EQ(tabs->currentIndex(), 2);
+    tabs->setCurrentIndex(3);
+    home.window.window()->resize(901, 602);
+    home.window.toggle();
     QCoreApplication::processEvents();
-}
-
-TEST(MainWindow, KeepsItsTabWhileClosedAndIsGoneMeanwhile)
-{
-    MainWindowController controller([] { return QList<ActionItem>(); });
-    controller.show(MainTab::wallpapers);
-    ASSERT_TRUE(openWindow());
-    EXPECT_EQ(openWindow()->findChild<QTabBar*>()->currentIndex(), 2);
-    openWindow()->findChild<QTabBar*>()->setCurrentIndex(3);
-    controller.toggle();
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(controller.isVisible());
+    EXPECT_FALSE(home.window.isVisible());
     EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty()) << "a closed window takes no memory";
-    controller.toggle();
-    EXPECT_EQ(openWindow()->findChild<QTabBar*>()->currentIndex(), 3);
+    home.window.toggle();
+    EXPECT_EQ(home.model.tab(), MainTab::settings);
+    EXPECT_EQ(home.window.window()->size(), QSize(901, 602));
+    EXPECT_EQ(MainWindowModel(store).size(), QSize(901, 602)) << "the next run begins with it";
 }
 
-TEST(MainWindow, OffersEveryActionByNameAndKeyAsThingsStandNow)
+TEST_F(MainWindowTest, FitsTheScreenWithThePointer)
 {
-    bool locked = false;
-    int pressed = 0;
-    MainWindowController controller([&] {
-        return QList<ActionItem>{{.title = u"Edit & Move"_s, .symbol = u"hand.draw"_s, .handler = [&] { ++pressed; }},
-            ActionItem::separator(), {.title = u"Lock"_s, .checked = locked, .handler = [&] { locked = !locked; }}};
-    });
-    controller.show();
-    const auto buttons = [] { return openWindow()->findChildren<QToolButton*>(Qt::FindDirectChildrenOnly); };
-    ASSERT_EQ(buttons().size(), 2);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(buttons()[0])->text(QAccessible::Name), u"Edit & Move"_s);
-    EXPECT_NE(buttons()[0]->focusPolicy() & Qt::TabFocus, 0);
-    press(*buttons()[0], Qt::Key_Space);
-    EXPECT_EQ(pressed, 1);
-    press(*buttons()[1], Qt::Key_Space);
-    EXPECT_TRUE(locked);
-    EXPECT_TRUE(buttons()[1]->isChecked());
+    const ScreenInfo small{
+        .id = u"small"_s, .connector = u"small"_s, .frame = {0, 0, 640, 480}, .visibleFrame = {0, 0, 640, 440}};
+    home.desk.host.setScreens({small});
+    home.window.show();
+    const QSize most = (QSizeF(640, 440) * 0.92).toSize();
+    EXPECT_EQ(home.window.window()->size(), most);
+    EXPECT_TRUE(home.window.window()->minimumSize() == most) << "else it could not be that small";
 }
 
-TEST(SymbolIcon, TheMarkIsSharpAndShowsOnEveryPanel)
+TEST_F(MainWindowTest, ForgetsAMinuteAfterItWasClosedUnlessShownAgain)
 {
-    for (const int side : {16, 22, 24, 32, 48}) {
-        const QImage mark = markIcon().pixmap(QSize(side, side), 1.0).toImage();
-        ASSERT_EQ(mark.size(), QSize(side, side));
-        const int row = side * 3 / 10; // through the middle of the upper tiles
-        int opaque = 0;
-        for (int x = 0; x < side; ++x) {
-            const int alpha = mark.pixelColor(x, row).alpha();
-            EXPECT_TRUE(alpha == 0 || alpha == 255) << side << ": a tile ends within pixel " << x;
-            EXPECT_EQ(alpha, mark.pixelColor(side - 1 - x, row).alpha()) << side << ": it is lopsided";
-            opaque += alpha == 255 ? 1 : 0;
+    int forgotten = 0;
+    QObject::connect(&home.window, &MainWindowController::forgotten, [&] { ++forgotten; });
+    const auto closeFor = [&](std::chrono::seconds time) {
+        home.window.show();
+        home.window.toggle();
+        QCoreApplication::processEvents();
+        home.desk.clock.advance(time);
+    };
+    closeFor(std::chrono::seconds(59));
+    closeFor(std::chrono::seconds(59));
+    EXPECT_EQ(forgotten, 0);
+    home.desk.clock.advance(std::chrono::seconds(1));
+    EXPECT_EQ(forgotten, 1);
+}
+
+TEST_F(MainWindowTest, WelcomesUntilDismissedOrShownThreeTimes)
+{
+    for (const int showingsUntilDismissed : {9, 1}) {
+        MainWindowModel(store).setShowWelcome(true);
+        for (int showing = 1; showing <= 4; ++showing) {
+            MainWindowModel run(store); // each showing in a run of its own
+            run.shown();
+            EXPECT_EQ(run.showsWelcome(), showing < 3 && showing <= showingsUntilDismissed) << showing;
+            if (showing == showingsUntilDismissed)
+                run.setShowWelcome(false);
         }
-        EXPECT_GT(opaque, side / 2);
-        for (const QRgb panel : {0xffffffff, 0xffe0e0e0, 0xff2b2b2b, 0xff000000})
-            EXPECT_GE(contrast(mark.pixelColor(row, row), QColor(panel)), 3) << side << ' ' << std::hex << panel;
     }
 }
 
-TEST(AppLook, EveryTextIsLegible)
+TEST_F(MainWindowTest, GoesThroughItsTabsByKeysAndKeepsASearchForEach)
 {
-    for (const bool dark : {false, true}) {
-        const QPalette palette = AppLook::palette({.dark = dark});
-        for (const auto& [text, ground] : {std::pair{QPalette::WindowText, QPalette::Window},
-                 std::pair{QPalette::Text, QPalette::Base}, std::pair{QPalette::ButtonText, QPalette::Button},
-                 std::pair{QPalette::HighlightedText, QPalette::Highlight}})
-            EXPECT_GE(contrast(palette.color(text), palette.color(ground)), 4.5) << dark << ' ' << text;
-        EXPECT_GE(
-            contrast(palette.color(QPalette::Disabled, QPalette::WindowText), palette.color(QPalette::Window)), 4.5);
-        EXPECT_EQ(palette.color(QPalette::Window).lightnessF() < 0.5F, dark);
+    MainWindow& window = opened();
+    for (const auto& [key, tab] : {std::pair{Qt::Key_3, MainTab::wallpapers}, std::pair{Qt::Key_1, MainTab::themes},
+             std::pair{Qt::Key_Comma, MainTab::settings}, std::pair{Qt::Key_Tab, MainTab::themes},
+             std::pair{Qt::Key_2, MainTab::widgets}}) {
+        press(window, key, Qt::ControlModifier);
+        EXPECT_EQ(home.model.tab(), tab) << key;
     }
+    auto* search = window.findChild<SearchField*>();
+    EXPECT_EQ(search->accessibleName(), u"Search Widgets"_s);
+    home.model.setSearch(MainTab::widgets, u"clock"_s);
+    EXPECT_EQ(search->text(), u"clock"_s);
+    press(window, Qt::Key_4, Qt::ControlModifier);
+    EXPECT_EQ(search->text(), QString());
+    press(window, Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(search->text(), u"clock"_s);
+    press(window, Qt::Key_Escape);
+    EXPECT_TRUE(home.window.isVisible()) << "Escape ends the search first";
+    EXPECT_EQ(home.model.search(MainTab::widgets), QString());
+    press(window, Qt::Key_Escape);
+    EXPECT_FALSE(home.window.isVisible());
+}
+
+TEST_F(MainWindowTest, PlacesItsToolsApartAtEveryWidth)
+{
+    ToolBar bar(home.model, [] { return QList<ActionItem>(); });
+    bar.show();
+    for (const bool themeOpen : {false, true}) {
+        home.model.openTheme(Skin::neon);
+        if (!themeOpen)
+            home.model.closeTheme();
+        for (int width = 560; width <= 2000; width += 20) {
+            bar.resize(width, 56);
+            QList<QWidget*> tools;
+            for (QWidget* tool : bar.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+                if (tool->isVisible() && !tool->isWindow())
+                    tools.append(tool);
+            }
+            for (const QWidget* tool : tools) {
+                EXPECT_TRUE(bar.rect().contains(tool->geometry())) << width << ' ' << tool->metaObject()->className();
+                for (const QWidget* other : tools)
+                    EXPECT_TRUE(tool == other || !tool->geometry().intersects(other->geometry()))
+                        << width << ' ' << tool->metaObject()->className() << ' ' << other->metaObject()->className();
+            }
+            const auto* tabs = bar.findChild<TabStrip*>();
+            if (width >= 1060) {
+                EXPECT_LE(std::abs(tabs->geometry().center().x() - width / 2), 1) << width;
+            }
+            EXPECT_EQ(bar.findChild<SearchField*>()->isVisible(), width >= 760) << width;
+        }
+    }
+}
+
+TEST_F(MainWindowTest, OffersTheQuickActionsWithoutATray)
+{
+    const auto titles = [&] {
+        QStringList lines;
+        for (const ActionItem& item : moreItems(home.quick, {}))
+            lines.append(item.isSeparator() ? u"-"_s : item.title);
+        return lines.join(u'|');
+    };
+    EXPECT_EQ(titles(),
+        u"Start Focus|-|Edit & Move Widgets|Lock Widget Positions|-|Weather|Save Current Desktop|Import…|-|"
+        "Keyboard Shortcuts|Quit Ambrelle"_s);
+    home.updates = {.found = u"2.1"_s, .enabled = true};
+    EXPECT_THAT(titles().toStdString(), testing::StartsWith("Update to Ambrelle 2.1|-|Start Focus"));
+    EXPECT_THAT(titles().toStdString(), testing::EndsWith("Check for Updates…|Quit Ambrelle"));
+}
+
+TEST_F(MainWindowTest, TellsAssistiveTechnologyItsTabs)
+{
+    home.window.show(MainTab::widgets);
+    auto* strip = home.window.window()->findChild<TabStrip*>();
+    QAccessibleInterface* tabs = QAccessible::queryAccessibleInterface(strip);
+    EXPECT_EQ(tabs->role(), QAccessible::PageTabList);
+    QStringList names;
+    for (int i = 0; i < tabs->childCount(); ++i) {
+        if (tabs->child(i)->role() == QAccessible::PageTab && !tabs->child(i)->state().invisible)
+            names.append(tabs->child(i)->text(QAccessible::Name));
+    }
+    EXPECT_EQ(names, QStringList({u"Themes"_s, u"Widgets"_s, u"Wallpapers"_s, u"Settings"_s}));
 }
 
 } // namespace

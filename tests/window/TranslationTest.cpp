@@ -12,8 +12,9 @@
 #include "platform/recording/RecordingAppearance.h"
 #include "skins/SkinRegistry.h"
 #include "support/OtherLetters.h"
-#include "window/frame/MainWindowController.h"
+#include "window/frame/MoreMenu.h"
 #include "window/popover/WidgetSettings.h"
+#include "window/WindowDesk.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -30,15 +31,14 @@ class TranslationTest : public testing::Test {
 protected:
     OtherLetters letters; // first: texts are made from now on
     UserDefaults store = UserDefaults::temporary();
-    Desk desk{store};
-    QuickMenu quick{
-        {.manager = desk.manager, .settings = desk.settings, .focus = desk.services.live.focus, .updates = [] {
-             return QuickMenu::Updates{.found = u"2.1"_s, .enabled = true};
-         }}};
+    WindowDesk home{store};
+    Desk& desk = home.desk;
+    QuickMenu& quick = home.quick;
     QStringList data{u"VU"_s, u"Ambrelle"_s}; ///< words that are no texts of the program
 
     TranslationTest()
     {
+        home.updates = {.found = u"2.1"_s, .enabled = true};
         for (int i = 1; i <= 12; ++i)
             for (const auto form : {QLocale::LongFormat, QLocale::ShortFormat, QLocale::NarrowFormat})
                 data += {QLocale::c().standaloneDayName(i % 7 + 1, form), QLocale::c().standaloneMonthName(i, form)};
@@ -115,16 +115,15 @@ TEST_F(TranslationTest, ReachesFacesMenusAndPopovers)
 
 TEST_F(TranslationTest, ReachesTheMainWindow)
 {
-    MainWindowController controller([this] { return quick.items(); });
     for (const MainTab tab : allCases<MainTab>()) {
-        controller.model().addHandedFiles({u"7"_s});
-        controller.show(tab);
+        home.window.show(tab);
         for (const QWidget* window : QApplication::topLevelWidgets())
             expectTranslated(*window, "the main window");
         expectTranslated(title(tab), "a tab");
     }
     desk.services.live.focus.start();
     expectTranslated(quick.items());
+    expectTranslated(moreItems(quick, {}));
 }
 
 TEST_F(TranslationTest, ReachesTablesAndReasons)

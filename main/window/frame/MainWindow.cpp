@@ -2,17 +2,19 @@
 
 #include "window/frame/MainWindow.h"
 
-#include "foundation/Wording.h"
-#include "window/frame/MainWindowModel.h"
+#include "window/frame/DropFrame.h"
+#include "window/frame/Page.h"
+#include "window/frame/ToolBar.h"
 #include "window/look/SymbolIcon.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QFileInfo>
-#include <QLabel>
+#include <QMimeData>
 #include <QShortcut>
-#include <QTabBar>
-#include <QToolButton>
+#include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace ambrelle {
 
@@ -20,157 +22,163 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize firstSize{760, 520};
-constexpr int margin = 28;
-constexpr int columnWidth = 240;
-constexpr int columnSpacing = 4;
-constexpr QSize tabSymbolSize{18, 18};
+constexpr int tabCount = static_cast<int>(allCases<MainTab>().size());
 
-QString sentenceOf(MainTab tab)
+/// Paths of the files that are dragged, none when anything else is.
+QStringList filesIn(const QMimeData& dragged)
 {
-    switch (tab) {
-    case MainTab::themes: return Wording::tr("The thirty themes will be chosen here. This tab is not built yet.");
-    case MainTab::widgets: return Wording::tr("Single widgets will be added here. This tab is not built yet.");
-    case MainTab::wallpapers: return Wording::tr("Wallpapers will be chosen here. This tab is not built yet.");
-    case MainTab::settings: return Wording::tr("Preferences will be set here. This tab is not built yet.");
+    QStringList files;
+    for (const QUrl& url : dragged.urls()) {
+        if (!url.isLocalFile())
+            return {};
+        files.append(url.toLocalFile());
     }
-    return {};
-}
-
-QString sentenceOf(const QStringList& files)
-{
-    QStringList names;
-    for (const QString& file : files)
-        names += QFileInfo(file).fileName();
-    return names.isEmpty() ? QString() : Wording::tr("Theme files cannot be opened yet: %1").arg(names.join(u", "_s));
-}
-
-QIcon blank()
-{
-    QPixmap nothing(tabSymbolSize);
-    nothing.fill(Qt::transparent);
-    return nothing;
-}
-
-QLabel* makeLabel(double enlargement = 1)
-{
-    auto* label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * enlargement);
-    font.setWeight(enlargement > 1 ? QFont::DemiBold : QFont::Normal);
-    label->setFont(font);
-    return label;
+    return files;
 }
 
 } // namespace
 
-MainWindow::MainWindow(MainWindowModel& model, ActionMenu::Items actions)
-    : m_model(model)
-    , m_actions(std::move(actions))
+MainWindow::MainWindow(const Parts& parts)
+    : m_parts(parts)
+    , m_toolBar(new ToolBar(parts.model, parts.more))
+    , m_stack(new QStackedWidget)
+    , m_dropFrame(new DropFrame(this))
 {
-    constexpr double titleEnlargement = 2.2;
-    m_tabs = new QTabBar;
-    m_title = makeLabel(titleEnlargement);
-    m_sentence = makeLabel();
-    m_files = makeLabel();
-    m_column = new QVBoxLayout;
-    m_column->setSpacing(columnSpacing);
-    auto* page = new QVBoxLayout;
-    auto* columns = new QHBoxLayout;
-    columns->setContentsMargins(margin, margin, margin, margin);
-    columns->setSpacing(margin);
-    columns->addLayout(page, 1);
-    columns->addLayout(m_column);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(m_tabs);
-    rows->addLayout(columns, 1);
+    rows->setSpacing(0);
+    rows->addWidget(m_toolBar);
+    rows->addWidget(m_stack, 1);
     setWindowIcon(QIcon::fromTheme(u"org.ambrelle.Ambrelle"_s, markIcon()));
     setWindowTitle(u"Ambrelle"_s);
-    resize(firstSize);
-    makePage(*page);
-    makeTabs();
-    makeButtons();
-    const auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    connect(escape, &QShortcut::activated, this, &QWidget::close);
-    connect(&m_model, &MainWindowModel::changed, this, &MainWindow::showModel);
+    setAcceptDrops(true);
+    makeShortcuts();
+    connect(m_toolBar, &ToolBar::leftDownwards, this, [this] { page().takeFocus(true); });
+    connect(m_toolBar, &ToolBar::searchEntered, this, [this] { page().openFirst(); });
+    connect(&m_parts.model, &MainWindowModel::changed, this, &MainWindow::showModel);
     showModel();
 }
 
-void MainWindow::makeTabs()
+void MainWindow::addKey(const QKeySequence& key, const std::function<void()>& act)
 {
-    m_tabs->setExpanding(false);
-    m_tabs->setDocumentMode(true);
-    m_tabs->setAccessibleName(Wording::tr("Tabs"));
-    for (const MainTab tab : allCases<MainTab>())
-        m_tabs->addTab(title(tab));
-    connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { m_model.setTab(static_cast<MainTab>(index)); });
+    const auto* shortcut = new QShortcut(key, this);
+    connect(shortcut, &QShortcut::activated, this, act);
 }
 
-void MainWindow::makePage(QVBoxLayout& page)
+void MainWindow::makeShortcuts()
 {
-    page.setSpacing(margin / 2);
-    page.addWidget(m_title);
-    page.addWidget(m_sentence);
-    page.addWidget(m_files);
-    page.addStretch();
+    for (int index = 0; index < tabCount; ++index)
+        addKey(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index)),
+            [this, index] { m_parts.model.setTab(static_cast<MainTab>(index)); });
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { m_parts.model.setTab(MainTab::settings); });
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { nextTab(1); });
+    addKey(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), [this] { nextTab(-1); });
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_F), [this] { m_toolBar->search(); });
+    addKey(QKeySequence(Qt::Key_F10), [this] { m_toolBar->openMenu(); });
+    addKey(QKeySequence(Qt::Key_F6), [this] { nextArea(); });
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_Z), [this] {
+        if (undo)
+            undo();
+    });
+    addKey(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { m_parts.model.closeTheme(); });
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { close(); });
+    addKey(QKeySequence(Qt::Key_Escape), [this] { escape(); });
+}
+
+void MainWindow::nextTab(int steps)
+{
+    const int next = (static_cast<int>(m_parts.model.tab()) + steps + tabCount) % tabCount;
+    m_parts.model.setTab(static_cast<MainTab>(next));
+}
+
+void MainWindow::nextArea()
+{
+    QList<QWidget*> areas{m_toolBar};
+    areas += page().areas();
+    for (QWidget* overlay : overlays)
+        areas.append(overlay);
+    areas.removeIf([](const QWidget* area) { return !area->isVisible(); });
+    const QWidget* focus = QApplication::focusWidget();
+    const auto here = std::ranges::find_if(
+        areas, [&](const QWidget* area) { return focus && (area == focus || area->isAncestorOf(focus)); });
+    const auto index = here == areas.end() ? 0 : (std::distance(areas.begin(), here) + 1) % areas.size();
+    if (areas[index] == m_toolBar)
+        m_toolBar->takeFocus();
+    else
+        areas[index]->setFocus(Qt::ShortcutFocusReason);
+}
+
+void MainWindow::escape()
+{
+    MainWindowModel& model = m_parts.model;
+    if (leaveOverlay && leaveOverlay())
+        return;
+    if (page().leave())
+        return;
+    if (!model.search(model.tab()).isEmpty())
+        model.setSearch(model.tab(), {});
+    else if (model.tab() == MainTab::themes && model.isThemeOpen())
+        model.closeTheme();
+    else
+        close();
+}
+
+Page& MainWindow::page()
+{
+    Page*& page = m_pages[m_parts.model.tab()];
+    if (!page) {
+        page = m_parts.makePage(m_parts.model.tab());
+        m_stack->addWidget(page);
+    }
+    return *page;
 }
 
 void MainWindow::showModel()
 {
-    const MainTab tab = m_model.tab();
-    m_tabs->setCurrentIndex(static_cast<int>(tab));
-    m_title->setText(title(tab));
-    m_sentence->setText(sentenceOf(tab));
-    m_files->setText(sentenceOf(m_model.handedFiles()));
-    m_files->setVisible(!m_files->text().isEmpty());
+    Page& shown = page();
+    if (m_stack->currentWidget() != &shown)
+        m_stack->setCurrentWidget(&shown);
 }
 
-/// Makes the buttons anew, as things stand now; the one with the focus keeps it.
-void MainWindow::makeButtons()
+QString MainWindow::invitationTo(const QStringList& files)
 {
-    qsizetype focused = -1;
-    for (qsizetype index = 0; index < m_buttons.size(); ++index) {
-        if (m_buttons[index]->hasFocus())
-            focused = index;
-    }
-    while (QLayoutItem* item = m_column->takeAt(0)) {
-        delete item->widget();
-        delete item;
-    }
-    m_buttons.clear();
-    m_actions.refill();
-    for (QAction* action : m_actions.actions()) {
-        if (action->isSeparator()) {
-            m_column->addSpacing(margin / 2);
-            continue;
-        }
-        auto* button = new QToolButton;
-        button->setDefaultAction(action);
-        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        button->setIconSize(tabSymbolSize);
-        if (action->icon().isNull())
-            button->setIcon(blank()); // the texts stand below each other
-        button->setAutoRaise(true);
-        button->setFocusPolicy(Qt::StrongFocus);
-        button->setFixedWidth(columnWidth);
-        m_column->addWidget(button);
-        m_buttons += button;
-        // Queued: the button is still busy with its click.
-        connect(action, &QAction::triggered, this, &MainWindow::makeButtons, Qt::QueuedConnection);
-    }
-    m_column->addStretch();
-    if (focused >= 0 && focused < m_buttons.size())
-        m_buttons[focused]->setFocus();
+    if (files.isEmpty())
+        return {};
+    const QString themes = themeInvitation ? themeInvitation(files) : QString();
+    return themes.isEmpty() ? page().invitation(files) : themes;
 }
 
-void MainWindow::changeEvent(QEvent* event)
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        makeButtons();
+    const QString invitation = invitationTo(filesIn(*event->mimeData()));
+    if (invitation.isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    m_dropFrame->invite(invitation);
+}
+
+void MainWindow::dragLeaveEvent(QDragLeaveEvent*)
+{
+    m_dropFrame->hide();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    m_dropFrame->hide();
+    const QStringList files = filesIn(*event->mimeData());
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    if (themeInvitation && !themeInvitation(files).isEmpty())
+        dropThemes(files);
+    else
+        page().drop(files);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    Q_EMIT resized();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -2,46 +2,72 @@
 
 #pragma once
 
+#include "window/frame/MainWindowModel.h"
 #include "window/look/ActionMenu.h"
 
 #include <QWidget>
 
-class QLabel;
-class QTabBar;
-class QToolButton;
-class QVBoxLayout;
+#include <functional>
+#include <map>
+
+class QStackedWidget;
 
 namespace ambrelle {
 
-class MainWindowModel;
+class DropFrame;
+class Page;
+class ToolBar;
 
-/// The window behind the tray item. Its tabs are still empty; beside them it offers the quick actions as buttons.
+/// The window behind the tray item: a tool bar, below it the page of the chosen tab.
 class MainWindow : public QWidget {
     Q_OBJECT
 public:
-    MainWindow(MainWindowModel& model, ActionMenu::Items actions);
+    struct Parts {
+        MainWindowModel& model;
+        ActionMenu::Items more; ///< of the menu in the tool bar
+        std::function<Page*(MainTab)> makePage; ///< the window owns it
+    };
+
+    static constexpr QSize firstSize{1120, 760};
+    static constexpr QSize leastSize{720, 480};
+
+    explicit MainWindow(const Parts& parts);
+
+    ToolBar& toolBar() { return *m_toolBar; }
+    /// Theme files may be dropped on every tab.
+    std::function<QString(const QStringList& files)> themeInvitation;
+    std::function<void(const QStringList& files)> dropThemes;
+    /// What Ctrl+Z takes back; what Escape leaves before anything else, true when there was something.
+    std::function<void()> undo;
+    std::function<bool()> leaveOverlay;
+    QList<QWidget*> overlays; ///< above the page; each sees to its own place
 
 Q_SIGNALS:
     void closed();
+    void resized();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
-    void makeTabs();
-    void makePage(QVBoxLayout& page);
+    void makeShortcuts();
+    void addKey(const QKeySequence& key, const std::function<void()>& act);
     void showModel();
-    void makeButtons();
+    Page& page();
+    void escape();
+    void nextTab(int steps);
+    void nextArea();
+    QString invitationTo(const QStringList& files);
 
-    MainWindowModel& m_model;
-    ActionMenu m_actions; // never shown itself: it has the actions that the buttons carry
-    QTabBar* m_tabs;
-    QLabel* m_title;
-    QLabel* m_sentence;
-    QLabel* m_files;
-    QVBoxLayout* m_column;
-    QList<QToolButton*> m_buttons;
+    Parts m_parts;
+    ToolBar* m_toolBar;
+    QStackedWidget* m_stack;
+    DropFrame* m_dropFrame;
+    std::map<MainTab, Page*> m_pages;
 };
 
 } // namespace ambrelle

@@ -2,13 +2,30 @@
 
 #include "window/frame/MainWindowController.h"
 
+#include "platform/WindowHost.h"
 #include "window/frame/MainWindow.h"
 
 namespace ambrelle {
 
-MainWindowController::MainWindowController(ActionMenu::Items actions, QObject* parent)
-    : QObject(parent)
-    , m_actions(std::move(actions))
+namespace {
+
+constexpr std::chrono::seconds memoryOfWindow{60};
+constexpr double mostOfScreen = 0.92;
+
+/// The screen with that point, else the main one; nothing where no screen is connected.
+std::optional<ScreenInfo> screenWith(const QPointF& point, const QList<ScreenInfo>& screens)
+{
+    for (const ScreenInfo& screen : screens) {
+        if (screen.frame.contains(point))
+            return screen;
+    }
+    return screens.isEmpty() ? std::nullopt : std::optional(screens.first());
+}
+
+} // namespace
+
+MainWindowController::MainWindowController(const Collaborators& collaborators)
+    : m_with(collaborators)
 {
 }
 
@@ -29,15 +46,19 @@ void MainWindowController::toggle()
 
 void MainWindowController::show(MainTab tab)
 {
-    m_model.setTab(tab);
+    m_with.model.setTab(tab);
     show();
 }
 
 void MainWindowController::show()
 {
+    m_forgetting = {};
+    if (!isVisible())
+        m_with.model.shown();
     if (!m_window) {
-        m_window = std::make_unique<MainWindow>(m_model, m_actions);
+        m_window = m_with.make();
         connect(m_window.get(), &MainWindow::closed, this, &MainWindowController::closed, Qt::QueuedConnection);
+        place();
     }
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
@@ -45,10 +66,37 @@ void MainWindowController::show()
     m_window->activateWindow();
 }
 
+void MainWindowController::place()
+{
+    const MainWindowModel& model = m_with.model;
+    QSize size = model.size().isEmpty() ? MainWindow::firstSize : model.size();
+    QSize least = MainWindow::leastSize;
+    const std::optional<ScreenInfo> screen = screenWith(m_with.host.pointer(), m_with.host.screens());
+    if (screen) {
+        const QSize most = (screen->visibleFrame.size() * mostOfScreen).toSize();
+        size = size.expandedTo(least).boundedTo(most);
+        least = least.boundedTo(most);
+    }
+    m_window->setMinimumSize(least);
+    m_window->resize(size);
+    if (model.position()) {
+        m_window->move(*model.position());
+    } else if (screen) {
+        QRectF frame({}, QSizeF(size));
+        frame.moveCenter(screen->visibleFrame.center());
+        m_window->move(m_with.host.toolkitRect(frame).topLeft().toPoint());
+    }
+}
+
 void MainWindowController::closed()
 {
-    if (m_window && !m_window->isVisible()) // not opened again meanwhile
-        m_window.reset();
+    if (!m_window || m_window->isVisible()) // opened again meanwhile
+        return;
+    const QRect place = m_window->isMaximized() ? m_window->normalGeometry() : m_window->geometry();
+    m_with.model.hidden(place.size(), m_window->pos());
+    m_window.reset();
+    Q_EMIT hidden();
+    m_forgetting = m_with.clock.after(memoryOfWindow, [this] { Q_EMIT forgotten(); });
 }
 
 } // namespace ambrelle

@@ -2,35 +2,50 @@
 
 #pragma once
 
+#include "foundation/Clock.h"
 #include "window/frame/MainWindowModel.h"
-#include "window/look/ActionMenu.h"
 
+#include <functional>
 #include <memory>
 
 namespace ambrelle {
 
 class MainWindow;
+class WindowHost;
 
 /// The main window: made when it is opened and destroyed when it is closed, so that it costs nothing meanwhile.
 class MainWindowController : public QObject {
+    Q_OBJECT
 public:
-    /// `actions`: the quick actions, offered in the window too.
-    explicit MainWindowController(ActionMenu::Items actions, QObject* parent = nullptr);
+    struct Collaborators {
+        MainWindowModel& model;
+        const WindowHost& host;
+        Clock& clock;
+        std::function<std::unique_ptr<MainWindow>()> make;
+    };
+
+    explicit MainWindowController(const Collaborators& collaborators);
     ~MainWindowController() override;
 
-    MainWindowModel& model() { return m_model; }
+    MainWindowModel& model() { return m_with.model; }
     bool isVisible() const;
+    MainWindow* window() const { return m_window.get(); } ///< null while it is closed
 
     void toggle();
     void show(); ///< on the tab it last showed
     void show(MainTab tab);
 
+Q_SIGNALS:
+    void hidden();
+    void forgotten(); ///< the window has been closed for a minute: what it left behind may go
+
 private:
+    void place();
     void closed();
 
-    ActionMenu::Items m_actions;
-    MainWindowModel m_model;
+    Collaborators m_with;
     std::unique_ptr<MainWindow> m_window;
+    Ticket m_forgetting;
 };
 
 } // namespace ambrelle

@@ -55,6 +55,7 @@ void ActionMenu::fill(QMenu& menu, const QList<ActionItem>& items)
         QAction* action = menu.addAction(symbolIcon(item.symbol, m_ink), shown(item.title));
         action->setCheckable(item.checked.has_value());
         action->setChecked(item.checked.value_or(false));
+        action->setEnabled(item.enabled);
         action->setShortcut(item.key);
         action->setShortcutVisibleInContextMenu(true);
         if (item.handler)

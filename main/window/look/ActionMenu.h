@@ -10,6 +10,7 @@ namespace ambrelle {
 
 /// A menu made from items. It is filled whenever it is about to be shown, so that it tells how things stand.
 class ActionMenu : public QMenu {
+    Q_OBJECT
 public:
     using Items = std::function<QList<ActionItem>()>;
 

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: MIT
+
+#include "window/frame/ToolBar.h"
+
+#include "foundation/Wording.h"
+#include "window/frame/MainWindowModel.h"
+#include "window/frame/SearchField.h"
+#include "window/frame/TabStrip.h"
+#include "window/look/AppLook.h"
+#include "window/look/SymbolIcon.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int barHeight = 56;
+constexpr int barControlHeight = 32;
+constexpr int barGap = 8;
+constexpr int wideMargin = 24;
+constexpr int narrowMargin = 20;
+constexpr int wideWindow = 900; ///< from here on the tabs stand in the middle
+constexpr int foldedWindow = 760; ///< below it the search is a button
+constexpr int wideSearch = 212;
+constexpr int narrowSearch = 168;
+constexpr double newsDot = 7;
+
+QString symbolOf(MainTab tab)
+{
+    switch (tab) {
+    case MainTab::themes: return u"rectangle.on.rectangle.angled"_s;
+    case MainTab::widgets: return u"square.grid.2x2.fill"_s;
+    case MainTab::wallpapers: return u"photo"_s;
+    case MainTab::settings: return u"gearshape"_s;
+    }
+    return {};
+}
+
+QString searchPrompt(MainTab tab)
+{
+    switch (tab) {
+    case MainTab::themes: return Wording::tr("Search Themes");
+    case MainTab::widgets: return Wording::tr("Search Widgets");
+    case MainTab::wallpapers: return Wording::tr("Search Wallpapers");
+    case MainTab::settings: return Wording::tr("Search Settings");
+    }
+    return {};
+}
+
+QToolButton* makeButton(const QString& symbol, const QString& name, QWidget* parent)
+{
+    auto* button = new QToolButton(parent);
+    button->setIcon(symbolIcon(symbol));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(name);
+    button->setToolTip(name);
+    return button;
+}
+
+} // namespace
+
+ToolBar::ToolBar(MainWindowModel& model, ActionMenu::Items more, QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_menu(std::move(more))
+    , m_back(makeButton(u"chevron.left"_s, Wording::tr("Back to Themes"), this))
+    , m_tabs(new TabStrip(this))
+    , m_openSearch(makeButton(u"magnifyingglass"_s, Wording::tr("Search"), this))
+    , m_search(new SearchField(this))
+    , m_more(makeButton(u"ellipsis"_s, Wording::tr("More"), this))
+{
+    m_menu.setParent(this, m_menu.windowFlags());
+    m_back->setText(title(MainTab::themes));
+    m_back->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    makeTabs();
+    m_search->installEventFilter(this);
+    connect(m_back, &QToolButton::clicked, this, [this] { m_model.closeTheme(); });
+    connect(m_openSearch, &QToolButton::clicked, this, &ToolBar::search);
+    connect(m_more, &QToolButton::clicked, this, &ToolBar::openMenu);
+    connect(
+        m_search, &SearchField::typed, this, [this](const QString& text) { m_model.setSearch(m_model.tab(), text); });
+    connect(m_search, &SearchField::leftDownwards, this, &ToolBar::leftDownwards);
+    connect(m_search, &SearchField::entered, this, &ToolBar::searchEntered);
+    connect(&m_model, &MainWindowModel::changed, this, &ToolBar::showModel);
+    connect(&AppLook::shared(), &AppLook::changed, this, &ToolBar::arrange);
+    showModel();
+}
+
+void ToolBar::makeTabs()
+{
+    m_tabs->setAccessibleName(Wording::tr("Tabs"));
+    for (const MainTab tab : allCases<MainTab>())
+        m_tabs->addTab(symbolIcon(symbolOf(tab)), title(tab));
+    connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { m_model.setTab(static_cast<MainTab>(index)); });
+}
+
+void ToolBar::showModel()
+{
+    const MainTab tab = m_model.tab();
+    m_tabs->setCurrentIndex(static_cast<int>(tab));
+    m_search->setWhat(searchPrompt(tab), m_model.search(tab));
+    m_back->setVisible(tab == MainTab::themes && m_model.isThemeOpen());
+    arrange();
+}
+
+void ToolBar::takeFocus()
+{
+    m_tabs->setFocus(Qt::ShortcutFocusReason);
+}
+
+void ToolBar::search()
+{
+    foldSearch(false);
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+void ToolBar::foldSearch(bool fold)
+{
+    m_searchUnfolded = !fold;
+    arrange();
+}
+
+void ToolBar::openMenu()
+{
+    m_menu.refill();
+    m_more->setDown(true);
+    m_menu.adjustSize();
+    const int left = layoutDirection() == Qt::RightToLeft ? 0 : m_more->width() - m_menu.sizeHint().width();
+    m_menu.exec(m_more->mapToGlobal(QPoint(left, m_more->height() + barGap / 2)));
+    m_more->setDown(false);
+}
+
+void ToolBar::setNews(bool news)
+{
+    m_news = news;
+    update();
+}
+
+bool ToolBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_search && event->type() == QEvent::FocusOut && m_search->text().isEmpty())
+        foldSearch(true);
+    return QWidget::eventFilter(watched, event);
+}
+
+void ToolBar::resizeEvent(QResizeEvent*)
+{
+    arrange();
+}
+
+/// By hand: the tabs stand in the middle of the window, not of what the other controls leave.
+void ToolBar::arrange()
+{
+    const AppLook& look = AppLook::shared();
+    setFixedHeight(look.scaled(barHeight));
+    const int side = look.scaled(barControlHeight);
+    const int margin = width() < wideWindow ? narrowMargin : wideMargin;
+    const int top = (height() - side) / 2;
+    const bool folds = width() < foldedWindow && !m_searchUnfolded && m_model.search(m_model.tab()).isEmpty();
+    const auto place = [this](QWidget* widget, int x, int y, QSize size) {
+        widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), {QPoint(x, y), size}));
+    };
+    int right = width() - margin - side;
+    place(m_more, right, top, {side, side});
+    const int search = width() < wideWindow ? narrowSearch : wideSearch;
+    m_openSearch->setVisible(folds);
+    m_search->setVisible(!folds);
+    if (folds) {
+        right -= barGap + side;
+        place(m_openSearch, right, top, {side, side});
+    } else {
+        right -= barGap + search;
+        place(m_search, right, top, {search, side});
+    }
+    int left = margin;
+    if (!m_back->isHidden()) {
+        m_back->setToolButtonStyle(width() < wideWindow ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+        const int wide = width() < wideWindow ? side : m_back->sizeHint().width();
+        place(m_back, left, top, {wide, side});
+        left += wide + barGap;
+    }
+    const int room = right - barGap - left;
+    const bool over = width() < foldedWindow && !folds; // the search stands over the tabs
+    m_tabs->setVisible(!over);
+    if (over)
+        place(m_search, left, top, {width() - margin - side - barGap - left, side});
+    m_tabs->setCompact(m_tabs->fullWidth() > room);
+    const QSize size = m_tabs->sizeHint();
+    // In the middle of the window, or as near to it as the search lets them.
+    const int x = width() < wideWindow
+        ? left
+        : std::clamp((width() - size.width()) / 2, left, std::max(left, left + room - size.width()));
+    place(m_tabs, x, (height() - size.height()) / 2, size);
+    update();
+}
+
+void ToolBar::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const AppColours& colours = AppLook::shared().colours();
+    const double line = devicePixelRatioF() <= 1.75 ? 1 / devicePixelRatioF() : 1;
+    painter.fillRect(QRectF(0, height() - line, width(), line), colours.hairline);
+    if (m_news) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colours.accent);
+        painter.drawEllipse(QPointF(m_more->geometry().right(), m_more->geometry().top()), newsDot / 2, newsDot / 2);
+    }
+}
+
+} // namespace ambrelle

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "window/look/ActionMenu.h"
+
+#include <QWidget>
+
+class QToolButton;
+
+namespace ambrelle {
+
+class MainWindowModel;
+class SearchField;
+class TabStrip;
+
+/// The upper edge of the main window: the way back from a theme's page, the tabs, the search and the menu.
+class ToolBar final : public QWidget {
+    Q_OBJECT
+public:
+    /// The model outlives this.
+    ToolBar(MainWindowModel& model, ActionMenu::Items more, QWidget* parent = nullptr);
+
+    void takeFocus(); ///< the chosen tab has it
+    void search(); ///< the keyboard goes to the search
+    void openMenu();
+    /// A dot at the menu says that it has news.
+    void setNews(bool news);
+
+Q_SIGNALS:
+    void leftDownwards(); ///< from the search to what was found
+    void searchEntered();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void makeTabs();
+    void showModel();
+    void arrange();
+    void foldSearch(bool fold);
+
+    MainWindowModel& m_model;
+    ActionMenu m_menu;
+    QToolButton* m_back;
+    TabStrip* m_tabs;
+    QToolButton* m_openSearch;
+    SearchField* m_search;
+    QToolButton* m_more;
+    bool m_searchUnfolded = false; ///< over the tabs, in a narrow window
+    bool m_news = false;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "desktop/Desk.h"
+#include "desktop/QuickMenu.h"
+#include "platform/recording/RecordingMachine.h"
+#include "wallpapers/WallpaperStore.h"
+#include "window/frame/MainWindow.h"
+#include "window/frame/MainWindowController.h"
+#include "window/frame/WindowContext.h"
+#include "window/frame/WindowMaker.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace ambrelle {
+
+/// A whole desktop in memory, and all that the main window of it needs.
+struct WindowDesk {
+    explicit WindowDesk(UserDefaults& store)
+        : desk(store)
+    {
+    }
+
+    Desk desk;
+    WallpaperStore thumbnails{{wallpaperRecipe, {}}, {desk.folder.filePath(u"previews"_s), 1}};
+    RecordingLoginItem login;
+    RecordingPrograms programs;
+    QuickMenu::Updates updates;
+    QuickMenu quick{
+        {.manager = desk.manager, .settings = desk.settings, .focus = desk.services.live.focus, .updates = [this] {
+             return updates;
+         }}};
+    MainWindowModel model{desk.defaults};
+    WindowContext context{.model = model,
+        .manager = desk.manager,
+        .settings = desk.settings,
+        .accents = desk.accents,
+        .wallpaper = desk.wallpaper,
+        .thumbnails = thumbnails,
+        .host = desk.host,
+        .appearance = desk.appearance,
+        .monitor = desk.monitor,
+        .services = desk.services.live,
+        .feed = desk.feed,
+        .login = login,
+        .programs = programs,
+        .clock = desk.clock,
+        .quickMenu = quick};
+    MainWindowController window{{model, desk.host, desk.clock, [this] { return makeMainWindow(context); }}};
+};
+
+struct WindowTest : testing::Test {
+    UserDefaults store = UserDefaults::temporary();
+    WindowDesk home{store};
+
+    ~WindowTest() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+    MainWindow& opened(MainTab tab = MainTab::themes)
+    {
+        home.window.show(tab);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(home.window.window()));
+        return *home.window.window();
+    }
+    /// A key, for shortcuts of the window too.
+    static void press(QWidget& receiver, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&receiver, key, modifiers);
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace ambrelle
