@@ -102,22 +102,27 @@ void AppDelegate::clicked(const WidgetController& widget, const FaceAction& acti
 {
     if (action.verb != FaceAction::Verb::open) {
         perform(action, m_services);
-    } else if (m_settings.clickToOpen()) {
-        if (const QString complaint = m_actions.open(widget.config().kind); !complaint.isEmpty())
-            m_tip.show(widget, complaint);
+    } else if (!m_settings.clickToOpen()) {
+        return;
+    } else if (widget.config().kind == WidgetKind::weather && !m_services.weather.snapshot()) {
+        m_interface.askForCity(); // what its notice is about
+    } else if (widget.config().kind == WidgetKind::events && !m_services.events.status().isEmpty()) {
+        m_interface.showCalendars();
+    } else if (const QString complaint = m_actions.open(widget.config().kind); !complaint.isEmpty()) {
+        m_tip.show(widget, complaint);
     }
 }
 
 void AppDelegate::firstLaunch()
 {
-    // Not shown yet: its tabs are empty, and would hide the widgets that a first start is about.
-    m_interface.mainWindow().model().setShowWelcome(true);
     if (m_manager.controllers().isEmpty())
         m_manager.applyPreset(m_settings.defaultSkin(), true);
     // Only with widgets, which need a screen, and after them: a disk that does not take them does not take this either.
     // Until then every start is a first one.
-    if (!m_manager.controllers().isEmpty())
-        m_settings.setHasLaunchedBefore(true);
+    if (m_manager.controllers().isEmpty())
+        return;
+    m_settings.setHasLaunchedBefore(true);
+    m_interface.welcome();
 }
 
 } // namespace ambrelle

@@ -17,6 +17,7 @@ namespace ambrelle {
 namespace {
 
 constexpr std::chrono::milliseconds trayDelay{500};
+constexpr std::chrono::milliseconds welcomeDelay{700};
 
 } // namespace
 
@@ -65,17 +66,36 @@ void UserInterface::start()
     });
 }
 
+void UserInterface::welcome()
+{
+    m_model.setShowWelcome(true);
+    m_welcome = m_clock.after(welcomeDelay, [this] { open(MainTab::themes); });
+}
+
+void UserInterface::askForCity()
+{
+    m_model.askForCity();
+    open({});
+}
+
+void UserInterface::showCalendars()
+{
+    m_model.setSettingsSection(SettingsSection::calendars);
+    open(MainTab::settings);
+}
+
 void UserInterface::reopen(const QStringList& files)
 {
     QStringList paths;
     for (const QString& file : files)
         paths += QFileInfo(file).absoluteFilePath();
-    m_mainWindow.model().addHandedFiles(paths);
+    m_model.addHandedFiles(paths);
     open({});
 }
 
 void UserInterface::open(std::optional<MainTab> tab)
 {
+    followAppearance(); // it may be wanted before the tray is
     if (tab)
         m_mainWindow.show(*tab);
     else

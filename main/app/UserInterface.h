@@ -36,10 +36,13 @@ public:
 
     /// Looks for a tray, after the widgets had time to be painted.
     void start();
+    /// The first start: the main window with its welcome, after the widgets had time to be painted.
+    void welcome();
+    /// The weather's city and the calendars, where the settings of them are.
+    void askForCity();
+    void showCalendars();
     /// The program was started again, maybe with theme files.
     void reopen(const QStringList& files);
-
-    MainWindowController& mainWindow() { return m_mainWindow; }
 
 private:
     void open(std::optional<MainTab> tab);
@@ -56,6 +59,7 @@ private:
     WidgetSettings m_widgetSettings;
     StatusItemController m_statusItem;
     Ticket m_start;
+    Ticket m_welcome;
 };
 
 } // namespace ambrelle

@@ -9,6 +9,8 @@
 #include "support/FullDisk.h"
 #include "support/Variable.h"
 #include "support/WaitUntil.h"
+#include "window/frame/MainWindow.h"
+#include "window/frame/TabStrip.h"
 #include "window/look/ActionMenu.h"
 
 #include <QAction>
@@ -27,6 +29,15 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr const char* launchedKey = "hasLaunchedBefore";
+
+MainWindow* mainWindow()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* found = qobject_cast<MainWindow*>(window); found && found->isVisible())
+            return found;
+    }
+    return nullptr;
+}
 
 /// The whole program on a machine of its own. Its store may be another one's, which is what a restart finds.
 struct Program {
@@ -81,6 +92,11 @@ TEST_F(StartUp, FirstLaunchFillsTheDesktop)
         EXPECT_NE(picture, blank) << i;
     }
     EXPECT_EQ(defaults.boolean(QString::fromLatin1(launchedKey)), true);
+    EXPECT_FALSE(mainWindow()) << "the widgets come first";
+    program.machine.clock.advance(1s);
+    ASSERT_TRUE(mainWindow());
+    EXPECT_EQ(mainWindow()->findChild<TabStrip*>()->currentIndex(), 0);
+    EXPECT_TRUE(MainWindowModel(defaults).showsWelcome());
 
     const RecordingDesktopPicture& desktop = program.machine.desktopPicture;
     ASSERT_TRUE(waitUntil([&] { return !desktop.sets.isEmpty(); })) << "nobody asked for the wallpaper";
@@ -316,6 +332,27 @@ TEST_F(StartUp, ClicksAreCarriedOut)
         }
     }
     EXPECT_FALSE(machine.announcer.said.isEmpty()) << "no click on the focus timer starts it";
+}
+
+TEST_F(StartUp, AClickOnWhatIsMissingOpensItsSetting)
+{
+    const WidgetConfig weather{WidgetKind::weather, Skin::glass, WidgetScale::medium, {100, 400}};
+    const WidgetConfig events{WidgetKind::events, Skin::glass, WidgetScale::medium, {600, 400}};
+    store({weather, events});
+    Program program(defaults);
+    program.machine.calendars.currentWhyNot = u"There are no calendars."_s;
+    program.delegate.start();
+    QCoreApplication::processEvents();
+    program.machine.clock.advance(1s);
+    program.machine.calendars.answer();
+    for (const WidgetConfig& widget : {weather, events}) {
+        program.machine.windows.click(widget.frame().center());
+        ASSERT_TRUE(mainWindow());
+        EXPECT_EQ(mainWindow()->findChild<TabStrip*>()->currentIndex(), 3);
+        mainWindow()->close();
+        QCoreApplication::processEvents();
+    }
+    EXPECT_THAT(program.machine.programs.opened, IsEmpty());
 }
 
 TEST_F(StartUp, LooksForTheTrayOnceTheWidgetsArePainted)

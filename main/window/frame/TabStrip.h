@@ -8,6 +8,7 @@ namespace ambrelle {
 
 /// The window's tabs as one segmented row. Where not all words have room, only the chosen tab keeps its word.
 class TabStrip final : public QTabBar {
+    Q_OBJECT
 public:
     explicit TabStrip(QWidget* parent = nullptr);
 
