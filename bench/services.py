@@ -163,4 +163,5 @@ def main():
         idle(program)
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -121,4 +121,5 @@ def main():
     sys.exit(f"more than {MOST} ms, or a flush by the main thread" if failed else 0)
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -5,11 +5,22 @@
 #include <QMetaObject>
 #include <QObject>
 
+#include <vector>
+
 namespace ambrelle {
 
 namespace {
 
 constexpr int threadExpiry = 1000; // milliseconds without work
+
+/// Keeps a pool whose thread hangs for as long as the process lives. Leak checkers find it here.
+void leave(std::unique_ptr<QThreadPool> pool)
+{
+    static std::mutex mutex;
+    static auto* left = new std::vector<std::unique_ptr<QThreadPool>>;
+    const std::lock_guard lock(mutex);
+    left->push_back(std::move(pool));
+}
 
 } // namespace
 
@@ -32,7 +43,7 @@ SerialWorker::~SerialWorker()
     m_pool->clear();
     // The end of a pool would wait without limit.
     if (!m_pool->waitForDone(static_cast<int>(m_patience.count())))
-        static_cast<void>(m_pool.release());
+        leave(std::move(m_pool));
 }
 
 void SerialWorker::Way::answer(std::function<void()> answer)
