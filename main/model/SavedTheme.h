@@ -19,10 +19,17 @@ struct SavedWidget {
     double fy = 0; ///< and from the bottom
 
     bool operator==(const SavedWidget&) const = default;
+
+    /// Parts that are no number are stored as 0, and those far beyond any screen as the nearest that is not.
+    QJsonObject encode() const;
+    /// Nothing when a member is missing or malformed, and then `reader` tells which one.
+    static std::optional<SavedWidget> decode(JsonReader& reader);
 };
 
 /// A desktop that the user saved: its widgets, and the skin whose wallpaper lay behind them.
 struct SavedTheme {
+    static constexpr qsizetype longestName = 60; ///< letters
+
     QUuid id;
     QString name;
     QDateTime created;
@@ -31,8 +38,15 @@ struct SavedTheme {
 
     /// The skin of most of its widgets, of several the one that comes first among them; glass without any.
     Skin dominantSkin() const;
+    /// The name that a theme gets from what the user wrote: without spaces around it and not too long. May be empty.
+    static QString nameFrom(const QString& text);
 
     bool operator==(const SavedTheme&) const = default;
+
+    /// Without a wallpaper its key is left out; the date is seconds since 2001-01-01 00:00 UTC.
+    QJsonObject encode() const;
+    /// Nothing when a member is missing or malformed, a widget's too, and then `reader` tells which one.
+    static std::optional<SavedTheme> decode(JsonReader& reader);
 };
 
 } // namespace ambrelle
