@@ -2,6 +2,7 @@
 
 #include "model/AppSettings.h"
 
+#include "foundation/Json.h"
 #include "foundation/UserDefaults.h"
 
 #include <QLocale>
@@ -54,7 +55,7 @@ bool countsInFahrenheit()
 
 template <typename T> Setting<T> AppSettings::stored(QLatin1StringView key, T fallback)
 {
-    return Setting<T>(key, load<T>(m_defaults, key, std::move(fallback)), [this](const Setting<T>& setting) {
+    return Setting<T>(key, load<T>(m_defaults, key, fallback), fallback, [this](const Setting<T>& setting) {
         m_defaults.set(setting.key(), storedForm(setting()));
         Q_EMIT changed(setting.key());
     });
@@ -63,7 +64,7 @@ template <typename T> Setting<T> AppSettings::stored(QLatin1StringView key, T fa
 AppSettings::AppSettings(UserDefaults& defaults, QObject* parent)
     : QObject(parent)
     , m_defaults(defaults)
-    , editing("editing"_L1, false, [this](const Setting<bool>& setting) { Q_EMIT changed(setting.key()); })
+    , editing("editing"_L1, false, false, [this](const Setting<bool>& setting) { Q_EMIT changed(setting.key()); })
     , layer(stored("layer"_L1, WidgetLayer::desktop))
     , locked(stored("locked"_L1, false))
     , interval(stored("interval"_L1, standardInterval))
@@ -92,6 +93,57 @@ AppSettings& AppSettings::shared()
 {
     static AppSettings settings(UserDefaults::shared());
     return settings;
+}
+
+template <typename Settings, typename Visitor> void AppSettings::visitPreferences(Settings& settings, Visitor&& visit)
+{
+    visit(settings.layer);
+    visit(settings.locked);
+    visit(settings.interval);
+    visit(settings.defaultSkin);
+    visit(settings.weatherCity);
+    visit(settings.useFahrenheit);
+    visit(settings.excludedCalendars);
+    visit(settings.downloadResetMinutes);
+    visit(settings.wallpaperShuffleMinutes);
+    visit(settings.showScene);
+    visit(settings.clickToOpen);
+    visit(settings.animations);
+    visit(settings.overlap);
+    visit(settings.followAppearance);
+    visit(settings.focusMinutes);
+    visit(settings.breakMinutes);
+    visit(settings.longBreakMinutes);
+    visit(settings.focusSound);
+    visit(settings.checkForUpdates);
+    visit(settings.installUpdates);
+}
+
+QJsonObject AppSettings::snapshot() const
+{
+    QJsonObject values;
+    visitPreferences(*this, [&values]<typename T>(const Setting<T>& setting) {
+        values.insert(setting.key(), JsonForm<T>::write(setting()));
+    });
+    return values;
+}
+
+void AppSettings::restore(const QJsonObject& values)
+{
+    const UserDefaults::Transaction all(m_defaults);
+    visitPreferences(*this, [&values]<typename T>(Setting<T>& setting) {
+        if (std::optional<T> value = JsonForm<T>::read(values.value(setting.key())))
+            setting.set(std::move(*value));
+    });
+}
+
+void AppSettings::reset()
+{
+    const UserDefaults::Transaction all(m_defaults);
+    visitPreferences(*this, [this](auto& setting) {
+        setting.set(setting.standard());
+        m_defaults.remove(setting.key()); // the standard of another version, or in another country, is then taken
+    });
 }
 
 bool AppSettings::hasLaunchedBefore() const

@@ -5,6 +5,7 @@
 #include "model/Skin.h"
 #include "model/WidgetOptions.h"
 
+#include <QJsonObject>
 #include <QObject>
 #include <QStringList>
 
@@ -19,9 +20,10 @@ class UserDefaults;
 /// listens.
 template <typename T> class Setting {
 public:
-    Setting(QLatin1StringView key, T value, std::function<void(const Setting&)> changed)
+    Setting(QLatin1StringView key, T value, T standard, std::function<void(const Setting&)> changed)
         : m_key(key)
         , m_value(std::move(value))
+        , m_standard(std::move(standard))
         , m_changed(std::move(changed))
     {
     }
@@ -30,6 +32,8 @@ public:
 
     QString key() const { return m_key; }
     const T& operator()() const { return m_value; }
+    /// What it is until the user chooses.
+    const T& standard() const { return m_standard; }
     void set(T value)
     {
         if (value == m_value)
@@ -41,6 +45,7 @@ public:
 private:
     QLatin1StringView m_key;
     T m_value;
+    T m_standard;
     std::function<void(const Setting&)> m_changed;
 };
 
@@ -77,6 +82,13 @@ public:
     Setting<bool> checkForUpdates;
     Setting<bool> installUpdates;
 
+    /// What reset() changes, by key.
+    QJsonObject snapshot() const;
+    /// Brings back what `snapshot` gave; who listens is told of every setting that changed.
+    void restore(const QJsonObject& values);
+    /// As if the user had never chosen anything, but the own pictures stay. Who listens is told as by `restore`.
+    void reset();
+
     /// Read from and written to the store itself; nobody is told.
     bool hasLaunchedBefore() const;
     void setHasLaunchedBefore(bool value);
@@ -87,6 +99,7 @@ Q_SIGNALS:
 
 private:
     template <typename T> Setting<T> stored(QLatin1StringView key, T fallback);
+    template <typename Settings, typename Visitor> static void visitPreferences(Settings& settings, Visitor&& visit);
 };
 
 } // namespace ambrelle

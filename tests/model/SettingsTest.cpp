@@ -6,6 +6,7 @@
 
 #include <QJsonObject>
 #include <QLocale>
+#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +79,48 @@ TEST(AppSettingsTest, ChangesAreStoredToldAndLoadedAgain)
     EXPECT_EQ(again.weatherCity(), u"Z\u00FCrich"_s);
     EXPECT_FALSE(again.editing());
     EXPECT_TRUE(again.hasLaunchedBefore());
+}
+
+// Whatever its type, each value is found in the store; those that stay are listed.
+TEST(AppSettingsTest, ResettingTakesBackEveryChoiceAndCanBeUndone)
+{
+    UserDefaults defaults = UserDefaults::temporary();
+    const QJsonObject standards = AppSettings(defaults).snapshot();
+    EXPECT_EQ(standards.size(), 20);
+    for (auto value = standards.begin(); value != standards.end(); ++value) {
+        if (value->isBool())
+            defaults.set(value.key(), !value->toBool());
+        else if (value->isDouble())
+            defaults.set(value.key(), value->toInt() + 1);
+        else if (value->isArray())
+            defaults.set(value.key(), QStringList{u"work"_s});
+    }
+    defaults.set(u"layer"_s, u"floating"_s);
+    defaults.set(u"overlap"_s, u"hide"_s);
+    defaults.set(u"defaultSkin"_s, u"neon"_s);
+    defaults.set(u"weatherCity"_s, u"Bergen"_s);
+    defaults.set(u"customWallpapers"_s, QStringList{u"/a"_s});
+    AppSettings settings(defaults);
+    settings.setHasLaunchedBefore(true);
+    settings.editing.set(true);
+    const QJsonObject chosen = settings.snapshot();
+    for (const QString& key : standards.keys())
+        EXPECT_NE(chosen[key], standards[key]) << key.toStdString();
+
+    QStringList told;
+    QObject::connect(&settings, &AppSettings::changed, [&](const QString& key) { told << key; });
+    const auto isAllTold = [&] { return QSet(told.begin(), told.end()).size() == 20 && told.size() == 20; };
+    settings.reset();
+    EXPECT_EQ(settings.snapshot(), standards);
+    EXPECT_TRUE(isAllTold()) << told.join(u' ').toStdString();
+    EXPECT_FALSE(defaults.boolean(u"useFahrenheit"_s)) << "the country decides again";
+    EXPECT_EQ(AppSettings(defaults).snapshot(), standards);
+    EXPECT_TRUE(settings.editing() && settings.hasLaunchedBefore());
+    EXPECT_EQ(settings.customWallpapers(), QStringList{u"/a"_s});
+    told.clear();
+    settings.restore(chosen);
+    EXPECT_TRUE(isAllTold()) << told.join(u' ').toStdString();
+    EXPECT_EQ(AppSettings(defaults).snapshot(), chosen);
 }
 
 TEST(AppSettingsTest, TheCountryDecidesTheTemperatureUnitUntilTheUserDoes)
