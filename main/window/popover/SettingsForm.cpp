@@ -3,6 +3,7 @@
 #include "window/popover/SettingsForm.h"
 
 #include "window/look/Segments.h"
+#include "window/look/AppLook.h"
 #include "window/look/WindowStyle.h"
 
 #include <QCheckBox>
@@ -92,7 +93,7 @@ void SettingsForm::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     for (const QWidget* rule : m_rules)
-        painter.fillRect(rule->geometry(), WindowStyle::edge(palette()));
+        painter.fillRect(rule->geometry(), AppLook::shared().colours().edge);
 }
 
 } // namespace ambrelle

@@ -5,6 +5,7 @@
 #include "drawing/Colours.h"
 #include "drawing/Symbols.h"
 #include "foundation/Wording.h"
+#include "window/look/AppLook.h"
 #include "window/look/WindowStyle.h"
 #include "window/popover/KindRows.h"
 #include "window/popover/SettingsForm.h"
@@ -135,7 +136,7 @@ void SettingsPopover::paintEvent(QPaintEvent*)
     if (m_composited)
         paintShadow(painter, card());
     painter.setBrush(palette().color(QPalette::Window));
-    painter.setPen(QPen(WindowStyle::edge(palette()), 1));
+    painter.setPen(QPen(AppLook::shared().colours().edge, 1));
     painter.drawRoundedRect(card().adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
     paintHeader(painter);
 }
