@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+
+#include "window/frame/Sheets.h"
+
+#include "foundation/Wording.h"
+#include "platform/LoginItem.h"
+
+namespace ambrelle::sheets {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+SheetButton cancelButton()
+{
+    return {cancel, Wording::tr("Cancel"), SheetButton::Role::cancel};
+}
+
+SheetButton actionButton(const QString& title)
+{
+    return {accept, title, SheetButton::Role::action};
+}
+
+SheetButton dangerButton(const QString& title)
+{
+    return {accept, title, SheetButton::Role::danger};
+}
+
+SheetContent failure(const QString& title, const QString& text)
+{
+    return {.title = title, .text = text, .warning = true, .buttons = {actionButton(Wording::tr("OK"))}};
+}
+
+SheetContent replacing(const QString& theme, bool oneScreen, const QList<SheetButton>& buttons)
+{
+    QString text = Wording::tr("Your current widgets will be replaced.");
+    if (oneScreen)
+        text += u' ' + Wording::tr("Widgets on other screens stay.");
+    return {.title = Wording::tr("Apply “%1”?").arg(theme), .text = text, .buttons = buttons};
+}
+
+} // namespace
+
+SheetContent applyTheme(const QString& theme, bool oneScreen)
+{
+    return replacing(theme, oneScreen,
+        {cancelButton(), {keepWallpaper, Wording::tr("Keep My Wallpaper"), SheetButton::Role::other},
+            actionButton(Wording::tr("Apply with Wallpaper"))});
+}
+
+SheetContent applyTheme(const QString& theme, bool oneScreen, const QString& action)
+{
+    return replacing(theme, oneScreen, {cancelButton(), actionButton(action)});
+}
+
+SheetContent save(const QString& name, const QStringList& screens)
+{
+    SheetContent content{.title = Wording::tr("Save Current Desktop"),
+        .text = Wording::tr("Name this desktop. It will appear under My Themes."),
+        .field = SheetField{.label = Wording::tr("Name"), .value = name},
+        .buttons = {cancelButton(), actionButton(Wording::tr("Save"))}};
+    if (screens.size() > 1)
+        content.choice = SheetChoice{.label = Wording::tr("Screen"), .titles = screens};
+    return content;
+}
+
+SheetContent removeTheme(const QString& theme)
+{
+    return {.title = Wording::tr("Delete “%1”?").arg(theme),
+        .text = Wording::tr("This removes the saved desktop. Widgets on your desktop now aren't affected."),
+        .buttons = {cancelButton(), dangerButton(Wording::tr("Delete"))}};
+}
+
+SheetContent importFailed(const QString& fileName)
+{
+    return failure(Wording::tr("Couldn't open “%1”").arg(fileName),
+        Wording::tr("It isn't a Ambrelle theme file, or it was made by a newer version."));
+}
+
+SheetContent loginRefused(const QString& sentence)
+{
+    QString reason = sentence;
+    if (reason.startsWith(LoginItem::refusal())) {
+        reason.remove(0, LoginItem::refusal().size());
+        while (!reason.isEmpty() && (reason.front().isSpace() || reason.front().isPunct()))
+            reason.remove(0, 1);
+    }
+    return failure(LoginItem::refusal(), reason);
+}
+
+SheetContent removeAll(int widgets, const QString& screen)
+{
+    const QString title = screen.isEmpty() ? Wording::tr("Remove all %n widgets?", nullptr, widgets)
+                                           : Wording::tr("Remove all %n widgets on %1?", nullptr, widgets).arg(screen);
+    return {.title = title,
+        .text = Wording::tr("You can undo this for a few seconds."),
+        .buttons = {cancelButton(), dangerButton(Wording::tr("Remove"))}};
+}
+
+SheetContent reset()
+{
+    return {.title = Wording::tr("Reset all settings?"),
+        .text = Wording::tr("Widgets, themes, pictures and accents stay as they are."),
+        .buttons = {cancelButton(), dangerButton(Wording::tr("Reset"))}};
+}
+
+} // namespace ambrelle::sheets
