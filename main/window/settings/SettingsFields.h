@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QSpinBox>
+#include <QWidget>
+
+class QLineEdit;
+
+namespace ambrelle {
+
+class Button;
+struct RowRange;
+
+/// A number with arrows. It changes on Enter, by the arrows and when the focus goes; the wheel leaves it alone, since
+/// the page scrolls under the pointer.
+class NumberField final : public QSpinBox {
+    Q_OBJECT
+public:
+    explicit NumberField(const RowRange& range, QWidget* parent = nullptr);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+/// A line of text, and the button that stores it.
+class TextEntry final : public QWidget {
+    Q_OBJECT
+public:
+    TextEntry(const QString& placeholder, const QString& button, QWidget* parent = nullptr);
+
+    /// What is stored by now; replaces what stands there, unless the user is typing something else.
+    void setStored(const QString& text);
+    QLineEdit* field() const { return m_field; }
+    Button* button() const { return m_button; }
+
+Q_SIGNALS:
+    void entered(const QString& text); ///< trimmed, and not what is stored
+
+private:
+    void enter();
+    void judge();
+
+    QLineEdit* m_field;
+    Button* m_button;
+    QString m_stored;
+};
+
+} // namespace ambrelle
