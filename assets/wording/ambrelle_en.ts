@@ -94,5 +94,23 @@
             <numerusform>Every %n minutes</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Remove all %n widgets?</source>
+        <translation>
+            <numerusform>Remove the widget?</numerusform>
+            <numerusform>Remove all %n widgets?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove all %n widgets on %1?</source>
+        <translation>
+            <numerusform>Remove the widget on %1?</numerusform>
+            <numerusform>Remove all %n widgets on %1?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>It isn't a Ambrelle theme file, or it was made by a newer version.</source>
+        <translation>It isn't an Ambrelle theme file, or it was made by a newer version.</translation>
+    </message>
 </context>
 </TS>

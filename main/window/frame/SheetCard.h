@@ -46,10 +46,10 @@ private:
 
     SheetContent m_content;
     QScrollArea* m_scroll;
-    QWidget* m_body;
-    QBoxLayout* m_row;
     QLineEdit* m_field = nullptr;
     QComboBox* m_choice = nullptr;
+    QWidget* m_body; // after what is made with it
+    QBoxLayout* m_row;
     QList<Button*> m_buttons;
     Button* m_standard = nullptr;
 };

@@ -7,7 +7,6 @@
 #include "window/look/Transitions.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -129,7 +128,7 @@ void SheetHost::resizeEvent(QResizeEvent*)
 
 bool SheetHost::focusNextPrevChild(bool next)
 {
-    QWidget* focused = QApplication::focusWidget();
+    QWidget* focused = window()->focusWidget();
     if (!m_card)
         return QWidget::focusNextPrevChild(next);
     QWidget* start = focused && isAncestorOf(focused) ? focused : m_card;

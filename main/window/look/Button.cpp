@@ -11,12 +11,19 @@
 #include <QStyleOptionButton>
 
 #include <algorithm>
+#include <cmath>
 
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Of a line, in whole points that have room for it.
+int lineWidth(const QFont& font, const QString& line)
+{
+    return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(line)));
+}
 
 constexpr int buttonMargin = 13; // left and right of what it shows
 constexpr int linkMargin = 4;
@@ -73,7 +80,7 @@ QSize Button::sizeHint() const
         return {height, height};
     const int symbol = m_symbol.isEmpty() ? 0 : AppLook::shared().scaled(buttonSymbol) + buttonGap;
     const int margin = m_kind == Kind::link ? linkMargin : buttonMargin;
-    return {fontMetrics().horizontalAdvance(m_title) + symbol + 2 * margin, height};
+    return {lineWidth(font(), m_title) + symbol + 2 * margin, height};
 }
 
 void Button::keyPressEvent(QKeyEvent* event)
@@ -128,8 +135,10 @@ void Button::paintEvent(QPaintEvent*)
     const int side = AppLook::shared().scaled(buttonSymbol);
     const int symbolRoom = m_symbol.isEmpty() ? 0 : side + (m_title.isEmpty() ? 0 : buttonGap);
     const int margin = m_title.isEmpty() ? 0 : m_kind == Kind::link ? linkMargin : buttonMargin;
-    const QString shown = fontMetrics().elidedText(m_title, Qt::ElideRight, width() - symbolRoom - 2 * margin);
-    const int wide = symbolRoom + fontMetrics().horizontalAdvance(shown);
+    const int room = width() - symbolRoom - 2 * margin;
+    const QString shown =
+        lineWidth(font(), m_title) <= room ? m_title : fontMetrics().elidedText(m_title, Qt::ElideRight, room);
+    const int wide = symbolRoom + lineWidth(font(), shown);
     QRect area((width() - wide) / 2, 0, wide, height());
     if (symbolRoom > 0) {
         QRect place(area.left(), (height() - side) / 2, side, side);

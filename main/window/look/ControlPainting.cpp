@@ -70,7 +70,8 @@ void drawPlate(QPainter& painter, const ControlPlate& plate)
     const QStyle::State state = plate.option.state;
     const bool enabled = isEnabled(plate.option);
     const bool hovered = enabled && plate.followsPointer && state.testFlag(QStyle::State_MouseOver);
-    double mix = hoverMix * transition(plate.followsPointer ? plate.widget : nullptr, MovingPart::hover, hovered ? 1 : 0);
+    double mix =
+        hoverMix * transition(plate.followsPointer ? plate.widget : nullptr, MovingPart::hover, hovered ? 1 : 0);
     if (enabled && (state & (QStyle::State_Sunken | QStyle::State_On)))
         mix = pressedMix;
     const QColor ink = plate.ink.isValid() ? plate.ink : look().text;

@@ -17,6 +17,7 @@ public:
     /// `name` says what is going on.
     Progress(Shape shape, const QString& name, QWidget* parent = nullptr);
 
+    bool isTurning() const { return m_turn.state() == QAbstractAnimation::Running; }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 

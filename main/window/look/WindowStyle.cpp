@@ -144,6 +144,8 @@ QSize WindowStyle::sizeFromContents(
     ContentsType type, const QStyleOption* option, const QSize& contents, const QWidget* widget) const
 {
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_ComboBox)
+        size.rwidth() += 2 * boxMargin;
     if (type == CT_ComboBox || type == CT_LineEdit || type == CT_PushButton || type == CT_SpinBox)
         size.setHeight(std::max(option->fontMetrics.height() + 2 * verticalPadding, controlHeight));
     else if (type == CT_ItemViewItem)
@@ -168,7 +170,12 @@ QRect WindowStyle::subControlRect(
     if (const auto* box = qstyleoption_cast<const QStyleOptionSpinBox*>(option); box && control == CC_SpinBox)
         return spinBoxPart(*box, part);
     const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
-    return control == CC_ComboBox && part == SC_ComboBoxEditField ? rect.adjusted(boxMargin, 0, 0, 0) : rect;
+    const bool mirrored = option->direction == Qt::RightToLeft;
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+        return rect.translated(mirrored ? -boxMargin : boxMargin, 0);
+    if (control == CC_ComboBox && part == SC_ComboBoxArrow)
+        return rect.translated(mirrored ? boxMargin : -boxMargin, 0);
+    return rect;
 }
 
 int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const

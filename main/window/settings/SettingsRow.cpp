@@ -25,7 +25,6 @@ constexpr int captionGap = 1;
 constexpr int leastRow = 46;
 constexpr int leastCaptionedRow = 52;
 constexpr int leastTextWidth = 190; // beside a control
-constexpr int headingAbove = 6;
 constexpr int headingBelow = 12;
 constexpr double groupCorner = 12;
 
@@ -142,7 +141,7 @@ SettingsGroup::SettingsGroup(const QString& title, QWidget* parent)
     if (title.isEmpty())
         return;
     auto* heading = new TextLabel(TextRole::heading, title);
-    heading->setContentsMargins(2, headingAbove, 0, headingBelow);
+    heading->setContentsMargins(2, 0, 0, headingBelow);
     m_column->addWidget(heading);
 }
 

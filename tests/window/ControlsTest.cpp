@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+
+#include "support/WaitUntil.h"
+#include "window/look/AppLook.h"
+#include "window/look/Button.h"
+#include "window/look/FocusRing.h"
+#include "window/look/Progress.h"
+#include "window/look/Segments.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QMouseEvent>
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(Segments, FoldCountsThenWordsAndNeverTheChosenOne)
+{
+    for (const double scale : {1.0, 1.5}) {
+        AppLook::shared().apply({.textScale = scale});
+        Segments tabs(QList<Segments::Item>{
+            {u"Concept"_s, u"sparkles"_s, 17}, {u"Minimal"_s, u"circle"_s, 7}, {u"My Themes"_s, u"star.fill"_s, 2}});
+        tabs.setChosen(1);
+        tabs.setAccessibleName(u"Section"_s);
+        tabs.show();
+        const QList<Segment*> all = tabs.findChildren<Segment*>();
+        for (int width = tabs.sizeHint().width(); width >= tabs.minimumSizeHint().width(); --width) {
+            tabs.resize(width, tabs.sizeHint().height());
+            EXPECT_TRUE(all[1]->toolTip().isEmpty()) << "the chosen one lost its word at " << width;
+            EXPECT_EQ(all[0]->toolTip().isEmpty(), all[2]->toolTip().isEmpty());
+            for (int index = 0; index < 3; ++index) {
+                ASSERT_TRUE(tabs.rect().contains(all[index]->geometry())) << width;
+                ASSERT_TRUE(index == 0 || all[index - 1]->geometry().right() < all[index]->geometry().left());
+            }
+        }
+        EXPECT_EQ(all[0]->toolTip(), u"Concept"_s) << "a symbol without its word";
+        const int narrow = tabs.minimumSizeHint().width();
+        all[2]->click();
+        EXPECT_TRUE(all[2]->toolTip().isEmpty());
+        EXPECT_EQ(all[1]->toolTip(), u"Minimal"_s);
+        EXPECT_NE(tabs.minimumSizeHint().width(), narrow);
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(all[0])->text(QAccessible::Name), u"Section: Concept"_s);
+    }
+    AppLook::shared().apply({});
+}
+
+TEST(Button, AmpersandsAreTextAndEnterPresses)
+{
+    Button button(u"Edit & Move Widgets"_s);
+    EXPECT_TRUE(button.shortcut().isEmpty());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), u"Edit & Move Widgets"_s);
+    int pressed = 0;
+    QObject::connect(&button, &Button::clicked, &button, [&] { ++pressed; });
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(&button, &enter);
+    EXPECT_EQ(pressed, 1);
+}
+
+TEST(FocusRing, ComesWithKeysAndGoesWithAClick)
+{
+    AppLook::shared().apply({.reducesMotion = true});
+    QWidget window;
+    auto* row = new QHBoxLayout(&window);
+    auto* first = new Button(u"One"_s);
+    auto* second = new Button(u"Two"_s);
+    row->addWidget(first);
+    row->addWidget(second);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(waitUntil([&] { return window.isActiveWindow(); }));
+    const auto frame = [&]() -> QWidget* {
+        auto* found = window.findChild<QFocusFrame*>();
+        return found && found->isVisible() ? found : nullptr;
+    };
+    const auto clickOn = [](QWidget* widget) {
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(3, 3), widget->mapToGlobal(QPointF(3, 3)), Qt::LeftButton,
+            Qt::LeftButton, {});
+        QCoreApplication::sendEvent(widget, &press);
+    };
+    clickOn(first);
+    first->setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(frame());
+    second->setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(frame());
+    EXPECT_EQ(frame()->geometry(), second->geometry().adjusted(-3, -3, 3, 3));
+    const QColor ring = window.grab().toImage().pixelColor(second->geometry().center().x(), second->y() - 2);
+    EXPECT_EQ(ring, AppLook::shared().colours().accent);
+    clickOn(second);
+    EXPECT_FALSE(frame());
+    QKeyEvent arrow(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+    QCoreApplication::sendEvent(second, &arrow);
+    EXPECT_TRUE(FocusRing::shared().isShown());
+    AppLook::shared().apply({});
+}
+
+TEST(Progress, StandsStillWhereMotionIsNotWished)
+{
+    for (const bool still : {false, true}) {
+        AppLook::shared().apply({.reducesMotion = still});
+        Progress ring(Progress::Shape::ring, u"Painting Neon"_s);
+        ring.show();
+        EXPECT_EQ(ring.isTurning(), !still);
+        ring.hide();
+        EXPECT_FALSE(ring.isTurning()) << "turns where nobody sees it";
+        QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&ring);
+        EXPECT_EQ(told->role(), QAccessible::ProgressBar);
+        EXPECT_EQ(told->text(QAccessible::Name), u"Painting Neon"_s);
+    }
+    AppLook::shared().apply({});
+}
+
+} // namespace
+} // namespace ambrelle
