@@ -53,7 +53,7 @@ protected:
         painter.drawRoundedRect(rect(), badgeRound, badgeRound);
         QRectF place(0, 0, badgeSymbolSide, badgeSymbolSide);
         place.moveCenter(QRectF(rect()).center());
-        drawSymbol(painter, place, u"exclamationmark.triangle.fill"_s, ink);
+        paintSymbol(painter, place, u"exclamationmark.triangle.fill"_s, ink);
     }
 };
 

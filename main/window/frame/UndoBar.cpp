@@ -44,7 +44,7 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        drawSymbol(painter, QRectF(rect()), u"exclamationmark.triangle.fill"_s, palette().color(QPalette::WindowText));
+        paintSymbol(painter, QRectF(rect()), u"exclamationmark.triangle.fill"_s, palette().color(QPalette::WindowText));
     }
 };
 

@@ -142,7 +142,7 @@ void Button::paintEvent(QPaintEvent*)
     QRect area((width() - wide) / 2, 0, wide, height());
     if (symbolRoom > 0) {
         QRect place(area.left(), (height() - side) / 2, side, side);
-        drawSymbol(painter, QStyle::visualRect(layoutDirection(), rect(), place), m_symbol, ink);
+        paintSymbol(painter, QStyle::visualRect(layoutDirection(), rect(), place), m_symbol, ink);
     }
     area.setLeft(area.left() + symbolRoom);
     painter.drawText(QStyle::visualRect(layoutDirection(), rect(), area), Qt::AlignCenter | Qt::TextSingleLine, shown);

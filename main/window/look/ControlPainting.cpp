@@ -81,7 +81,7 @@ void drawPlate(QPainter& painter, const ControlPlate& plate)
     painter.drawRoundedRect(plate.hasEdge ? sharp(area) : area, WindowStyle::corner, WindowStyle::corner);
 }
 
-void drawSymbol(QPainter& painter, const QRectF& area, const QString& name, const QColor& ink)
+void paintSymbol(QPainter& painter, const QRectF& area, const QString& name, const QColor& ink)
 {
     const Saved saved(painter);
     painter.translate(area.topLeft());
@@ -151,7 +151,7 @@ void drawComboBox(QPainter& painter, const QStyle& style, const QStyleOptionComb
     QRectF arrow(0, 0, arrowSize, arrowSize);
     arrow.moveCenter(
         QRectF(style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, widget)).center());
-    drawSymbol(painter, arrow, u"chevron.down"_s, isEnabled(option) ? look().text : look().faint);
+    paintSymbol(painter, arrow, u"chevron.down"_s, isEnabled(option) ? look().text : look().faint);
 }
 
 void drawSpinBox(QPainter& painter, const QStyle& style, const QStyleOptionSpinBox& option, const QWidget* widget)
@@ -170,7 +170,7 @@ void drawSpinBox(QPainter& painter, const QStyle& style, const QStyleOptionSpinB
         QRectF arrow(0, 0, spinArrowSize, spinArrowSize);
         arrow.moveCenter(button.center());
         const bool enabled = isEnabled(option) && option.stepEnabled.testFlag(can);
-        drawSymbol(painter, arrow, symbol, !enabled ? look().faint : pointed ? look().text : look().soft);
+        paintSymbol(painter, arrow, symbol, !enabled ? look().faint : pointed ? look().text : look().soft);
     }
 }
 

@@ -24,7 +24,7 @@ struct ControlPlate {
 };
 
 void drawPlate(QPainter& painter, const ControlPlate& plate);
-void drawSymbol(QPainter& painter, const QRectF& area, const QString& name, const QColor& ink);
+void paintSymbol(QPainter& painter, const QRectF& area, const QString& name, const QColor& ink);
 
 void drawSwitch(QPainter& painter, const QStyleOption& option, const QWidget* widget);
 void drawSlider(QPainter& painter, const QStyle& style, const QStyleOptionSlider& option, const QWidget* widget);

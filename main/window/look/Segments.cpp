@@ -228,7 +228,7 @@ void Segment::paintEvent(QPaintEvent*)
         const int side = AppLook::shared().scaled(segmentSymbol);
         QRectF place(0, 0, side, side);
         place.moveCenter(QRectF(placed(side)).center());
-        drawSymbol(painter, place, m_symbol, ink);
+        paintSymbol(painter, place, m_symbol, ink);
     }
     painter.setPen(ink);
     if (m_parts.word)
