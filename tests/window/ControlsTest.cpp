@@ -9,8 +9,12 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QMouseEvent>
+#include <QSpinBox>
 
 #include <gtest/gtest.h>
 
@@ -18,6 +22,15 @@ namespace ambrelle {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+void clickAt(QWidget& widget, const QPoint& point)
+{
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, QPointF(point), widget.mapToGlobal(QPointF(point)), Qt::LeftButton,
+            type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {});
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
 
 TEST(Segments, FoldCountsThenWordsAndNeverTheChosenOne)
 {
@@ -45,6 +58,31 @@ TEST(Segments, FoldCountsThenWordsAndNeverTheChosenOne)
         EXPECT_EQ(all[1]->toolTip(), u"Minimal"_s);
         EXPECT_NE(tabs.minimumSizeHint().width(), narrow);
         EXPECT_EQ(QAccessible::queryAccessibleInterface(all[0])->text(QAccessible::Name), u"Section: Concept"_s);
+    }
+    AppLook::shared().apply({});
+}
+
+TEST(WindowStyle, EveryControlIsLargeEnoughToHit)
+{
+    for (const double scale : {1.0, 1.5}) {
+        AppLook::shared().apply({.textScale = scale});
+        const QFontMetrics text(AppLook::shared().font(TextRole::body));
+        QLineEdit field;
+        QComboBox box;
+        box.addItem(u"On Desktop"_s);
+        QSpinBox number;
+        Button button(u"Save"_s);
+        Segments segments(QStringList{u"Show"_s, u"Hide"_s});
+        for (const QWidget* control : std::initializer_list<QWidget*>{&field, &box, &number, &button, &segments}) {
+            EXPECT_GE(control->sizeHint().height(), 30) << control->metaObject()->className();
+            EXPECT_GE(control->sizeHint().height(), text.height() + 6) << control->metaObject()->className();
+        }
+        EXPECT_GE(box.sizeHint().width(), text.horizontalAdvance(u"On Desktop"_s) + 30) << "its text is cut";
+        QCheckBox toggle;
+        toggle.resize(toggle.sizeHint());
+        EXPECT_GE(toggle.height(), 28);
+        clickAt(toggle, QPoint(toggle.width() / 2, 1));
+        EXPECT_TRUE(toggle.isChecked()) << "only its middle can be hit";
     }
     AppLook::shared().apply({});
 }
@@ -77,12 +115,7 @@ TEST(FocusRing, ComesWithKeysAndGoesWithAClick)
         auto* found = window.findChild<QFocusFrame*>();
         return found && found->isVisible() ? found : nullptr;
     };
-    const auto clickOn = [](QWidget* widget) {
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(3, 3), widget->mapToGlobal(QPointF(3, 3)), Qt::LeftButton,
-            Qt::LeftButton, {});
-        QCoreApplication::sendEvent(widget, &press);
-    };
-    clickOn(first);
+    clickAt(*first, {3, 3});
     first->setFocus(Qt::MouseFocusReason);
     EXPECT_FALSE(frame());
     second->setFocus(Qt::TabFocusReason);
@@ -90,7 +123,7 @@ TEST(FocusRing, ComesWithKeysAndGoesWithAClick)
     EXPECT_EQ(frame()->geometry(), second->geometry().adjusted(-3, -3, 3, 3));
     const QColor ring = window.grab().toImage().pixelColor(second->geometry().center().x(), second->y() - 2);
     EXPECT_EQ(ring, AppLook::shared().colours().accent);
-    clickOn(second);
+    clickAt(*second, {3, 3});
     EXPECT_FALSE(frame());
     QKeyEvent arrow(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
     QCoreApplication::sendEvent(second, &arrow);

@@ -7,6 +7,7 @@
 #include "window/look/WindowStyle.h"
 
 #include <QApplication>
+#include <QToolTip>
 
 #include <utility>
 
@@ -141,6 +142,8 @@ void AppLook::apply(const LookWishes& wishes)
     WindowStyle::apply();
     QApplication::setFont(font(TextRole::body));
     QApplication::setPalette(palette(wishes));
+    QToolTip::setPalette(palette(wishes)); // some desktops bring one of their own
+    QToolTip::setFont(font(TextRole::caption));
     Q_EMIT changed();
 }
 

@@ -25,6 +25,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int entryMargin = 7; // left and right of the text in a field
+constexpr int leastHit = 28; // of what can be clicked
 constexpr int rowHeight = 26; // of lists
 constexpr int boxMargin = 4; // the same in a box, beside the toolkit's own
 
@@ -148,6 +149,8 @@ QSize WindowStyle::sizeFromContents(
         size.rwidth() += 2 * boxMargin;
     if (type == CT_ComboBox || type == CT_LineEdit || type == CT_PushButton || type == CT_SpinBox)
         size.setHeight(std::max(option->fontMetrics.height() + 2 * verticalPadding, controlHeight));
+    else if (type == CT_CheckBox)
+        size.setHeight(std::max(size.height(), leastHit));
     else if (type == CT_ItemViewItem)
         size.setHeight(std::max(size.height(), rowHeight));
     return size;
@@ -159,6 +162,11 @@ QRect WindowStyle::subElementRect(SubElement element, const QStyleOption* option
     const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
     if (element == SE_LineEditContents && frame && frame->lineWidth > 0)
         return rect.adjusted(entryMargin, 0, -entryMargin, 0);
+    if (element == SE_CheckBoxClickRect) {
+        const int reach = (leastHit - controls::switchHeight) / 2;
+        return rect.united(proxy()->subElementRect(SE_CheckBoxIndicator, option, widget))
+            .adjusted(-reach, -reach, reach, reach);
+    }
     return rect;
 }
 

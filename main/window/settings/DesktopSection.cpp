@@ -74,8 +74,8 @@ void DesktopSection::addLook()
                   .caption = Wording::tr("Rings, rules and frames that tie a theme's widgets together")},
         settings().showScene);
     addSwitch({.name = Wording::tr("Animations"),
-                  .caption = Wording::tr(
-                      "Radar sweeps, flickering tubes and dancing needles. Pauses while widgets are covered")},
+                  .caption = Wording::tr("Radar sweeps, flickering tubes and dancing needles. "
+                                         "Pauses while widgets are covered")},
         settings().animations);
 }
 
