@@ -26,6 +26,7 @@ public:
     /// Gets one sentence why it did not work, empty when it did.
     using Done = std::function<void(const QString& error)>;
 
+    virtual bool isPerScreen() const = 0; ///< screens may show different pictures
     /// Shows each picture on its screen, filling it; other screens keep theirs. A desktop that has one picture for all
     /// screens takes the first. On failure the old picture stays.
     virtual void set(const QList<ScreenPicture>& pictures, Done done) = 0;

@@ -44,6 +44,7 @@ class HeadlessDesktopPicture final : public DesktopPicture {
 public:
     bool isAvailable() const override { return false; }
     QString whyNot() const override { return Wording::tr("There is no way to set the picture of this desktop."); }
+    bool isPerScreen() const override { return false; }
 
     void set(const QList<ScreenPicture>&, Done done) override { refuse(std::move(done)); }
     void read(const QString&, std::function<void(const QString&)> done) override

@@ -16,6 +16,7 @@ class RecordingDesktopPicture final : public DesktopPicture {
 public:
     QString unavailable; ///< why not, as a sentence; empty while available
     QString failure; ///< how set() and giveBack() end from now on; empty: well
+    bool hasOneForEach = true; ///< a picture for each screen; else set() shows its first on all that show any
     bool isDeferred = false; ///< whether answers wait for answer()
 
     QHash<QString, QString> shown; ///< the file each connector shows, changed by set()
@@ -27,6 +28,7 @@ public:
 
     bool isAvailable() const override { return unavailable.isEmpty(); }
     QString whyNot() const override { return unavailable; }
+    bool isPerScreen() const override { return hasOneForEach; }
 
     void set(const QList<ScreenPicture>& pictures, Done done) override
     {
@@ -35,6 +37,8 @@ public:
             if (error.isEmpty()) {
                 for (const ScreenPicture& picture : pictures)
                     shown.insert(picture.connector, picture.file);
+                for (QString& file : shown)
+                    file = hasOneForEach ? file : pictures.first().file;
             }
             done(error);
         });

@@ -22,6 +22,7 @@ public:
 
     bool isAvailable() const override { return whyNot().isEmpty(); }
     QString whyNot() const override;
+    bool isPerScreen() const override { return false; }
     void set(const QList<ScreenPicture>& pictures, Done done) override;
     void read(const QString& connector, std::function<void(const QString& file)> done) override;
     void remember(const QString& folder, std::function<void(const QJsonObject& memory)> done) override;

@@ -20,6 +20,7 @@ public:
 
     bool isAvailable() const override { return m_bus.isConnected(); }
     QString whyNot() const override;
+    bool isPerScreen() const override { return true; }
     void set(const QList<ScreenPicture>& pictures, Done done) override;
     void read(const QString& connector, std::function<void(const QString& file)> done) override;
     void remember(const QString& folder, std::function<void(const QJsonObject& memory)> done) override;
