@@ -22,6 +22,8 @@ struct ScreenInfo {
     QRectF visibleFrame; ///< the frame without panels and docks
     double pixelRatio = 1;
     double widthInMillimetres = 0; ///< 0 when unknown
+    QString maker{}; ///< as the display tells it; empty when unknown
+    QString model{}; ///< likewise
 
     bool operator==(const ScreenInfo&) const = default;
 };

@@ -2,6 +2,8 @@
 
 #include "platform/x11/connection/ScreenList.h"
 
+#include "foundation/ForeignText.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -85,6 +87,8 @@ QList<ScreenInfo> ScreenList::screens() const
         ScreenInfo info;
         info.id = idOf(*screen, all);
         info.connector = screen->name();
+        info.maker = foreignText(screen->manufacturer());
+        info.model = foreignText(screen->model());
         info.frame = here.turned(QRectF(screen->geometry()));
         info.visibleFrame = here.turned(QRectF(screen->availableGeometry()));
         info.pixelRatio = screen->devicePixelRatio();
