@@ -3,7 +3,6 @@
 #include "wallpapers/DesktopWallpaper.h"
 
 #include "foundation/BackgroundThread.h"
-#include "foundation/UserDefaults.h"
 #include "foundation/WholeFile.h"
 #include "foundation/Wording.h"
 #include "platform/DesktopPicture.h"
@@ -22,9 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString previousKey = u"desktopPicture.previous"_s; ///< what the desktop showed before
-const QString currentKey = u"desktopPicture.current"_s; ///< the file last set on the main screen
-
 /// With a fractional ratio the toolkit rounds the points, which loses up to a pixel; displays have even sizes.
 int nativeLength(double points, double pixelRatio)
 {
@@ -36,12 +32,6 @@ QSize pixels(const ScreenInfo& screen)
 {
     return {
         nativeLength(screen.frame.width(), screen.pixelRatio), nativeLength(screen.frame.height(), screen.pixelRatio)};
-}
-
-std::optional<QString> fileFor(const QList<ScreenPicture>& pictures, const QString& connector)
-{
-    const auto found = std::ranges::find(pictures, connector, &ScreenPicture::connector);
-    return found == pictures.end() ? std::nullopt : std::optional(found->file);
 }
 
 /// Why the bytes are not in the file, or empty.
@@ -79,7 +69,7 @@ DesktopWallpaper::DesktopWallpaper(
     : m_wallpaper(std::move(wallpaper))
     , m_host(host)
     , m_picture(picture)
-    , m_defaults(defaults)
+    , m_notes(defaults)
     , m_folders(std::move(folders))
 {
     m_places = places(m_host.screens());
@@ -165,14 +155,30 @@ QList<ScreenPicture> DesktopWallpaper::onEveryScreen(const QString& file) const
 
 void DesktopWallpaper::refresh(const std::function<void()>& then)
 {
-    const QList<ScreenInfo> screens = m_host.screens();
-    if (screens.isEmpty() || !m_picture.isAvailable())
+    struct Round {
+        qsizetype missing;
+        Files files{};
+    };
+    QStringList connectors;
+    for (const ScreenInfo& screen : m_host.screens())
+        connectors.append(screen.connector);
+    if (connectors.isEmpty() || !m_picture.isAvailable())
         return then();
-    m_picture.read(screens.first().connector, [this, then, changes = m_changes](const QString& file) {
+    const auto round = std::make_shared<Round>(isPerScreen() ? connectors.size() : 1);
+    const auto told = [this, round, then, connectors, changes = m_changes](
+                          const QString& connector, const QString& file) {
+        round->files.insert(connector, file);
+        if (--round->missing > 0)
+            return;
+        const QString main = round->files.value(connectors.first());
+        for (const QString& each : connectors)
+            round->files.insert(each, isPerScreen() ? round->files.value(each) : main);
         if (changes == m_changes)
-            setCurrent(file);
+            setShown(main, round->files);
         then();
-    });
+    };
+    for (const QString& connector : connectors.first(round->missing))
+        m_picture.read(connector, [told, connector](const QString& file) { told(connector, file); });
 }
 
 void DesktopWallpaper::restore(const std::function<Skin(Skin)>& choose)
@@ -181,7 +187,7 @@ void DesktopWallpaper::restore(const std::function<Skin(Skin)>& choose)
         m_restore = [this, choose] { restore(choose); };
         return;
     }
-    const QString last = m_defaults.string(currentKey).value_or(QString());
+    const QString last = m_notes.current();
     if (last.isEmpty() || !m_picture.isAvailable())
         return;
     refresh([this, last, choose] {
@@ -198,117 +204,22 @@ void DesktopWallpaper::restore(const std::function<Skin(Skin)>& choose)
     });
 }
 
-void DesktopWallpaper::fitScreens()
-{
-    const QList<ScreenInfo> screens = m_host.screens();
-    if (const auto restoreNow = screens.isEmpty() ? nullptr : std::exchange(m_restore, nullptr))
-        restoreNow();
-    const Places now = places(screens);
-    if (screens.isEmpty() || !m_picture.isAvailable())
-        return notePlaces(now);
-    const auto stayed = [&](const ScreenInfo& screen) {
-        return m_places.value(screen.connector) == now.value(screen.connector);
-    };
-    if (!std::ranges::all_of(screens, stayed))
-        return refresh([this, screens] { readAll(screens, {}, m_changes); });
-    notePlaces(now); // some may have gone, or another is the main one
-    refresh([] {});
-}
-
-/// Asks for the pictures of the screens one by one, and then fits them.
-void DesktopWallpaper::readAll(const QList<ScreenInfo>& screens, const QStringList& shown, int changes)
-{
-    if (screens != m_host.screens())
-        return; // fitScreens() was called again for that, or will be
-    if (changes != m_changes)
-        return fitScreens();
-    if (shown.size() == screens.size())
-        return fit(screens, shown);
-    m_picture.read(screens.at(shown.size()).connector,
-        [this, screens, shown, changes](const QString& file) { readAll(screens, shown + QStringList{file}, changes); });
-}
-
-/// Gives the screens that came, moved or changed their size of what they show, where that is ours.
-void DesktopWallpaper::fit(const QList<ScreenInfo>& screens, const QStringList& shown)
-{
-    const Places now = places(screens);
-    const Places before = m_places;
-    notePlaces(now);
-    const QList<ScreenPicture> asked = m_asked.value_or(QList<ScreenPicture>());
-    const auto isPainted = [this](const QString& file) { return isOurs(file) && Wallpaper::skinOf(file); };
-    if (m_asked && (asked.isEmpty() || !std::ranges::all_of(asked, [](const ScreenPicture& picture) {
-            return Wallpaper::skinOf(picture.file).has_value();
-        })))
-        return; // no wallpaper of a skin is about to show
-
-    Sizes sizes;
-    QList<ScreenPicture> pictures;
-    bool isWanted = false;
-    QString main;
-    for (qsizetype i = 0; i < screens.size(); ++i) {
-        const QString& connector = screens[i].connector;
-        const std::optional<QString> coming = fileFor(asked, connector);
-        QString file = coming.value_or(shown[i]);
-        if (i == 0)
-            main = file;
-        else if (!before.contains(connector) && (!isPainted(file) || shown.count(file) > 1))
-            file = main; // it was never seen, and some desktops tell of such a screen what another one shows
-        const bool hasChanged = before.value(connector) != now.value(connector);
-        // The main screen leads in any case: a desktop with one picture for all takes the first.
-        if (isPainted(file) && (i == 0 || hasChanged || coming)) {
-            pictures.append(ordered(*Wallpaper::skinOf(file), screens[i], sizes));
-            isWanted |= hasChanged;
-        }
-    }
-    if (isWanted && pictures != asked)
-        paint(pictures, sizes, {});
-}
-
-DesktopWallpaper::Places DesktopWallpaper::places(const QList<ScreenInfo>& screens) const
-{
-    Places places;
-    for (const ScreenInfo& screen : screens)
-        places.insert(screen.connector, {m_host.toolkitRect(screen.frame), screen.pixelRatio});
-    return places;
-}
-
-/// Screens that have gone stay known, as being nowhere.
-void DesktopWallpaper::notePlaces(const Places& now)
-{
-    for (Place& place : m_places)
-        place = {};
-    m_places.insert(now);
-}
-
-bool DesktopWallpaper::hasPrevious() const
-{
-    return m_defaults.object(previousKey).has_value();
-}
-
-void DesktopWallpaper::giveBackPrevious(const Done& done)
-{
-    const std::optional<QJsonObject> memory = m_defaults.object(previousKey);
-    if (!memory)
-        return done ? done(Wording::tr("No earlier desktop picture is remembered.")) : void();
-    m_picture.giveBack(*memory, [this, request = begin({}), done](const QString& error) {
-        if (end(request) && error.isEmpty()) {
-            m_defaults.remove(previousKey);
-            m_defaults.remove(currentKey);
-            setCurrent({});
-        }
-        if (done)
-            done(error);
-    });
-}
-
 /// Makes the files on another thread, then shows them.
-void DesktopWallpaper::prepare(const QList<ScreenPicture>& pictures, const Preparation& files, const Done& done)
+void DesktopWallpaper::prepare(QList<ScreenPicture> pictures, Preparation files, const Done& done)
 {
     const Done answer = done ? done : [](const QString&) {};
     if (!m_picture.isAvailable())
         return answer(m_picture.whyNot());
     if (pictures.isEmpty())
         return answer(Wording::tr("No screen is connected."));
+    if (const QList<ScreenPicture> others = stillAsked(pictures); !others.isEmpty()) {
+        pictures += others;
+        files = [before = m_preparing, files] {
+            before(); // what is missing then is told when it is to be set
+            return files();
+        };
+    }
+    m_preparing = files;
     const int request = begin(pictures);
     const auto work = [files] {
         yieldToOthers();
@@ -324,10 +235,18 @@ void DesktopWallpaper::prepare(const QList<ScreenPicture>& pictures, const Prepa
     });
 }
 
+std::optional<QString> DesktopWallpaper::fileFor(const QList<ScreenPicture>& pictures, const QString& connector)
+{
+    const auto found = std::ranges::find(pictures, connector, &ScreenPicture::connector);
+    return found == pictures.end() ? std::nullopt : std::optional(found->file);
+}
+
 /// The file that the list has for the main screen; none if it is about others only.
 std::optional<QString> DesktopWallpaper::mainFile(const QList<ScreenPicture>& pictures) const
 {
     const QList<ScreenInfo> screens = m_host.screens();
+    if (!isPerScreen() && !pictures.isEmpty())
+        return pictures.first().file;
     return screens.isEmpty() ? std::nullopt : fileFor(pictures, screens.first().connector);
 }
 
@@ -336,6 +255,20 @@ QString DesktopWallpaper::wanted() const
     if (!m_asked)
         return m_current;
     return m_asked->isEmpty() ? QString() : mainFile(*m_asked).value_or(m_current);
+}
+
+/// What is under way for other screens than these, on a desktop that tells screens apart.
+QList<ScreenPicture> DesktopWallpaper::stillAsked(const QList<ScreenPicture>& pictures) const
+{
+    QList<ScreenPicture> others;
+    if (!isPerScreen() || !m_asked)
+        return others;
+    for (const ScreenInfo& screen : m_host.screens()) {
+        const std::optional<QString> asked = fileFor(*m_asked, screen.connector);
+        if (asked && !fileFor(pictures, screen.connector))
+            others.append({screen.connector, *asked});
+    }
+    return others;
 }
 
 /// Notes that the pictures are asked for, and gives the number of the request.
@@ -356,28 +289,21 @@ bool DesktopWallpaper::end(int request)
     return true;
 }
 
-/// Keeps what the user had on the desktop; a picture of our own is nothing to give back.
-void DesktopWallpaper::rememberPrevious(const QString& connector, const std::function<void()>& then)
-{
-    m_picture.read(connector, [this, then](const QString& file) {
-        if (isOurs(file) || (file.isEmpty() && hasPrevious()))
-            return then();
-        m_picture.remember(m_folders.wallpapers, [this, then](const QJsonObject& memory) {
-            if (!memory.isEmpty())
-                m_defaults.set(previousKey, memory);
-            then();
-        });
-    });
-}
-
 void DesktopWallpaper::show(int request, const QList<ScreenPicture>& pictures, const Done& done)
 {
     if (request != m_request)
         return done({});
-    m_picture.set(pictures, [this, request, file = mainFile(pictures), done](const QString& error) {
-        if (end(request) && error.isEmpty() && file) {
-            m_defaults.set(currentKey, *file);
-            setCurrent(*file);
+    m_picture.set(pictures, [this, request, pictures, done](const QString& error) {
+        if (end(request) && error.isEmpty()) {
+            Files shown = m_shown;
+            for (const ScreenPicture& picture : pictures)
+                shown.insert(picture.connector, picture.file);
+            for (QString& file : shown)
+                file = isPerScreen() ? file : pictures.first().file;
+            const std::optional<QString> main = mainFile(pictures);
+            if (main)
+                m_notes.setCurrent(*main);
+            setShown(main.value_or(m_current), shown);
         }
         done(error);
     });
@@ -385,14 +311,15 @@ void DesktopWallpaper::show(int request, const QList<ScreenPicture>& pictures, c
 
 bool DesktopWallpaper::isOurs(const QString& file) const
 {
-    return !file.isEmpty() && (file == m_defaults.string(currentKey) || QFileInfo(file).path() == m_folders.wallpapers);
+    return !file.isEmpty() && (file == m_notes.current() || QFileInfo(file).path() == m_folders.wallpapers);
 }
 
-void DesktopWallpaper::setCurrent(const QString& file)
+void DesktopWallpaper::setShown(const QString& main, const Files& shown)
 {
-    if (file == m_current)
+    if (main == m_current && shown == m_shown)
         return;
-    m_current = file;
+    m_current = main;
+    m_shown = shown;
     Q_EMIT changed();
 }
 

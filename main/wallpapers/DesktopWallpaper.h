@@ -5,6 +5,7 @@
 #include "platform/DesktopPicture.h"
 #include "platform/WindowHost.h"
 #include "wallpapers/Wallpaper.h"
+#include "wallpapers/WallpaperNotes.h"
 
 #include <QHash>
 #include <QMap>
@@ -14,8 +15,6 @@
 #include <functional>
 
 namespace ambrelle {
-
-class UserDefaults;
 
 /// The wallpaper on the user's desktop: paints what is missing in the background, has it shown, and knows which one it
 /// is. Main thread only; nothing here blocks.
@@ -29,12 +28,22 @@ public:
     /// Gets one sentence why it did not work, empty when it did or a later call took its place. On failure the old
     /// picture stays.
     using Done = std::function<void(const QString& error)>;
+    /// What the screens showed at some moment, ours or the user's, for giveBack().
+    struct Memory {
+        QJsonObject desktop; ///< as the port told it; empty: that is not known
+        QHash<QString, QString> files; ///< by connector, where they are known
+        std::optional<QJsonObject> previous; ///< what hasPrevious() was about
+        QString current; ///< the file last set on the main screen
+
+        bool isKnown() const { return !desktop.isEmpty(); }
+    };
 
     DesktopWallpaper(
         Wallpaper wallpaper, WindowHost& host, DesktopPicture& picture, UserDefaults& defaults, Folders folders);
     ~DesktopWallpaper() override;
 
-    /// Gives each of the screens the skin's wallpaper in its own size.
+    /// Gives each of the screens the skin's wallpaper in its own size. What was asked for other screens before, and
+    /// does not show yet, still comes to them.
     void apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done = {});
     void apply(Skin skin, const Done& done = {}); ///< on all screens
     /// Gives every screen that picture.
@@ -51,6 +60,10 @@ public:
     std::optional<Skin> currentSkin() const { return Wallpaper::skinOf(m_current); }
     /// The skin of the picture that was asked for last, while it is not shown yet; else currentSkin().
     std::optional<Skin> wantedSkin() const { return Wallpaper::skinOf(wanted()); }
+    /// The same for the picture on one screen.
+    QString currentURL(const ScreenInfo& screen) const { return m_shown.value(screen.connector); }
+    std::optional<Skin> currentSkin(const ScreenInfo& screen) const { return Wallpaper::skinOf(currentURL(screen)); }
+    bool isPerScreen() const { return m_picture.isPerScreen(); } ///< screens may show different pictures
     /// Asks the desktop again, then calls `then`.
     void refresh(const std::function<void()>& then);
 
@@ -67,11 +80,18 @@ public:
     bool hasPrevious() const;
     void giveBackPrevious(const Done& done = {});
 
+    /// Finds out what the desktop shows now, with a picture under way not yet. One memory is good at a time: what it
+    /// has to keep in a file, the next one may write over.
+    void remember(const std::function<void(const Memory& memory)>& then);
+    /// Makes the desktop show what it showed then; screens that have gone are left out.
+    void giveBack(const Memory& memory, const Done& done = {});
+
 Q_SIGNALS:
-    void changed(); ///< currentURL() gives another answer than before
+    void changed(); ///< currentURL() gives another answer than before, of whatever screen
 
 private:
     using Preparation = std::function<QString()>;
+    using Files = QHash<QString, QString>; ///< by connector
 
     using Sizes = QMap<QString, QSize>; ///< in pixels, of the files to be painted
     struct Place {
@@ -83,10 +103,12 @@ private:
     using Places = QHash<QString, Place>; ///< by connector
 
     QString wanted() const;
+    static std::optional<QString> fileFor(const QList<ScreenPicture>& pictures, const QString& connector);
     std::optional<QString> mainFile(const QList<ScreenPicture>& pictures) const;
+    QList<ScreenPicture> stillAsked(const QList<ScreenPicture>& pictures) const;
     int begin(const QList<ScreenPicture>& pictures);
     bool end(int request);
-    void prepare(const QList<ScreenPicture>& pictures, const Preparation& files, const Done& done);
+    void prepare(QList<ScreenPicture> pictures, Preparation files, const Done& done);
     ScreenPicture ordered(Skin skin, const ScreenInfo& screen, Sizes& sizes) const;
     void paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const Done& done);
     void readAll(const QList<ScreenInfo>& screens, const QStringList& shown, int changes);
@@ -97,15 +119,17 @@ private:
     void rememberPrevious(const QString& connector, const std::function<void()>& then);
     void show(int request, const QList<ScreenPicture>& pictures, const Done& done);
     bool isOurs(const QString& file) const;
-    void setCurrent(const QString& file);
+    void setShown(const QString& main, const Files& shown);
 
     Wallpaper m_wallpaper;
     WindowHost& m_host;
     DesktopPicture& m_picture;
-    UserDefaults& m_defaults;
+    WallpaperNotes m_notes;
     Folders m_folders;
     QString m_current;
+    Files m_shown; ///< as far as it was last known
     std::optional<QList<ScreenPicture>> m_asked; ///< under way; empty: the user's own picture, wherever that is
+    Preparation m_preparing; ///< makes the files of m_asked
     Places m_places; ///< where the screens were, of all that were ever connected
     std::function<void()> m_restore; ///< waits for a screen; else null
     int m_request = 0; ///< a newer one makes older ones void

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+
+// What the desktop showed before, and how that comes back.
+
+#include "wallpapers/DesktopWallpaper.h"
+
+#include "foundation/Wording.h"
+
+#include <QDir>
+#include <QtConcurrentRun>
+
+#include <algorithm>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+bool DesktopWallpaper::hasPrevious() const
+{
+    return m_notes.previous().has_value();
+}
+
+void DesktopWallpaper::giveBackPrevious(const Done& done)
+{
+    const std::optional<QJsonObject> memory = m_notes.previous();
+    if (!memory)
+        return done ? done(Wording::tr("No earlier desktop picture is remembered.")) : void();
+    giveBack({*memory, {}, std::nullopt, {}}, done);
+}
+
+/// Keeps what the user had on the desktop; a picture of our own is nothing to give back.
+void DesktopWallpaper::rememberPrevious(const QString& connector, const std::function<void()>& then)
+{
+    m_picture.read(connector, [this, then](const QString& file) {
+        if (isOurs(file) || (file.isEmpty() && hasPrevious()))
+            return then();
+        m_picture.remember(m_folders.wallpapers, [this, then](const QJsonObject& memory) {
+            if (!memory.isEmpty())
+                m_notes.setPrevious(memory);
+            then();
+        });
+    });
+}
+
+void DesktopWallpaper::remember(const std::function<void(const Memory& memory)>& then)
+{
+    if (!m_picture.isAvailable())
+        return then({});
+    // Beside what rememberPrevious() keeps, which is wanted longer.
+    const QString folder = m_folders.wallpapers + u"/Undo"_s;
+    const auto ask = [this, folder, then] {
+        m_picture.remember(folder, [this, then](const QJsonObject& memory) {
+            then({memory, m_shown, m_notes.previous(), m_notes.current()});
+        });
+    };
+    QtConcurrent::run([folder] { QDir().mkpath(folder); }).then(this, [this, ask] { refresh(ask); });
+}
+
+void DesktopWallpaper::giveBack(const Memory& memory, const Done& done)
+{
+    const Done answer = done ? done : [](const QString&) {};
+    if (!m_picture.isAvailable())
+        return answer(m_picture.whyNot());
+    if (!memory.isKnown())
+        return answer(Wording::tr("No earlier desktop picture is remembered."));
+    QList<ScreenPicture> pictures;
+    for (auto file = memory.files.begin(); file != memory.files.end(); ++file)
+        pictures.append({file.key(), file.value()});
+    const bool isOurs = std::ranges::all_of(
+        pictures, [](const ScreenPicture& picture) { return Wallpaper::skinOf(picture.file).has_value(); });
+    const int request = begin(isOurs ? pictures : QList<ScreenPicture>());
+    m_preparing = [] { return QString(); };
+    m_picture.giveBack(memory.desktop, [this, request, memory, answer](const QString& error) {
+        if (end(request) && error.isEmpty()) {
+            m_notes.setPrevious(memory.previous);
+            m_notes.setCurrent(memory.current);
+            const QList<ScreenInfo> screens = m_host.screens();
+            setShown(screens.isEmpty() ? QString() : memory.files.value(screens.first().connector), memory.files);
+        }
+        answer(error);
+    });
+}
+
+} // namespace ambrelle
