@@ -46,4 +46,14 @@ void StoredWidget::decodePlace(const QJsonValue& stored)
         stand = {place.value("screen"_L1).toString(), QRectF({frame.at(0).toDouble(), frame.at(1).toDouble()}, screen)};
 }
 
+void makeDistinct(QList<StoredWidget>& widgets, QSet<QUuid> taken)
+{
+    for (StoredWidget& widget : widgets) {
+        QUuid& id = widget.config.id;
+        if (id.isNull() || taken.contains(id))
+            id = QUuid::createUuid();
+        taken.insert(id);
+    }
+}
+
 } // namespace ambrelle

@@ -5,6 +5,8 @@
 #include "model/WidgetConfig.h"
 
 #include <QJsonObject>
+#include <QList>
+#include <QSet>
 #include <QSizeF>
 
 #include <optional>
@@ -42,5 +44,8 @@ struct StoredWidget {
     /// Takes over what can be read in what encodePlace() gave, or in the older form [width, height] of a home.
     void decodePlace(const QJsonValue& stored);
 };
+
+/// Gives a new identifier to each widget that lacks one or whose own is `taken` or that of an earlier one.
+void makeDistinct(QList<StoredWidget>& widgets, QSet<QUuid> taken);
 
 } // namespace ambrelle
