@@ -6,6 +6,7 @@
 #include "desktop/OverlapRule.h"
 #include "model/AppSettings.h"
 #include "placement/ScreenPlacement.h"
+#include "platform/SystemAppearance.h"
 #include "skins/SkinRegistry.h"
 
 #include <algorithm>
@@ -17,6 +18,7 @@ WidgetController::WidgetController(const StoredWidget& widget, const Collaborato
     : QObject(parent)
     , m_widget(widget)
     , m_with(collaborators)
+    , m_locating(collaborators.clock, [this] { locatingChanged(); })
     , m_panel(collaborators.host, collaborators.clock, collaborators.layers,
           view(widget.config.skin, widget.config.kind),
           {.pressed = [this] { Q_EMIT touched(); },
@@ -99,16 +101,36 @@ void WidgetController::setOccluded(bool occluded)
 
 void WidgetController::setFaded(bool faded, bool hide)
 {
-    if (faded != m_faded)
-        m_panel.setClickThrough(faded);
     m_faded = faded;
-    m_fade.to(OverlapRule::opacity(faded, hide));
+    m_hides = hide;
+    showFade();
+}
+
+void WidgetController::showFade()
+{
+    const bool faded = m_faded && !m_locating.isActive();
+    if (faded != m_panel.isClickThrough())
+        m_panel.setClickThrough(faded);
+    m_fade.to(OverlapRule::opacity(faded, m_hides));
+}
+
+void WidgetController::locate()
+{
+    m_locating.start(m_with.appearance.reducesMotion());
+    Q_EMIT touched(); // above the others of its level it stays
+}
+
+void WidgetController::locatingChanged()
+{
+    applyLayer();
+    showFade();
+    m_panel.setRing(m_locating.isLit());
 }
 
 WindowLevel WidgetController::level() const
 {
     // Edit mode lifts every widget above its backdrop.
-    const bool floating = isRaised() || m_with.settings.editing();
+    const bool floating = isRaised() || m_with.settings.editing() || m_locating.isActive();
     return floating ? WindowLevel::floating : WindowLevel::desktop;
 }
 
@@ -146,6 +168,7 @@ void WidgetController::close()
     disconnect();
     m_with.drags.ended();
     m_fade.stop();
+    m_locating.stop();
     m_panel.close();
 }
 

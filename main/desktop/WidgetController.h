@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "desktop/Locating.h"
 #include "desktop/WidgetPanel.h"
 #include "desktop/WindowFade.h"
 #include "placement/StoredWidget.h"
@@ -12,6 +13,7 @@ namespace ambrelle {
 
 class AppSettings;
 class DragHelp;
+class SystemAppearance;
 
 /// One live widget: its record, its panel, and every way of changing it. A change is stored by who hears
 /// recordChanged(), then shown, and then told by changed(): what was seen is not lost, whenever the program is killed.
@@ -21,6 +23,7 @@ public:
     struct Collaborators {
         WindowHost& host;
         AppSettings& settings;
+        const SystemAppearance& appearance;
         Clock& clock;
         LayerCache& layers;
         DragHelp& drags;
@@ -36,9 +39,9 @@ public:
     bool isHovering() const { return m_panel.isHovering(); }
     bool moves() const { return m_panel.moves(); } ///< its face has moving parts, paused or not
     bool isOccluded() const { return m_occluded; }
-    bool isFaded() const { return m_faded; } ///< or on its way there
+    bool isFaded() const { return m_faded; } ///< or on its way there, as soon as it is not pointed out any more
     bool isRaised() const; ///< above normal windows for the user's sake, by its pin or by the layer
-    WindowLevel level() const; ///< of the pin, of edit mode or of the layer
+    WindowLevel level() const; ///< of the pin, of edit mode, of being pointed out or of the layer
     const QColor& accent() const { return m_panel.view().style().accent; }
     bool showsSeconds() const;
     double pixelRatio() const { return m_panel.pixelRatio(); } ///< pixels per point where it stands
@@ -55,6 +58,10 @@ public:
     /// Fades the widget to a ghost, or with `hide` out of sight, and back; meanwhile clicks reach what lies below it.
     void setFaded(bool faded, bool hide);
     void setReading(const std::shared_ptr<const Reading>& reading) { m_panel.setReading(reading); }
+
+    /// Points the widget out for a moment: it comes above all windows, unfaded, with a ring round it, and then goes
+    /// back to its level. The focus stays where it is.
+    void locate();
 
     void show() { m_panel.show(); }
     void applyLayer(); ///< takes its level()
@@ -84,6 +91,8 @@ private:
     void toolbarUsed(WidgetToolbar::Button button);
     void show(const WidgetConfig& before);
     void place();
+    void showFade();
+    void locatingChanged();
     FaceLook look() const;
 
     StoredWidget m_widget;
@@ -91,6 +100,8 @@ private:
     Collaborators m_with;
     bool m_occluded = false;
     bool m_faded = false;
+    bool m_hides = false; // when faded
+    Locating m_locating;
     WidgetPanel m_panel;
     WindowFade m_fade;
 };

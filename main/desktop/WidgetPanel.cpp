@@ -2,6 +2,8 @@
 
 #include "desktop/WidgetPanel.h"
 
+#include "desktop/LatePanel.h"
+#include "desktop/LocateRing.h"
 #include "placement/PanelGeometry.h"
 
 #include <ranges>
@@ -14,13 +16,8 @@ WidgetPanel::WidgetPanel(WindowHost& host, Clock& clock, LayerCache& layers, Fac
     , m_motion(
           clock, [this](const QRectF& area) { m_window->update(m_face.scaled(area).translated(faceArea().topLeft())); })
     , m_hover(clock, [this](bool) { hoverChanged(); })
-    , m_window(host.makePanel(*this))
+    , m_window(std::make_unique<LatePanel>(host, *this))
 {
-}
-
-void WidgetPanel::show()
-{
-    m_window->show();
 }
 
 void WidgetPanel::close()
@@ -46,10 +43,15 @@ void WidgetPanel::place(const QRectF& frame, const QRectF& room)
     applyAreas();
 }
 
+RoundedArea WidgetPanel::plate() const
+{
+    return {m_face.outline().translated(faceArea().topLeft()), m_face.outlineCorner()};
+}
+
 void WidgetPanel::applyAreas()
 {
     QRectF input = faceArea();
-    QList<RoundedArea> outline{{m_face.outline().translated(faceArea().topLeft()), m_face.outlineCorner()}};
+    QList<RoundedArea> outline{m_ring ? LocateRing::around(plate()) : plate()};
     if (isHovering()) {
         input |= m_toolbar.area();
         outline.append({m_toolbar.area(), m_toolbar.area().height() / 2});
@@ -65,17 +67,21 @@ void WidgetPanel::setLevel(WindowLevel level)
     m_window->setLevel(level);
 }
 
-void WidgetPanel::setOpacity(double opacity)
-{
-    m_window->setOpacity(opacity);
-}
-
 void WidgetPanel::setClickThrough(bool through)
 {
+    m_clickThrough = through;
     m_window->setClickThrough(through);
     // Not every window system says that the pointer is elsewhere from now on.
     if (through)
         pointerLeft();
+}
+
+void WidgetPanel::setRing(bool shown)
+{
+    if (std::exchange(m_ring, shown) == shown)
+        return;
+    applyAreas();
+    m_window->update(LocateRing::around(plate()).area);
 }
 
 void WidgetPanel::setView(FaceView view)
@@ -137,6 +143,8 @@ void WidgetPanel::paint(QPainter& painter, const QRectF& area)
     painter.translate(origin);
     m_face.paint(painter, painted, m_motion.time());
     painter.restore();
+    if (m_ring)
+        LocateRing::paint(painter, plate(), view().style().accent);
     if (isHovering() && area.intersects(m_toolbar.area()))
         m_toolbar.paint(painter);
     const double scale = m_face.look().scale;

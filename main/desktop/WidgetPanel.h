@@ -29,13 +29,15 @@ public:
 
     WidgetPanel(WindowHost& host, Clock& clock, LayerCache& layers, FaceView view, Hooks hooks);
 
-    void show();
+    void show() { m_window->show(); }
     void close(); ///< for good: nothing is heard or drawn any more
     /// Puts the face at `frame` (global points); the toolbar stays inside `room` as far as it can.
     void place(const QRectF& frame, const QRectF& room);
     void setLevel(WindowLevel level); ///< a drag ends with it: the window may lose the pointer
-    void setOpacity(double opacity); ///< of the window with everything on it, 0 to 1
+    void setOpacity(double opacity) { m_window->setOpacity(opacity); } ///< of all that is on it, 0 to 1
     void setClickThrough(bool through); ///< the pointer reaches what lies below the window
+    bool isClickThrough() const { return m_clickThrough; }
+    void setRing(bool shown); ///< the mark round the face that points it out
     void setView(FaceView view);
     void setLook(const FaceLook& look);
     /// Repaints if it differs from the one shown.
@@ -66,6 +68,7 @@ public:
 private:
     std::optional<FaceAction> actionAt(QPointF local) const;
     void hoverChanged();
+    RoundedArea plate() const; ///< window points, y down
     void applyAreas();
     void clickCancelled();
     void endDrag();
@@ -79,6 +82,8 @@ private:
     WidgetToolbar m_toolbar;
     QRectF m_room;
     WindowLevel m_level = WindowLevel::desktop;
+    bool m_clickThrough = false;
+    bool m_ring = false;
     QPointF m_dragStart; // origin of the window
     std::optional<FaceAction> m_pressedAction;
     bool m_closed = false;

@@ -324,7 +324,7 @@ TEST_F(WidgetManagerTest, NothingIsShownBeforeItIsStored)
     EXPECT_EQ(told, 1);
     QObject::disconnect(widget, &WidgetController::recordChanged, &desk.manager, nullptr);
 
-    QObject::connect(widget, &WidgetController::closed, &desk.manager, [&] {
+    QObject::connect(widget, &WidgetController::closed, &desk.host, [&] {
         ++told;
         EXPECT_GT(desk.stored().size(), 3) << "the next layout was not stored before the old one went";
         EXPECT_EQ(shown().size(), 1);
