@@ -6,6 +6,7 @@ namespace ambrelle {
 namespace {
 
 using namespace std::chrono_literals;
+using namespace std::string_literals;
 using enum WidgetKind;
 
 struct WidgetControllerTest : DeskTest {
@@ -156,6 +157,67 @@ TEST_F(WidgetControllerTest, DrawsBackdropBorderOpacityAndEditMark)
     EXPECT_NE(panel->picture(), plain);
     desk.manager.setEditing(false);
     EXPECT_EQ(panel->picture(), plain);
+}
+
+TEST_F(WidgetControllerTest, IsPointedOutForAMoment)
+{
+    const QPoint onTheRing(30 + 85, 32 - 7); // above the face
+    const auto ring = [&] { return panel->picture().pixelColor(onTheRing) == widget->accent(); };
+    const auto seen = [&](std::chrono::milliseconds after) {
+        desk.clock.advance(after);
+        return (panel->level() == WindowLevel::floating ? "above"s : "below"s) + (ring() ? " lit" : " dark");
+    };
+    const QList<RoundedArea> outline = panel->outline();
+    EXPECT_EQ(seen(0ms), "below dark");
+    widget->locate();
+    EXPECT_EQ(seen(0ms), "above lit");
+    EXPECT_TRUE(panel->outline().first().area.contains(QRectF(30 - 9, 32 - 9, 170 + 18, 170 + 18)))
+        << "the ring is cut off where nothing composites";
+    EXPECT_EQ(seen(400ms), "above dark");
+    EXPECT_EQ(seen(400ms), "above lit");
+    widget->locate(); // again, from the beginning
+    EXPECT_EQ(seen(1200ms), "above dark");
+    EXPECT_EQ(seen(399ms), "above dark");
+    EXPECT_EQ(seen(1ms), "below dark");
+    EXPECT_EQ(panel->outline(), outline);
+
+    desk.appearance.setReducesMotion(true);
+    widget->locate();
+    for (int part = 0; part < 4; ++part, desk.clock.advance(399ms))
+        EXPECT_EQ(seen(0ms), "above lit") << "it blinks";
+    EXPECT_EQ(seen(4ms), "below dark");
+    EXPECT_FALSE(desk.host.focused());
+
+    widget->locate();
+    desk.manager.remove(widget);
+    EXPECT_TRUE(desk.panels().isEmpty());
+    desk.clock.advance(2s);
+}
+
+TEST_F(WidgetControllerTest, AGhostIsSeenWhileItIsPointedOut)
+{
+    widget->setPinned(true);
+    for (const bool hides : {false, true}) {
+        widget->setFaded(true, hides);
+        desk.clock.advance(1s);
+        const double ghost = panel->opacity();
+        widget->locate();
+        desk.clock.advance(300ms);
+        EXPECT_EQ(panel->opacity(), 1);
+        EXPECT_FALSE(panel->isClickThrough());
+        widget->setFaded(true, hides); // what is over it is looked at again
+        desk.clock.advance(300ms);
+        EXPECT_EQ(panel->opacity(), 1);
+        desk.clock.advance(2s);
+        EXPECT_EQ(panel->opacity(), ghost);
+        EXPECT_TRUE(panel->isClickThrough());
+        EXPECT_EQ(panel->level(), WindowLevel::floating) << "its pin";
+    }
+    widget->locate();
+    widget->setFaded(false, false); // meanwhile nothing is over it any more
+    desk.clock.advance(2s);
+    EXPECT_EQ(panel->opacity(), 1);
+    EXPECT_FALSE(panel->isClickThrough());
 }
 
 } // namespace

@@ -387,4 +387,120 @@ TEST_F(DesktopWallpaperTest, ExtrasAreCopiedOnceAndOnlyPictures)
     }
 }
 
+TEST_F(DesktopWallpaperTest, KnowsWhatEveryScreenShows)
+{
+    const ScreenInfo left = host.screens().first();
+    const ScreenInfo right = host.screens().last();
+    int changes = 0;
+    QObject::connect(&wallpaper, &DesktopWallpaper::changed, [&] { ++changes; });
+    picture.shown[u"RIGHT"_s] = u"/home/user/garden.jpg"_s;
+    wallpaper.refresh([] {});
+    EXPECT_EQ(wallpaper.currentURL(left), u"/home/user/holiday.jpg"_s);
+    EXPECT_EQ(wallpaper.currentURL(right), u"/home/user/garden.jpg"_s);
+    EXPECT_EQ(changes, 1);
+    const auto onRight = [&](Skin skin) {
+        return answerOf<QString>([&](const auto& done) { wallpaper.apply(skin, {right}, done); }, Answered::anyTime);
+    };
+    EXPECT_EQ(onRight(Skin::neon), QString());
+    EXPECT_EQ(wallpaper.currentSkin(right), Skin::neon);
+    EXPECT_EQ(wallpaper.currentURL(left), u"/home/user/holiday.jpg"_s);
+    EXPECT_EQ(changes, 2) << "of the second screen alone";
+
+    picture.hasOneForEach = false; // one picture for all
+    EXPECT_EQ(onRight(Skin::mono), QString());
+    EXPECT_EQ(wallpaper.currentSkin(left), Skin::mono);
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::mono);
+    DesktopWallpaper next(painter, host, picture, defaults, folders);
+    next.refresh([] {});
+    EXPECT_EQ(next.currentSkin(right), Skin::mono);
+}
+
+TEST_F(DesktopWallpaperTest, ScreensThatAreServedInTurnAllGetTheirs)
+{
+    const ScreenInfo left = host.screens().first();
+    const ScreenInfo right = host.screens().last();
+    int answers = 0;
+    const auto done = [&](const QString& error) {
+        EXPECT_EQ(error, QString());
+        ++answers;
+    };
+    wallpaper.apply(Skin::mono, {left}, done);
+    wallpaper.apply(Skin::neon, {right}, done);
+    wallpaper.apply(Skin::paper, {left}, done); // instead of the first
+    ASSERT_TRUE(waitUntil([&] { return answers == 3; }));
+    EXPECT_EQ(wallpaper.currentSkin(left), Skin::paper);
+    EXPECT_EQ(wallpaper.currentSkin(right), Skin::neon);
+    EXPECT_TRUE(QFile::exists(picture.shown.value(u"RIGHT"_s)));
+
+    wallpaper.apply(Skin::mono, {right}, done);
+    host.setScreens({left}); // unplugged meanwhile
+    wallpaper.apply(Skin::neon, {left}, done);
+    ASSERT_TRUE(waitUntil([&] { return answers == 5; }));
+    EXPECT_EQ(picture.sets.last().size(), 1);
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::neon);
+}
+
+TEST_F(DesktopWallpaperTest, WhatShowedAtAnyMomentComesBack)
+{
+    using Memory = DesktopWallpaper::Memory;
+    const auto remembered = [&] {
+        return answerOf<Memory>([&](const auto& then) { wallpaper.remember(then); }, Answered::anyTime);
+    };
+    const auto giveBack = [&](const Memory& memory) {
+        return answerOf<QString>([&](const auto& done) { wallpaper.giveBack(memory, done); }, Answered::anyTime);
+    };
+    const Memory usersOwn = remembered();
+    EXPECT_TRUE(QFileInfo(picture.rememberFolders.last()).isDir());
+    ASSERT_EQ(apply(Skin::mono), QString());
+    const QJsonObject holiday = std::exchange(picture.memory, {{u"uri"_s, u"mono"_s}});
+    const Memory ours = remembered();
+    EXPECT_NE(picture.rememberFolders.last(), folders.wallpapers) << "what is kept there is wanted longer";
+
+    ASSERT_EQ(apply(Skin::neon), QString());
+    EXPECT_EQ(giveBack(ours), QString());
+    EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"mono"_s}}));
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::mono);
+    EXPECT_EQ(wallpaper.currentSkin(host.screens().last()), Skin::mono);
+    EXPECT_TRUE(wallpaper.hasPrevious());
+
+    EXPECT_EQ(giveBack(usersOwn), QString());
+    EXPECT_EQ(picture.givenBack.last(), holiday);
+    EXPECT_EQ(wallpaper.currentURL(), u"/home/user/holiday.jpg"_s);
+    EXPECT_FALSE(wallpaper.hasPrevious()) << "it shows already";
+    EXPECT_EQ(giveBack(ours), QString());
+    EXPECT_TRUE(wallpaper.hasPrevious()) << "the other way round";
+    EXPECT_EQ(giveBackPrevious(), QString());
+    EXPECT_EQ(picture.givenBack.last(), holiday);
+
+    picture.failure = u"Not now."_s;
+    EXPECT_EQ(giveBack(ours), u"Not now."_s);
+    EXPECT_FALSE(wallpaper.hasPrevious());
+    picture.memory = {};
+    EXPECT_FALSE(remembered().isKnown());
+    EXPECT_FALSE(giveBack(remembered()).isEmpty());
+}
+
+TEST_F(DesktopWallpaperTest, WhatIsGivenBackAndWhatIsAppliedComeInTheirOrder)
+{
+    picture.isDeferred = true;
+    const auto settle = [&](Skin skin) {
+        return waitUntil([&] {
+            picture.answer();
+            return wallpaper.currentSkin() == skin && wallpaper.wantedSkin() == skin && picture.waiting() == 0;
+        });
+    };
+    DesktopWallpaper::Memory ours;
+    ours.desktop = {{u"uri"_s, u"mono"_s}};
+    for (const ScreenInfo& screen : host.screens())
+        ours.files.insert(screen.connector, path(u"mono-r16-1x1.png"_s));
+    wallpaper.apply(Skin::neon);
+    wallpaper.giveBack(ours);
+    EXPECT_EQ(wallpaper.wantedSkin(), Skin::mono);
+    EXPECT_TRUE(settle(Skin::mono));
+    EXPECT_TRUE(picture.sets.isEmpty());
+    wallpaper.giveBack(ours);
+    wallpaper.apply(Skin::neon);
+    EXPECT_TRUE(settle(Skin::neon));
+}
+
 } // namespace
