@@ -152,7 +152,8 @@ void WidgetController::renewView()
 
 void WidgetController::rememberDisplay()
 {
-    ScreenPlacement::rememberDisplay(m_widget, m_with.host.screens());
+    if (!config().display || !config().displayOffset) // nearly always it is known, and the screens need not be asked
+        ScreenPlacement::rememberDisplay(m_widget, m_with.host.screens());
 }
 
 bool WidgetController::syncDisplay(const StoredWidget& placed)
