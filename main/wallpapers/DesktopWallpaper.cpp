@@ -165,7 +165,8 @@ void DesktopWallpaper::refresh(const std::function<void()>& then)
     if (connectors.isEmpty() || !m_picture.isAvailable())
         return then();
     const auto round = std::make_shared<Round>(isPerScreen() ? connectors.size() : 1);
-    const auto told = [this, round, then, connectors, changes = m_changes](
+    const bool isNew = !m_places.contains(connectors.first());
+    const auto told = [this, round, then, connectors, isNew, changes = m_changes](
                           const QString& connector, const QString& file) {
         round->files.insert(connector, file);
         if (--round->missing > 0)
@@ -173,8 +174,9 @@ void DesktopWallpaper::refresh(const std::function<void()>& then)
         const QString main = round->files.value(connectors.first());
         for (const QString& each : connectors)
             round->files.insert(each, isPerScreen() ? round->files.value(each) : main);
+        // The wallpaper goes on to a main screen that was never seen.
         if (changes == m_changes)
-            setShown(main, round->files);
+            setShown(isNew && main.isEmpty() ? m_current : main, round->files);
         then();
     };
     for (const QString& connector : connectors.first(round->missing))

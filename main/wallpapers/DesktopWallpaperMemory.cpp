@@ -32,7 +32,7 @@ void DesktopWallpaper::giveBackPrevious(const Done& done)
 void DesktopWallpaper::rememberPrevious(const QString& connector, const std::function<void()>& then)
 {
     m_picture.read(connector, [this, then](const QString& file) {
-        if (isOurs(file) || (file.isEmpty() && hasPrevious()))
+        if (isOurs(file) || (file.isEmpty() && (hasPrevious() || isOurs(m_current))))
             return then();
         m_picture.remember(m_folders.wallpapers, [this, then](const QJsonObject& memory) {
             if (!memory.isEmpty())

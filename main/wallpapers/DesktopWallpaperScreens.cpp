@@ -61,7 +61,7 @@ void DesktopWallpaper::fit(const QList<ScreenInfo>& screens, const QStringList& 
         const std::optional<QString> coming = fileFor(asked, connector);
         QString file = coming.value_or(shown[i]);
         if (i == 0)
-            main = file;
+            main = file = file.isEmpty() && !before.contains(connector) ? m_current : file;
         else if (!before.contains(connector) && (!isPainted(file) || shown.count(file) > 1))
             file = main; // it was never seen, and some desktops tell of such a screen what another one shows
         const bool hasChanged = before.value(connector) != now.value(connector);

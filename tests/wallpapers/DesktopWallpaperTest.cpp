@@ -260,6 +260,18 @@ TEST_F(DesktopWallpaperTest, NewScreensGetTheirSizeOnlyOfOurPictures)
     EXPECT_EQ(picture.sets.size(), 3);
 }
 
+TEST_F(DesktopWallpaperTest, AMainScreenThatWasNeverSeenGetsTheWallpaper)
+{
+    ASSERT_EQ(apply(Skin::kyoto), QString());
+    ScreenInfo docked = host.screens().last();
+    docked.connector = u"DOCK"_s;
+    host.setScreens({docked});
+    wallpaper.fitScreens();
+    EXPECT_TRUE(waitUntil([this] { return picture.sets.size() == 2; }));
+    EXPECT_EQ(picture.shown.value(u"DOCK"_s), path(u"kyoto-r16-640x480.png"_s));
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::kyoto);
+}
+
 TEST_F(DesktopWallpaperTest, OnlyScreensThatChangedAndShowOursAreFitted)
 {
     ASSERT_EQ(apply(Skin::kyoto), QString());
