@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: MIT
+
+#include "window/cards/CardPainter.h"
+
+#include "drawing/Colours.h"
+#include "drawing/Symbols.h"
+#include "window/cards/CardDelegate.h"
+#include "window/cards/CardShadow.h"
+#include "window/look/AppLook.h"
+
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double selectionRing = 3; // wide
+constexpr double selectionDistance = 2; // from the picture
+constexpr double restingRing = 2;
+constexpr double focusDistance = 1;
+constexpr double badgeCorner = 8;
+constexpr double headingGap = 8; // before the count
+constexpr double noticeSymbolSide = 24;
+constexpr double plateHeight = 30; // of the sentence over a card at work
+constexpr double platePadding = 11;
+constexpr double progressSide = 15;
+constexpr double darkened = 0.45;
+constexpr QColor plateColour{0x16, 0x14, 0x18, 217};
+constexpr double innerLineAlpha = 0.12;
+constexpr double hoveredLineAlpha = 0.24;
+
+const AppColours& appColours()
+{
+    return AppLook::shared().colours();
+}
+
+} // namespace
+
+CardPainter::CardPainter(QPainter& painter, const CardLayout& layout, const CardFonts& fonts, bool rightToLeft)
+    : m_painter(painter)
+    , m_layout(layout)
+    , m_fonts(fonts)
+    , m_rightToLeft(rightToLeft)
+    , m_pixelRatio(painter.device()->devicePixelRatioF())
+{
+    m_painter.save();
+    m_painter.setRenderHint(QPainter::Antialiasing);
+    m_painter.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+}
+
+CardPainter::~CardPainter()
+{
+    m_painter.restore();
+}
+
+/// Moved to begin on a whole pixel of the screen.
+QRectF CardPainter::onPixels(const QRectF& rect) const
+{
+    const QTransform& toDevice = m_painter.deviceTransform();
+    const QPointF corner = toDevice.map(rect.topLeft());
+    const QPointF whole(std::round(corner.x()), std::round(corner.y()));
+    return rect.translated((whole - corner) / m_pixelRatio);
+}
+
+void CardPainter::heading(const Card& card, const QRectF& cell)
+{
+    const double height = m_layout.headingHeight - 2.0 * CardLayout::headingAbove;
+    const double indent = CardLayout::cellLead;
+    const QFontMetricsF title(m_fonts.heading);
+    const QFontMetricsF count(m_fonts.caption);
+    const QRectF room(indent, cell.top() + CardLayout::headingAbove, cell.width() - indent - selectionRing, height);
+    const auto placed = [&](QRectF area) {
+        if (m_rightToLeft)
+            area.moveLeft(cell.width() - area.right());
+        return area.translated(cell.left(), 0);
+    };
+    QRectF words = room;
+    words.setWidth(std::min(room.width(), std::ceil(title.horizontalAdvance(card.title))));
+    line(card.title, placed(words), m_fonts.heading, appColours().text);
+    if (card.caption.isEmpty())
+        return;
+    QRectF rest = room;
+    rest.setLeft(words.right() + headingGap);
+    // On one line of writing.
+    rest.translate(0, (title.ascent() - title.descent() - count.ascent() + count.descent()) / 2);
+    line(card.caption, placed(rest), m_fonts.caption, appColours().soft);
+}
+
+void CardPainter::card(const Card& card, const CardParts& parts, const CardSight& sight)
+{
+    const QRectF area = onPixels(parts.picture);
+    if (card.state == Card::State::tile) {
+        const QColor outline = blended(appColours().edge, appColours().text, 0.2 + 0.3 * sight.hover);
+        QPen dashed(outline, 1);
+        dashed.setDashPattern({4, 3});
+        m_painter.setPen(dashed);
+        m_painter.setBrush(Qt::NoBrush);
+        m_painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), CardLayout::corner, CardLayout::corner);
+        notice(card, area, appColours().soft);
+    } else {
+        if (!AppLook::shared().wishes().highContrast)
+            drawCardShadow(m_painter, area, CardLayout::corner, m_pixelRatio);
+        picture(card, area, sight);
+        innerLine(area, sight.hover);
+        if (card.state == Card::State::working)
+            working(card, area, sight.ringTurn);
+        if (!card.pill.isEmpty())
+            pill(card.pill, parts.pill);
+        badges(card, parts, sight);
+    }
+    ring(area, sight.ring);
+    titleLine(card, parts, sight.editing);
+    const int captionLines = m_layout.captionLines;
+    if (!card.caption.isEmpty() && captionLines > 0)
+        lines(card.caption, parts.caption, m_fonts.caption, appColours().soft, captionLines);
+}
+
+void CardPainter::picture(const Card& card, const QRectF& area, const CardSight& sight)
+{
+    if (sight.picture.isNull() || sight.arrived < 1) {
+        const QColor& plain = appColours().placeholder;
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(card.ground.isValid() ? blended(plain, card.ground, 0.5) : plain);
+        m_painter.drawRoundedRect(area, CardLayout::corner, CardLayout::corner);
+    }
+    if (!sight.picture.isNull()) {
+        m_painter.setOpacity(sight.arrived);
+        m_painter.drawPixmap(area, sight.picture, QRectF(QPointF(), QSizeF(sight.picture.size())));
+        m_painter.setOpacity(1);
+    } else if (card.state == Card::State::failed) {
+        const QColor& plain = appColours().placeholder;
+        const QColor ground = card.ground.isValid() ? blended(plain, card.ground, 0.5) : plain;
+        notice(card, area, legible(appColours().soft, inkOn(ground), ground));
+    }
+}
+
+void CardPainter::innerLine(const QRectF& area, double hover)
+{
+    const AppLook& look = AppLook::shared();
+    const double alpha =
+        look.wishes().highContrast ? 0.6 : innerLineAlpha + (hoveredLineAlpha - innerLineAlpha) * hover;
+    const double width = m_pixelRatio <= 1.75 ? 1 / m_pixelRatio : 1;
+    m_painter.setBrush(Qt::NoBrush);
+    m_painter.setPen(QPen(faded(look.wishes().dark ? Qt::white : Qt::black, alpha), width));
+    const double half = width / 2;
+    m_painter.drawRoundedRect(
+        area.adjusted(half, half, -half, -half), CardLayout::corner - half, CardLayout::corner - half);
+}
+
+void CardPainter::ring(const QRectF& area, CardSight::Ring kind)
+{
+    if (kind == CardSight::Ring::none)
+        return;
+    const double focusWidth = AppLook::shared().ringWidth();
+    const bool selected = kind == CardSight::Ring::selected;
+    const double width = selected ? selectionRing : kind == CardSight::Ring::focused ? focusWidth : restingRing;
+    const double distance = (kind == CardSight::Ring::focused ? focusDistance : selectionDistance) + width / 2;
+    m_painter.setBrush(Qt::NoBrush);
+    m_painter.setPen(QPen(kind == CardSight::Ring::resting ? appColours().soft : appColours().accent, width));
+    m_painter.drawRoundedRect(area.adjusted(-distance, -distance, distance, distance), CardLayout::corner + distance,
+        CardLayout::corner + distance);
+}
+
+void CardPainter::notice(const Card& card, const QRectF& area, const QColor& ink)
+{
+    const double words = card.notice.isEmpty() ? 0 : QFontMetricsF(m_fonts.caption).height();
+    const double gap = words > 0 ? 8 : 0;
+    QRectF square(0, 0, noticeSymbolSide, noticeSymbolSide);
+    square.moveCenter(area.center());
+    square.translate(0, -(words + gap) / 2);
+    symbol(card.noticeSymbol, square, ink);
+    if (words > 0)
+        line(card.notice, {area.left() + 8, square.bottom() + gap, area.width() - 16, words}, m_fonts.caption, ink,
+            Qt::ElideRight, Qt::AlignHCenter);
+}
+
+void CardPainter::working(const Card& card, const QRectF& area, double turn)
+{
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(faded(Qt::black, darkened));
+    m_painter.drawRoundedRect(area, CardLayout::corner, CardLayout::corner);
+
+    const QFontMetricsF metrics(m_fonts.name);
+    const double lead = platePadding + progressSide + 8;
+    const double height = std::max(plateHeight, metrics.height() + 10);
+    QRectF plate(0, 0,
+        std::min(area.width() - 16, lead + std::ceil(metrics.horizontalAdvance(card.notice)) + platePadding), height);
+    plate.moveCenter(area.center());
+    m_painter.setBrush(plateColour);
+    m_painter.drawRoundedRect(plate, height / 2, height / 2);
+    QRectF circle(plate.left() + platePadding, plate.center().y() - progressSide / 2, progressSide, progressSide);
+    QRectF words = plate.adjusted(lead, 0, -platePadding, 0);
+    if (m_rightToLeft) {
+        circle.moveRight(plate.right() - platePadding);
+        words = plate.adjusted(platePadding, 0, -lead, 0);
+    }
+    progress(circle, turn);
+    line(card.notice, words, m_fonts.name, Qt::white);
+}
+
+void CardPainter::progress(const QRectF& area, double turn)
+{
+    const QColor moving = AppLook::colours({.dark = true}).accent; // on a dark plate in both appearances
+    if (AppLook::shared().wishes().reducesMotion) {
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(moving);
+        for (const double place : {0.125, 0.5, 0.875})
+            m_painter.drawEllipse(QPointF(area.left() + place * area.width(), area.center().y()), 1.75, 1.75);
+        return;
+    }
+    const QRectF middle = area.adjusted(1.25, 1.25, -1.25, -1.25);
+    m_painter.setBrush(Qt::NoBrush);
+    m_painter.setPen(QPen(faded(Qt::white, 0.25), 2.5));
+    m_painter.drawEllipse(middle);
+    m_painter.setPen(QPen(moving, 2.5, Qt::SolidLine, Qt::RoundCap));
+    m_painter.drawArc(middle, static_cast<int>((90 - 360 * turn) * 16), -100 * 16);
+}
+
+void CardPainter::titleLine(const Card& card, const CardParts& parts, bool editing)
+{
+    if (!editing)
+        line(card.title, parts.title.width() < parts.titleRoom.width() ? parts.title : parts.titleRoom, m_fonts.title,
+            card.usable ? appColours().text : appColours().faint, card.elidesMiddle ? Qt::ElideMiddle : Qt::ElideRight);
+    if (!card.symbol.isEmpty())
+        symbol(card.symbol, parts.symbol, appColours().soft);
+    const int count = std::min(static_cast<int>(card.dots.size()), CardLayout::mostDots);
+    const double side = parts.dots.height();
+    const double step = count > 1 ? (parts.dots.width() - side) / (count - 1) : 0;
+    m_painter.setPen(QPen(faded(appColours().text, 0.18), 1 / m_pixelRatio));
+    for (int dot = 0; dot < count; ++dot) {
+        m_painter.setBrush(card.dots[m_rightToLeft ? count - 1 - dot : dot]);
+        m_painter.drawEllipse(QRectF(parts.dots.left() + dot * step, parts.dots.top(), side, side));
+    }
+}
+
+void CardPainter::pill(const QString& words, const QRectF& area)
+{
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(appColours().accent);
+    m_painter.drawRoundedRect(area, area.height() / 2, area.height() / 2);
+    const double side = 13;
+    QRectF check(area.left() + 7, area.center().y() - side / 2, side, side);
+    QRectF text = area.adjusted(check.right() + 3 - area.left(), 0, -7, 0);
+    if (m_rightToLeft) {
+        check.moveRight(area.right() - 7);
+        text = area.adjusted(7, 0, check.left() - 3 - area.right(), 0);
+    }
+    symbol(u"checkmark"_s, check, appColours().onAccent);
+    line(words, text, m_fonts.pill, appColours().onAccent);
+}
+
+void CardPainter::badges(const Card& card, const CardParts& parts, const CardSight& sight)
+{
+    if (sight.hover <= 0)
+        return;
+    const auto state = [&](CardPart part) { return sight.part != part ? 0 : sight.pressed ? 0.1 : 0.04; };
+    m_painter.setOpacity(sight.hover);
+    if (!parts.menu.isEmpty())
+        badge(parts.menu, {}, u"ellipsis"_s, false, state(CardPart::menu));
+    if (!parts.primary.isEmpty())
+        badge(parts.primary, card.primary, card.primarySymbol, true, state(CardPart::primary));
+    m_painter.setOpacity(1);
+}
+
+void CardPainter::badge(const QRectF& area, const QString& words, const QString& name, bool chief, double state)
+{
+    const AppColours& colours = appColours();
+    const QRectF plate = onPixels(area);
+    const double corner = chief && words.isEmpty() ? plate.height() / 2 : badgeCorner;
+    m_painter.setPen(chief ? QPen(Qt::NoPen) : QPen(colours.edge, 1));
+    m_painter.setBrush(
+        blended(chief ? colours.accent : colours.button, chief ? colours.onAccent : colours.text, state));
+    m_painter.drawRoundedRect(chief ? plate : plate.adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
+    const QColor ink = chief ? colours.onAccent : colours.text;
+    if (!words.isEmpty()) {
+        line(words, plate, m_fonts.title, ink, Qt::ElideNone, Qt::AlignHCenter);
+        return;
+    }
+    QRectF square(0, 0, 18, 18);
+    square.moveCenter(plate.center());
+    symbol(name, square, ink);
+}
+
+void CardPainter::symbol(const QString& name, const QRectF& square, const QColor& ink)
+{
+    m_painter.save();
+    m_painter.translate(square.topLeft());
+    m_painter.scale(square.width(), square.height());
+    m_painter.fillPath(symbolPath(name), ink);
+    m_painter.restore();
+}
+
+void CardPainter::line(const QString& text, const QRectF& area, const QFont& font, const QColor& ink,
+    Qt::TextElideMode elide, Qt::Alignment alignment)
+{
+    m_painter.setFont(font);
+    m_painter.setPen(ink);
+    const QString shown = QFontMetricsF(font).elidedText(text, elide, area.width());
+    const int flags = static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextDontClip;
+    m_painter.drawText(area, flags, shown);
+}
+
+/// Wrapped at words; the last line is cut where the text is longer.
+void CardPainter::lines(const QString& text, const QRectF& area, const QFont& font, const QColor& ink, int count)
+{
+    const double height = area.height() / count;
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    int start = 0;
+    for (int number = 0; number < count && start < text.size(); ++number) {
+        QTextLine next = layout.createLine();
+        next.setLineWidth(area.width());
+        const QString words = number + 1 == count ? text.mid(start) : text.mid(start, next.textLength()).trimmed();
+        line(words, {area.left(), area.top() + number * height, area.width(), height}, font, ink);
+        start += next.textLength();
+    }
+    layout.endLayout();
+}
+
+} // namespace ambrelle
