@@ -17,7 +17,7 @@ namespace ambrelle {
 namespace {
 
 constexpr int editorHeight = 24;
-constexpr int editorOverhang = 5; // to the left, so that the text stays where it was
+constexpr int editorOverhang = 5; // at both ends of the room for a name
 
 } // namespace
 
@@ -41,12 +41,6 @@ void CardDelegate::dress()
     m_motion.setTimes(look.milliseconds(120), look.milliseconds(250));
 }
 
-void CardDelegate::setLayout(const CardLayout& layout, int lineWidth)
-{
-    m_layout = layout;
-    m_lineWidth = lineWidth;
-}
-
 bool CardDelegate::isOnFirstLine(int row) const
 {
     return row == 0
@@ -54,13 +48,13 @@ bool CardDelegate::isOnFirstLine(int row) const
             && !m_headings.first(std::min<qsizetype>(row + 1, m_headings.size())).contains(true));
 }
 
-CardParts CardDelegate::parts(const Card& card, const QRectF& cell, bool rightToLeft) const
+CardParts CardDelegate::parts(const Card& card, const QRectF& cell, bool rightToLeft, bool editing) const
 {
     CardExtents extents;
     const auto width = [](const QFont& font, const QString& text) {
         return text.isEmpty() ? 0 : QFontMetricsF(font).horizontalAdvance(text);
     };
-    extents.title = width(m_fonts.title, card.title);
+    extents.title = editing ? cell.width() : width(m_fonts.title, card.title);
     extents.symbol = !card.symbol.isEmpty();
     extents.dots = static_cast<int>(card.dots.size());
     extents.pill = width(m_fonts.pill, card.pill);
@@ -129,14 +123,15 @@ void CardDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
                                     : CardSight::Ring::none;
     sight.ringTurn = ringTurn;
     m_paintedProgress = m_paintedProgress || card.state == Card::State::working;
-    drawing.card(card, parts(card, option.rect, option.direction == Qt::RightToLeft), sight);
+    drawing.card(card, parts(card, option.rect, option.direction == Qt::RightToLeft, sight.editing), sight);
 }
 
 QSize CardDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const
 {
     const int row = index.row();
     const bool isHeading = row < m_headings.size() ? m_headings[row] : cardAt(index).isHeading;
-    const QSize size = isHeading ? QSize(m_lineWidth, m_layout.headingHeight) : m_layout.cell;
+    const QSize size =
+        isHeading ? QSize(m_layout.columns * m_layout.cell.width(), m_layout.headingHeight) : m_layout.cell;
     return isOnFirstLine(row) ? size + QSize(0, m_headerHeight) : size;
 }
 
@@ -145,6 +140,7 @@ QWidget* CardDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     m_edited = index;
     auto* editor = new QLineEdit(parent);
     editor->setFont(m_fonts.title);
+    editor->setTextMargins(-editorOverhang, 0, -editorOverhang, 0); // the text stays where it was
     editor->setMaxLength(longestCardName);
     editor->setAccessibleName(Wording::tr("Name"));
     return editor;

@@ -38,7 +38,7 @@ public:
 
     /// Takes type anew from the look of windows.
     void dress();
-    void setLayout(const CardLayout& layout, int lineWidth);
+    void setLayout(const CardLayout& layout) { m_layout = layout; }
     /// How much higher the first line is, for what stands above it.
     void setHeaderHeight(int height) { m_headerHeight = height; }
     int headerHeight() const { return m_headerHeight; }
@@ -60,7 +60,7 @@ public:
     qint64 now = 0; ///< milliseconds, for what begins to move while painting
 
     /// The parts of a card in its cell.
-    CardParts parts(const Card& card, const QRectF& cell, bool rightToLeft) const;
+    CardParts parts(const Card& card, const QRectF& cell, bool rightToLeft, bool editing = false) const;
     /// What is said of the part under the pointer; empty: nothing.
     QString toolTip(const Card& card, const CardParts& parts, CardPart part) const;
 
@@ -75,7 +75,6 @@ public:
 
 private:
     CardLayout m_layout;
-    int m_lineWidth = 0;
     CardFonts m_fonts;
     QPointer<CardPictures> m_pictures;
     int m_headerHeight = 0;

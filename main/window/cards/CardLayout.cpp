@@ -16,9 +16,10 @@ constexpr int leastCard = 40; // in a window that no user makes
 constexpr int belowPicture = 9;
 constexpr int belowTitle = 1;
 constexpr double textInset = 2;
-constexpr double symbolSide = 13;
+constexpr int usualTitleLine = 18; // what stands beside a title grows with it
+constexpr double usualSymbol = 13;
+constexpr double usualDot = 8;
 constexpr double symbolGap = 6;
-constexpr double dotSide = 8;
 constexpr double dotGap = 4;
 constexpr double badgeInset = 8; // from the picture's edges
 constexpr double badgeGap = 6;
@@ -67,13 +68,15 @@ CardLayout CardLayout::of(const CardShape& shape, const CardSurroundings& where)
     layout.inset = std::max(0, layout.margin - cellLead);
 
     // Cells are whole points, as the list wants them; a card ends on a whole pixel of the screen.
-    const int line = std::min(width + gap, std::max(leastCard + gap, where.width - where.scrollBar - layout.inset));
+    // One more than the cells need, or the list would break the line before the last of them.
+    const int seen = where.width - where.scrollBar - layout.inset;
+    const int line = std::min(width + gap, std::max(leastCard + gap, seen - 1));
     const int stride = line / layout.columns;
     const int devicePixels = static_cast<int>(std::floor((stride - gap) * where.pixelRatio + 1e-6));
     layout.pictureDevicePixels = {
         devicePixels, std::max(1, static_cast<int>(std::lround(devicePixels * shape.pictureRatio)))};
     layout.picture = QSizeF(layout.pictureDevicePixels) / where.pixelRatio;
-    layout.farInset = std::max(0, where.width - where.scrollBar - layout.inset - line);
+    layout.farInset = std::max(0, seen - line - 1);
 
     layout.titleLine = where.titleLine;
     layout.captionLine = where.captionLine;
@@ -95,6 +98,8 @@ CardParts CardLayout::parts(const QRectF& cell, const CardExtents& extents, bool
 {
     CardParts parts;
     parts.picture = pictureIn(cell);
+    const double symbolSide = usualSymbol * titleLine / usualTitleLine;
+    const double dotSide = usualDot * titleLine / usualTitleLine;
     const double left = parts.picture.left() + textInset;
     double right = parts.picture.right() - textInset;
     const double top = cell.top() + ringRoom + std::ceil(picture.height()) + belowPicture;

@@ -37,8 +37,8 @@ void CardMotion::hover(const QModelIndex& index, qint64 now)
     };
     const QModelIndex left = m_hovered;
     aim(left, 0);
+    aim(index, 1); // from where it is, so it must not count as hovered yet
     m_hovered = index;
-    aim(index, 1);
 }
 
 void CardMotion::await(const QModelIndex& index)

@@ -131,7 +131,13 @@ void CardPainter::picture(const Card& card, const QRectF& area, const CardSight&
     }
     if (!sight.picture.isNull()) {
         m_painter.setOpacity(sight.arrived);
-        m_painter.drawPixmap(area, sight.picture, QRectF(QPointF(), QSizeF(sight.picture.size())));
+        // In the screen's own pixels nothing has to be scaled.
+        const QSize shown = sight.picture.size();
+        m_painter.save();
+        m_painter.translate(area.topLeft());
+        m_painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
+        m_painter.drawPixmap(QRect(QPoint(), m_layout.pictureDevicePixels), sight.picture, QRect(QPoint(), shown));
+        m_painter.restore();
         m_painter.setOpacity(1);
     } else if (card.state == Card::State::failed) {
         const QColor& plain = appColours().placeholder;

@@ -2,7 +2,6 @@
 
 #include "window/cards/CardShadow.h"
 
-#include <QHash>
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
@@ -24,12 +23,19 @@ struct ShadowLayer {
 
 constexpr ShadowLayer shadowLayers[]{{1, 2, 0.16}, {4, 14, 0.10}};
 constexpr int shadowReach = 18; // beyond the picture, points
+constexpr int blurReach = 14; // within it
 
-/// A square picture's shadow: corners, and one pixel between them.
-QPixmap shadowPieces(double corner, double pixelRatio)
+/// One is enough: the cards of a window have one size.
+struct KeptShadow {
+    QSize size;
+    double corner = 0;
+    double pixelRatio = 0;
+    QPixmap pixmap;
+};
+
+/// The shadow of a square picture: its corners, and one pixel between them.
+QImage shadowPieces(double corner, double pixelRatio, int reach, int inside)
 {
-    const int reach = static_cast<int>(std::ceil(shadowReach * pixelRatio));
-    const int inside = static_cast<int>(std::ceil((corner + 14) * pixelRatio)); // where the blur ends
     const int side = 2 * (reach + inside) + 1;
     QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     const double half = (side - 2 * reach) / 2.0;
@@ -49,6 +55,27 @@ QPixmap shadowPieces(double corner, double pixelRatio)
             line[x] = qRgba(0, 0, 0, static_cast<int>(std::lround(255 * (1 - light))));
         }
     }
+    return image;
+}
+
+/// The pieces laid around a picture of that size, device pixels.
+QPixmap shadowAround(const QSize& size, double corner, double pixelRatio, int reach)
+{
+    const int inside = std::min({static_cast<int>(std::ceil((corner + blurReach) * pixelRatio)), (size.width() - 1) / 2,
+        (size.height() - 1) / 2});
+    const QImage pieces = shadowPieces(corner, pixelRatio, reach, inside);
+    const int half = reach + inside;
+    const QSize whole = size + QSize(2 * reach, 2 * reach);
+    QImage image(whole, QImage::Format_ARGB32_Premultiplied);
+    const auto from = [half](int place, int length) {
+        return place < half ? place : place >= length - half ? 2 * half + 1 - (length - place) : half;
+    };
+    for (int y = 0; y < whole.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        const auto* piece = reinterpret_cast<const QRgb*>(pieces.constScanLine(from(y, whole.height())));
+        for (int x = 0; x < whole.width(); ++x)
+            line[x] = piece[from(x, whole.width())];
+    }
     return QPixmap::fromImage(image);
 }
 
@@ -56,27 +83,27 @@ QPixmap shadowPieces(double corner, double pixelRatio)
 
 void drawCardShadow(QPainter& painter, const QRectF& area, double corner, double pixelRatio)
 {
-    static QHash<std::pair<int, int>, QPixmap> kept;
-    QPixmap& pieces = kept[{qRound(corner * 100), qRound(pixelRatio * 100)}];
-    if (pieces.isNull())
-        pieces = shadowPieces(corner, pixelRatio);
+    static KeptShadow kept;
+    const QSize size = (area.size() * pixelRatio).toSize();
+    const int reach = static_cast<int>(std::ceil(shadowReach * pixelRatio));
+    if (size.isEmpty())
+        return;
+    if (kept.size != size || kept.corner != corner || kept.pixelRatio != pixelRatio)
+        kept = {size, corner, pixelRatio, shadowAround(size, corner, pixelRatio, reach)};
 
-    const int half = pieces.width() / 2;
-    const double reach = std::ceil(shadowReach * pixelRatio) / pixelRatio;
-    const QRectF all = area.adjusted(-reach, -reach, reach, reach);
-    const double piece = half / pixelRatio;
-    const double x[]{all.left(), all.left() + piece, all.right() - piece, all.right()};
-    const double y[]{all.top(), all.top() + piece, all.bottom() - piece, all.bottom()};
-    const int from[]{0, half, half + 1, pieces.width()};
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column) {
-            const QRectF target(QPointF(x[column], y[row]), QPointF(x[column + 1], y[row + 1]));
-            if ((row == 1 && column == 1) || target.width() <= 0 || target.height() <= 0)
-                continue;
-            painter.drawPixmap(
-                target, pieces, QRectF(QPointF(from[column], from[row]), QPointF(from[column + 1], from[row + 1])));
-        }
-    }
+    // In the screen's own pixels nothing has to be scaled; below the picture only its corners are needed.
+    painter.save();
+    painter.translate(area.topLeft());
+    painter.scale(1 / pixelRatio, 1 / pixelRatio);
+    const int rim = std::min(static_cast<int>(std::ceil(corner * pixelRatio)), size.height() / 2);
+    const int side = std::min(reach + rim, size.width() / 2);
+    const QSize whole = kept.pixmap.size();
+    const int middle = whole.height() - 2 * (reach + rim);
+    for (const QRect& strip :
+        {QRect(0, 0, whole.width(), reach + rim), QRect(0, whole.height() - reach - rim, whole.width(), reach + rim),
+            QRect(0, reach + rim, side, middle), QRect(whole.width() - side, reach + rim, side, middle)})
+        painter.drawPixmap(strip.topLeft() - QPoint(reach, reach), kept.pixmap, strip);
+    painter.restore();
 }
 
 } // namespace ambrelle

@@ -8,8 +8,8 @@ class QPainter;
 
 namespace ambrelle {
 
-/// The soft shadow below a picture with round corners; made once for each pixel ratio, of nine pieces that fit pictures
-/// of every size. Nothing is drawn below the picture itself. `area` lies on whole pixels of the painter's device.
+/// The soft shadow below a picture with round corners, made once for pictures of one size. `area` begins on a whole
+/// pixel of the painter's device.
 void drawCardShadow(QPainter& painter, const QRectF& area, double corner, double pixelRatio);
 
 } // namespace ambrelle

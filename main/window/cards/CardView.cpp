@@ -148,10 +148,12 @@ void CardView::arrange()
         return;
     m_surroundings = now;
     const CardLayout layout = CardLayout::of(m_shape, now);
-    m_delegate->setLayout(
-        layout, std::max(layout.cell.width(), now.width - now.scrollBar - layout.inset - layout.farInset));
+    m_delegate->setLayout(layout);
     m_lastAsked = -1;
-    setViewportMargins(layout.inset, 0, layout.farInset, 0);
+    if (isRightToLeft())
+        setViewportMargins(layout.farInset, 0, layout.inset, 0);
+    else
+        setViewportMargins(layout.inset, 0, layout.farInset, 0);
     scheduleDelayedItemsLayout();
 }
 
@@ -216,6 +218,8 @@ bool CardView::event(QEvent* event)
 {
     if (event->type() == QEvent::Resize || event->type() == QEvent::StyleChange)
         arrange();
+    else if (event->type() == QEvent::LayoutDirectionChange)
+        redo();
     return QListView::event(event);
 }
 

@@ -44,11 +44,13 @@ void CardView::askAhead()
     if (cards.isEmpty() || !m_delegate->pictures() || cards.last().row() == m_lastAsked)
         return;
     m_lastAsked = cards.last().row();
-    const int end =
-        std::min(static_cast<int>(m_delegate->headings().size()), m_lastAsked + 1 + layoutOfCards().columns);
-    for (int row = m_lastAsked + 1; row < end; ++row) {
+    const QList<bool>& headings = m_delegate->headings();
+    int row = m_lastAsked + 1;
+    while (row < headings.size() && headings[row])
+        ++row;
+    for (int left = layoutOfCards().columns; left > 0 && row < headings.size() && !headings[row]; --left, ++row) {
         const QModelIndex index = model()->index(row, 0, rootIndex());
-        if (!m_delegate->headings()[row] && !cardAt(index).picture.isEmpty())
+        if (!cardAt(index).picture.isEmpty())
             m_delegate->pictures()->picture(index, layoutOfCards().pictureDevicePixels);
     }
 }
