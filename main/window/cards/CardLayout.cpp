@@ -122,10 +122,11 @@ CardParts CardLayout::parts(const QRectF& cell, const CardExtents& extents, bool
             static_cast<double>(captionLines * captionLine)};
 
     const QRectF inside = parts.picture.adjusted(badgeInset, badgeInset, -badgeInset, -badgeInset);
-    if (extents.pill > 0)
-        parts.pill = {inside.topLeft(),
-            QSizeF(std::min(inside.width(), 2 * pillPadding + pillCheck + std::ceil(extents.pill)),
-                std::max(leastPill, captionLine + pillLead))};
+    if (extents.pill > 0) {
+        const double height = std::max(leastPill, captionLine + pillLead);
+        const double width = 2 * pillPadding + pillCheck * height / leastPill + std::ceil(extents.pill);
+        parts.pill = {inside.left(), inside.top(), std::min(inside.width(), width), height};
+    }
     double end = inside.right();
     const double badge = std::max(badgeHeight, titleLine + 10.0);
     if (extents.primary != 0) {
