@@ -4,7 +4,10 @@
 #include "window/CardPage.h"
 
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QScrollBar>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -125,6 +128,25 @@ TEST_F(CardInputTest, ANameIsEditedInPlace)
     rows.cards[1].renames = false;
     key(Qt::Key_F2);
     EXPECT_FALSE(editor());
+}
+
+TEST_F(CardInputTest, AToolTipSaysWhatIsCutAndIsNoMarkup)
+{
+    const auto tip = [this](CardPart part) {
+        QToolTip::hideText();
+        const QPoint at = middle(1, part).toPoint();
+        QHelpEvent event(QEvent::ToolTip, at, view->viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(view->viewport(), &event);
+        QTextDocument shown;
+        shown.setHtml(QToolTip::text());
+        return shown.toPlainText();
+    };
+    EXPECT_EQ(tip(CardPart::title), QString());
+    EXPECT_EQ(tip(CardPart::menu), u"More"_s);
+    rows.cards[1].title = u"<b>Work</b> & a name that is a great deal wider than its card"_s;
+    EXPECT_EQ(tip(CardPart::title), rows.cards[1].title);
+    rows.cards[1].state = Card::State::failed;
+    EXPECT_EQ(tip(CardPart::picture), u"No preview"_s);
 }
 
 TEST_F(CardInputTest, AWheelScrollsByNotchesAndATouchpadByItsPixels)

@@ -97,6 +97,22 @@ TEST_F(CardViewTest, AHeaderScrollsWithTheCards)
     EXPECT_EQ(view->visualRect(row(1)).top(), before);
 }
 
+TEST_F(CardViewTest, APageMayEndInAnyOrder)
+{
+    for (const bool raised : {false, true}) {
+        auto* other = new QWidget(&page);
+        auto* grid = new CardView(other);
+        grid->setModel(&rows);
+        grid->setHeader(new QLabel(u"Welcome"_s));
+        other->resize(800, 400);
+        other->show();
+        settle();
+        if (raised)
+            grid->raise(); // its header is now deleted before it
+        delete other;
+    }
+}
+
 TEST_F(CardViewTest, RestsWhileNothingChanges)
 {
     struct Repaints final : QObject {

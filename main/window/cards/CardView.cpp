@@ -54,8 +54,7 @@ CardView::CardView(QWidget* parent)
 
 CardView::~CardView()
 {
-    if (m_header && m_header->parent() != this)
-        delete m_header;
+    delete m_header; // a neighbour, who may be gone already
 }
 
 void CardView::setShape(const CardShape& shape)
@@ -76,7 +75,8 @@ void CardView::setPictures(CardPictures* pictures)
 
 void CardView::setHeader(QWidget* header)
 {
-    m_header->setContents(header);
+    if (m_header)
+        m_header->setContents(header);
 }
 
 void CardView::setModel(QAbstractItemModel* model)
@@ -227,6 +227,8 @@ void CardView::updateGeometries()
 {
     QListView::updateGeometries();
     verticalScrollBar()->setSingleStep(32);
+    if (!m_header)
+        return; // the page is going away
     const int width = layoutOfCards().columns * layoutOfCards().cell.width() - CardLayout::gap;
     const int height = m_header->heightFor(width);
     if (height != m_delegate->headerHeight()) {

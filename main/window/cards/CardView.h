@@ -94,7 +94,7 @@ private:
 
     CardShape m_shape;
     CardDelegate* m_delegate;
-    CardHeader* m_header;
+    QPointer<CardHeader> m_header; ///< lives beside the view
     QVariantAnimation* m_scrolling;
     QBasicTimer m_motionTimer;
     QBasicTimer m_progressTimer;

@@ -16,6 +16,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int pullDistance = 6;
@@ -221,7 +223,9 @@ bool CardView::viewportEvent(QEvent* event)
         const QString text = index.isValid() && !card.isHeading ? m_delegate->toolTip(
                                  card, m_delegate->parts(card, visualRect(index), isRightToLeft()), partAt(help->pos()))
                                                                 : QString();
-        QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : text.toHtmlEscaped(), viewport());
+        // Names of others are no markup.
+        const QString shown = u"<span>%1</span>"_s.arg(text.toHtmlEscaped().replace(u'\n', u"<br>"_s));
+        QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : shown, viewport());
         return true;
     }
     default: break;
