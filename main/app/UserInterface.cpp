@@ -32,10 +32,15 @@ UserInterface::UserInterface(const Collaborators& with)
           // Not quit(): it would ask the panels first, and they refuse to be closed by a window manager.
           .quit = [] { QCoreApplication::exit(); }})
     , m_model(with.defaults)
+    , m_undo(with.ports.clock)
+    , m_themes(with.defaults)
     , m_context{.model = m_model,
+          .sheets = m_sheets,
+          .undo = m_undo,
           .manager = with.manager,
           .settings = with.settings,
           .accents = with.accents,
+          .themes = m_themes,
           .wallpaper = with.wallpaper,
           .thumbnails = with.thumbnails,
           .host = with.ports.windows,
@@ -43,6 +48,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .monitor = with.monitor,
           .services = with.services,
           .feed = with.feed,
+          .calendars = with.ports.calendars,
           .login = with.ports.loginItem,
           .programs = with.ports.programs,
           .clock = with.ports.clock,
@@ -80,7 +86,7 @@ void UserInterface::askForCity()
 
 void UserInterface::showCalendars()
 {
-    m_model.setSettingsSection(SettingsSection::calendars);
+    m_model.setSettingsChapter(SettingsChapter::calendars);
     open(MainTab::settings);
 }
 

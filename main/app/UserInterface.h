@@ -4,9 +4,12 @@
 
 #include "desktop/QuickMenu.h"
 #include "foundation/Clock.h"
+#include "model/ThemeStore.h"
 #include "platform/Machine.h"
 #include "window/frame/MainWindowController.h"
+#include "window/frame/Sheet.h"
 #include "window/frame/StatusItemController.h"
+#include "window/frame/Undo.h"
 #include "window/frame/WindowContext.h"
 #include "window/popover/WidgetContextMenu.h"
 #include "window/popover/WidgetSettings.h"
@@ -53,6 +56,9 @@ private:
     Clock& m_clock;
     QuickMenu m_quickMenu;
     MainWindowModel m_model;
+    SheetQueue m_sheets;
+    UndoKeeper m_undo;
+    ThemeStore m_themes;
     WindowContext m_context;
     MainWindowController m_mainWindow;
     WidgetContextMenu m_widgetMenu;

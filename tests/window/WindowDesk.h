@@ -4,10 +4,13 @@
 
 #include "desktop/Desk.h"
 #include "desktop/QuickMenu.h"
+#include "model/ThemeStore.h"
 #include "platform/recording/RecordingMachine.h"
 #include "wallpapers/WallpaperStore.h"
 #include "window/frame/MainWindow.h"
 #include "window/frame/MainWindowController.h"
+#include "window/frame/Sheet.h"
+#include "window/frame/Undo.h"
 #include "window/frame/WindowContext.h"
 #include "window/frame/WindowMaker.h"
 
@@ -33,10 +36,17 @@ struct WindowDesk {
              return updates;
          }}};
     MainWindowModel model{desk.defaults};
+    SheetQueue sheets;
+    UndoKeeper undo{desk.clock};
+    ThemeStore themes{desk.defaults};
+    RecordingCalendarStore calendars;
     WindowContext context{.model = model,
+        .sheets = sheets,
+        .undo = undo,
         .manager = desk.manager,
         .settings = desk.settings,
         .accents = desk.accents,
+        .themes = themes,
         .wallpaper = desk.wallpaper,
         .thumbnails = thumbnails,
         .host = desk.host,
@@ -44,6 +54,7 @@ struct WindowDesk {
         .monitor = desk.monitor,
         .services = desk.services.live,
         .feed = desk.feed,
+        .calendars = calendars,
         .login = login,
         .programs = programs,
         .clock = desk.clock,

@@ -111,8 +111,6 @@ void MainWindow::nextArea()
 void MainWindow::escape()
 {
     MainWindowModel& model = m_parts.model;
-    if (leaveOverlay && leaveOverlay())
-        return;
     if (page().leave())
         return;
     if (!model.search(model.tab()).isEmpty())

@@ -37,9 +37,7 @@ public:
     /// Theme files may be dropped on every tab.
     std::function<QString(const QStringList& files)> themeInvitation;
     std::function<void(const QStringList& files)> dropThemes;
-    /// What Ctrl+Z takes back; what Escape leaves before anything else, true when there was something.
-    std::function<void()> undo;
-    std::function<bool()> leaveOverlay;
+    std::function<void()> undo; ///< Ctrl+Z
     QList<QWidget*> overlays; ///< above the page; each sees to its own place
 
 Q_SIGNALS:

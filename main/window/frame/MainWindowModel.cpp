@@ -94,16 +94,16 @@ void MainWindowModel::setWallpaperTarget(const QString& screen)
     assign(m_wallpaperTarget, screen);
 }
 
-void MainWindowModel::setSettingsSection(SettingsSection section)
+void MainWindowModel::setSettingsChapter(SettingsChapter chapter)
 {
-    assign(m_settingsSection, section);
+    assign(m_settingsChapter, chapter);
 }
 
 void MainWindowModel::askForCity()
 {
     m_cityWanted = true;
     m_tab = MainTab::settings;
-    m_settingsSection = SettingsSection::weather;
+    m_settingsChapter = SettingsChapter::weather;
     m_searches.erase(MainTab::settings);
     Q_EMIT changed();
 }

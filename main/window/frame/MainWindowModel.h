@@ -23,7 +23,7 @@ class UserDefaults;
 /// What the Themes tab shows. `concept_` as in ThemeGroup.
 enum class ThemesSection { all, concept_, minimal, modern, mine };
 enum class WallpapersScope { all, themes, mine, photographs };
-enum class SettingsSection { general, desktop, weather, calendars, focus, updates, about };
+enum class SettingsChapter { general, desktop, weather, calendars, focus, updates, about };
 
 /// A theme of the catalogue, or one that the user saved, by its identifier.
 using ThemeChoice = std::variant<Skin, QUuid>;
@@ -56,8 +56,8 @@ public:
     /// The screen that wallpapers are set on, by its identifier; empty: all of them.
     const QString& wallpaperTarget() const { return m_wallpaperTarget; }
     void setWallpaperTarget(const QString& screen);
-    SettingsSection settingsSection() const { return m_settingsSection; }
-    void setSettingsSection(SettingsSection section);
+    SettingsChapter settingsChapter() const { return m_settingsChapter; }
+    void setSettingsChapter(SettingsChapter chapter);
 
     /// Shows the setting of the weather's city, about to be typed.
     void askForCity();
@@ -93,7 +93,7 @@ private:
     WidgetCategory m_category = WidgetCategory::all;
     WallpapersScope m_wallpapersScope = WallpapersScope::all;
     QString m_wallpaperTarget;
-    SettingsSection m_settingsSection = SettingsSection::general;
+    SettingsChapter m_settingsChapter = SettingsChapter::general;
     bool m_cityWanted = false;
     int m_welcomeShowings = -1; // so far; below 0 there is no welcome
     QStringList m_handedFiles;

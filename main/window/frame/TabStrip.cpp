@@ -4,11 +4,10 @@
 
 #include "drawing/Colours.h"
 #include "window/look/AppLook.h"
+#include "window/look/FocusRing.h"
 #include "window/look/SymbolIcon.h"
 #include "window/look/WindowStyle.h"
 
-#include <QFocusEvent>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -86,21 +85,6 @@ void TabStrip::tabLayoutChange()
     updateGeometry();
 }
 
-bool TabStrip::event(QEvent* event)
-{
-    if (event->type() == QEvent::FocusIn) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        m_ring = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
-    }
-    return QTabBar::event(event);
-}
-
-void TabStrip::keyPressEvent(QKeyEvent* event)
-{
-    m_ring = true;
-    QTabBar::keyPressEvent(event);
-}
-
 void TabStrip::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -133,8 +117,8 @@ void TabStrip::paintEvent(QPaintEvent*)
                 static_cast<int>(Qt::AlignVCenter | QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)),
                 tabText(index));
         }
-        if (chosen && hasFocus() && m_ring)
-            WindowStyle::drawRing(painter, segment, segmentCorner, palette());
+        if (chosen && hasFocus() && FocusRing::shared().isShown())
+            WindowStyle::drawRing(painter, segment, segmentCorner, colours.accent);
     }
 }
 

@@ -21,8 +21,6 @@ public:
 protected:
     QSize tabSizeHint(int index) const override;
     void paintEvent(QPaintEvent* event) override;
-    bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void tabLayoutChange() override;
 
 private:
@@ -30,7 +28,6 @@ private:
     void layOut();
 
     bool m_compact = false;
-    bool m_ring = false; // the focus came by the keyboard
 };
 
 } // namespace ambrelle

@@ -7,11 +7,11 @@
 #include "window/frame/SearchField.h"
 #include "window/frame/TabStrip.h"
 #include "window/look/AppLook.h"
+#include "window/look/Button.h"
 #include "window/look/SymbolIcon.h"
 
 #include <QPainter>
 #include <QStyle>
-#include <QToolButton>
 
 #include <algorithm>
 
@@ -54,37 +54,28 @@ QString searchPrompt(MainTab tab)
     return {};
 }
 
-QToolButton* makeButton(const QString& symbol, const QString& name, QWidget* parent)
-{
-    auto* button = new QToolButton(parent);
-    button->setIcon(symbolIcon(symbol));
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setAccessibleName(name);
-    button->setToolTip(name);
-    return button;
-}
-
 } // namespace
 
 ToolBar::ToolBar(MainWindowModel& model, ActionMenu::Items more, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
     , m_menu(std::move(more))
-    , m_back(makeButton(u"chevron.left"_s, Wording::tr("Back to Themes"), this))
+    , m_back(new Button(title(MainTab::themes), Button::Kind::quiet, this))
     , m_tabs(new TabStrip(this))
-    , m_openSearch(makeButton(u"magnifyingglass"_s, Wording::tr("Search"), this))
+    , m_openSearch(Button::symbolOnly(u"magnifyingglass"_s, Wording::tr("Search")))
     , m_search(new SearchField(this))
-    , m_more(makeButton(u"ellipsis"_s, Wording::tr("More"), this))
+    , m_more(Button::symbolOnly(u"ellipsis"_s, Wording::tr("More")))
 {
+    m_back->setSymbol(u"chevron.left"_s);
+    m_back->setAccessibleName(Wording::tr("Back to Themes"));
+    m_openSearch->setParent(this);
+    m_more->setParent(this);
     m_menu.setParent(this, m_menu.windowFlags());
-    m_back->setText(title(MainTab::themes));
-    m_back->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     makeTabs();
     m_search->installEventFilter(this);
-    connect(m_back, &QToolButton::clicked, this, [this] { m_model.closeTheme(); });
-    connect(m_openSearch, &QToolButton::clicked, this, &ToolBar::search);
-    connect(m_more, &QToolButton::clicked, this, &ToolBar::openMenu);
+    connect(m_back, &QPushButton::clicked, this, [this] { m_model.closeTheme(); });
+    connect(m_openSearch, &QPushButton::clicked, this, &ToolBar::search);
+    connect(m_more, &QPushButton::clicked, this, &ToolBar::openMenu);
     connect(
         m_search, &SearchField::typed, this, [this](const QString& text) { m_model.setSearch(m_model.tab(), text); });
     connect(m_search, &SearchField::leftDownwards, this, &ToolBar::leftDownwards);
@@ -183,7 +174,7 @@ void ToolBar::arrange()
     }
     int left = margin;
     if (!m_back->isHidden()) {
-        m_back->setToolButtonStyle(width() < wideWindow ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+        m_back->setText(width() < wideWindow ? QString() : title(MainTab::themes));
         const int wide = width() < wideWindow ? side : m_back->sizeHint().width();
         place(m_back, left, top, {wide, side});
         left += wide + barGap;

@@ -6,10 +6,9 @@
 
 #include <QWidget>
 
-class QToolButton;
-
 namespace ambrelle {
 
+class Button;
 class MainWindowModel;
 class SearchField;
 class TabStrip;
@@ -44,11 +43,11 @@ private:
 
     MainWindowModel& m_model;
     ActionMenu m_menu;
-    QToolButton* m_back;
+    Button* m_back;
     TabStrip* m_tabs;
-    QToolButton* m_openSearch;
+    Button* m_openSearch;
     SearchField* m_search;
-    QToolButton* m_more;
+    Button* m_more;
     bool m_searchUnfolded = false; ///< over the tabs, in a narrow window
     bool m_news = false;
 };

@@ -5,6 +5,7 @@
 namespace ambrelle {
 
 class AppSettings;
+class CalendarStore;
 class Clock;
 class DesktopWallpaper;
 class LiveServices;
@@ -13,9 +14,12 @@ class MainWindowModel;
 class ProgramLauncher;
 class QuickMenu;
 class ReadingFeed;
+class SheetQueue;
 class SystemAppearance;
 class SystemMonitor;
 class ThemeAccent;
+class ThemeStore;
+class UndoKeeper;
 class WallpaperStore;
 class WidgetManager;
 class WindowHost;
@@ -23,9 +27,12 @@ class WindowHost;
 /// What the pages of the main window draw and call. All of it outlives the window.
 struct WindowContext {
     MainWindowModel& model;
+    SheetQueue& sheets;
+    UndoKeeper& undo;
     WidgetManager& manager;
     AppSettings& settings;
     ThemeAccent& accents;
+    ThemeStore& themes;
     DesktopWallpaper& wallpaper;
     WallpaperStore& thumbnails;
     WindowHost& host;
@@ -33,6 +40,7 @@ struct WindowContext {
     SystemMonitor& monitor;
     LiveServices& services;
     const ReadingFeed& feed;
+    CalendarStore& calendars;
     LoginItem& login;
     ProgramLauncher& programs;
     Clock& clock;

@@ -2,8 +2,8 @@
 
 #include "window/popover/SettingsForm.h"
 
-#include "window/look/Segments.h"
 #include "window/look/AppLook.h"
+#include "window/look/Segments.h"
 #include "window/look/WindowStyle.h"
 
 #include <QCheckBox>
