@@ -103,7 +103,7 @@ QImage ditherTile(const QColor& colour, int unit)
 
 QImage dithered(const QImage& picture, const QSize& size)
 {
-    static QCache<QString, QImage> kept(4 * 1024);
+    thread_local QCache<QString, QImage> kept(4 * 1024);
     const QString key = u"%1 %2 %3"_s.arg(picture.cacheKey()).arg(size.width()).arg(size.height());
     if (const QImage* bits = kept.object(key))
         return *bits;

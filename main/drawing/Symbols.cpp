@@ -237,7 +237,7 @@ bool hasSymbol(const QString& name)
 
 QPainterPath symbolPath(const QString& name)
 {
-    static QHash<QString, QPainterPath> paths;
+    thread_local QHash<QString, QPainterPath> paths;
     const auto found = paths.constFind(name);
     if (found != paths.constEnd())
         return *found;

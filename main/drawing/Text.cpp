@@ -150,7 +150,7 @@ FigureGlyph makeGlyph(const Typeface& face, QChar character)
 
 const FigureGlyph& glyphOf(const Typeface& face, QChar character)
 {
-    static QHash<ShapeKey, FigureGlyph> glyphs;
+    thread_local QHash<ShapeKey, FigureGlyph> glyphs;
     const ShapeKey key{face.family, face.weight, face.italic, face.pixel ? 1.0 : 0.0, 0, QString(character)};
     auto found = glyphs.find(key);
     if (found == glyphs.end())
@@ -209,7 +209,7 @@ FigurePath layOut(const QString& value, const QString& unit, const FigureStyle& 
 
 std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const QString& text)
 {
-    static QCache<ShapeKey, std::shared_ptr<const ShapedText>> cache(400);
+    thread_local QCache<ShapeKey, std::shared_ptr<const ShapedText>> cache(400);
     const ShapeKey key{face.family, face.weight, face.italic, face.tracking, size, text};
     if (const auto* kept = cache.object(key))
         return *kept;
@@ -270,7 +270,7 @@ QString elided(const QString& text, const TextStyle& style, double width)
 {
     if (shape(style.face, style.size, text)->width <= width + rounding)
         return text;
-    static QCache<CutKey, QString> cache(200);
+    thread_local QCache<CutKey, QString> cache(200);
     const CutKey key{{style.face.family, style.face.weight, style.face.italic, style.face.tracking, style.size, text},
         width, style.elide};
     if (const QString* kept = cache.object(key))

@@ -104,7 +104,7 @@ struct ShapedText {
     QRectF ink; ///< of the glyphs, points, about the baseline's start
 };
 
-/// Shapes one line of text; equal calls share one result.
+/// Shapes one line of text; equal calls of a thread share one result, which is no other thread's.
 std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const QString& text);
 
 /// The text cut to `width` points with one ellipsis sign, whole where it fits.

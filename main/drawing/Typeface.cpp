@@ -48,7 +48,8 @@ QFont makeFont(const FontKey& key)
 
 const QFont& fontOf(const Typeface& face, int master)
 {
-    static QHash<FontKey, QFont> fonts;
+    // A font, its glyphs and what is shaped of them belong to the thread that made them, as they do in the toolkit.
+    thread_local QHash<FontKey, QFont> fonts;
     const FontKey key{face.family, face.weight, face.italic, master};
     auto found = fonts.find(key);
     if (found == fonts.end())

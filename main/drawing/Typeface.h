@@ -38,7 +38,7 @@ struct Typeface {
 };
 
 /// A font of exactly `master` pixels. Text of other sizes is painted through a scaled painter, so that half pixels are
-/// possible and every scale breaks its lines alike. Fonts are made once and kept.
+/// possible and every scale breaks its lines alike. Fonts are made once per thread and kept.
 const QFont& fontOf(const Typeface& face, int master);
 
 } // namespace ambrelle

@@ -221,13 +221,13 @@ const Pictogram& kept(Sky sky, Pictogram (*draw)(Sky), std::array<std::optional<
 
 const Pictogram& Pictogram::of(Sky sky)
 {
-    static std::array<std::optional<Pictogram>, skies> made;
+    thread_local std::array<std::optional<Pictogram>, skies> made;
     return kept(sky, make, made);
 }
 
 const Pictogram& Pictogram::straightOf(Sky sky)
 {
-    static std::array<std::optional<Pictogram>, skies> made;
+    thread_local std::array<std::optional<Pictogram>, skies> made;
     return kept(sky, makeStraight, made);
 }
 

@@ -187,7 +187,7 @@ QPainterPath made(Sky sky)
 
 const QPainterPath& bitPicture(Sky sky)
 {
-    static std::array<QPainterPath, static_cast<std::size_t>(Sky::unknown) + 1> kept;
+    thread_local std::array<QPainterPath, static_cast<std::size_t>(Sky::unknown) + 1> kept;
     QPainterPath& path = kept.at(static_cast<std::size_t>(sky));
     if (path.isEmpty())
         path = made(sky);
