@@ -225,8 +225,7 @@ void WidgetController::place()
 
 FaceLook WidgetController::look() const
 {
-    return {config().size(), config().effectiveScale(), config().backdrop, config().border, config().opacity,
-        m_with.settings.editing()};
+    return FaceLook::of(config(), m_with.settings.editing());
 }
 
 } // namespace ambrelle

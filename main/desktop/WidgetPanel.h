@@ -4,9 +4,9 @@
 
 #include "desktop/DragGesture.h"
 #include "desktop/FaceMotion.h"
-#include "desktop/FacePainter.h"
 #include "desktop/HoverDelay.h"
 #include "desktop/WidgetToolbar.h"
+#include "faces/FacePainter.h"
 #include "platform/WindowHost.h"
 
 namespace ambrelle {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "desktop/FaceMotion.h"
-#include "desktop/FacePainter.h"
 #include "drawing/LayerCache.h"
+#include "faces/FacePainter.h"
 #include "foundation/ManualClock.h"
 #include "skins/SkinRegistry.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/DeviceLayer.h"
+#include "faces/DeviceLayer.h"
 
 #include "drawing/DeviceImage.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "desktop/FacePainter.h"
+#include "faces/FacePainter.h"
 
 namespace ambrelle {
 
@@ -36,6 +36,11 @@ void drawFrame(QPainter& painter, const QRectF& rect, double corner, const QPen&
 }
 
 } // namespace
+
+FaceLook FaceLook::of(const WidgetConfig& config, bool editing)
+{
+    return {config.size(), config.effectiveScale(), config.backdrop, config.border, config.opacity, editing};
+}
 
 FacePainter::FacePainter(FaceView view, LayerCache& layers)
     : m_view(std::move(view))

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "desktop/DeviceLayer.h"
+#include "faces/DeviceLayer.h"
 #include "faces/FaceView.h"
 #include "model/WidgetConfig.h"
 
@@ -16,6 +16,8 @@ struct FaceLook {
     bool border = false;
     double opacity = 1; ///< 0 to 1
     bool editing = false;
+
+    static FaceLook of(const WidgetConfig& config, bool editing = false);
 
     bool operator==(const FaceLook&) const = default;
 };
