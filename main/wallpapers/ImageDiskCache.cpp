@@ -2,6 +2,7 @@
 
 #include "wallpapers/ImageDiskCache.h"
 
+#include "foundation/PlainFile.h"
 #include "foundation/WholeFile.h"
 #include "wallpapers/Wallpaper.h"
 
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int quality = 88; // percent
+constexpr qint64 mostBytes = 16 * 1024 * 1024; // many times what the program writes
 
 } // namespace
 
@@ -30,15 +32,38 @@ QString ImageDiskCache::url(const QString& key) const
 
 QImage ImageDiskCache::read(const QString& url)
 {
-    return QImage(url, "JPEG");
+    return unpacked(readPlainFile(url, mostBytes).value_or(QByteArray()));
 }
 
 void ImageDiskCache::write(const QImage& image, const QString& url)
 {
+    writePacked(packed(image), url);
+}
+
+QByteArray ImageDiskCache::packed(const QImage& image)
+{
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "JPEG", quality))
-        writeWhole(url, bytes);
+    return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "JPEG", quality) ? bytes : QByteArray();
+}
+
+QImage ImageDiskCache::unpacked(const QByteArray& jpeg)
+{
+    QImage image = QImage::fromData(jpeg, "JPEG");
+    if (!image.isNull())
+        image.convertTo(QImage::Format_RGB32);
+    return image;
+}
+
+PackedPicture ImageDiskCache::readPacked(const QString& url, QSize pixels)
+{
+    const QByteArray bytes = readPlainFile(url, mostBytes).value_or(QByteArray());
+    return unpacked(bytes).size() == pixels ? PackedPicture{bytes, true} : PackedPicture{};
+}
+
+PackedPicture ImageDiskCache::writePacked(const QByteArray& jpeg, const QString& url)
+{
+    return {jpeg, !jpeg.isEmpty() && writeWhole(url, jpeg).isEmpty()};
 }
 
 } // namespace ambrelle

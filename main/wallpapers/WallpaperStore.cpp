@@ -38,56 +38,104 @@ WallpaperStore::~WallpaperStore()
 
 QImage WallpaperStore::image(Skin skin)
 {
-    if (m_images.contains(skin))
-        return m_images.value(skin);
-    if (!m_started.contains(skin))
-        load(skin, [](const QImage&) {});
-    return {};
+    return ImageDiskCache::unpacked(packed(skin));
+}
+
+QByteArray WallpaperStore::packed(Skin skin)
+{
+    start(skin);
+    return m_images.value(skin).jpeg;
 }
 
 void WallpaperStore::load(Skin skin, std::function<void(const QImage&)> done)
 {
     if (m_images.contains(skin))
-        return done(m_images.value(skin));
+        return done(image(skin));
     m_waiting[skin].append(std::move(done));
-    if (m_started.contains(skin))
-        return;
-    m_started.insert(skin);
-    const auto work = [wallpaper = m_wallpaper, cache = m_cache, skin] {
-        yieldToOthers();
-        return picture(wallpaper, cache, skin);
-    };
-    QtConcurrent::run(&m_queue, work).then(this, [this, skin](const QImage& image) { finish(skin, image); });
+    start(skin);
 }
 
 QImage WallpaperStore::imageNow(Skin skin)
 {
     if (!m_images.contains(skin)) {
+        m_pending.removeOne(skin);
         m_started.insert(skin);
-        finish(skin, picture(m_wallpaper, m_cache, skin));
+        finish(skin, make(m_wallpaper, m_cache, skin));
     }
-    return m_images.value(skin);
+    return image(skin);
+}
+
+void WallpaperStore::drop(Skin skin)
+{
+    if (!m_waiting.contains(skin) && m_pending.removeOne(skin))
+        m_started.remove(skin);
+}
+
+void WallpaperStore::release()
+{
+    for (const Skin skin : m_images.keys()) {
+        if (!m_images[skin].isOnDisk && !m_failed.contains(skin))
+            continue;
+        m_images.remove(skin);
+        m_started.remove(skin);
+    }
+    m_failed.clear();
+}
+
+void WallpaperStore::start(Skin skin)
+{
+    if (m_started.contains(skin))
+        return;
+    m_started.insert(skin);
+    m_pending.append(skin);
+    startNext();
+}
+
+void WallpaperStore::startNext()
+{
+    while (m_running < concurrentPictures && !m_pending.isEmpty()) {
+        const Skin skin = m_pending.takeFirst();
+        const auto work = [wallpaper = m_wallpaper, cache = m_cache, skin] {
+            yieldToOthers();
+            return make(wallpaper, cache, skin);
+        };
+        ++m_running;
+        QtConcurrent::run(&m_queue, work).then(this, [this, skin](const Made& made) {
+            --m_running;
+            startNext();
+            finish(skin, made);
+        });
+    }
+}
+
+WallpaperStore::Made WallpaperStore::make(const Wallpaper& wallpaper, const ImageDiskCache& cache, Skin skin)
+{
+    const QString url = cache.url(u"wallpaper-"_s + rawValue(skin));
+    if (const PackedPicture kept = ImageDiskCache::readPacked(url, pixels); !kept.jpeg.isEmpty())
+        return {kept};
+    const QByteArray painted = ImageDiskCache::packed(wallpaper.picture(skin, pixels));
+    if (painted.isEmpty())
+        return {{ImageDiskCache::packed(blank())}, true};
+    return {ImageDiskCache::writePacked(painted, url)};
 }
 
 QImage WallpaperStore::picture(const Wallpaper& wallpaper, const ImageDiskCache& cache, Skin skin)
 {
-    const QString url = cache.url(u"wallpaper-"_s + rawValue(skin));
-    if (QImage image = ImageDiskCache::read(url); image.size() == pixels)
-        return image;
-    const QImage painted = wallpaper.picture(skin, pixels);
-    if (painted.isNull())
-        return blank();
-    ImageDiskCache::write(painted, url);
-    return painted.convertToFormat(QImage::Format_RGB32);
+    return ImageDiskCache::unpacked(make(wallpaper, cache, skin).packed.jpeg);
 }
 
-void WallpaperStore::finish(Skin skin, const QImage& image)
+void WallpaperStore::finish(Skin skin, const Made& made)
 {
     if (m_images.contains(skin))
         return; // made on this thread while it was waited for
-    m_images.insert(skin, image);
-    for (const Caller& caller : m_waiting.take(skin))
-        caller(image);
+    m_images.insert(skin, made.packed);
+    if (made.hasFailed)
+        m_failed.insert(skin);
+    if (const QList<Caller> callers = m_waiting.take(skin); !callers.isEmpty()) {
+        const QImage decoded = image(skin);
+        for (const Caller& caller : callers)
+            caller(decoded);
+    }
     Q_EMIT changed(skin);
 }
 
