@@ -4,7 +4,7 @@
 
 #include "app/FaceActions.h"
 #include "app/Information.h"
-#include "app/ServicePorts.h"
+#include "services/ServicePorts.h"
 #include "app/UserFolders.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"

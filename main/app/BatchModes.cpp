@@ -2,17 +2,11 @@
 
 #include "app/BatchModes.h"
 
+#include "app/Hosts.h"
 #include "app/Information.h"
-#include "app/ServicePorts.h"
 #include "app/WallpaperBatch.h"
-#include "faces/ReadingFeed.h"
-#include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
 #include "offline/PreviewRenderer.h"
-#include "offline/SampleData.h"
-#include "platform/headless/HeadlessMachine.h"
-#include "services/SystemMonitor.h"
+#include "offline/SampleWorld.h"
 #include "skins/WallpaperRecipes.h"
 #include "wallpapers/WallpaperStore.h"
 
@@ -36,16 +30,10 @@ QString skinNames()
 
 int renderPreviews(const Wallpaper& wallpaper, const QString& folder, std::optional<Skin> only)
 {
-    HeadlessMachine machine(std::make_unique<ManualClock>(SampleData::moment()));
-    const Machine::Ports ports = machine.ports();
-    UserDefaults defaults = UserDefaults::temporary(); // the pictures are not the user's
-    AppSettings settings(defaults);
-    SystemMonitor monitor(ports.sources, ports.clock);
-    LiveServices services(servicePorts(ports), {}, settings, defaults, ports.clock);
-    const ReadingFeed feed({monitor, services, settings}, ports.clock);
     // Not from the cache of the desktop: what is in there was packed with losses.
-    SampleData::load(monitor, services, wallpaper.picture(WallpaperStore::samplePhoto, WallpaperStore::pixels));
-    return PreviewRenderer::run(folder, only, feed, wallpaper);
+    const SampleWorld samples(
+        makeHeadlessMachine, wallpaper.picture(WallpaperStore::samplePhoto, WallpaperStore::pixels));
+    return PreviewRenderer::run(folder, only, samples.feed(), wallpaper);
 }
 
 } // namespace

@@ -54,4 +54,9 @@ HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished)
     return {.host = none, .plugin = wished, .whyNot = reasons.join(u' ')};
 }
 
+std::unique_ptr<Machine> makeHeadlessMachine(std::unique_ptr<Clock> clock)
+{
+    return std::make_unique<HeadlessMachine>(std::move(clock));
+}
+
 } // namespace ambrelle

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "foundation/Clock.h"
 #include "platform/HostOffer.h"
 
 namespace ambrelle {
@@ -19,5 +20,8 @@ QList<HostOffer> hostOffers();
 /// The first of the offers that can show windows. `wished` is the user's QT_QPA_PLATFORM: where it is not empty, only
 /// hosts that stand for that plugin count, and if none does, the program runs on that plugin without showing widgets.
 HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished);
+
+/// A machine that shows and tells nothing but the time of `clock`.
+std::unique_ptr<Machine> makeHeadlessMachine(std::unique_ptr<Clock> clock);
 
 } // namespace ambrelle
