@@ -27,7 +27,9 @@ DesktopSnapshots::Collaborators collaborators(ThemeAccent& accents, const QStrin
 {
     const Wallpaper wallpaper(wallpaperRecipe, {});
     return {wallpaper, ImageDiskCache(folder, build), accents,
-        [wallpaper] { return wallpaper.picture(Skin::polar, {1152, 720}); },
+        [wallpaper] {
+            return wallpaper.picture(Skin::polar, {1152, 720});
+        },
         [](std::unique_ptr<Clock> clock) { return std::make_unique<HeadlessMachine>(std::move(clock)); }};
 }
 
@@ -80,8 +82,8 @@ void makeAll(benchmark::State& state, bool cached)
         gap = std::max(gap, longestGap(snapshots));
     }
     const auto count = static_cast<double>(allCases<Skin>().size());
-    state.counters["ms-each"] = benchmark::Counter(
-        count * static_cast<double>(state.iterations()) / 1e3, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["ms-each"] = benchmark::Counter(count * static_cast<double>(state.iterations()) / 1e3,
+        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
     state.counters["gap-ms"] = gap;
     state.counters["resident-MB"] = residentMegabytes();
 }
