@@ -4,11 +4,11 @@
 
 #include "app/FaceActions.h"
 #include "app/Information.h"
-#include "services/ServicePorts.h"
 #include "app/UserFolders.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
 #include "platform/WindowHost.h"
+#include "services/ServicePorts.h"
 #include "skins/WallpaperRecipes.h"
 #include "wallpapers/WallpaperShuffle.h"
 
@@ -53,7 +53,7 @@ AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
           stores.accents, m_monitor, m_services, m_feed, m_ports.clock, m_ports.appearance, m_wallpaper})
     , m_actions(m_ports.programs, m_services.player, m_ports.desktopNames)
     , m_tip(m_ports.windows, m_ports.clock)
-    , m_thumbnails(makeWallpaper(), thumbnailCache())
+    , m_pictures(makeWallpaper(), thumbnailCache(), stores.accents, m_ports.clock)
     , m_automation(m_settings, m_monitor, m_ports.clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, m_settings.customWallpapers()); })
     , m_follower(m_ports.appearance, m_settings, m_manager, m_wallpaper, m_ports.clock)

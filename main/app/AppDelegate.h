@@ -4,6 +4,7 @@
 
 #include "app/UserInterface.h"
 #include "app/WidgetActions.h"
+#include "app/WindowPictures.h"
 #include "desktop/AppearanceFollower.h"
 #include "desktop/WidgetManager.h"
 #include "desktop/WidgetTip.h"
@@ -12,7 +13,6 @@
 #include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 #include "wallpapers/DesktopWallpaper.h"
-#include "wallpapers/WallpaperStore.h"
 
 namespace ambrelle {
 
@@ -49,7 +49,7 @@ private:
     WidgetManager m_manager;
     WidgetActions m_actions;
     WidgetTip m_tip;
-    WallpaperStore m_thumbnails;
+    WindowPictures m_pictures;
     Automation m_automation;
     AppearanceFollower m_follower;
     UserInterface m_interface;

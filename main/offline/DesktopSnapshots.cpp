@@ -228,8 +228,8 @@ void DesktopSnapshots::finish(const Made& made)
     drain();
     if (!job.done)
         keep(job.wish.key, made.packed);
-    else if (*job.done)
-        (*job.done)(made.image);
+    else if (const Done done = *job.done) // its ticket may go meanwhile
+        done(made.image);
 }
 
 void DesktopSnapshots::keep(const QString& key, const PackedPicture& packed)

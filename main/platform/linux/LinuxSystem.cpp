@@ -3,6 +3,8 @@
 #include "platform/linux/LinuxSystem.h"
 
 #include "foundation/BackgroundThread.h"
+#include "foundation/FreeMemory.h"
+#include "platform/linux/kernel/HeapTrim.h"
 #include "platform/linux/kernel/RunningProgram.h"
 #include "platform/linux/kernel/ThreadPriority.h"
 
@@ -19,6 +21,7 @@ LinuxSystem::LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture
 {
     QObject::connect(&routes, &RouteWatch::wayOutCame, &http, &HttpClient::networkCame);
     setYieldToOthers(lowerThreadPriority);
+    setGiveBackFreeMemory(trimHeap);
 }
 
 } // namespace ambrelle
