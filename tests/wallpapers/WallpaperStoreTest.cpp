@@ -110,6 +110,38 @@ TEST_F(WallpaperStoreTest, AFolderThatCannotBeWrittenIsNoFailure)
     EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
 }
 
+TEST_F(WallpaperStoreTest, WhatNobodyLooksForIsNotPainted)
+{
+    WallpaperStore store(greenWallpaper(), cache());
+    constexpr auto skins = allCases<Skin>();
+    for (const Skin skin : skins)
+        EXPECT_TRUE(store.packed(skin).isEmpty());
+    int served = 0;
+    store.load(skins.back(), [&served](const QImage&) { ++served; });
+    for (const Skin skin : skins)
+        store.drop(skin);
+    ASSERT_TRUE(waitUntil([&served] { return served == 1; }));
+    EXPECT_LE(samplesPainted, 4) << "three that had begun, and the one that is waited for";
+    store.load(skins[10], [&served](const QImage&) { ++served; });
+    EXPECT_TRUE(waitUntil([&served] { return served == 2; })) << "a dropped one can be asked for again";
+}
+
+TEST_F(WallpaperStoreTest, OnlyWhatTheDiskHasIsForgotten)
+{
+    WallpaperStore store(greenWallpaper(), cache());
+    const QImage first = store.imageNow(Skin::field);
+    EXPECT_EQ(ImageDiskCache::unpacked(store.packed(Skin::field)), first);
+    store.release();
+    EXPECT_TRUE(store.packed(Skin::field).isEmpty());
+    EXPECT_EQ(store.imageNow(Skin::field), first);
+    EXPECT_EQ(samplesPainted, 1);
+    m_folder.write(u"blocked"_s, {}); // a file in the way
+    WallpaperStore diskless(greenWallpaper(), {m_folder.filePath(u"blocked"_s), 7});
+    diskless.imageNow(Skin::field);
+    diskless.release();
+    EXPECT_FALSE(diskless.packed(Skin::field).isEmpty());
+}
+
 TEST_F(WallpaperStoreTest, MayGoWhileItWorks)
 {
     for (int round = 0; round < 20; ++round) {
