@@ -4,8 +4,6 @@
 
 #include "foundation/BackgroundThread.h"
 
-#include <QtConcurrentRun>
-
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -95,15 +93,16 @@ void WallpaperStore::startNext()
 {
     while (m_running < concurrentPictures && !m_pending.isEmpty()) {
         const Skin skin = m_pending.takeFirst();
-        const auto work = [wallpaper = m_wallpaper, cache = m_cache, skin] {
-            yieldToOthers();
-            return make(wallpaper, cache, skin);
-        };
         ++m_running;
-        QtConcurrent::run(&m_queue, work).then(this, [this, skin](const Made& made) {
-            --m_running;
-            startNext();
-            finish(skin, made);
+        m_queue.start([this, wallpaper = m_wallpaper, cache = m_cache, skin] {
+            yieldToOthers();
+            const auto done = [this, skin, made = make(wallpaper, cache, skin)] {
+                --m_running;
+                startNext();
+                finish(skin, made);
+            };
+            // Never within start(), even when this thread was the faster one.
+            QMetaObject::invokeMethod(this, done, Qt::QueuedConnection);
         });
     }
 }

@@ -67,7 +67,7 @@ private:
     QList<Skin> m_pending; // the oldest first
     QSet<Skin> m_failed;
     int m_running = 0;
-    QThreadPool m_queue;
+    QThreadPool m_queue; // last, so that it goes first: its work comes back here
 };
 
 } // namespace ambrelle
