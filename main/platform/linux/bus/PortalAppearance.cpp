@@ -4,10 +4,12 @@
 
 #include "foundation/Wording.h"
 
+#include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTimer>
@@ -25,6 +27,7 @@ const auto portalPath = u"/org/freedesktop/portal/desktop"_s;
 const auto interface = u"org.freedesktop.portal.Settings"_s;
 const auto section = u"org.freedesktop.appearance"_s;
 const auto key = u"color-scheme"_s;
+const auto gnomeSection = u"org.gnome.desktop.interface"_s;
 constexpr uint darkScheme = 1; // 0: no preference, 2: light
 constexpr int longPatience = 60'000; // milliseconds for a portal that starts with everything else
 constexpr int settlingTime = 200; // milliseconds in which the settings file is written and replaced
@@ -35,6 +38,20 @@ QVariant unwrapped(QVariant value)
     while (value.metaType() == QMetaType::fromType<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
     return value;
+}
+
+/// Of an answer that has everything in some sections; empty if it is of another form.
+DesktopSettings settingsIn(const QDBusMessage& answer)
+{
+    DesktopSettings settings;
+    if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "a{sa{sv}}"_L1)
+        return settings;
+    const auto sections = qdbus_cast<QMap<QString, QVariantMap>>(answer.arguments().first());
+    for (auto group = sections.begin(); group != sections.end(); ++group) {
+        for (auto value = group->begin(); value != group->end(); ++value)
+            settings.insert({group.key(), value.key()}, unwrapped(*value));
+    }
+    return settings;
 }
 
 } // namespace
@@ -61,7 +78,12 @@ void PortalAppearance::askPortal()
     }
     // The slot takes the whole message: one with a QDBusVariant parameter is refused until that type is registered.
     bus.connect(portal, portalPath, interface, u"SettingChanged"_s, this, SLOT(settingChanged(QDBusMessage)));
+    askScheme(bus);
+    askLook(bus);
+}
 
+void PortalAppearance::askScheme(QDBusConnection& bus)
+{
     auto call = QDBusMessage::createMethodCall(portal, portalPath, interface, u"Read"_s);
     call.setArguments({section, key});
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, longPatience), this);
@@ -69,7 +91,7 @@ void PortalAppearance::askPortal()
         watcher->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *watcher;
         if (!reply.isError())
-            portalTold(reply.value().variant());
+            portalToldScheme(reply.value().variant());
         if (!m_known) // no signal came meanwhile either
             askSettings();
     });
@@ -79,7 +101,19 @@ void PortalAppearance::askPortal()
     });
 }
 
-void PortalAppearance::portalTold(const QVariant& value)
+void PortalAppearance::askLook(QDBusConnection& bus)
+{
+    auto call = QDBusMessage::createMethodCall(portal, portalPath, interface, u"ReadAll"_s);
+    call.setArguments({desktopLookSections()});
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, longPatience), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        m_ofPortal.insert(settingsIn(watcher->reply()));
+        updateLook();
+    });
+}
+
+void PortalAppearance::portalToldScheme(const QVariant& value)
 {
     bool isNumber = false;
     const uint scheme = unwrapped(value).toUInt(&isNumber);
@@ -92,8 +126,12 @@ void PortalAppearance::portalTold(const QVariant& value)
 void PortalAppearance::settingChanged(const QDBusMessage& message)
 {
     const auto arguments = message.arguments();
-    if (arguments.size() >= 3 && arguments.at(0).toString() == section && arguments.at(1).toString() == key)
-        portalTold(arguments.at(2));
+    if (arguments.size() < 3 || !desktopLookSections().contains(arguments.at(0).toString()))
+        return;
+    if (arguments.at(0).toString() == section && arguments.at(1).toString() == key)
+        portalToldScheme(arguments.at(2));
+    m_ofPortal.insert({arguments.at(0).toString(), arguments.at(1).toString()}, unwrapped(arguments.at(2)));
+    updateLook();
 }
 
 void PortalAppearance::askSettings()
@@ -107,10 +145,10 @@ void PortalAppearance::askSettings()
         process->deleteLater();
         if (code != 0 || m_portalTold)
             return; // these settings are not installed, or were needed no longer
-        accept(process->readAllStandardOutput().contains("prefer-dark"));
+        acceptSettings(QString::fromUtf8(process->readAllStandardOutput()));
         watchSettings();
     });
-    process->start(program, {u"get"_s, u"org.gnome.desktop.interface"_s, key});
+    process->start(program, {u"list-recursively"_s, gnomeSection});
 }
 
 void PortalAppearance::watchSettings()
@@ -121,10 +159,28 @@ void PortalAppearance::watchSettings()
         m_settingsWatcher.addPath(file);
 }
 
+void PortalAppearance::acceptSettings(const QString& list)
+{
+    m_listed = listedSettings(list);
+    updateLook();
+    const auto scheme = m_listed.constFind({gnomeSection, key});
+    if (scheme != m_listed.constEnd()) // older settings lack it
+        accept(scheme->toString() == "prefer-dark"_L1);
+}
+
 void PortalAppearance::accept(bool dark)
 {
     const bool wasKnown = std::exchange(m_known, true);
     if (std::exchange(m_dark, dark) != dark || !wasKnown)
+        Q_EMIT changed();
+}
+
+void PortalAppearance::updateLook()
+{
+    DesktopSettings settings = m_listed;
+    settings.insert(m_ofPortal);
+    const auto look = desktopLook(settings, QGuiApplication::platformName().startsWith("wayland"_L1));
+    if (std::exchange(m_look, look) != look)
         Q_EMIT changed();
 }
 
