@@ -8,6 +8,8 @@
 #include "platform/SystemAppearance.h"
 #include "wallpapers/DesktopWallpaper.h"
 
+#include <utility>
+
 namespace ambrelle {
 
 namespace {
@@ -29,8 +31,13 @@ AppearanceFollower::AppearanceFollower(SystemAppearance& appearance, AppSettings
 
 void AppearanceFollower::start()
 {
-    connect(&m_appearance, &SystemAppearance::changed, this,
-        [this] { m_pending = m_clock.after(appearanceSettling, [this] { sync(); }); });
+    m_seen = seen();
+    connect(&m_appearance, &SystemAppearance::changed, this, [this] {
+        // Higher contrast or larger texts are no reason to exchange what the user has put there since.
+        const auto now = seen();
+        if (std::exchange(m_seen, now) != now)
+            m_pending = m_clock.after(appearanceSettling, [this] { sync(); });
+    });
     connect(&m_manager, &WidgetManager::presetApplied, this, &AppearanceFollower::sync);
     connect(&m_settings, &AppSettings::changed, this, [this](const QString& key) {
         if (key == m_settings.followAppearance.key())
@@ -46,6 +53,11 @@ void AppearanceFollower::sync()
     m_manager.changeSkins([this](Skin skin) { return fitting(skin); });
     m_settings.defaultSkin.set(fitting(m_settings.defaultSkin()));
     m_wallpaper.refresh([this] { changeWallpaper(); });
+}
+
+std::optional<bool> AppearanceFollower::seen() const
+{
+    return m_appearance.isAvailable() ? std::optional(m_appearance.isDark()) : std::nullopt;
 }
 
 bool AppearanceFollower::systemIsDark() const

@@ -7,6 +7,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace ambrelle {
 
 class AppSettings;
@@ -30,12 +32,14 @@ public:
 
 private:
     void changeWallpaper();
+    std::optional<bool> seen() const; // whether it is dark, where anything tells
 
     SystemAppearance& m_appearance;
     AppSettings& m_settings;
     WidgetManager& m_manager;
     DesktopWallpaper& m_wallpaper;
     Clock& m_clock;
+    std::optional<bool> m_seen; // last
     Ticket m_pending;
 };
 

@@ -377,6 +377,10 @@ TEST_F(AppearanceTest, IsFollowedWithPairedSkinsOnly)
     EXPECT_EQ(skins(), u"mono glass / slate");
     desk.clock.advance(1ms);
     EXPECT_EQ(skins(), u"paper glass / lumen");
+    desk.settings.defaultSkin.set(Skin::slate);
+    appearance.setContrast(true);
+    desk.clock.advance(1s);
+    EXPECT_EQ(skins(), u"paper glass / slate") << "it is as light as before";
     appearance.setDark(true);
     desk.clock.advance(1s);
     desk.manager.applyPreset(Skin::field, true, main);
