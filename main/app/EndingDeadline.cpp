@@ -2,6 +2,7 @@
 
 #include "app/EndingDeadline.h"
 
+#include "foundation/SerialWorker.h"
 #include "foundation/SettingsFile.h"
 
 #include <atomic>
@@ -16,7 +17,8 @@ namespace ambrelle {
 namespace {
 
 // The settings are flushed last, when the rest has taken its share.
-static_assert(SettingsFile::lastPatience + std::chrono::milliseconds(400) <= EndingDeadline::patience);
+constexpr std::chrono::milliseconds shareOfWork{400};
+static_assert(shareOfWork + SettingsFile::lastPatience < EndingDeadline::patience);
 
 timer_t theTimer{};
 std::atomic<bool> isReady = false;
@@ -40,7 +42,10 @@ void EndingDeadline::prepare()
 
 void EndingDeadline::start()
 {
-    if (!isReady || isStarted.exchange(true))
+    if (isStarted.exchange(true))
+        return;
+    SerialWorker::limitPatience(shareOfWork);
+    if (!isReady)
         return;
     itimerspec limit{};
     limit.it_value.tv_sec = patience / std::chrono::seconds(1);

@@ -17,8 +17,9 @@ public:
 
     /// Before the first start().
     static void prepare();
-    /// From now on the process has `patience` left; then it ends at once, with success. Later calls change nothing. A
-    /// signal handler may call it.
+    /// From now on the process has `patience` left; then it ends at once, with success. Work that hangs takes a part of
+    /// that, however much of it there is, so that a slow disk has the rest. Later calls change nothing. A signal
+    /// handler may call it.
     static void start();
 };
 

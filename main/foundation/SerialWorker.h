@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
 
 namespace ambrelle {
@@ -25,6 +26,10 @@ public:
     /// the owner, it has to end soon by itself, and the patience is endless.
     explicit SerialWorker(QObject& owner, std::chrono::milliseconds patience = usualPatience);
     ~SerialWorker();
+    /// From now on the ends of all workers together wait at most that long, those that are endless excepted. None: as
+    /// long as each likes. A signal handler may call it.
+    static void limitPatience(std::optional<std::chrono::milliseconds> ofAll);
+
     SerialWorker(const SerialWorker&) = delete;
     SerialWorker& operator=(const SerialWorker&) = delete;
 

@@ -87,6 +87,16 @@ def check_lock(session):
     session.ended()
 
 
+def check_flush_beside_hanging(session):
+    """What hangs does not take the time that a slow disk needs."""
+    end_on_slow_disk(session)
+    begun = time.monotonic()
+    session.ended()
+    assert time.monotonic() - begun < LONGEST
+    assert not beside(session), f"{beside(session)} was not flushed in time"
+    print(f"a slow disk and folders that hang: ended after {time.monotonic() - begun:.2f} s")
+
+
 def check_follower(session):
     """A start in that time takes the place of the program that ends."""
     end_on_slow_disk(session)
@@ -128,7 +138,14 @@ wait_for("three sources that hang", lambda: {"photos", "calendars", "art.png"} <
 player.send_signal(signal.SIGSTOP)
 end(session, "folders and a player hang")
 
-session.env.update(AMBRELLE_FLUSH_TIME="300", AMBRELLE_HANGING_FOLDER=str(session.home / "nowhere"))
+for note in notes.iterdir():
+    note.unlink()
+session.env.update(AMBRELLE_FLUSH_TIME="300")
+start(session)
+wait_for("two sources that hang", lambda: {"photos", "calendars"} <= set(os.listdir(notes)))
+check_flush_beside_hanging(session)
+
+session.env.update(AMBRELLE_HANGING_FOLDER=str(session.home / "nowhere"))
 start(session)
 check_lock(session)
 start(session)

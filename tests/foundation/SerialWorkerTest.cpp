@@ -72,6 +72,33 @@ TEST(SerialWorkerTest, WorkThatHangsIsLeftBehind)
     EXPECT_FALSE(gate->begun.tryAcquire(1, 200));
 }
 
+TEST(SerialWorkerTest, WhatHangsTogetherTakesNoLongerThanItMay)
+{
+    const auto gate = std::make_shared<Gate>();
+    QObject owner;
+    std::vector<std::unique_ptr<SerialWorker>> workers;
+    for (int i = 0; i < 8; ++i) {
+        workers.push_back(std::make_unique<SerialWorker>(owner, 1s));
+        const auto hang = [gate] {
+            gate->begun.release();
+            gate->open.acquire();
+            gate->through.release();
+            return 1;
+        };
+        workers.back()->run(hang, [](int) {});
+    }
+    ASSERT_TRUE(gate->begun.tryAcquire(8, 60'000));
+    SerialWorker::limitPatience(300ms);
+    QElapsedTimer timer;
+    timer.start();
+    workers.clear();
+    EXPECT_GE(timer.elapsed(), 290) << "the first has all of it";
+    EXPECT_LT(timer.elapsed(), 2500) << "each has waited for itself";
+    SerialWorker::limitPatience(std::nullopt);
+    gate->open.release(8);
+    ASSERT_TRUE(gate->through.tryAcquire(8, 60'000));
+}
+
 TEST(SerialWorkerTest, WorkThatTouchesTheOwnerIsWaitedFor)
 {
     QObject owner;
