@@ -64,8 +64,10 @@ Machine::Wishes machineWishes()
 {
     const QString folder = UserFolders::wallpapers();
     QDir().mkpath(folder);
-    return {.calendarFolders = UserDefaults::shared().strings(calendarFoldersKey).value_or(QStringList()),
-        .addresses = UserDefaults::shared().strings(addressesKey).value_or(QStringList()),
+    UserDefaults& defaults = UserDefaults::shared();
+    return {.calendarFolders = defaults.strings(calendarFoldersKey).value_or(QStringList()),
+        .keepCalendarFolders = [&defaults](const QStringList& folders) { defaults.set(calendarFoldersKey, folders); },
+        .addresses = defaults.strings(addressesKey).value_or(QStringList()),
         .noteFolder = folder};
 }
 

@@ -2,10 +2,12 @@
 
 #pragma once
 
+#include "foundation/ForeignText.h"
 #include "platform/Port.h"
 
 #include <QColor>
 #include <QDateTime>
+#include <QFileInfo>
 #include <QList>
 #include <QStringList>
 
@@ -55,7 +57,17 @@ struct UnreadCalendar {
     QString file; ///< its path
     QString reason; ///< one sentence
 
+    QString name() const { return foreignText(QFileInfo(file).fileName()); } ///< of the file, to be shown
+
     bool operator==(const UnreadCalendar&) const = default;
+};
+
+/// A folder in which calendars are looked for.
+struct CalendarSource {
+    QString folder; ///< its path; need not exist
+    bool isAdded = false; ///< by the user, who may remove it again
+
+    bool operator==(const CalendarSource&) const = default;
 };
 
 /// The events and reminders of the user. Nothing here blocks: answers come later on this thread, unless `context` is
@@ -76,6 +88,12 @@ public:
     /// What looks like a calendar and is not, or not all, among them: known a while after it was met, and told by
     /// changed().
     virtual QList<UnreadCalendar> unread() const { return {}; }
+    /// Where calendars come from, if they come from folders. That these are others is told by changed().
+    virtual QList<CalendarSource> sources() const { return {}; }
+    /// Looks in this folder from now on, and in times to come. False when it is no absolute path.
+    virtual bool addSource(const QString&) { return false; }
+    /// Looks no longer in a folder that was added; its files stay.
+    virtual void removeSource(const QString&) { }
     /// Occurrences in these calendars that touch the time from `from` until before `to`, in no particular order.
     virtual void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
         std::function<void(const QList<CalendarEvent>&)> done) = 0;

@@ -6,6 +6,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace ambrelle {
@@ -33,6 +34,7 @@ public:
     /// What a host has to know of the program and its user.
     struct Wishes {
         QStringList calendarFolders; ///< looked at besides the usual ones
+        std::function<void(const QStringList& folders)> keepCalendarFolders{}; ///< called when the user changes them
         QStringList addresses; ///< the user's, of mail: tells which invitations were declined
         QString noteFolder; ///< exists; takes notes on what the desktop itself cannot tell
     };

@@ -107,9 +107,12 @@ QList<EventRow> EventsService::rowsOf(QList<CalendarEvent> events, const QList<C
 void EventsService::publish(const QList<EventRow>& events, const QList<CalendarInfo>& calendars, const QString& status)
 {
     const auto unread = m_started ? m_store.unread() : QList<UnreadCalendar>();
-    if (events == m_events && calendars == m_calendars && status == m_status && unread == m_unread)
+    const auto sources = m_started ? m_store.sources() : QList<CalendarSource>();
+    if (events == m_events && calendars == m_calendars && status == m_status && unread == m_unread
+        && sources == m_sources)
         return;
     m_unread = unread;
+    m_sources = sources;
     m_events = events;
     m_calendars = calendars;
     m_status = status;

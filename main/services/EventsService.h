@@ -43,6 +43,11 @@ public:
     const QList<CalendarInfo>& calendars() const { return m_calendars; } ///< those with events, excluded ones too
     /// Calendars that are left out, in whole or in part.
     const QList<UnreadCalendar>& unread() const { return m_unread; }
+    /// Where the store looks for calendars.
+    const QList<CalendarSource>& sources() const { return m_sources; }
+    /// As CalendarStore has them; the calendars follow.
+    bool addSource(const QString& folder) { return m_store.addSource(folder); }
+    void removeSource(const QString& folder) { m_store.removeSource(folder); }
     const QString& status() const { return m_status; } ///< shown in place of events; empty while there is access
 
 Q_SIGNALS:
@@ -60,6 +65,7 @@ private:
     QList<EventRow> m_events;
     QList<CalendarInfo> m_calendars;
     QList<UnreadCalendar> m_unread;
+    QList<CalendarSource> m_sources;
     QString m_status;
     bool m_started = false;
     Ticket m_timer;

@@ -138,6 +138,23 @@ TEST_F(EventsServiceTest, CalendarsMayComeAndGo)
     EXPECT_THAT(service.calendars(), IsEmpty());
 }
 
+TEST_F(EventsServiceTest, TellsWhereCalendarsComeFromAndWhatIsLeftOut)
+{
+    store.currentWhyNot = u"No calendars yet."_s;
+    store.currentSources = {{u"/standard"_s}};
+    store.currentUnread = {{u"/standard/a\u202Eb.ics"_s, u"It cannot be read."_s}};
+    start();
+    EXPECT_THAT(service.sources(), ElementsAre(CalendarSource{u"/standard"_s}));
+    ASSERT_EQ(service.unread().size(), 1);
+    EXPECT_EQ(service.unread().first().name(), u"ab.ics"_s) << "what it is called turns nothing round";
+    const int before = changes;
+    EXPECT_TRUE(service.addSource(u"/added"_s));
+    EXPECT_THAT(service.sources(), ElementsAre(CalendarSource{u"/standard"_s}, CalendarSource{u"/added"_s, true}));
+    EXPECT_EQ(changes, before + 1) << "though there are as few calendars as before";
+    service.removeSource(u"/added"_s);
+    EXPECT_EQ(service.sources().size(), 1);
+}
+
 TEST_F(EventsServiceTest, SamplesNeedNoStore)
 {
     service.loadPreviewData();

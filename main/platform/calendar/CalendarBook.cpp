@@ -2,6 +2,7 @@
 
 #include "platform/calendar/CalendarBook.h"
 
+#include "foundation/ForeignText.h"
 #include "foundation/Wording.h"
 #include "platform/calendar/CalendarOccurrences.h"
 
@@ -17,6 +18,7 @@ using namespace std::chrono;
 
 namespace {
 
+constexpr qsizetype longestFileName = 200; // letters
 constexpr qsizetype mostEvents = 10'000; // of one file
 constexpr qsizetype mostReminders = 10'000; // likewise
 constexpr qsizetype mostAnswers = 100'000; // of all files
@@ -47,7 +49,9 @@ CalendarInfo ownCalendar(const CalendarFolder& folder, const QString& path, cons
 {
     CalendarInfo calendar{.identifier = path, .name = content.name, .color = content.color};
     if (calendar.name.isEmpty())
-        calendar.name = folder.files.size() == 1 && !folder.isRoot ? folder.name : QFileInfo(path).completeBaseName();
+        calendar.name = folder.files.size() == 1 && !folder.isRoot
+            ? folder.name
+            : foreignText(QFileInfo(path).completeBaseName(), longestFileName);
     count(calendar, content);
     return calendar;
 }
@@ -55,40 +59,48 @@ CalendarInfo ownCalendar(const CalendarFolder& folder, const QString& path, cons
 /// What the files answer. Those with the most give way, so that they do not hide the others.
 template <typename Each> class Answers {
 public:
-    void add(QList<Each> ofFile)
+    /// `lacksSome`: of the file, where it is noted that it gave way.
+    void add(QList<Each> ofFile, bool& lacksSome)
     {
         m_all += ofFile.size();
-        m_ofFiles.push_back(std::move(ofFile));
+        m_ofFiles.push_back({std::move(ofFile), &lacksSome});
         while (m_all > mostAnswers) {
-            auto& most = *std::ranges::max_element(m_ofFiles, {}, [](const auto& each) { return each.size(); });
-            m_all -= most.size();
-            most = {};
+            auto& most = *std::ranges::max_element(m_ofFiles, {}, [](const File& file) { return file.answers.size(); });
+            m_all -= most.answers.size();
+            most.answers = {};
+            *most.lacksSome = true;
         }
     }
     QList<Each> joined() const
     {
         QList<Each> all;
-        for (const auto& each : m_ofFiles)
-            all.append(each);
+        for (const File& file : m_ofFiles)
+            all.append(file.answers);
         return all;
     }
 
 private:
-    std::vector<QList<Each>> m_ofFiles;
+    struct File {
+        QList<Each> answers;
+        bool* lacksSome;
+    };
+    std::vector<File> m_ofFiles;
     qsizetype m_all = 0;
 };
 
-QString sentenceOf(PageFault fault)
+/// Why the page, or some of it, is not shown; empty when all of it is.
+QString sentenceOf(const CalendarPage& page)
 {
-    switch (fault) {
-    case PageFault::none: return {};
+    switch (page.fault) {
+    case PageFault::none:
+        return page.lacksEvents || page.lacksReminders ? Wording::tr("There is more in it than can be listed.")
+                                                       : QString();
     case PageFault::closed: return Wording::tr("It cannot be read.");
     case PageFault::tooLarge:
         return Wording::tr("It is larger than %1 MB.").arg(CalendarPages::mostFileBytes / (1024 * 1024));
     case PageFault::noCalendar: return Wording::tr("It is not a calendar.");
     case PageFault::tooMuch: return Wording::tr("It takes more time or memory than a calendar may.");
     case PageFault::tooMuchTogether: return Wording::tr("All calendars together are too large.");
-    case PageFault::tooManyOccurrences: return Wording::tr("There is more in it than can be listed.");
     }
     return {};
 }
@@ -100,16 +112,15 @@ QString withoutDot(const QString& name)
 
 } // namespace
 
-CalendarBook::CalendarBook(QStringList roots, const QStringList& addresses)
-    : m_roots(std::move(roots))
+CalendarBook::CalendarBook(const QStringList& addresses)
 {
     for (const QString& address : addresses)
         m_addresses.append(address.trimmed().toLower().toUtf8());
 }
 
-bool CalendarBook::refresh()
+bool CalendarBook::refresh(const QStringList& roots)
 {
-    const auto found = CalendarFolders::found(m_roots);
+    const auto found = CalendarFolders::found(roots);
     m_watched = found.watched;
     const bool differs = m_pages.read(found.folders, m_addresses);
     auto calendars = assign(found.folders);
@@ -124,8 +135,8 @@ QList<UnreadCalendar> CalendarBook::unread() const
 {
     QList<UnreadCalendar> unread;
     for (const auto& [path, page] : m_pages.byPath()) {
-        if (page.fault != PageFault::none)
-            unread.append({path, sentenceOf(page.fault)});
+        if (const QString reason = sentenceOf(page); !reason.isEmpty())
+            unread.append({path, reason});
     }
     return unread;
 }
@@ -186,8 +197,7 @@ QList<CalendarEvent> CalendarBook::eventsOf(CalendarPage& page, const QDateTime&
                 .allDay = occurrence.item->start->isDay});
         }
     }
-    if (effort.hasRunOut || events.size() >= mostEvents)
-        page.fault = PageFault::tooManyOccurrences;
+    page.lacksEvents = effort.hasRunOut || events.size() >= mostEvents;
     return events;
 }
 
@@ -199,7 +209,7 @@ const QList<CalendarEvent>& CalendarBook::allEvents(const QDateTime& from, const
         return m_answer->events;
     Answers<CalendarEvent> events;
     for (auto& [path, page] : m_pages.byPath())
-        events.add(eventsOf(page, from, to));
+        events.add(eventsOf(page, from, to), page.lacksEvents);
     m_answer = Answer{from, to, events.joined()};
     return m_answer->events;
 }
@@ -237,8 +247,7 @@ QList<CalendarReminder> CalendarBook::remindersOf(const QString& path, CalendarP
             m_reminders.insert(identifier, {path, key});
         }
     }
-    if (effort.hasRunOut || reminders.size() >= mostReminders)
-        page.fault = PageFault::tooManyOccurrences;
+    page.lacksReminders = effort.hasRunOut || reminders.size() >= mostReminders;
     return reminders;
 }
 
@@ -248,7 +257,7 @@ QList<CalendarReminder> CalendarBook::reminders(const QDateTime& now)
     Answers<CalendarReminder> reminders;
     m_reminders.clear();
     for (auto& [path, page] : m_pages.byPath())
-        reminders.add(remindersOf(path, page, local));
+        reminders.add(remindersOf(path, page, local), page.lacksReminders);
     return reminders.joined();
 }
 

@@ -10,15 +10,15 @@
 
 namespace ambrelle {
 
-/// Everything in some folders of calendar files, read once and again where files change. It reads, and at times thinks
-/// for long: not for the main thread.
+/// Everything in some folders of calendar files, read once and again where files or the folders change. It reads, and
+/// at times thinks for long: not for the main thread.
 class CalendarBook {
 public:
     /// The addresses are the user's, whose declined events are left out.
-    explicit CalendarBook(QStringList roots, const QStringList& addresses = {});
+    explicit CalendarBook(const QStringList& addresses = {});
 
-    /// Reads what is new or different; true when anything is.
-    bool refresh();
+    /// Reads what is new or different in these folders; true when anything is.
+    bool refresh(const QStringList& roots);
 
     const QList<CalendarInfo>& calendars() const { return m_calendars; } ///< by name
     const QList<WatchedFolder>& watched() const { return m_watched; } ///< where changes show
@@ -49,7 +49,6 @@ private:
     QList<CalendarReminder> remindersOf(const QString& path, CalendarPage& page, const CalendarZone& local);
     const QList<CalendarEvent>& allEvents(const QDateTime& from, const QDateTime& to);
 
-    QStringList m_roots;
     QList<QByteArray> m_addresses;
     CalendarPages m_pages;
     QList<CalendarInfo> m_calendars;

@@ -51,17 +51,41 @@ CalendarPage newPage(const QString& path, const FileStamp& stamp, const QList<QB
 bool CalendarPages::read(const QList<CalendarFolder>& folders, const QList<QByteArray>& owners)
 {
     Pages old = std::exchange(m_pages, {});
-    m_bytesBefore = std::exchange(m_bytes, 0);
+    m_bytes = 0;
     m_bySize.clear();
+    std::map<QString, QList<QByteArray>> leftOut;
     bool differs = false;
     for (const CalendarFolder& folder : folders) {
         const auto ownersHere = withOwner(owners, QFileInfo(folder.path).fileName());
-        for (const QString& name : folder.files)
-            differs =
-                readPage(folder.path + u'/' + name, old, withOwner(ownersHere, QFileInfo(name).completeBaseName()))
-                || differs;
+        for (const QString& name : folder.files) {
+            const QString path = folder.path + u'/' + name;
+            const auto ownersOfFile = withOwner(ownersHere, QFileInfo(name).completeBaseName());
+            differs = readPage(path, old, ownersOfFile) || differs;
+            if (const auto page = m_pages.find(path);
+                page != m_pages.end() && page->second.fault == PageFault::tooMuchTogether)
+                leftOut.emplace(path, ownersOfFile);
+        }
     }
-    return differs || m_pages.size() != old.size();
+    const bool hasMore = bringBack(leftOut);
+    return differs || hasMore || m_pages.size() != old.size();
+}
+
+/// Reads files again that were left out for the sake of others that are gone now, the smallest first. True if there are
+/// any.
+bool CalendarPages::bringBack(const std::map<QString, QList<QByteArray>>& owners)
+{
+    std::set<std::pair<std::int64_t, QString>> bySize;
+    for (const auto& [path, ownersOfFile] : owners)
+        bySize.insert({weightOf(m_pages.at(path)), path});
+    bool hasMore = false;
+    for (const auto& [weight, path] : bySize) {
+        if (m_bytes + weight > mostBytes)
+            break;
+        const FileStamp stamp = m_pages.extract(path).mapped().stamp;
+        keep(path, newPage(path, stamp, owners.at(path)));
+        hasMore = true;
+    }
+    return hasMore;
 }
 
 /// True when the file is not the one that was read.
@@ -72,14 +96,8 @@ bool CalendarPages::readPage(const QString& path, Pages& old, const QList<QByteA
         return false;
     const auto known = old.find(path);
     const bool isKnown = known != old.end() && known->second.stamp == *stamp;
-    const bool hasRoom = isKnown && known->second.fault == PageFault::tooMuchTogether
-        && m_bytesBefore + weightOf(known->second) <= mostBytes;
-    if (isKnown && !hasRoom) {
-        keep(path, std::move(known->second));
-        return false;
-    }
-    keep(path, newPage(path, *stamp, owners));
-    return true;
+    keep(path, isKnown ? std::move(known->second) : newPage(path, *stamp, owners));
+    return !isKnown;
 }
 
 void CalendarPages::keep(const QString& path, CalendarPage page)

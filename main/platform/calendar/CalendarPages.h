@@ -12,14 +12,16 @@
 namespace ambrelle {
 
 /// Why a calendar file, or some of it, is not shown.
-enum class PageFault { none, closed, tooLarge, noCalendar, tooMuch, tooMuchTogether, tooManyOccurrences };
+enum class PageFault { none, closed, tooLarge, noCalendar, tooMuch, tooMuchTogether };
 
 /// A calendar file as it was read last.
 struct CalendarPage {
     FileStamp stamp;
-    IcsFile content; ///< empty with a fault, but for that of occurrences
+    IcsFile content; ///< empty with a fault
     QString calendar; ///< its identifier
     PageFault fault = PageFault::none;
+    bool lacksEvents = false; ///< there were more than can be listed, when they were asked for last
+    bool lacksReminders = false; ///< likewise
 };
 
 /// The calendar files of some folders, read once and again when they change. All together take a certain memory; beyond
@@ -39,10 +41,10 @@ private:
     using Pages = std::map<QString, CalendarPage>;
     bool readPage(const QString& path, Pages& old, const QList<QByteArray>& owners);
     void keep(const QString& path, CalendarPage page);
+    bool bringBack(const std::map<QString, QList<QByteArray>>& owners);
 
     Pages m_pages;
     std::int64_t m_bytes = 0; // of the pages, but those left out
-    std::int64_t m_bytesBefore = 0; // when they were read last
     std::set<std::pair<std::int64_t, QString>> m_bySize; // likewise
 };
 

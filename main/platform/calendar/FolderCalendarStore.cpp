@@ -6,7 +6,6 @@
 #include "platform/calendar/CalendarBook.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QPointer>
 #include <QStandardPaths>
 
@@ -21,22 +20,20 @@ namespace {
 
 constexpr std::chrono::milliseconds settlingTime(300); // a synchronisation changes many files one after the other
 
-QStringList wholePaths(QStringList folders)
+/// Clean and absolute; empty when it is neither that nor in the user's home.
+QString wholePath(QString folder)
 {
-    for (QString& folder : folders) {
-        if (folder == u'~' || folder.startsWith("~/"_L1))
-            folder.replace(0, 1, QDir::homePath());
-    }
-    folders.removeIf([](const QString& folder) { return !folder.startsWith(u'/'); });
-    return folders;
+    if (folder == u'~' || folder.startsWith("~/"_L1))
+        folder.replace(0, 1, QDir::homePath());
+    return folder.startsWith(u'/') ? QDir::cleanPath(folder) : QString();
 }
 
 } // namespace
 
 FolderCalendarStore::FolderCalendarStore(Clock& clock, const CalendarPlaces& places)
     : m_clock(clock)
-    , m_book(std::make_shared<CalendarBook>(wholePaths(places.folders), places.addresses))
-    , m_isRemote(places.isRemote)
+    , m_book(std::make_shared<CalendarBook>(places.addresses))
+    , m_places(places)
 {
     connect(&m_watch, &FolderWatch::changed, this, &FolderCalendarStore::lookSoon);
 }
@@ -60,7 +57,7 @@ QString FolderCalendarStore::whyNone(CalendarKind kind) const
         return {};
     if (!m_unread.isEmpty())
         return Wording::tr("No calendars that can be shown. “%1”: %2", "file, sentence why not")
-            .arg(QFileInfo(m_unread.first().file).fileName(), m_unread.first().reason);
+            .arg(m_unread.first().name(), m_unread.first().reason);
     return kind == CalendarKind::events
         ? Wording::tr("No calendars yet. Put .ics files into ~/.calendars to see events.")
         : Wording::tr("No reminders yet. Put .ics files into ~/.calendars to see them.");
@@ -78,6 +75,54 @@ void FolderCalendarStore::requestAccess(QObject* context, std::function<void(boo
     }
     m_waiting.emplace_back(std::move(answer));
     look();
+}
+
+QList<CalendarSource> FolderCalendarStore::sources() const
+{
+    QList<CalendarSource> sources;
+    const auto append = [&sources](const QStringList& folders, bool isAdded) {
+        for (const QString& each : folders) {
+            const QString folder = wholePath(each);
+            if (!folder.isEmpty() && !std::ranges::count(sources, folder, &CalendarSource::folder))
+                sources.append({folder, isAdded});
+        }
+    };
+    append(m_places.folders, false);
+    append(m_places.added, true);
+    return sources;
+}
+
+QStringList FolderCalendarStore::roots() const
+{
+    QStringList roots;
+    for (const CalendarSource& source : sources())
+        roots.append(source.folder);
+    return roots;
+}
+
+bool FolderCalendarStore::addSource(const QString& folder)
+{
+    const QString path = wholePath(folder);
+    if (!path.isEmpty() && !roots().contains(path))
+        setAdded(m_places.added + QStringList{path});
+    return !path.isEmpty();
+}
+
+void FolderCalendarStore::removeSource(const QString& folder)
+{
+    QStringList added = m_places.added;
+    if (added.removeIf([path = wholePath(folder)](const QString& each) { return wholePath(each) == path; }) > 0)
+        setAdded(added);
+}
+
+void FolderCalendarStore::setAdded(const QStringList& added)
+{
+    m_places.added = added;
+    if (m_places.keepAdded)
+        m_places.keepAdded(added);
+    if (m_isOpen || m_isLooking)
+        look();
+    Q_EMIT changed();
 }
 
 void FolderCalendarStore::events(const QDateTime& from, const QDateTime& to, const QStringList& calendars,
@@ -111,9 +156,9 @@ void FolderCalendarStore::reminders(
 void FolderCalendarStore::complete(
     const QString& reminder, const QDateTime& now, QObject* context, std::function<void(bool)> done)
 {
-    const auto work = [book = m_book, isRemote = m_isRemote, reminder, now] {
+    const auto work = [book = m_book, roots = roots(), isRemote = m_places.isRemote, reminder, now] {
         const bool isSaved = book->complete(reminder, now);
-        Outcome outcome = refreshed(*book, isRemote);
+        Outcome outcome = refreshed(*book, roots, isRemote);
         outcome.isSaved = isSaved;
         return outcome;
     };
@@ -124,10 +169,11 @@ void FolderCalendarStore::complete(
     });
 }
 
-FolderCalendarStore::Outcome FolderCalendarStore::refreshed(CalendarBook& book, const IsRemote& isRemote)
+FolderCalendarStore::Outcome FolderCalendarStore::refreshed(
+    CalendarBook& book, const QStringList& roots, const IsRemote& isRemote)
 {
     Outcome outcome;
-    outcome.differs = book.refresh();
+    outcome.differs = book.refresh(roots);
     outcome.calendars = book.calendars();
     outcome.unread = book.unread();
     outcome.watched = book.watched();
@@ -152,7 +198,8 @@ void FolderCalendarStore::look()
     }
     m_isLooking = true;
     m_looksAgain = false;
-    m_worker.run([book = m_book, isRemote = m_isRemote] { return refreshed(*book, isRemote); },
+    m_worker.run(
+        [book = m_book, roots = roots(), isRemote = m_places.isRemote] { return refreshed(*book, roots, isRemote); },
         [this](const Outcome& outcome) {
             m_isLooking = false;
             m_isOpen = true;

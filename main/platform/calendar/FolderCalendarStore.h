@@ -17,6 +17,8 @@ class CalendarBook;
 /// Where calendars are, and whose.
 struct CalendarPlaces {
     QStringList folders; ///< need not exist: they are noticed when they appear; "~/" begins one in the user's home
+    QStringList added{}; ///< likewise, but those of the user
+    std::function<void(const QStringList& added)> keepAdded{}; ///< called when the user has changed them
     QStringList addresses{}; ///< of the user, whose declined events are left out
     std::function<bool(const QString& folder)> isRemote = CalendarFolders::isRemote;
 };
@@ -41,6 +43,9 @@ public:
     void requestAccess(QObject* context, std::function<void(bool)> done) override;
     QList<CalendarInfo> calendars() const override { return m_calendars; }
     QList<UnreadCalendar> unread() const override { return m_unread; }
+    QList<CalendarSource> sources() const override;
+    bool addSource(const QString& folder) override;
+    void removeSource(const QString& folder) override;
     void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
         std::function<void(const QList<CalendarEvent>&)> done) override;
     void reminders(
@@ -63,7 +68,9 @@ private:
         QList<UnreadCalendar> unread;
     };
 
-    static Outcome refreshed(CalendarBook& book, const IsRemote& isRemote);
+    static Outcome refreshed(CalendarBook& book, const QStringList& roots, const IsRemote& isRemote);
+    QStringList roots() const;
+    void setAdded(const QStringList& added);
     void accept(const QList<UnreadCalendar>& unread);
     void look();
     void lookSoon();
@@ -71,7 +78,7 @@ private:
 
     Clock& m_clock;
     std::shared_ptr<CalendarBook> m_book; // used on the worker's thread only
-    IsRemote m_isRemote;
+    CalendarPlaces m_places;
     FolderWatch m_watch;
     QList<CalendarInfo> m_calendars;
     QList<UnreadCalendar> m_unread;
@@ -81,7 +88,7 @@ private:
     std::vector<std::function<void()>> m_waiting; // for the first look
     Ticket m_soon;
     Ticket m_remote; // while any folder is
-    SerialWorker m_worker{*this, std::chrono::milliseconds(800)}; // what the user ticked off is worth a wait
+    SerialWorker m_worker{*this, std::chrono::milliseconds(400)}; // what the user ticked off is worth a wait
 };
 
 } // namespace ambrelle

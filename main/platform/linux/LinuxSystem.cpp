@@ -13,7 +13,9 @@ namespace ambrelle {
 LinuxSystem::LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture& hostsPicture)
     : session(DesktopSession::current())
     , calendars(clock,
-          CalendarPlaces{.folders = FolderCalendarStore::standardFolders() + wishes.calendarFolders,
+          CalendarPlaces{.folders = FolderCalendarStore::standardFolders(),
+              .added = wishes.calendarFolders,
+              .keepAdded = wishes.keepCalendarFolders,
               .addresses = wishes.addresses})
     , programs(session.names())
     , loginItem(runningProgram())

@@ -16,6 +16,7 @@ public:
     QString currentWhyNot; ///< empty: available
     QList<CalendarInfo> currentCalendars;
     QList<UnreadCalendar> currentUnread;
+    QList<CalendarSource> currentSources; ///< adding and removing changes them, and tells changed()
     QList<CalendarEvent> currentEvents; ///< those of other calendars than asked for are left out
     QList<CalendarReminder> currentReminders;
     bool saves = true; ///< what complete() answers
@@ -33,6 +34,18 @@ public:
     }
     QList<CalendarInfo> calendars() const override { return currentCalendars; }
     QList<UnreadCalendar> unread() const override { return currentUnread; }
+    QList<CalendarSource> sources() const override { return currentSources; }
+    bool addSource(const QString& folder) override
+    {
+        currentSources.append({folder, true});
+        Q_EMIT changed();
+        return true;
+    }
+    void removeSource(const QString& folder) override
+    {
+        currentSources.removeIf([&folder](const CalendarSource& each) { return each.folder == folder; });
+        Q_EMIT changed();
+    }
     void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
         std::function<void(const QList<CalendarEvent>&)> done) override
     {

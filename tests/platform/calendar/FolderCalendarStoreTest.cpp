@@ -232,10 +232,11 @@ TEST_F(FolderCalendarStoreTest, HostileFilesDoNotHideTheOthers)
 
 TEST_F(FolderCalendarStoreTest, SaysWhichFilesAreLeftOutAndWhy)
 {
-    write(u"root/page.ics"_s, "<html></html>");
+    write(u"root/p\u202Eage.ics"_s, "<html></html>");
     FolderCalendarStore store(clock, {path(u"root"_s)});
     EXPECT_FALSE(access(store));
-    EXPECT_TRUE(store.whyNone(CalendarKind::events).contains(u"page.ics"_s));
+    EXPECT_TRUE(store.whyNone(CalendarKind::events).contains(u"page.ics"_s)) << "signs that turn text round are gone";
+    write(u"root/turned\u202E.ics"_s, calendar(event("turned") + event("round")));
     write(u"root/good.ics"_s, calendar(event("good") + event("better")));
     write(u"root/often.ics"_s,
         calendar(event("often", "20250601T000000Z\r\nRRULE:FREQ=SECONDLY;COUNT=2000000000") + event("x")));
@@ -245,7 +246,7 @@ TEST_F(FolderCalendarStoreTest, SaysWhichFilesAreLeftOutAndWhy)
     const auto reasons = [&store] {
         QStringList all;
         for (const UnreadCalendar& each : store.unread())
-            all.append(QFileInfo(each.file).fileName() + u": "_s + each.reason);
+            all.append(each.name() + u": "_s + each.reason);
         return all;
     };
     EXPECT_THAT(reasons(), ElementsAre(u"large.ics: It is larger than 32 MB."_s, u"page.ics: It is not a calendar."_s));
@@ -255,7 +256,8 @@ TEST_F(FolderCalendarStoreTest, SaysWhichFilesAreLeftOutAndWhy)
         calendars.append(each.identifier);
     EXPECT_TRUE(titles(store, calendars).contains(u"good"_s));
     EXPECT_TRUE(reasons().contains(u"often.ics: There is more in it than can be listed."_s));
-    ASSERT_TRUE(QFile::remove(path(u"root/page.ics"_s)));
+    EXPECT_TRUE(std::ranges::count(store.calendars(), u"turned"_s, &CalendarInfo::name));
+    ASSERT_TRUE(QFile::remove(path(u"root/p\u202Eage.ics"_s)));
     EXPECT_TRUE(waitUntil([&] { return !reasons().join(u' ').contains(u"page"_s); }));
 }
 
@@ -267,18 +269,82 @@ TEST_F(FolderCalendarStoreTest, FilesTooLargeTogetherGiveWayToSmallerOnes)
     for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s})
         write(u"root/"_s + name + u".ics"_s, calendar(many));
     write(u"root/z.ics"_s, calendar(event("good") + event("better")));
-    CalendarBook book({path(u"root"_s)});
-    EXPECT_TRUE(book.refresh());
+    CalendarBook book;
+    const QStringList root{path(u"root"_s)};
+    EXPECT_TRUE(book.refresh(root));
     const QStringList good{path(u"root/z.ics"_s)};
     EXPECT_EQ(book.events(today, today.addDays(7), good).size(), 2);
     const auto before = book.unread().size();
     EXPECT_GT(before, 0);
-    EXPECT_FALSE(book.refresh()); // nor are they read again and again
+    EXPECT_FALSE(book.refresh(root)); // nor are they read again and again
     for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
         ASSERT_TRUE(QFile::remove(path(u"root/"_s + name + u".ics"_s)));
-    EXPECT_TRUE(book.refresh());
-    EXPECT_TRUE(book.refresh() || book.unread().isEmpty());
+    EXPECT_TRUE(book.refresh(root));
+    EXPECT_TRUE(book.unread().isEmpty()) << "there is room for all that is left";
     EXPECT_EQ(book.events(today, today.addDays(7), {path(u"root/e.ics"_s)}).size(), 10'000);
+    EXPECT_FALSE(book.refresh(root));
+}
+
+TEST_F(FolderCalendarStoreTest, SaysWhatIsTooMuchAtThatTimeAndNoLonger)
+{
+    // All files together have a few more than can be listed, in the second of two weeks; "c" has the most.
+    QByteArray week;
+    for (int i = 0; i < 9500; ++i)
+        week += event(QByteArray::number(i), "20250610T080000Z");
+    for (int i = 0; i < 10; ++i)
+        write(u"root/a%1.ics"_s.arg(i), calendar(week));
+    write(u"root/c.ics"_s, calendar(week + event("more", "20250610T080000Z")));
+    CalendarBook book;
+    book.refresh({path(u"root"_s)});
+    const auto listed = [&](const QDateTime& from) {
+        QStringList calendars;
+        for (const CalendarInfo& each : book.calendars())
+            calendars.append(each.identifier);
+        return book.events(from, from.addDays(7), calendars).size();
+    };
+    EXPECT_EQ(listed(today), 0);
+    EXPECT_THAT(book.unread(), IsEmpty());
+    EXPECT_EQ(listed(today.addDays(7)), 95'000);
+    EXPECT_THAT(book.unread(),
+        ElementsAre(UnreadCalendar{path(u"root/c.ics"_s), u"There is more in it than can be listed."_s}));
+    EXPECT_EQ(listed(today), 0);
+    EXPECT_THAT(book.unread(), IsEmpty());
+}
+
+TEST_F(FolderCalendarStoreTest, FollowsTheFoldersTheUserAddsAndRemoves)
+{
+    write(u"standard/a.ics"_s, calendar(event("a")));
+    write(u"added/b.ics"_s, calendar(event("b")));
+    const QString standard = path(u"standard"_s);
+    const QString added = path(u"added"_s);
+    QList<QStringList> kept;
+    FolderCalendarStore store(clock,
+        CalendarPlaces{.folders = {standard},
+            .added = {u"not absolute"_s, standard},
+            .keepAdded = [&kept](const QStringList& folders) { kept.append(folders); }});
+    EXPECT_THAT(store.sources(), ElementsAre(CalendarSource{standard}));
+    ASSERT_TRUE(access(store));
+    int changes = 0;
+    QObject::connect(&store, &CalendarStore::changed, [&changes] { ++changes; });
+
+    EXPECT_FALSE(store.addSource(u"relative"_s));
+    EXPECT_TRUE(store.addSource(standard + u'/'));
+    EXPECT_THAT(kept, IsEmpty()) << "it is looked at already";
+    EXPECT_TRUE(store.addSource(added + u'/'));
+    EXPECT_EQ(changes, 1) << "the list has changed, whatever is in the folder";
+    EXPECT_THAT(store.sources(), ElementsAre(CalendarSource{standard}, CalendarSource{added, true}));
+    EXPECT_THAT(kept, ElementsAre(QStringList{u"not absolute"_s, standard, added})) << "nothing of the user's is lost";
+    EXPECT_TRUE(waitUntil([&] { return titles(store, {standard, added}) == QStringList{u"a"_s, u"b"_s}; }));
+    write(u"added/b.ics"_s, calendar(event("later")));
+    EXPECT_TRUE(waitUntil([&] { return titles(store, {standard, added}) == QStringList{u"a"_s, u"later"_s}; }));
+
+    store.removeSource(added);
+    store.removeSource(standard);
+    EXPECT_EQ(kept.last(), QStringList(u"not absolute"_s));
+    EXPECT_THAT(store.sources(), ElementsAre(CalendarSource{standard}));
+    EXPECT_TRUE(waitUntil([&] { return store.calendars().size() == 1; }));
+    EXPECT_THAT(titles(store, {standard, added}), ElementsAre(u"a"_s));
+    EXPECT_EQ(folder.read(u"added/b.ics"_s), calendar(event("later")));
 }
 
 TEST_F(FolderCalendarStoreTest, FoldersOnOtherComputersAreLookedThroughNowAndThen)
@@ -317,8 +383,8 @@ TEST_F(FolderCalendarStoreTest, KnowsWhoseCalendarsTheyAre)
     write(u"root/Me@Example.org.ics"_s, calendar(event("by file", declined) + event("mine")));
     write(u"root/team/b.ics"_s, calendar(event("of the team", declined)));
     const auto listed = [&](const QStringList& addresses) {
-        CalendarBook book({path(u"root"_s)}, addresses);
-        book.refresh();
+        CalendarBook book(addresses);
+        book.refresh({path(u"root"_s)});
         QStringList calendars;
         for (const CalendarInfo& each : book.calendars())
             calendars.append(each.identifier);

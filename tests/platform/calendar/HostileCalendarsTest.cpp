@@ -84,8 +84,8 @@ TEST_P(HostileCalendarsTest, NoneTakesMuchOrHidesAnother)
         forgetPeak();
         const double memory = megabytes("VmRSS");
         const double before = threadSeconds();
-        CalendarBook book({folder.path()});
-        book.refresh();
+        CalendarBook book;
+        book.refresh({folder.path()});
         const double read = threadSeconds();
         EXPECT_TRUE(titlesOf(book, monday).contains(u"Good"_s));
         const auto reminders = book.reminders(monday);
