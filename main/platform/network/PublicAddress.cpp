@@ -2,7 +2,7 @@
 
 #include "platform/network/PublicAddress.h"
 
-#include <QHostAddress>
+#include <QNetworkInterface>
 
 #include <algorithm>
 
@@ -36,23 +36,47 @@ QHostAddress lastFourBytes(const QHostAddress& address)
     return QHostAddress(value);
 }
 
-bool isPublic6(const QHostAddress& address)
+bool isAmong(const QHostAddress& address, const QList<Subnet>& subnets)
+{
+    return std::ranges::any_of(subnets, [&address](const Subnet& subnet) { return address.isInSubnet(subnet); });
+}
+
+bool isPublic6(const QHostAddress& address, const QList<Subnet>& own)
 {
     if (isWithin(address, {"64:ff9b::/96"_L1})) // translated by the network
-        return isPublic4(lastFourBytes(address));
-    return isWithin(address, {"2000::/3"_L1})
+        return isPublic4(lastFourBytes(address)) && !isAmong(lastFourBytes(address), own);
+    return isWithin(address, {"2000::/3"_L1}) && !isAmong(address, own)
         && !isWithin(address, {"2001::/23"_L1, "2001:db8::/32"_L1, "2002::/16"_L1, "3fff::/20"_L1});
 }
 
 } // namespace
 
-bool isPublicAddress(const QHostAddress& address)
+bool isPublicAddress(const QHostAddress& address, const QList<Subnet>& own)
 {
     bool isOlder = false;
     const quint32 older = address.toIPv4Address(&isOlder);
     if (isOlder)
-        return isPublic4(QHostAddress(older));
-    return address.protocol() == QAbstractSocket::IPv6Protocol && isPublic6(address);
+        return isPublic4(QHostAddress(older)) && !isAmong(QHostAddress(older), own);
+    return address.protocol() == QAbstractSocket::IPv6Protocol && isPublic6(address, own);
+}
+
+bool isPublicAddress(const QHostAddress& address)
+{
+    return isPublicAddress(address, ownSubnets());
+}
+
+QList<Subnet> ownSubnets()
+{
+    QList<Subnet> subnets;
+    for (const QNetworkInterface& interface : QNetworkInterface::allInterfaces()) {
+        for (const QNetworkAddressEntry& entry : interface.addressEntries()) {
+            const bool isOlder = entry.ip().protocol() == QAbstractSocket::IPv4Protocol;
+            // A length of none, as some tunnels have it, is all the world.
+            const int length = entry.prefixLength() > 0 ? entry.prefixLength() : (isOlder ? 32 : 128);
+            subnets.append({entry.ip(), length});
+        }
+    }
+    return subnets;
 }
 
 } // namespace ambrelle

@@ -20,7 +20,8 @@ class QtHttpClient final : public HttpClient {
 public:
     /// `timeOut` is for a whole answer; `isPublic` tells which addresses getPublic() may go to.
     explicit QtHttpClient(
-        std::chrono::milliseconds timeOut = std::chrono::seconds(20), MayConnect isPublic = isPublicAddress);
+        std::chrono::milliseconds timeOut = std::chrono::seconds(20),
+        MayConnect isPublic = [](const QHostAddress& address) { return isPublicAddress(address); });
     ~QtHttpClient() override;
 
     bool isAvailable() const override { return true; }

@@ -7,6 +7,7 @@
 #include "support/LocalServer.h"
 
 #include <QFile>
+#include <QNetworkInterface>
 #include <QProcess>
 #include <QSslConfiguration>
 #include <QSslKey>
@@ -88,6 +89,23 @@ TEST(HttpAddressTest, PublicAddressesAreThoseOfTheOpenInternet)
              "::ffff:10.0.0.1", "::127.0.0.1", "64:ff9b::192.168.0.1", "2002:7f00:1::", "2001::1", "2001:db8::1"})
         EXPECT_FALSE(isPublicAddress(QHostAddress(QLatin1StringView(address)))) << address;
     EXPECT_FALSE(isPublicAddress(QHostAddress()));
+}
+
+TEST(HttpAddressTest, NeighboursAreNotOfTheOpenInternet)
+{
+    const QList<Subnet> own{{QHostAddress(u"81.2.69.17"_s), 28}, {QHostAddress(u"2a00:1450:4001:7::5"_s), 64}};
+    const std::pair<const char*, bool> cases[] = {{"81.2.69.16", false}, {"81.2.69.31", false}, {"81.2.69.32", true},
+        {"::ffff:81.2.69.20", false}, {"64:ff9b::81.2.69.20", false}, {"64:ff9b::81.2.69.40", true},
+        {"2a00:1450:4001:7:1:2:3:4", false}, {"2a00:1450:4001:8::1", true}};
+    for (const auto& [address, isPublic] : cases)
+        EXPECT_EQ(isPublicAddress(QHostAddress(QLatin1StringView(address)), own), isPublic) << address;
+
+    const QList<Subnet> found = ownSubnets();
+    for (const QHostAddress& address : QNetworkInterface::allAddresses()) {
+        EXPECT_TRUE(std::ranges::any_of(found, [&](const Subnet& subnet) { return address.isInSubnet(subnet); }))
+            << qPrintable(address.toString());
+    }
+    EXPECT_TRUE(std::ranges::none_of(found, [](const Subnet& subnet) { return subnet.second == 0; }));
 }
 
 TEST(QtHttpClientTest, AStrangersAddressLeadsNowhereNear)
