@@ -35,18 +35,28 @@ public:
     QStringList opened;
 };
 
-/// A login item that can always be set.
+/// A login item that can be set unless the test says why not.
 class RecordingLoginItem final : public LoginItem {
 public:
-    Status status() const override { return isEnabled ? Status::enabled : Status::disabled; }
-    QString whyNot() const override { return {}; }
+    Status status() const override
+    {
+        if (!unavailable.isEmpty())
+            return Status::unavailable;
+        return isEnabled ? Status::enabled : Status::disabled;
+    }
+    QString whyNot() const override { return unavailable; }
     QString setEnabled(bool enabled) override
     {
+        const QString& reason = unavailable.isEmpty() ? failure : unavailable;
+        if (!reason.isEmpty())
+            return refusal() + u": "_s + reason;
         isEnabled = enabled;
         return {};
     }
 
     bool isEnabled = false;
+    QString unavailable; ///< why there is none, as a sentence; empty: there is one
+    QString failure; ///< why it cannot be changed from now on; empty: it can
 };
 
 /// A desktop that has a place for tray items once the test sends appeared().
