@@ -2,7 +2,10 @@
 
 #include "placement/ScreenPlacement.h"
 
+#include "placement/FreeSpot.h"
 #include "placement/GroupFit.h"
+
+#include <QSet>
 
 #include <algorithm>
 #include <cmath>
@@ -180,7 +183,27 @@ void fitTogether(const Group& group, QList<WidgetConfig>& placed)
     }
 }
 
-void place(const Group& group, const QList<ScreenInfo>& screens)
+QSet<const StoredWidget*> membersOf(const Group& group)
+{
+    return {group.members.begin(), group.members.end()};
+}
+
+/// Moves guests that would lie over others on their host to the nearest free places, as far as there are any. What lay
+/// over one another at home may do so here.
+void makeWay(const Group& group, QList<WidgetConfig>& placed, const QList<QRectF>& taken)
+{
+    for (qsizetype i = 0; i < placed.size(); ++i) {
+        QList<QRectF> others = taken;
+        for (qsizetype other = 0; other < placed.size(); ++other) {
+            // Those behind it still have to look for a place themselves, but hold theirs if they need none.
+            if (other != i && !GroupFit::overlap(frameAtHome(*group.members[i]), frameAtHome(*group.members[other])))
+                others.append(placed[other].frame());
+        }
+        placed[i].origin = nearestFreeSpot(placed[i].frame(), room(*group.host), others).value_or(placed[i].origin);
+    }
+}
+
+void place(const Group& group, const QList<ScreenInfo>& screens, const QList<QRectF>& taken)
 {
     QList<WidgetConfig> placed;
     if (stays(group)) {
@@ -193,6 +216,8 @@ void place(const Group& group, const QList<ScreenInfo>& screens)
             placed.append(refitted(group, *widget));
         if (!group.areStrays && anyMeet(group, placed))
             fitTogether(group, placed);
+        if (group.areGuests)
+            makeWay(group, placed, taken);
     }
     for (qsizetype i = 0; i < placed.size(); ++i) {
         bringBack(placed[i], screens);
@@ -274,8 +299,20 @@ void arrange(QList<StoredWidget>& widgets, const QList<ScreenInfo>& screens)
             group = groups.insert(group, own);
         group->members.append(&widget);
     }
+    // Who is at home or stands there already does not give way, so guests that come are placed last.
+    std::ranges::stable_sort(groups, {}, [](const Group& group) { return stays(group) ? 0 : group.areGuests ? 2 : 1; });
+    QSet<const StoredWidget*> pending;
     for (const Group& group : groups)
-        place(group, screens);
+        pending.unite(membersOf(group));
+    for (const Group& group : groups) {
+        QList<QRectF> taken;
+        for (const StoredWidget& widget : std::as_const(widgets)) {
+            if (!pending.contains(&widget))
+                taken.append(widget.config.frame());
+        }
+        place(group, screens, taken);
+        pending.subtract(membersOf(group));
+    }
 }
 
 void rememberDisplay(StoredWidget& widget, const QList<ScreenInfo>& screens)

@@ -16,7 +16,8 @@ namespace ambrelle {
 ///
 /// On a display of another size, and as a guest, a widget stands where it stood relative to the nearer edges. Where
 /// widgets of one display would come to lie over one another by that, all of them are fitted together, like a layout.
-/// Their homes stay, so that each stands at its old place, in its old size, when the display gets its old size back.
+/// Guests give way to whoever is there already, as far as there is room. Their homes stay, so that each stands at its
+/// old place, in its old size, when the display gets its old size back.
 namespace ScreenPlacement {
 
 /// The screen that shows most of `frame`; none when it lies off every screen.

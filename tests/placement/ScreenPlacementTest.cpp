@@ -258,6 +258,49 @@ TEST(ScreenPlacement, MakesNoHeapOnASmallerScreenAndGrowsBackExactly)
     EXPECT_GT(shrunk, 600) << "hardly any layout needed it: the test shows nothing";
 }
 
+TEST(ScreenPlacement, GuestsLieOverNobodyWhereThereIsRoom)
+{
+    const ScreenInfo left = screen(u"left"_s, {-1440, 0, 1440, 900});
+    Desktop desktop;
+    for (const QPointF& at : {QPointF(20, 20), QPointF(200, 20), QPointF(600, 400)})
+        desktop.widgets.append({widgetAt(at)});
+    for (const QPointF& at : {QPointF(1460, 20), QPointF(1470, 30), QPointF(1940, 20)}) // the first two overlap
+        desktop.widgets.append({widgetAt(at)});
+    for (const QPointF& at : {QPointF(-1420, 20), QPointF(-840, 400)})
+        desktop.widgets.append({widgetAt(at)});
+    desktop.sync({main, right, left});
+    const QList<StoredWidget> before = desktop.widgets;
+    const auto nobodyMeets = [&desktop](const char* what) {
+        for (qsizetype i = 0; i < desktop.widgets.size(); ++i) {
+            EXPECT_TRUE(main.visibleFrame.contains(desktop.frame(i)) || i == 6 || i == 7) << what << ' ' << i;
+            for (qsizetype other = 0; other < i; ++other)
+                EXPECT_TRUE(!desktop.meet(i, other) || (other == 3 && i == 4)) << what << ' ' << i << ' ' << other;
+        }
+    };
+    desktop.sync({main, left});
+    nobodyMeets("one display is away");
+    const QList<StoredWidget> first = desktop.widgets;
+    EXPECT_EQ(desktop.widgets[5].config.origin, QPointF(500, 20)) << "nobody is in its way";
+    EXPECT_LT(std::hypot(desktop.frame(3).x() - 20, desktop.frame(3).y() - 20), 190) << "it is moved no further";
+    desktop.sync({main});
+    nobodyMeets("both are");
+    for (qsizetype i = 0; i < 6; ++i)
+        EXPECT_EQ(desktop.widgets[i], first[i]) << i << ": those that stand there stay";
+    const QList<StoredWidget> settled = desktop.widgets;
+    desktop.sync({main});
+    EXPECT_EQ(desktop.widgets, settled);
+    desktop.sync({main, right, left});
+    EXPECT_EQ(desktop.widgets, before) << "all go home";
+
+    // Twice as many as a small screen holds: none is lost, and each is where it can be seen.
+    const ScreenInfo tiny = screen(main.id, {0, 0, 400, 300});
+    desktop.sync({tiny});
+    for (qsizetype i = 0; i < desktop.widgets.size(); ++i)
+        EXPECT_TRUE(ScreenPlacement::screenShowing(desktop.frame(i), {tiny})) << i;
+    desktop.sync({main, right, left});
+    EXPECT_EQ(desktop.widgets, before);
+}
+
 TEST(ScreenPlacement, LeavesWidgetsAsLargeAsTheyAreWhereTheyFitSideBySide)
 {
     Desktop desktop;
