@@ -30,7 +30,7 @@ public:
     /// Shows each picture on its screen, filling it; other screens keep theirs. A desktop that has one picture for all
     /// screens takes the first. On failure the old picture stays.
     virtual void set(const QList<ScreenPicture>& pictures, Done done) = 0;
-    /// The file that shows on the screen, or on the others where this one is new; empty when it is not known.
+    /// The file that shows on the screen; empty when it is not known, as of a screen that came later.
     virtual void read(const QString& connector, std::function<void(const QString& file)> done) = 0;
 
     /// What the desktop shows now, on all screens and with its options, for `giveBack()` and nobody else; empty when

@@ -253,6 +253,7 @@ TEST_F(SwayPictureTest, RemembersItsOwnPicturesForThisRun)
     SwayPicture restarted(path(u"record"_s), u"run 1"_s);
     EXPECT_EQ(read(restarted, u"DP-1"_s), second);
     EXPECT_EQ(read(restarted, u"HDMI-A-1"_s), second);
+    EXPECT_EQ(read(restarted, u"DP-2"_s), QString()) << "another screen's";
     SwayPicture nextLogin(path(u"record"_s), u"run 2"_s);
     EXPECT_EQ(read(nextLogin, u"DP-1"_s), QString());
 

@@ -124,6 +124,7 @@ TEST_F(RootPixmapPictureTest, EachScreenShowsItsPicture)
     EXPECT_TRUE(showsOnly(right, blue));
     EXPECT_EQ(read(desktop, u"left"_s), first);
     EXPECT_EQ(read(desktop, u"right"_s), second);
+    EXPECT_EQ(read(desktop, u"later"_s), QString()) << "another screen's";
     EXPECT_EQ(named(), named("ESETROOT_PMAP_ID"));
 
     const uint32_t before = named();

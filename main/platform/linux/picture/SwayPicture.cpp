@@ -56,13 +56,7 @@ void SwayPicture::set(const QList<ScreenPicture>& pictures, Done done)
 
 void SwayPicture::read(const QString& connector, std::function<void(const QString& file)> done)
 {
-    m_tools.run(
-        [this, connector] {
-            // A screen that came later has no picture of its own, but those that were there before are still known.
-            const QJsonObject files = record();
-            return (files.contains(connector) || files.isEmpty() ? files.value(connector) : *files.begin()).toString();
-        },
-        std::move(done));
+    m_tools.run([this, connector] { return record().value(connector).toString(); }, std::move(done));
 }
 
 void SwayPicture::remember(const QString&, std::function<void(const QJsonObject& memory)> done)

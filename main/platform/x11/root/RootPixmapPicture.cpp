@@ -77,11 +77,7 @@ void RootPixmapPicture::read(const QString& connector, std::function<void(const 
 {
     const auto work = [connector] {
         const RootPixmap root;
-        if (!root.fault().isEmpty())
-            return QString();
-        // A screen that came later has no picture of its own, but those that were there before are still known.
-        const RootPixmap::Record record = root.record();
-        return record.value(connector, record.isEmpty() ? QString() : *record.begin());
+        return root.fault().isEmpty() ? root.record().value(connector) : QString();
     };
     m_worker.run(work, std::move(done));
 }
