@@ -20,6 +20,7 @@ from program import Session, pointer, wait_for
 
 SHIM = sys.argv[2]
 LONGEST = 2  # seconds that ending may take
+LONGEST_WORK = 1.1  # of it for all work that hangs, so that a slow disk has the rest
 KINDS = ["photo", "events", "reminders", "nowPlaying"]
 PLAYER = """
 import dbus, dbus.service, sys
@@ -43,13 +44,13 @@ def start(session):
     wait_for("widgets", lambda: len(session.panels()) == len(KINDS))
 
 
-def end(session, what):
+def end(session, what, longest=LONGEST):
     """Asks the program to end; it does, in time and well, and has kept its settings."""
     begun = time.monotonic()
     session.process.send_signal(signal.SIGTERM)
     session.ended()
     took = time.monotonic() - begun
-    assert took < LONGEST, f"{what}: ending took {took:.2f} s"
+    assert took < longest, f"{what}: ending took {took:.2f} s"
     assert [widget["kind"] for widget in session.widgets()] == KINDS, session.widgets()
     print(f"{what}: ended after {took:.2f} s")
 
@@ -136,7 +137,7 @@ session.env.update(LD_PRELOAD=SHIM, AMBRELLE_HANGING_FOLDER=str(away), AMBRELLE_
 start(session)
 wait_for("three sources that hang", lambda: {"photos", "calendars", "art.png"} <= set(os.listdir(notes)))
 player.send_signal(signal.SIGSTOP)
-end(session, "folders and a player hang")
+end(session, "folders and a player hang", LONGEST_WORK)
 
 for note in notes.iterdir():
     note.unlink()
