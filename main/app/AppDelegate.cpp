@@ -53,12 +53,12 @@ AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
           stores.accents, m_monitor, m_services, m_feed, m_ports.clock, m_ports.appearance, m_wallpaper})
     , m_actions(m_ports.programs, m_services.player, m_ports.desktopNames)
     , m_tip(m_ports.windows, m_ports.clock)
-    , m_pictures(makeWallpaper(), thumbnailCache(), stores.accents, m_ports.clock)
+    , m_pictures(makeWallpaper(), thumbnailCache(), stores.accents)
     , m_automation(m_settings, m_monitor, m_ports.clock,
           [this] { WallpaperShuffle::shuffle(m_wallpaper, m_settings.customWallpapers()); })
     , m_follower(m_ports.appearance, m_settings, m_manager, m_wallpaper, m_ports.clock)
-    , m_interface({stores.defaults, m_settings, stores.accents, m_ports, m_manager, m_wallpaper, m_thumbnails,
-          m_monitor, m_services, m_feed})
+    , m_interface({stores.defaults, m_settings, stores.accents, m_ports, m_manager, m_wallpaper, m_pictures, m_monitor,
+          m_services, m_feed})
 {
 }
 

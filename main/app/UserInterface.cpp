@@ -2,6 +2,7 @@
 
 #include "app/UserInterface.h"
 
+#include "app/WindowPictures.h"
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
 #include "platform/TrayPresence.h"
@@ -42,7 +43,9 @@ UserInterface::UserInterface(const Collaborators& with)
           .accents = with.accents,
           .themes = m_themes,
           .wallpaper = with.wallpaper,
-          .thumbnails = with.thumbnails,
+          .thumbnails = with.pictures.wallpapers(),
+          .snapshots = with.pictures.desktops(),
+          .shelf = with.pictures.shelf(),
           .host = with.ports.windows,
           .appearance = with.ports.appearance,
           .monitor = with.monitor,
@@ -59,6 +62,7 @@ UserInterface::UserInterface(const Collaborators& with)
     , m_statusItem([this] { return m_quickMenu.items(); }, [this] { m_mainWindow.toggle(); }, with.ports.clock)
 {
     connect(&m_appearance, &SystemAppearance::changed, this, &UserInterface::followAppearance);
+    connect(&m_mainWindow, &MainWindowController::forgotten, this, [&pictures = with.pictures] { pictures.release(); });
     for (const TrayPresence* tray : m_trays)
         connect(tray, &TrayPresence::appeared, &m_statusItem, &StatusItemController::show);
 }

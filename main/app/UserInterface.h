@@ -18,6 +18,7 @@ namespace ambrelle {
 
 class TrayPresence;
 class UserDefaults;
+class WindowPictures;
 
 /// The tray item, the menus and the main window.
 class UserInterface : public QObject {
@@ -29,7 +30,7 @@ public:
         const Machine::Ports& ports;
         WidgetManager& manager;
         DesktopWallpaper& wallpaper;
-        WallpaperStore& thumbnails;
+        WindowPictures& pictures;
         SystemMonitor& monitor;
         LiveServices& services;
         const ReadingFeed& feed;

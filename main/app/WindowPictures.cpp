@@ -17,17 +17,18 @@ std::function<QImage()> samplePhoto(const Wallpaper& wallpaper, const ImageDiskC
 
 } // namespace
 
-WindowPictures::WindowPictures(
-    const Wallpaper& wallpaper, const ImageDiskCache& cache, ThemeAccent& accents, Clock& clock)
+WindowPictures::WindowPictures(const Wallpaper& wallpaper, const ImageDiskCache& cache, ThemeAccent& accents)
     : m_wallpapers(wallpaper, cache)
     , m_desktops({wallpaper, cache, accents, samplePhoto(wallpaper, cache), makeHeadlessMachine})
-    , m_idle(clock, [this] {
-        m_shelf.release();
-        m_wallpapers.release();
-        m_desktops.release();
-        giveBackFreeMemory();
-    })
 {
+}
+
+void WindowPictures::release()
+{
+    m_shelf.release();
+    m_wallpapers.release();
+    m_desktops.release();
+    giveBackFreeMemory();
 }
 
 } // namespace ambrelle

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "wallpapers/WallpaperStore.h"
-#include "window/cards/IdleRelease.h"
 #include "window/cards/PictureShelf.h"
 #include "window/cards/StorePictures.h"
 
@@ -12,20 +11,19 @@ namespace ambrelle {
 /// The pictures of the main window, from the disk and from the painter to the card.
 class WindowPictures {
 public:
-    WindowPictures(const Wallpaper& wallpaper, const ImageDiskCache& cache, ThemeAccent& accents, Clock& clock);
+    WindowPictures(const Wallpaper& wallpaper, const ImageDiskCache& cache, ThemeAccent& accents);
 
     WallpaperStore& wallpapers() { return m_wallpapers; }
     DesktopSnapshots& desktops() { return m_desktops; }
     PictureShelf& shelf() { return m_shelf; }
-    /// Whether the window is open; a while after it was closed nothing of all this stays in memory.
-    void setShown(bool shown) { m_idle.setShown(shown); }
+    /// Nobody looks any more: nothing of all this stays in memory.
+    void release();
 
 private:
     WallpaperStore m_wallpapers;
     DesktopSnapshots m_desktops;
     StorePictures m_loader{m_wallpapers, m_desktops};
     PictureShelf m_shelf{m_loader};
-    IdleRelease m_idle;
 };
 
 } // namespace ambrelle

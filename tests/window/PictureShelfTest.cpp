@@ -3,7 +3,6 @@
 #include "window/cards/PictureShelf.h"
 
 #include "foundation/ManualClock.h"
-#include "window/cards/IdleRelease.h"
 
 #include <gtest/gtest.h>
 
@@ -178,25 +177,6 @@ TEST(PictureShelfEndTest, AnswersMayComeAfterIt)
     shelf.reset();
     loader.serveAll();
     EXPECT_TRUE(loader.names().isEmpty());
-}
-
-TEST(IdleReleaseTest, AMinuteAfterTheWindowWasClosedUnlessItIsBack)
-{
-    ManualClock clock;
-    int released = 0;
-    IdleRelease idle(clock, [&released] { ++released; });
-    idle.setShown(false);
-    clock.advance(std::chrono::seconds(59));
-    idle.setShown(true);
-    clock.advance(std::chrono::hours(1));
-    EXPECT_EQ(released, 0);
-    idle.setShown(false);
-    clock.advance(std::chrono::seconds(30));
-    idle.setShown(false); // told twice
-    clock.advance(std::chrono::seconds(30));
-    EXPECT_EQ(released, 1);
-    clock.advance(std::chrono::hours(1));
-    EXPECT_EQ(released, 1);
 }
 
 } // namespace

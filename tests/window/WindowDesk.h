@@ -5,8 +5,11 @@
 #include "desktop/Desk.h"
 #include "desktop/QuickMenu.h"
 #include "model/ThemeStore.h"
+#include "platform/headless/HeadlessMachine.h"
 #include "platform/recording/RecordingMachine.h"
 #include "wallpapers/WallpaperStore.h"
+#include "window/cards/PictureShelf.h"
+#include "window/cards/StorePictures.h"
 #include "window/frame/MainWindow.h"
 #include "window/frame/MainWindowController.h"
 #include "window/frame/Sheet.h"
@@ -27,7 +30,13 @@ struct WindowDesk {
     }
 
     Desk desk;
-    WallpaperStore thumbnails{{wallpaperRecipe, {}}, {desk.folder.filePath(u"previews"_s), 1}};
+    const Wallpaper painter{wallpaperRecipe, {}};
+    const ImageDiskCache cache{desk.folder.filePath(u"previews"_s), 1};
+    WallpaperStore thumbnails{painter, cache};
+    DesktopSnapshots snapshots{{painter, cache, desk.accents, [] { return QImage(8, 8, QImage::Format_RGB32); },
+        [](std::unique_ptr<Clock> clock) { return std::make_unique<HeadlessMachine>(std::move(clock)); }}};
+    StorePictures pictures{thumbnails, snapshots};
+    PictureShelf shelf{pictures};
     RecordingLoginItem login;
     RecordingPrograms programs;
     QuickMenu::Updates updates;
@@ -49,6 +58,8 @@ struct WindowDesk {
         .themes = themes,
         .wallpaper = desk.wallpaper,
         .thumbnails = thumbnails,
+        .snapshots = snapshots,
+        .shelf = shelf,
         .host = desk.host,
         .appearance = desk.appearance,
         .monitor = desk.monitor,

@@ -65,6 +65,12 @@ public:
     /// The picture of the card in exactly `devicePixels`, its corners cut round; null when it is still to come. Asked
     /// only for cards that are seen, and those of the line below them.
     virtual QPixmap picture(const QModelIndex& index, QSize devicePixels) = 0;
+    /// All cards with pictures that are seen now, then those of the line below; told when they are others.
+    virtual void want(const QList<QModelIndex>& indexes, QSize devicePixels)
+    {
+        for (const QModelIndex& index : indexes)
+            picture(index, devicePixels);
+    }
 
 Q_SIGNALS:
     void arrived(const QString& key); ///< `Card::picture` of the one that is there, or is another, from now on

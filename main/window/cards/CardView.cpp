@@ -102,7 +102,7 @@ void CardView::takeHeadings()
     QList<bool> headings;
     for (int row = 0; model() && row < model()->rowCount(rootIndex()); ++row)
         headings.append(cardAt(model()->index(row, 0, rootIndex())).isHeading);
-    m_lastAsked = -1;
+    m_wanted.clear();
     if (headings == m_delegate->headings())
         return;
     m_delegate->setHeadings(headings);
@@ -149,7 +149,7 @@ void CardView::arrange()
     m_surroundings = now;
     const CardLayout layout = CardLayout::of(m_shape, now);
     m_delegate->setLayout(layout);
-    m_lastAsked = -1;
+    m_wanted.clear();
     if (isRightToLeft())
         setViewportMargins(layout.farInset, 0, layout.inset, 0);
     else

@@ -102,7 +102,7 @@ private:
     CardSurroundings m_surroundings;
     Press m_press;
     bool m_pullsCards = false;
-    int m_lastAsked = -1;
+    QStringList m_wanted; // the pictures told last
     double m_wheelRest = 0;
 };
 

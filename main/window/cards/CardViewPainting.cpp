@@ -7,7 +7,7 @@
 #include <QPaintEvent>
 #include <QVariantAnimation>
 
-#include <algorithm>
+#include <utility>
 
 namespace ambrelle {
 
@@ -37,22 +37,24 @@ void CardView::paintEvent(QPaintEvent* event)
     wake();
 }
 
-/// Has the pictures of the line below the last one seen made too.
+/// Tells which pictures matter: those that are seen, and those of the line below, so that they are made too.
 void CardView::askAhead()
 {
-    const QList<QModelIndex> cards = seen();
-    if (cards.isEmpty() || !m_delegate->pictures() || cards.last().row() == m_lastAsked)
+    QList<QModelIndex> cards = seen();
+    if (cards.isEmpty() || !m_delegate->pictures())
         return;
-    m_lastAsked = cards.last().row();
     const QList<bool>& headings = m_delegate->headings();
-    int row = m_lastAsked + 1;
+    int row = cards.last().row() + 1;
     while (row < headings.size() && headings[row])
         ++row;
-    for (int left = layoutOfCards().columns; left > 0 && row < headings.size() && !headings[row]; --left, ++row) {
-        const QModelIndex index = model()->index(row, 0, rootIndex());
-        if (!cardAt(index).picture.isEmpty())
-            m_delegate->pictures()->picture(index, layoutOfCards().pictureDevicePixels);
-    }
+    for (int left = layoutOfCards().columns; left > 0 && row < headings.size() && !headings[row]; --left, ++row)
+        cards.append(model()->index(row, 0, rootIndex()));
+    cards.removeIf([](const QModelIndex& index) { return cardAt(index).picture.isEmpty(); });
+    QStringList keys{QString::number(layoutOfCards().pictureDevicePixels.width())};
+    for (const QModelIndex& index : cards)
+        keys.append(cardAt(index).picture);
+    if (std::exchange(m_wanted, keys) != keys)
+        m_delegate->pictures()->want(cards, layoutOfCards().pictureDevicePixels);
 }
 
 QList<QModelIndex> CardView::seen() const

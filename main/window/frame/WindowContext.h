@@ -7,10 +7,12 @@ namespace ambrelle {
 class AppSettings;
 class CalendarStore;
 class Clock;
+class DesktopSnapshots;
 class DesktopWallpaper;
 class LiveServices;
 class LoginItem;
 class MainWindowModel;
+class PictureShelf;
 class ProgramLauncher;
 class QuickMenu;
 class ReadingFeed;
@@ -35,6 +37,8 @@ struct WindowContext {
     ThemeStore& themes;
     DesktopWallpaper& wallpaper;
     WallpaperStore& thumbnails;
+    DesktopSnapshots& snapshots;
+    PictureShelf& shelf; ///< of all views
     WindowHost& host;
     SystemAppearance& appearance;
     SystemMonitor& monitor;
