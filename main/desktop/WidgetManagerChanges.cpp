@@ -114,6 +114,8 @@ WidgetController* WidgetManager::open(const StoredWidget& widget)
 
 void WidgetManager::removeIf(const std::function<bool(const WidgetController&)>& goes)
 {
+    if (std::ranges::none_of(m_controllers, [&](const WidgetController* controller) { return goes(*controller); }))
+        return;
     const Change change(*this);
     m_controllers.removeIf([&](WidgetController* controller) {
         if (!goes(*controller))

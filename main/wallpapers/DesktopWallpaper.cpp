@@ -174,9 +174,9 @@ void DesktopWallpaper::refresh(const std::function<void()>& then)
         const QString main = round->files.value(connectors.first());
         for (const QString& each : connectors)
             round->files.insert(each, isPerScreen() ? round->files.value(each) : main);
-        // The wallpaper goes on to a main screen that was never seen.
+        // A wallpaper of ours goes on to a main screen that was never seen.
         if (changes == m_changes)
-            setShown(isNew && main.isEmpty() ? m_current : main, round->files);
+            setShown(isNew && main.isEmpty() && isOurs(m_current) ? m_current : main, round->files);
         then();
     };
     for (const QString& connector : connectors.first(round->missing))

@@ -131,6 +131,18 @@ class Session:
         return subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
                               capture_output=True, text=True).stdout.split()
 
+    def main_windows(self):
+        """The window with the tabs, if it is open."""
+        kind = "_NET_WM_WINDOW_TYPE"
+        return [window for window in self.windows() if f"{kind}_NORMAL" in subprocess.run(
+            ["xprop", "-id", window, kind], capture_output=True, text=True).stdout]
+
+    def dismiss_welcome(self):
+        """Closes the window that a first start opens."""
+        window = wait_for("main window of a first start", self.main_windows)[0]
+        pointer("windowfocus", "--sync", window, "key", "ctrl+w")
+        wait_for("closed main window", lambda: not self.main_windows())
+
     def panels(self):
         """Their places and sizes."""
         places = []

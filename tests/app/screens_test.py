@@ -98,6 +98,7 @@ def keep_apart(session, width, height):
     arrange([])
     session.start()
     wait_for("layout", lambda: len(session.panels()) > 8)
+    session.dismiss_welcome()
     time.sleep(SETTLED)
     before = panels(session)
     layout = faces(session)

@@ -24,6 +24,7 @@ def started(**settings):
     session = Session({"animations": False, **settings})
     session.start()
     wait_for("widgets", session.panels)
+    session.dismiss_welcome()
     return session
 
 

@@ -138,7 +138,7 @@ TEST_F(WidgetControllerTest, DrawsBackdropBorderOpacityAndEditMark)
     EXPECT_NEAR(dim.pixelColor(beside).alphaF(), 0.35 + besidePlain.alphaF() * 0.65, 0.02);
     const RoundedArea aroundTheFace = panel->outline().first();
     EXPECT_EQ(aroundTheFace.area, QRectF(24, 26, 182, 182));
-    desk.host.movePointer(frame.center());
+    desk.host.movePointer(widget->widgetFrame().center());
     EXPECT_EQ(panel->outline(), (QList<RoundedArea>{aroundTheFace, {QRectF(30, 0, 196, 32), 16}}))
         << "a wide toolbar leaves nothing of the window beside the face";
     desk.host.movePointer({5, 5});

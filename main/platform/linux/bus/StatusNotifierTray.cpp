@@ -3,6 +3,7 @@
 #include "platform/linux/bus/StatusNotifierTray.h"
 
 #include "foundation/Wording.h"
+#include "platform/linux/bus/OpenBus.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
