@@ -44,6 +44,7 @@ public:
     WindowLevel level() const; ///< of the pin, of edit mode, of being pointed out or of the layer
     const QColor& accent() const { return m_panel.view().style().accent; }
     bool showsSeconds() const;
+    bool isPainted() const { return m_panel.isPainted(); } ///< it has been seen once
     double pixelRatio() const { return m_panel.pixelRatio(); } ///< pixels per point where it stands
 
     /// Any change of the record except its identity; an opacity beyond 0 to 1 is clamped, and one

@@ -136,6 +136,7 @@ void WidgetPanel::repaint()
 
 void WidgetPanel::paint(QPainter& painter, const QRectF& area)
 {
+    m_painted = true;
     const QPointF origin = faceArea().topLeft();
     const QRectF painted = area.translated(-origin);
     const bool moved = moves();

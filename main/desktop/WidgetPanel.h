@@ -46,6 +46,7 @@ public:
     void setMotionActive(bool active);
     void repaint(); ///< the face
 
+    bool isPainted() const { return m_painted; } ///< in part at least, since it is shown
     bool isHovering() const { return m_hover.isHovering(); }
     bool moves() const { return !m_face.result().moving.isEmpty(); } ///< the face has moving parts, paused or not
     const FaceView& view() const { return m_face.view(); }
@@ -84,6 +85,7 @@ private:
     WindowLevel m_level = WindowLevel::desktop;
     bool m_clickThrough = false;
     bool m_ring = false;
+    bool m_painted = false;
     QPointF m_dragStart; // origin of the window
     std::optional<FaceAction> m_pressedAction;
     bool m_closed = false;

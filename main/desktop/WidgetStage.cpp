@@ -8,8 +8,9 @@ namespace ambrelle {
 
 namespace {
 
-constexpr int perTurn = 4;
-constexpr std::chrono::milliseconds turnPause{5}; // in which those that came are painted
+constexpr int perTurn = 6;
+constexpr std::chrono::milliseconds turnPause{1};
+constexpr int mostPauses = 100; // that the last ones may take to be painted: what is covered never is
 
 } // namespace
 
@@ -32,11 +33,26 @@ void WidgetStage::dismiss(WidgetController* widget)
 
 void WidgetStage::play()
 {
+    m_unpainted.clear();
     turn(atOnce);
+}
+
+/// Whether those that came last are still to be painted. Were others to come meanwhile, they would all be painted in
+/// one go at last, and hold the rest of the program up.
+bool WidgetStage::waits()
+{
+    m_unpainted.removeIf([](const QPointer<WidgetController>& widget) { return !widget || widget->isPainted(); });
+    return !m_unpainted.isEmpty() && ++m_pauses < mostPauses;
 }
 
 void WidgetStage::turn(int most)
 {
+    if (m_leaving.isEmpty() && waits()) {
+        m_next = m_clock.after(turnPause, [this, most] { turn(most); });
+        return;
+    }
+    m_unpainted.clear();
+    m_pauses = 0;
     for (int i = 0; i < most && !m_leaving.isEmpty(); ++i) {
         WidgetController* widget = m_leaving.takeFirst();
         widget->close();
@@ -46,6 +62,7 @@ void WidgetStage::turn(int most)
         WidgetController* widget = m_coming.takeFirst();
         m_enters(*widget);
         widget->show();
+        m_unpainted.append(widget);
     }
     const bool isDone = m_leaving.isEmpty() && m_coming.isEmpty();
     m_next = isDone ? Ticket() : m_clock.after(turnPause, [this] { turn(perTurn); });

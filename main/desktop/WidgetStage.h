@@ -5,6 +5,7 @@
 #include "foundation/Clock.h"
 
 #include <QList>
+#include <QPointer>
 
 #include <functional>
 
@@ -28,11 +29,14 @@ public:
 
 private:
     void turn(int most);
+    bool waits();
 
     Clock& m_clock;
     std::function<void(WidgetController&)> m_enters;
     QList<WidgetController*> m_coming;
     QList<WidgetController*> m_leaving;
+    QList<QPointer<WidgetController>> m_unpainted; // of the last turn
+    int m_pauses = 0;
     Ticket m_next;
 };
 

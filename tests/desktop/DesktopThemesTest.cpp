@@ -118,7 +118,7 @@ TEST_F(DesktopThemesTest, AHugeDesktopIsStoredAtOnceAndAppearsLittleByLittle)
     const auto finish = [&] {
         for (qsizetype before = -1; before != shown();) {
             before = shown();
-            desk.clock.advance(5ms);
+            desk.clock.advance(110ms);
             EXPECT_LE(shown() - before, WidgetStage::atOnce) << "too many in one turn";
         }
     };
