@@ -24,7 +24,7 @@ bool isBuiltIn(const ScreenInfo& screen)
 /// Many displays tell their maker's name once more before that of the model.
 QString modelName(const ScreenInfo& screen)
 {
-    const QString model = screen.model;
+    QString model = screen.model;
     const QString maker = screen.maker.section(u' ', 0, 0) + u' ';
     return model.startsWith(maker, Qt::CaseInsensitive) ? model.mid(maker.size()) : model;
 }
