@@ -5,6 +5,13 @@
 <context>
     <name>ambrelle</name>
     <message numerus="yes">
+        <source>%n themes added to My Themes</source>
+        <translation>
+            <numerusform>%n theme added to My Themes</numerusform>
+            <numerusform>%n themes added to My Themes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%1 clicks</source>
         <translation>
             <numerusform>%1 click</numerusform>

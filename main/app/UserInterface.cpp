@@ -35,6 +35,17 @@ UserInterface::UserInterface(const Collaborators& with)
     , m_model(with.defaults)
     , m_undo(with.ports.clock)
     , m_themes(with.defaults)
+    , m_themeActions({.model = m_model,
+          .sheets = m_sheets,
+          .undo = m_undo,
+          .manager = with.manager,
+          .settings = with.settings,
+          .accents = with.accents,
+          .themes = m_themes,
+          .wallpaper = with.wallpaper,
+          .host = with.ports.windows,
+          .appearance = with.ports.appearance,
+          .clock = with.ports.clock})
     , m_context{.model = m_model,
           .sheets = m_sheets,
           .undo = m_undo,
@@ -42,6 +53,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .settings = with.settings,
           .accents = with.accents,
           .themes = m_themes,
+          .themeActions = m_themeActions,
           .wallpaper = with.wallpaper,
           .thumbnails = with.pictures.wallpapers(),
           .snapshots = with.pictures.desktops(),
@@ -63,6 +75,7 @@ UserInterface::UserInterface(const Collaborators& with)
 {
     connect(&m_appearance, &SystemAppearance::changed, this, &UserInterface::followAppearance);
     connect(&m_mainWindow, &MainWindowController::forgotten, this, [&pictures = with.pictures] { pictures.release(); });
+    connect(&m_themeActions, &ThemeActions::windowWanted, this, [this] { open({}); });
     for (const TrayPresence* tray : m_trays)
         connect(tray, &TrayPresence::appeared, &m_statusItem, &StatusItemController::show);
 }

@@ -13,6 +13,7 @@
 #include "window/frame/WindowContext.h"
 #include "window/popover/WidgetContextMenu.h"
 #include "window/popover/WidgetSettings.h"
+#include "window/themes/ThemeActions.h"
 
 namespace ambrelle {
 
@@ -60,6 +61,7 @@ private:
     SheetQueue m_sheets;
     UndoKeeper m_undo;
     ThemeStore m_themes;
+    ThemeActions m_themeActions;
     WindowContext m_context;
     MainWindowController m_mainWindow;
     WidgetContextMenu m_widgetMenu;

@@ -54,9 +54,13 @@ std::optional<SavedTheme> ThemeFiles::importFile(const QString& path, const QDat
 
 QString ThemeFiles::exportTo(const QString& path, const SavedTheme& theme) const
 {
+    return write(path, {theme, m_accents.hexOverrides()});
+}
+
+QString ThemeFiles::write(const QString& path, const ThemeEnvelope& file)
+{
     const QString linked = QFileInfo(path).canonicalFilePath(); // a link stays one
-    const QByteArray bytes = ThemeEnvelope{theme, m_accents.hexOverrides()}.encode();
-    const QString reason = writeWhole(linked.isEmpty() ? path : linked, bytes);
+    const QString reason = writeWhole(linked.isEmpty() ? path : linked, file.encode());
     return reason.isEmpty() ? reason : Wording::tr("“%1” cannot be written: %2.").arg(path, reason);
 }
 

@@ -33,6 +33,8 @@ public:
     /// Writes the theme, with the accents of its skins, in place of what the file held: whole or not at all. Gives the
     /// sentence that says what failed; empty on success.
     QString exportTo(const QString& path, const SavedTheme& theme) const;
+    /// The same for what is in it. Any thread.
+    static QString write(const QString& path, const ThemeEnvelope& file);
     /// The name proposed for the theme's file, which any file system takes.
     static QString fileName(const SavedTheme& theme);
 

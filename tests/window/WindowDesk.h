@@ -16,6 +16,7 @@
 #include "window/frame/Undo.h"
 #include "window/frame/WindowContext.h"
 #include "window/frame/WindowMaker.h"
+#include "window/themes/ThemeActions.h"
 
 #include <QApplication>
 #include <QTest>
@@ -48,6 +49,17 @@ struct WindowDesk {
     SheetQueue sheets;
     UndoKeeper undo{desk.clock};
     ThemeStore themes{desk.defaults};
+    ThemeActions themeActions{{.model = model,
+        .sheets = sheets,
+        .undo = undo,
+        .manager = desk.manager,
+        .settings = desk.settings,
+        .accents = desk.accents,
+        .themes = themes,
+        .wallpaper = desk.wallpaper,
+        .host = desk.host,
+        .appearance = desk.appearance,
+        .clock = desk.clock}};
     RecordingCalendarStore calendars;
     WindowContext context{.model = model,
         .sheets = sheets,
@@ -56,6 +68,7 @@ struct WindowDesk {
         .settings = desk.settings,
         .accents = desk.accents,
         .themes = themes,
+        .themeActions = themeActions,
         .wallpaper = desk.wallpaper,
         .thumbnails = thumbnails,
         .snapshots = snapshots,

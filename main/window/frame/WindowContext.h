@@ -20,6 +20,7 @@ class SheetQueue;
 class SystemAppearance;
 class SystemMonitor;
 class ThemeAccent;
+class ThemeActions;
 class ThemeStore;
 class UndoKeeper;
 class WallpaperStore;
@@ -35,6 +36,7 @@ struct WindowContext {
     AppSettings& settings;
     ThemeAccent& accents;
     ThemeStore& themes;
+    ThemeActions& themeActions;
     DesktopWallpaper& wallpaper;
     WallpaperStore& thumbnails;
     DesktopSnapshots& snapshots;

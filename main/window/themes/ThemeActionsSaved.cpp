@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+
+// Desktops that the user saves, deletes, and exchanges as files.
+
+#include "desktop/WidgetManager.h"
+#include "foundation/Clock.h"
+#include "foundation/ForeignText.h"
+#include "foundation/Wording.h"
+#include "model/ThemeAccent.h"
+#include "model/ThemeFiles.h"
+#include "model/ThemeStore.h"
+#include "placement/ScreenNames.h"
+#include "window/frame/Sheets.h"
+#include "window/frame/Undo.h"
+#include "window/themes/ThemeActions.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace ambrelle {
+
+struct ThemeActions::ReadFile {
+    QString path;
+    std::optional<ThemeEnvelope> contents; ///< none: it is no theme
+};
+
+bool ThemeActions::canSave() const
+{
+    return !m_with.manager.controllers().isEmpty();
+}
+
+void ThemeActions::saveDesktop()
+{
+    const QList<ScreenInfo> screens = m_with.host.screens();
+    const QStringList allNames = screenNames(screens);
+    QStringList names;
+    QStringList identifiers;
+    std::optional<Skin> chief;
+    for (qsizetype i = 0; i < screens.size(); ++i) {
+        const std::optional<Skin> skin = m_with.manager.dominantSkin(screens[i]);
+        if (!skin)
+            continue; // nothing to save
+        chief = chief.value_or(*skin);
+        names.append(allNames[i]);
+        identifiers.append(screens[i].id);
+    }
+    if (!chief)
+        return;
+    const QString proposed = Wording::tr("%1 Desktop").arg(ambrelle::title(*chief));
+    m_with.sheets.ask(sheets::save(proposed, names), [this, identifiers](const SheetAnswer& answer) {
+        if (answer.button == sheets::accept)
+            saveAs(answer.text, identifiers.value(std::max(answer.choice, 0)));
+    });
+}
+
+void ThemeActions::saveAs(const QString& name, const QString& screen)
+{
+    const QList<ScreenInfo> screens = screensOf({ThemeTarget::Kind::one, screen});
+    const QString tidy = SavedTheme::nameFrom(name);
+    if (tidy.isEmpty())
+        return;
+    if (screens.isEmpty())
+        return fail(Wording::tr("That screen is not connected."), {});
+    const SavedTheme theme = m_with.manager.snapshot(tidy, screens.first());
+    if (m_with.themes.add(theme))
+        showSaved(theme.id);
+    else
+        fail(Wording::tr("“%1” cannot be saved: there is no room for more desktops.").arg(tidy), {});
+}
+
+/// My Themes with that one chosen.
+void ThemeActions::showSaved(const QUuid& id)
+{
+    MainWindowModel& model = m_with.model;
+    model.setTab(MainTab::themes);
+    model.closeTheme();
+    model.setSearch(MainTab::themes, {});
+    model.setThemesSection(ThemesSection::mine);
+    model.chooseTheme(id);
+}
+
+void ThemeActions::rename(const QUuid& id, const QString& name)
+{
+    m_with.themes.rename(id, name);
+}
+
+void ThemeActions::remove(const QUuid& id)
+{
+    if (const SavedTheme* theme = saved(id))
+        m_with.sheets.ask(sheets::removeTheme(theme->name), [this, id](const SheetAnswer& answer) {
+            if (answer.button == sheets::accept)
+                removeNow(id);
+        });
+}
+
+void ThemeActions::removeNow(const QUuid& id)
+{
+    const QList<SavedTheme> before = m_with.themes.themes();
+    const auto found = std::ranges::find(before, id, &SavedTheme::id);
+    if (found == before.end())
+        return;
+    const qsizetype index = found - before.begin();
+    if (m_with.model.chosenTheme() == ThemeChoice(id)) {
+        m_with.model.closeTheme();
+        const qsizetype neighbour = index + 1 < before.size() ? index + 1 : index - 1;
+        m_with.model.chooseTheme(neighbour < 0 ? std::nullopt : std::optional<ThemeChoice>(before[neighbour].id));
+    }
+    m_with.themes.remove(id);
+    m_with.undo.offer({Wording::tr("“%1” deleted").arg(found->name), [this, theme = *found, index] {
+                           m_with.themes.insert(theme, index);
+                           m_with.model.chooseTheme(theme.id);
+                       }});
+}
+
+void ThemeActions::exportTo(const QUuid& id, const QString& path)
+{
+    const SavedTheme* theme = saved(id);
+    if (!theme)
+        return;
+    m_files.run(
+        [path, file = ThemeEnvelope{*theme, m_with.accents.hexOverrides()}] { return ThemeFiles::write(path, file); },
+        [this, id, path](const QString& error) {
+            if (!error.isEmpty())
+                fail(error, [this, id, path] { exportTo(id, path); });
+        });
+}
+
+void ThemeActions::importFiles(const QStringList& paths)
+{
+    if (paths.isEmpty())
+        return;
+    const auto readAll = [paths] {
+        QList<ReadFile> files;
+        for (const QString& path : paths)
+            files.append({path, ThemeFiles::read(path)});
+        return files;
+    };
+    m_files.run(readAll, [this](const QList<ReadFile>& files) { take(files); });
+}
+
+void ThemeActions::take(const QList<ReadFile>& files)
+{
+    const QMap<QString, QString> accents = m_with.accents.hexOverrides();
+    QList<SavedTheme> taken;
+    QString tooMuch;
+    for (const ReadFile& file : files) {
+        if (!file.contents)
+            continue;
+        if (const auto theme = ThemeFiles(m_with.themes, m_with.accents).take(*file.contents, m_with.clock.now()))
+            taken.append(*theme);
+        else
+            tooMuch = file.contents->theme.name;
+    }
+    Q_EMIT windowWanted();
+    if (!taken.isEmpty()) {
+        showSaved(taken.last().id);
+        const QString text = taken.size() == 1
+            ? Wording::tr("“%1” added to My Themes").arg(taken.first().name)
+            : Wording::tr("%n themes added to My Themes", nullptr, static_cast<int>(taken.size()));
+        m_with.undo.offer({text, [this, taken, accents] {
+                               for (const SavedTheme& theme : taken)
+                                   m_with.themes.remove(theme.id);
+                               m_with.accents.apply(accents);
+                           }});
+    }
+    if (!tooMuch.isEmpty())
+        fail(Wording::tr("“%1” cannot be saved: there is no room for more desktops.").arg(tooMuch), {});
+    for (const ReadFile& file : files) {
+        if (!file.contents)
+            m_with.sheets.ask(sheets::importFailed(foreignText(QFileInfo(file.path).fileName())));
+    }
+}
+
+} // namespace ambrelle
