@@ -5,6 +5,27 @@
 <context>
     <name>ambrelle</name>
     <message numerus="yes">
+        <source>%n widgets</source>
+        <translation>
+            <numerusform>%n widget</numerusform>
+            <numerusform>%n widgets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n desktops</source>
+        <translation>
+            <numerusform>%n desktop</numerusform>
+            <numerusform>%n desktops</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n themes</source>
+        <translation>
+            <numerusform>%n theme</numerusform>
+            <numerusform>%n themes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n themes added to My Themes</source>
         <translation>
             <numerusform>%n theme added to My Themes</numerusform>

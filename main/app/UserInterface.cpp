@@ -67,7 +67,8 @@ UserInterface::UserInterface(const Collaborators& with)
           .login = with.ports.loginItem,
           .programs = with.ports.programs,
           .clock = with.ports.clock,
-          .quickMenu = m_quickMenu}
+          .quickMenu = m_quickMenu,
+          .hasTray = [this] { return m_statusItem.isShown(); }}
     , m_mainWindow({m_model, with.ports.windows, with.ports.clock, [this] { return makeMainWindow(m_context); }})
     , m_widgetMenu(with.manager, m_quickMenu)
     , m_widgetSettings({with.manager, with.ports.windows, with.ports.appearance, with.ports.clock})

@@ -48,6 +48,7 @@ struct WindowDesk {
     MainWindowModel model{desk.defaults};
     SheetQueue sheets;
     UndoKeeper undo{desk.clock};
+    bool hasTray = true;
     ThemeStore themes{desk.defaults};
     ThemeActions themeActions{{.model = model,
         .sheets = sheets,
@@ -82,7 +83,8 @@ struct WindowDesk {
         .login = login,
         .programs = programs,
         .clock = desk.clock,
-        .quickMenu = quick};
+        .quickMenu = quick,
+        .hasTray = [this] { return hasTray; }};
     MainWindowController window{{model, desk.host, desk.clock, [this] { return makeMainWindow(context); }}};
 };
 

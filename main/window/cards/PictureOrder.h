@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QHash>
+#include <QMetaType>
 #include <QSize>
 #include <QString>
 
@@ -55,3 +56,5 @@ inline size_t qHash(const PictureOrder& order, size_t seed = 0)
 }
 
 } // namespace ambrelle
+
+Q_DECLARE_METATYPE(ambrelle::PictureKey)

@@ -29,5 +29,3 @@ private:
 };
 
 } // namespace ambrelle
-
-Q_DECLARE_METATYPE(ambrelle::PictureKey)

@@ -20,6 +20,7 @@ public:
 
     /// Puts the item into the tray; later calls do nothing.
     void show();
+    bool isShown() const { return m_item != nullptr; }
 
 private:
     void clicked();

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <functional>
+
 namespace ambrelle {
 
 class AppSettings;
@@ -51,6 +53,7 @@ struct WindowContext {
     ProgramLauncher& programs;
     Clock& clock;
     const QuickMenu& quickMenu;
+    std::function<bool()> hasTray; ///< whether the program can be reached without a window
 };
 
 } // namespace ambrelle
