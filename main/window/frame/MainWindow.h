@@ -38,6 +38,7 @@ public:
     std::function<QString(const QStringList& files)> themeInvitation;
     std::function<void(const QStringList& files)> dropThemes;
     std::function<void()> undo; ///< Ctrl+Z
+    void addKey(const QKeySequence& key, const std::function<void()>& act); ///< that works on every tab
     QList<QWidget*> overlays; ///< above the page; each sees to its own place
 
 Q_SIGNALS:
@@ -53,7 +54,6 @@ protected:
 
 private:
     void makeShortcuts();
-    void addKey(const QKeySequence& key, const std::function<void()>& act);
     void showModel();
     Page& page();
     void escape();

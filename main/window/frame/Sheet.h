@@ -39,12 +39,21 @@ struct SheetChoice {
     bool operator==(const SheetChoice&) const = default;
 };
 
+/// A line of a table: what it is about, and what is said about it.
+struct SheetLine {
+    QString subject;
+    QString text;
+
+    bool operator==(const SheetLine&) const = default;
+};
+
 /// What a question to the user, or a failure that is told, says and offers.
 struct SheetContent {
     QString title;
     QString text;
     std::optional<SheetField> field;
     std::optional<SheetChoice> choice;
+    QList<SheetLine> table{};
     bool warning = false; ///< a failure: with the symbol of one
     QList<SheetButton> buttons; ///< left to right
 

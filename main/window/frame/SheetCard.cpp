@@ -2,6 +2,7 @@
 
 #include "window/frame/SheetCard.h"
 
+#include "window/frame/SheetTable.h"
 #include "window/look/AccessibleRole.h"
 #include "window/look/Button.h"
 #include "window/look/ControlPainting.h"
@@ -123,6 +124,10 @@ QWidget* SheetCard::makeBody()
 
 void SheetCard::addControls(QBoxLayout& column)
 {
+    if (!m_content.table.isEmpty()) {
+        column.addSpacing(controlGap - textGap);
+        column.addLayout(makeSheetTable(m_content.table));
+    }
     if (m_content.field) {
         m_field = new QLineEdit(m_content.field->value);
         m_field->setMaxLength(m_content.field->limit);

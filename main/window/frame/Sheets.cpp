@@ -5,6 +5,8 @@
 #include "foundation/Wording.h"
 #include "platform/LoginItem.h"
 
+#include <QKeySequence>
+
 namespace ambrelle::sheets {
 
 using namespace Qt::StringLiterals;
@@ -102,6 +104,43 @@ SheetContent reset()
     return {.title = Wording::tr("Reset all settings?"),
         .text = Wording::tr("Widgets, themes, pictures and accents stay as they are."),
         .buttons = {cancelButton(), dangerButton(Wording::tr("Reset"))}};
+}
+
+SheetContent shortcuts()
+{
+    // Keys as menus write them, in the language of the program.
+    const auto keys = [](std::initializer_list<QKeyCombination> combinations) {
+        QStringList names;
+        for (const QKeyCombination combination : combinations)
+            names.append(QKeySequence(combination).toString(QKeySequence::NativeText));
+        return names.join(u", "_s);
+    };
+    const auto range = [](QKeyCombination first, QKeyCombination last) {
+        return Wording::tr("%1 to %2", "two keys and all between them")
+            .arg(QKeySequence(first).toString(QKeySequence::NativeText),
+                QKeySequence(last).toString(QKeySequence::NativeText));
+    };
+    return {.title = Wording::tr("Keyboard Shortcuts"),
+        .table = {{range(Qt::CTRL | Qt::Key_1, Qt::CTRL | Qt::Key_4), Wording::tr("Go to a tab")},
+            {keys({Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab}), Wording::tr("Next tab, previous tab")},
+            {keys({Qt::CTRL | Qt::Key_Comma}), Wording::tr("Settings")},
+            {keys({Qt::CTRL | Qt::Key_F}), Wording::tr("Search")}, {keys({Qt::Key_F10}), Wording::tr("Open the menu")},
+            {keys({Qt::Key_F6}), Wording::tr("Next area")},
+            {keys({Qt::CTRL | Qt::Key_Z}), Wording::tr("Undo while a bar offers it")},
+            {Wording::tr("Arrow keys, letters"), Wording::tr("Move in a grid or list, jump to a name")},
+            {keys({Qt::Key_Return, Qt::Key_Space}), Wording::tr("What a click does")},
+            {keys({Qt::CTRL | Qt::Key_Return}), Wording::tr("Apply the chosen theme")},
+            {keys({Qt::Key_Menu, Qt::SHIFT | Qt::Key_F10}), Wording::tr("Menu of a card or row")},
+            {keys({Qt::Key_F2}), Wording::tr("Rename your theme")},
+            {keys({Qt::Key_Delete}), Wording::tr("Delete your theme, take off your picture, remove widgets")},
+            {keys({Qt::Key_Left, Qt::Key_Right}), Wording::tr("Previous and next theme on a theme's page")},
+            {keys({Qt::ALT | Qt::Key_Left}), Wording::tr("Back from a theme's page")},
+            {keys({Qt::CTRL | Qt::Key_S}), Wording::tr("Save Current Desktop")},
+            {keys({Qt::CTRL | Qt::Key_O}), Wording::tr("Import themes")},
+            {keys({Qt::CTRL | Qt::Key_E}), Wording::tr("Export your theme")},
+            {keys({Qt::Key_Escape}), Wording::tr("Cancel, clear the search, go back, hide the window")},
+            {keys({Qt::CTRL | Qt::Key_W}), Wording::tr("Hide the window")}},
+        .buttons = {actionButton(Wording::tr("OK"))}};
 }
 
 } // namespace ambrelle::sheets

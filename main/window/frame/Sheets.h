@@ -28,6 +28,7 @@ SheetContent loginRefused(const QString& sentence);
 /// `screen` empty: on all of them.
 SheetContent removeAll(int widgets, const QString& screen);
 SheetContent reset();
+SheetContent shortcuts();
 
 } // namespace sheets
 } // namespace ambrelle
