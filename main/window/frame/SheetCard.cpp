@@ -80,7 +80,7 @@ SheetCard::SheetCard(const SheetContent& content, QWidget* parent)
     setAccessibleName(content.title);
     setAccessibleDescription(content.text);
     m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setFocusPolicy(content.table.isEmpty() ? Qt::NoFocus : Qt::StrongFocus); // to be scrolled by keys
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->setWidgetResizable(true);
     m_scroll->setWidget(m_body);

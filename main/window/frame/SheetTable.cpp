@@ -11,7 +11,7 @@ namespace ambrelle {
 namespace {
 
 constexpr int tableGap = 16;
-constexpr int tableLineGap = 7;
+constexpr int tableLineGap = 4;
 constexpr int subjectLetters = 20; // of the widest keys
 
 } // namespace

@@ -45,7 +45,7 @@ QString accentName(Skin skin, const ThemeAccent& accents)
     if (!colour || !supportsAccent(skin))
         return {};
     for (const AccentChoice& choice : accentChoices(skin)) {
-        if (choice.color == colour)
+        if (choice.color && hexText(*choice.color) == hexText(*colour))
             return choice.name;
     }
     return Wording::tr("Custom colour");

@@ -38,11 +38,11 @@ std::optional<ThemeGroup> groupOf(ThemesSection section)
 }
 
 /// The accent in use, then the others to choose.
-QList<QColor> dotsOf(Skin skin)
+QList<QColor> dotsOf(Skin skin, const ThemeAccent& accents)
 {
     if (!supportsAccent(skin))
         return {};
-    QList<QColor> dots{styleOf(skin).accent};
+    QList<QColor> dots{accents.color(skin).value_or(originalAccent(skin))};
     for (const AccentChoice& choice : accentChoices(skin)) {
         const QColor colour = choice.color.value_or(originalAccent(skin));
         if (!dots.contains(colour) && dots.size() < CardLayout::mostDots)
@@ -218,7 +218,7 @@ ThemesModel::Row ThemesModel::catalogueRow(Skin skin) const
     Card card;
     card.title = title(skin);
     card.caption = tagline(skin);
-    card.dots = dotsOf(skin);
+    card.dots = dotsOf(skin, m_with.accents);
     addCommon(card, skin, skin);
     card.description = spokenOf(skin, !card.pill.isEmpty(), m_with.accents);
     return {skin, card};
