@@ -71,6 +71,7 @@ void WeatherService::start()
 {
     if (std::exchange(m_started, true))
         return;
+    Q_EMIT changed();
     connect(&m_location, &LocationSource::located, this, &WeatherService::located);
     connect(&m_location, &LocationSource::failed, this, &WeatherService::locationFailed);
     connect(&m_location, &LocationSource::changed, this, &WeatherService::authorizationChanged);
@@ -100,7 +101,7 @@ void WeatherService::settingChanged(const QString& key)
     const bool isUnit = key == m_settings.useFahrenheit.key();
     if (!isUnit && key != m_settings.weatherCity.key())
         return;
-    m_isAnswered = false;
+    setAnswered(false);
     m_failures = 0;
     if (!isUnit)
         m_lastPlace.reset();
@@ -135,6 +136,7 @@ void WeatherService::findPlace()
 
 void WeatherService::requestLocation()
 {
+    setFailure({});
     switch (m_location.authorization()) {
     case LocationAuthorization::undetermined:
         setStatus(Wording::tr("Waiting for location permission…"));
@@ -143,6 +145,7 @@ void WeatherService::requestLocation()
     case LocationAuthorization::restricted:
     case LocationAuthorization::denied:
         setStatus(Wording::tr("Location access is off. Pick a city from the menu bar: Weather ▸ Set City…"));
+        setFailure(m_status);
         break;
     case LocationAuthorization::authorized:
         if (!m_snapshot)
@@ -173,11 +176,13 @@ void WeatherService::locationFailed()
     if (!city().isEmpty())
         return;
     setStatus(Wording::tr("Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…"));
+    setFailure(m_status);
     tryAgainLater();
 }
 
 void WeatherService::loadCity(const QString& city)
 {
+    setFailure({});
     setStatus(Wording::tr("Looking up %1…").arg(city));
     const QUrl url = endpoint(
         m_bases.geocoding, u"/v1/search"_s, {{u"name"_s, city}, {u"count"_s, u"1"_s}, {u"format"_s, u"json"_s}});
@@ -194,6 +199,7 @@ void WeatherService::cityFound(const QString& city, const WeatherAnswers::Places
         reportUnavailable(Wording::tr("There is no place “%1”. Try another name.").arg(city));
     } else if (found.results->isEmpty()) {
         setStatus(Wording::tr("Couldn't find “%1”. Try another name from the menu bar.").arg(city));
+        setFailure(m_status);
     } else {
         const auto& [name, latitude, longitude] = found.results->first();
         fetch({latitude, longitude, name});
@@ -220,10 +226,12 @@ void WeatherService::forecastRead(const Question& asked, const WeatherSnapshot& 
     m_asOf = m_clock.now();
     setSnapshot(forecast);
     if (asked == question()) {
-        m_isAnswered = true;
         m_failures = 0;
         m_retry.reset();
-    } else if (std::exchange(m_isAnswered, false)) {
+        setFailure({});
+        setAnswered(true);
+    } else if (m_isAnswered) {
+        setAnswered(false);
         refresh(true); // it came after the answer to the present question, and took its place
     }
 }
@@ -294,10 +302,24 @@ void WeatherService::setStatus(const QString& status)
         Q_EMIT changed();
 }
 
+void WeatherService::setFailure(const QString& sentence)
+{
+    if (std::exchange(m_failure, sentence) != sentence)
+        Q_EMIT changed();
+}
+
+void WeatherService::setAnswered(bool answered)
+{
+    if (std::exchange(m_isAnswered, answered) != answered)
+        Q_EMIT changed();
+}
+
 void WeatherService::reportUnavailable(const QString& why)
 {
+    const QString sentence = Wording::tr("Weather unavailable: %1").arg(why);
     if (!m_snapshot)
-        setStatus(Wording::tr("Weather unavailable: %1").arg(why));
+        setStatus(sentence);
+    setFailure(sentence);
 }
 
 } // namespace ambrelle

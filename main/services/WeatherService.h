@@ -46,9 +46,15 @@ public:
     const std::optional<QDateTime>& asOf() const { return m_asOf; }
     /// One sentence to show while there is no snapshot.
     const QString& status() const { return m_status; }
+    bool isStarted() const { return m_started; }
+    /// Whether the snapshot is of the place and in the unit that the user wants at present.
+    bool isAnswered() const { return m_isAnswered; }
+    /// Why the last attempt gave nothing, in a sentence, also while there is a snapshot; empty: it did, or it is under
+    /// way.
+    const QString& failure() const { return m_failure; }
 
 Q_SIGNALS:
-    void changed(); ///< snapshot() or status() is another one
+    void changed(); ///< any of the values above
 
 private:
     struct Place {
@@ -83,7 +89,9 @@ private:
     void tryAgainLater();
     void setSnapshot(const WeatherSnapshot& snapshot);
     void setStatus(const QString& status);
-    void reportUnavailable(const QString& why); ///< in the status, while there is no snapshot
+    void setFailure(const QString& sentence);
+    void setAnswered(bool answered);
+    void reportUnavailable(const QString& why); ///< in the status only while there is no snapshot
     void fail(const QString& why); ///< and tries again later
 
     HttpClient& m_network;
@@ -93,6 +101,7 @@ private:
     Bases m_bases;
     std::optional<WeatherSnapshot> m_snapshot;
     QString m_status;
+    QString m_failure;
     bool m_started = false;
     std::optional<Place> m_lastPlace; // of the last fetch; none when another city was chosen since
     std::optional<QDateTime> m_asOf;
