@@ -73,6 +73,7 @@ class HeadlessPrograms final : public ProgramLauncher {
 public:
     bool has(const QString&) const override { return false; }
     void open(const QString&) override { }
+    QString openFolder(const QString&) override { return Wording::tr("This mode opens no folders."); }
 };
 
 /// A machine that nobody logs in to.

@@ -30,9 +30,16 @@ class RecordingPrograms final : public ProgramLauncher {
 public:
     bool has(const QString& program) const override { return installed.contains(program); }
     void open(const QString& program) override { opened.append(program); }
+    QString openFolder(const QString& folder) override
+    {
+        folders.append(folder);
+        return refusal;
+    }
 
     QStringList installed;
     QStringList opened;
+    QStringList folders; ///< that were opened
+    QString refusal; ///< to open any; empty: none
 };
 
 /// A login item that can be set unless the test says why not.

@@ -65,5 +65,21 @@ TEST_F(DesktopProgramsTest, TheDesktopsLauncherGetsTheEntry)
         "launch\n" + QFile::encodeName(path(u"home/applications/org.example.Own.desktop"_s)) + '\n');
 }
 
+TEST_F(DesktopProgramsTest, AFolderIsMadeAndOpenedByWhatThereIs)
+{
+    const Variable bare("PATH", QFile::encodeName(folder.path()));
+    addTool(u"mkdir"_s, "exec /bin/mkdir \"$@\"\n");
+    addTool(u"mv"_s, "exec /bin/mv \"$@\"\n");
+    const QString folder = path(u"new/a folder"_s);
+    DesktopPrograms programs({});
+    EXPECT_TRUE(programs.openFolder(folder).contains(folder)) << "nothing here opens folders";
+    EXPECT_FALSE(QFile::exists(folder));
+    addTool(u"gio"_s, "printf '%s\\n' \"$@\" > HERE/part && mv HERE/part HERE/arguments\n");
+    EXPECT_EQ(programs.openFolder(folder), QString());
+    ASSERT_TRUE(waitUntil([this] { return QFile::exists(path(u"arguments"_s)); }));
+    EXPECT_EQ(contents(u"arguments"_s), "open\n" + QFile::encodeName(folder) + '\n');
+    EXPECT_TRUE(QFile::exists(folder));
+}
+
 } // namespace
 } // namespace ambrelle::test

@@ -2,6 +2,7 @@
 
 #include "platform/linux/desktop/DesktopPrograms.h"
 
+#include "foundation/Wording.h"
 #include "platform/linux/desktop/DesktopEntryText.h"
 
 #include <QDir>
@@ -31,6 +32,14 @@ constexpr std::array launchers{
     Launcher{"kioclient"_L1, "exec"_L1, {}},
     Launcher{"kioclient5"_L1, "exec"_L1, {}},
     Launcher{"dex"_L1, {}, {}},
+};
+
+// Each takes a folder; the first one knows all desktops.
+constexpr std::array folderOpeners{
+    Launcher{"xdg-open"_L1, {}, {}},
+    Launcher{"gio"_L1, "open"_L1, {}},
+    Launcher{"kioclient"_L1, "exec"_L1, {}},
+    Launcher{"kioclient5"_L1, "exec"_L1, {}},
 };
 
 } // namespace
@@ -87,6 +96,21 @@ void DesktopPrograms::open(const QString& program)
         QProcess::startDetached(tool, arguments, QDir::homePath());
         return;
     }
+}
+
+QString DesktopPrograms::openFolder(const QString& folder)
+{
+    for (const Launcher& launcher : folderOpeners) {
+        const QString tool = QStandardPaths::findExecutable(launcher.program);
+        if (tool.isEmpty())
+            continue;
+        // Another process makes the folder: its disk may be slow.
+        QStringList arguments{u"-c"_s, u"mkdir -p -- \"$0\"; exec \"$@\" \"$0\""_s, folder, tool, launcher.verb};
+        arguments.removeAll(QString());
+        if (QProcess::startDetached(u"/bin/sh"_s, arguments, QDir::homePath()))
+            return {};
+    }
+    return Wording::tr("No program that opens “%1” is installed.").arg(folder);
 }
 
 } // namespace ambrelle

@@ -19,6 +19,7 @@ public:
 
     bool has(const QString& program) const override;
     void open(const QString& program) override;
+    QString openFolder(const QString& folder) override;
 
     /// Whether it names a program that can be started on any of `desktops`.
     static bool isUsable(const DesktopEntryText& entry, const QStringList& desktops);
