@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QScrollArea>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -216,6 +217,12 @@ void SheetCard::pressStandard()
 {
     if (m_standard)
         m_standard->click();
+}
+
+void SheetCard::scroll(int pages)
+{
+    QScrollBar& bar = *m_scroll->verticalScrollBar();
+    bar.setValue(bar.value() + pages * bar.pageStep());
 }
 
 void SheetCard::press(const QString& id)

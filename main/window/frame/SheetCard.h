@@ -27,6 +27,7 @@ public:
     bool wasEdited() const; ///< whether anything was typed
     void leave(); ///< without an answer, as "Cancel" does
     void pressStandard(); ///< as Enter does
+    void scroll(int pages); ///< where its contents have more to say than there is room
 
     static constexpr int shadowReach = 18; ///< around what is painted as the card
 

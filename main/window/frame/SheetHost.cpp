@@ -107,6 +107,8 @@ void SheetHost::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Escape: m_card->leave(); break;
     case Qt::Key_Return:
     case Qt::Key_Enter: m_card->pressStandard(); break;
+    case Qt::Key_PageUp: m_card->scroll(-1); break;
+    case Qt::Key_PageDown: m_card->scroll(1); break;
     default: break;
     }
     event->accept();

@@ -143,4 +143,9 @@ SheetContent shortcuts()
         .buttons = {actionButton(Wording::tr("OK"))}};
 }
 
+SheetContent told(const QString& title, const QString& text)
+{
+    return {.title = title, .text = text, .buttons = {actionButton(Wording::tr("OK"))}};
+}
+
 } // namespace ambrelle::sheets

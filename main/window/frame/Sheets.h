@@ -29,6 +29,8 @@ SheetContent loginRefused(const QString& sentence);
 SheetContent removeAll(int widgets, const QString& screen);
 SheetContent reset();
 SheetContent shortcuts();
+/// Something to be read, and no question.
+SheetContent told(const QString& title, const QString& text);
 
 } // namespace sheets
 } // namespace ambrelle
