@@ -4,6 +4,7 @@
 
 #include "window/look/AppLook.h"
 #include "window/look/Button.h"
+#include "window/look/Progress.h"
 #include "window/settings/SettingsSection.h"
 
 #include <QHBoxLayout>
@@ -35,18 +36,24 @@ void NumberField::wheelEvent(QWheelEvent* event)
 
 TextEntry::TextEntry(const QString& placeholder, const QString& button, QWidget* parent)
     : QWidget(parent)
+    , m_progress(new Progress(Progress::Shape::ring, {}))
     , m_field(new QLineEdit)
     , m_button(new Button(button))
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(entryGap);
+    row->addWidget(m_progress);
     row->addWidget(m_field, 1);
     row->addWidget(m_button);
     m_field->setPlaceholderText(placeholder);
     m_field->setClearButtonEnabled(true);
     m_field->setMinimumWidth(AppLook::shared().scaled(entryWidth));
     setFocusProxy(m_field);
+    QSizePolicy place = m_progress->sizePolicy();
+    place.setRetainSizeWhenHidden(true); // the field stays where it is
+    m_progress->setSizePolicy(place);
+    m_progress->hide();
     connect(m_field, &QLineEdit::textChanged, this, &TextEntry::judge);
     connect(m_field, &QLineEdit::returnPressed, this, &TextEntry::enter);
     connect(m_button, &Button::clicked, this, &TextEntry::enter);
@@ -60,6 +67,12 @@ void TextEntry::setStored(const QString& text)
     if (!typing)
         m_field->setText(text);
     judge();
+}
+
+void TextEntry::setBusy(const QString& why)
+{
+    m_progress->setAccessibleName(why);
+    m_progress->setVisible(!why.isEmpty());
 }
 
 void TextEntry::enter()

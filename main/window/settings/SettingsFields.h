@@ -10,6 +10,7 @@ class QLineEdit;
 namespace ambrelle {
 
 class Button;
+class Progress;
 struct RowRange;
 
 /// A number with arrows. It changes on Enter, by the arrows and when the focus goes; the wheel leaves it alone, since
@@ -31,6 +32,8 @@ public:
 
     /// What is stored by now; replaces what stands there, unless the user is typing something else.
     void setStored(const QString& text);
+    /// Shows that the text is being looked at, and why, beside it; empty: it is not.
+    void setBusy(const QString& why);
     QLineEdit* field() const { return m_field; }
     Button* button() const { return m_button; }
 
@@ -41,6 +44,7 @@ private:
     void enter();
     void judge();
 
+    Progress* m_progress;
     QLineEdit* m_field;
     Button* m_button;
     QString m_stored;

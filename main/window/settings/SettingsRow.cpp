@@ -8,13 +8,17 @@
 #include <QAbstractButton>
 #include <QBoxLayout>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,6 +31,12 @@ constexpr int leastCaptionedRow = 52;
 constexpr int leastTextWidth = 190; // beside a control
 constexpr int headingBelow = 12;
 constexpr double groupCorner = 12;
+
+/// Paths go on in the next line after a slash.
+QString breakable(QString text)
+{
+    return text.replace(u'/', u"/\u200B"_s);
+}
 
 /// A line of one device pixel on screens up to ratio 1.75, else of one point.
 double hairlineWidth(const QPainter& painter)
@@ -42,7 +52,7 @@ SettingsRow::SettingsRow(RowText text, QWidget* control, QWidget* parent)
     , m_text(std::move(text))
     , m_control(control)
     , m_line(new QHBoxLayout(this))
-    , m_name(new TextLabel(TextRole::name, m_text.name))
+    , m_name(new TextLabel(TextRole::name, breakable(m_text.name)))
     , m_caption(new TextLabel(TextRole::caption))
 {
     m_line->setContentsMargins(rowSide, rowVertical, rowSide, rowVertical);
@@ -52,41 +62,80 @@ SettingsRow::SettingsRow(RowText text, QWidget* control, QWidget* parent)
     texts->addStretch(1);
     for (TextLabel* label : {m_name, m_caption}) {
         label->setWordWrap(true);
+        label->setMinimumWidth(1); // less than a long word: the page never scrolls sideways
         texts->addWidget(label);
     }
     texts->addStretch(1);
     m_line->addLayout(texts, 1);
-    m_line->addWidget(m_control, 0, Qt::AlignVCenter);
+    if (m_control)
+        m_line->addWidget(m_control, 0, Qt::AlignVCenter);
     connect(&AppLook::shared(), &AppLook::changed, this, &SettingsRow::dress);
-    if (!qobject_cast<QPushButton*>(m_control)) {
-        const QString& name = m_text.spoken.isEmpty() ? m_text.name : m_text.spoken;
-        if (auto* segments = qobject_cast<Segments*>(m_control))
-            segments->setAccessibleName(name);
-        else
-            spokenControl()->setAccessibleName(name);
-    }
+    nameControl();
     setCaption(m_text.caption);
+}
+
+void SettingsRow::nameControl()
+{
+    QWidget* control = spokenControl();
+    if (!control)
+        return;
+    // Buttons tell their own texts, and what these are about.
+    for (QPushButton* button : m_control->findChildren<QPushButton*>())
+        button->setAccessibleDescription(m_text.name);
+    if (qobject_cast<QPushButton*>(control))
+        return;
+    const QString& name = m_text.spoken.isEmpty() ? m_text.name : m_text.spoken;
+    if (auto* segments = qobject_cast<Segments*>(control))
+        segments->setAccessibleName(name);
+    else
+        control->setAccessibleName(name);
+}
+
+void SettingsRow::setName(const QString& name)
+{
+    if (std::exchange(m_text.name, name) == name)
+        return;
+    m_name->setText(breakable(name));
+    nameControl();
+}
+
+void SettingsRow::setLead(QWidget* lead)
+{
+    m_line->insertWidget(0, lead, 0, Qt::AlignVCenter);
+}
+
+void SettingsRow::setLeastHeight(int points)
+{
+    m_leastHeight = points;
+    dress();
 }
 
 void SettingsRow::setCaption(const QString& caption, bool failure)
 {
     m_text.caption = caption;
-    m_caption->setText(caption);
-    m_caption->setTone(failure ? TextLabel::Tone::danger : TextLabel::Tone::soft);
+    m_caption->setText(breakable(caption));
+    if (std::exchange(m_failure, failure) != failure)
+        m_caption->setTone(failure ? TextLabel::Tone::danger : TextLabel::Tone::soft);
     m_caption->setVisible(!caption.isEmpty());
-    spokenControl()->setAccessibleDescription(caption);
+    QWidget* control = spokenControl();
+    if (qobject_cast<QPushButton*>(m_control))
+        control->setAccessibleDescription(caption.isEmpty() ? m_text.name : m_text.name + u", "_s + caption);
+    else if (control && !qobject_cast<QPushButton*>(control))
+        control->setAccessibleDescription(caption);
     dress();
 }
 
-/// What assistive technology meets: of several parts the one that is typed into.
+/// What assistive technology meets: of several parts the first one, such as what is typed into.
 QWidget* SettingsRow::spokenControl() const
 {
-    return m_control->focusProxy() && !qobject_cast<Segments*>(m_control) ? m_control->focusProxy() : m_control;
+    return m_control && m_control->focusProxy() && !qobject_cast<Segments*>(m_control) ? m_control->focusProxy()
+                                                                                       : m_control;
 }
 
 void SettingsRow::dress()
 {
-    setMinimumHeight(AppLook::shared().scaled(m_text.caption.isEmpty() ? leastRow : leastCaptionedRow));
+    const int least = m_leastHeight > 0 ? m_leastHeight : m_text.caption.isEmpty() ? leastRow : leastCaptionedRow;
+    setMinimumHeight(AppLook::shared().scaled(least));
 }
 
 void SettingsRow::setUnavailable(const QString& why)
@@ -98,9 +147,9 @@ void SettingsRow::setUnavailable(const QString& why)
 
 void SettingsRow::work()
 {
-    if (!m_control->isEnabled())
+    if (!m_control || !m_control->isEnabled())
         return;
-    if (auto* button = qobject_cast<QAbstractButton*>(m_control)) {
+    if (auto* button = qobject_cast<QAbstractButton*>(spokenControl())) {
         button->click();
     } else if (auto* box = qobject_cast<QComboBox*>(m_control)) {
         box->setFocus(Qt::MouseFocusReason);
@@ -125,6 +174,8 @@ void SettingsRow::mouseReleaseEvent(QMouseEvent* event)
 void SettingsRow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    if (!m_control)
+        return;
     const int wanted = m_control->sizeHint().width() + 2 * rowSide + rowGap + AppLook::shared().scaled(leastTextWidth);
     const bool narrow = width() < wanted && !qobject_cast<QAbstractButton*>(m_control);
     m_line->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
@@ -140,9 +191,17 @@ SettingsGroup::SettingsGroup(const QString& title, QWidget* parent)
     m_column->setSpacing(0);
     if (title.isEmpty())
         return;
-    auto* heading = new TextLabel(TextRole::heading, title);
-    heading->setContentsMargins(2, 0, 0, headingBelow);
-    m_column->addWidget(heading);
+    m_heading = new TextLabel(TextRole::heading, title);
+    m_heading->setContentsMargins(2, 0, 0, headingBelow);
+    m_column->addWidget(m_heading);
+}
+
+void SettingsGroup::arrange(bool withTitle)
+{
+    if (m_heading)
+        m_heading->setVisible(withTitle);
+    setVisible(std::ranges::any_of(m_rows, [](const QWidget* row) { return !row->isHidden(); }));
+    update();
 }
 
 void SettingsGroup::add(QWidget* row)

@@ -23,12 +23,16 @@ struct RowText {
 class SettingsRow final : public QWidget {
     Q_OBJECT
 public:
-    /// `control` is named and described by the texts, except one that tells its own text, as a push button does.
+    /// `control` is named and described by the texts, except one that tells its own text, as a push button does. It may
+    /// be null: the row only tells something.
     SettingsRow(RowText text, QWidget* control, QWidget* parent = nullptr);
 
     const RowText& text() const { return m_text; }
     QWidget* control() const { return m_control; }
+    void setName(const QString& name); ///< as it is seen
     void setCaption(const QString& caption, bool failure = false);
+    void setLead(QWidget* lead); ///< before the texts
+    void setLeastHeight(int points);
     /// Disables the control and tells `why` as its tool tip; empty: enables it.
     void setUnavailable(const QString& why);
 
@@ -41,12 +45,15 @@ protected:
 private:
     void dress();
     QWidget* spokenControl() const;
+    void nameControl();
 
     RowText m_text;
     QWidget* m_control;
     QBoxLayout* m_line;
     TextLabel* m_name;
     TextLabel* m_caption;
+    bool m_failure = false; // is what the caption tells
+    int m_leastHeight = 0; // points; 0: as the texts want it
 };
 
 /// Rows on a surface with lines between them, under a heading.
@@ -58,12 +65,15 @@ public:
 
     void add(QWidget* row);
     const QString& title() const { return m_title; }
+    /// What is left when rows are hidden: without any the group is hidden too, and a title may be left out.
+    void arrange(bool withTitle);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QString m_title;
+    TextLabel* m_heading = nullptr;
     QBoxLayout* m_column;
     QList<QWidget*> m_rows;
 };

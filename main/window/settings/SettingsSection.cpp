@@ -5,10 +5,15 @@
 #include "window/look/Button.h"
 #include "window/look/Segments.h"
 #include "window/settings/SettingsFields.h"
+#include "window/settings/SettingsIndex.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
+
+#include <algorithm>
+#include <utility>
 
 namespace ambrelle {
 
@@ -38,6 +43,72 @@ SettingsGroup* SettingsSection::addGroup(const QString& title)
     m_groups.append(group);
     layout()->addWidget(group);
     return group;
+}
+
+void SettingsSection::addNote(QWidget* note)
+{
+    m_notes.append(note);
+    layout()->addWidget(note);
+}
+
+int SettingsSection::showFound(const QStringList& words, const QString& title)
+{
+    m_words = words;
+    m_title = title;
+    showFound();
+    return static_cast<int>(std::ranges::count_if(m_rows, [](const SettingsRow* row) { return !row->isHidden(); }));
+}
+
+void SettingsSection::showFound()
+{
+    const bool everything = m_words.isEmpty();
+    for (SettingsRow* row : m_rows)
+        row->setVisible(everything || SettingsIndex::matches(row->text(), m_title, m_words));
+    for (SettingsGroup* group : m_groups)
+        group->arrange(everything);
+    for (QWidget* note : m_notes)
+        note->setVisible(everything);
+}
+
+bool SettingsSection::focusFirst()
+{
+    for (const SettingsRow* row : m_rows) {
+        if (!row->control() || row->isHidden() || !row->control()->isEnabled())
+            continue;
+        row->control()->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    return false;
+}
+
+void SettingsSection::clear()
+{
+    for (QWidget* part : m_notes + QList<QWidget*>(m_groups.begin(), m_groups.end())) {
+        layout()->removeWidget(part);
+        part->hide();
+        part->deleteLater(); // a button of it may be what is pressed
+    }
+    m_notes.clear();
+    m_groups.clear();
+    m_rows.clear();
+    m_shows.clear();
+}
+
+void SettingsSection::remake(const std::function<void()>& make)
+{
+    const QWidget* focus = QApplication::focusWidget();
+    const auto focused = std::ranges::find_if(m_rows, [&](const SettingsRow* row) { return row->isAncestorOf(focus); });
+    const std::optional<QString> name = focused == m_rows.end() ? std::nullopt : std::optional((*focused)->text().name);
+    clear();
+    make();
+    showFound();
+    if (!name)
+        return;
+    const auto same = std::ranges::find_if(m_rows, [&](const SettingsRow* row) { return row->text().name == *name; });
+    if (same != m_rows.end() && (*same)->control())
+        (*same)->control()->setFocus(Qt::OtherFocusReason);
+    else
+        focusFirst();
 }
 
 void SettingsSection::follow(const QString& key, std::function<void()> show)

@@ -35,7 +35,15 @@ public:
     const QList<SettingsGroup*>& groups() const { return m_groups; }
     const QList<SettingsRow*>& rows() const { return m_rows; } ///< of all groups
 
+    /// Shows the rows that one looks for, without the groups' titles, and gives how many there are; empty: everything.
+    /// `title` is what the section is called.
+    int showFound(const QStringList& words, const QString& title);
+    /// Brings the keyboard to the first control that is seen.
+    bool focusFirst();
+
     SettingsGroup* addGroup(const QString& title = {});
+    /// Something below the groups that is no setting; away while one looks for settings.
+    void addNote(QWidget* note);
 
     // Rows go to the last group.
 
@@ -81,10 +89,17 @@ public:
     /// With any other control; `show` brings it up to date with the setting of that key, now and later.
     SettingsRow* addRow(
         const RowText& text, QWidget* control, const QString& key = {}, std::function<void()> show = {});
+    SettingsRow* addTold(const RowText& text) { return addRow(text, nullptr); } ///< without a control
     /// Has `show` called now and whenever the setting of that key changes.
     void follow(const QString& key, std::function<void()> show);
 
+protected:
+    /// Puts what `make` adds in the place of everything there is. The keyboard stays at the row of the same name.
+    void remake(const std::function<void()>& make);
+
 private:
+    void showFound();
+    void clear();
     template <typename T> static QStringList titlesOf(const QList<RowChoice<T>>& choices)
     {
         QStringList titles;
@@ -100,6 +115,9 @@ private:
     AppSettings& m_settings;
     QList<SettingsGroup*> m_groups;
     QList<SettingsRow*> m_rows;
+    QList<QWidget*> m_notes;
+    QStringList m_words; // that one looks for
+    QString m_title; // then
     std::multimap<QString, std::function<void()>> m_shows;
 };
 
