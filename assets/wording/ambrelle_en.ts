@@ -109,6 +109,27 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>%n seconds</source>
+        <translation>
+            <numerusform>%n second</numerusform>
+            <numerusform>%n seconds</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Every %n days</source>
+        <translation>
+            <numerusform>Every day</numerusform>
+            <numerusform>Every %n days</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sessions today</source>
+        <translation>
+            <numerusform>%n session today</numerusform>
+            <numerusform>%n sessions today</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>Every %n hours</source>
         <translation>
             <numerusform>Every hour</numerusform>

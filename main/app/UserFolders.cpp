@@ -21,4 +21,9 @@ QString previews()
         + Information::read().identifier + u"/Previews"_s;
 }
 
+QString settings()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/ambrelle"_s;
+}
+
 } // namespace ambrelle::UserFolders

@@ -11,6 +11,7 @@ namespace UserFolders {
 
 QString wallpapers(); ///< full-size desktop pictures: the desktop shows them, so they are data, not cache
 QString previews(); ///< thumbnails, which can be made again
+QString settings(); ///< everything that the user settled
 
 } // namespace UserFolders
 

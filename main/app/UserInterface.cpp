@@ -2,6 +2,8 @@
 
 #include "app/UserInterface.h"
 
+#include "app/Information.h"
+#include "app/UserFolders.h"
 #include "app/WindowPictures.h"
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
@@ -11,14 +13,35 @@
 #include "window/look/AppLook.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr std::chrono::milliseconds trayDelay{500};
 constexpr std::chrono::milliseconds welcomeDelay{700};
+
+QString contentsOf(const QString& name)
+{
+    QFile file(dataFile(name));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+ProgramFacts programFacts()
+{
+    const Information information = Information::read();
+    return {.version = information.version,
+        .build = information.build,
+        .wallpapers = UserFolders::wallpapers(),
+        .settings = UserFolders::settings(),
+        .previews = UserFolders::previews(),
+        .licence = [] { return contentsOf(u"LICENSE"_s); },
+        .fonts = [] { return contentsOf(u"fonts.txt"_s).split(u'\n', Qt::SkipEmptyParts); }};
+}
 
 } // namespace
 
@@ -46,6 +69,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .host = with.ports.windows,
           .appearance = with.ports.appearance,
           .clock = with.ports.clock})
+    , m_facts(programFacts())
     , m_context{.model = m_model,
           .sheets = m_sheets,
           .undo = m_undo,
@@ -68,6 +92,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .programs = with.ports.programs,
           .clock = with.ports.clock,
           .quickMenu = m_quickMenu,
+          .facts = m_facts,
           .hasTray = [this] { return m_statusItem.isShown(); }}
     , m_mainWindow({m_model, with.ports.windows, with.ports.clock, [this] { return makeMainWindow(m_context); }})
     , m_widgetMenu(with.manager, m_quickMenu)

@@ -7,6 +7,7 @@
 #include "model/ThemeStore.h"
 #include "platform/Machine.h"
 #include "window/frame/MainWindowController.h"
+#include "window/frame/ProgramFacts.h"
 #include "window/frame/Sheet.h"
 #include "window/frame/StatusItemController.h"
 #include "window/frame/Undo.h"
@@ -62,6 +63,7 @@ private:
     UndoKeeper m_undo;
     ThemeStore m_themes;
     ThemeActions m_themeActions;
+    const ProgramFacts m_facts;
     WindowContext m_context;
     MainWindowController m_mainWindow;
     WidgetContextMenu m_widgetMenu;

@@ -12,6 +12,7 @@
 #include "window/cards/StorePictures.h"
 #include "window/frame/MainWindow.h"
 #include "window/frame/MainWindowController.h"
+#include "window/frame/ProgramFacts.h"
 #include "window/frame/Sheet.h"
 #include "window/frame/Undo.h"
 #include "window/frame/WindowContext.h"
@@ -19,6 +20,7 @@
 #include "window/themes/ThemeActions.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QTest>
 
 namespace ambrelle {
@@ -62,6 +64,13 @@ struct WindowDesk {
         .appearance = desk.appearance,
         .clock = desk.clock}};
     RecordingCalendarStore calendars;
+    const ProgramFacts facts{.version = u"1.0"_s,
+        .build = 12,
+        .wallpapers = desk.folder.filePath(u"wallpapers"_s),
+        .settings = QDir::home().filePath(u"settings"_s),
+        .previews = desk.folder.filePath(u"previews"_s),
+        .licence = [] { return u"Do as you like."_s; },
+        .fonts = [] { return QStringList{u"Inter"_s}; }};
     WindowContext context{.model = model,
         .sheets = sheets,
         .undo = undo,
@@ -84,6 +93,7 @@ struct WindowDesk {
         .programs = programs,
         .clock = desk.clock,
         .quickMenu = quick,
+        .facts = facts,
         .hasTray = [this] { return hasTray; }};
     MainWindowController window{{model, desk.host, desk.clock, [this] { return makeMainWindow(context); }}};
 };

@@ -28,6 +28,7 @@ class UndoKeeper;
 class WallpaperStore;
 class WidgetManager;
 class WindowHost;
+struct ProgramFacts;
 
 /// What the pages of the main window draw and call. All of it outlives the window.
 struct WindowContext {
@@ -53,6 +54,7 @@ struct WindowContext {
     ProgramLauncher& programs;
     Clock& clock;
     const QuickMenu& quickMenu;
+    const ProgramFacts& facts;
     std::function<bool()> hasTray; ///< whether the program can be reached without a window
 };
 

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QStringList>
+
+#include <functional>
+
+namespace ambrelle {
+
+/// What the program tells of itself.
+struct ProgramFacts {
+    QString version;
+    int build = 0;
+    QString wallpapers; ///< folders, by their paths; they need not exist
+    QString settings;
+    QString previews;
+    std::function<QString()> licence; ///< its text; empty where it cannot be read
+    std::function<QStringList()> fonts; ///< the packages that they come from, by name
+};
+
+} // namespace ambrelle

@@ -1,0 +1,380 @@
+// SPDX-License-Identifier: MIT
+
+#include "window/settings/SettingsPage.h"
+#include "platform/recording/RecordingHttpClient.h"
+#include "platform/recording/RecordingLocation.h"
+#include "window/frame/SheetHost.h"
+#include "window/frame/Sheets.h"
+#include "window/look/Button.h"
+#include "window/look/Segments.h"
+#include "window/look/SkinChooser.h"
+#include "window/settings/CalendarsSection.h"
+#include "window/settings/SettingsColumn.h"
+#include "window/settings/SettingsFields.h"
+#include "window/settings/SettingsList.h"
+#include "window/settings/SettingsSection.h"
+#include "window/settings/WeatherSection.h"
+#include "window/WindowDesk.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct SettingsPageTest : WindowTest {
+    QStringList changed;
+    AppSettings& settings = home.desk.settings;
+
+    SettingsPageTest()
+    {
+        QObject::connect(&settings, &AppSettings::changed, &settings, [this](const QString& key) { changed += key; });
+    }
+
+    SettingsPage& page(SettingsChapter chapter)
+    {
+        home.model.setSettingsChapter(chapter);
+        return *opened(MainTab::settings).findChild<SettingsPage*>();
+    }
+    /// Those that are seen, in their order.
+    static QList<SettingsRow*> rows(const QWidget& page)
+    {
+        QList<SettingsRow*> seen;
+        for (SettingsRow* row : page.findChildren<SettingsRow*>()) {
+            if (row->isVisible())
+                seen.append(row);
+        }
+        std::ranges::sort(seen, {}, [](const SettingsRow* row) { return row->mapTo(row->window(), QPoint()).y(); });
+        return seen;
+    }
+    static QStringList names(const QWidget& page)
+    {
+        QStringList names;
+        for (const SettingsRow* row : rows(page))
+            names.append(row->text().name);
+        return names;
+    }
+    static SettingsRow& row(const QWidget& page, const QString& name)
+    {
+        for (SettingsRow* row : rows(page)) {
+            if (row->text().name == name)
+                return *row;
+        }
+        throw std::runtime_error("no row " + name.toStdString() + ", only " + names(page).join(u", "_s).toStdString());
+    }
+    static Button& button(const QWidget& within, const QString& title)
+    {
+        for (Button* button : within.findChildren<Button*>()) {
+            if (button->title() == title)
+                return *button;
+        }
+        throw std::runtime_error("no button " + title.toStdString());
+    }
+    template <typename T> static T& control(const QWidget& page, const QString& name)
+    {
+        return *qobject_cast<T*>(row(page, name).control());
+    }
+    /// What a choice of `title` stores; the row shows it as `title`, too, when somebody else stores it.
+    template <typename T>
+    void expectChoice(QWidget& page, const QString& name, Setting<T>& setting, const QString& title, const T& value)
+    {
+        SCOPED_TRACE((name + u": "_s + title).toStdString());
+        auto& box = control<QComboBox>(page, name);
+        const T before = setting();
+        changed.clear();
+        box.setCurrentText(title);
+        EXPECT_EQ(setting(), value);
+        EXPECT_EQ(changed, QStringList{setting.key()});
+        setting.set(before);
+        setting.set(value);
+        EXPECT_EQ(box.currentText(), title);
+    }
+};
+
+TEST_F(SettingsPageTest, GeneralStoresWhatIsChosenAndNamesWhatItDoesNotOffer)
+{
+    SettingsPage& shown = page(SettingsChapter::general);
+    expectChoice(shown, u"Update figures every"_s, settings.interval, u"1 second"_s, 1.0);
+    expectChoice(shown, u"Update figures every"_s, settings.interval, u"10 seconds"_s, 10.0);
+    expectChoice(shown, u"Restart the download count"_s, settings.downloadResetMinutes, u"Every 6 hours"_s, 360);
+    expectChoice(shown, u"Restart the download count"_s, settings.downloadResetMinutes, u"Every 30 days"_s, 43200);
+    expectChoice(shown, u"Shuffle the wallpaper"_s, settings.wallpaperShuffleMinutes, u"Every hour"_s, 60);
+    expectChoice(shown, u"Shuffle the wallpaper"_s, settings.wallpaperShuffleMinutes, u"Every 30 minutes"_s, 30);
+    expectChoice(shown, u"Restart the download count"_s, settings.downloadResetMinutes, u"Never"_s, 0);
+    expectChoice(shown, u"New widgets use"_s, settings.defaultSkin, u"Neon"_s, Skin::neon);
+    settings.wallpaperShuffleMinutes.set(45);
+    EXPECT_EQ(control<QComboBox>(shown, u"Shuffle the wallpaper"_s).currentText(), u"Every 45 minutes"_s);
+    settings.interval.set(2.5);
+    EXPECT_EQ(control<QComboBox>(shown, u"Update figures every"_s).currentText(), u"2.5 seconds"_s);
+    row(shown, u"Follow light and dark appearance"_s).work();
+    EXPECT_TRUE(settings.followAppearance());
+}
+
+TEST_F(SettingsPageTest, TheLoginSwitchShowsWhatTheSystemSaysAndTellsARefusal)
+{
+    const QString name = u"Start Ambrelle when you log in"_s;
+    SettingsPage& shown = page(SettingsChapter::general);
+    auto& box = control<QCheckBox>(shown, name);
+    box.click();
+    EXPECT_TRUE(home.login.isEnabled);
+    home.login.failure = u"The folder cannot be written."_s;
+    box.click();
+    EXPECT_TRUE(box.isChecked()) << "it is still on";
+    ASSERT_TRUE(home.sheets.current());
+    EXPECT_EQ(*home.sheets.current(), sheets::loginRefused(u"Couldn't change the login item: "_s + home.login.failure));
+    home.sheets.answer({.button = sheets::accept});
+    home.model.setSettingsChapter(SettingsChapter::focus);
+    home.login.isEnabled = false;
+    home.login.unavailable = u"Nobody logs in here."_s;
+    home.model.setSettingsChapter(SettingsChapter::general);
+    EXPECT_FALSE(box.isChecked());
+    EXPECT_FALSE(box.isEnabled());
+    EXPECT_EQ(row(shown, name).text().caption, u"Nobody logs in here."_s);
+}
+
+TEST_F(SettingsPageTest, TheCityTellsHowItGoes)
+{
+    RecordingHttpClient network;
+    RecordingLocation location;
+    WeatherService weather(network, location, settings, home.desk.clock, {});
+    WeatherSection shown(settings, weather);
+    shown.show();
+    SettingsRow& city = row(shown, u"City"_s);
+    auto& entry = *qobject_cast<TextEntry*>(city.control());
+    const auto save = [&](const QString& name) {
+        entry.field()->setText(name);
+        press(*entry.field(), Qt::Key_Return);
+    };
+    EXPECT_EQ(city.text().caption, u"Used as soon as a weather widget is on the desktop"_s);
+    save(u" Bergen "_s);
+    EXPECT_EQ(settings.weatherCity(), u"Bergen"_s);
+    EXPECT_EQ(network.addresses.size(), 0) << "the window starts no service";
+    weather.start();
+    EXPECT_EQ(city.text().caption, u"Looking up Bergen…"_s);
+    EXPECT_EQ(network.addresses.size(), 1);
+    const auto answer = [&](const HttpAnswer& given) {
+        network.answer(given);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !city.text().caption.startsWith(u"Looking"); }));
+    };
+    answer({.body = R"({"results":[]})"});
+    EXPECT_EQ(city.text().caption, u"Couldn't find “Bergen”. Try another name from the tray menu."_s);
+    EXPECT_EQ(entry.field()->text(), u"Bergen"_s);
+    save(u"Bargen"_s);
+    EXPECT_EQ(network.addresses.size(), 2) << "looked up once";
+    answer({.error = u"No network."_s});
+    EXPECT_EQ(city.text().caption, u"Weather unavailable: No network."_s);
+    weather.loadPreviewData();
+    save(u"Os"_s);
+    EXPECT_EQ(city.text().caption, u"Looking up Os…"_s) << "the figures are those of another place";
+    answer({.error = u"No network."_s});
+    EXPECT_EQ(city.text().caption, u"Weather unavailable: No network."_s) << "kept figures hide the failure";
+    const auto asked = network.addresses.size();
+    shown.findChildren<Segment*>().last()->click();
+    EXPECT_TRUE(settings.useFahrenheit());
+    EXPECT_EQ(network.addresses.size(), asked + 1);
+}
+
+TEST_F(SettingsPageTest, CalendarsAreReadOnceSeenAndKeepWhatIsAway)
+{
+    settings.excludedCalendars.set({u"away"_s, u"work"_s});
+    RecordingCalendarStore& calendars = home.calendars;
+    calendars.currentCalendars = {{.identifier = u"home"_s, .name = u"Home"_s, .hasEvents = true},
+        {.identifier = u"work"_s, .name = u"Work"_s, .color = Qt::red, .hasEvents = true}};
+    calendars.currentUnread = {{u"/nowhere/torn.ics"_s, u"It ends too early."_s}};
+    calendars.currentSources = {{QDir::homePath() + u"/.calendars"_s, false}, {u"/mnt/mine"_s, true}};
+    EventsService events(calendars, settings, home.desk.clock);
+    CalendarsSection shown({settings, events, home.programs, home.undo});
+    EXPECT_EQ(calendars.accessRequests, 0) << "nobody sees the calendars yet";
+    shown.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&shown));
+    EXPECT_EQ(calendars.accessRequests, 1);
+    EXPECT_EQ(names(shown).first(), u"Requesting calendar access…"_s);
+    calendars.answer();
+    const QString add = u"Put .ics files there, or add the folder that has them"_s;
+    EXPECT_EQ(names(shown), (QStringList{u"Home"_s, u"Work"_s, u"torn.ics"_s, u"~/.calendars"_s, u"/mnt/mine"_s, add}));
+    EXPECT_EQ(row(shown, u"torn.ics"_s).text().caption, u"It ends too early."_s);
+    EXPECT_FALSE(control<QCheckBox>(shown, u"Work"_s).isChecked());
+    row(shown, u"Home"_s).work();
+    row(shown, u"Work"_s).work();
+    EXPECT_EQ(settings.excludedCalendars(), (QStringList{u"away"_s, u"home"_s}));
+    button(row(shown, u"/mnt/mine"_s), u"Open Folder"_s).click();
+    EXPECT_EQ(home.programs.folders, QStringList{u"/mnt/mine"_s});
+    auto& remove = button(row(shown, u"/mnt/mine"_s), u"Remove"_s);
+    remove.setFocus();
+    remove.click();
+    calendars.answer();
+    EXPECT_FALSE(names(shown).contains(u"/mnt/mine"_s));
+    EXPECT_TRUE(shown.isAncestorOf(QApplication::focusWidget())) << "the keyboard is lost";
+    home.undo.undo();
+    calendars.answer();
+    EXPECT_TRUE(names(shown).contains(u"/mnt/mine"_s));
+    calendars.currentWhyNot = u"There are none."_s;
+    Q_EMIT calendars.changed();
+    EXPECT_EQ(names(shown).first(), u"There are none."_s);
+}
+
+TEST_F(SettingsPageTest, FocusWorksTheTimerAndSetsItsLengths)
+{
+    FocusTimer& timer = home.desk.services.live.focus;
+    SettingsPage& shown = page(SettingsChapter::focus);
+    const auto timerRow = [&]() -> SettingsRow& { return *rows(shown).first(); };
+    EXPECT_EQ(timerRow().text().caption, u"Ready"_s);
+    timerRow().work();
+    EXPECT_TRUE(timer.isRunning());
+    home.desk.clock.advance(std::chrono::seconds(61));
+    EXPECT_EQ(timerRow().text().caption, u"23:59 left"_s);
+    button(timerRow(), u"Pause Focus"_s).click();
+    EXPECT_FALSE(timer.isRunning());
+    EXPECT_EQ(timerRow().text().caption, u"23:59 left"_s) << "paused is not ready";
+    button(timerRow(), u"Skip"_s).click();
+    EXPECT_EQ(timerRow().text().name, u"Break"_s);
+    EXPECT_EQ(button(timerRow(), u"Start Break"_s).accessibleDescription(), u"Break"_s);
+    button(timerRow(), u"Reset"_s).click();
+    EXPECT_EQ(timer.phase(), FocusPhase::focus);
+    const QList<NumberField*> lengths = shown.findChildren<NumberField*>();
+    Setting<int>* const stored[] = {&settings.focusMinutes, &settings.breakMinutes, &settings.longBreakMinutes};
+    ASSERT_EQ(lengths.size(), 3);
+    for (int index = 0; index < 3; ++index) {
+        changed.clear();
+        lengths[index]->stepUp();
+        EXPECT_EQ((*stored[index])(), stored[index]->standard() + 1);
+        EXPECT_EQ(changed, QStringList{stored[index]->key()});
+    }
+    EXPECT_EQ(timer.remaining(home.desk.clock.now()), 26 * 60);
+    row(shown, u"Play a sound when time is up"_s).work();
+    EXPECT_FALSE(settings.focusSound());
+}
+
+TEST_F(SettingsPageTest, UpdatesAreSetOnlyWhereTheyAreLookedFor)
+{
+    EXPECT_EQ(names(page(SettingsChapter::updates)), QStringList{u"Version 1.0"_s});
+    home.window.toggle();
+    QCoreApplication::processEvents();
+    int checks = 0;
+    home.updates = {.found = u"2.0"_s, .enabled = true, .install = [] {}, .check = [&] { ++checks; }};
+    SettingsPage& shown = page(SettingsChapter::updates);
+    button(shown, u"Update to Ambrelle 2.0"_s);
+    button(shown, u"Check for Updates…"_s).click();
+    EXPECT_EQ(checks, 1);
+    row(shown, u"Install automatically"_s).work();
+    EXPECT_FALSE(settings.installUpdates());
+    row(shown, u"Check automatically"_s).work();
+    EXPECT_FALSE(settings.checkForUpdates());
+    EXPECT_FALSE(control<QCheckBox>(shown, u"Install automatically"_s).isEnabled());
+    const auto* list = shown.findChild<SettingsList*>();
+    EXPECT_EQ(list->model()->index(5, 0).data(Qt::AccessibleDescriptionRole), u"Update to Ambrelle 2.0"_s);
+}
+
+TEST_F(SettingsPageTest, AboutOpensFoldersAndResetsWithAWayBack)
+{
+    SettingsPage& shown = page(SettingsChapter::about);
+    EXPECT_EQ(row(shown, u"Settings"_s).text().caption, u"~/settings"_s);
+    row(shown, u"Wallpapers"_s).work();
+    EXPECT_EQ(home.programs.folders, QStringList{home.facts.wallpapers});
+    home.programs.refusal = u"Nothing opens it."_s;
+    row(shown, u"Picture cache"_s).work();
+    ASSERT_TRUE(home.undo.failure());
+    EXPECT_EQ(home.undo.failure()->sentence, u"Nothing opens it."_s);
+    home.undo.dismiss();
+    row(shown, u"Licence"_s).work();
+    ASSERT_TRUE(home.sheets.current());
+    EXPECT_EQ(home.sheets.current()->text, u"Do as you like."_s);
+    home.sheets.answer({.button = sheets::accept});
+
+    settings.focusMinutes.set(40);
+    settings.overlap.set(OverlapBehavior::hide);
+    button(shown, u"Reset Settings…"_s).click();
+    home.sheets.answer({});
+    EXPECT_EQ(settings.focusMinutes(), 40) << "reset was cancelled";
+    button(shown, u"Reset Settings…"_s).click();
+    home.sheets.answer({.button = sheets::accept});
+    EXPECT_EQ(settings.focusMinutes(), 25);
+    EXPECT_EQ(home.undo.text(), u"Settings reset"_s);
+    home.undo.undo();
+    EXPECT_EQ(settings.focusMinutes(), 40);
+    EXPECT_EQ(settings.overlap(), OverlapBehavior::hide);
+}
+
+TEST_F(SettingsPageTest, SearchShowsTheRowsOfAllSectionsAndEnterGoesToTheFirst)
+{
+    SettingsPage& shown = page(SettingsChapter::desktop);
+    const QStringList desktop = names(shown);
+    home.model.setSearch(MainTab::settings, u"fahren"_s);
+    EXPECT_EQ(names(shown), QStringList{u"Temperature"_s});
+    const auto* list = shown.findChild<SettingsList*>();
+    EXPECT_EQ(list->currentIndex().row(), 1);
+    home.model.setSearch(MainTab::settings, u"sound"_s);
+    shown.openFirst();
+    EXPECT_EQ(QApplication::focusWidget(), row(shown, u"Play a sound when time is up"_s).control());
+    home.model.setSearch(MainTab::settings, u"wallpaper"_s);
+    EXPECT_EQ(names(shown), (QStringList{u"Shuffle the wallpaper"_s, u"Wallpapers"_s})) << "not in their order";
+    home.model.setSearch(MainTab::settings, u"xyzzy"_s);
+    EXPECT_TRUE(names(shown).isEmpty());
+    button(shown, u"Clear Search"_s).click();
+    EXPECT_EQ(names(shown), desktop);
+    home.model.setSearch(MainTab::settings, u"sound"_s);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->currentIndex()).center());
+    EXPECT_EQ(names(shown), desktop) << "the section that was shown before cannot be opened";
+}
+
+TEST_F(SettingsPageTest, EveryControlIsReachedByTabAndNamed)
+{
+    for (const SettingsChapter chapter : {SettingsChapter::general, SettingsChapter::desktop, SettingsChapter::weather,
+             SettingsChapter::focus, SettingsChapter::about}) {
+        SettingsPage& shown = page(chapter);
+        shown.takeFocus(true);
+        QSet<const QWidget*> reached;
+        for (int presses = 0; presses < 40; ++presses) {
+            QWidget* focus = QApplication::focusWidget();
+            ASSERT_TRUE(focus);
+            reached.insert(focus);
+            QTest::keyClick(focus, Qt::Key_Tab);
+        }
+        for (const SettingsRow* row : rows(shown)) {
+            if (!row->control() || !row->control()->isEnabled())
+                continue;
+            const bool found =
+                std::ranges::any_of(reached, [&](const QWidget* each) { return row->isAncestorOf(each); });
+            EXPECT_TRUE(found) << qPrintable(row->text().name);
+        }
+    }
+}
+
+TEST_F(SettingsPageTest, ACityThatIsAskedForIsAboutToBeTyped)
+{
+    settings.weatherCity.set(u"Oslo"_s);
+    SettingsPage& shown = page(SettingsChapter::general);
+    home.model.askForCity();
+    auto* field = shown.findChild<TextEntry*>()->field();
+    EXPECT_EQ(QApplication::focusWidget(), field);
+    EXPECT_EQ(field->selectedText(), u"Oslo"_s);
+    home.window.toggle();
+    QCoreApplication::processEvents();
+    home.model.askForCity();
+    MainWindow& window = opened(MainTab::settings);
+    EXPECT_EQ(QApplication::focusWidget(), window.findChild<TextEntry*>()->field()) << "in a window that was closed";
+}
+
+TEST_F(SettingsPageTest, FitsItsWidthAtEverySize)
+{
+    MainWindow& window = opened(MainTab::settings);
+    for (const int width : {720, 800, 899, 1120, 2000}) {
+        window.resize(width, 560);
+        for (int chapter = 0; chapter <= static_cast<int>(SettingsChapter::about); ++chapter) {
+            home.model.setSettingsChapter(static_cast<SettingsChapter>(chapter));
+            QCoreApplication::processEvents();
+            const auto* column = window.findChild<SettingsColumn*>();
+            EXPECT_LE(column->widget()->width(), column->viewport()->width()) << width << ' ' << chapter;
+            for (const SettingsRow* row : rows(window)) {
+                EXPECT_LE(row->width(), 700) << qPrintable(row->text().name);
+                EXPECT_TRUE(!row->control() || row->rect().contains(row->control()->geometry()))
+                    << width << ' ' << qPrintable(row->text().name);
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace ambrelle
