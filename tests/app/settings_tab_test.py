@@ -100,8 +100,16 @@ def found(condition):
         return None
 
 
+def labels(part):
+    """What it is called, also by what stands beside it."""
+    yield part.get_name()
+    for relation in part.get_relation_set():
+        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+            yield relation.get_target(0).get_name()
+
+
 def focused(name):
-    return found(lambda part: part.get_state_set().contains(Atspi.StateType.FOCUSED) and part.get_name() == name)
+    return found(lambda part: part.get_state_set().contains(Atspi.StateType.FOCUSED) and name in labels(part))
 
 
 def go(search, name):

@@ -89,6 +89,8 @@ void SettingsRow::nameControl()
         segments->setAccessibleName(name);
     else
         control->setAccessibleName(name);
+    if (qobject_cast<QComboBox*>(control))
+        m_name->setBuddy(control); // here a drop-down's own name is its value
 }
 
 void SettingsRow::setName(const QString& name)
