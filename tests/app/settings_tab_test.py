@@ -152,7 +152,7 @@ calendars = session.home / "data/ambrelle/calendars"
 calendars.mkdir(parents=True)
 for name in ("Family", "Work"):
     (calendars / f"{name}.ics").write_text("\r\n".join([
-        "BEGIN:VCALENDAR", "VERSION:2.0", "PRODID:-//Test//EN", "BEGIN:VEVENT", f"UID:{name}", "DTSTAMP:20260101T000000Z",
+        "BEGIN:VCALENDAR", "VERSION:2.0", "PRODID:-//Test//EN", f"X-WR-CALNAME:{name}", "BEGIN:VEVENT", f"UID:{name}", "DTSTAMP:20260101T000000Z",
         "DTSTART:20260101T100000Z", "DTEND:20260101T110000Z", f"SUMMARY:{name}", "END:VEVENT", "END:VCALENDAR", ""]))
 
 open_window(session)

@@ -50,9 +50,6 @@ TextEntry::TextEntry(const QString& placeholder, const QString& button, QWidget*
     m_field->setClearButtonEnabled(true);
     m_field->setMinimumWidth(AppLook::shared().scaled(entryWidth));
     setFocusProxy(m_field);
-    QSizePolicy place = m_progress->sizePolicy();
-    place.setRetainSizeWhenHidden(true); // the field stays where it is
-    m_progress->setSizePolicy(place);
     m_progress->hide();
     connect(m_field, &QLineEdit::textChanged, this, &TextEntry::judge);
     connect(m_field, &QLineEdit::returnPressed, this, &TextEntry::enter);
