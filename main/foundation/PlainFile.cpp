@@ -2,29 +2,35 @@
 
 #include "foundation/PlainFile.h"
 
-#include <QFile>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace ambrelle {
 
-std::optional<QByteArray> readPlainFile(const QString& path, qint64 mostBytes)
+std::unique_ptr<QFile> openPlainFile(const QString& path)
 {
     // The path may name something else a moment later, so the question goes to what was opened.
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0)
-        return std::nullopt;
+        return nullptr;
     struct stat status { };
-    const bool isPlain = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size <= mostBytes;
-    QFile file;
-    if (!isPlain || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+    auto file = std::make_unique<QFile>();
+    const bool isPlain = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    if (!isPlain || !file->open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
         ::close(descriptor);
-        return std::nullopt;
+        return nullptr;
     }
-    QByteArray bytes = file.read(mostBytes + 1);
-    const bool isWhole = file.error() == QFileDevice::NoError && bytes.size() <= mostBytes;
+    return file;
+}
+
+std::optional<QByteArray> readPlainFile(const QString& path, qint64 mostBytes)
+{
+    const std::unique_ptr<QFile> file = openPlainFile(path);
+    if (!file || file->size() > mostBytes)
+        return std::nullopt;
+    QByteArray bytes = file->read(mostBytes + 1);
+    const bool isWhole = file->error() == QFileDevice::NoError && bytes.size() <= mostBytes;
     return isWhole ? std::optional(std::move(bytes)) : std::nullopt;
 }
 

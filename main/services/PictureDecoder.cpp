@@ -68,17 +68,24 @@ void silenceTiff()
     }
 }
 
+bool isTiff(const QByteArray& bytes)
+{
+    return bytes.startsWith("II") || bytes.startsWith("MM");
+}
+
+void silenceIfTiff(const QByteArray& bytes)
+{
+    static std::once_flag once;
+    if (isTiff(bytes))
+        std::call_once(once, silenceTiff);
+}
+
 /// Damaged files lead beyond their end, of which a plain buffer would write to standard error.
 class QuietBuffer final : public QBuffer {
 public:
     explicit QuietBuffer(const QByteArray& bytes) { setData(bytes); }
     bool seek(qint64 position) override { return position <= size() && QBuffer::seek(position); }
 };
-
-bool isTiff(const QByteArray& bytes)
-{
-    return bytes.startsWith("II") || bytes.startsWith("MM");
-}
 
 /// What the reader makes of its device, which holds those bytes.
 QImage picture(QImageReader& reader, const QByteArray& bytes, QSize shown)
@@ -98,15 +105,23 @@ QImage picture(QImageReader& reader, const QByteArray& bytes, QSize shown)
 
 } // namespace
 
+bool isPicture(const QString& file)
+{
+    const std::unique_ptr<QFile> plain = openPlainFile(file);
+    if (!plain)
+        return false;
+    silenceIfTiff(plain->peek(2));
+    QImageReader reader(plain.get());
+    reader.setDecideFormatFromContent(true);
+    return reader.canRead() && !reader.size().isEmpty();
+}
+
 QImage read(const QString& file, QSize shown)
 {
     const std::optional<QByteArray> bytes = readPlainFile(file, mostBytes);
     if (!bytes)
         return {};
-    if (isTiff(*bytes)) {
-        static std::once_flag once;
-        std::call_once(once, silenceTiff);
-    }
+    silenceIfTiff(*bytes);
     QuietBuffer device(*bytes);
     QImageReader reader(&device);
     reader.setDecideFormatFromContent(true);

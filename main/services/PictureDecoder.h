@@ -17,6 +17,8 @@ inline constexpr qint64 mostPixels = 200LL * 1000 * 1000; ///< of a picture that
 inline constexpr qint64 mostWholePixels = 32LL * 1000 * 1000; ///< of one that has to be decoded whole
 inline constexpr int mostPasses = 100; ///< over the whole picture
 
+/// Whether the file begins as a picture does, whatever follows. Reads no more of it than that.
+bool isPicture(const QString& file);
 /// The picture turned upright and scaled down to cover `shown` (pixels), never up, in a format that is quickly drawn;
 /// null when it is no picture, or too much of one.
 QImage read(const QString& file, QSize shown);

@@ -99,6 +99,19 @@ TEST(PictureDecoder, CoversWhatIsShownAndNeverEnlarges)
     EXPECT_EQ(PictureDecoder::decode(encoded(clear, "png"), {4, 4}).format(), QImage::Format_ARGB32_Premultiplied);
 }
 
+TEST(PictureDecoder, KnowsPicturesByTheirBeginnings)
+{
+    const TestFolder folder;
+    const QByteArray jpeg = encoded(halves({64, 40}), "JPG");
+    EXPECT_TRUE(PictureDecoder::isPicture(folder.write(u"named.txt"_s, jpeg)));
+    EXPECT_TRUE(PictureDecoder::isPicture(folder.write(u"cut.jpg"_s, jpeg.first(jpeg.size() / 2))));
+    EXPECT_FALSE(PictureDecoder::isPicture(folder.write(u"text.jpg"_s, "no picture")));
+    EXPECT_FALSE(PictureDecoder::isPicture(folder.path()));
+    const QString pipe = folder.filePath(u"pipe.jpg"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_FALSE(PictureDecoder::isPicture(pipe)) << "and nobody waits for a writer";
+}
+
 TEST(PictureDecoder, TurnsPicturesUpright)
 {
     const QImage image = PictureDecoder::decode(turned(encoded(halves({400, 200}), "jpg")), {50, 50});
