@@ -74,6 +74,7 @@ public:
     bool has(const QString&) const override { return false; }
     void open(const QString&) override { }
     QString openFolder(const QString&) override { return Wording::tr("This mode opens no folders."); }
+    void showInFolder(const QString&, Done done) override { done(Wording::tr("This mode opens no folders.")); }
 };
 
 /// A machine that nobody logs in to.

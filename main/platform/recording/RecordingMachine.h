@@ -35,11 +35,18 @@ public:
         folders.append(folder);
         return refusal;
     }
+    void showInFolder(const QString& file, Done done) override
+    {
+        shownFiles.append(file);
+        done(failure);
+    }
 
     QStringList installed;
     QStringList opened;
     QStringList folders; ///< that were opened
     QString refusal; ///< to open any; empty: none
+    QStringList shownFiles;
+    QString failure; ///< how showing a file ends; empty: well
 };
 
 /// A login item that can be set unless the test says why not.

@@ -43,7 +43,39 @@ TEST(DesktopPrograms, TellsWhetherAProgramCanBeStartedHere)
     EXPECT_FALSE(DesktopPrograms::isUsable(DesktopEntryText(QByteArray("\0\xff[=", 4)), {}));
 }
 
+/// A file manager on the bus.
+class FileManager final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+public:
+    QStringList shown;
+
+public Q_SLOTS:
+    void ShowItems(const QStringList& uris, const QString& /*startup*/) { shown += uris; }
+};
+
 class DesktopProgramsTest : public ToolDesk { };
+
+TEST_F(DesktopProgramsTest, AFileIsShownByTheFileManagerElseItsFolderIsOpened)
+{
+    const PrivateBus bus;
+    if (!bus.isRunning())
+        GTEST_SKIP() << "no message bus";
+    addTool(u"xdg-open"_s, "printf '%s\\n' \"$@\" > HERE/part && mv HERE/part HERE/arguments\n");
+    DesktopPrograms programs({}, bus.opener());
+    const QString file = path(u"two words.png"_s);
+    const auto show = [&] { return answerOf<QString>([&](auto done) { programs.showInFolder(file, done); }); };
+    EXPECT_EQ(show(), QString());
+    ASSERT_TRUE(waitUntil([this] { return QFile::exists(path(u"arguments"_s)); }));
+    EXPECT_EQ(contents(u"arguments"_s), QFile::encodeName(folder.path()) + '\n');
+
+    FileManager manager;
+    QDBusConnection server = bus.connection(u"server"_s);
+    ASSERT_TRUE(server.registerObject(u"/org/freedesktop/FileManager1"_s, &manager, QDBusConnection::ExportAllSlots));
+    ASSERT_TRUE(server.registerService(u"org.freedesktop.FileManager1"_s));
+    EXPECT_EQ(show(), QString());
+    EXPECT_EQ(manager.shown, QStringList{u"file://"_s + folder.path() + u"/two%20words.png"_s});
+}
 
 TEST_F(DesktopProgramsTest, TheDesktopsLauncherGetsTheEntry)
 {
@@ -83,3 +115,5 @@ TEST_F(DesktopProgramsTest, AFolderIsMadeAndOpenedByWhatThereIs)
 
 } // namespace
 } // namespace ambrelle::test
+
+#include "DesktopProgramsTest.moc"

@@ -5,9 +5,13 @@
 #include "foundation/Wording.h"
 #include "platform/linux/desktop/DesktopEntryText.h"
 
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QUrl>
 
 #include <algorithm>
 #include <array>
@@ -42,10 +46,23 @@ constexpr std::array folderOpeners{
     Launcher{"kioclient5"_L1, "exec"_L1, {}},
 };
 
+constexpr int fileManagerPatience = 20000; // milliseconds; the bus may have to start it
+
+bool runTool(const Launcher& launcher, const QString& argument)
+{
+    const QString tool = QStandardPaths::findExecutable(launcher.program);
+    if (tool.isEmpty())
+        return false;
+    QStringList arguments{launcher.verb, argument};
+    arguments.removeAll(QString());
+    return QProcess::startDetached(tool, arguments, QDir::homePath());
+}
+
 } // namespace
 
-DesktopPrograms::DesktopPrograms(QStringList desktops)
+DesktopPrograms::DesktopPrograms(QStringList desktops, OpenBus openBus)
     : m_desktops(std::move(desktops))
+    , m_openBus(std::move(openBus))
 {
 }
 
@@ -88,13 +105,8 @@ void DesktopPrograms::open(const QString& program)
     for (const Launcher& launcher : launchers) {
         if (!launcher.desktop.isEmpty() && !m_desktops.contains(launcher.desktop))
             continue;
-        const QString tool = QStandardPaths::findExecutable(launcher.program);
-        if (tool.isEmpty())
-            continue;
-        QStringList arguments{launcher.verb, file};
-        arguments.removeAll(QString());
-        QProcess::startDetached(tool, arguments, QDir::homePath());
-        return;
+        if (runTool(launcher, file))
+            return;
     }
 }
 
@@ -111,6 +123,20 @@ QString DesktopPrograms::openFolder(const QString& folder)
             return {};
     }
     return Wording::tr("No program that opens “%1” is installed.").arg(folder);
+}
+
+void DesktopPrograms::showInFolder(const QString& file, Done done)
+{
+    const QString name = u"org.freedesktop.FileManager1"_s;
+    QDBusMessage request =
+        QDBusMessage::createMethodCall(name, u"/org/freedesktop/FileManager1"_s, name, u"ShowItems"_s);
+    request.setArguments({QStringList{QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded())}, QString()});
+    auto* answer = new QDBusPendingCallWatcher(m_openBus().asyncCall(request, fileManagerPatience), &m_asked);
+    const auto finish = [this, answer, file, done = std::move(done)] {
+        answer->deleteLater();
+        done(answer->isError() ? openFolder(QFileInfo(file).path()) : QString());
+    };
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, &m_asked, finish);
 }
 
 } // namespace ambrelle

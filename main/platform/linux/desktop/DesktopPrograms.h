@@ -2,8 +2,10 @@
 
 #pragma once
 
+#include "platform/linux/bus/OpenBus.h"
 #include "platform/ProgramLauncher.h"
 
+#include <QObject>
 #include <QStringList>
 
 namespace ambrelle {
@@ -11,15 +13,17 @@ namespace ambrelle {
 class DesktopEntryText;
 
 /// The programs that have a desktop entry. They are started through the desktop's own launcher, so that they open
-/// what is running already, in the session's way.
+/// what is running already, in the session's way. Folders are shown by the file manager on the session bus, else by
+/// what the desktop opens folders with.
 class DesktopPrograms final : public ProgramLauncher {
 public:
     /// `desktops` are those of XDG_CURRENT_DESKTOP.
-    explicit DesktopPrograms(QStringList desktops);
+    explicit DesktopPrograms(QStringList desktops, OpenBus openBus = &QDBusConnection::sessionBus);
 
     bool has(const QString& program) const override;
     void open(const QString& program) override;
     QString openFolder(const QString& folder) override;
+    void showInFolder(const QString& file, Done done) override;
 
     /// Whether it names a program that can be started on any of `desktops`.
     static bool isUsable(const DesktopEntryText& entry, const QStringList& desktops);
@@ -28,6 +32,8 @@ private:
     QString usableEntry(const QString& program) const;
 
     QStringList m_desktops;
+    OpenBus m_openBus;
+    QObject m_asked; ///< owns the questions to the file manager
 };
 
 } // namespace ambrelle
