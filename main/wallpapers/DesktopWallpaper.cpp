@@ -122,14 +122,14 @@ void DesktopWallpaper::apply(const QString& file, const Done& done)
     prepare(onEveryScreen(file), readable, done);
 }
 
-QStringList DesktopWallpaper::extras() const
+QStringList DesktopWallpaper::extrasIn(const QString& folder)
 {
-    if (m_folders.extras.isEmpty())
+    if (folder.isEmpty())
         return {};
-    const QDir folder(m_folders.extras);
+    const QDir files(folder);
     QStringList paths;
-    for (const QString& name : folder.entryList({u"*.jpg"_s, u"*.jpeg"_s}, QDir::Files, QDir::Name))
-        paths.append(folder.absoluteFilePath(name));
+    for (const QString& name : files.entryList({u"*.jpg"_s, u"*.jpeg"_s}, QDir::Files, QDir::Name))
+        paths.append(files.absoluteFilePath(name));
     return paths;
 }
 

@@ -50,7 +50,10 @@ public:
     void apply(const QString& file, const Done& done = {});
 
     /// The shipped pictures, as absolute paths.
-    QStringList extras() const;
+    QStringList extras() const { return extrasIn(m_folders.extras); }
+    const QString& extrasFolder() const { return m_folders.extras; }
+    /// Those of a folder; empty without one. Any thread may ask.
+    static QStringList extrasIn(const QString& folder);
     /// Where the copy of a shipped picture is kept, so that it outlives the program.
     QString installedURL(const QString& extra) const;
     void applyExtra(const QString& extra, const Done& done = {});
