@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+
+#include "window/wallpapers/WallpaperActions.h"
+
+#include "foundation/Clock.h"
+#include "foundation/ForeignText.h"
+#include "foundation/Wording.h"
+#include "model/AppSettings.h"
+#include "platform/ProgramLauncher.h"
+#include "window/frame/Undo.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPointer>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::milliseconds workingDelay{150};
+constexpr double leastWorking = 0.3; // seconds
+
+struct WallpaperSetter {
+    DesktopWallpaper& wallpaper;
+    QList<ScreenInfo> screens;
+    DesktopWallpaper::Done done;
+
+    void operator()(Skin skin) const { wallpaper.apply(skin, screens, done); }
+    void operator()(const WallpaperShuffle::Extra& extra) const { wallpaper.applyExtra(extra.path, done); }
+    void operator()(const WallpaperShuffle::Custom& own) const { wallpaper.apply(own.path, done); }
+};
+
+/// Those that get the wallpaper.
+QList<ScreenInfo> screensFor(const WindowContext& context, const QString& screen)
+{
+    const QList<ScreenInfo> all = context.host.screens();
+    const auto one = std::ranges::find(all, screen, &ScreenInfo::id);
+    return one == all.end() || !context.wallpaper.isPerScreen() ? all : QList<ScreenInfo>{*one};
+}
+
+/// Whether they show it by now.
+bool isShown(const DesktopWallpaper& wallpaper, const WallpaperChoice& choice, const QList<ScreenInfo>& screens)
+{
+    if (const Skin* skin = std::get_if<Skin>(&choice))
+        return std::ranges::all_of(
+            screens, [&](const ScreenInfo& screen) { return wallpaper.currentSkin(screen) == *skin; });
+    if (const auto* extra = std::get_if<WallpaperShuffle::Extra>(&choice))
+        return wallpaper.currentURL() == wallpaper.installedURL(extra->path);
+    return wallpaper.currentURL() == std::get<WallpaperShuffle::Custom>(choice).path;
+}
+
+/// Brings back what the screens showed.
+void giveBack(const WindowContext& context, const DesktopWallpaper::Memory& memory)
+{
+    context.wallpaper.giveBack(memory, [context, memory](const QString& error) {
+        if (!error.isEmpty())
+            context.undo.fail(error, [context, memory] { giveBack(context, memory); });
+    });
+}
+
+void bringBackPrevious(const WindowContext& context, const std::function<void()>& settled)
+{
+    context.wallpaper.remember([context, settled](const DesktopWallpaper::Memory& memory) {
+        context.wallpaper.giveBackPrevious([context, settled, memory](const QString& error) {
+            settled();
+            if (!error.isEmpty())
+                context.undo.fail(error, [context, settled] { bringBackPrevious(context, settled); });
+            else if (memory.isKnown())
+                context.undo.offer(
+                    {Wording::tr("Your own picture is back"), [context, memory] { giveBack(context, memory); }});
+        });
+    });
+}
+
+void tryToShowInFolder(const WindowContext& context, const QString& path)
+{
+    context.programs.showInFolder(path, [context, path](const QString& error) {
+        if (!error.isEmpty())
+            context.undo.fail(error, [context, path] { tryToShowInFolder(context, path); });
+    });
+}
+
+QStringList without(QStringList paths, const QStringList& gone)
+{
+    paths.removeIf([&](const QString& path) { return gone.contains(path); });
+    return paths;
+}
+
+QString refusalOf(const QStringList& files)
+{
+    if (files.size() == 1)
+        return Wording::tr("“%1” isn't a picture").arg(foreignText(QFileInfo(files.first()).fileName()));
+    return Wording::tr("%n files aren't pictures", nullptr, static_cast<int>(files.size()));
+}
+
+} // namespace
+
+struct WallpaperActions::Order {
+    WallpaperChoice wallpaper;
+    QString screen;
+    int number;
+};
+
+/// What outlives the window.
+struct WallpaperActions::Round {
+    WindowContext with;
+    QPointer<WallpaperActions> shown;
+    QList<Order> waiting{}; ///< until it is known what to bring back
+    int last = 0; ///< number of the latest order
+};
+
+WallpaperActions::WallpaperActions(const WindowContext& context, PictureFiles& files, QObject* parent)
+    : QObject(parent)
+    , m_with(context)
+    , m_files(files)
+    , m_round(std::make_shared<Round>(context, this))
+{
+}
+
+void WallpaperActions::set(const WallpaperChoice& wallpaper, const QString& screen)
+{
+    start(m_round, wallpaper, screen);
+}
+
+void WallpaperActions::start(
+    const std::shared_ptr<Round>& round, const WallpaperChoice& wallpaper, const QString& screen)
+{
+    const WindowContext& with = round->with;
+    const bool isPainted = std::holds_alternative<Skin>(wallpaper);
+    if (round->shown)
+        round->shown->begin(wallpaper, isPainted ? static_cast<int>(screensFor(with, screen).size()) : 1);
+    round->waiting.append({wallpaper, screen, ++round->last});
+    if (round->waiting.size() > 1)
+        return; // goes with the one before
+    with.wallpaper.remember([round](const DesktopWallpaper::Memory& memory) {
+        for (const Order& order : std::exchange(round->waiting, {}))
+            carryOut(round, order, memory);
+    });
+}
+
+void WallpaperActions::carryOut(
+    const std::shared_ptr<Round>& round, const Order& order, const DesktopWallpaper::Memory& memory)
+{
+    const QList<ScreenInfo> screens = screensFor(round->with, order.screen);
+    const auto done = [round, order, memory, screens](const QString& error) {
+        const WindowContext& with = round->with;
+        const bool isLatest = order.number == round->last;
+        settle(round, order.number);
+        if (!error.isEmpty())
+            with.undo.fail(error, [round, order] { start(round, order.wallpaper, order.screen); });
+        else if (isLatest && memory.isKnown() && isShown(with.wallpaper, order.wallpaper, screens))
+            with.undo.offer({Wording::tr("Wallpaper set to %1").arg(wallpaperTitle(order.wallpaper)),
+                [with, memory] { giveBack(with, memory); }});
+    };
+    std::visit(WallpaperSetter{round->with.wallpaper, screens, done}, order.wallpaper);
+}
+
+void WallpaperActions::settle(const std::shared_ptr<Round>& round, int number)
+{
+    if (!round->shown)
+        return;
+    if (number == round->last)
+        round->shown->end();
+    Q_EMIT round->shown->settled();
+}
+
+void WallpaperActions::begin(const WallpaperChoice& wallpaper, int screens)
+{
+    m_screens = screens;
+    if (m_working)
+        return showWorking(wallpaper);
+    m_delay = m_with.clock.after(workingDelay, [this, wallpaper] { showWorking(wallpaper); });
+}
+
+void WallpaperActions::end()
+{
+    const double left = m_working ? m_shownSince + leastWorking - m_with.clock.elapsed() : 0;
+    m_delay.reset();
+    if (left <= 0)
+        return showWorking(std::nullopt);
+    const std::chrono::milliseconds rest{std::lround(left * 1000)};
+    m_delay = m_with.clock.after(rest, [this] { showWorking(std::nullopt); });
+}
+
+void WallpaperActions::showWorking(const std::optional<WallpaperChoice>& wallpaper)
+{
+    m_shownSince = m_with.clock.elapsed();
+    m_delay.reset();
+    m_working = wallpaper;
+    Q_EMIT workingChanged();
+}
+
+void WallpaperActions::bringBack()
+{
+    ++m_round->last; // what is on its way is not wanted any more
+    end();
+    bringBackPrevious(m_with, [self = QPointer(this)] {
+        if (self)
+            Q_EMIT self->settled();
+    });
+}
+
+void WallpaperActions::add(const QStringList& files)
+{
+    QStringList paths;
+    for (const QString& file : files)
+        paths.append(QDir::cleanPath(QFileInfo(file).absoluteFilePath()));
+    paths.removeDuplicates();
+    if (!paths.isEmpty())
+        m_files.sort(paths, [this](const PictureFiles::Sorted& sorted) { takeOn(sorted); });
+}
+
+void WallpaperActions::takeOn(const PictureFiles::Sorted& sorted)
+{
+    Setting<QStringList>& own = m_with.settings.customWallpapers;
+    if (!sorted.pictures.isEmpty()) {
+        const QStringList before = own();
+        const auto fresh = static_cast<int>(without(sorted.pictures, before).size());
+        own.set(sorted.pictures + without(before, sorted.pictures));
+        if (fresh > 0)
+            m_with.undo.offer({Wording::tr("%n pictures added", nullptr, fresh), [&own, before] { own.set(before); }});
+        Q_EMIT added(sorted.pictures.first());
+    }
+    if (!sorted.others.isEmpty())
+        m_with.undo.fail(refusalOf(sorted.others));
+}
+
+void WallpaperActions::takeOff(const QString& path)
+{
+    Setting<QStringList>& own = m_with.settings.customWallpapers;
+    const QStringList before = own();
+    if (!before.contains(path))
+        return;
+    own.set(without(before, {path}));
+    m_with.undo.offer({Wording::tr("Removed from My Wallpapers"), [&own, before] { own.set(before); }});
+}
+
+void WallpaperActions::showInFolder(const QString& path)
+{
+    tryToShowInFolder(m_with, path);
+}
+
+} // namespace ambrelle

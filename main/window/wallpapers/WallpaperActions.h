@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "foundation/Ticket.h"
+#include "wallpapers/DesktopWallpaper.h"
+#include "window/frame/WindowContext.h"
+#include "window/wallpapers/WallpapersModel.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace ambrelle {
+
+/// What the Wallpapers tab does: it puts pictures on the screens and keeps the list of the user's own. What was begun
+/// goes on without the window, and ends in the bar at its foot, where all of it can be undone.
+class WallpaperActions final : public QObject {
+    Q_OBJECT
+public:
+    WallpaperActions(const WindowContext& context, PictureFiles& files, QObject* parent = nullptr);
+
+    /// `screen` is the identifier of the one that gets it, of skins' wallpapers only; empty, or of none that is
+    /// connected: all get it. A later call wins.
+    void set(const WallpaperChoice& wallpaper, const QString& screen = {});
+    void bringBack(); ///< the user's picture from before the first wallpaper
+    /// Takes on what is a picture, in front of the others. `added` tells which.
+    void add(const QStringList& files);
+    void takeOff(const QString& path); ///< the list; the file stays
+    void showInFolder(const QString& path);
+
+    /// What is on its way to the screens, while that is shown: not before it has taken a moment.
+    const std::optional<WallpaperChoice>& working() const { return m_working; }
+    int screens() const { return m_screens; } ///< that it is painted for
+
+Q_SIGNALS:
+    void workingChanged();
+    void settled(); ///< the screens show what was asked for, or never will
+    void added(const QString& first); ///< its path
+
+private:
+    struct Order;
+    struct Round;
+
+    static void start(const std::shared_ptr<Round>& round, const WallpaperChoice& wallpaper, const QString& screen);
+    static void carryOut(
+        const std::shared_ptr<Round>& round, const Order& order, const DesktopWallpaper::Memory& memory);
+    static void settle(const std::shared_ptr<Round>& round, int number);
+    void begin(const WallpaperChoice& wallpaper, int screens);
+    void end();
+    void showWorking(const std::optional<WallpaperChoice>& wallpaper);
+    void takeOn(const PictureFiles::Sorted& sorted);
+
+    WindowContext m_with;
+    PictureFiles& m_files;
+    std::shared_ptr<Round> m_round;
+    std::optional<WallpaperChoice> m_working;
+    int m_screens = 1;
+    double m_shownSince = 0; // seconds
+    Ticket m_delay;
+};
+
+} // namespace ambrelle
