@@ -161,5 +161,40 @@
         <source>It isn't a Ambrelle theme file, or it was made by a newer version.</source>
         <translation>It isn't an Ambrelle theme file, or it was made by a newer version.</translation>
     </message>
+    <message numerus="yes">
+        <source>%n pictures</source>
+        <translation>
+            <numerusform>%n picture</numerusform>
+            <numerusform>%n pictures</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n wallpapers, painted for your screens</source>
+        <translation>
+            <numerusform>%n wallpaper, painted for your screens</numerusform>
+            <numerusform>%n wallpapers, painted for your screens</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Painting for %n screens…</source>
+        <translation>
+            <numerusform>Painting…</numerusform>
+            <numerusform>Painting for %n screens…</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pictures added</source>
+        <translation>
+            <numerusform>%n picture added</numerusform>
+            <numerusform>%n pictures added</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files aren't pictures</source>
+        <translation>
+            <numerusform>%n file isn't a picture</numerusform>
+            <numerusform>%n files aren't pictures</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>
