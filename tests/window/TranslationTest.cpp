@@ -34,7 +34,7 @@ protected:
     WindowDesk home{store};
     Desk& desk = home.desk;
     QuickMenu& quick = home.quick;
-    QStringList data{u"VU"_s, u"Ambrelle"_s}; ///< words that are no texts of the program
+    QStringList data{u"VU"_s, u"Ambrelle"_s, u"DP"_s, u"span"_s, u"br"_s}; ///< words that are no texts of the program
 
     TranslationTest()
     {

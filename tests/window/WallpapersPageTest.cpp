@@ -113,7 +113,7 @@ TEST_F(WallpapersPageTest, OfTwoClicksTheLaterOneWins)
     desk().clock.advance(std::chrono::milliseconds(1));
     EXPECT_EQ(card(Skin::neon).state, Card::State::idle);
     EXPECT_EQ(card(Skin::paper).state, Card::State::working);
-    EXPECT_EQ(card(Skin::paper).notice, u"Painting for 1 screens…") << "in the words of the source";
+    EXPECT_EQ(card(Skin::paper).notice, u"Painting…");
     ASSERT_TRUE(waitUntil([this] {
         desk().picture.answer();
         return desk().wallpaper.currentSkin() == Skin::paper;
@@ -191,7 +191,7 @@ TEST_F(WallpapersPageTest, AddsPicturesInFrontAndTakesThemOff)
     EXPECT_EQ(own(), QStringList({first, old}));
     EXPECT_EQ(model().wallpaper(view->currentIndex()), WallpaperChoice(Custom{first})) << "seen, in another section";
     home.undo.dismiss();
-    EXPECT_EQ(home.undo.text(), u"1 pictures added");
+    EXPECT_EQ(home.undo.text(), u"1 picture added");
     home.undo.undo();
     EXPECT_EQ(own(), QStringList{old});
 

@@ -136,7 +136,7 @@ QList<WallpapersModel::Row> WallpapersModel::rowsOf(const WallpaperShelf& shelf)
 
 bool WallpapersModel::hasHitsElsewhere() const
 {
-    return m_shelf.scope != WallpapersScope::all
+    return m_shelf.scope != WallpapersScope::all && !m_shelf.search.simplified().isEmpty()
         && std::ranges::any_of(wallpaperSections,
             [this](WallpapersScope section) { return section != m_shelf.scope && !found(m_shelf, section).isEmpty(); });
 }
