@@ -1,0 +1,192 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""The Wallpapers tab of the whole program, with a real pointer and the root window's picture: wallpapers_tab_test.py PROGRAM.
+
+A click sets a wallpaper, of two quick ones the second; pictures are added and taken off again, and stay on the disk; where
+nothing can be written, the bar says so and the old picture stays; the user's own picture comes back.
+"""
+import subprocess
+import sys
+import time
+
+import dbus
+
+try:
+    import gi
+    gi.require_version("Atspi", "2.0")
+    from gi.repository import Atspi, GLib
+    from Xlib import X, Xatom, display
+except (ImportError, ValueError):
+    print("skipped: gir1.2-atspi-2.0 or python3-xlib is not installed")
+    sys.exit(77)
+
+from program import PROGRAM, Session, active_window, pointer, wait_for
+
+OWN = 0x336699  # colour of the picture that the user had
+ON_DESKTOP = "On your desktop"
+
+
+def everything(item):
+    while GLib.MainContext.default().iteration(False):
+        pass
+    for index in range(item.get_child_count()):
+        if child := item.get_child_at_index(index):
+            yield child
+            yield from everything(child)
+
+
+def find(role, name):
+    """What is shown of that role and name, or nothing."""
+    for program in (Atspi.get_desktop(0).get_child_at_index(index) for index in range(Atspi.get_desktop(0).get_child_count())):
+        if program and program.get_name() == "ambrelle":
+            for item in everything(program):
+                try:
+                    if item.get_role() == role and item.get_name() == name and item.get_state_set().contains(Atspi.StateType.SHOWING):
+                        return item
+                except GLib.Error:
+                    continue  # it has gone
+    return None
+
+
+def shown(role, name):
+    return wait_for(name, lambda: find(role, name))
+
+
+def click(role, name):
+    area = Atspi.Component.get_extents(shown(role, name), Atspi.CoordType.SCREEN)
+    pointer("mousemove", str(area.x + area.width // 2), str(area.y + area.height // 3), "click", "1")
+
+
+def card(name):
+    return find(Atspi.Role.LIST_ITEM, name)
+
+
+def set_by_click(name):
+    click(Atspi.Role.LIST_ITEM, name)
+
+
+def on_desktop(name):
+    item = card(name)
+    return item and ON_DESKTOP in item.get_description()
+
+
+def bar(text):
+    return find(Atspi.Role.LABEL, text)
+
+
+class Root:
+    """What other programs see of the desktop's picture."""
+
+    def __init__(self):
+        self.display = display.Display()
+        self.window = self.display.screen().root
+        size = self.window.get_geometry()
+        self.points = [(size.width * x // 8, size.height * y // 8) for x in range(1, 8) for y in range(1, 8)]
+
+    def pixels(self):
+        told = self.window.get_full_property(self.display.intern_atom("_XROOTPMAP_ID"), X.AnyPropertyType)
+        if not told:
+            return None
+        picture = self.display.create_resource_object("pixmap", told.value[0])
+        return [picture.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFFFF).data[:3][::-1] for x, y in self.points]
+
+    def shows(self, file):
+        """Whether it is what is in the file, a picture as large as the screen."""
+        size = self.window.get_geometry()
+        raw = subprocess.run(["convert", str(file), "-depth", "8", "rgb:-"], check=True, capture_output=True).stdout
+        wanted = [raw[3 * (y * size.width + x):][:3] for x, y in self.points]
+        pixels = self.pixels()
+        return pixels and all(abs(a - b) <= 1 for one, other in zip(pixels, wanted) for a, b in zip(one, other))
+
+
+def fill_root(colour):
+    """As programs that set a desktop's picture do: they leave it behind when they end."""
+    setter = display.Display()
+    setter.set_close_down_mode(X.RetainPermanent)
+    window = setter.screen().root
+    size = window.get_geometry()
+    picture = window.create_pixmap(size.width, size.height, size.depth)
+    picture.fill_rectangle(picture.create_gc(foreground=colour), 0, 0, size.width, size.height)
+    for name in ("_XROOTPMAP_ID", "ESETROOT_PMAP_ID"):
+        window.change_property(setter.intern_atom(name), Xatom.PIXMAP, 32, [picture.id])
+    window.change_attributes(background_pixmap=picture)
+    window.clear_area()
+    setter.close()
+
+
+def current(session):
+    return session.stored().get("desktopPicture.current", "")
+
+
+def switch_on():
+    dbus.SessionBus().start_service_by_name("org.a11y.Bus")
+    status = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
+    status.Set("org.a11y.Status", "IsEnabled", True, dbus_interface=dbus.PROPERTIES_IFACE)
+
+
+switch_on()
+session = Session({"hasLaunchedBefore": True, "animations": False, "widgets.v2": [
+    {"kind": "cpu", "skin": "glass", "origin": [5, 5]}]})
+fill_root(OWN)
+root = Root()
+session.start()
+wait_for("widget", session.panels)
+subprocess.run([PROGRAM], env=session.env, check=True)
+wait_for("main window", active_window)
+pointer("key", "ctrl+3")
+click(Atspi.Role.RADIO_BUTTON, "Wallpapers: Themes")
+wait_for("only the themes", lambda: not find(Atspi.Role.LIST_ITEM, "Drop pictures here"))
+
+set_by_click("Neon")
+wait_for("pill on Neon", lambda: on_desktop("Neon"))
+wait_for("bar", lambda: bar("Wallpaper set to Neon"))
+assert "neon" in current(session), current(session)
+wait_for("Neon on the root window", lambda: root.shows(current(session)))
+
+set_by_click("Paper")
+set_by_click("Bauhaus")
+wait_for("pill on Bauhaus", lambda: on_desktop("Bauhaus"))
+time.sleep(2)  # long enough for the other one to come late
+assert on_desktop("Bauhaus") and not on_desktop("Paper") and not on_desktop("Neon")
+assert "bauhaus" in current(session) and root.shows(current(session))
+
+folder = session.home / "data/ambrelle/Wallpapers"
+assert folder.is_dir()
+folder.rename(folder.parent / "away")
+folder.write_text("in the way")
+before = root.pixels()
+set_by_click("Neon")
+again = shown(Atspi.Role.PUSH_BUTTON, "Try Again")
+assert root.pixels() == before and on_desktop("Bauhaus") and not on_desktop("Neon")
+folder.unlink()
+(folder.parent / "away").rename(folder)
+Atspi.Action.do_action(again, 0)
+wait_for("pill on Neon again", lambda: on_desktop("Neon"))
+
+pictures = [session.home / "lake.png", session.home / "two words.png"]
+for picture, colour in zip(pictures, ("#104070", "#701040")):
+    subprocess.run(["convert", "-size", "64x40", f"xc:{colour}", str(picture)], check=True)
+click(Atspi.Role.PUSH_BUTTON, "Add Pictures…")
+wait_for("chooser", lambda: find(Atspi.Role.PUSH_BUTTON, "Add"))
+pointer("type", "--delay", "20", " ".join(f'"{picture}"' for picture in pictures))
+pointer("key", "Return")
+wait_for("both in the store", lambda: set(session.stored().get("customWallpapers", [])) == set(map(str, pictures)))
+wait_for("both in the grid", lambda: card("lake.png") and card("two words.png"))
+set_by_click("lake.png")
+wait_for("pill on the own picture", lambda: on_desktop("lake.png"))
+wait_for("own picture on the root window", lambda: root.pixels() and root.pixels()[0] == bytes((0x10, 0x40, 0x70)))
+set_by_click("two words.png")
+wait_for("pill on the other", lambda: on_desktop("two words.png"))
+pointer("key", "Delete")
+wait_for("one less", lambda: session.stored().get("customWallpapers") == [str(pictures[0])])
+assert pictures[1].exists()
+pointer("key", "ctrl+z")
+wait_for("it again", lambda: len(session.stored().get("customWallpapers")) == 2)
+
+click(Atspi.Role.PUSH_BUTTON, "Bring Back My Picture")
+wait_for("bar about it", lambda: bar("Your own picture is back"))
+wait_for("no button for it", lambda: not find(Atspi.Role.PUSH_BUTTON, "Bring Back My Picture"))
+wait_for("it on the root window", lambda: root.pixels() and set(root.pixels()) == {OWN.to_bytes(3, "big")})
+
+session.end()
+print("wallpapers set, added, taken off and given back")
