@@ -151,6 +151,17 @@ void DesktopSnapshots::release()
         m_world.reset();
 }
 
+Ticket DesktopSnapshots::borrowSamples(std::function<void(const SampleWorld&)> done)
+{
+    m_isReleased = false;
+    auto kept = std::make_shared<std::function<void(const SampleWorld&)>>(std::move(done));
+    awaitWorld([this, kept] {
+        if (const auto lend = *kept)
+            lend(*m_world);
+    });
+    return Ticket([kept] { *kept = nullptr; });
+}
+
 void DesktopSnapshots::enqueue(Job job)
 {
     m_isReleased = false;
@@ -188,17 +199,8 @@ void DesktopSnapshots::drain()
 // What is read and decided is done here, what takes long elsewhere: the faces draw from values.
 void DesktopSnapshots::paint()
 {
-    if (!m_world) {
-        const auto photo = [make = m_with.samplePhoto] {
-            yieldToOthers();
-            return PictureDecoder::covering(make(), mostOfPhoto);
-        };
-        m_worker.run(photo, [this](const QImage& image) {
-            makeWorld(image);
-            paint();
-        });
-        return;
-    }
+    if (!m_world)
+        return awaitWorld([this] { paint(); });
     const auto work = [canvas = canvasOf(m_working->wish), wallpaper = m_with.wallpaper, size = m_working->pixels,
                           url = urlOf(m_working->wish), isKept = !m_working->done] {
         yieldToOthers();
@@ -206,6 +208,27 @@ void DesktopSnapshots::paint()
         return isKept ? Made{{}, packedAt(url, image)} : Made{image};
     };
     m_worker.run(work, [this](const Made& made) { finish(made); });
+}
+
+void DesktopSnapshots::awaitWorld(std::function<void()> then)
+{
+    if (m_world)
+        return then();
+    m_awaitingWorld.append(std::move(then));
+    if (m_awaitingWorld.size() > 1)
+        return;
+    const auto photo = [make = m_with.samplePhoto] {
+        yieldToOthers();
+        return PictureDecoder::covering(make(), mostOfPhoto);
+    };
+    m_worker.run(photo, [this](const QImage& image) {
+        if (!m_world)
+            makeWorld(image);
+        for (const auto& each : std::exchange(m_awaitingWorld, {}))
+            each();
+        if (m_isReleased && !m_working)
+            m_world.reset();
+    });
 }
 
 void DesktopSnapshots::makeWorld(const QImage& photo)

@@ -61,6 +61,9 @@ public:
     /// The desktop in exactly that many pixels, which nobody keeps: `done` gets it later, null when it failed. It takes
     /// its place in the queue; without the ticket it is not told, and not made unless it has begun.
     [[nodiscard]] Ticket draw(const Wish& wish, const QSize& pixels, std::function<void(const QImage& image)> done);
+    /// Calls `done` with what pictures of widgets show, at once or later; without the ticket it is not called. The
+    /// samples last no longer than the call.
+    [[nodiscard]] Ticket borrowSamples(std::function<void(const SampleWorld& samples)> done);
     /// Every skin's miniature, on this thread, in the order of the catalogue.
     void renderPresetsNow();
     /// Forgets the samples, what is on the disk, failures, and what has not begun.
@@ -84,6 +87,7 @@ private:
 
     QString urlOf(const Wish& wish) const;
     DesktopCanvas canvasOf(const Wish& wish) const;
+    void awaitWorld(std::function<void()> then);
     void makeWorld(const QImage& photo);
     void enqueue(Job job);
     void drain();
@@ -97,7 +101,8 @@ private:
     QSet<QString> m_failed;
     QList<Job> m_queued;
     std::optional<Job> m_working;
-    std::unique_ptr<SampleWorld> m_world; // from the first picture that must be drawn
+    std::unique_ptr<SampleWorld> m_world; // from the first time that it is needed
+    QList<std::function<void()>> m_awaitingWorld;
     bool m_isReleased = false;
     SerialWorker m_worker{*this, SerialWorker::endless}; // a picture is soon done
 };
