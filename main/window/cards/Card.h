@@ -36,6 +36,7 @@ struct Card {
     QString primarySymbol;
     QString primaryTip;
     bool hasMenu = true;
+    bool menuBadge = true; ///< a badge opens the menu, too
     bool usable = true; ///< a click does something; `toolTip` says why not
     bool renames = false;
     QString toolTip;

@@ -59,7 +59,7 @@ CardParts CardDelegate::parts(const Card& card, const QRectF& cell, bool rightTo
     extents.dots = static_cast<int>(card.dots.size());
     extents.pill = width(m_fonts.pill, card.pill);
     if (card.state == Card::State::idle || card.state == Card::State::failed) {
-        extents.menu = card.hasMenu;
+        extents.menu = card.hasMenu && card.menuBadge;
         if (card.usable)
             extents.primary = !card.primary.isEmpty() ? width(m_fonts.title, card.primary)
                 : card.primarySymbol.isEmpty()        ? 0
