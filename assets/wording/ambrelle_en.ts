@@ -144,6 +144,20 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>%n widgets</source>
+        <translation>
+            <numerusform>%n widget</numerusform>
+            <numerusform>%n widgets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n widgets removed</source>
+        <translation>
+            <numerusform>%n widget removed</numerusform>
+            <numerusform>%n widgets removed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>Remove all %n widgets?</source>
         <translation>
             <numerusform>Remove the widget?</numerusform>

@@ -2,21 +2,56 @@
 
 #pragma once
 
+#include "foundation/Ticket.h"
 #include "window/frame/Page.h"
 #include "window/frame/WindowContext.h"
+#include "window/widgets/DesktopEdits.h"
+#include "window/widgets/WidgetsModel.h"
 
 namespace ambrelle {
 
+class Button;
+class CardView;
+class DesktopPane;
+class EmptyNote;
+class FaceTiles;
+class WidgetDrag;
+class WidgetsScope;
+
+/// The gallery of widgets to add, beside the list of those on the desktop; in a narrow window one of the two.
 class WidgetsPage final : public Page {
 public:
     explicit WidgetsPage(const WindowContext& context);
 
     void takeFocus(bool first) override;
     void openFirst() override;
+    bool leave() override;
     QList<QWidget*> areas() override;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void connectGallery();
+    void showModel();
+    void showSkin();
+    void arrange();
+    void add(WidgetKind kind, std::optional<QPointF> centre = std::nullopt);
+    void openMenu(WidgetKind kind, const QPoint& place);
+    void pull(const QModelIndex& index);
+
     WindowContext m_with;
+    DesktopEdits m_edits;
+    WidgetsModel m_model;
+    WidgetsScope* m_scope;
+    QWidget* m_gallery;
+    CardView* m_view;
+    EmptyNote* m_nothing;
+    Button* m_searchAll;
+    DesktopPane* m_pane;
+    FaceTiles* m_tiles;
+    WidgetDrag* m_drag;
+    Ticket m_badge;
 };
 
 } // namespace ambrelle
