@@ -24,7 +24,7 @@ namespace {
 
 constexpr int keptLayers = 2 * 1024; // kilobytes
 
-std::optional<WidgetKind> kindOf(const QModelIndex& index)
+std::optional<WidgetKind> kindOnCard(const QModelIndex& index)
 {
     return parse<WidgetKind>(cardAt(index).picture);
 }
@@ -55,7 +55,7 @@ bool FaceTiles::isActive() const
 bool FaceTiles::isSeen(WidgetKind kind) const
 {
     return std::ranges::any_of(m_wanted, [&](const QPersistentModelIndex& index) {
-        return kindOf(index) == kind && m_view.visualRect(index).intersects(m_view.viewport()->rect());
+        return kindOnCard(index) == kind && m_view.visualRect(index).intersects(m_view.viewport()->rect());
     });
 }
 
@@ -115,7 +115,7 @@ void FaceTiles::borrowSamples()
 
 QPixmap FaceTiles::picture(const QModelIndex& index, QSize devicePixels)
 {
-    const std::optional<WidgetKind> kind = kindOf(index);
+    const std::optional<WidgetKind> kind = kindOnCard(index);
     if (!kind)
         return {};
     const QPixmap& pixmap = m_shown[*kind].pixmap;
@@ -138,7 +138,7 @@ void FaceTiles::markStale(const WidgetKinds& kinds)
 {
     m_stale |= kinds;
     if (isActive() && std::ranges::any_of(m_wanted, [&](const QPersistentModelIndex& index) {
-            const std::optional<WidgetKind> kind = kindOf(index);
+            const std::optional<WidgetKind> kind = kindOnCard(index);
             return kind && contains(kinds, *kind);
         }))
         refreshSoon();
@@ -150,7 +150,7 @@ void FaceTiles::refreshSoon()
     if (!isActive() || m_isRefreshing)
         return;
     const bool isOnlyData = std::ranges::all_of(m_wanted, [&](const QPersistentModelIndex& index) {
-        const std::optional<WidgetKind> kind = kindOf(index);
+        const std::optional<WidgetKind> kind = kindOnCard(index);
         return !kind || !looksOutdated(*kind);
     });
     const auto age = std::chrono::milliseconds(qRound((m_with.clock.elapsed() - m_refreshed) * 1000));
@@ -177,7 +177,7 @@ void FaceTiles::refresh()
     m_refreshed = m_with.clock.elapsed();
     borrowSamples();
     for (const QPersistentModelIndex& index : std::as_const(m_wanted)) {
-        const std::optional<WidgetKind> kind = kindOf(index);
+        const std::optional<WidgetKind> kind = kindOnCard(index);
         if (!kind || m_due.contains(*kind) || m_drawing == kind)
             continue;
         const Shown& shown = m_shown[*kind];
