@@ -225,6 +225,30 @@ TEST_F(DesktopSnapshotsTest, ExactPicturesAreToldToThoseWhoStillWait)
     EXPECT_EQ(sizes, (QList<QSize>{{500, 312}}));
 }
 
+TEST_F(DesktopSnapshotsTest, OneWorldOfSamplesIsLentToAllWhoStillWait)
+{
+    DesktopSnapshots snapshots(with());
+    QStringList lent;
+    const auto note = [&lent](const QString& name) {
+        return [&lent, name](const SampleWorld& world) {
+            EXPECT_FALSE(noticeOf(world.readingFor(WidgetConfig(WidgetKind::weather, Skin::mono), false)));
+            lent += name;
+        };
+    };
+    const Ticket first = snapshots.borrowSamples(note(u"first"_s));
+    Ticket gone = snapshots.borrowSamples(note(u"gone"_s));
+    gone.reset();
+    made(snapshots, Skin::mono);
+    EXPECT_EQ(lent, QStringList{u"first"_s});
+    const Ticket atOnce = snapshots.borrowSamples(note(u"at once"_s));
+    EXPECT_EQ(lent.last(), u"at once"_s);
+    EXPECT_TRUE(m_worlds == 1 && m_photos == 1);
+    snapshots.release();
+    const Ticket afterwards = snapshots.borrowSamples(note(u"afterwards"_s));
+    EXPECT_TRUE(waitUntil([&] { return lent.last() == u"afterwards"_s; }));
+    EXPECT_EQ(m_worlds, 2) << "nothing of the first one was kept";
+}
+
 TEST_F(DesktopSnapshotsTest, AFailureDoesNotHoldUpTheOthers)
 {
     // There is no memory for such a picture; its recipe is never asked.

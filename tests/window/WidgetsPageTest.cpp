@@ -224,6 +224,22 @@ TEST_F(WidgetsPageTest, GivesAllWidgetsTheSkinOfNewOnesAndTheirOwnBack)
     EXPECT_EQ(desk.stored(), before);
 }
 
+TEST_F(WidgetsPageTest, ShowsSamplesOfWhatNobodyMeasures)
+{
+    open();
+    const auto* tiles = window->findChild<FaceTiles*>();
+    const auto reading = [&](WidgetKind kind) { return tiles->reading(kind); };
+    ASSERT_TRUE(waitUntil([&] { return reading(WidgetKind::weather) != nullptr; }));
+    for (const WidgetKind kind : allCases<WidgetKind>()) {
+        ASSERT_TRUE(reading(kind)) << title(kind).toStdString();
+        EXPECT_FALSE(noticeOf(*reading(kind))) << title(kind).toStdString();
+    }
+    EXPECT_EQ(std::get<ClockReading>(*reading(WidgetKind::clock)).time(), u"10:00"_s) << "that needs no sample";
+    EXPECT_NE(std::get<ActivityReading>(*reading(WidgetKind::activity)).active,
+        std::get<ActivityReading>(desk.feed.readingFor(WidgetConfig(WidgetKind::activity, Skin::glass))).active);
+    EXPECT_FALSE(std::get<SkyReading>(*reading(WidgetKind::sky)).sunrise.isEmpty());
+}
+
 TEST_F(WidgetsPageTest, ShowsHalfOfItselfWhereItIsNarrowAndSaysWhatWasNotFound)
 {
     open();
