@@ -94,8 +94,8 @@ void DesktopRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     write(widget.title, TextRole::name, chosen ? colours.onAccent : colours.text);
     write(widget.caption, TextRole::caption, symbolInk);
     if (option.state.testFlag(QStyle::State_HasFocus) && FocusRing::shared().isShown()) {
-        const double line = look.ringWidth();
-        WindowStyle::drawRing(*painter, plate.adjusted(line, line, -line, -line), plateCorner - line,
+        const double inset = look.ringWidth() + (chosen ? 2 : 0);
+        WindowStyle::drawRing(*painter, plate.adjusted(inset, inset, -inset, -inset), plateCorner - inset,
             chosen ? colours.onAccent : colours.accent);
     }
     painter->restore();
