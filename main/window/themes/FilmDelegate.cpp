@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+
+#include "window/themes/FilmDelegate.h"
+
+#include "drawing/Colours.h"
+#include "window/cards/PictureShelf.h"
+#include "window/cards/ShelfPictures.h"
+#include "window/look/AppLook.h"
+#include "window/look/FocusRing.h"
+
+#include <QAbstractItemView>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr int frameWidth = 98;
+constexpr int frameHeight = 61;
+constexpr int frameGap = 12; // from one to the next
+constexpr int frameLead = 6; // above a picture
+constexpr int nameGap = 7; // below it, the ring's room included
+constexpr double frameCorner = 6;
+constexpr double ringDistance = 2;
+constexpr double currentRing = 3; // wide
+constexpr double restingRing = 2;
+constexpr double frameLine = 0.12;
+constexpr double pointedFrameLine = 0.24;
+
+int nameLine()
+{
+    return std::max(AppLook::shared().scaled(16), QFontMetrics(AppLook::shared().font(TextRole::caption)).height());
+}
+
+} // namespace
+
+FilmDelegate::FilmDelegate(PictureShelf& shelf, QAbstractItemView& view)
+    : QAbstractItemDelegate(&view)
+    , m_shelf(shelf)
+{
+}
+
+QSize FilmDelegate::cell()
+{
+    return {frameWidth + frameGap, frameLead + frameHeight + nameGap + nameLine() + frameLead};
+}
+
+int FilmDelegate::pictureMiddle()
+{
+    return frameLead + frameHeight / 2;
+}
+
+PictureOrder FilmDelegate::orderOf(const QModelIndex& index, double pixelRatio)
+{
+    const QSizeF size = QSizeF(frameWidth, frameHeight) * pixelRatio;
+    return {index.data(pictureKeyRole).value<PictureKey>(),
+        {static_cast<int>(size.width()), static_cast<int>(size.height())}, frameCorner * pixelRatio};
+}
+
+QSize FilmDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const
+{
+    return cell();
+}
+
+void FilmDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const AppColours& colours = AppLook::shared().colours();
+    const bool isCurrent = option.state.testFlag(QStyle::State_Selected);
+    const QRectF area(option.rect.left() + frameGap / 2, option.rect.top() + frameLead, frameWidth, frameHeight);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    paintPicture(*painter, area, index, option.state.testFlag(QStyle::State_MouseOver) ? pointedFrameLine : frameLine);
+    if (isCurrent) {
+        const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus) && FocusRing::shared().isShown();
+        const double width = hasFocus ? currentRing : restingRing;
+        const double distance = ringDistance + width / 2;
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(QPen(colours.accent, width));
+        painter->drawRoundedRect(
+            area.adjusted(-distance, -distance, distance, distance), frameCorner + distance, frameCorner + distance);
+    }
+    QFont font = AppLook::shared().font(TextRole::caption);
+    if (isCurrent)
+        font.setWeight(QFont::DemiBold);
+    painter->setFont(font);
+    painter->setPen(isCurrent ? colours.text : colours.soft);
+    const QRectF name(option.rect.left() + 2, area.bottom() + nameGap, option.rect.width() - 4, nameLine());
+    painter->drawText(name, Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine,
+        QFontMetricsF(font).elidedText(cardAt(index).title, Qt::ElideRight, name.width()));
+    painter->restore();
+}
+
+void FilmDelegate::paintPicture(QPainter& painter, const QRectF& area, const QModelIndex& index, double line) const
+{
+    const AppLook& look = AppLook::shared();
+    const double ratio = painter.device()->devicePixelRatioF();
+    const PictureOrder order = orderOf(index, ratio);
+    QPixmap picture = m_shelf.picture(order.key, order.pixels, order.corner);
+    if (picture.isNull())
+        picture = m_shelf.standIn(order.key);
+    if (picture.isNull()) {
+        const QColor ground = cardAt(index).ground;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(
+            ground.isValid() ? blended(look.colours().placeholder, ground, 0.5) : look.colours().placeholder);
+        painter.drawRoundedRect(area, frameCorner, frameCorner);
+    } else {
+        const QPointF corner = painter.deviceTransform().map(area.topLeft());
+        const QPointF whole(std::round(corner.x()), std::round(corner.y()));
+        painter.save();
+        painter.translate(area.topLeft() + (whole - corner) / ratio);
+        painter.scale(1 / ratio, 1 / ratio);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawPixmap(QRect(QPoint(), order.pixels), picture, picture.rect());
+        painter.restore();
+    }
+    const double width = ratio <= 1.75 ? 1 / ratio : 1;
+    const double half = width / 2;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(
+        QPen(faded(look.wishes().dark ? Qt::white : Qt::black, look.wishes().highContrast ? 0.6 : line), width));
+    painter.drawRoundedRect(area.adjusted(half, half, -half, -half), frameCorner - half, frameCorner - half);
+}
+
+} // namespace ambrelle
