@@ -10,6 +10,7 @@
 #include "window/look/Button.h"
 #include "window/look/EmptyState.h"
 #include "window/themes/ThemeActions.h"
+#include "window/themes/ThemePage.h"
 #include "window/themes/ThemesScope.h"
 #include "window/themes/Welcome.h"
 
@@ -29,9 +30,11 @@ ThemesPage::ThemesPage(const WindowContext& context)
     , m_grid(new CardView)
     , m_empty(new EmptyState)
     , m_overview(makeOverview())
+    , m_page(new ThemePage(context, m_themes))
     , m_pages(new QStackedLayout(this))
 {
     m_pages->addWidget(m_overview);
+    m_pages->addWidget(m_page);
     connect(m_scope, &ThemesScope::importWanted, this, [this] { m_files.import(); });
     connectGrid();
     makeKeys();
@@ -110,10 +113,10 @@ void ThemesPage::showModel()
 {
     showWelcome();
     const bool open = m_with.model.isThemeOpen();
-    m_pages->setCurrentWidget(m_overview);
+    m_pages->setCurrentWidget(open ? static_cast<QWidget*>(m_page) : m_overview);
     showChosen();
     showEmptyState();
-    if (m_wasOpen && !open && isVisible())
+    if (m_wasOpen != open && isVisible())
         takeFocus(false);
     m_wasOpen = open;
 }
@@ -185,6 +188,10 @@ void ThemesPage::showEmptyState()
 
 void ThemesPage::takeFocus(bool first)
 {
+    if (m_with.model.isThemeOpen()) {
+        m_page->takeFocus();
+        return;
+    }
     if (m_empty->isVisibleTo(this)) {
         m_empty->setFocus(Qt::ShortcutFocusReason);
         return;
@@ -204,7 +211,7 @@ void ThemesPage::openFirst()
 
 QList<QWidget*> ThemesPage::areas()
 {
-    return {m_scope, m_grid, m_empty};
+    return m_with.model.isThemeOpen() ? m_page->areas() : QList<QWidget*>{m_scope, m_grid, m_empty};
 }
 
 void ThemesPage::openMenu(const QModelIndex& index, const QPoint& globalPosition)

@@ -13,6 +13,7 @@ namespace ambrelle {
 struct ActionItem;
 class CardView;
 class EmptyState;
+class ThemePage;
 class ThemesScope;
 class Welcome;
 
@@ -50,6 +51,7 @@ private:
     EmptyState* m_empty;
     QWidget* m_overview;
     Welcome* m_welcome = nullptr; ///< in the grid
+    ThemePage* m_page; ///< of the one that is open
     QStackedLayout* m_pages;
     QString m_emptiness; ///< what the empty state is about
     bool m_isChanging = false; ///< the list, which chooses nothing
