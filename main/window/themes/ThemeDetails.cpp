@@ -108,6 +108,9 @@ void ThemeDetails::setScreens(const QList<ScreenInfo>& screens)
     std::ranges::transform(screens, std::back_inserter(m_screens), &ScreenInfo::id);
     const QSignalBlocker quiet(m_target);
     m_target->clear();
+    m_targetPart->setVisible(screens.size() > 1);
+    if (screens.size() < 2)
+        return;
     m_target->addItem(symbolIcon(u"desktopcomputer"_s), Wording::tr("Main screen"));
     m_target->addItem(symbolIcon(u"display.2"_s), Wording::tr("Every screen"));
     for (const QString& name : screenNames(screens))
@@ -116,7 +119,6 @@ void ThemeDetails::setScreens(const QList<ScreenInfo>& screens)
     m_target->setCurrentIndex(before.kind == ThemeTarget::Kind::every ? everyScreen
             : chosen >= 0                                             ? static_cast<int>(firstScreen + chosen)
                                                                       : mainScreen);
-    m_targetPart->setVisible(screens.size() > 1);
 }
 
 ThemeTarget ThemeDetails::target() const
