@@ -153,6 +153,10 @@ TEST_F(ThemePageTest, KeepsTheCurrentOneInTheMiddleOfTheStrip)
     page->resize(800, 504);
     QCoreApplication::processEvents();
     EXPECT_LE(offCentre(), 1);
+    page->setLayoutDirection(Qt::RightToLeft);
+    home.model.openTheme(Skin::chalk);
+    QCoreApplication::processEvents();
+    EXPECT_LE(offCentre(), 1);
 }
 
 TEST_F(ThemePageTest, LeadsToTheCounterpartThoughTheGridHidesIt)

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int chevronSide = 32;
-constexpr int chevronGap = 12; // to the pictures
+constexpr int chevronGap = 6; // to the pictures
 
 } // namespace
 
@@ -76,7 +76,7 @@ void FilmView::centre()
         return;
     QScrollBar& bar = *horizontalScrollBar();
     const int offset = currentIndex().row() * cellWidth() - (viewport()->width() - cellWidth()) / 2;
-    bar.setValue(isRightToLeft() ? bar.maximum() - offset : offset);
+    bar.setValue(offset); // in reading order
 }
 
 void FilmView::updateGeometries()
@@ -206,7 +206,8 @@ void Filmstrip::changeEvent(QEvent* event)
 void Filmstrip::arrange()
 {
     const int room = (width() - 2 * (chevronSide + chevronGap)) / FilmView::cellWidth(); // for whole ones
-    const int wide = std::clamp(m_cards.rowCount(), 1, std::max(1, room)) * FilmView::cellWidth();
+    const int most = std::max(1, room % 2 == 0 ? room - 1 : room); // with one in the middle
+    const int wide = std::clamp(m_cards.rowCount(), 1, most) * FilmView::cellWidth();
     const auto place = [this](QWidget& widget, const QRect& area) {
         widget.setGeometry(QStyle::visualRect(layoutDirection(), rect(), area));
     };

@@ -18,7 +18,7 @@ namespace ambrelle {
 namespace {
 
 constexpr int buttonHeight = 38;
-constexpr int buttonSpacing = 8;
+constexpr int buttonSpacing = 7;
 constexpr int ringLead = 10; // before the words
 
 QString workingWords()

@@ -24,8 +24,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int partGap = 18;
-constexpr int partTitleGap = 8; // below the heading of a part
+constexpr int partGap = 14;
+constexpr int partTitleGap = 6; // below the heading of a part
 constexpr int mainScreen = 0; // entries of the list of screens, before each screen
 constexpr int everyScreen = 1;
 constexpr int firstScreen = 2;

@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int headGap = 8;
-constexpr int taglineGap = 4;
+constexpr int taglineGap = 3;
 
 } // namespace
 

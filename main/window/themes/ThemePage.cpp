@@ -35,7 +35,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int columnWidth = 304;
-constexpr int buttonsGap = 16; // above them
+constexpr int buttonsGap = 12; // above them
 
 std::optional<DesktopSnapshots::Desktop> desktopOf(const ThemeChoice& theme, const ThemeActions& actions)
 {
