@@ -31,6 +31,15 @@ QString contentsOf(const QString& name)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
+/// Paragraphs without the line breaks within them.
+QString unwrapped(const QString& text)
+{
+    QStringList paragraphs = text.split(u"\n\n"_s);
+    for (QString& paragraph : paragraphs)
+        paragraph = paragraph.simplified();
+    return paragraphs.join(u"\n\n"_s);
+}
+
 ProgramFacts programFacts()
 {
     const Information information = Information::read();
@@ -39,7 +48,7 @@ ProgramFacts programFacts()
         .wallpapers = UserFolders::wallpapers(),
         .settings = UserFolders::settings(),
         .previews = UserFolders::previews(),
-        .licence = [] { return contentsOf(u"LICENSE"_s); },
+        .licence = [] { return unwrapped(contentsOf(u"LICENSE"_s)); },
         .fonts = [] { return contentsOf(u"fonts.txt"_s).split(u'\n', Qt::SkipEmptyParts); }};
 }
 

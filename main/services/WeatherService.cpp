@@ -71,7 +71,7 @@ void WeatherService::start()
 {
     if (std::exchange(m_started, true))
         return;
-    Q_EMIT changed();
+    Q_EMIT progressed();
     connect(&m_location, &LocationSource::located, this, &WeatherService::located);
     connect(&m_location, &LocationSource::failed, this, &WeatherService::locationFailed);
     connect(&m_location, &LocationSource::changed, this, &WeatherService::authorizationChanged);
@@ -305,13 +305,13 @@ void WeatherService::setStatus(const QString& status)
 void WeatherService::setFailure(const QString& sentence)
 {
     if (std::exchange(m_failure, sentence) != sentence)
-        Q_EMIT changed();
+        Q_EMIT progressed();
 }
 
 void WeatherService::setAnswered(bool answered)
 {
     if (std::exchange(m_isAnswered, answered) != answered)
-        Q_EMIT changed();
+        Q_EMIT progressed();
 }
 
 void WeatherService::reportUnavailable(const QString& why)

@@ -54,7 +54,8 @@ public:
     const QString& failure() const { return m_failure; }
 
 Q_SIGNALS:
-    void changed(); ///< any of the values above
+    void changed(); ///< snapshot() or status() is another one
+    void progressed(); ///< isStarted(), isAnswered() or failure() is, which widgets do not show
 
 private:
     struct Place {

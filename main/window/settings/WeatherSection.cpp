@@ -54,6 +54,7 @@ WeatherSection::WeatherSection(AppSettings& values, const WeatherService& weathe
         settings().useFahrenheit, {{false, u"°C"_s}, {true, u"°F"_s}});
     addNote(new TextLabel(TextRole::caption, Wording::tr("Weather data by Open-Meteo.com")));
     connect(&m_weather, &WeatherService::changed, this, &WeatherSection::showStatus);
+    connect(&m_weather, &WeatherService::progressed, this, &WeatherSection::showStatus);
     follow(settings().weatherCity.key(), [this] { showStatus(); });
 }
 
