@@ -159,6 +159,19 @@ TEST_F(ThemePageTest, KeepsTheCurrentOneInTheMiddleOfTheStrip)
     EXPECT_LE(offCentre(), 1);
 }
 
+TEST_F(ThemePageTest, ShowsAllThatIsSaidWhereThereIsRoom)
+{
+    show(Skin::polar, {800, 504});
+    for (const Skin skin : {Skin::neon, Skin::overdrive, Skin::quest}) { // with more lines than the one before
+        home.model.openTheme(skin);
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+        const auto& details = *page->findChild<ThemeDetails*>();
+        EXPECT_EQ(details.height(), details.parentWidget()->height());
+        EXPECT_GE(details.height(), details.heightForWidth(details.width())) << qPrintable(name());
+    }
+}
+
 TEST_F(ThemePageTest, LeadsToTheCounterpartThoughTheGridHidesIt)
 {
     home.model.setThemesSection(ThemesSection::concept_);

@@ -20,6 +20,7 @@
 #include "window/themes/ThemesModel.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -70,6 +71,7 @@ ThemePage::ThemePage(const WindowContext& context, ThemesModel& themes, QWidget*
     m_scroll->setWidget(m_details);
     m_scroll->viewport()->setAutoFillBackground(false);
     m_details->setAutoFillBackground(false);
+    m_details->installEventFilter(this);
     makeKeys();
     follow();
     showTheme();
@@ -222,6 +224,15 @@ void ThemePage::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange)
         arrange();
+}
+
+bool ThemePage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) {
+        m_details->layout()->activate();
+        arrange(); // it wants another height
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void ThemePage::takeFocus()
