@@ -128,6 +128,13 @@ void ThemesPage::showWelcome()
     if (!m_welcome) {
         m_welcome = new Welcome(m_with);
         m_grid->setHeader(m_welcome);
+        QWidget* before = m_scope;
+        for (Button* button : m_welcome->findChildren<Button*>()) {
+            if (before != m_scope)
+                setTabOrder(before, button);
+            before = button;
+        }
+        setTabOrder(before, m_grid); // it stands above the grid
     } else {
         m_welcome->hide();
         m_welcome->deleteLater(); // it may be its own button that was pressed
