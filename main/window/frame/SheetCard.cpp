@@ -59,7 +59,7 @@ protected:
     }
 };
 
-Button::Kind kindOf(SheetButton::Role role)
+Button::Kind buttonKind(SheetButton::Role role)
 {
     switch (role) {
     case SheetButton::Role::action: return Button::Kind::primary;
@@ -162,7 +162,7 @@ void SheetCard::makeButtons(QBoxLayout& row)
     if (m_content.buttons.size() < 3)
         row.addStretch(1);
     for (const SheetButton& offered : m_content.buttons) {
-        auto* button = new Button(offered.title, kindOf(offered.role));
+        auto* button = new Button(offered.title, buttonKind(offered.role));
         row.addWidget(button);
         if (m_content.buttons.size() >= 3 && offered.role == SheetButton::Role::cancel)
             row.addStretch(1);
