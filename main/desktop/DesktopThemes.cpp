@@ -5,6 +5,7 @@
 #include "desktop/FittingSkin.h"
 #include "desktop/WidgetManager.h"
 #include "foundation/Wording.h"
+#include "model/AppSettings.h"
 #include "model/Composition.h"
 #include "placement/ScreenPlacement.h"
 #include "placement/ThemePlacement.h"

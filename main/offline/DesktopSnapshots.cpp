@@ -111,10 +111,10 @@ void DesktopSnapshots::drop(const QString& key)
         m_known.remove(key);
 }
 
-Ticket DesktopSnapshots::draw(const Wish& wish, const QSize& pixels, Done done)
+Ticket DesktopSnapshots::draw(const Wish& wish, const QSize& size, Done done)
 {
     auto kept = std::make_shared<Done>(std::move(done));
-    enqueue({wish, pixels, kept});
+    enqueue({wish, size, kept});
     return Ticket([kept] { *kept = nullptr; });
 }
 

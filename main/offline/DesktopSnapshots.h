@@ -60,7 +60,7 @@ public:
     bool hasFailed(const QString& key) const { return m_failed.contains(key); }
     /// The desktop in exactly that many pixels, which nobody keeps: `done` gets it later, null when it failed. It takes
     /// its place in the queue; without the ticket it is not told, and not made unless it has begun.
-    [[nodiscard]] Ticket draw(const Wish& wish, const QSize& pixels, std::function<void(const QImage& image)> done);
+    [[nodiscard]] Ticket draw(const Wish& wish, const QSize& size, std::function<void(const QImage& image)> done);
     /// Calls `done` with what pictures of widgets show, at once or later; without the ticket it is not called. The
     /// samples last no longer than the call.
     [[nodiscard]] Ticket borrowSamples(std::function<void(const SampleWorld& samples)> done);

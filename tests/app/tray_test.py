@@ -141,8 +141,7 @@ def without_tray():
     assert not main_window(session)
     assert subprocess.run([PROGRAM, "/tmp/gift.ambrelle"], env=session.env, timeout=PATIENCE).returncode == 0
     wait_for("main window of a second start", lambda: active_window() in map(int, main_window(session)))
-    pointer("key", "Escape")
-    wait_for("closed main window", lambda: not main_window(session))
+    press_until("Escape", "closed main window", lambda: not main_window(session))  # the file is told to be none before
     before = set(session.panels())
     x, y, width, height = min(before)
     hover(x + width // 2, y + height // 2)

@@ -27,12 +27,14 @@ ON_DESKTOP = "On your desktop"
 
 
 def everything(item):
+    """All that is below it, but for what lies in hidden pages."""
     while GLib.MainContext.default().iteration(False):
         pass
     for index in range(item.get_child_count()):
         if child := item.get_child_at_index(index):
             yield child
-            yield from everything(child)
+            if child.get_state_set().contains(Atspi.StateType.SHOWING):
+                yield from everything(child)
 
 
 def find(role, name):

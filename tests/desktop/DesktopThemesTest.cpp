@@ -28,9 +28,11 @@ struct DesktopThemesTest : DeskTest {
     static SavedTheme huge(int count)
     {
         SavedTheme theme;
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; ++i) {
+            const auto [row, column] = std::div(i, 40);
             theme.widgets.append({WidgetConfig(allCases<WidgetKind>()[static_cast<std::size_t>(i % 20)], Skin::glass),
-                (i % 40) / 50.0, (i / 40) / 50.0});
+                column / 50.0, row / 50.0});
+        }
         return theme;
     }
 };

@@ -24,7 +24,8 @@ QRectF pieceOf(const QSizeF& wallpaper, const QSizeF& tile, double scale, int pi
     size = size.boundedTo(wallpaper);
     const QSizeF rest = wallpaper - size;
     const double across = static_cast<double>(piece % piecesAcross) / (piecesAcross - 1);
-    const double down = std::min(1.0, static_cast<double>(piece / piecesAcross) / piecesAcross);
+    const int row = piece / piecesAcross;
+    const double down = std::min(1.0, static_cast<double>(row) / piecesAcross);
     return {QPointF(rest.width() * across, rest.height() * down), size};
 }
 

@@ -4,6 +4,8 @@
 
 #include "foundation/PlainFile.h"
 
+#include <QFile>
+
 #include <algorithm>
 
 namespace ambrelle {
