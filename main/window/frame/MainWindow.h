@@ -33,7 +33,6 @@ public:
 
     explicit MainWindow(const Parts& parts);
 
-    ToolBar& toolBar() { return *m_toolBar; }
     /// Theme files may be dropped on every tab.
     std::function<QString(const QStringList& files)> themeInvitation;
     std::function<void(const QStringList& files)> dropThemes;

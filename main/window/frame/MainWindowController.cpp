@@ -5,6 +5,8 @@
 #include "platform/WindowHost.h"
 #include "window/frame/MainWindow.h"
 
+#include <algorithm>
+
 namespace ambrelle {
 
 namespace {
@@ -29,7 +31,11 @@ MainWindowController::MainWindowController(const Collaborators& collaborators)
 {
 }
 
-MainWindowController::~MainWindowController() = default;
+MainWindowController::~MainWindowController()
+{
+    if (m_window)
+        noteSize();
+}
 
 bool MainWindowController::isVisible() const
 {
@@ -79,7 +85,10 @@ void MainWindowController::place()
     }
     m_window->setMinimumSize(least);
     m_window->resize(size);
-    if (model.position()) {
+    const auto showsPosition = [&](const ScreenInfo& each) {
+        return m_with.host.toolkitRect(each.frame).contains(QPointF(*model.position()));
+    };
+    if (model.position() && std::ranges::any_of(m_with.host.screens(), showsPosition)) { // else its screen has gone
         m_window->move(*model.position());
     } else if (screen) {
         QRectF frame({}, QSizeF(size));
@@ -88,14 +97,19 @@ void MainWindowController::place()
     }
 }
 
+void MainWindowController::noteSize()
+{
+    const bool maximized = m_window->isMaximized();
+    m_with.model.hidden((maximized ? m_window->normalGeometry() : m_window->geometry()).size(),
+        maximized ? m_window->normalGeometry().topLeft() : m_window->pos());
+}
+
 void MainWindowController::closed()
 {
     if (!m_window || m_window->isVisible()) // opened again meanwhile
         return;
-    const QRect place = m_window->isMaximized() ? m_window->normalGeometry() : m_window->geometry();
-    m_with.model.hidden(place.size(), m_window->pos());
+    noteSize();
     m_window.reset();
-    Q_EMIT hidden();
     m_forgetting = m_with.clock.after(memoryOfWindow, [this] { Q_EMIT forgotten(); });
 }
 

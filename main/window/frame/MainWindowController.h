@@ -36,11 +36,11 @@ public:
     void show(MainTab tab);
 
 Q_SIGNALS:
-    void hidden();
     void forgotten(); ///< the window has been closed for a minute: what it left behind may go
 
 private:
     void place();
+    void noteSize();
     void closed();
 
     Collaborators m_with;

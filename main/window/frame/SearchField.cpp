@@ -17,6 +17,7 @@ SearchField::SearchField(QWidget* parent)
 {
     addAction(symbolIcon(u"magnifyingglass"_s, AppLook::shared().colours().soft), LeadingPosition);
     setClearButtonEnabled(true);
+    setAcceptDrops(false); // files are for the window
     connect(this, &QLineEdit::textEdited, this, &SearchField::typed);
     // The clear button clears without anything being edited.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {

@@ -30,7 +30,6 @@ constexpr int wideWindow = 900; ///< from here on the tabs stand in the middle
 constexpr int foldedWindow = 760; ///< below it the search is a button
 constexpr int wideSearch = 212;
 constexpr int narrowSearch = 168;
-constexpr double newsDot = 7;
 
 QString symbolOf(MainTab tab)
 {
@@ -76,6 +75,7 @@ ToolBar::ToolBar(MainWindowModel& model, ActionMenu::Items more, QWidget* parent
     connect(m_back, &QPushButton::clicked, this, [this] { m_model.closeTheme(); });
     connect(m_openSearch, &QPushButton::clicked, this, &ToolBar::search);
     connect(m_more, &QPushButton::clicked, this, &ToolBar::openMenu);
+    connect(&m_menu, &QMenu::aboutToHide, m_more, [this] { m_more->setDown(false); });
     connect(
         m_search, &SearchField::typed, this, [this](const QString& text) { m_model.setSearch(m_model.tab(), text); });
     connect(m_search, &SearchField::leftDownwards, this, &ToolBar::leftDownwards);
@@ -109,15 +109,9 @@ void ToolBar::takeFocus()
 
 void ToolBar::search()
 {
-    foldSearch(false);
+    m_search->show(); // what is hidden takes no focus
     m_search->setFocus(Qt::ShortcutFocusReason);
     m_search->selectAll();
-}
-
-void ToolBar::foldSearch(bool fold)
-{
-    m_searchUnfolded = !fold;
-    arrange();
 }
 
 void ToolBar::openMenu()
@@ -126,20 +120,14 @@ void ToolBar::openMenu()
     m_more->setDown(true);
     m_menu.adjustSize();
     const int left = layoutDirection() == Qt::RightToLeft ? 0 : m_more->width() - m_menu.sizeHint().width();
-    m_menu.exec(m_more->mapToGlobal(QPoint(left, m_more->height() + barGap / 2)));
-    m_more->setDown(false);
-}
-
-void ToolBar::setNews(bool news)
-{
-    m_news = news;
-    update();
+    // Not exec(): the window may be closed, and be gone, before the menu is.
+    m_menu.popup(m_more->mapToGlobal(QPoint(left, m_more->height() + barGap / 2)));
 }
 
 bool ToolBar::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_search && event->type() == QEvent::FocusOut && m_search->text().isEmpty())
-        foldSearch(true);
+    if (watched == m_search && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
+        QMetaObject::invokeMethod(this, &ToolBar::arrange, Qt::QueuedConnection); // it has it, or not, only afterwards
     return QWidget::eventFilter(watched, event);
 }
 
@@ -156,7 +144,7 @@ void ToolBar::arrange()
     const int side = look.scaled(barControlHeight);
     const int margin = width() < wideWindow ? narrowMargin : wideMargin;
     const int top = (height() - side) / 2;
-    const bool folds = width() < foldedWindow && !m_searchUnfolded && m_model.search(m_model.tab()).isEmpty();
+    const bool folds = width() < foldedWindow && !m_search->hasFocus() && m_model.search(m_model.tab()).isEmpty();
     const auto place = [this](QWidget* widget, int x, int y, QSize size) {
         widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), {QPoint(x, y), size}));
     };
@@ -200,12 +188,6 @@ void ToolBar::paintEvent(QPaintEvent*)
     const AppColours& colours = AppLook::shared().colours();
     const double line = devicePixelRatioF() <= 1.75 ? 1 / devicePixelRatioF() : 1;
     painter.fillRect(QRectF(0, height() - line, width(), line), colours.hairline);
-    if (m_news) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colours.accent);
-        painter.drawEllipse(QPointF(m_more->geometry().right(), m_more->geometry().top()), newsDot / 2, newsDot / 2);
-    }
 }
 
 } // namespace ambrelle

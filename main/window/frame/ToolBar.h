@@ -23,8 +23,6 @@ public:
     void takeFocus(); ///< the chosen tab has it
     void search(); ///< the keyboard goes to the search
     void openMenu();
-    /// A dot at the menu says that it has news.
-    void setNews(bool news);
 
 Q_SIGNALS:
     void leftDownwards(); ///< from the search to what was found
@@ -39,7 +37,6 @@ private:
     void makeTabs();
     void showModel();
     void arrange();
-    void foldSearch(bool fold);
 
     MainWindowModel& m_model;
     ActionMenu m_menu;
@@ -48,8 +45,6 @@ private:
     Button* m_openSearch;
     SearchField* m_search;
     Button* m_more;
-    bool m_searchUnfolded = false; ///< over the tabs, in a narrow window
-    bool m_news = false;
 };
 
 } // namespace ambrelle

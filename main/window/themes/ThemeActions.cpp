@@ -44,6 +44,7 @@ ThemeActions::ThemeActions(const Collaborators& collaborators)
     , m_applied(collaborators.manager, collaborators.host)
     , m_work(collaborators.clock)
 {
+    connect(&m_work, &ThemeWork::changed, this, &ThemeActions::workingChanged);
     connect(
         &m_with.model, &MainWindowModel::filesHanded, this, [this] { importFiles(m_with.model.takeHandedFiles()); });
 }
@@ -238,8 +239,11 @@ void ThemeActions::finished(const Wish& wish, const Before& before, const QStrin
     const auto offer = [&](const Before& earlier) {
         m_with.undo.offer({wish.done, [this, earlier] { bringBack(earlier); }});
     };
-    if (error.isEmpty())
-        return offer(before);
+    if (error.isEmpty()) {
+        if (before.widgetsChanged || before.picture) // else nobody knows what showed
+            offer(before);
+        return;
+    }
     if (before.widgetsChanged) {
         Before earlier = before;
         earlier.picture.reset(); // that is the one which shows

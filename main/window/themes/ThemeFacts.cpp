@@ -27,7 +27,7 @@ ThemeFacts factsOf(const SavedTheme& theme)
     const QString date = mediumDate(theme.created.toLocalTime().date());
     ThemeFacts facts{.title = theme.name,
         .tagline = Wording::tr("Saved %1").arg(date),
-        .isLight = isLight(theme.wallpaper.value_or(theme.dominantSkin())),
+        .isLight = isLight(theme.dominantSkin()),
         .isSaved = true,
         .wallpaper = theme.wallpaper};
     for (const SavedWidget& widget : theme.widgets)

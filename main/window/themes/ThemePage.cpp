@@ -91,7 +91,11 @@ void ThemePage::makeKeys()
     };
     add(Qt::Key_Left, [this] { flick(isRightToLeft() ? 1 : -1); });
     add(Qt::Key_Right, [this] { flick(isRightToLeft() ? -1 : 1); });
-    add(Qt::CTRL | Qt::Key_Return, [this] { press(ThemeOperation::applyWithWallpaper); });
+    for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter})
+        add(Qt::CTRL | enter, [this] {
+            const bool hasWallpaper = m_shown && m_with.themeActions.wallpaperOf(*m_shown);
+            press(hasWallpaper ? ThemeOperation::applyWithWallpaper : ThemeOperation::applyKeepingWallpaper);
+        });
     add(Qt::Key_F2, ifSaved([this](const QUuid&) { m_details->head().rename(); }));
     add(Qt::Key_Delete, ifSaved([this](const QUuid& id) { m_with.themeActions.remove(id); }));
 }
@@ -264,7 +268,7 @@ void ThemePage::open(const ThemeChoice& theme)
 
 void ThemePage::press(ThemeOperation operation)
 {
-    if (!m_shown)
+    if (!m_shown || m_with.themeActions.working())
         return;
     const ThemeTarget target = m_details->target();
     if (operation == ThemeOperation::setWallpaper)

@@ -42,13 +42,12 @@ QList<QColor> dotsOf(Skin skin, const ThemeAccent& accents)
 {
     if (!supportsAccent(skin))
         return {};
-    QList<QColor> dots{accents.color(skin).value_or(originalAccent(skin))};
-    for (const AccentChoice& choice : accentChoices(skin)) {
-        const QColor colour = choice.color.value_or(originalAccent(skin));
-        if (!dots.contains(colour) && dots.size() < CardLayout::mostDots)
-            dots.append(colour);
-    }
-    return dots;
+    QStringList dots{hexText(accents.color(skin).value_or(originalAccent(skin)))}; // as it is stored: in eight bits
+    for (const AccentChoice& choice : accentChoices(skin))
+        dots.append(hexText(choice.color.value_or(originalAccent(skin))));
+    dots.removeDuplicates();
+    const QStringList shown = dots.first(std::min<qsizetype>(dots.size(), CardLayout::mostDots));
+    return {shown.begin(), shown.end()};
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "window/cards/CardShadow.h"
 #include "window/cards/PictureShelf.h"
 #include "window/frame/MainWindowModel.h"
+#include "window/frame/PreviousPicture.h"
 #include "window/frame/Undo.h"
 #include "window/look/Button.h"
 #include "window/look/ControlPainting.h"
@@ -173,10 +174,8 @@ void Welcome::makeActions(QHBoxLayout& row)
 void Welcome::giveBackPrevious()
 {
     const QPointer<Welcome> self(this);
-    m_with.wallpaper.giveBackPrevious([self, &undo = m_with.undo](const QString& error) {
-        if (!error.isEmpty())
-            return undo.fail(error);
-        if (self) {
+    bringBackPrevious(m_with, [self](const QString& error) {
+        if (self && error.isEmpty()) {
             self->m_gaveBack = true;
             self->showPrevious();
         }

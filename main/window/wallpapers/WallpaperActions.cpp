@@ -2,6 +2,8 @@
 
 #include "window/wallpapers/WallpaperActions.h"
 
+#include "window/frame/PreviousPicture.h"
+
 #include "foundation/Clock.h"
 #include "foundation/ForeignText.h"
 #include "foundation/Wording.h"
@@ -53,29 +55,6 @@ bool isShown(const DesktopWallpaper& wallpaper, const WallpaperChoice& choice, c
     if (const auto* extra = std::get_if<WallpaperShuffle::Extra>(&choice))
         return wallpaper.currentURL() == wallpaper.installedURL(extra->path);
     return wallpaper.currentURL() == std::get<WallpaperShuffle::Custom>(choice).path;
-}
-
-/// Brings back what the screens showed.
-void giveBack(const WindowContext& context, const DesktopWallpaper::Memory& memory)
-{
-    context.wallpaper.giveBack(memory, [context, memory](const QString& error) {
-        if (!error.isEmpty())
-            context.undo.fail(error, [context, memory] { giveBack(context, memory); });
-    });
-}
-
-void bringBackPrevious(const WindowContext& context, const std::function<void()>& settled)
-{
-    context.wallpaper.remember([context, settled](const DesktopWallpaper::Memory& memory) {
-        context.wallpaper.giveBackPrevious([context, settled, memory](const QString& error) {
-            settled();
-            if (!error.isEmpty())
-                context.undo.fail(error, [context, settled] { bringBackPrevious(context, settled); });
-            else if (memory.isKnown())
-                context.undo.offer(
-                    {Wording::tr("Your own picture is back"), [context, memory] { giveBack(context, memory); }});
-        });
-    });
 }
 
 void tryToShowInFolder(const WindowContext& context, const QString& path)
@@ -200,7 +179,7 @@ void WallpaperActions::bringBack()
 {
     ++m_round->last; // what is on its way is not wanted any more
     end();
-    bringBackPrevious(m_with, [self = QPointer(this)] {
+    bringBackPrevious(m_with, [self = QPointer(this)](const QString&) {
         if (self)
             Q_EMIT self->settled();
     });
