@@ -122,10 +122,14 @@ TEST_F(ThemeActionsTest, TellsOfWorkThatTakesItsTimeAndOfFailures)
 {
     desk.add(WidgetKind::cpu, {100, 100});
     desk.picture.failure = u"The disk is full."_s;
+    std::optional<ThemeWork::Working> told;
+    const QObject listener;
+    QObject::connect(&actions, &ThemeActions::workingChanged, &listener, [&] { told = actions.working(); });
     actions.apply(Skin::neon, true);
     answer(sheets::accept);
     EXPECT_FALSE(actions.working()) << "too soon to be shown";
     desk.clock.advance(150ms);
+    EXPECT_TRUE(told);
     const ThemeWork::Working expected{Skin::neon, ThemeOperation::applyWithWallpaper};
     EXPECT_EQ(actions.working(), expected);
     ASSERT_TRUE(waitUntil([&] { return !desk.picture.sets.isEmpty(); }));
@@ -133,6 +137,7 @@ TEST_F(ThemeActionsTest, TellsOfWorkThatTakesItsTimeAndOfFailures)
     EXPECT_EQ(actions.working(), expected) << "for a moment at least";
     desk.clock.advance(300ms);
     EXPECT_FALSE(actions.working());
+    EXPECT_FALSE(told) << "the ring would turn for ever";
     ASSERT_TRUE(home.undo.failure());
     EXPECT_EQ(home.undo.text(), u"The disk is full."_s);
     EXPECT_EQ(desk.live().size(), 13) << "widgets stay";

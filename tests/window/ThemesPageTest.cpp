@@ -83,6 +83,10 @@ TEST_F(ThemesPageTest, ShowsHowThingsStandOnItsCards)
     const QString picture = card(Skin::neon).picture;
     desk.accents.set(QColor(0x26, 0xE6, 0xFF), Skin::neon);
     EXPECT_EQ(card(Skin::neon).dots.first(), QColor(0x26, 0xE6, 0xFF));
+    QStringList dots;
+    for (const QColor& dot : card(Skin::neon).dots)
+        dots.append(hexText(dot));
+    EXPECT_EQ(dots.removeDuplicates(), 0) << "the one in use is one of them";
     EXPECT_NE(card(Skin::neon).picture, picture) << "drawn in that accent";
     EXPECT_EQ(card(Skin::neon).description, u"Synthwave script, chrome numerals and neon tubes. Dark. Accent Cyan."_s);
     EXPECT_EQ(card(own).caption, u"2 widgets · "_s + mediumDate(desk.clock.now().date()));
