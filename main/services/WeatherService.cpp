@@ -224,6 +224,7 @@ void WeatherService::fetch(const Place& place)
 void WeatherService::forecastRead(const Question& asked, const WeatherSnapshot& forecast)
 {
     m_asOf = m_clock.now();
+    m_shownCity = asked.city;
     setSnapshot(forecast);
     if (asked == question()) {
         m_failures = 0;
@@ -285,6 +286,7 @@ void WeatherService::loadPreviewData()
     for (const auto& [code, high] : week)
         sample.days.append({today.addDays(sample.days.size()), code, high, high - span});
     m_asOf = now;
+    m_shownCity.reset();
     setSnapshot(sample);
 }
 

@@ -49,6 +49,8 @@ public:
     bool isStarted() const { return m_started; }
     /// Whether the snapshot is of the place and in the unit that the user wants at present.
     bool isAnswered() const { return m_isAnswered; }
+    /// Whether the snapshot is of the place that the user wants, in whichever unit.
+    bool isOfPlace() const { return m_snapshot && m_shownCity == city(); }
     /// Why the last attempt gave nothing, in a sentence, also while there is a snapshot; empty: it did, or it is under
     /// way.
     const QString& failure() const { return m_failure; }
@@ -106,6 +108,7 @@ private:
     bool m_started = false;
     std::optional<Place> m_lastPlace; // of the last fetch; none when another city was chosen since
     std::optional<QDateTime> m_asOf;
+    std::optional<QString> m_shownCity; // that the snapshot was asked for; empty: where the machine is
     bool m_isAnswered = false; // the present question, since it was put
     std::size_t m_failures = 0; // since the last success
     Ticket m_timer;

@@ -174,6 +174,15 @@ TEST_F(SettingsPageTest, TheCityTellsHowItGoes)
     shown.findChildren<Segment*>().last()->click();
     EXPECT_TRUE(settings.useFahrenheit());
     EXPECT_EQ(network.addresses.size(), asked + 1);
+    network.answer({.body = R"({"results":[{"name":"Os","latitude":60.2,"longitude":5.5}]})"});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return network.addresses.size() == asked + 2; }));
+    answer({.body = R"({"current":{"temperature_2m":7,"apparent_temperature":5,"weather_code":3,"is_day":1},"daily":
+        {"time":["2026-01-01"],"weather_code":[3],"temperature_2m_max":[9],"temperature_2m_min":[4]}})"});
+    EXPECT_EQ(city.text().caption, u"Showing weather for Os"_s);
+    shown.findChildren<Segment*>().first()->click();
+    EXPECT_EQ(city.text().caption, u"Showing weather for Os"_s) << "another unit is no other city";
+    answer({.error = u"No network."_s});
+    EXPECT_EQ(city.text().caption, u"Weather unavailable: No network."_s) << "the figures are in the other unit";
 }
 
 TEST_F(SettingsPageTest, CalendarsAreReadOnceSeenAndKeepWhatIsAway)

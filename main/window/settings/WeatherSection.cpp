@@ -28,10 +28,10 @@ CityStatus statusOf(const WeatherService& weather, const QString& city)
 {
     if (!weather.isStarted())
         return {.sentence = Wording::tr("Used as soon as a weather widget is on the desktop")};
-    if (weather.isAnswered() && weather.snapshot())
-        return {.sentence = Wording::tr("Showing weather for %1").arg(weather.snapshot()->place)};
-    if (!weather.failure().isEmpty())
+    if (!weather.failure().isEmpty() && !weather.isAnswered())
         return {.sentence = weather.failure(), .failed = true};
+    if (weather.isOfPlace()) // if not in the unit yet
+        return {.sentence = Wording::tr("Showing weather for %1").arg(weather.snapshot()->place)};
     if (!city.trimmed().isEmpty())
         return {.sentence = Wording::tr("Looking up %1…").arg(city.trimmed()), .busy = true};
     // The status is of the city before, until something new is known.
