@@ -198,6 +198,8 @@ TEST_F(SettingsPageTest, CalendarsAreReadOnceSeenAndKeepWhatIsAway)
     EXPECT_EQ(calendars.accessRequests, 0) << "nobody sees the calendars yet";
     shown.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&shown));
+    EXPECT_EQ(calendars.accessRequests, 0) << "nobody came for the calendars yet";
+    shown.open();
     EXPECT_EQ(calendars.accessRequests, 1);
     EXPECT_EQ(names(shown).first(), u"Requesting calendar access…"_s);
     calendars.answer();
@@ -222,6 +224,19 @@ TEST_F(SettingsPageTest, CalendarsAreReadOnceSeenAndKeepWhatIsAway)
     calendars.currentWhyNot = u"There are none."_s;
     Q_EMIT calendars.changed();
     EXPECT_EQ(names(shown).first(), u"There are none."_s);
+}
+
+TEST_F(SettingsPageTest, ASearchReadsNoCalendars)
+{
+    const EventsService& events = home.desk.services.live.events;
+    SettingsPage& shown = page(SettingsChapter::general);
+    home.model.setSearch(MainTab::settings, u"calendars"_s);
+    EXPECT_EQ(names(shown), QStringList{u"Open this section to see your calendars"_s});
+    home.model.setSettingsChapter(SettingsChapter::calendars);
+    EXPECT_EQ(events.status(), QString());
+    home.model.setSearch(MainTab::settings, {});
+    EXPECT_NE(events.status(), QString());
+    EXPECT_EQ(names(shown).first(), events.status());
 }
 
 TEST_F(SettingsPageTest, FocusWorksTheTimerAndSetsItsLengths)

@@ -78,11 +78,12 @@ CalendarsSection::CalendarsSection(const Collaborators& collaborators, QWidget* 
     addAll();
 }
 
-void CalendarsSection::showEvent(QShowEvent* event)
+void CalendarsSection::open()
 {
-    SettingsSection::showEvent(event);
-    m_asked = true;
+    if (std::exchange(m_asked, true))
+        return;
     m_with.events.start();
+    remake([this] { addAll(); });
 }
 
 void CalendarsSection::showKnown()
@@ -100,7 +101,7 @@ void CalendarsSection::addAll()
         addTold({.name = m_known.status});
     else if (m_known.calendars.isEmpty())
         addTold({.name = m_asked ? Wording::tr("No calendars with events yet")
-                                 : Wording::tr("Requesting calendar access…")});
+                                 : Wording::tr("Open this section to see your calendars")});
     else
         for (const CalendarInfo& calendar : m_known.calendars)
             addCalendar(calendar);

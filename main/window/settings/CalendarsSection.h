@@ -11,7 +11,7 @@ class EventsService;
 class ProgramLauncher;
 class UndoKeeper;
 
-/// Which calendars are shown, and where they come from. The calendars are read from when this is first seen.
+/// Which calendars are shown, and where they come from. Merely showing it reads no calendar.
 class CalendarsSection final : public SettingsSection {
 public:
     struct Collaborators {
@@ -23,8 +23,8 @@ public:
 
     explicit CalendarsSection(const Collaborators& collaborators, QWidget* parent = nullptr);
 
-protected:
-    void showEvent(QShowEvent* event) override;
+    /// The user has come for the calendars: they are read from now on.
+    void open();
 
 private:
     struct Known {

@@ -66,7 +66,8 @@ SettingsSection* SettingsPage::makeSection(SettingsChapter chapter)
         return new DesktopSection(m_with.settings, [&manager = m_with.manager] { manager.setEditing(true); });
     case SettingsChapter::weather: return m_weather = new WeatherSection(m_with.settings, m_with.services.weather);
     case SettingsChapter::calendars:
-        return new CalendarsSection({m_with.settings, m_with.services.events, m_with.programs, m_with.undo});
+        return m_calendars =
+                   new CalendarsSection({m_with.settings, m_with.services.events, m_with.programs, m_with.undo});
     case SettingsChapter::focus: return new FocusSection(m_with);
     case SettingsChapter::updates: return new UpdatesSection(m_with);
     case SettingsChapter::about: return new AboutSection(m_with);
@@ -93,6 +94,7 @@ void SettingsPage::showModel()
     else
         showFound(search);
     answerCityRequest();
+    openCalendars();
 }
 
 void SettingsPage::showChapter(SettingsChapter chapter)
@@ -136,6 +138,14 @@ void SettingsPage::answerCityRequest()
         m_weather->typeCity();
 }
 
+/// A search that finds them among others is no reason to read the calendars.
+void SettingsPage::openCalendars()
+{
+    if (isVisible() && m_calendars && m_with.model.settingsChapter() == SettingsChapter::calendars
+        && SettingsIndex::words(m_with.model.search(MainTab::settings)).isEmpty())
+        m_calendars->open();
+}
+
 void SettingsPage::showNews()
 {
     const auto update = m_with.quickMenu.updateItem();
@@ -163,6 +173,7 @@ void SettingsPage::showEvent(QShowEvent* event)
     Page::showEvent(event);
     showNews();
     answerCityRequest();
+    openCalendars();
 }
 
 void SettingsPage::resizeEvent(QResizeEvent* event)

@@ -10,6 +10,7 @@
 
 namespace ambrelle {
 
+class CalendarsSection;
 class SettingsColumn;
 class SettingsList;
 class SettingsSection;
@@ -37,6 +38,7 @@ private:
     void showChapter(SettingsChapter chapter);
     void showFound(const QString& search);
     void answerCityRequest();
+    void openCalendars();
     void showNews();
     void arrange();
 
@@ -45,6 +47,7 @@ private:
     SettingsColumn* m_column;
     std::map<SettingsChapter, SettingsSection*> m_sections; // made when they are first shown
     WeatherSection* m_weather = nullptr;
+    CalendarsSection* m_calendars = nullptr;
     bool m_searching = false;
 };
 
