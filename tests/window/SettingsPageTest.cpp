@@ -334,6 +334,12 @@ TEST_F(SettingsPageTest, SearchShowsTheRowsOfAllSectionsAndEnterGoesToTheFirst)
     EXPECT_EQ(QApplication::focusWidget(), row(shown, u"Play a sound when time is up"_s).control());
     home.model.setSearch(MainTab::settings, u"wallpaper"_s);
     EXPECT_EQ(names(shown), (QStringList{u"Shuffle the wallpaper"_s, u"Wallpapers"_s})) << "not in their order";
+    EventsService& events = home.desk.services.live.events;
+    home.model.setSearch(MainTab::settings, u"family"_s);
+    EXPECT_TRUE(names(shown).isEmpty());
+    events.loadPreviewData();
+    EXPECT_EQ(names(shown), QStringList{u"Family"_s}) << "a calendar that came during the search";
+    EXPECT_FALSE(button(shown, u"Clear Search"_s).isVisible());
     home.model.setSearch(MainTab::settings, u"xyzzy"_s);
     EXPECT_TRUE(names(shown).isEmpty());
     button(shown, u"Clear Search"_s).click();

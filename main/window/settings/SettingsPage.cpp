@@ -81,6 +81,11 @@ SettingsSection& SettingsPage::section(SettingsChapter chapter)
     if (!section) {
         section = makeSection(chapter);
         m_column->insert(static_cast<int>(chapter), section, title(chapter));
+        connect(section, &SettingsSection::remade, this, [this] {
+            const QString search = m_with.model.search(MainTab::settings);
+            if (m_searching && !SettingsIndex::words(search).isEmpty())
+                showFound(search);
+        });
     }
     return *section;
 }
@@ -91,8 +96,10 @@ void SettingsPage::showModel()
     m_list->setChosen(m_with.model.settingsChapter());
     if (SettingsIndex::words(search).isEmpty())
         showChapter(m_with.model.settingsChapter());
-    else
+    else {
         showFound(search);
+        m_column->toTop();
+    }
     answerCityRequest();
     openCalendars();
 }
@@ -129,7 +136,6 @@ void SettingsPage::showFound(const QString& search)
     m_list->setFound(found);
     m_column->orderTabs();
     m_column->setNothing(found.isEmpty() ? Wording::tr("No settings match “%1”").arg(search.trimmed()) : QString());
-    m_column->toTop();
 }
 
 void SettingsPage::answerCityRequest()

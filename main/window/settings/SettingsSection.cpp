@@ -102,6 +102,7 @@ void SettingsSection::remake(const std::function<void()>& make)
     clear();
     make();
     showFound();
+    Q_EMIT remade();
     if (!name)
         return;
     const auto same = std::ranges::find_if(m_rows, [&](const SettingsRow* row) { return row->text().name == *name; });

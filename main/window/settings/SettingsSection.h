@@ -93,6 +93,9 @@ public:
     /// Has `show` called now and whenever the setting of that key changes.
     void follow(const QString& key, std::function<void()> show);
 
+Q_SIGNALS:
+    void remade(); ///< there are other rows, perhaps found, perhaps not
+
 protected:
     /// Puts what `make` adds in the place of everything there is. The keyboard stays at the row of the same name.
     void remake(const std::function<void()>& make);
