@@ -94,6 +94,19 @@ public:
     virtual bool addSource(const QString&) { return false; }
     /// Looks no longer in a folder that was added; its files stay.
     virtual void removeSource(const QString&) { }
+    /// The folders that were added, as they are kept, and in their order.
+    virtual QStringList addedSources() const { return {}; }
+    virtual void setAddedSources(const QStringList&) { }
+    /// Has the folders of `before` back in their order, and keeps those that were added since.
+    void restoreSources(const QStringList& before)
+    {
+        QStringList folders = before;
+        for (const QString& folder : addedSources()) {
+            if (!folders.contains(folder))
+                folders.append(folder);
+        }
+        setAddedSources(folders);
+    }
     /// Occurrences in these calendars that touch the time from `from` until before `to`, in no particular order.
     virtual void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
         std::function<void(const QList<CalendarEvent>&)> done) = 0;

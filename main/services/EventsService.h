@@ -48,6 +48,8 @@ public:
     /// As CalendarStore has them; the calendars follow.
     bool addSource(const QString& folder) { return m_store.addSource(folder); }
     void removeSource(const QString& folder) { m_store.removeSource(folder); }
+    QStringList addedSources() const { return m_store.addedSources(); }
+    void restoreSources(const QStringList& before) { m_store.restoreSources(before); }
     const QString& status() const { return m_status; } ///< shown in place of events; empty while there is access
 
 Q_SIGNALS:

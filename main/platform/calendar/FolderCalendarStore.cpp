@@ -104,7 +104,7 @@ bool FolderCalendarStore::addSource(const QString& folder)
 {
     const QString path = wholePath(folder);
     if (!path.isEmpty() && !roots().contains(path))
-        setAdded(m_places.added + QStringList{path});
+        setAddedSources(m_places.added + QStringList{path});
     return !path.isEmpty();
 }
 
@@ -112,12 +112,13 @@ void FolderCalendarStore::removeSource(const QString& folder)
 {
     QStringList added = m_places.added;
     if (added.removeIf([path = wholePath(folder)](const QString& each) { return wholePath(each) == path; }) > 0)
-        setAdded(added);
+        setAddedSources(added);
 }
 
-void FolderCalendarStore::setAdded(const QStringList& added)
+void FolderCalendarStore::setAddedSources(const QStringList& added)
 {
-    m_places.added = added;
+    if (std::exchange(m_places.added, added) == added)
+        return;
     if (m_places.keepAdded)
         m_places.keepAdded(added);
     if (m_isOpen || m_isLooking)

@@ -46,6 +46,8 @@ public:
     QList<CalendarSource> sources() const override;
     bool addSource(const QString& folder) override;
     void removeSource(const QString& folder) override;
+    QStringList addedSources() const override { return m_places.added; }
+    void setAddedSources(const QStringList& added) override;
     void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
         std::function<void(const QList<CalendarEvent>&)> done) override;
     void reminders(
@@ -70,7 +72,6 @@ private:
 
     static Outcome refreshed(CalendarBook& book, const QStringList& roots, const IsRemote& isRemote);
     QStringList roots() const;
-    void setAdded(const QStringList& added);
     void accept(const QList<UnreadCalendar>& unread);
     void look();
     void lookSoon();

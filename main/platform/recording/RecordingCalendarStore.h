@@ -46,6 +46,22 @@ public:
         currentSources.removeIf([&folder](const CalendarSource& each) { return each.folder == folder; });
         Q_EMIT changed();
     }
+    QStringList addedSources() const override
+    {
+        QStringList added;
+        for (const CalendarSource& each : currentSources) {
+            if (each.isAdded)
+                added.append(each.folder);
+        }
+        return added;
+    }
+    void setAddedSources(const QStringList& added) override
+    {
+        currentSources.removeIf([](const CalendarSource& each) { return each.isAdded; });
+        for (const QString& folder : added)
+            currentSources.append({folder, true});
+        Q_EMIT changed();
+    }
     void events(const QDateTime& from, const QDateTime& to, const QStringList& calendars, QObject* context,
         std::function<void(const QList<CalendarEvent>&)> done) override
     {

@@ -164,7 +164,7 @@ void CalendarsSection::addSource(const CalendarSource& source)
         buttons.append(new Button(Wording::tr("Remove")));
         connect(buttons.last(), &Button::clicked, this, [this, folder = source.folder] {
             m_with.undo.offer({Wording::tr("“%1” is no longer looked into").arg(shownFolder(folder)),
-                [&events = m_with.events, folder] { events.addSource(folder); }});
+                [&events = m_with.events, before = m_with.events.addedSources()] { events.restoreSources(before); }});
             m_with.events.removeSource(folder);
         });
     }

@@ -338,6 +338,7 @@ TEST_F(FolderCalendarStoreTest, FollowsTheFoldersTheUserAddsAndRemoves)
     write(u"added/b.ics"_s, calendar(event("later")));
     EXPECT_TRUE(waitUntil([&] { return titles(store, {standard, added}) == QStringList{u"a"_s, u"later"_s}; }));
 
+    const QStringList before = store.addedSources();
     store.removeSource(added);
     store.removeSource(standard);
     EXPECT_EQ(kept.last(), QStringList(u"not absolute"_s));
@@ -345,6 +346,11 @@ TEST_F(FolderCalendarStoreTest, FollowsTheFoldersTheUserAddsAndRemoves)
     EXPECT_TRUE(waitUntil([&] { return store.calendars().size() == 1; }));
     EXPECT_THAT(titles(store, {standard, added}), ElementsAre(u"a"_s));
     EXPECT_EQ(folder.read(u"added/b.ics"_s), calendar(event("later")));
+
+    EXPECT_TRUE(store.addSource(path(u"third"_s)));
+    store.restoreSources(before);
+    EXPECT_EQ(kept.last(), before + QStringList{path(u"third"_s)}) << "in another order, or without what came since";
+    EXPECT_TRUE(waitUntil([&] { return titles(store, {standard, added}) == QStringList{u"a"_s, u"later"_s}; }));
 }
 
 TEST_F(FolderCalendarStoreTest, FoldersOnOtherComputersAreLookedThroughNowAndThen)
