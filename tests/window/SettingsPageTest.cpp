@@ -14,9 +14,11 @@
 #include "window/settings/SettingsList.h"
 #include "window/settings/SettingsSection.h"
 #include "window/settings/WeatherSection.h"
+#include "window/themes/ThemeFileDialogs.h"
 #include "window/WindowDesk.h"
 
 #include <QCheckBox>
+#include <QFileDialog>
 #include <QLineEdit>
 
 namespace ambrelle {
@@ -214,6 +216,19 @@ TEST_F(SettingsPageTest, CalendarsAreReadOnceSeenAndKeepWhatIsAway)
     EXPECT_EQ(settings.excludedCalendars(), (QStringList{u"away"_s, u"home"_s}));
     button(row(shown, u"/mnt/mine"_s), u"Open Folder"_s).click();
     EXPECT_EQ(home.programs.folders, QStringList{u"/mnt/mine"_s});
+    button(shown, u"Add Folder…"_s).click();
+    ThemeFileDialogs themes(home.themeActions, shown);
+    themes.import();
+    const auto choosers = shown.findChildren<QFileDialog*>();
+    EXPECT_EQ(choosers.size(), 2);
+    for (QFileDialog* chooser : choosers) {
+        EXPECT_TRUE(chooser->testOption(QFileDialog::DontUseNativeDialog)) << qPrintable(chooser->windowTitle());
+        EXPECT_EQ(chooser->directory(), QDir::home()) << "started where the program was";
+        chooser->close();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    shown.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&shown));
     auto& remove = button(row(shown, u"/mnt/mine"_s), u"Remove"_s);
     remove.setFocus();
     remove.click();

@@ -4,6 +4,7 @@
 
 #include "foundation/Wording.h"
 #include "window/look/ElidedLabel.h"
+#include "window/look/FileChooser.h"
 #include "window/look/WindowStyle.h"
 #include "window/popover/SettingsForm.h"
 
@@ -39,16 +40,15 @@ void chooseFolder(const QPointer<WidgetController>& widget)
 {
     if (!widget)
         return;
-    auto* dialog =
-        new QFileDialog(nullptr, Wording::tr("Choose Folder"), widget->config().photoFolder.value_or(QDir::homePath()));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QFileDialog* dialog =
+        makeFileChooser(nullptr, Wording::tr("Choose Folder"), widget->config().photoFolder.value_or(QString()));
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     QObject::connect(dialog, &QFileDialog::fileSelected, widget, [widget](const QString& folder) {
         widget->change([&](WidgetConfig& config) { config.photoFolder = folder; });
     });
     QObject::connect(widget, &WidgetController::closed, dialog, &QWidget::close);
-    dialog->show();
+    dialog->open();
 }
 
 /// The folder's name over the two buttons.

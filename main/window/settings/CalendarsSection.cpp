@@ -8,6 +8,7 @@
 #include "window/look/AppLook.h"
 #include "window/look/Button.h"
 #include "window/look/ControlPainting.h"
+#include "window/look/FileChooser.h"
 #include "window/settings/ButtonRow.h"
 #include "window/settings/FolderRow.h"
 
@@ -174,8 +175,7 @@ void CalendarsSection::addSource(const CalendarSource& source)
 
 void CalendarsSection::chooseFolder()
 {
-    auto* chooser = new QFileDialog(window(), Wording::tr("Choose the folder that has your calendars"));
-    chooser->setAttribute(Qt::WA_DeleteOnClose);
+    QFileDialog* chooser = makeFileChooser(window(), Wording::tr("Choose the folder that has your calendars"));
     chooser->setFileMode(QFileDialog::Directory);
     chooser->setOption(QFileDialog::ShowDirsOnly);
     connect(chooser, &QFileDialog::fileSelected, this, [this](const QString& folder) {

@@ -4,6 +4,7 @@
 
 #include "foundation/Wording.h"
 #include "model/ThemeFiles.h"
+#include "window/look/FileChooser.h"
 #include "window/themes/ThemeActions.h"
 
 #include <QDir>
@@ -20,8 +21,7 @@ QFileDialog* ThemeFileDialogs::open(const QString& title, const QString& accept)
 {
     if (m_dialog)
         m_dialog->close();
-    m_dialog = new QFileDialog(m_parent.window(), title);
-    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_dialog = makeFileChooser(m_parent.window(), title);
     m_dialog->setNameFilter(Wording::tr("Ambrelle themes (%1)").arg(u"*."_s + ThemeFiles::extension));
     m_dialog->setLabelText(QFileDialog::Accept, accept);
     m_dialog->setLabelText(QFileDialog::Reject, Wording::tr("Cancel"));

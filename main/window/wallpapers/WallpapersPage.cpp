@@ -9,6 +9,7 @@
 #include "window/cards/PictureShelf.h"
 #include "window/cards/ShelfPictures.h"
 #include "window/look/Button.h"
+#include "window/look/FileChooser.h"
 #include "window/look/Segments.h"
 #include "window/wallpapers/NothingFound.h"
 #include "window/wallpapers/ScreenStrip.h"
@@ -224,10 +225,8 @@ void WallpapersPage::choosePictures()
     QStringList patterns;
     for (const QByteArray& suffix : QImageReader::supportedImageFormats())
         patterns.append(u"*."_s + QString::fromLatin1(suffix));
-    auto* dialog = new QFileDialog(this, Wording::tr("Choose pictures to add to My Wallpapers"),
+    QFileDialog* dialog = makeFileChooser(this, Wording::tr("Choose pictures to add to My Wallpapers"),
         QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setFileMode(QFileDialog::ExistingFiles);
     dialog->setNameFilters({Wording::tr("Pictures") + u" ("_s + patterns.join(u' ') + u')'});
     dialog->setLabelText(QFileDialog::Accept, Wording::tr("Add"));
