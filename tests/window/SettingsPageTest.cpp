@@ -15,6 +15,7 @@
 #include "window/settings/SettingsSection.h"
 #include "window/settings/WeatherSection.h"
 #include "window/themes/ThemeFileDialogs.h"
+#include "window/wallpapers/ShuffleBox.h"
 #include "window/WindowDesk.h"
 
 #include <QCheckBox>
@@ -108,6 +109,16 @@ TEST_F(SettingsPageTest, GeneralStoresWhatIsChosenAndNamesWhatItDoesNotOffer)
     expectChoice(shown, u"New widgets use"_s, settings.defaultSkin, u"Neon"_s, Skin::neon);
     settings.wallpaperShuffleMinutes.set(45);
     EXPECT_EQ(control<QComboBox>(shown, u"Shuffle the wallpaper"_s).currentText(), u"Every 45 minutes"_s);
+    auto& shuffle = control<QComboBox>(shown, u"Shuffle the wallpaper"_s);
+    ShuffleBox box(settings); // of the other tab
+    for (const int minutes : {-5, 45, 60, 1440, 10080}) {
+        settings.wallpaperShuffleMinutes.set(minutes);
+        EXPECT_EQ(shuffle.currentText(), box.currentText());
+        EXPECT_EQ(shuffle.count() == 7, box.count() == 7) << minutes;
+    }
+    settings.wallpaperShuffleMinutes.set(-5);
+    EXPECT_EQ(shuffle.count(), 7) << "a second Never";
+    EXPECT_EQ(shuffle.currentText(), u"Never"_s);
     settings.interval.set(2.5);
     EXPECT_EQ(control<QComboBox>(shown, u"Update figures every"_s).currentText(), u"2.5 seconds"_s);
     row(shown, u"Follow light and dark appearance"_s).work();

@@ -5,6 +5,7 @@
 #include "foundation/Wording.h"
 #include "platform/LoginItem.h"
 #include "window/frame/Sheets.h"
+#include "window/look/PeriodTitle.h"
 #include "window/look/SkinChooser.h"
 
 #include <QCheckBox>
@@ -15,24 +16,6 @@ namespace ambrelle {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int minutesOfHour = 60;
-constexpr int minutesOfDay = 24 * minutesOfHour;
-constexpr int minutesOfWeek = 7 * minutesOfDay;
-
-/// How often something happens; 0 and less: never.
-QString periodTitle(int minutes)
-{
-    if (minutes <= 0)
-        return Wording::tr("Never");
-    if (minutes == minutesOfWeek)
-        return Wording::tr("Every week");
-    if (minutes % minutesOfDay == 0)
-        return Wording::tr("Every %n days", nullptr, minutes / minutesOfDay);
-    if (minutes % minutesOfHour == 0)
-        return Wording::tr("Every %n hours", nullptr, minutes / minutesOfHour);
-    return Wording::tr("Every %n minutes", nullptr, minutes);
-}
 
 QString intervalTitle(double seconds)
 {

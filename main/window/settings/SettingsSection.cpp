@@ -152,10 +152,14 @@ SettingsRow* SettingsSection::addChoiceRow(const RowText& text, const QString& k
         if (chosen >= 0 && chosen < known) // another value is stored already
             choose(chosen);
     });
-    return addRow(text, box, key, [box, known, index = std::move(index), other = std::move(other)] {
+    return addRow(text, box, key, [box, known, titles, index = std::move(index), other = std::move(other)] {
         const QSignalBlocker quiet(box);
-        const int stored = index();
-        const QString title = stored < 0 ? other() : QString();
+        int stored = index();
+        QString title = stored < 0 ? other() : QString();
+        if (const auto same = title.isEmpty() ? -1 : titles.indexOf(title); same >= 0) {
+            stored = static_cast<int>(same); // another value, and called the same
+            title.clear();
+        }
         if (box->count() > known && (title.isEmpty() || box->itemText(known) != title))
             box->removeItem(known);
         if (!title.isEmpty() && box->count() == known)

@@ -3,6 +3,7 @@
 #include "window/wallpapers/ShuffleBox.h"
 
 #include "foundation/Wording.h"
+#include "window/look/PeriodTitle.h"
 #include "window/look/SymbolIcon.h"
 
 #include <QWheelEvent>
@@ -19,17 +20,6 @@ namespace {
 constexpr int hourMinutes = 60;
 constexpr int dayMinutes = 24 * hourMinutes;
 constexpr std::array shuffleMinutes{0, 15, 30, hourMinutes, 3 * hourMinutes, 12 * hourMinutes, dayMinutes};
-
-QString shuffleTitle(int minutes)
-{
-    if (minutes <= 0)
-        return Wording::tr("Never");
-    if (minutes == dayMinutes)
-        return Wording::tr("Every day");
-    if (minutes % hourMinutes == 0)
-        return Wording::tr("Every %n hours", nullptr, minutes / hourMinutes);
-    return Wording::tr("Every %n minutes", nullptr, minutes);
-}
 
 } // namespace
 
@@ -55,7 +45,7 @@ void ShuffleBox::showStored()
     if (!choices.contains(stored))
         choices.append(stored); // from elsewhere
     for (const int minutes : choices)
-        addItem(symbolIcon(u"shuffle"_s), shuffleTitle(minutes), minutes);
+        addItem(symbolIcon(u"shuffle"_s), periodTitle(minutes), minutes);
     setCurrentIndex(findData(stored));
 }
 
