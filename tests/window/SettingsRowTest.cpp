@@ -101,6 +101,8 @@ TEST_F(SettingsRowTest, AValueNobodyOffersIsShownAndKept)
     EXPECT_EQ(box->currentText(), u"Every 45 minutes"_s);
     EXPECT_TRUE(changed.isEmpty()) << "showing a value wrote one";
     EXPECT_EQ(settings.focusMinutes(), 500);
+    press(section.findChild<NumberField*>(), Qt::Key_Return);
+    EXPECT_EQ(settings.focusMinutes(), 180) << "what was confirmed is not what counts";
     settings.downloadResetMinutes.set(7);
     EXPECT_EQ(box->currentText(), u"Every 7 minutes"_s);
     box->setCurrentText(u"Hourly"_s);
