@@ -337,16 +337,20 @@ TEST_F(SettingsPageTest, AboutOpensFoldersAndResetsWithAWayBack)
 
     settings.focusMinutes.set(40);
     settings.overlap.set(OverlapBehavior::hide);
+    home.calendars.currentSources = {{u"/standard"_s, false}, {u"/mnt/mine"_s, true}};
+    const auto sources = home.calendars.currentSources;
     button(shown, u"Reset Settings…"_s).click();
     home.sheets.answer({});
     EXPECT_EQ(settings.focusMinutes(), 40) << "reset was cancelled";
     button(shown, u"Reset Settings…"_s).click();
     home.sheets.answer({.button = sheets::accept});
     EXPECT_EQ(settings.focusMinutes(), 25);
+    EXPECT_EQ(home.calendars.sources(), sources.first(1));
     EXPECT_EQ(home.undo.text(), u"Settings reset"_s);
     home.undo.undo();
     EXPECT_EQ(settings.focusMinutes(), 40);
     EXPECT_EQ(settings.overlap(), OverlapBehavior::hide);
+    EXPECT_EQ(home.calendars.sources(), sources);
 }
 
 TEST_F(SettingsPageTest, SearchShowsTheRowsOfAllSectionsAndEnterGoesToTheFirst)

@@ -3,6 +3,7 @@
 #include "window/settings/AboutSection.h"
 
 #include "foundation/Wording.h"
+#include "platform/CalendarStore.h"
 #include "window/frame/ProgramFacts.h"
 #include "window/frame/Sheets.h"
 #include "window/frame/Undo.h"
@@ -95,9 +96,14 @@ void AboutSection::reset()
         if (answer.button != sheets::accept)
             return;
         const QJsonObject before = with.settings.snapshot();
+        const QStringList folders = with.calendars.addedSources();
         with.settings.reset();
+        with.calendars.setAddedSources({});
         with.undo.offer(
-            {Wording::tr("Settings reset"), [&settings = with.settings, before] { settings.restore(before); }});
+            {Wording::tr("Settings reset"), [&settings = with.settings, &calendars = with.calendars, before, folders] {
+                 settings.restore(before);
+                 calendars.restoreSources(folders);
+             }});
     });
 }
 
