@@ -102,6 +102,30 @@ TEST_F(MainWindowTest, GoesThroughItsTabsByKeysAndKeepsASearchForEach)
     EXPECT_FALSE(home.window.isVisible());
 }
 
+TEST_F(MainWindowTest, EnterInTheSearchChoosesWhatWasFoundAndDoesNothingElse)
+{
+    MainWindow& window = opened();
+    auto* search = window.findChild<SearchField*>();
+    const auto widgets = home.desk.manager.controllers().size();
+    for (const auto& [tab, text] : {std::pair(MainTab::themes, u"neon"_s), std::pair(MainTab::widgets, u"clock"_s),
+             std::pair(MainTab::wallpapers, u"neon"_s), std::pair(MainTab::settings, u"animations"_s)}) {
+        home.model.setTab(tab);
+        for (const QString& blank : {QString(), u"  "_s}) {
+            home.model.setSearch(tab, blank);
+            search->setFocus();
+            press(*search, Qt::Key_Return);
+            EXPECT_TRUE(search->hasFocus()) << "nothing was searched for";
+        }
+        home.model.setSearch(tab, text);
+        press(*search, Qt::Key_Return);
+        EXPECT_FALSE(search->hasFocus()) << qPrintable(text);
+        EXPECT_FALSE(home.model.isThemeOpen());
+        EXPECT_FALSE(home.undo.isShown()) << "something was done to the desktop";
+        EXPECT_EQ(home.desk.manager.controllers().size(), widgets);
+        EXPECT_FALSE(home.sheets.current());
+    }
+}
+
 TEST_F(MainWindowTest, PlacesItsToolsApartAtEveryWidth)
 {
     ToolBar bar(home.model, [] { return QList<ActionItem>(); });

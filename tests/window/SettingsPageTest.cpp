@@ -362,7 +362,7 @@ TEST_F(SettingsPageTest, SearchShowsTheRowsOfAllSectionsAndEnterGoesToTheFirst)
     const auto* list = shown.findChild<SettingsList*>();
     EXPECT_EQ(list->currentIndex().row(), 1);
     home.model.setSearch(MainTab::settings, u"sound"_s);
-    shown.openFirst();
+    shown.takeFocus(true);
     EXPECT_EQ(QApplication::focusWidget(), row(shown, u"Play a sound when time is up"_s).control());
     home.model.setSearch(MainTab::settings, u"wallpaper"_s);
     EXPECT_EQ(names(shown), (QStringList{u"Shuffle the wallpaper"_s, u"Wallpapers"_s})) << "not in their order";

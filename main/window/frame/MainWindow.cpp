@@ -54,7 +54,11 @@ MainWindow::MainWindow(const Parts& parts)
     setAcceptDrops(true);
     makeShortcuts();
     connect(m_toolBar, &ToolBar::leftDownwards, this, [this] { page().takeFocus(true); });
-    connect(m_toolBar, &ToolBar::searchEntered, this, [this] { page().openFirst(); });
+    connect(m_toolBar, &ToolBar::searchEntered, this, [this] {
+        // Nothing happens to the desktop before the user has seen what was found.
+        if (!m_parts.model.search(m_parts.model.tab()).trimmed().isEmpty())
+            page().takeFocus(true);
+    });
     connect(&m_parts.model, &MainWindowModel::changed, this, &MainWindow::showModel);
     showModel();
 }

@@ -13,10 +13,9 @@ class Page : public QWidget {
 public:
     using QWidget::QWidget;
 
-    /// The keyboard comes to what the page is about, on its first item if `first`.
+    /// The keyboard comes to what the page is about, on its first item if `first`: the first that was found while one
+    /// searches.
     virtual void takeFocus(bool first) = 0;
-    /// Enter in the search: what a click on the first thing found would do.
-    virtual void openFirst() = 0;
     /// Escape: leaves what the page is in the middle of; false when there is nothing to leave.
     virtual bool leave() { return false; }
     /// F6: the parts of the page that the keyboard goes through, in reading order.

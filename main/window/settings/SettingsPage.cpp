@@ -164,11 +164,6 @@ void SettingsPage::takeFocus(bool)
         m_list->setFocus(Qt::ShortcutFocusReason);
 }
 
-void SettingsPage::openFirst()
-{
-    m_column->focusFirst();
-}
-
 QList<QWidget*> SettingsPage::areas()
 {
     return {m_list, m_column};

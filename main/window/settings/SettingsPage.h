@@ -23,7 +23,6 @@ public:
     explicit SettingsPage(const WindowContext& context);
 
     void takeFocus(bool first) override;
-    void openFirst() override;
     QList<QWidget*> areas() override;
 
 protected:

@@ -209,13 +209,6 @@ void ThemesPage::takeFocus(bool first)
         m_grid->choose(m_themes.indexOf(themes.first()));
 }
 
-void ThemesPage::openFirst()
-{
-    const QList<ThemeChoice> themes = m_themes.themes();
-    if (!themes.isEmpty())
-        m_with.model.openTheme(themes.first());
-}
-
 QList<QWidget*> ThemesPage::areas()
 {
     return m_with.model.isThemeOpen() ? m_page->areas() : QList<QWidget*>{m_scope, m_grid, m_empty};

@@ -24,7 +24,6 @@ public:
     explicit ThemesPage(const WindowContext& context);
 
     void takeFocus(bool first) override;
-    void openFirst() override;
     QList<QWidget*> areas() override;
 
     CardView& grid() { return *m_grid; }

@@ -190,11 +190,6 @@ void WallpapersPage::takeFocus(bool first)
         m_view->choose(m_model.firstWallpaper());
 }
 
-void WallpapersPage::openFirst()
-{
-    use(m_model.firstWallpaper());
-}
-
 QList<QWidget*> WallpapersPage::areas()
 {
     return {m_scope, m_view};

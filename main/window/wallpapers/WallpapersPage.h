@@ -22,7 +22,6 @@ public:
     explicit WallpapersPage(const WindowContext& context);
 
     void takeFocus(bool first) override;
-    void openFirst() override;
     QList<QWidget*> areas() override;
     QString invitation(const QStringList& files) const override;
     void drop(const QStringList& files) override;

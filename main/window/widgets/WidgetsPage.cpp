@@ -212,12 +212,6 @@ void WidgetsPage::takeFocus(bool first)
     m_view->setFocus(Qt::OtherFocusReason);
 }
 
-void WidgetsPage::openFirst()
-{
-    if (const std::optional<WidgetKind> kind = m_model.kindAt(m_model.first()))
-        add(*kind);
-}
-
 QList<QWidget*> WidgetsPage::areas()
 {
     return {&m_scope->first(), m_view, &m_pane->list()};

@@ -24,7 +24,6 @@ public:
     explicit WidgetsPage(const WindowContext& context);
 
     void takeFocus(bool first) override;
-    void openFirst() override;
     bool leave() override;
     QList<QWidget*> areas() override;
 
