@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "window/frame/MoreMenu.h"
+#include "window/frame/Page.h"
 #include "window/frame/SearchField.h"
 #include "window/frame/TabStrip.h"
 #include "window/frame/ToolBar.h"
@@ -34,6 +35,17 @@ TEST_F(MainWindowTest, KeepsItsTabPlaceAndSizeWhileClosedAndIsGoneMeanwhile)
     EXPECT_EQ(home.model.tab(), MainTab::settings);
     EXPECT_EQ(home.window.window()->size(), QSize(901, 602));
     EXPECT_EQ(MainWindowModel(store).size(), QSize(901, 602)) << "the next run begins with it";
+}
+
+TEST_F(MainWindowTest, MakesEachPageOnceEvenIfThatChangesTheModel)
+{
+    home.model.setWallpaperTarget(u"gone"_s);
+    home.model.openTheme(QUuid::createUuid()); // deleted meanwhile
+    home.window.show(MainTab::themes);
+    home.window.show(MainTab::wallpapers);
+    EXPECT_EQ(home.model.wallpaperTarget(), QString());
+    EXPECT_FALSE(home.model.isThemeOpen());
+    EXPECT_EQ(home.window.window()->findChildren<Page*>().size(), 2);
 }
 
 TEST_F(MainWindowTest, FitsTheScreenWithThePointer)

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -129,6 +130,7 @@ Page& MainWindow::page()
 {
     Page*& page = m_pages[m_parts.model.tab()];
     if (!page) {
+        const QScopedValueRollback making(m_isMakingPage, true);
         page = m_parts.makePage(m_parts.model.tab());
         m_stack->addWidget(page);
     }
@@ -137,6 +139,8 @@ Page& MainWindow::page()
 
 void MainWindow::showModel()
 {
+    if (m_isMakingPage)
+        return; // it is shown once it is there, whatever it does to the model before
     Page& shown = page();
     if (m_stack->currentWidget() != &shown)
         m_stack->setCurrentWidget(&shown);

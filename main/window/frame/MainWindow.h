@@ -65,6 +65,7 @@ private:
     QStackedWidget* m_stack;
     DropFrame* m_dropFrame;
     std::map<MainTab, Page*> m_pages;
+    bool m_isMakingPage = false;
 };
 
 } // namespace ambrelle
