@@ -213,7 +213,6 @@ TEST_F(ThemeActionsTest, ImportsWhatIsGoodAndTellsOfTheRest)
 {
     desk.add(WidgetKind::cpu, {100, 100}, Skin::neon);
     desk.accents.set(QColor(1, 2, 3), Skin::paper);
-    const QMap<QString, QString> accents = desk.accents.hexOverrides();
     SavedTheme theme = desk.manager.snapshot(u"Work"_s);
     const QString good = file(u"a.ambrelle"_s, ThemeEnvelope{theme, {{u"neon"_s, u"#26E6FF"_s}}}.encode());
     const QString bad = file(u"b.ambrelle"_s, "[]");
@@ -234,9 +233,17 @@ TEST_F(ThemeActionsTest, ImportsWhatIsGoodAndTellsOfTheRest)
     EXPECT_EQ(*home.sheets.current(), sheets::importFailed(u"b.ambrelle"_s));
     answer(sheets::accept);
     EXPECT_FALSE(home.sheets.current());
+    desk.accents.set(QColor(4, 5, 6), Skin::paper);
     home.undo.undo();
     EXPECT_TRUE(home.themes.themes().isEmpty());
-    EXPECT_EQ(desk.accents.hexOverrides(), accents);
+    EXPECT_EQ(desk.accents.color(Skin::neon), std::nullopt);
+    EXPECT_EQ(desk.accents.color(Skin::paper), QColor(4, 5, 6)) << "chosen since";
+
+    home.model.addHandedFiles({good});
+    ASSERT_TRUE(isOffered(u"“Work” added to My Themes"_s));
+    desk.accents.set(QColor(7, 8, 9), Skin::neon);
+    home.undo.undo();
+    EXPECT_EQ(desk.accents.color(Skin::neon), QColor(7, 8, 9)) << "not the file's any more";
 
     home.model.addHandedFiles({bad});
     ASSERT_TRUE(waitUntil([&] { return home.sheets.current() != nullptr; }));

@@ -20,6 +20,25 @@
 
 namespace ambrelle {
 
+namespace {
+
+/// The accents as they are now, where an import changed one and nobody did since, as it was before.
+QMap<QString, QString> withoutImported(
+    QMap<QString, QString> now, const QMap<QString, QString>& imported, const QMap<QString, QString>& before)
+{
+    for (auto [skin, accent] : imported.asKeyValueRange()) {
+        if (before.value(skin) == accent || now.value(skin) != accent)
+            continue;
+        if (before.contains(skin))
+            now[skin] = before[skin];
+        else
+            now.remove(skin);
+    }
+    return now;
+}
+
+} // namespace
+
 struct ThemeActions::ReadFile {
     QString path;
     std::optional<ThemeEnvelope> contents; ///< none: it is no theme
@@ -141,7 +160,7 @@ void ThemeActions::importFiles(const QStringList& paths)
 
 void ThemeActions::take(const QList<ReadFile>& files)
 {
-    const QMap<QString, QString> accents = m_with.accents.hexOverrides();
+    const QMap<QString, QString> accentsBefore = m_with.accents.hexOverrides();
     QList<SavedTheme> taken;
     QString tooMuch;
     for (const ReadFile& file : files) {
@@ -158,10 +177,12 @@ void ThemeActions::take(const QList<ReadFile>& files)
         const QString text = taken.size() == 1
             ? Wording::tr("“%1” added to My Themes").arg(taken.first().name)
             : Wording::tr("%n themes added to My Themes", nullptr, static_cast<int>(taken.size()));
-        m_with.undo.offer({text, [this, taken, accents] {
+        const QMap<QString, QString> imported = m_with.accents.hexOverrides();
+        m_with.undo.offer({text, [this, taken, accentsBefore, imported] {
                                for (const SavedTheme& theme : taken)
                                    m_with.themes.remove(theme.id);
-                               m_with.accents.apply(accents);
+                               const QMap<QString, QString> now = m_with.accents.hexOverrides();
+                               m_with.accents.apply(withoutImported(now, imported, accentsBefore));
                            }});
     }
     if (!tooMuch.isEmpty())
