@@ -93,7 +93,7 @@ SavedTheme DesktopThemes::snapshot(const QString& name, const std::optional<Scre
     const QList<ScreenInfo> shown = targets(screen);
     if (shown.isEmpty())
         return theme;
-    theme.wallpaper = m_with.wallpaper.currentSkin(shown.first());
+    theme.wallpaper = m_with.wallpaper.wantedSkin(shown.first());
     const QList<ScreenInfo> screens = m_with.host.screens();
     for (const StoredWidget& widget : m_manager.stored()) {
         const auto showing = ScreenPlacement::screenNear(widget.config.frame(), screens);

@@ -259,6 +259,16 @@ QString DesktopWallpaper::wanted() const
     return m_asked->isEmpty() ? QString() : mainFile(*m_asked).value_or(m_current);
 }
 
+std::optional<Skin> DesktopWallpaper::wantedSkin(const ScreenInfo& screen) const
+{
+    if (!m_asked)
+        return currentSkin(screen);
+    if (m_asked->isEmpty())
+        return std::nullopt;
+    return isPerScreen() ? Wallpaper::skinOf(fileFor(*m_asked, screen.connector).value_or(currentURL(screen)))
+                         : Wallpaper::skinOf(m_asked->first().file);
+}
+
 /// What is under way for other screens than these, on a desktop that tells screens apart.
 QList<ScreenPicture> DesktopWallpaper::stillAsked(const QList<ScreenPicture>& pictures) const
 {

@@ -66,6 +66,7 @@ public:
     /// The same for the picture on one screen.
     QString currentURL(const ScreenInfo& screen) const { return m_shown.value(screen.connector); }
     std::optional<Skin> currentSkin(const ScreenInfo& screen) const { return Wallpaper::skinOf(currentURL(screen)); }
+    std::optional<Skin> wantedSkin(const ScreenInfo& screen) const;
     bool isPerScreen() const { return m_picture.isPerScreen(); } ///< screens may show different pictures
     /// Asks the desktop again, then calls `then`.
     void refresh(const std::function<void()>& then);

@@ -177,6 +177,23 @@ TEST_F(ThemeActionsTest, SavedDesktopsComeBackToTheirOldPlace)
     EXPECT_EQ(home.model.chosenTheme(), ThemeChoice(second));
 }
 
+TEST_F(ThemeActionsTest, SavesWithTheWallpaperThatShowsOrIsAboutTo)
+{
+    desk.add(WidgetKind::cpu, {100, 100}, Skin::neon);
+    actions.setWallpaper(Skin::paper);
+    ASSERT_TRUE(isOffered(u"Wallpaper set to Paper"_s));
+    save(u"Paper"_s);
+    desk.picture.shown[main.connector] = u"/mine.jpg"_s; // set by another program
+    save(u"Mine"_s);
+    actions.setWallpaper(Skin::mono);
+    ASSERT_TRUE(waitUntil([&] { return desk.wallpaper.wantedSkin(main) == Skin::mono; }));
+    save(u"Mono"_s);
+    QList<std::optional<Skin>> wallpapers;
+    for (const SavedTheme& theme : home.themes.themes())
+        wallpapers.append(theme.wallpaper);
+    EXPECT_EQ(wallpapers, QList<std::optional<Skin>>({Skin::mono, std::nullopt, Skin::paper}));
+}
+
 TEST_F(ThemeActionsTest, ASavedDesktopIsMarkedUntilItIsAnother)
 {
     desk.add(WidgetKind::cpu, {100, 100}, Skin::neon);

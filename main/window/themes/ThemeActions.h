@@ -95,6 +95,7 @@ private:
     void fail(const QString& sentence, const std::function<void()>& tryAgain);
 
     void saveAs(const QString& name, const QString& screen);
+    void addSaved(const QString& name, const QString& screen);
     void removeNow(const QUuid& id);
     void take(const QList<ReadFile>& files);
     void showSaved(const QUuid& id);

@@ -15,6 +15,7 @@
 #include "window/themes/ThemeActions.h"
 
 #include <QFileInfo>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -75,17 +76,26 @@ void ThemeActions::saveDesktop()
 
 void ThemeActions::saveAs(const QString& name, const QString& screen)
 {
-    const QList<ScreenInfo> screens = screensOf({ThemeTarget::Kind::one, screen});
     const QString tidy = SavedTheme::nameFrom(name);
     if (tidy.isEmpty())
         return;
+    const QPointer<ThemeActions> self(this);
+    m_with.wallpaper.refresh([self, tidy, screen] { // somebody else may have set another picture
+        if (self)
+            self->addSaved(tidy, screen);
+    });
+}
+
+void ThemeActions::addSaved(const QString& name, const QString& screen)
+{
+    const QList<ScreenInfo> screens = screensOf({ThemeTarget::Kind::one, screen});
     if (screens.isEmpty())
         return fail(Wording::tr("That screen is not connected."), {});
-    const SavedTheme theme = m_with.manager.snapshot(tidy, screens.first());
+    const SavedTheme theme = m_with.manager.snapshot(name, screens.first());
     if (m_with.themes.add(theme))
         showSaved(theme.id);
     else
-        fail(Wording::tr("“%1” cannot be saved: there is no room for more desktops.").arg(tidy), {});
+        fail(Wording::tr("“%1” cannot be saved: there is no room for more desktops.").arg(name), {});
 }
 
 /// My Themes with that one chosen.
