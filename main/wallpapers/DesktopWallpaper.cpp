@@ -82,7 +82,9 @@ void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, const 
 {
     Sizes sizes;
     QList<ScreenPicture> pictures;
-    for (const ScreenInfo& screen : screens)
+    // One picture for all is made for the main screen, whichever is meant.
+    const bool isForAll = !screens.isEmpty() && !isPerScreen();
+    for (const ScreenInfo& screen : isForAll ? m_host.screens() : screens)
         pictures.append(ordered(skin, screen, sizes));
     paint(pictures, sizes, done);
 }

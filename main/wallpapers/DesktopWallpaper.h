@@ -42,8 +42,8 @@ public:
         Wallpaper wallpaper, WindowHost& host, DesktopPicture& picture, UserDefaults& defaults, Folders folders);
     ~DesktopWallpaper() override;
 
-    /// Gives each of the screens the skin's wallpaper in its own size. What was asked for other screens before, and
-    /// does not show yet, still comes to them.
+    /// Gives each of the screens the skin's wallpaper in its own size, or all of them where they show one picture. What
+    /// was asked for other screens before, and does not show yet, still comes to them.
     void apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done = {});
     void apply(Skin skin, const Done& done = {}); ///< on all screens
     /// Gives every screen that picture.

@@ -420,6 +420,7 @@ TEST_F(DesktopWallpaperTest, KnowsWhatEveryScreenShows)
 
     picture.hasOneForEach = false; // one picture for all
     EXPECT_EQ(onRight(Skin::mono), QString());
+    EXPECT_EQ(picture.sets.last().first().connector, left.connector) << "painted in its size";
     EXPECT_EQ(wallpaper.currentSkin(left), Skin::mono);
     EXPECT_EQ(wallpaper.currentSkin(), Skin::mono);
     DesktopWallpaper next(painter, host, picture, defaults, folders);
