@@ -152,6 +152,25 @@ TEST_F(ThemeActionsTest, TellsOfWorkThatTakesItsTimeAndOfFailures)
     EXPECT_EQ(desk.picture.givenBack.size(), 1);
 }
 
+TEST_F(ThemeActionsTest, TellsOfAFailureThoughAnotherWishFollows)
+{
+    desk.picture.failure = u"The disk is full."_s;
+    actions.setWallpaper(Skin::neon);
+    desk.clock.advance(150ms);
+    ASSERT_TRUE(waitUntil([&] { return !desk.picture.sets.isEmpty(); }));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(home.undo.failure()) << "the work is shown for a moment first";
+    desk.picture.failure.clear();
+    actions.setWallpaper(Skin::paper);
+    ASSERT_TRUE(home.undo.failure());
+    EXPECT_EQ(home.undo.text(), u"The disk is full."_s);
+    const ThemeWork::Working expected{Skin::paper, ThemeOperation::setWallpaper};
+    EXPECT_EQ(actions.working(), expected);
+    ASSERT_TRUE(waitUntil([&] { return desk.wallpaper.currentSkin() == Skin::paper; }));
+    desk.clock.advance(300ms);
+    EXPECT_FALSE(actions.working());
+}
+
 TEST_F(ThemeActionsTest, SavedDesktopsComeBackToTheirOldPlace)
 {
     actions.saveDesktop();

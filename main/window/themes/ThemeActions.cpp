@@ -187,7 +187,7 @@ void ThemeActions::carryOut(Wish wish)
     }
     m_work.begin({wish.theme, wish.operation});
     if (!wish.picture)
-        return m_work.end([this, wish, before] { finished(wish, before, {}); });
+        return m_work.end([this, wish, before] { ended(wish, before, {}); });
     const QPointer<ThemeActions> self(this);
     m_with.wallpaper.remember([self, wish, before](const DesktopWallpaper::Memory& memory) mutable {
         if (!self || wish.number != self->m_lastWish)
@@ -230,8 +230,17 @@ void ThemeActions::paint(const Wish& wish, const Before& before)
     const QPointer<ThemeActions> self(this);
     m_with.wallpaper.apply(*wish.picture, screensOf(wish.target), [self, wish, before](const QString& error) {
         if (self && wish.number == self->m_lastWish)
-            self->m_work.end([self, wish, before, error] { self->finished(wish, before, error); });
+            self->m_work.end([self, wish, before, error] { self->ended(wish, before, error); });
     });
+}
+
+/// Of a wish that another one followed only the failure is told.
+void ThemeActions::ended(const Wish& wish, const Before& before, const QString& error)
+{
+    if (wish.number == m_lastWish)
+        finished(wish, before, error);
+    else if (!error.isEmpty())
+        fail(error, {});
 }
 
 void ThemeActions::finished(const Wish& wish, const Before& before, const QString& error)

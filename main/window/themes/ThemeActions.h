@@ -89,6 +89,7 @@ private:
     void carryOut(Wish wish);
     QString placeWidgets(const Wish& wish);
     void paint(const Wish& wish, const Before& before);
+    void ended(const Wish& wish, const Before& before, const QString& error);
     void finished(const Wish& wish, const Before& before, const QString& error);
     void bringBack(const Before& before);
     void giveBack(const DesktopWallpaper::Memory& picture);

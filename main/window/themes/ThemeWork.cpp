@@ -23,6 +23,8 @@ ThemeWork::ThemeWork(Clock& clock)
 void ThemeWork::begin(const Working& work)
 {
     m_next.reset();
+    if (const auto then = std::exchange(m_then, nullptr))
+        then();
     if (m_working)
         return show(work);
     m_next = m_clock.after(unnoticed, [this, work] {
@@ -34,9 +36,12 @@ void ThemeWork::begin(const Working& work)
 void ThemeWork::end(const std::function<void()>& then)
 {
     m_next.reset();
-    const auto finish = [this, then] {
+    m_then = then;
+    const auto finish = [this] {
+        const auto then = std::exchange(m_then, nullptr);
         show({});
-        then();
+        if (then)
+            then();
     };
     const double rest = leastShown - (m_clock.elapsed() - m_since);
     if (m_working && rest > 0)

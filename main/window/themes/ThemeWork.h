@@ -5,6 +5,8 @@
 #include "foundation/Ticket.h"
 #include "window/frame/MainWindowModel.h"
 
+#include <functional>
+
 namespace ambrelle {
 
 class Clock;
@@ -26,7 +28,7 @@ public:
     explicit ThemeWork(Clock& clock);
 
     const std::optional<Working>& working() const { return m_working; }
-    void begin(const Working& work); ///< takes the place of what is shown; its end is not told any more
+    void begin(const Working& work); ///< takes the place of what is shown; an end that waits is told first
     void end(const std::function<void()>& then); ///< which is called when it is shown no longer
 
 Q_SIGNALS:
@@ -38,6 +40,7 @@ private:
     Clock& m_clock;
     std::optional<Working> m_working;
     double m_since = 0; // seconds
+    std::function<void()> m_then; ///< of the end that waits
     Ticket m_next;
 };
 
