@@ -176,6 +176,23 @@ TEST_F(WallpapersPageTest, SetsOneScreenWhereTheyAreToldApartAndAllOnceItIsUnplu
     EXPECT_FALSE(target->isVisible()) << "it could not be kept";
 }
 
+TEST_F(WallpapersPageTest, KnowsWhatFailedBeforeTheWindowWasClosed)
+{
+    const Custom broken{folder.write(u"broken.png"_s, "no picture")};
+    desk().settings.customWallpapers.set({broken.path});
+    home.model.setWallpapersScope(WallpapersScope::mine);
+    open();
+    const auto isMarked = [&] {
+        view->viewport()->update();
+        return card(broken).state == Card::State::failed;
+    };
+    EXPECT_TRUE(waitUntil(isMarked));
+    home.window.toggle();
+    QCoreApplication::processEvents();
+    open();
+    EXPECT_TRUE(waitUntil(isMarked));
+}
+
 TEST_F(WallpapersPageTest, AddsPicturesInFrontAndTakesThemOff)
 {
     const QString old = addPicture(u"old.png"_s);

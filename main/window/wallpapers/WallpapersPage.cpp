@@ -143,11 +143,8 @@ void WallpapersPage::follow()
         refresh();
     });
     connect(&m_with.shelf, &PictureShelf::arrived, this, [this](const PictureKey& key) {
-        if (m_with.shelf.hasFailed(key) == m_withoutPreview.contains(key.name))
-            return;
-        if (!m_withoutPreview.remove(key.name))
-            m_withoutPreview.insert(key.name);
-        refresh();
+        if (m_with.shelf.hasFailed(key) != m_model.shelf().withoutPreview.contains(key.name))
+            refresh();
     });
     m_files.list(m_with.wallpaper.extrasFolder(), [this](const QStringList& paths) {
         m_photographs = paths;

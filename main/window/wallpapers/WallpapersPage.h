@@ -47,6 +47,7 @@ private:
     void openMenu(const QModelIndex& index, const QPoint& place);
     QList<ActionItem> menuOf(const WallpaperChoice& wallpaper);
     WallpapersScope scope() const;
+    QSet<QString> withoutPreview() const;
     QList<WallpaperChoice> shown() const;
     WallpaperShelf shelf() const;
     ScreenSight sightOf(const ScreenInfo& screen, const QString& name, bool isMain) const;
@@ -56,7 +57,6 @@ private:
     WallpaperActions m_actions;
     WallpapersModel m_model;
     QStringList m_photographs;
-    QSet<QString> m_withoutPreview;
     QList<WallpapersScope> m_scopes; ///< of the segments
     std::optional<WallpaperChoice> m_menuFor;
     QWidget* m_scope;

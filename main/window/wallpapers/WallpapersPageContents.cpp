@@ -7,6 +7,7 @@
 #include "model/AppSettings.h"
 #include "placement/ScreenNames.h"
 #include "window/cards/CardView.h"
+#include "window/cards/PictureShelf.h"
 #include "window/look/Button.h"
 #include "window/look/Segments.h"
 #include "window/wallpapers/NothingFound.h"
@@ -78,11 +79,27 @@ WallpaperShelf WallpapersPage::shelf() const
         .own = m_with.settings.customWallpapers(),
         .photographs = m_photographs,
         .facts = m_files.known(),
-        .withoutPreview = m_withoutPreview,
+        .withoutPreview = withoutPreview(),
         .shown = shown(),
         .working = m_actions.working(),
         .screens = m_actions.screens(),
         .isForOneScreen = several && !m_with.model.wallpaperTarget().isEmpty()};
+}
+
+/// Pictures that failed, maybe while the window was open earlier.
+QSet<QString> WallpapersPage::withoutPreview() const
+{
+    QList<PictureKey> keys;
+    for (const Skin skin : allCases<Skin>())
+        keys.append(PictureKey::wallpaper(skin));
+    for (const QString& path : m_with.settings.customWallpapers() + m_photographs)
+        keys.append(PictureKey::file(path, m_files.known().value(path).time));
+    QSet<QString> names;
+    for (const PictureKey& key : std::as_const(keys)) {
+        if (m_with.shelf.hasFailed(key))
+            names.insert(key.name);
+    }
+    return names;
 }
 
 /// What the screens show, as far as it is one of those in the grid.
