@@ -41,6 +41,13 @@ struct AskedPictures final : CardPictures {
     QSet<QString> asked;
     QSet<QString> there;
     QSize size;
+    qsizetype wanted = 0;
+
+    void want(const QList<QModelIndex>& indexes, QSize devicePixels) override
+    {
+        wanted = indexes.size();
+        CardPictures::want(indexes, devicePixels);
+    }
 
     QPixmap picture(const QModelIndex& index, QSize devicePixels) override
     {

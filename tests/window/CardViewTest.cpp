@@ -48,6 +48,13 @@ TEST_F(CardViewTest, AsksForWhatIsSeenAndTheLineBelow)
     settle();
     EXPECT_TRUE(pictures.asked.contains(u"Card 25"_s));
     EXPECT_FALSE(pictures.asked.contains(u"Card 7"_s));
+
+    const qsizetype seen = pictures.wanted;
+    view->hide();
+    EXPECT_EQ(pictures.wanted, 0) << "of a page that is not shown";
+    view->show();
+    settle();
+    EXPECT_EQ(pictures.wanted, seen);
 }
 
 TEST_F(CardViewTest, APictureIsPaintedPixelByPixel)

@@ -23,6 +23,10 @@ void CardView::hideEvent(QHideEvent* event)
 {
     m_scrolling->stop();
     pointAt(std::nullopt);
+    if (!event->spontaneous() && m_delegate->pictures()) { // nobody sees these cards any more
+        m_wanted.clear();
+        m_delegate->pictures()->want({}, layoutOfCards().pictureDevicePixels);
+    }
     QListView::hideEvent(event);
 }
 

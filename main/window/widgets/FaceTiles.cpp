@@ -172,8 +172,8 @@ void FaceTiles::refreshSoon()
 void FaceTiles::refresh()
 {
     m_nextRefresh.reset();
-    if (!isActive())
-        return;
+    if (!isActive() || m_wanted.isEmpty())
+        return; // the view tells what it shows when it is painted
     m_refreshed = m_with.clock.elapsed();
     borrowSamples();
     for (const QPersistentModelIndex& index : std::as_const(m_wanted)) {
