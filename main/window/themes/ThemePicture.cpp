@@ -195,6 +195,8 @@ void ThemePicture::resizeEvent(QResizeEvent*)
 
 void ThemePicture::paintEvent(QPaintEvent*)
 {
+    if (std::exchange(m_pixelRatio, devicePixelRatioF()) != devicePixelRatioF())
+        request(); // another screen, or this one in another scale
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     const AppLook& look = AppLook::shared();

@@ -64,6 +64,7 @@ private:
     QList<Exact> m_exact; ///< of these two at most
     QPixmap m_last; ///< painted last, of this desktop
     bool m_waited = false; ///< painted without a picture
+    double m_pixelRatio = 0; ///< painted last
     QVariantAnimation* m_arrival;
     QString m_drawnKey; ///< being drawn, in
     QSize m_drawnPixels;
