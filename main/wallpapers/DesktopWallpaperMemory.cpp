@@ -76,6 +76,8 @@ void DesktopWallpaper::giveBack(const Memory& memory, const Done& done)
             m_notes.setCurrent(memory.current);
             const QList<ScreenInfo> screens = m_host.screens();
             setShown(screens.isEmpty() ? QString() : memory.files.value(screens.first().connector), memory.files);
+            if (memory.files.isEmpty()) // only the desktop knows which picture that is
+                return refresh([answer] { answer({}); });
         }
         answer(error);
     });

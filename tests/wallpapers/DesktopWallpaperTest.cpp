@@ -189,8 +189,11 @@ TEST_F(DesktopWallpaperTest, TheUsersOwnPictureCanBeGivenBack)
     EXPECT_EQ(giveBackPrevious(), u"Not now."_s);
     EXPECT_TRUE(wallpaper.hasPrevious());
     picture.failure.clear();
+    picture.shown = {{u"LEFT"_s, u"/home/user/holiday.jpg"_s}, {u"RIGHT"_s, u"/home/user/garden.jpg"_s}};
     EXPECT_EQ(giveBackPrevious(), QString());
     EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"holiday"_s}}));
+    EXPECT_EQ(wallpaper.currentURL(), u"/home/user/holiday.jpg"_s) << "the desktop was asked";
+    EXPECT_EQ(wallpaper.currentURL(host.screens().last()), u"/home/user/garden.jpg"_s);
     EXPECT_FALSE(wallpaper.hasPrevious());
     EXPECT_FALSE(giveBackPrevious().isEmpty());
 }
