@@ -6,6 +6,8 @@
 #include "model/AppSettings.h"
 #include "services/SystemMonitor.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace ambrelle {
@@ -21,7 +23,7 @@ Automation::Automation(const AppSettings& settings, SystemMonitor& monitor, Cloc
     , m_monitor(monitor)
     , m_clock(clock)
     , m_shuffle(std::move(shuffle))
-    , m_lastShuffle(clock.elapsed())
+    , m_lastShuffle(clock.now())
     , m_lastCounterReset(m_lastShuffle)
 {
     connect(&settings, &AppSettings::changed, this, &Automation::follow);
@@ -37,10 +39,13 @@ void Automation::start()
 void Automation::follow()
 {
     const bool isWanted = m_settings.wallpaperShuffleMinutes() >= 1 || m_settings.downloadResetMinutes() >= 1;
-    if (!m_isStarted || !isWanted)
+    if (!m_isStarted || !isWanted) {
         m_timer.reset();
-    else if (!m_timer)
+        m_jumps.reset();
+    } else if (!m_timer) {
         m_timer = m_clock.every(automationPeriod, [this] { tick(); });
+        m_jumps = m_clock.everyJump([this] { tick(); });
+    }
 }
 
 void Automation::tick()
@@ -52,10 +57,11 @@ void Automation::tick()
 }
 
 /// And if so, the period begins anew.
-bool Automation::isDue(double& last, int minutes) const
+bool Automation::isDue(QDateTime& last, int minutes) const
 {
-    const double now = m_clock.elapsed();
-    if (minutes < 1 || now - last < minutes * 60.0)
+    const QDateTime now = m_clock.now();
+    last = std::min(last, now); // the clock was set back
+    if (minutes < 1 || last.secsTo(now) < minutes * std::int64_t(60))
         return false;
     last = now;
     return true;

@@ -43,18 +43,21 @@ TEST_F(AutomationTest, EachChoreRunsOncePerPeriod)
     EXPECT_EQ(shuffles, 240);
 }
 
-TEST_F(AutomationTest, PeriodsRunFromTheMakingAndHeedNoWallClock)
+TEST_F(AutomationTest, PeriodsRunFromTheMakingThroughSleepAndOutliveAClockSetBack)
 {
     clock.advance(40s);
-    settings.wallpaperShuffleMinutes.set(1);
+    settings.wallpaperShuffleMinutes.set(60);
     automation.start();
-    clock.setNow(clock.now().addYears(1));
+    clock.setNow(clock.now().addSecs(59 * 60)); // asleep
     EXPECT_EQ(shuffles, 0);
-    clock.advance(30s);
-    EXPECT_EQ(shuffles, 1) << "70 seconds after the making";
+    clock.setNow(clock.now().addSecs(20));
+    EXPECT_EQ(shuffles, 1) << "at once, an hour after the making";
     clock.setNow(clock.now().addYears(-2));
-    clock.advance(60s);
+    clock.advance(59min);
+    EXPECT_EQ(shuffles, 1);
+    clock.advance(1min);
     EXPECT_EQ(shuffles, 2);
+    settings.wallpaperShuffleMinutes.set(1);
     automation.start();
     EXPECT_EQ(clock.running, 1) << "in place of the timer before";
     clock.advance(60s);
