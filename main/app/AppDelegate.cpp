@@ -10,7 +10,6 @@
 #include "platform/WindowHost.h"
 #include "services/ServicePorts.h"
 #include "skins/WallpaperRecipes.h"
-#include "wallpapers/WallpaperShuffle.h"
 
 namespace ambrelle {
 
@@ -54,8 +53,8 @@ AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
     , m_actions(m_ports.programs, m_services.player, m_ports.desktopNames)
     , m_tip(m_ports.windows, m_ports.clock)
     , m_pictures(makeWallpaper(), thumbnailCache(), stores.accents)
-    , m_automation(m_settings, m_monitor, m_ports.clock,
-          [this] { WallpaperShuffle::shuffle(m_wallpaper, m_settings.customWallpapers()); })
+    , m_shuffle(m_wallpaper)
+    , m_automation(m_settings, m_monitor, m_ports.clock, [this] { m_shuffle.shuffle(m_settings.customWallpapers()); })
     , m_follower(m_ports.appearance, m_settings, m_manager, m_wallpaper, m_ports.clock)
     , m_interface({stores.defaults, m_settings, stores.accents, m_ports, m_manager, m_wallpaper, m_pictures, m_monitor,
           m_services, m_feed})

@@ -13,6 +13,7 @@
 #include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
 #include "wallpapers/DesktopWallpaper.h"
+#include "wallpapers/WallpaperShuffle.h"
 
 namespace ambrelle {
 
@@ -50,6 +51,7 @@ private:
     WidgetActions m_actions;
     WidgetTip m_tip;
     WindowPictures m_pictures;
+    WallpaperShuffle m_shuffle;
     Automation m_automation;
     AppearanceFollower m_follower;
     UserInterface m_interface;

@@ -49,10 +49,8 @@ public:
     /// Gives every screen that picture.
     void apply(const QString& file, const Done& done = {});
 
-    /// The shipped pictures, as absolute paths.
-    QStringList extras() const { return extrasIn(m_folders.extras); }
     const QString& extrasFolder() const { return m_folders.extras; }
-    /// Those of a folder; empty without one. Any thread may ask.
+    /// The pictures shipped in a folder, as absolute paths; empty without one. Any thread may ask.
     static QStringList extrasIn(const QString& folder);
     /// Where the copy of a shipped picture is kept, so that it outlives the program.
     QString installedURL(const QString& extra) const;

@@ -6,6 +6,8 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 namespace ambrelle {
 
 namespace {
@@ -26,8 +28,22 @@ bool isReadableFile(const QString& path)
 
 } // namespace
 
+WallpaperShuffle::WallpaperShuffle(DesktopWallpaper& wallpaper, Look look)
+    : m_wallpaper(wallpaper)
+    , m_look(std::move(look))
+{
+}
+
+WallpaperShuffle::Pictures WallpaperShuffle::look(const QString& extrasFolder, const QStringList& own)
+{
+    Pictures pictures{DesktopWallpaper::extrasIn(extrasFolder), own};
+    pictures.own.removeIf([](const QString& path) { return !isReadableFile(path); });
+    pictures.own.removeDuplicates();
+    return pictures;
+}
+
 QList<WallpaperShuffle::Candidate> WallpaperShuffle::candidates(
-    const DesktopWallpaper& wallpaper, const QStringList& customWallpapers)
+    const DesktopWallpaper& wallpaper, const Pictures& pictures)
 {
     const QString current = wallpaper.currentURL();
     QList<Candidate> list;
@@ -35,24 +51,30 @@ QList<WallpaperShuffle::Candidate> WallpaperShuffle::candidates(
         if (skin != wallpaper.currentSkin())
             list.append(skin);
     }
-    for (const QString& path : wallpaper.extras()) {
+    for (const QString& path : pictures.extras) {
         if (path != current && wallpaper.installedURL(path) != current)
             list.append(Extra{path});
     }
-    for (const QString& path : customWallpapers) {
-        if (path != current && isReadableFile(path) && !list.contains(Candidate(Custom{path})))
+    for (const QString& path : pictures.own) {
+        if (path != current)
             list.append(Custom{path});
     }
     return list;
 }
 
-void WallpaperShuffle::shuffle(DesktopWallpaper& wallpaper, const QStringList& customWallpapers, const Choice& choose)
+void WallpaperShuffle::shuffle(const QStringList& own, const Choice& choose)
 {
-    wallpaper.refresh([&wallpaper, customWallpapers, choose] {
-        const QList<Candidate> list = candidates(wallpaper, customWallpapers);
-        if (!list.isEmpty())
-            std::visit(Applier{wallpaper}, list.at(choose(list.size())));
-    });
+    if (std::exchange(m_isLooking, true))
+        return;
+    const auto found = [this, choose](const Pictures& pictures) {
+        m_isLooking = false;
+        m_wallpaper.refresh([&wallpaper = m_wallpaper, pictures, choose] {
+            const QList<Candidate> list = candidates(wallpaper, pictures);
+            if (!list.isEmpty())
+                std::visit(Applier{wallpaper}, list.at(choose(list.size())));
+        });
+    };
+    m_worker.run([look = m_look, folder = m_wallpaper.extrasFolder(), own] { return look(folder, own); }, found);
 }
 
 } // namespace ambrelle

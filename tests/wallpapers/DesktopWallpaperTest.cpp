@@ -386,11 +386,11 @@ TEST_F(DesktopWallpaperTest, IsRestoredWhenTheFirstScreenComes)
 
 TEST_F(DesktopWallpaperTest, ExtrasAreCopiedOnceAndOnlyPictures)
 {
-    EXPECT_EQ(wallpaper.extras(), QStringList());
+    EXPECT_EQ(DesktopWallpaper::extrasIn(folders.extras), QStringList());
     for (const QString& name : {u"dunes.jpg"_s, u"sea.jpeg"_s, u"notes.txt"_s})
         folder.write(u"Extras/"_s + name, name.toUtf8());
     const QString dunes = folders.extras + u"/dunes.jpg"_s;
-    EXPECT_EQ(wallpaper.extras(), (QStringList{dunes, folders.extras + u"/sea.jpeg"_s}));
+    EXPECT_EQ(DesktopWallpaper::extrasIn(folders.extras), (QStringList{dunes, folders.extras + u"/sea.jpeg"_s}));
     const QString installed = path(u"extra-dunes.jpg"_s);
     EXPECT_EQ(wallpaper.installedURL(dunes), installed);
     for (int round = 0; round < 2; ++round) {

@@ -9,11 +9,17 @@
 #include "support/WaitUntil.h"
 #include "wallpapers/DesktopWallpaper.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
+#include <atomic>
+#include <semaphore>
+
 using namespace ambrelle;
 using namespace Qt::StringLiterals;
-using WallpaperShuffle::Candidate;
-using WallpaperShuffle::Custom;
-using WallpaperShuffle::Extra;
+using Candidate = WallpaperShuffle::Candidate;
+using Custom = WallpaperShuffle::Custom;
+using Extra = WallpaperShuffle::Extra;
 
 namespace {
 
@@ -35,13 +41,13 @@ struct WallpaperShuffleTest : testing::Test {
     {
         picture.shown.insert(u"MAIN"_s, file);
         wallpaper.refresh([] {});
-        return WallpaperShuffle::candidates(wallpaper, custom);
+        return WallpaperShuffle::candidates(wallpaper, WallpaperShuffle::look(wallpaper.extrasFolder(), custom));
     }
     /// Shuffles, choosing the last or the first, and gives the file shown then.
     QString shuffled(bool last)
     {
         const qsizetype before = picture.sets.size();
-        WallpaperShuffle::shuffle(wallpaper, custom, [last](qsizetype count) { return last ? count - 1 : 0; });
+        shuffle.shuffle(custom, [last](qsizetype count) { return last ? count - 1 : 0; });
         EXPECT_TRUE(waitUntil([&] { return picture.sets.size() != before; }));
         return picture.shown.value(u"MAIN"_s);
     }
@@ -52,6 +58,7 @@ struct WallpaperShuffleTest : testing::Test {
     UserDefaults defaults = UserDefaults::temporary();
     DesktopWallpaper wallpaper{Wallpaper([](Skin) -> WallpaperRecipe { return paintNothing; }, {}), host, picture,
         defaults, {home.filePath(u"wallpapers"_s), home.filePath(u"extras"_s)}};
+    WallpaperShuffle shuffle{wallpaper};
     QStringList custom;
     QString extra;
 };
@@ -88,6 +95,30 @@ TEST_F(WallpaperShuffleTest, PutsTheChosenOneOnTheDesktop)
     EXPECT_NE(Wallpaper::skinOf(shuffled(false)), first);
     custom.clear();
     EXPECT_EQ(shuffled(true), wallpaper.installedURL(extra));
+}
+
+TEST_F(WallpaperShuffleTest, ADiskThatDoesNotAnswerHoldsNobodyUp)
+{
+    std::binary_semaphore answers{0};
+    std::atomic<bool> isElsewhere = false;
+    std::atomic<int> looks = 0;
+    WallpaperShuffle slow(wallpaper, [&](const QString&, const QStringList& own) {
+        ++looks;
+        isElsewhere = QThread::currentThread() != QCoreApplication::instance()->thread();
+        if (isElsewhere)
+            answers.acquire();
+        return WallpaperShuffle::Pictures{{}, own};
+    });
+    const auto last = [](qsizetype count) { return count - 1; };
+    custom.removeLast(); // the one that has gone
+    slow.shuffle(custom, last);
+    slow.shuffle({}, last); // while the first one still waits
+    EXPECT_TRUE(picture.sets.isEmpty());
+    answers.release();
+    ASSERT_TRUE(waitUntil([this] { return !picture.sets.isEmpty(); }));
+    EXPECT_TRUE(isElsewhere);
+    EXPECT_EQ(looks, 1);
+    EXPECT_EQ(picture.shown.value(u"MAIN"_s), custom.last());
 }
 
 } // namespace

@@ -12,8 +12,8 @@ namespace ambrelle {
 namespace {
 
 using namespace Qt::StringLiterals;
-using WallpaperShuffle::Custom;
-using WallpaperShuffle::Extra;
+using Custom = WallpaperShuffle::Custom;
+using Extra = WallpaperShuffle::Extra;
 
 WallpaperShelf shelfWithPictures()
 {

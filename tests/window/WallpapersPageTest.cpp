@@ -19,9 +19,10 @@ namespace ambrelle {
 namespace {
 
 using namespace Qt::StringLiterals;
-using WallpaperShuffle::Custom;
 
 struct WallpapersPageTest : WindowTest {
+    using Custom = WallpaperShuffle::Custom;
+
     TestFolder folder;
     CardView* view = nullptr;
 
