@@ -222,6 +222,16 @@ TEST_F(WidgetsPageTest, GivesAllWidgetsTheSkinOfNewOnesAndTheirOwnBack)
     EXPECT_FALSE(use.isEnabled());
     home.undo.undo();
     EXPECT_EQ(desk.stored(), before);
+
+    QCoreApplication::processEvents();
+    use.click();
+    WidgetController* clock = desk.manager.controllers().first();
+    clock->setPinned(!before.first().pinned);
+    desk.settings.defaultSkin.set(Skin::mono);
+    home.undo.undo();
+    EXPECT_EQ(clock->config().skin, Skin::paper);
+    EXPECT_NE(clock->config().pinned, before.first().pinned) << "what was done since stays";
+    EXPECT_EQ(desk.settings.defaultSkin(), Skin::mono);
 }
 
 TEST_F(WidgetsPageTest, ShowsSamplesOfWhatNobodyMeasures)

@@ -9,6 +9,8 @@
 #include "window/frame/Sheets.h"
 #include "window/frame/Undo.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace ambrelle {
@@ -107,14 +109,16 @@ void DesktopEdits::askToRemoveAll(const ScreenInfo& screen, const QString& name)
 void DesktopEdits::useSkinForAll()
 {
     const Skin skin = m_with.settings.defaultSkin();
-    const auto back = [&manager = m_with.manager, before = m_with.manager.stored(), skin] {
+    QHash<QUuid, Skin> before;
+    for (const WidgetController* widget : m_with.manager.controllers())
+        before.insert(widget->config().id, widget->config().skin);
+    const auto back = [&manager = m_with.manager, before, skin] {
         QList<StoredWidget> widgets = manager.stored();
         for (StoredWidget& widget : widgets) {
-            const auto isIt = [&](const StoredWidget& each) { return each.config.id == widget.config.id; };
-            if (const auto earlier = std::ranges::find_if(before, isIt); earlier != before.end())
-                widget = *earlier;
+            if (widget.config.skin == skin) // else it was changed since
+                widget.config.skin = before.value(widget.config.id, skin);
         }
-        manager.replaceAll(widgets, skin);
+        manager.replaceAll(widgets);
     };
     m_with.manager.applySkinToAll(skin);
     m_with.undo.offer({Wording::tr("All widgets use %1", "a skin").arg(title(skin)), back});
