@@ -248,6 +248,9 @@ TEST_F(WidgetsPageTest, ShowsSamplesOfWhatNobodyMeasures)
     EXPECT_NE(std::get<ActivityReading>(*reading(WidgetKind::activity)).active,
         std::get<ActivityReading>(desk.feed.readingFor(WidgetConfig(WidgetKind::activity, Skin::glass))).active);
     EXPECT_FALSE(std::get<SkyReading>(*reading(WidgetKind::sky)).sunrise.isEmpty());
+    const auto sample = reading(WidgetKind::nowPlaying);
+    desk.services.live.player.loadPreviewData(QImage(4, 4, QImage::Format_RGB32));
+    EXPECT_EQ(reading(WidgetKind::nowPlaying), sample) << "a track of some time ago, when somebody asked";
 }
 
 TEST_F(WidgetsPageTest, ShowsHalfOfItselfWhereItIsNarrowAndSaysWhatWasNotFound)

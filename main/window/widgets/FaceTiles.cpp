@@ -83,7 +83,7 @@ void FaceTiles::redoAll()
 /// Nothing where the sample says more: there is a notice, or nobody measures.
 std::optional<Reading> FaceTiles::live(WidgetKind kind) const
 {
-    const bool stops = kind == WidgetKind::processes || kind == WidgetKind::activity;
+    const bool stops = contains(kindSet({WidgetKind::processes, WidgetKind::activity, WidgetKind::nowPlaying}), kind);
     const auto shows = [kind](const WidgetController* widget) { return widget->config().kind == kind; };
     if (stops && std::ranges::none_of(m_with.manager.controllers(), shows))
         return std::nullopt;
