@@ -38,10 +38,10 @@ void ThemeWork::end(const std::function<void()>& then)
     m_next.reset();
     m_then = then;
     const auto finish = [this] {
-        const auto then = std::exchange(m_then, nullptr);
+        const auto ended = std::exchange(m_then, nullptr);
         show({});
-        if (then)
-            then();
+        if (ended)
+            ended();
     };
     const double rest = leastShown - (m_clock.elapsed() - m_since);
     if (m_working && rest > 0)
