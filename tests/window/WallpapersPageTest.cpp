@@ -212,6 +212,11 @@ TEST_F(WallpapersPageTest, AddsPicturesInFrontAndTakesThemOff)
     EXPECT_EQ(home.undo.text(), u"1 picture added");
     home.undo.undo();
     EXPECT_EQ(own(), QStringList{old});
+    page().drop({old, first});
+    ASSERT_TRUE(waitUntil([this] { return own().size() == 2; }));
+    EXPECT_EQ(model().wallpaper(view->currentIndex()), WallpaperChoice(Custom{first})) << "the new one";
+    home.undo.undo();
+    home.undo.dismiss();
 
     home.model.setWallpapersScope(WallpapersScope::mine);
     view->choose(model().indexOf(Custom{old}));

@@ -198,13 +198,12 @@ void WallpaperActions::add(const QStringList& files)
 void WallpaperActions::takeOn(const PictureFiles::Sorted& sorted)
 {
     Setting<QStringList>& own = m_with.settings.customWallpapers;
-    if (!sorted.pictures.isEmpty()) {
-        const QStringList before = own();
-        const auto fresh = static_cast<int>(without(sorted.pictures, before).size());
+    const QStringList before = own();
+    if (const QStringList fresh = without(sorted.pictures, before); !fresh.isEmpty()) {
         own.set(sorted.pictures + without(before, sorted.pictures));
-        if (fresh > 0)
-            m_with.undo.offer({Wording::tr("%n pictures added", nullptr, fresh), [&own, before] { own.set(before); }});
-        Q_EMIT added(sorted.pictures.first());
+        m_with.undo.offer({Wording::tr("%n pictures added", nullptr, static_cast<int>(fresh.size())),
+            [&own, before] { own.set(before); }});
+        Q_EMIT added(fresh.first());
     }
     if (!sorted.others.isEmpty())
         m_with.undo.fail(refusalOf(sorted.others));

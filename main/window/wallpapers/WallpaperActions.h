@@ -24,7 +24,7 @@ public:
     /// connected: all get it. A later call wins.
     void set(const WallpaperChoice& wallpaper, const QString& screen = {});
     void bringBack(); ///< the user's picture from before the first wallpaper
-    /// Takes on what is a picture, in front of the others. `added` tells which.
+    /// Takes on what is a picture, in front of the others. `added` tells which, if any is new.
     void add(const QStringList& files);
     void takeOff(const QString& path); ///< the list; the file stays
     void showInFolder(const QString& path);
@@ -36,7 +36,7 @@ public:
 Q_SIGNALS:
     void workingChanged();
     void settled(); ///< the screens show what was asked for, or never will
-    void added(const QString& first); ///< its path
+    void added(const QString& first); ///< the path of the first new one
 
 private:
     struct Order;
