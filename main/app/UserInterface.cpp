@@ -91,6 +91,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .thumbnails = with.pictures.wallpapers(),
           .snapshots = with.pictures.desktops(),
           .shelf = with.pictures.shelf(),
+          .sorter = m_sorter,
           .host = with.ports.windows,
           .appearance = with.ports.appearance,
           .monitor = with.monitor,

@@ -15,6 +15,7 @@
 #include "window/popover/WidgetContextMenu.h"
 #include "window/popover/WidgetSettings.h"
 #include "window/themes/ThemeActions.h"
+#include "window/wallpapers/PictureSorter.h"
 
 namespace ambrelle {
 
@@ -63,6 +64,7 @@ private:
     UndoKeeper m_undo;
     ThemeStore m_themes;
     ThemeActions m_themeActions;
+    PictureSorter m_sorter;
     const ProgramFacts m_facts;
     WindowContext m_context;
     MainWindowController m_mainWindow;

@@ -232,6 +232,18 @@ TEST_F(WallpapersPageTest, AddsPicturesInFrontAndTakesThemOff)
     EXPECT_TRUE(home.window.window()->findChild<QFileDialog*>()) << "the dashed tile adds too";
 }
 
+TEST_F(WallpapersPageTest, ChosenPicturesAreAddedThoughTheWindowIsClosedAtOnce)
+{
+    const QString first = addPicture(u"first.png"_s);
+    open();
+    page().drop({first});
+    home.window.toggle();
+    QCoreApplication::sendPostedEvents(&home.window, QEvent::MetaCall); // before any answer comes
+    ASSERT_FALSE(home.window.window());
+    ASSERT_TRUE(told(u"1 picture added"_s));
+    EXPECT_EQ(own(), QStringList{first});
+}
+
 TEST_F(WallpapersPageTest, AFileThatHasGoneCannotBeSetButTakenOff)
 {
     const QString there = addPicture(u"there.png"_s);
@@ -249,7 +261,7 @@ TEST_F(WallpapersPageTest, AFileThatHasGoneCannotBeSetButTakenOff)
     EXPECT_EQ(card(Custom{there}).pill, u"On Desktop");
 
     home.programs.failure = u"There is no file manager."_s;
-    WallpaperActions(home.context, *std::make_unique<PictureFiles>()).showInFolder(there);
+    WallpaperActions(home.context).showInFolder(there);
     EXPECT_EQ(home.programs.shownFiles, QStringList{there});
     EXPECT_EQ(home.undo.text(), home.programs.failure);
 }

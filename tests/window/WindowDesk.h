@@ -18,6 +18,7 @@
 #include "window/frame/WindowContext.h"
 #include "window/frame/WindowMaker.h"
 #include "window/themes/ThemeActions.h"
+#include "window/wallpapers/PictureSorter.h"
 
 #include <QApplication>
 #include <QDir>
@@ -63,6 +64,7 @@ struct WindowDesk {
         .host = desk.host,
         .appearance = desk.appearance,
         .clock = desk.clock}};
+    PictureSorter sorter;
     RecordingCalendarStore calendars;
     const ProgramFacts facts{.version = u"1.0"_s,
         .build = 12,
@@ -83,6 +85,7 @@ struct WindowDesk {
         .thumbnails = thumbnails,
         .snapshots = snapshots,
         .shelf = shelf,
+        .sorter = sorter,
         .host = desk.host,
         .appearance = desk.appearance,
         .monitor = desk.monitor,

@@ -15,6 +15,7 @@ class LiveServices;
 class LoginItem;
 class MainWindowModel;
 class PictureShelf;
+class PictureSorter;
 class ProgramLauncher;
 class QuickMenu;
 class ReadingFeed;
@@ -44,6 +45,7 @@ struct WindowContext {
     WallpaperStore& thumbnails;
     DesktopSnapshots& snapshots;
     PictureShelf& shelf; ///< of all views
+    PictureSorter& sorter;
     WindowHost& host;
     SystemAppearance& appearance;
     SystemMonitor& monitor;

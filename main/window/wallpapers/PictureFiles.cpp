@@ -2,7 +2,6 @@
 
 #include "window/wallpapers/PictureFiles.h"
 
-#include "services/PictureDecoder.h"
 #include "wallpapers/DesktopWallpaper.h"
 
 #include <QFileInfo>
@@ -49,17 +48,6 @@ std::optional<PictureFiles::Facts> PictureFiles::facts(const QString& path) cons
 void PictureFiles::list(const QString& folder, std::function<void(const QStringList&)> done)
 {
     m_worker.run([folder] { return DesktopWallpaper::extrasIn(folder); }, std::move(done));
-}
-
-void PictureFiles::sort(const QStringList& paths, std::function<void(const Sorted&)> done)
-{
-    const auto work = [paths] {
-        Sorted sorted;
-        for (const QString& path : paths)
-            (PictureDecoder::isPicture(path) ? sorted.pictures : sorted.others).append(path);
-        return sorted;
-    };
-    m_worker.run(work, std::move(done));
 }
 
 } // namespace ambrelle

@@ -24,11 +24,6 @@ public:
 
         bool operator==(const Facts&) const = default;
     };
-    /// Files that begin as pictures do, and the others, both in their order.
-    struct Sorted {
-        QStringList pictures;
-        QStringList others;
-    };
 
     PictureFiles();
     ~PictureFiles() override;
@@ -41,7 +36,6 @@ public:
 
     /// The pictures shipped in that folder.
     void list(const QString& folder, std::function<void(const QStringList& paths)> done);
-    void sort(const QStringList& paths, std::function<void(const Sorted& sorted)> done);
 
 Q_SIGNALS:
     void changed(); ///< other facts are known

@@ -94,10 +94,9 @@ struct WallpaperActions::Round {
     int last = 0; ///< number of the latest order
 };
 
-WallpaperActions::WallpaperActions(const WindowContext& context, PictureFiles& files, QObject* parent)
+WallpaperActions::WallpaperActions(const WindowContext& context, QObject* parent)
     : QObject(parent)
     , m_with(context)
-    , m_files(files)
     , m_round(std::make_shared<Round>(context, this))
 {
 }
@@ -192,21 +191,23 @@ void WallpaperActions::add(const QStringList& files)
         paths.append(QDir::cleanPath(QFileInfo(file).absoluteFilePath()));
     paths.removeDuplicates();
     if (!paths.isEmpty())
-        m_files.sort(paths, [this](const PictureFiles::Sorted& sorted) { takeOn(sorted); });
+        m_with.sorter.sort(paths, [round = m_round](const PictureSorter::Sorted& sorted) { takeOn(*round, sorted); });
 }
 
-void WallpaperActions::takeOn(const PictureFiles::Sorted& sorted)
+void WallpaperActions::takeOn(const Round& round, const PictureSorter::Sorted& sorted)
 {
-    Setting<QStringList>& own = m_with.settings.customWallpapers;
+    UndoKeeper& undo = round.with.undo;
+    Setting<QStringList>& own = round.with.settings.customWallpapers;
     const QStringList before = own();
     if (const QStringList fresh = without(sorted.pictures, before); !fresh.isEmpty()) {
         own.set(sorted.pictures + without(before, sorted.pictures));
-        m_with.undo.offer({Wording::tr("%n pictures added", nullptr, static_cast<int>(fresh.size())),
+        undo.offer({Wording::tr("%n pictures added", nullptr, static_cast<int>(fresh.size())),
             [&own, before] { own.set(before); }});
-        Q_EMIT added(fresh.first());
+        if (round.shown)
+            Q_EMIT round.shown->added(fresh.first());
     }
     if (!sorted.others.isEmpty())
-        m_with.undo.fail(refusalOf(sorted.others));
+        undo.fail(refusalOf(sorted.others));
 }
 
 void WallpaperActions::takeOff(const QString& path)

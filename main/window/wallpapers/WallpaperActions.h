@@ -5,6 +5,7 @@
 #include "foundation/Ticket.h"
 #include "wallpapers/DesktopWallpaper.h"
 #include "window/frame/WindowContext.h"
+#include "window/wallpapers/PictureSorter.h"
 #include "window/wallpapers/WallpapersModel.h"
 
 #include <QObject>
@@ -18,7 +19,7 @@ namespace ambrelle {
 class WallpaperActions final : public QObject {
     Q_OBJECT
 public:
-    WallpaperActions(const WindowContext& context, PictureFiles& files, QObject* parent = nullptr);
+    explicit WallpaperActions(const WindowContext& context, QObject* parent = nullptr);
 
     /// `screen` is the identifier of the one that gets it, of skins' wallpapers only; empty, or of none that is
     /// connected: all get it. A later call wins.
@@ -46,13 +47,12 @@ private:
     static void carryOut(
         const std::shared_ptr<Round>& round, const Order& order, const DesktopWallpaper::Memory& memory);
     static void settle(const std::shared_ptr<Round>& round, int number);
+    static void takeOn(const Round& round, const PictureSorter::Sorted& sorted);
     void begin(const WallpaperChoice& wallpaper, int screens);
     void end();
     void showWorking(const std::optional<WallpaperChoice>& wallpaper);
-    void takeOn(const PictureFiles::Sorted& sorted);
 
     WindowContext m_with;
-    PictureFiles& m_files;
     std::shared_ptr<Round> m_round;
     std::optional<WallpaperChoice> m_working;
     int m_screens = 1;

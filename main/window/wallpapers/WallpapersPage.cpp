@@ -42,7 +42,7 @@ bool looksLikePicture(const QString& file)
 
 WallpapersPage::WallpapersPage(const WindowContext& context)
     : m_with(context)
-    , m_actions(context, m_files)
+    , m_actions(context)
     , m_scope(new QWidget(this))
     , m_bringBack(new Button(Wording::tr("Bring Back My Picture")))
     , m_add(new Button(Wording::tr("Add Pictures…")))
