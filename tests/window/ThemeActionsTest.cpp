@@ -105,6 +105,10 @@ TEST_F(ThemeActionsTest, AsksOnlyWhereWidgetsGo)
     actions.apply(Skin::paper, false, {ThemeTarget::Kind::one, rightScreen.id});
     EXPECT_TRUE(home.undo.failure()) << "that screen has gone";
     EXPECT_EQ(desk.live().size(), before.size());
+    home.undo.dismiss();
+    ASSERT_TRUE(home.undo.canUndo()) << "of what was done before";
+    home.undo.undo();
+    EXPECT_NE(desk.manager.dominantSkin(main), Skin::neon);
 }
 
 TEST_F(ThemeActionsTest, TheLastOfSeveralWishesCounts)

@@ -169,22 +169,20 @@ void ThemeActions::carryOut(Wish wish)
 {
     if (title(wish.theme).isEmpty()) // deleted while the question was open
         return;
-    wish.number = ++m_lastWish;
-    m_with.undo.makeFinal();
-    if (m_with.undo.failure() && m_with.undo.failure()->sentence == m_failure)
-        m_with.undo.dismiss(); // it is of no use to try that again
     Before before{.widgets = m_with.manager.stored(),
         .defaultSkin = m_with.settings.defaultSkin(),
         .saved = m_applied.saved(),
         .widgetsChanged = wish.placesWidgets(),
         .picture = {}};
     if (wish.placesWidgets()) {
-        if (const QString error = placeWidgets(wish); !error.isEmpty()) {
-            m_work.end([] {});
+        if (const QString error = placeWidgets(wish); !error.isEmpty())
             return fail(error, {});
-        }
         m_with.model.setShowWelcome(false);
     }
+    wish.number = ++m_lastWish;
+    m_with.undo.makeFinal();
+    if (m_with.undo.failure() && m_with.undo.failure()->sentence == m_failure)
+        m_with.undo.dismiss(); // it is of no use to try that again
     m_work.begin({wish.theme, wish.operation});
     if (!wish.picture)
         return m_work.end([this, wish, before] { ended(wish, before, {}); });
@@ -203,7 +201,7 @@ QString ThemeActions::placeWidgets(const Wish& wish)
 {
     QString error;
     const auto place = [&](const std::optional<ScreenInfo>& screen) {
-        const auto done = [&error](const QString& sentence) { error = sentence; };
+        const auto done = [&error](const QString& sentence) { error = error.isEmpty() ? sentence : error; };
         if (const Skin* skin = std::get_if<Skin>(&wish.theme))
             return m_with.manager.applyPreset(*skin, false, screen, done);
         const SavedTheme theme = *saved(std::get<QUuid>(wish.theme));
