@@ -43,7 +43,9 @@ def log_out(manager, session):
     manager.let_go()
     session.ended()
     took = time.monotonic() - began
-    assert session.stored() == before, "something got lost"
+    after = session.stored()
+    after.pop("mainWindowSize", None)  # is noted when it goes
+    assert after == before, "something got lost"
     session.end()
     print(f"ended {took * 1000:.0f} ms after it was told to")
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 
 #include "window/frame/MoreMenu.h"
-#include "window/frame/Page.h"
 #include "window/frame/SearchField.h"
 #include "window/frame/TabStrip.h"
 #include "window/frame/ToolBar.h"
 #include "window/WindowDesk.h"
 
 #include <QAccessible>
+#include <QStackedWidget>
 #include <QToolButton>
 
 #include <gmock/gmock.h>
@@ -45,7 +45,7 @@ TEST_F(MainWindowTest, MakesEachPageOnceEvenIfThatChangesTheModel)
     home.window.show(MainTab::wallpapers);
     EXPECT_EQ(home.model.wallpaperTarget(), QString());
     EXPECT_FALSE(home.model.isThemeOpen());
-    EXPECT_EQ(home.window.window()->findChildren<Page*>().size(), 2);
+    EXPECT_EQ(home.window.window()->findChild<QStackedWidget*>({}, Qt::FindDirectChildrenOnly)->count(), 2);
 }
 
 TEST_F(MainWindowTest, FitsTheScreenWithThePointer)

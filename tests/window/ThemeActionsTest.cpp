@@ -287,7 +287,7 @@ TEST_F(ThemeActionsTest, ImportsWhatIsGoodAndTellsOfTheRest)
 
     home.model.addHandedFiles({bad});
     ASSERT_TRUE(waitUntil([&] { return home.sheets.current() != nullptr; }));
-    EXPECT_EQ(wanted, 2) << "a failure must be seen";
+    EXPECT_EQ(wanted, 3) << "a failure must be seen";
     EXPECT_FALSE(home.undo.isShown());
 }
 
