@@ -30,6 +30,7 @@
 #include <ctime>
 
 using namespace ambrelle;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -43,7 +44,7 @@ struct BenchDesk {
 
     WindowHost& host;
     QTemporaryDir folder;
-    UserDefaults defaults{folder.filePath(QStringLiteral("settings.json"))};
+    UserDefaults defaults{folder.filePath(u"settings.json"_s)};
     SystemClock clock;
     RecordingSources machine;
     RecordingWindowList windows;
