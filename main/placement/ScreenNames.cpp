@@ -33,7 +33,7 @@ QString nameOf(const ScreenInfo& screen)
 {
     if (isBuiltIn(screen))
         return Wording::tr("Built-in Display");
-    if (const QString model = modelName(screen); !model.isEmpty())
+    if (QString model = modelName(screen); !model.isEmpty())
         return model;
     return screen.connector.isEmpty() ? screen.id : screen.connector;
 }

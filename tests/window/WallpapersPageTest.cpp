@@ -56,7 +56,7 @@ struct WallpapersPageTest : WindowTest {
     }
     const WallpapersModel& model() const { return *static_cast<const WallpapersModel*>(view->model()); }
     Card card(const WallpaperChoice& wallpaper) const { return cardAt(model().indexOf(wallpaper)); }
-    void click(const WallpaperChoice& wallpaper)
+    void click(const WallpaperChoice& wallpaper) const
     {
         view->choose(model().indexOf(wallpaper));
         press(*view, Qt::Key_Return);

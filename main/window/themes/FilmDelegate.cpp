@@ -69,7 +69,7 @@ void FilmDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
 {
     const AppColours& colours = AppLook::shared().colours();
     const bool isCurrent = option.state.testFlag(QStyle::State_Selected);
-    const QRectF area(option.rect.left() + frameGap / 2, option.rect.top() + frameLead, frameWidth, frameHeight);
+    const QRectF area(option.rect.left() + frameGap / 2.0, option.rect.top() + frameLead, frameWidth, frameHeight);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     paintPicture(*painter, area, index, option.state.testFlag(QStyle::State_MouseOver) ? pointedFrameLine : frameLine);

@@ -150,7 +150,7 @@ QPixmap ThemePicture::best()
     if (const Exact* drawn = exact(); drawn && !drawn->pixmap.isNull())
         return drawn->pixmap;
     const PictureOrder miniature = miniatureOf(*wanted());
-    const QPixmap whole =
+    QPixmap whole =
         m_trial ? m_shelf.standIn(miniature.key) : m_shelf.picture(miniature.key, miniature.pixels, miniature.corner);
     if (!whole.isNull())
         return whole;

@@ -46,7 +46,7 @@ public Q_SLOTS:
         // Portals wrap the value twice.
         return QDBusVariant(QVariant::fromValue(QDBusVariant(isKnown ? scheme : QVariant(u"?"_s))));
     }
-    Sections ReadAll(const QStringList& sections)
+    Sections ReadAll(const QStringList& sections) const
     {
         Sections asked;
         for (const QString& section : sections)
