@@ -89,6 +89,11 @@ bool SheetHost::eventFilter(QObject* object, QEvent* event)
     return QWidget::eventFilter(object, event);
 }
 
+SheetCard* SheetHost::card() const
+{
+    return m_card;
+}
+
 bool SheetHost::event(QEvent* event)
 {
     // What the sheet has no use for does not reach the shortcuts of the window below.

@@ -18,7 +18,7 @@ public:
     /// Covers `window`, and is its child.
     SheetHost(SheetQueue& queue, QWidget& window);
 
-    SheetCard* card() const { return m_card; } ///< null: no sheet is shown
+    SheetCard* card() const; ///< null: no sheet is shown
 
     bool eventFilter(QObject* object, QEvent* event) override;
 
