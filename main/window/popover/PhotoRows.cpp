@@ -5,6 +5,7 @@
 #include "foundation/Wording.h"
 #include "window/look/ElidedLabel.h"
 #include "window/look/FileChooser.h"
+#include "window/look/PeriodTitle.h"
 #include "window/look/WindowStyle.h"
 #include "window/popover/SettingsForm.h"
 
@@ -21,19 +22,6 @@ namespace ambrelle {
 namespace {
 
 constexpr std::array intervals{0, 1, 5, 10, 15, 30, 60, 180, 360, 1440}; // minutes; 0: never
-
-QString intervalText(int minutes)
-{
-    constexpr int hour = 60;
-    constexpr int day = 24 * hour;
-    if (minutes <= 0)
-        return Wording::tr("Never");
-    if (minutes == day)
-        return Wording::tr("Every day");
-    if (minutes % hour == 0)
-        return Wording::tr("Every %n hours", nullptr, minutes / hour);
-    return Wording::tr("Every %n minutes", nullptr, minutes);
-}
 
 /// Outlives the settings, which close as soon as another window gets the pointer.
 void chooseFolder(const QPointer<WidgetController>& widget)
@@ -94,13 +82,13 @@ void addInterval(SettingsForm& form)
 {
     auto* choice = new QComboBox;
     for (const int minutes : intervals)
-        choice->addItem(intervalText(minutes), minutes);
+        choice->addItem(periodTitle(minutes), minutes);
     form.addRow(Wording::tr("Change"), choice, [choice](const WidgetConfig& config) {
         const QSignalBlocker quiet(choice);
         const int minutes = std::max(config.photoInterval, 0);
         // A value from elsewhere is offered too, so that the settings never show another than the one that holds.
         if (choice->findData(minutes) < 0)
-            choice->addItem(intervalText(minutes), minutes);
+            choice->addItem(periodTitle(minutes), minutes);
         choice->setCurrentIndex(choice->findData(minutes));
     });
     QObject::connect(choice, &QComboBox::currentIndexChanged, &form, [&form, choice](int index) {
