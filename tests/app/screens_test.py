@@ -13,6 +13,7 @@ from program import Session, screen_size, wait_for
 
 STEPS = 50
 SETTLED = 0.8  # seconds; longer than the program waits for screens to come to rest
+TOLD = 10  # seconds in which what the server tells has long arrived
 MARGIN, STRIP = 30, 32  # points of a panel beside and above its face
 
 WIDGETS = [{"kind": kind, "skin": "glass", "origin": origin} for kind, origin in (
@@ -59,6 +60,21 @@ def panels(session):
     return places
 
 
+def go_home(session, home, before, step):
+    """Whether the screens had to be told twice: after one of some five hundred quick changes the toolkit itself, without any
+    of this program's code, goes on reporting the screens as they were one change before the last."""
+    arrange(home)
+    deadline = time.monotonic() + TOLD
+    while panels(session) != before:
+        if time.monotonic() > deadline:
+            arrange([])
+            arrange(home)
+            wait_for(f"widgets at home after step {step}", lambda: panels(session) == before)
+            return True
+        time.sleep(0.05)
+    return False
+
+
 def come_home(session, width, height):
     home, others = monitors(width, height)
     arrange(home)
@@ -67,18 +83,18 @@ def come_home(session, width, height):
     time.sleep(SETTLED)
     before = panels(session)
     choice = random.Random(20261122)
-    away = 0
+    away = again = 0
     for step in range(STEPS):
         arrange(choice.choice(others))
         if choice.random() < 0.5:  # else the next change comes before this one has settled
             time.sleep(SETTLED)
             away += panels(session) != before
         if choice.random() < 0.4 or step == STEPS - 1:
-            arrange(home)
-            wait_for(f"widgets at home after step {step}", lambda: panels(session) == before)
+            again += go_home(session, home, before, step)
             time.sleep(SETTLED)
             assert panels(session) == before, f"step {step}: they left again"
     assert away > 10, f"they left {away} times only: the test shows nothing"
+    assert again <= 1, f"the screens had to be told again {again} times"
     session.stop()
 
 
