@@ -4,6 +4,7 @@
 
 #include "drawing/Pens.h"
 #include "drawing/SeededRandom.h"
+#include "drawing/StrokeManner.h"
 
 #include <QPainter>
 
@@ -122,30 +123,6 @@ Lines atom()
         lines.addPath(QTransform().rotate(60 * orbit + 10).map(ring));
     }
     return lines;
-}
-
-/// Chalk wavers: the path in small steps, each a little beside it.
-QPainterPath wavering(const QPainterPath& path, double amount, SeededRandom& random)
-{
-    QPainterPath result;
-    for (const QPolygonF& stretch : path.toSubpathPolygons()) {
-        QPointF drift;
-        for (qsizetype i = 0; i < stretch.size(); ++i) {
-            const QPointF way = i == 0 ? QPointF() : stretch[i] - stretch[i - 1];
-            const int steps = std::max(1, static_cast<int>(std::hypot(way.x(), way.y()) / (8 * amount)));
-            for (int step = 1; step <= steps; ++step) {
-                const double right = random.in(-amount, amount);
-                const double up = random.in(-amount, amount);
-                drift = 0.7 * drift + 0.5 * QPointF(right, up);
-                const QPointF place = stretch[i] - way * (1 - static_cast<double>(step) / steps) + drift;
-                if (i == 0)
-                    result.moveTo(place);
-                else
-                    result.lineTo(place);
-            }
-        }
-    }
-    return result;
 }
 
 /// Drawn twice, the second time more faintly and beside the first; then the rough board shows through.
