@@ -10,34 +10,18 @@
 
 namespace ambrelle {
 
-namespace {
+using namespace Qt::StringLiterals;
 
-/// Of a brush, the colour that is hardest to read on `ground`.
-QColor faintest(const QBrush& brush, const QColor& ground)
-{
-    QColor worst = brush.color();
-    if (const QGradient* gradient = brush.gradient()) {
-        worst = gradient->stops().first().second;
-        for (const auto& [place, colour] : gradient->stops()) {
-            if (contrast(over(colour, ground), ground) < contrast(over(worst, ground), ground))
-                worst = colour;
-        }
-    }
-    return worst;
-}
-
-} // namespace
-
-double Canvas::baseline(const Box& box, const TextStyle& style) const
+double Canvas::baseline(const Box& box, const TextStyle& style)
 {
     return box.center().y() + style.size * style.face.capRatio / 2;
 }
 
 QPointF Canvas::snapped(QPointF point, const Typeface& face) const
 {
-    if (!face.pixel)
+    const QTransform& device = m_painter->deviceTransform();
+    if (!face.pixel || device.type() > QTransform::TxScale)
         return point;
-    const QTransform& device = m_painter.deviceTransform();
     const double scale = device.m11();
     const int grid = pixelGrid(scale);
     const auto snap = [&](double value, double origin) {
@@ -48,15 +32,29 @@ QPointF Canvas::snapped(QPointF point, const Typeface& face) const
 
 void Canvas::glyphs(QPointF origin, const ShapedText& shaped, const QColor& colour)
 {
-    const QTransform before = m_painter.transform();
-    m_painter.translate(origin);
-    m_painter.scale(shaped.scale, shaped.scale);
+    const QTransform before = m_painter->transform();
+    m_painter->translate(origin);
+    m_painter->scale(shaped.scale, shaped.scale);
     if (!shaped.pixels.isEmpty())
-        m_painter.fillPath(shaped.pixels, colour);
-    m_painter.setPen(colour);
+        m_painter->fillPath(shaped.pixels, colour);
+    m_painter->setPen(colour);
     for (const QGlyphRun& run : shaped.runs)
-        m_painter.drawGlyphRun({}, run);
-    m_painter.setTransform(before);
+        m_painter->drawGlyphRun({}, run);
+    m_painter->setTransform(before);
+}
+
+void Canvas::light(const QPainterPath& outline, const InkGlow& glow, LayerKey key)
+{
+    const double reach = glow.strokes * glow.spread / 2 + 1;
+    key.add(glow.colour);
+    key.add(glow.strokes);
+    key.add(glow.alpha);
+    key.add(glow.spread);
+    stillLayer(key.text(), outline.boundingRect().adjusted(-reach, -reach, reach, reach), [&](Canvas& layer) {
+        layer.m_setup.manner = StrokeManner::plain;
+        for (int stroke = glow.strokes; stroke > 0; --stroke)
+            layer.stroke(outline, roundPen(faded(glow.colour, glow.alpha), stroke * glow.spread));
+    });
 }
 
 void Canvas::line(const Box& box, const QString& shown, const TextStyle& style, bool cut)
@@ -67,10 +65,25 @@ void Canvas::line(const Box& box, const QString& shown, const TextStyle& style, 
         x = box.right() - shaped->width;
     else if (style.align == Align::centre)
         x = box.center().x() - shaped->width / 2;
-    const QPointF origin = snapped({x, baseline(box, style)}, style.face);
+    const QPointF pen(x, baseline(box, style));
+    const QPointF origin = snapped(pen, style.face);
+    if (style.glow) {
+        LayerKey key(u"glowing text"_s);
+        key.add(style.face);
+        key.add(style.size);
+        key.add(shown);
+        light(outlineOf(*shaped).translated(origin), *style.glow, key);
+    }
+    if (style.shadow)
+        glyphs(snapped(pen + style.shadow->offset, style.face), *shaped, style.shadow->colour);
     if (style.engraving)
         glyphs(origin + QPointF(0, 1), *shaped, *style.engraving);
     glyphs(origin, *shaped, style.colour);
+    if (style.struck && shaped->width > 0) {
+        const double middle = origin.y() - style.size * style.face.capRatio * 0.42;
+        const double thickness = std::max(1.0, style.size / 14);
+        line({origin.x() - 1, middle}, {origin.x() + shaped->width + 1, middle}, QPen(style.colour, thickness));
+    }
     if (m_setup.record && !shown.isEmpty()) {
         note({.kind = CanvasMark::Kind::text,
             .text = shown,
@@ -85,10 +98,11 @@ void Canvas::line(const Box& box, const QString& shown, const TextStyle& style, 
 
 double Canvas::text(const Box& box, const QString& text, const TextStyle& style)
 {
-    if (muted() || box.width() <= 0)
+    if (box.width() <= 0)
         return 0;
     const QString shown = elided(text, style, box.width());
-    line(box, shown, style, shown != text);
+    if (!muted())
+        line(box, shown, style, shown != text);
     return shape(style.face, style.size, shown)->width;
 }
 
@@ -105,48 +119,6 @@ double Canvas::paragraph(const Box& box, const QString& text, const TextStyle& s
         y += pitch;
     }
     return height;
-}
-
-double Canvas::figure(const Box& box, const QString& value, const QString& unit, const FigureStyle& style)
-{
-    if (muted())
-        return 0;
-    const FigurePath path = figurePath(value, unit, style, box.width());
-    double x = box.left();
-    if (style.align == Align::right)
-        x = box.right() - path.width;
-    else if (style.align == Align::centre)
-        x = box.center().x() - path.width / 2;
-    const QPointF pen = snapped({x, box.center().y() + path.cap / 2}, style.face);
-    figure(box, path, pen, style.fill, value);
-    m_painter.translate(pen);
-    if (style.outline > 0)
-        m_painter.strokePath(path.digits, roundPen(style.fill, style.outline));
-    if (!path.unit.isEmpty()) {
-        const QColor colour = style.unitColour ? *style.unitColour : style.fill.color();
-        m_painter.fillPath(path.unit, colour);
-        note({.kind = CanvasMark::Kind::figure,
-            .text = unit,
-            .box = box,
-            .ink = path.unit.boundingRect().translated(pen),
-            .size = path.cap / 0.72 * 0.55,
-            .colour = colour});
-    }
-    m_painter.translate(-pen);
-    return path.width;
-}
-
-void Canvas::figure(const Box& box, const FigurePath& path, QPointF pen, const QBrush& fill, const QString& value)
-{
-    if (muted())
-        return;
-    m_painter.fillPath(path.digits.translated(pen), fill);
-    note({.kind = CanvasMark::Kind::figure,
-        .text = value,
-        .box = box,
-        .ink = path.digits.boundingRect().translated(pen),
-        .size = path.cap / 0.72,
-        .colour = m_setup.record ? faintest(fill, m_setup.ground) : QColor()});
 }
 
 } // namespace ambrelle

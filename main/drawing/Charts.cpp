@@ -5,6 +5,7 @@
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
 #include "drawing/Pens.h"
+#include "drawing/Ribbon.h"
 
 #include <QLinearGradient>
 
@@ -59,35 +60,14 @@ QPainterPath smoothLine(const QPolygonF& points)
 
 void graphLine(Canvas& canvas, const QPainterPath& line, const QBrush& brush, double width)
 {
-    constexpr double sharpest = 2; // half widths that a corner may reach out
-    const int count = line.elementCount();
-    if (count < 2)
+    if (canvas.manner() != StrokeManner::plain) {
+        canvas.stroke(line, roundPen(brush, width));
         return;
-    const auto normal = [&](int from) {
-        const QPointF way = QPointF(line.elementAt(from + 1)) - QPointF(line.elementAt(from));
-        const double length = std::max(1e-6, std::hypot(way.x(), way.y()));
-        return QPointF(-way.y(), way.x()) / length;
-    };
-    QPolygonF ribbon(count * 2);
-    for (int index = 0; index < count; ++index) {
-        const QPointF before = normal(std::max(0, index - 1));
-        const QPointF after = normal(std::min(count - 2, index));
-        const QPointF sum = before + after;
-        const double square = std::max(1e-6, QPointF::dotProduct(sum, sum));
-        // The mitre: along the mean normal, longer the sharper the corner.
-        QPointF out = sum * (2 / square);
-        const double reach = std::hypot(out.x(), out.y());
-        if (reach > sharpest)
-            out *= sharpest / reach;
-        const QPointF at = line.elementAt(index);
-        ribbon[index] = at + out * (width / 2);
-        ribbon[2 * count - 1 - index] = at - out * (width / 2);
     }
-    QPainterPath path;
-    path.setFillRule(Qt::WindingFill);
-    path.addPolygon(ribbon);
-    path.closeSubpath();
-    canvas.fill(path, brush);
+    QPolygonF points;
+    for (int index = 0; index < line.elementCount(); ++index)
+        points.append(line.elementAt(index));
+    canvas.fill(ribbon(points, width), brush);
 }
 
 QPainterPath areaUnder(const QPainterPath& line, double y)

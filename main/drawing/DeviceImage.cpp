@@ -22,17 +22,40 @@ QImage deviceImage(const QPainter& target, const QRect& pixels, const std::funct
     return image;
 }
 
-void paintDeviceImage(QPainter& target, QPoint at, const QImage& image, double opacity)
+namespace {
+
+/// Paints in the pixels of the device. Nothing is smoothed: with that hint even an image that is not scaled takes the
+/// way of those that are.
+void inDevicePixels(QPainter& target, const std::function<void()>& draw)
 {
     const double ratio = target.device()->devicePixelRatio();
     target.save();
     target.resetTransform();
     target.scale(1 / ratio, 1 / ratio);
-    // With this hint even an image that is not scaled takes the way of those that are.
     target.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    target.setOpacity(opacity);
-    target.drawImage(at, image);
+    draw();
     target.restore();
+}
+
+} // namespace
+
+void paintDeviceImage(QPainter& target, QPoint at, const QImage& image, double opacity)
+{
+    inDevicePixels(target, [&] {
+        target.setOpacity(opacity);
+        target.drawImage(at, image);
+    });
+}
+
+void paintDeviceImage(QPainter& target, QPoint at, const QImage& image, const QPainterPath& shape)
+{
+    inDevicePixels(target, [&] {
+        QBrush texture(image);
+        texture.setTransform(QTransform::fromTranslate(at.x(), at.y()));
+        target.setClipRect(QRect(at, image.size()), Qt::IntersectClip); // a texture goes on beyond its edges
+        target.setRenderHint(QPainter::Antialiasing);
+        target.fillPath(shape, texture);
+    });
 }
 
 } // namespace ambrelle

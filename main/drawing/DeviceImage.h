@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <functional>
 
@@ -18,5 +19,7 @@ QImage deviceImage(const QPainter& target, const QRect& pixels, const std::funct
 /// Lays the picture over the target with its upper left corner at the device pixel `at`. A plain copy: nothing is
 /// scaled or smoothed, and no other thread is woken for it.
 void paintDeviceImage(QPainter& target, QPoint at, const QImage& image, double opacity = 1);
+/// Lays over the target what of the picture lies within `shape`, in device pixels, with a smooth edge.
+void paintDeviceImage(QPainter& target, QPoint at, const QImage& image, const QPainterPath& shape);
 
 } // namespace ambrelle

@@ -101,15 +101,37 @@ QImage ditherTile(const QColor& colour, int unit)
     return tile.scaled(tile.size() * unit);
 }
 
+namespace {
+
+/// Results of one way to change a picture, by picture and size.
+QImage kept(QCache<QString, QImage>& results, const QImage& picture, const QSize& size,
+    QImage (*make)(const QImage&, const QSize&))
+{
+    const QString key = u"%1 %2 %3"_s.arg(picture.cacheKey()).arg(size.width()).arg(size.height());
+    if (const QImage* result = results.object(key))
+        return *result;
+    QImage result = make(picture, size);
+    results.insert(key, new QImage(result), std::max<qsizetype>(1, result.sizeInBytes() / 1024));
+    return result;
+}
+
+constexpr int keptKilobytes = 4 * 1024;
+
+} // namespace
+
 QImage dithered(const QImage& picture, const QSize& size)
 {
-    thread_local QCache<QString, QImage> kept(4 * 1024);
-    const QString key = u"%1 %2 %3"_s.arg(picture.cacheKey()).arg(size.width()).arg(size.height());
-    if (const QImage* bits = kept.object(key))
-        return *bits;
-    QImage bits = ditherAfresh(picture, size);
-    kept.insert(key, new QImage(bits), std::max<qsizetype>(1, bits.sizeInBytes() / 1024));
-    return bits;
+    thread_local QCache<QString, QImage> results(keptKilobytes);
+    return kept(results, picture, size, ditherAfresh);
+}
+
+QImage reduced(const QImage& picture, const QSize& size)
+{
+    thread_local QCache<QString, QImage> results(keptKilobytes);
+    return kept(results, picture, size, [](const QImage& from, const QSize& to) {
+        return from.scaled(to, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    });
 }
 
 } // namespace ambrelle

@@ -16,5 +16,7 @@ QImage ditherTile(const QColor& colour, int unit);
 
 /// The picture scaled to `size`, in black and white with a 4 x 4 ordered dither (Bayer 1973). Results are kept.
 QImage dithered(const QImage& picture, const QSize& size);
+/// The picture scaled down to `size`, each pixel the mean of what it stands for. Results are kept.
+QImage reduced(const QImage& picture, const QSize& size);
 
 } // namespace ambrelle

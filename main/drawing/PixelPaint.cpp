@@ -30,8 +30,11 @@ PixelPaint::PixelPaint(QPainter& painter, Finish finish)
     : m_painter(painter)
     , m_finish(finish)
 {
+    constexpr double rounding = 1e-6;
     const QTransform device = painter.deviceTransform();
-    m_scale = device.m11();
+    m_linear = {device.m11(), device.m12(), device.m21(), device.m22(), 0, 0};
+    m_scale = std::hypot(device.m11(), device.m12());
+    m_upright = std::abs(device.m11() - m_scale) < rounding && std::abs(device.m22() - m_scale) < rounding;
     m_unit = std::max(1, whole(m_scale));
     m_grid = pixelGrid(m_scale);
     m_origin = QPoint(whole(device.dx()), whole(device.dy()));
@@ -50,14 +53,26 @@ QRect PixelPaint::pixels(const QRectF& box) const
     return {x, y, width, height};
 }
 
-QBrush PixelPaint::printed(const QBrush& brush, int unit) const
+QTransform PixelPaint::inSteps(int pixels) const
 {
-    const QColor colour = brush.gradient() ? brush.gradient()->stops().first().second : brush.color();
-    if (m_finish != Finish::oneBit || brush.style() == Qt::NoBrush)
+    return m_linear * QTransform::fromScale(1.0 / pixels, 1.0 / pixels);
+}
+
+QBrush PixelPaint::printed(const QBrush& brush, const QTransform& steps, int unit) const
+{
+    if (m_finish == Finish::oneBit && brush.style() != Qt::NoBrush) {
+        const QColor colour = brush.gradient() ? brush.gradient()->stops().first().second : brush.color();
+        const bool pure = colour == QColor(Qt::black) || colour == QColor(Qt::white);
+        return pure ? QBrush(colour) : QBrush(ditherTile(colour, unit));
+    }
+    const QGradient* gradient = brush.gradient();
+    const bool inPoints =
+        gradient ? gradient->coordinateMode() == QGradient::LogicalMode : brush.style() == Qt::TexturePattern;
+    if (!inPoints)
         return brush;
-    if (colour == QColor(Qt::black) || colour == QColor(Qt::white))
-        return colour;
-    return QBrush(ditherTile(colour, unit));
+    QBrush placed = brush;
+    placed.setTransform(brush.transform() * steps);
+    return placed;
 }
 
 template <typename Draw> void PixelPaint::inPixels(Draw draw)
@@ -88,26 +103,33 @@ void PixelPaint::inUnits(const QRectF& bounds, const std::function<void(QPainter
 
 void PixelPaint::fill(const QRectF& box, const QBrush& brush)
 {
-    inPixels([&] { m_painter.fillRect(pixels(box), printed(brush, m_unit)); });
+    if (!m_upright) {
+        QPainterPath path;
+        path.addRect(box);
+        fill(path, brush);
+        return;
+    }
+    inPixels([&] { m_painter.fillRect(pixels(box), printed(brush, inSteps(1), m_unit)); });
 }
 
 void PixelPaint::fill(const QPainterPath& path, const QBrush& brush)
 {
-    const QPainterPath steps = QTransform::fromScale(m_scale / m_unit, m_scale / m_unit).map(path);
-    inUnits(steps.boundingRect(), [&](QPainter& painter) { painter.fillPath(steps, printed(brush, 1)); });
+    const QTransform toSteps = inSteps(m_unit);
+    const QPainterPath steps = toSteps.map(path);
+    inUnits(steps.boundingRect(), [&](QPainter& painter) { painter.fillPath(steps, printed(brush, toSteps, 1)); });
 }
 
 QPen PixelPaint::penInUnits(const QPen& pen) const
 {
     QPen inked = pen;
-    inked.setBrush(printed(pen.brush(), 1));
+    inked.setBrush(printed(pen.brush(), inSteps(m_unit), 1));
     inked.setWidth(std::max(1, whole(pen.widthF() * m_scale / m_unit)));
     return inked;
 }
 
 void PixelPaint::stroke(const QPainterPath& path, const QPen& pen)
 {
-    const QPainterPath steps = QTransform::fromScale(m_scale / m_unit, m_scale / m_unit).map(path);
+    const QPainterPath steps = inSteps(m_unit).map(path);
     const QPen inked = penInUnits(pen);
     const double reach = inked.widthF();
     inUnits(steps.boundingRect().adjusted(-reach, -reach, reach, reach),
@@ -116,9 +138,16 @@ void PixelPaint::stroke(const QPainterPath& path, const QPen& pen)
 
 void PixelPaint::frame(const QRectF& box, const QBrush& brush, double thickness)
 {
+    if (!m_upright) {
+        const double half = thickness / 2;
+        QPainterPath path;
+        path.addRect(box.adjusted(half, half, -half, -half));
+        stroke(path, QPen(brush, thickness));
+        return;
+    }
     const QRect outer = pixels(box);
     const int line = std::max(1, whole(thickness)) * m_unit;
-    const QBrush ink = printed(brush, m_unit);
+    const QBrush ink = printed(brush, inSteps(1), m_unit);
     inPixels([&] {
         m_painter.fillRect(outer.x(), outer.y(), outer.width(), line, ink);
         m_painter.fillRect(outer.x(), outer.y() + outer.height() - line, outer.width(), line, ink);
@@ -127,22 +156,66 @@ void PixelPaint::frame(const QRectF& box, const QBrush& brush, double thickness)
     });
 }
 
+void PixelPaint::squares(const QPainterPath& path, const QBrush& brush, double side)
+{
+    // At a whole scale the squares' edges lie on those of pixels.
+    const bool exact = m_upright && (m_grid > 1 || m_scale == 1);
+    m_painter.save();
+    m_painter.setRenderHint(QPainter::Antialiasing, exact || !m_upright || side * m_scale < 1);
+    m_painter.fillPath(path, brush);
+    m_painter.restore();
+}
+
+void PixelPaint::clip(const QPainterPath& shape)
+{
+    const QPainterPath steps = inSteps(m_unit).map(shape);
+    const QRect area = steps.boundingRect().toAlignedRect();
+    QRegion inside;
+    if (!area.isEmpty()) {
+        QImage mask(area.size(), QImage::Format_Grayscale8);
+        mask.fill(0);
+        QPainter painter(&mask);
+        painter.translate(-area.topLeft());
+        painter.fillPath(steps, Qt::white);
+        painter.end();
+        for (int y = 0; y < mask.height(); ++y) {
+            const uchar* row = mask.constScanLine(y);
+            for (int x = 0; x < mask.width(); ++x) {
+                const int start = x;
+                while (x < mask.width() && row[x] > 127)
+                    ++x;
+                if (x > start)
+                    inside += QRect((area.topLeft() + QPoint(start, y)) * m_unit, QSize((x - start) * m_unit, m_unit));
+            }
+        }
+    }
+    const QTransform before = m_painter.transform();
+    m_painter.setTransform(m_painter.deviceTransform().inverted() * before);
+    m_painter.setClipRegion(inside.translated(m_origin), Qt::IntersectClip);
+    m_painter.setTransform(before);
+}
+
 void PixelPaint::picture(const QRectF& box, const QImage& image, const QRectF& source)
 {
-    const QRect target = pixels(box);
-    if (m_finish != Finish::oneBit) {
-        inPixels([&] {
-            m_painter.setRenderHint(QPainter::SmoothPixmapTransform);
-            m_painter.drawImage(target, image, source);
-        });
+    if (!m_upright) {
+        m_painter.save();
+        m_painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+        m_painter.drawImage(box, image, source);
+        m_painter.restore();
         return;
     }
-    // The whole picture is dithered, so that the result can be kept by the picture's key; the crop is taken from it.
-    const double grow = target.width() / source.width() / m_unit;
-    const QImage bits = dithered(image, (QSizeF(image.size()) * grow).toSize().expandedTo({1, 1}));
+    const QRect target = pixels(box);
+    const double grow = target.width() / source.width() / m_unit; // steps of a pixel of the picture
+    if (m_finish != Finish::oneBit && grow >= 1) {
+        inPixels([&] { m_painter.drawImage(QRectF(target), image, source); });
+        return;
+    }
+    // The whole picture is reduced, so that the result can be kept by the picture's key; the crop is taken from it.
+    const QSize size = (QSizeF(image.size()) * grow).toSize().expandedTo({1, 1});
+    const QImage steps = m_finish == Finish::oneBit ? dithered(image, size) : reduced(image, size);
     const QRect part(
         whole(source.x() * grow), whole(source.y() * grow), target.width() / m_unit, target.height() / m_unit);
-    inPixels([&] { m_painter.drawImage(target, bits, part); });
+    inPixels([&] { m_painter.drawImage(target, steps, part); });
 }
 
 } // namespace ambrelle

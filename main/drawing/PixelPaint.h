@@ -15,8 +15,9 @@ namespace ambrelle {
 /// else single pixels.
 int pixelGrid(double scale);
 
-/// Lays shapes down in whole device pixels. Lengths are points; curves are drawn in squares of one font unit, the whole
-/// number of device pixels nearest to a point, so that a picture at twice the scale has the same steps.
+/// Lays shapes down in whole device pixels, nothing smoothed. Lengths are points; curves are drawn in squares of one
+/// font unit, the whole number of device pixels nearest to a point, so that a picture at twice the scale has the same
+/// steps. Gradients and textures are in points like the shapes; what is turned loses its alignment, but not its steps.
 class PixelPaint {
 public:
     PixelPaint(QPainter& painter, Finish finish);
@@ -26,18 +27,29 @@ public:
     void stroke(const QPainterPath& path, const QPen& pen);
     /// A line along the inside of the box's edge.
     void frame(const QRectF& box, const QBrush& brush, double thickness);
-    /// The part `source` of a picture over the box.
+    /// What is made of squares already, each `side` points wide and at its place: letters of a pixel face. Where a
+    /// square is smaller than a pixel it is smoothed, or strokes would be lost.
+    void squares(const QPainterPath& path, const QBrush& brush, double side);
+    /// Until the painter is restored, nothing outside the shape is painted.
+    void clip(const QPainterPath& shape);
+    /// The part `source` of a picture over the box: larger pictures are reduced to the steps that there is room for,
+    /// smaller ones keep hard edges.
     void picture(const QRectF& box, const QImage& image, const QRectF& source);
 
 private:
     QRect pixels(const QRectF& box) const;
     QPen penInUnits(const QPen& pen) const;
-    QBrush printed(const QBrush& brush, int unit) const;
+    /// From points to steps of so many device pixels.
+    QTransform inSteps(int pixels) const;
+    /// A brush for a painter in these steps; patterns of black and white take `unit` of them for a dot.
+    QBrush printed(const QBrush& brush, const QTransform& steps, int unit) const;
     void inUnits(const QRectF& bounds, const std::function<void(QPainter&)>& draw);
     template <typename Draw> void inPixels(Draw draw);
 
     QPainter& m_painter;
     Finish m_finish;
+    QTransform m_linear; ///< from points to device pixels, without the corner's place
+    bool m_upright; ///< neither turned nor mirrored
     double m_scale; ///< device pixels of a point
     int m_unit; ///< device pixels of a font unit
     int m_grid; ///< device pixels

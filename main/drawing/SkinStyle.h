@@ -2,7 +2,9 @@
 
 #pragma once
 
+#include "drawing/Figure.h"
 #include "drawing/Finish.h"
+#include "drawing/StrokeManner.h"
 #include "drawing/Text.h"
 #include "drawing/Typeface.h"
 
@@ -36,6 +38,7 @@ struct SkinStyle {
     double lineHeight = 1.3; ///< of wrapped lines, in parts of their size
     double dialCap = 18; ///< height of the figure inside the shared dials
     Finish finish = Finish::smooth;
+    StrokeManner manner = StrokeManner::plain; ///< of all lines that faces draw
     std::optional<Typeface> unitFace{}; ///< of units, where the number face has digits only
     double rowGap = 6; ///< between rows of two lines, points
     std::optional<Typeface> smallNumber{}; ///< for figures below cap 30, where the large one's strokes were too thin

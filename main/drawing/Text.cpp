@@ -5,8 +5,6 @@
 #include "drawing/PixelMask.h"
 
 #include <QCache>
-#include <QFontMetricsF>
-#include <QHash>
 #include <QRawFont>
 #include <QTextLayout>
 
@@ -55,6 +53,14 @@ QPainterPath onGrid(const QPainterPath& outline)
     return pixelated(outline.translated(shift, shift));
 }
 
+void addGlyphs(QPainterPath& outline, const QGlyphRun& run)
+{
+    const QList<quint32> glyphs = run.glyphIndexes();
+    const QList<QPointF> places = run.positions();
+    for (qsizetype index = 0; index < glyphs.size(); ++index)
+        outline.addPath(run.rawFont().pathForGlyph(glyphs[index]).translated(places[index]));
+}
+
 /// A line of a pixel face, laid out at one point a square and printed from a mask.
 std::shared_ptr<const ShapedText> shapeInSquares(const Typeface& face, double size, const QString& text)
 {
@@ -71,12 +77,8 @@ std::shared_ptr<const ShapedText> shapeInSquares(const Typeface& face, double si
     layout.endLayout();
     QPainterPath outline;
     outline.setFillRule(Qt::WindingFill);
-    for (const QGlyphRun& run : layout.glyphRuns()) {
-        const QList<quint32> glyphs = run.glyphIndexes();
-        const QList<QPointF> places = run.positions();
-        for (qsizetype index = 0; index < glyphs.size(); ++index)
-            outline.addPath(run.rawFont().pathForGlyph(glyphs[index]).translated(places[index]));
-    }
+    for (const QGlyphRun& run : layout.glyphRuns())
+        addGlyphs(outline, run);
     shaped->pixels = twice ? struckTwice(onGrid(outline)) : onGrid(outline);
     shaped->width = text.isEmpty() ? 0 : line.naturalTextWidth() * shaped->scale;
     const QRectF ink = shaped->pixels.boundingRect();
@@ -117,94 +119,6 @@ std::shared_ptr<const ShapedText> shapeAfresh(const Typeface& face, double size,
     return shaped;
 }
 
-constexpr int figureMaster = 128;
-constexpr int squareMaster = figureMaster / Typeface::squares; // side of a pixel face's squares
-
-/// One character of a figure at the master size, and how wide its cell is.
-struct FigureGlyph {
-    QPainterPath path;
-    double advance = 0;
-};
-
-FigureGlyph makeGlyph(const Typeface& face, QChar character)
-{
-    FigureGlyph glyph;
-    if (face.pixel) {
-        const auto shaped = shape(face, figureMaster, character);
-        glyph.path = QTransform::fromScale(squareMaster, squareMaster).map(shaped->pixels);
-        glyph.advance = shaped->width;
-        if (character == u'.' || character == u':') {
-            // Points and colons stand in cells of their own width, not in the half em of letters.
-            const QRectF ink = glyph.path.boundingRect();
-            glyph.path.translate(squareMaster - ink.x(), 0);
-            glyph.advance = ink.width() + 2 * squareMaster;
-        }
-        return glyph;
-    }
-    const QFont& font = fontOf(face, figureMaster);
-    glyph.path.addText(0, 0, font, character);
-    glyph.path.setFillRule(Qt::WindingFill);
-    glyph.advance = QFontMetricsF(font).horizontalAdvance(character);
-    return glyph;
-}
-
-const FigureGlyph& glyphOf(const Typeface& face, QChar character)
-{
-    thread_local QHash<ShapeKey, FigureGlyph> glyphs;
-    const ShapeKey key{face.family, face.weight, face.italic, face.pixel ? 1.0 : 0.0, 0, QString(character)};
-    auto found = glyphs.find(key);
-    if (found == glyphs.end())
-        found = glyphs.insert(key, makeGlyph(face, character));
-    return *found;
-}
-
-double cellOf(const Typeface& face)
-{
-    double widest = 0;
-    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
-        widest = std::max(widest, glyphOf(face, QChar(digit)).advance);
-    widest *= face.cell;
-    return face.pixel ? std::round(widest / squareMaster) * squareMaster : widest;
-}
-
-/// Appends the characters of `text` to `path`, digits centred in equal cells, and returns the pen's new place.
-double appendCells(QPainterPath& path, const Typeface& face, double size, double pen, const QString& text)
-{
-    const double scale = size / figureMaster;
-    const double cell = cellOf(face) * scale;
-    for (const QChar character : text) {
-        const FigureGlyph& glyph = glyphOf(face, character);
-        const double advance = glyph.advance * scale;
-        const bool digit = character.isDigit();
-        const double spare = digit ? (cell - advance) / 2 : 0;
-        const double x = pen + (face.pixel ? std::floor(spare / scale / squareMaster) * squareMaster * scale : spare);
-        QTransform place = QTransform::fromTranslate(x, 0);
-        place.scale(scale, scale);
-        path.addPath(place.map(glyph.path));
-        pen += digit ? cell : advance;
-    }
-    return pen;
-}
-
-FigurePath layOut(const QString& value, const QString& unit, const FigureStyle& style, double cap)
-{
-    FigurePath figure;
-    const double size = style.face.sizeForCap(cap);
-    figure.cap = style.face.pixel ? size * style.face.capRatio : cap;
-    figure.digits.setFillRule(Qt::WindingFill);
-    figure.unit.setFillRule(Qt::WindingFill);
-    figure.width = appendCells(figure.digits, style.face, size, 0, value);
-    if (!unit.isEmpty()) {
-        const Typeface& face = style.unitFace ? *style.unitFace : style.face;
-        const double unitSize = face.fitted(face.sizeForCap(cap) * 0.55);
-        const double gap = face.pixel ? unitSize / Typeface::squares : 0.06 * size;
-        figure.width = appendCells(figure.unit, face, unitSize, figure.width + gap, unit);
-        if (unit == u"°") // a ring hangs from the top of the digits, other units stand on their baseline
-            figure.unit.translate(0, -figure.cap - figure.unit.boundingRect().top());
-    }
-    return figure;
-}
-
 } // namespace
 
 std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const QString& text)
@@ -216,6 +130,15 @@ std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const
     auto shaped = shapeAfresh(face, size, text);
     cache.insert(key, new std::shared_ptr<const ShapedText>(shaped));
     return shaped;
+}
+
+QPainterPath outlineOf(const ShapedText& shaped)
+{
+    QPainterPath outline = shaped.pixels;
+    outline.setFillRule(Qt::WindingFill);
+    for (const QGlyphRun& run : shaped.runs)
+        addGlyphs(outline, run);
+    return QTransform::fromScale(shaped.scale, shaped.scale).map(outline);
 }
 
 namespace {
@@ -298,25 +221,6 @@ QStringList wrapped(const QString& text, const TextStyle& style, double width)
     if (!rest.isEmpty())
         lines.append(elided(rest, style, width));
     return lines;
-}
-
-FigurePath figurePath(const QString& value, const QString& unit, const FigureStyle& style, double room)
-{
-    double cap = style.cap;
-    FigurePath figure = layOut(value, unit, style, cap);
-    if (style.face.pixel) {
-        const double step = Typeface::squares * style.face.capRatio;
-        for (cap = figure.cap - step; figure.width > room && cap > step / 2; cap -= step)
-            figure = layOut(value, unit, style, cap);
-        return figure;
-    }
-    for (int step = 0; step < 3 && figure.width > room; ++step) {
-        cap *= 0.9;
-        figure = layOut(value, unit, style, cap);
-    }
-    if (figure.width > room && figure.width > 0)
-        figure = layOut(value, unit, style, cap * room / figure.width);
-    return figure;
 }
 
 } // namespace ambrelle

@@ -4,7 +4,6 @@
 
 #include "drawing/Typeface.h"
 
-#include <QBrush>
 #include <QColor>
 #include <QGlyphRun>
 #include <QList>
@@ -17,6 +16,25 @@ namespace ambrelle {
 
 enum class Align { left, centre, right };
 
+/// A copy of letters or digits under them.
+struct InkShadow {
+    QColor colour{};
+    QPointF offset{1, 1}; ///< points
+
+    bool operator==(const InkShadow&) const = default;
+};
+
+/// Light around letters or digits: strokes under them, each `spread` points wider than the one above it. Kept as a
+/// still layer, so that it is drawn once as long as what glows stays the same.
+struct InkGlow {
+    QColor colour{};
+    int strokes = 6;
+    double alpha = 0.05; ///< of each stroke
+    double spread = 2;
+
+    bool operator==(const InkGlow&) const = default;
+};
+
 /// How a line, or a few wrapped lines, of text is set.
 struct TextStyle {
     Typeface face{};
@@ -28,6 +46,9 @@ struct TextStyle {
     double lineHeight = 1.3; ///< in parts of the size
     bool axis = false; ///< a tick or serial number, which may be smaller than the skin's text
     std::optional<QColor> engraving{}; ///< a highlight one point below the letters
+    std::optional<InkShadow> shadow{};
+    std::optional<InkGlow> glow{};
+    bool struck = false; ///< crossed out
 
     TextStyle sized(double pixels) const
     {
@@ -57,6 +78,18 @@ struct TextStyle {
     {
         return with([&](TextStyle& s) { s.engraving = c; });
     }
+    TextStyle shadowed(const QColor& c, QPointF offset = {1, 1}) const
+    {
+        return with([&](TextStyle& s) { s.shadow = InkShadow{c, offset}; });
+    }
+    TextStyle glowing(const InkGlow& light) const
+    {
+        return with([&](TextStyle& s) { s.glow = light; });
+    }
+    TextStyle struckThrough() const
+    {
+        return with([&](TextStyle& s) { s.struck = true; });
+    }
     TextStyle faced(const Typeface& f) const
     {
         return with([&](TextStyle& s) { s.face = f; });
@@ -67,30 +100,6 @@ private:
     {
         TextStyle copy = *this;
         change(copy);
-        return copy;
-    }
-};
-
-/// How a figure is set: every digit in an equal cell, its unit at 0.55 of the size on the same baseline.
-struct FigureStyle {
-    Typeface face{};
-    double cap = 40; ///< height of the digits in points
-    QBrush fill{}; ///< a gradient is given in the coordinates of the figure's box
-    Align align = Align::left;
-    std::optional<Typeface> unitFace{}; ///< for faces that have digits only
-    std::optional<QColor> unitColour{};
-    double outline = 0; ///< width of a stroke in the fill's colour, points
-
-    FigureStyle aligned(Align a) const
-    {
-        FigureStyle copy = *this;
-        copy.align = a;
-        return copy;
-    }
-    FigureStyle filled(const QBrush& brush) const
-    {
-        FigureStyle copy = *this;
-        copy.fill = brush;
         return copy;
     }
 };
@@ -106,22 +115,12 @@ struct ShapedText {
 
 /// Shapes one line of text; equal calls of a thread share one result, which is no other thread's.
 std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const QString& text);
+/// The outlines of its letters, in points about the baseline's start.
+QPainterPath outlineOf(const ShapedText& shaped);
 
 /// The text cut to `width` points with one ellipsis sign, whole where it fits.
 QString elided(const QString& text, const TextStyle& style, double width);
 /// The text broken into at most `style.lines` lines of `width` points; the last one is elided.
 QStringList wrapped(const QString& text, const TextStyle& style, double width);
-
-/// A figure's outline: baseline at y 0, starting at x 0.
-struct FigurePath {
-    QPainterPath digits;
-    QPainterPath unit;
-    double width = 0; ///< of all cells and the unit, points
-    double cap = 0; ///< after fitting
-};
-
-/// Lays a figure out in equal cells; where it is wider than `room`, three steps of ten
-/// percent smaller, and then as small as it has to be: a number is never cut.
-FigurePath figurePath(const QString& value, const QString& unit, const FigureStyle& style, double room);
 
 } // namespace ambrelle

@@ -21,7 +21,8 @@ FaceView::Result FaceView::drawPass(
             .layerKey = m_layerKey,
             .record = setup.record,
             .ground = m_renderer->style().ground,
-            .finish = m_renderer->style().finish});
+            .finish = m_renderer->style().finish,
+            .manner = m_renderer->style().manner});
     m_renderer->drawAny(canvas, reading, m_face);
     return {canvas.hits(), canvas.movingAreas()};
 }

@@ -40,6 +40,17 @@ TEST(Canvas, AStillLayerIsDrawnOnceForEachSizeAndLooksAsDrawnDirectly)
         canvas.still(u"disc"_s, {0, 0, 40, 40}, draw);
         return image;
     };
+    const auto ask = [&](double level) {
+        QImage image = blank();
+        QPainter painter(&image);
+        Canvas canvas(painter, {.layers = &layers, .layerKey = u"test"_s});
+        canvas.still(u"level"_s, {0, 0, 40, 40}, draw, level, u"name"_s, QColor(Qt::red));
+    };
+    ask(0.25);
+    ask(0.25);
+    EXPECT_EQ(drawings, 1);
+    ask(0.5);
+    EXPECT_EQ(drawings, 2) << "a layer of another value was shown";
     for (const double scale : {1.0, 1.25, 0.75}) {
         for (const QPointF at : {QPointF(3, 5), QPointF(3.5, 5.25)}) {
             const QImage kept = picture(&layers, scale, at);
@@ -73,6 +84,26 @@ TEST(Canvas, TheMovingPassDrawsNothingThatStandsStill)
     EXPECT_EQ(moment, 2.5);
     EXPECT_EQ(image.pixelColor(12, 12), QColor(Qt::blue));
     EXPECT_EQ(canvas.movingAreas().size(), 1);
+}
+
+TEST(Canvas, WidthsAreTheSameInBothPasses)
+{
+    const TextStyle text{.face = {.family = u"Inter"_s}, .size = 13, .colour = Qt::red};
+    const FigureStyle figure{.face = {.family = u"Inter Display"_s}, .cap = 30, .fill = Qt::red};
+    QList<QList<double>> widths;
+    for (const Canvas::Pass pass : {Canvas::Pass::still, Canvas::Pass::moving}) {
+        QImage image = blank();
+        QPainter painter(&image);
+        Canvas canvas(painter, {.pass = pass});
+        widths.append({canvas.text(Box(0, 0, 60, 20), u"name"_s, text),
+            canvas.text(Box(0, 0, 60, 20), u"a name that is cut"_s, text),
+            canvas.figure(Box(0, 0, 200, 40), u"12:34"_s, u"%"_s, figure),
+            canvas.figure(Box(0, 0, 40, 40), u"1000.00"_s, u"KB/s"_s, figure),
+            canvas.figure(Box(0, 0, 200, 40), u"11:17"_s, {}, figure.kerned())});
+    }
+    EXPECT_EQ(widths[0], widths[1]);
+    EXPECT_GT(widths[1][0], 20);
+    EXPECT_GT(widths[1][2], 80);
 }
 
 TEST(BurstSchedule, DrawsWithinBurstsAndOnceJustAfter)

@@ -59,24 +59,4 @@ TEST(Text, WrappedTextKeepsEveryWordUntilTheLastLineIsFull)
     EXPECT_TRUE(wrapped(u"  "_s, style.wrapped(3), 60).isEmpty());
 }
 
-TEST(Figure, DigitsStayPutWhateverTheyAre)
-{
-    const FigureStyle figure{.face = {.family = u"Inter Display"_s, .weight = 300, .capRatio = 0.74}};
-    const double width = figurePath(u"00:00"_s, {}, figure, 1000).width;
-    for (const QString& time : {u"11:11"_s, u"09:41"_s, u"23:58"_s})
-        EXPECT_DOUBLE_EQ(figurePath(time, {}, figure, 1000).width, width) << qPrintable(time);
-}
-
-TEST(Figure, ShrinksToItsRoomAndIsNeverCut)
-{
-    const FigureStyle figure{.face = {.family = u"Inter Display"_s, .weight = 300, .capRatio = 0.74}};
-    const FigurePath roomy = figurePath(u"1000.00"_s, u"KB/s"_s, figure, 1000);
-    EXPECT_DOUBLE_EQ(roomy.cap, figure.cap);
-    for (const double room : {200.0, 120.0, 60.0, 20.0}) {
-        const FigurePath path = figurePath(u"1000.00"_s, u"KB/s"_s, figure, room);
-        EXPECT_LE(path.width, room + 0.01);
-        EXPECT_EQ(path.digits.elementCount(), roomy.digits.elementCount()) << "a digit was lost";
-    }
-}
-
 } // namespace ambrelle

@@ -34,21 +34,4 @@ TextStyle inked(const TextStyle& text);
 /// A reading beside an engraved name, in the colour of lamps.
 TextStyle amber(const SkinStyle& style, const TextStyle& text);
 
-/// What a text stands on, for as long as this lives.
-class GroundScope {
-public:
-    GroundScope(Canvas& canvas, const QColor& ground)
-        : m_canvas(canvas)
-        , m_before(canvas.ground())
-    {
-        canvas.setGround(ground);
-    }
-    ~GroundScope() { m_canvas.setGround(m_before); }
-    Q_DISABLE_COPY_MOVE(GroundScope)
-
-private:
-    Canvas& m_canvas;
-    QColor m_before;
-};
-
 } // namespace ambrelle::hifi
