@@ -7,14 +7,14 @@
 
 namespace ambrelle {
 
-void paintNight(Painting& painting, const NightLook& look)
+void paintNight(Painting& painting, const NightSky& sky)
 {
-    painting.verticalGradient(look.top, look.bottom);
-    if (look.ornament)
-        look.ornament(painting);
-    for (const NightLight& light : look.lights)
+    painting.verticalGradient(sky.top, sky.bottom);
+    if (sky.ornament)
+        sky.ornament(painting);
+    for (const NightLight& light : sky.lights)
         painting.softGlow(painting.at(light.at.x(), light.at.y()), light.radius * painting.height(), light.colour);
-    painting.vignette(look.vignette);
+    painting.vignette(sky.vignette);
 }
 
 Ink nightBand(QPointF middle, double lean, double width, const GradientStops& across)

@@ -14,7 +14,7 @@ struct NightLight {
 };
 
 /// What tells one night wallpaper from the others.
-struct NightLook {
+struct NightSky {
     RGBA top;
     RGBA bottom;
     void (*ornament)(Painting& painting) = nullptr; ///< what the lights shine on
@@ -23,7 +23,7 @@ struct NightLook {
 };
 
 /// The frame that the night wallpapers share. Made of linear and radial gradients only; no draws.
-void paintNight(Painting& painting, const NightLook& look);
+void paintNight(Painting& painting, const NightSky& sky);
 
 /// An endless stripe with the colours of the gradient across it, soft from each to the next. `lean` is in degrees, from
 /// upright to the right; `width` in pixels.
