@@ -42,11 +42,21 @@ struct SkinStyle {
     std::optional<Typeface> unitFace{}; ///< of units, where the number face has digits only
     double rowGap = 6; ///< between rows of two lines, points
     std::optional<Typeface> smallNumber{}; ///< for figures below cap 30, where the large one's strokes were too thin
+    QColor accent2{}; ///< second and third colour of the skin: parts of a whole, pictograms, rows by turns
+    QColor accent3{};
+    bool lowercase = false; ///< our own labels in small letters
+    double clockCap = 66; ///< height of large figures: of the clock, of a face's chief value, of temperatures, of rates
+    double heroCap = 40;
+    double temperatureCap = 46;
+    double rateCap = 24;
 
     bool operator==(const SkinStyle&) const = default;
 
-    /// One of our own labels, in capitals where the skin sets them.
-    QString caps(const QString& label) const { return uppercase ? label.toUpper() : label; }
+    /// One of our own labels in the skin's case; what users wrote keeps its letters.
+    QString caps(const QString& label) const
+    {
+        return uppercase ? label.toUpper() : lowercase ? label.toLower() : label;
+    }
     /// The accent as a colour for text.
     QColor accentText() const;
 

@@ -18,13 +18,6 @@ int wholeMinutes(double seconds)
     return static_cast<int>(seconds / 60);
 }
 
-QString duration(int minutes)
-{
-    if (minutes < 60)
-        return Wording::tr("%1 min").arg(minutes);
-    return Wording::tr("%1 h %2 min").arg(minutes / 60).arg(minutes % 60);
-}
-
 QString distance(double metres, const QLocale& locale)
 {
     constexpr double kilometre = 1000;
@@ -45,7 +38,7 @@ ActivityReading activityReading(const ActivityTracker& tracker, const QDateTime&
 {
     if (!tracker.isAvailable())
         return {.notice = {symbol(WidgetKind::activity), tracker.whyNot()}};
-    ActivityReading reading{.hour = now.time().hour(), .active = duration(wholeMinutes(tracker.activeSeconds()))};
+    ActivityReading reading{.hour = now.time().hour(), .active = Units::inWords(wholeMinutes(tracker.activeSeconds()))};
     for (const double seconds : tracker.hours())
         reading.hours.append(std::min(1.0, wholeMinutes(seconds) / 60.0));
     if (tracker.tellsPointer()) {

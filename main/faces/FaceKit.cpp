@@ -2,8 +2,7 @@
 
 #include "faces/FaceKit.h"
 
-#include "drawing/PixelPaint.h"
-#include "foundation/Wording.h"
+#include "drawing/Colours.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,6 +10,44 @@
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
+
+double footerHeight(const SkinStyle& style)
+{
+    return std::max(Bands::footer, style.captionSize + 2);
+}
+
+double rowHeight(const SkinStyle& style)
+{
+    return std::max(18.0, style.rowSize + 5);
+}
+
+double twoLinePitch(const SkinStyle& style)
+{
+    return style.rowSize + style.captionSize + style.rowGap;
+}
+
+void hero(Canvas& canvas, const FaceRenderer& skin, Box& content, const Units::Pair& value, bool marked)
+{
+    hero(canvas, skin, content, value, marked, skin.style().heroCap);
+}
+
+void hero(Canvas& canvas, const FaceRenderer& skin, Box& content, const Units::Pair& value, bool marked, double cap)
+{
+    constexpr double mark = 14;
+    Box band = content.cutTop(cap + std::clamp(Bands::hero - cap, 2.0, 4.0));
+    if (marked) {
+        skin.warning(canvas, band.cutRight(mark));
+        band.cutRight(Bands::gap);
+    }
+    canvas.figure(band, value.value, value.unit, skin.figure(cap));
+    content.cutTop(Bands::gap);
+}
+
+void footer(Canvas& canvas, const FaceRenderer& skin, Box& content, const QString& text)
+{
+    canvas.text(content.cutBottom(footerHeight(skin.style())), text, skin.style().caption());
+    content.cutBottom(Bands::gap);
+}
 
 Box heroAndFooter(Canvas& canvas, const FaceRenderer& skin, Box content, const QString& value, const QString& unit,
     const QString& footer, const FigureStyle& figure)
@@ -20,7 +57,15 @@ Box heroAndFooter(Canvas& canvas, const FaceRenderer& skin, Box content, const Q
     return content.inset(0, Bands::gap);
 }
 
-void rows(const Box& box, qsizetype count, double pitch, const std::function<void(const Box&, qsizetype)>& draw)
+void named(Canvas& canvas, Box line, const QString& name, const TextStyle& nameStyle, const QString& value,
+    const TextStyle& valueStyle)
+{
+    const double width = canvas.text(line, value, valueStyle.aligned(Align::right));
+    line.cutRight(width + Bands::gap);
+    canvas.text(line, name, nameStyle);
+}
+
+void rows(const Box& box, qsizetype count, double pitch, const DrawRow& draw)
 {
     constexpr double rounding = 0.01;
     const auto whole = static_cast<qsizetype>((box.height() + rounding) / pitch);
@@ -28,25 +73,46 @@ void rows(const Box& box, qsizetype count, double pitch, const std::function<voi
         draw({box.x(), box.y() + pitch * static_cast<double>(index), box.width(), pitch}, index);
 }
 
-void monthGrid(Canvas& canvas, const Box& box, const CalendarReading& reading, const MonthGridStyle& style)
+void rows(const Box& box, qsizetype count, int most, double least, const DrawRow& draw)
 {
-    const int weeks = (reading.firstColumn + reading.days + 6) / 7;
-    const int lines = weeks + 1;
+    const int fitting = std::clamp(static_cast<int>(box.height() / least), 1, most);
+    rows(box, std::min<qsizetype>(count, fitting), box.height() / fitting, draw);
+}
+
+namespace {
+
+int weeksOf(const CalendarReading& reading)
+{
+    return (reading.firstColumn + reading.days + 6) / 7;
+}
+
+} // namespace
+
+Box monthCell(const Box& box, const CalendarReading& reading, int day)
+{
+    const int place = reading.firstColumn + day - 1;
+    return box.column(place % 7, 7).row(place / 7 + 1, weeksOf(reading) + 1);
+}
+
+TextStyle filledDay(Canvas& canvas, const Box& cell, const TextStyle& day, const QColor& fill, double corner)
+{
+    const double size = std::min({cell.width(), cell.height() + 2, 20.0});
+    canvas.fill(cell.centred(size, size), fill, std::min(corner, size / 2));
+    canvas.setGround(fill);
+    return day.coloured(inkOn(fill));
+}
+
+void monthGrid(Canvas& canvas, const FaceRenderer& skin, const Box& box, const CalendarReading& reading,
+    const TextStyle& weekday, const TextStyle& day)
+{
     for (int column = 0; column < 7; ++column)
-        canvas.text(
-            box.column(column, 7).row(0, lines), reading.weekdays.value(column), style.weekday.aligned(Align::centre));
-    for (int day = 1; day <= reading.days; ++day) {
-        const int place = reading.firstColumn + day - 1;
-        const Box cell = box.column(place % 7, 7).row(place / 7 + 1, lines);
-        TextStyle text = style.day.aligned(Align::centre);
+        canvas.text(box.column(column, 7).row(0, weeksOf(reading) + 1), reading.weekdays.value(column),
+            weekday.aligned(Align::centre));
+    for (int number = 1; number <= reading.days; ++number) {
+        const Box cell = monthCell(box, reading, number);
         const QColor ground = canvas.ground();
-        if (day == reading.today) {
-            const double size = std::min({cell.width(), cell.height() + 2, 20.0});
-            canvas.fill(cell.centred(size, size), style.todayFill, std::min(style.todayCorner, size / 2));
-            canvas.setGround(style.todayFill.color());
-            text.colour = style.todayInk;
-        }
-        canvas.text(cell, QString::number(day), text);
+        const TextStyle text = number == reading.today ? skin.todayMark(canvas, cell, day) : day;
+        canvas.text(cell, QString::number(number), text.aligned(Align::centre));
         canvas.setGround(ground);
     }
 }
@@ -76,15 +142,19 @@ void partsKey(
         Box line = box.row(static_cast<int>(index), static_cast<int>(parts.size()));
         canvas.fill(line.cutLeft(swatch).centred(swatch, swatch), fills.value(index), std::min(2.0, style.corner / 4));
         line.cutLeft(Bands::gap);
-        const double value = canvas.text(line, parts[index].value, style.caption().aligned(Align::right));
-        line.cutRight(value + 4);
-        canvas.text(line, parts[index].name, style.caption().coloured(style.ink));
+        named(
+            canvas, line, parts[index].name, style.caption().coloured(style.ink), parts[index].value, style.caption());
     }
 }
 
-QString freeText(const DiskReading& reading)
+std::optional<qsizetype> partAt(const QList<Share>& parts, double place)
 {
-    return Wording::tr("%1 %2 free").arg(reading.free, reading.unit);
+    for (qsizetype index = 0; index < parts.size(); ++index) {
+        place -= parts[index].fraction;
+        if (place < 0)
+            return index;
+    }
+    return std::nullopt;
 }
 
 void markedFigure(Canvas& canvas, const Box& box, const QString& symbol, const QColor& mark, const Units::Pair& pair,
@@ -95,6 +165,14 @@ void markedFigure(Canvas& canvas, const Box& box, const QString& symbol, const Q
     canvas.symbol(room.cutLeft(size), symbol, size, mark);
     room.cutLeft(4);
     canvas.figure(room, pair.value, pair.unit, figure);
+}
+
+void rates(Canvas& canvas, const FaceRenderer& skin, const Box& box, const NetworkReading& reading)
+{
+    constexpr double gap = 12;
+    const double cap = skin.style().rateCap;
+    skin.rate(canvas, box.column(0, 2, gap), false, reading.down, cap);
+    skin.rate(canvas, box.column(1, 2, gap), true, reading.up, cap);
 }
 
 MirroredLines mirrored(const Box& box, const History& upper, const History& lower, double peak)
@@ -114,64 +192,6 @@ MirroredLines mirrored(const Box& box, const History& upper, const History& lowe
     for (QPointF& point : below)
         point.setY(half.top() + half.bottom() - point.y());
     return {smoothLine(samplePoints(above, upper, top * share)), smoothLine(below), half.top()};
-}
-
-void eventRows(Canvas& canvas, const FaceRenderer& skin, const Box& box, const EventsReading& reading, double pitch)
-{
-    const SkinStyle& style = skin.style();
-    rows(box, reading.rows.size(), pitch, [&](const Box& row, qsizetype index) {
-        const EventsReading::Row& event = reading.rows[index];
-        Box line = row;
-        canvas.fill(line.cutLeft(3).inset(0, 2), event.colour, 1.5);
-        line.cutLeft(8);
-        const Box upper = line.cutTop(line.height() / 2 + 1);
-        canvas.text(upper, event.title, style.row());
-        canvas.text(line, event.time, style.caption());
-    });
-}
-
-void trackTexts(
-    Canvas& canvas, const Box& box, const NowPlayingReading& reading, const TextStyle& title, const TextStyle& artist)
-{
-    const double pitch = std::max(title.size, artist.size) * 1.35;
-    Box block = box.centred(box.width(), pitch * 2);
-    canvas.text(block.cutTop(pitch), reading.title, title);
-    canvas.text(block, reading.artist, artist);
-}
-
-void picture(Canvas& canvas, const Box& box, const QImage& image, double radius, bool fills)
-{
-    const QSizeF room = box.size();
-    const QSizeF size = QSizeF(image.size()).scaled(room, fills ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
-    const QRectF shown = fills ? QRectF(box) : QRectF(box.centred(size.width(), size.height()));
-    if (canvas.finish() != Finish::smooth) {
-        const double grow = size.width() / image.width();
-        const Box source = Box(image.rect()).centred(shown.width() / grow, shown.height() / grow);
-        canvas.paint([&](QPainter& painter) { PixelPaint(painter, canvas.finish()).picture(shown, image, source); });
-        return;
-    }
-    canvas.paint([&](QPainter& painter) {
-        QPainterPath outline;
-        outline.addRoundedRect(shown, radius, radius);
-        // A texture brush, not a clip: clips are not antialiased.
-        QBrush texture(image);
-        const Box whole = box.centred(size.width(), size.height());
-        QTransform place = QTransform::fromTranslate(whole.x(), whole.y());
-        place.scale(whole.width() / image.width(), whole.height() / image.height());
-        texture.setTransform(place);
-        painter.fillPath(outline, texture);
-    });
-}
-
-void artwork(
-    Canvas& canvas, const Box& box, const Picture& cover, double radius, const QBrush& ground, const QColor& ink)
-{
-    if (cover) {
-        picture(canvas, box, cover.image, radius, true);
-        return;
-    }
-    canvas.fill(box, ground, radius);
-    canvas.symbol(box, u"music.note"_s, box.height() * 0.4, ink);
 }
 
 } // namespace ambrelle

@@ -2,14 +2,10 @@
 
 #include "faces/FaceRenderer.h"
 
-#include "drawing/Charts.h"
 #include "faces/NoticeFace.h"
 #include "faces/SharedFaces.h"
-#include "faces/StyledDial.h"
 
 namespace ambrelle {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -32,26 +28,10 @@ void FaceRenderer::header(Canvas& canvas, Box& content, const FaceContext&, cons
     content.cutTop(m_style.titleGap);
 }
 
-void FaceRenderer::warning(Canvas& canvas, const Box& box) const
-{
-    canvas.symbol(box, u"exclamationmark.triangle.fill"_s, 10, m_style.warn);
-}
-
 Box FaceRenderer::photoPlate(Canvas& canvas, const FaceContext& face) const
 {
     plate(canvas, face);
     return face.bounds.inset(photoMat());
-}
-
-Box FaceRenderer::progressDial(Canvas& canvas, const Box& box, double fraction) const
-{
-    const StyledDial dial{.flavor = m_dial, .value = m_style.accent, .track = m_style.faint, .width = 7};
-    return dial.draw(canvas, box, fraction);
-}
-
-void FaceRenderer::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
-{
-    capsule(canvas, box, fraction, m_style.faint, colour);
 }
 
 Box FaceRenderer::framed(Canvas& canvas, const FaceContext& face, const QString& title) const

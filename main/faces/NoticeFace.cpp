@@ -3,9 +3,9 @@
 #include "faces/NoticeFace.h"
 
 #include "drawing/Colours.h"
+#include "faces/FaceKit.h"
 
 #include <algorithm>
-#include <array>
 
 namespace ambrelle {
 
@@ -41,34 +41,17 @@ TextStyle sentenceStyle(const SkinStyle& style, const QString& sentence, double 
 
 } // namespace
 
-void drawControls(Canvas& canvas, const Box& box, double size, const QBrush& fill, bool playing, bool active)
-{
-    struct Control {
-        QString symbol;
-        FaceAction::Verb verb;
-    };
-    const std::array controls{
-        Control{u"backward.fill"_s, FaceAction::Verb::previousTrack},
-        Control{playing ? u"pause.fill"_s : u"play.fill"_s, FaceAction::Verb::playPause},
-        Control{u"forward.fill"_s, FaceAction::Verb::nextTrack},
-    };
-    for (int index = 0; index < 3; ++index) {
-        const Control& control = controls[static_cast<std::size_t>(index)];
-        const Box column = box.column(index, 3);
-        canvas.symbol(column, control.symbol, size, fill);
-        if (active)
-            canvas.hit(column, {control.verb});
-    }
-}
-
 void drawNotice(Canvas& canvas, const FaceRenderer& skin, const Notice& notice, const FaceContext& face)
 {
     const SkinStyle& style = skin.style();
     const Measures measure = measures(style.finish);
     Box content = skin.framed(canvas, face);
     if (face.kind == WidgetKind::nowPlaying) {
-        const Box controls = content.cutBottom(controlSize + 4).centred(3 * 44, controlSize);
-        drawControls(canvas, controls, controlSize, faded(style.ink, measure.idle), false, false);
+        const Box keys = content.cutBottom(controlSize + 4).centred(3 * 44, controlSize);
+        const auto idle = [&](const Box& place, const QString& symbol, bool) {
+            canvas.symbol(place, symbol, controlSize, faded(style.ink, measure.idle));
+        };
+        controls(canvas, keys, false, idle, false);
     }
     const TextStyle text = sentenceStyle(style, notice.sentence, content.width());
     const double lines = static_cast<double>(wrapped(notice.sentence, text, content.width()).size());

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "faces/Units.h"
+#include "foundation/Wording.h"
 
 #include <QColor>
 #include <QImage>
@@ -44,10 +45,18 @@ struct ClockReading {
     QString offset{}; ///< "6 h behind"; with a city only
     int hour24 = 0;
     int minute = 0;
+    int weekdayNumber = 1; ///< 1 Monday to 7 Sunday
+    int monthNumber = 1; ///< 1 to 12
+    int dayOfYear = 1; ///< 1 to 366
+    int week = 1; ///< of the year, as ISO 8601 counts
+    QString zone{}; ///< "UTC+2", "UTC-3:30", "UTC"
+    QString utc{}; ///< "07:41", the same moment in UTC
 
     bool operator==(const ClockReading&) const = default;
     QString time() const { return hours + u':' + minutes; }
-    QString dateLine() const { return weekday + u' ' + date; }
+    QString secondText() const { return second ? u"%1"_s.arg(*second, 2, 10, QLatin1Char('0')) : QString(); } ///< "07"
+    QString dateLine() const { return weekday + u' ' + date; } ///< "Tuesday 14 October"
+    QString isoLine() const { return weekdayShort + u' ' + isoDate; } ///< "Tue 2026-10-14"
     /// City and offset in one line; empty without a city.
     QString tag() const { return offset.isEmpty() ? city : city + u" · "_s + offset; }
     double dayFraction() const { return (hour24 * 60 + minute) / 1440.0; }
@@ -75,6 +84,7 @@ struct CpuReading {
     bool high = false; ///< above 85 percent
 
     bool operator==(const CpuReading&) const = default;
+    Units::Pair figure() const { return Units::percentage(percent); }
 };
 
 /// One part of a whole: app, wired or compressed memory.
@@ -90,12 +100,19 @@ struct MemoryReading {
     Notice notice{};
     int percent = 0;
     QString used; ///< "6.7"
-    QString total; ///< "16 GB"
+    QString unit; ///< "GB"
+    QString total; ///< "of 16 GB"
     QList<Share> parts; ///< app, wired, compressed
     History history; ///< 0 to 1
     bool high = false;
 
     bool operator==(const MemoryReading&) const = default;
+    Units::Pair figure() const { return {used, unit}; }
+    /// "42% of 16 GB"
+    QString share() const
+    {
+        return Wording::tr("%1% %2", "per cent, of so many GB").arg(QString::number(percent), total);
+    }
 };
 
 struct DiskReading {
@@ -109,6 +126,8 @@ struct DiskReading {
     bool high = false; ///< above 90 percent used
 
     bool operator==(const DiskReading&) const = default;
+    Units::Pair figure() const { return Units::percentage(percent); }
+    QString freeText() const { return Wording::tr("%1 %2 free").arg(free, unit); } ///< "214 GB free"
 };
 
 struct BatteryReading {
@@ -117,11 +136,15 @@ struct BatteryReading {
     double level = 0; ///< 0 to 1
     QString state; ///< "Charging", "On battery", "Full", "Plugged in"
     QString remaining; ///< "3:40 left", "0:35 to full"; empty while unknown
+    QString about; ///< the same in words: "about 3 h 40 min left"
+    QString symbol; ///< bolt while charging, plug on mains, else empty
     bool charging = false;
     bool onMains = false;
     bool low = false; ///< at 20 percent and below
 
     bool operator==(const BatteryReading&) const = default;
+    Units::Pair figure() const { return Units::percentage(percent); }
+    const QString& line() const { return remaining.isEmpty() ? state : remaining; } ///< what is known in one line
 };
 
 struct NetworkReading {
@@ -180,6 +203,7 @@ struct WeatherReading {
     Notice notice{};
     QString place;
     QString temperature; ///< "17"; the degree sign is the unit
+    std::optional<double> nowFraction{}; ///< place of now between today's low (0) and high (1), while both are known
     QString description; ///< "Partly Cloudy"; "5 hours ago" in its place when the figures are so old
     Sky sky = Sky::unknown;
     QString high; ///< "19°"
@@ -187,8 +211,12 @@ struct WeatherReading {
     QList<Day> days; ///< at most seven, today first
 
     bool operator==(const WeatherReading&) const = default;
+    QString degrees() const { return temperature + u'°'; } ///< "17°"
     /// "19° / 10°"; empty while today's forecast is unknown.
-    QString range() const { return high.isEmpty() ? QString() : high + u" / "_s + low; }
+    QString range() const
+    {
+        return high.isEmpty() ? QString() : Wording::tr("%1 / %2", "highest, lowest temperature").arg(high, low);
+    }
 };
 
 struct EventsReading {
@@ -310,6 +338,7 @@ struct QuoteReading {
     bool word = false;
 
     bool operator==(const QuoteReading&) const = default;
+    QString credit() const { return Wording::tr("— %1", "who said it").arg(source); } ///< "— Seneca"
 };
 
 struct DevicesReading {

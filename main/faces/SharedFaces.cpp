@@ -3,6 +3,7 @@
 #include "faces/SharedFaces.h"
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
 #include "faces/FaceKit.h"
 #include "faces/MoonDisc.h"
 
@@ -15,17 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A row of two lines, as tall as the skin's texts need.
-double twoLinePitch(const SkinStyle& style)
-{
-    return style.rowSize + style.captionSize + style.rowGap;
-}
-
-/// The line at the lower edge; deeper where the texts are large.
-double footerHeight(const SkinStyle& style)
-{
-    return std::max(Bands::footer, style.captionSize + 2);
-}
+constexpr double markSize = 12; // of a warning beside a caption
+constexpr double markGap = 3;
 
 /// The moon's lit part is the lighter one, whatever the plate.
 MoonDisc moonOf(const SkinStyle& style)
@@ -42,21 +34,28 @@ QString fitted(const QString& detail, const TextStyle& text, double width)
     return elided(detail, text, width) == detail ? detail : QString(detail).replace(u" · "_s, u" "_s);
 }
 
-void sessionDots(Canvas& canvas, const SkinStyle& style, const Box& box, int lit)
+void sessionDots(Canvas& canvas, const FaceRenderer& skin, const Box& box, int lit)
 {
     constexpr int count = 4;
     constexpr double pitch = 14;
     const Box line = box.centred(pitch * count, box.height());
-    for (int index = 0; index < count; ++index) {
-        const QPointF centre = line.column(index, count).center();
-        if (index < lit) {
-            canvas.disc(centre, 3.5, style.accent);
-        } else {
-            QPainterPath ring;
-            ring.addEllipse(centre, 3, 3);
-            canvas.stroke(ring, QPen(style.soft, 1));
-        }
+    for (int index = 0; index < count; ++index)
+        skin.sessionDot(canvas, line.column(index, count), index < lit);
+}
+
+/// Two captions at the ends of a line, or one under the other where it is too short for both; cuts them off.
+void twoCaptions(Canvas& canvas, const SkinStyle& style, Box& content, const QString& left, const QString& right)
+{
+    const TextStyle text = style.caption();
+    const double height = style.captionSize + 4;
+    const double needed = shape(text.face, text.size, left)->width + shape(text.face, text.size, right)->width;
+    const Box line = content.cutBottom(height);
+    if (needed + Bands::gap <= content.width()) {
+        named(canvas, line, left, text, right, text);
+        return;
     }
+    canvas.text(line, right, text);
+    canvas.text(content.cutBottom(height), left, text);
 }
 
 } // namespace
@@ -65,9 +64,9 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const FocusReading& re
 {
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face, style.caps(reading.phase));
-    sessionDots(canvas, style, box.cutBottom(10), reading.sessions);
-    const Box inside = skin.progressDial(canvas, box.inset(0, 4), reading.progress);
-    FigureStyle figure = style.figure(style.dialCap).aligned(Align::centre);
+    sessionDots(canvas, skin, box.cutBottom(10), reading.sessions);
+    const Box inside = skin.progressDial(canvas, box.inset(0, 4), reading.progress, style.accent);
+    FigureStyle figure = skin.figure(style.dialCap).aligned(Align::centre);
     if (!reading.running)
         figure.fill = style.soft;
     canvas.figure(inside.inset(inside.width() * 0.04, 0), reading.remaining, {}, figure);
@@ -81,19 +80,23 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
     rows(box, reading.rows.size(), twoLinePitch(style), [&](const Box& row, qsizetype index) {
         const RemindersReading::Row& reminder = reading.rows[index];
         Box line = row;
-        const Box mark = line.cutLeft(20);
-        canvas.symbol(mark, reminder.done ? u"checkmark.circle.fill"_s : u"circle"_s, 16,
-            reminder.done ? style.accentText() : style.soft);
+        skin.checkMark(canvas, line.cutLeft(20), reminder.done);
+        skin.separator(canvas, row);
         canvas.hit(row, {FaceAction::Verb::completeReminder, reminder.id});
         line.cutLeft(2);
-        const TextStyle text = reminder.done ? style.row().coloured(style.soft) : style.row();
+        const TextStyle text = reminder.done ? skin.doneRow() : style.row();
         if (reminder.due.isEmpty()) {
             canvas.text(line, reminder.title, text);
             return;
         }
         const QColor due = reminder.overdue ? legible(style.warn, style.ink, style.ground) : style.soft;
         canvas.text(line.cutTop(style.rowSize + style.rowGap - 2), reminder.title, text);
-        canvas.text(line.cutTop(style.captionSize + 1), reminder.due, style.caption().coloured(due));
+        Box below = line.cutTop(style.captionSize + 1);
+        if (reminder.overdue) {
+            skin.warning(canvas, below.cutLeft(markSize));
+            below.cutLeft(markGap);
+        }
+        canvas.text(below, reminder.due, style.caption().coloured(due));
     });
 }
 
@@ -101,7 +104,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const CountdownReading
 {
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face);
-    canvas.figure(box.cutTop(Bands::hero), reading.days, {}, style.figure(38));
+    canvas.figure(box.cutTop(Bands::hero), reading.days, {}, skin.figure(38));
     canvas.text(box.cutTop(style.captionSize + 5), reading.unit, style.caption());
     canvas.text(box.cutBottom(footerHeight(style)), reading.date, style.caption());
     box.cutBottom(2);
@@ -114,23 +117,25 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const SkyReading& read
 {
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face);
-    Box upper = box.cutTop(64);
-    moonOf(style).draw(canvas, upper.cutLeft(64), reading.fraction);
+    const bool sunKnown = !reading.sunrise.isEmpty() || !reading.sunset.isEmpty();
+    const double moon = sunKnown ? 58 : 64;
+    Box upper = box.cutTop(moon);
+    moonOf(style).draw(canvas, upper.cutLeft(moon), reading.fraction);
     upper.cutLeft(10);
     const double name =
         canvas.paragraph(upper.inset(0, 4), reading.phase, style.caption().coloured(style.ink).wrapped(2));
     upper.cutTop(name + 6);
     canvas.paragraph(upper, reading.illumination, style.caption().wrapped(2));
     const TextStyle caption = style.caption();
-    Box line = box.cutBottom(style.captionSize + 2);
-    if (reading.sunrise.isEmpty() && reading.sunset.isEmpty()) {
-        canvas.paragraph(box.united(line), reading.next, caption.wrapped(2), Qt::AlignVCenter);
+    if (!sunKnown) {
+        canvas.paragraph(box, reading.next, caption.wrapped(2), Qt::AlignVCenter);
         return;
     }
-    canvas.text(line, reading.sunrise, caption);
-    canvas.text(line, reading.sunset, caption.aligned(Align::right));
-    box.cutTop(8);
-    box.cutBottom(4);
+    box.cutTop(2);
+    canvas.text(box.cutTop(style.captionSize + 3), reading.next, caption);
+    named(canvas, box.cutBottom(style.captionSize + 2), reading.sunrise, caption, reading.sunset, caption);
+    box.cutTop(5);
+    box.cutBottom(3);
     const SunArc arc{.arc = QPen(style.soft, 1.2, Qt::DotLine), .horizon = QPen(style.faint, 1), .sun = style.accent};
     arc.draw(canvas, box, reading.sun);
 }
@@ -142,23 +147,16 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const ActivityReading&
     canvas.text(box.cutTop(26), reading.active, style.header().sized(std::max(style.titleSize, 18.0)));
     if (!reading.hint.isEmpty())
         canvas.text(box.cutBottom(style.captionSize + 4), reading.hint, style.caption());
-    else if (!reading.metres.isEmpty() || !reading.clicks.isEmpty()) {
-        Box footer = box.cutBottom(style.captionSize + 4);
-        const double metres = canvas.text(footer, reading.metres, style.caption());
-        footer.cutLeft(metres + 6);
-        canvas.text(footer, reading.clicks, style.caption().aligned(Align::right));
-    }
+    else if (!reading.metres.isEmpty() || !reading.clicks.isEmpty())
+        twoCaptions(canvas, style, box, reading.metres, reading.clicks);
     const TextStyle hours = style.caption().sized(std::max(9.0, style.floor - 1)).asAxis();
     Box axis = box.cutBottom(std::max(12.0, hours.size + 1));
     for (int mark = 0; mark < 4; ++mark)
         canvas.text(axis.column(mark, 4), QString::number(mark * 6), hours);
     box.cutTop(4);
     canvas.rule(Box(box.x(), box.bottom() - 1, box.width(), 1), style.faint, 1);
-    for (int hour = 0; hour < 24; ++hour) {
-        Box column = box.column(hour, 24, 1.5);
-        const double height = std::max(1.0, column.height() * std::clamp(reading.hours.value(hour), 0.0, 1.0));
-        canvas.fill(column.cutBottom(height), hour == reading.hour ? style.accent : faded(style.accent, 0.55), 1);
-    }
+    for (int hour = 0; hour < 24; ++hour)
+        skin.hourBar(canvas, box.column(hour, 24, 1.5), bounded(reading.hours.value(hour)), hour == reading.hour);
 }
 
 void drawShared(Canvas& canvas, const FaceRenderer& skin, const QuoteReading& reading, const FaceContext& face)
@@ -170,7 +168,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const QuoteReading& re
         canvas.text(box.cutTop(style.captionSize + 6), reading.note, style.caption());
         box.cutTop(4);
     } else {
-        canvas.text(box.cutBottom(footerHeight(style)), u"— "_s + reading.source, style.caption());
+        canvas.text(box.cutBottom(footerHeight(style)), reading.credit(), style.caption());
         box.cutBottom(4);
     }
     // The largest step at which the text is whole.
@@ -193,6 +191,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
     rows(box, reading.rows.size(), twoLinePitch(style), [&](const Box& row, qsizetype index) {
         const DevicesReading::Row& device = reading.rows[index];
         Box line = row;
+        skin.separator(canvas, row);
         canvas.symbol(line.cutLeft(18), device.symbol, 16, style.ink);
         line.cutLeft(6);
         Box upper = line.cutTop(style.rowSize + style.rowGap - 2);
@@ -202,13 +201,14 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         }
         const double percent = canvas.text(upper, device.percent, style.caption().aligned(Align::right));
         upper.cutRight(percent + 6);
+        if (device.level && *device.level <= low && !device.charging)
+            skin.warning(canvas, upper.cutRight(markSize));
         canvas.text(upper, device.name, style.row().elided(Qt::ElideMiddle));
         const Box below = line.cutTop(style.captionSize + 1);
         if (!device.detail.isEmpty())
             canvas.text(below, fitted(device.detail, style.caption(), below.width()), style.caption());
         else if (device.level)
-            skin.level(canvas, below.centred(below.width(), 4), *device.level,
-                *device.level <= low ? style.warn : style.accent);
+            skin.level(canvas, below.centred(below.width(), 4), *device.level, skin.valueColour(*device.level <= low));
     });
 }
 

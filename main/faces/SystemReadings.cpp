@@ -25,9 +25,16 @@ Notice missing(const SystemSample& sample, SystemMeasure measure, WidgetKind kin
     return sentence.isEmpty() ? Notice() : Notice{symbol(kind), sentence};
 }
 
-QString span(int minutes)
+QString hoursAndMinutes(int minutes)
 {
     return u"%1:%2"_s.arg(minutes / 60).arg(minutes % 60, 2, 10, QChar(u'0'));
+}
+
+/// "about 3 h 40 min left"
+QString spanInWords(const BatteryInfo& battery)
+{
+    return (battery.isCharging ? Wording::tr("about %1 to full") : Wording::tr("about %1 left"))
+        .arg(Units::inWords(*battery.minutesRemaining));
 }
 
 QString batteryState(const BatteryInfo& battery)
@@ -65,6 +72,7 @@ MemoryReading memoryReading(const SystemSample& sample)
     const MemoryInfo& memory = sample.memory;
     reading.percent = Units::percent(memory.fraction());
     reading.used = Units::gib(static_cast<double>(memory.used), 1);
+    reading.unit = Wording::tr("GB");
     reading.total = Wording::tr("of %1 GB").arg(Units::gib(static_cast<double>(memory.total), 0));
     reading.parts = {memoryPart(Wording::tr("App"), memory.app, memory.total),
         memoryPart(Wording::tr("Wired"), memory.wired, memory.total),
@@ -105,9 +113,13 @@ BatteryReading batteryReading(const SystemSample& sample)
     reading.level = std::clamp(battery->percent, 0.0, 1.0);
     reading.percent = Units::percent(battery->percent);
     reading.state = batteryState(*battery);
-    if (battery->minutesRemaining)
+    if (battery->minutesRemaining) {
         reading.remaining = (battery->isCharging ? Wording::tr("%1 to full") : Wording::tr("%1 left"))
-                                .arg(span(*battery->minutesRemaining));
+                                .arg(hoursAndMinutes(*battery->minutesRemaining));
+        reading.about = spanInWords(*battery);
+    }
+    if (battery->onAC)
+        reading.symbol = battery->isCharging ? u"bolt.fill"_s : u"powerplug.fill"_s;
     reading.charging = battery->isCharging;
     reading.onMains = battery->onAC;
     reading.low = reading.percent <= lowBattery;

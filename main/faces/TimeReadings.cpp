@@ -25,6 +25,18 @@ QString dayAndMonth(QDate date, const QLocale& locale)
     return locale.toString(date, monthFirst ? u"MMMM d"_s : u"d MMMM"_s);
 }
 
+/// "UTC+2", "UTC-3:30", "UTC"
+QString zoneText(int seconds)
+{
+    const int minutes = std::abs(seconds) / 60;
+    if (minutes == 0)
+        return u"UTC"_s;
+    QString text = (seconds < 0 ? u"UTC-%1"_s : u"UTC+%1"_s).arg(minutes / 60);
+    if (minutes % 60 != 0)
+        text += u":%1"_s.arg(minutes % 60, 2, 10, QChar(u'0'));
+    return text;
+}
+
 QString offsetText(int seconds)
 {
     if (seconds == 0)
@@ -82,6 +94,12 @@ ClockReading clockReading(const WidgetConfig& config, const QDateTime& now, cons
     reading.isoDate = date.toString(Qt::ISODate);
     reading.month = locale.standaloneMonthName(date.month());
     reading.day = date.day();
+    reading.weekdayNumber = date.dayOfWeek();
+    reading.monthNumber = date.month();
+    reading.dayOfYear = date.dayOfYear();
+    reading.week = date.weekNumber();
+    reading.zone = zoneText(there.offsetFromUtc());
+    reading.utc = now.toUTC().toString(u"HH:mm"_s);
     if (config.city && !config.city->isEmpty()) {
         reading.city = *config.city;
         if (zone.isValid())

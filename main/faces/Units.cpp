@@ -17,6 +17,11 @@ int percent(double fraction)
     return static_cast<int>(std::lround(bounded(fraction) * 100));
 }
 
+Pair percentage(int percent)
+{
+    return {QString::number(percent), u"%"_s};
+}
+
 QString gib(double bytes, int digits)
 {
     return QString::number(bytes / gibibyte, 'f', digits);
@@ -52,6 +57,13 @@ QString time(const QDateTime& date, const QLocale& locale)
 {
     const int hour = usesDayClock(locale) ? date.time().hour() : date.time().hour() % 12;
     return u"%1:%2"_s.arg(hour).arg(date.time().minute(), 2, 10, QChar(u'0'));
+}
+
+QString inWords(int minutes)
+{
+    if (minutes < 60)
+        return Wording::tr("%1 min").arg(minutes);
+    return Wording::tr("%1 h %2 min").arg(minutes / 60).arg(minutes % 60);
 }
 
 QString clock(double seconds)

@@ -24,6 +24,8 @@ struct Pair {
 
 /// A fraction as a whole percentage, 0 to 100.
 int percent(double fraction);
+/// A percentage with its sign.
+Pair percentage(int percent);
 /// Binary gigabytes (memory).
 QString gib(double bytes, int digits);
 /// Decimal gigabytes (volumes).
@@ -36,6 +38,8 @@ Pair size(double bytes);
 bool usesDayClock(const QLocale& locale);
 /// Hour and two-digit minute, the hour modulo 12 where the locale has a 12-hour clock.
 QString time(const QDateTime& date, const QLocale& locale);
+/// A duration in words: "40 min", "3 h 40 min".
+QString inWords(int minutes);
 /// A duration as minutes and two-digit seconds.
 QString clock(double seconds);
 

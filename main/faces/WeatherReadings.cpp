@@ -119,6 +119,9 @@ WeatherReading weatherReading(const WeatherService& service, const QDateTime& no
     if (!days.isEmpty()) {
         reading.high = reading.days.first().high;
         reading.low = reading.days.first().low;
+        const double span = days.first().high - days.first().low;
+        if (span > 0 && std::isfinite(span))
+            reading.nowFraction = std::clamp((snapshot.temperature - days.first().low) / span, 0.0, 1.0);
     }
     return reading;
 }

@@ -3,12 +3,7 @@
 #include "skins/SkinRegistry.h"
 
 #include "model/ThemeAccent.h"
-#include "skins/classic/ClassicSkin.h"
-#include "skins/glass/GlassSkin.h"
-#include "skins/hifi/HiFiSkin.h"
-#include "skins/minimal/MinimalSkin.h"
-#include "skins/plain/PlainPalette.h"
-#include "skins/plain/PlainSkin.h"
+#include "skins/Skins.h"
 
 #include <array>
 
@@ -22,36 +17,36 @@ using Renderer = std::shared_ptr<const FaceRenderer>;
 Renderer make(Skin skin, const Accent& accent)
 {
     switch (skin) {
-    case Skin::classic: return std::make_shared<ClassicSkin>();
-    case Skin::hifi: return std::make_shared<HiFiSkin>(accent);
-    case Skin::polar:
-    case Skin::mono:
-    case Skin::slate:
-    case Skin::lumen:
-    case Skin::field:
-    case Skin::fieldDark: return std::make_shared<MinimalSkin>(MinimalLook::original(skin).accented(accent));
-    case Skin::glass: return std::make_shared<GlassSkin>(accent);
-    case Skin::paper:
-    case Skin::neon:
-    case Skin::bauhaus:
-    case Skin::grove:
-    case Skin::aero:
-    case Skin::overdrive:
-    case Skin::groove:
-    case Skin::chalk:
-    case Skin::quest:
-    case Skin::cockpit:
-    case Skin::apollo:
-    case Skin::abyss:
-    case Skin::atlas:
-    case Skin::kyoto:
-    case Skin::cork:
-    case Skin::obsidian:
-    case Skin::midnight:
-    case Skin::pulse:
-    case Skin::prism:
-    case Skin::carbon:
-    case Skin::velvet: return std::make_shared<PlainSkin>(plainPalette(skin), accent);
+    case Skin::paper: return paperSkin(accent);
+    case Skin::neon: return neonSkin(accent);
+    case Skin::bauhaus: return bauhausSkin(accent);
+    case Skin::grove: return groveSkin(accent);
+    case Skin::aero: return aeroSkin(accent);
+    case Skin::classic: return classicSkin(accent);
+    case Skin::overdrive: return overdriveSkin(accent);
+    case Skin::hifi: return hifiSkin(accent);
+    case Skin::groove: return grooveSkin(accent);
+    case Skin::chalk: return chalkSkin(accent);
+    case Skin::quest: return questSkin(accent);
+    case Skin::glass: return glassSkin(accent);
+    case Skin::cockpit: return cockpitSkin(accent);
+    case Skin::apollo: return apolloSkin(accent);
+    case Skin::abyss: return abyssSkin(accent);
+    case Skin::atlas: return atlasSkin(accent);
+    case Skin::kyoto: return kyotoSkin(accent);
+    case Skin::cork: return corkSkin(accent);
+    case Skin::polar: return polarSkin(accent);
+    case Skin::mono: return monoSkin(accent);
+    case Skin::slate: return slateSkin(accent);
+    case Skin::lumen: return lumenSkin(accent);
+    case Skin::field: return fieldSkin(accent);
+    case Skin::fieldDark: return fieldDarkSkin(accent);
+    case Skin::obsidian: return obsidianSkin(accent);
+    case Skin::midnight: return midnightSkin(accent);
+    case Skin::pulse: return pulseSkin(accent);
+    case Skin::prism: return prismSkin(accent);
+    case Skin::carbon: return carbonSkin(accent);
+    case Skin::velvet: return velvetSkin(accent);
     }
     Q_UNREACHABLE();
 }

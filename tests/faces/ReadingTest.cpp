@@ -47,6 +47,34 @@ TEST(ClockReading, TwelveHourClocksShowTwelveAtNoonAndMidnight)
     }
 }
 
+TEST(ClockReading, CountsTheDayAndNamesTheZoneOfTheCity)
+{
+    struct Case {
+        const char* zone;
+        QDateTime now;
+        QString zoneText;
+        int weekday;
+        int dayOfYear;
+        int week;
+    };
+    const Case cases[] = {
+        {"UTC", moment(2026, 1, 1, 7, 41), u"UTC"_s, 4, 1, 1},
+        {"Europe/Berlin", moment(2026, 7, 5, 7, 41), u"UTC+2"_s, 7, 186, 27},
+        {"America/St_Johns", moment(2024, 12, 31, 7, 41), u"UTC-3:30"_s, 2, 366, 1},
+        {"Pacific/Auckland", moment(2026, 1, 31, 23, 5), u"UTC+13"_s, 7, 32, 5},
+    };
+    for (const Case& c : cases) {
+        WidgetConfig config(WidgetKind::clock, Skin::glass);
+        config.timeZone = QString::fromLatin1(c.zone);
+        const ClockReading reading = clockReading(config, c.now, british, false);
+        EXPECT_EQ(reading.zone, c.zoneText);
+        EXPECT_EQ(reading.utc, c.now.toString(u"HH:mm"_s)) << c.zone;
+        EXPECT_EQ(reading.weekdayNumber, c.weekday) << c.zone;
+        EXPECT_EQ(reading.dayOfYear, c.dayOfYear) << c.zone;
+        EXPECT_EQ(reading.week, c.week) << c.zone;
+    }
+}
+
 TEST(CalendarReading, StartsWeeksAsTheLocaleDoes)
 {
     const CalendarReading monday = calendarReading(QDate(2026, 11, 21), british);
@@ -191,6 +219,38 @@ TEST_F(FeedTest, AMachineWithoutABatteryOrVolumesSaysSo)
     EXPECT_EQ(noticeOf(read(WidgetKind::battery)).sentence, u"No battery"_s);
     EXPECT_EQ(noticeOf(read(WidgetKind::disk)).sentence, u"No volumes"_s);
     EXPECT_EQ(noticeOf(read(WidgetKind::processes)).sentence, u"Measuring…"_s);
+}
+
+TEST(SystemReadingTest, ABatterySaysInOneLineWhatIsKnown)
+{
+    struct Case {
+        BatteryInfo battery;
+        QString line;
+        QString about;
+        QString symbol;
+    };
+    const auto info = [](bool charging, bool onMains, std::optional<int> minutes) {
+        BatteryInfo battery;
+        battery.percent = 0.5;
+        battery.isCharging = charging;
+        battery.onAC = onMains;
+        battery.minutesRemaining = minutes;
+        return battery;
+    };
+    const Case cases[] = {
+        {info(false, false, 220), u"3:40 left"_s, u"about 3 h 40 min left"_s, {}},
+        {info(true, true, 35), u"0:35 to full"_s, u"about 35 min to full"_s, u"bolt.fill"_s},
+        {info(false, true, std::nullopt), u"Plugged in"_s, {}, u"powerplug.fill"_s},
+        {info(false, false, std::nullopt), u"On battery"_s, {}, {}},
+    };
+    for (const Case& c : cases) {
+        SystemSample sample;
+        sample.battery = c.battery;
+        const BatteryReading reading = batteryReading(sample);
+        EXPECT_EQ(reading.line(), c.line);
+        EXPECT_EQ(reading.about, c.about);
+        EXPECT_EQ(reading.symbol, c.symbol);
+    }
 }
 
 TEST(SystemReadingTest, TheSamplesReadAsTheyWereMade)

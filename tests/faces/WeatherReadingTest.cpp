@@ -50,6 +50,7 @@ TEST_F(WeatherReadingTest, RoundsAndComparesTheDays)
     EXPECT_EQ(reading.sky, Sky::partlyNight);
     EXPECT_EQ(reading.high, u"20°"_s);
     EXPECT_EQ(reading.low, u"10°"_s);
+    EXPECT_EQ(reading.nowFraction, 0) << "colder than the day's low";
     ASSERT_EQ(reading.days.size(), 3);
     const WeatherReading::Day second{.initial = u"T"_s,
         .name = u"Tue"_s,

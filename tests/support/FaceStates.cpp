@@ -89,7 +89,7 @@ const QList<Edit> quiet{
     set(&DiskReading::name, u"A"_s), set(&DiskReading::percent, 0), set(&DiskReading::fraction, 0),
     set(&BatteryReading::percent, 4), set(&BatteryReading::level, 0.04), set(&BatteryReading::low, true),
     set(&BatteryReading::remaining, {}), set(&BatteryReading::charging, false), set(&BatteryReading::onMains, false),
-    set(&BatteryReading::state, u"On battery"_s),
+    set(&BatteryReading::state, u"On battery"_s), set(&BatteryReading::about, {}), set(&BatteryReading::symbol, {}),
     set(&NetworkReading::down, {u"0.00"_s, u"KB/s"_s}), set(&NetworkReading::up, {u"0.00"_s, u"KB/s"_s}),
     fill(&NetworkReading::downHistory, 0), fill(&NetworkReading::upHistory, 0),
     set(&DownloadsReading::down, {u"0"_s, u"KB"_s}), set(&DownloadsReading::up, {u"0"_s, u"KB"_s}),
@@ -132,6 +132,7 @@ const QList<Edit> extreme{
     set(&BatteryReading::percent, 100), set(&BatteryReading::level, 1), set(&BatteryReading::low, false),
     set(&BatteryReading::charging, true), set(&BatteryReading::onMains, true),
     set(&BatteryReading::state, u"Charging"_s), set(&BatteryReading::remaining, u"23:59 to full"_s),
+    set(&BatteryReading::about, u"about 23 h 59 min to full"_s), set(&BatteryReading::symbol, u"bolt.fill"_s),
     set(&NetworkReading::down, {u"1000.00"_s, u"KB/s"_s}), set(&NetworkReading::up, {u"1187.50"_s, u"MB/s"_s}),
     fill(&NetworkReading::downHistory, 1.1875e9), fill(&NetworkReading::upHistory, 1.1875e9),
     set(&NetworkReading::peak, 1.1875e9),
@@ -169,7 +170,7 @@ const QList<Edit> extreme{
         u"It is not because things are difficult that we do not dare; it is because we do not dare that things are "
         "difficult, and so the days go by one after another."_s),
     set(&QuoteReading::source, u"Attributed to Lucius Annaeus Seneca the Younger"_s),
-    set(&FocusReading::phase, u"Long break"_s), set(&FocusReading::remaining, u"180:00"_s),
+    set(&FocusReading::phase, u"Long break"_s), set(&FocusReading::remaining, u"600:00"_s),
     set(&FocusReading::progress, 1), set(&FocusReading::running, true), set(&FocusReading::sessions, 4),
     set(&SkyReading::phase, u"Waxing Gibbous"_s), set(&SkyReading::fraction, 0.43),
     set(&SkyReading::illumination, u"100% lit"_s), set(&SkyReading::sunrise, u"23:59"_s),
@@ -177,7 +178,9 @@ const QList<Edit> extreme{
     set(&ClockReading::hours, u"12"_s), set(&ClockReading::minutes, u"44"_s), set(&ClockReading::meridiem, u"PM"_s),
     set(&ClockReading::weekday, u"Wednesday"_s), set(&ClockReading::date, u"September 30"_s),
     set(&ClockReading::month, u"September"_s), set(&ClockReading::day, 30), set(&ClockReading::hour24, 12),
-    set(&ClockReading::minute, 44),
+    set(&ClockReading::minute, 44), set(&ClockReading::weekdayNumber, 3), set(&ClockReading::monthNumber, 9),
+    set(&ClockReading::dayOfYear, 366), set(&ClockReading::week, 53), set(&ClockReading::zone, u"UTC+12:45"_s),
+    set(&ClockReading::utc, u"23:59"_s),
     set(&CalendarReading::month, u"September"_s), set(&CalendarReading::firstColumn, 6),
     set(&CalendarReading::days, 31), set(&CalendarReading::today, 31),
 };
@@ -224,6 +227,8 @@ Reading sample(WidgetKind kind, const QLocale& locale)
 Reading stateReading(WidgetKind kind, FaceState state, const QLocale& locale)
 {
     Reading reading = sample(kind, locale);
+    if (state == FaceState::waiting)
+        std::visit([kind](auto& value) { value.notice = {symbol(kind), u"Measuring…"_s}; }, reading);
     if (state == FaceState::empty)
         std::visit([kind](auto& value) { value.notice = {symbol(kind), emptySentence(kind)}; }, reading);
     for (const auto& [each, edits] :
@@ -234,6 +239,38 @@ Reading stateReading(WidgetKind kind, FaceState state, const QLocale& locale)
             edit(reading);
     }
     return reading;
+}
+
+namespace {
+
+struct Foreign {
+    QStringList operator()(const auto&) const { return {}; }
+    QStringList operator()(const ClockReading& r) const { return {r.city, r.tag()}; }
+    QStringList operator()(const DiskReading& r) const { return {r.name}; }
+    QStringList operator()(const WeatherReading& r) const { return {r.place}; }
+    QStringList operator()(const NowPlayingReading& r) const { return {r.title, r.artist}; }
+    QStringList operator()(const CountdownReading& r) const { return {r.title}; }
+    QStringList operator()(const QuoteReading& r) const { return {r.text, r.source, r.credit()}; }
+    QStringList operator()(const EventsReading& r) const { return of(r.rows, &EventsReading::Row::title); }
+    QStringList operator()(const RemindersReading& r) const { return of(r.rows, &RemindersReading::Row::title); }
+    QStringList operator()(const ProcessesReading& r) const { return of(r.rows, &ProcessesReading::Row::name); }
+    QStringList operator()(const DevicesReading& r) const { return of(r.rows, &DevicesReading::Row::name); }
+
+private:
+    template <typename Row> static QStringList of(const QList<Row>& rows, QString Row::*text)
+    {
+        QStringList texts;
+        for (const Row& row : rows)
+            texts += row.*text;
+        return texts;
+    }
+};
+
+} // namespace
+
+QStringList foreignTexts(const Reading& reading)
+{
+    return std::visit(Foreign(), reading);
 }
 
 } // namespace ambrelle

@@ -79,8 +79,13 @@ void windowTitle(Canvas& canvas, const Box& bounds, const QString& title)
     canvas.text(label.inset(margin, 0), title, text);
 }
 
-void hero(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QString& value, const QString& unit,
-    double size, bool beyond)
+void invert(Canvas& canvas, const Box& box)
+{
+    canvas.fill(box, ink);
+    canvas.setGround(ink);
+}
+
+void hero(Canvas& canvas, const Box& box, const QString& value, const QString& unit, double size, bool beyond)
 {
     const FigureStyle figure = style().figure(size * style().number.capRatio);
     if (!beyond) {
@@ -90,7 +95,7 @@ void hero(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QStrin
     constexpr double margin = 4;
     const FigurePath path = figurePath(value, unit, figure, box.width() - 2 * margin);
     const Box label = Box(box).cutLeft(path.width + 2 * margin).centred(path.width + 2 * margin, path.cap + margin);
-    skin.warning(canvas, label);
+    invert(canvas, label);
     canvas.figure(label.inset(margin, 0), value, unit, figure.filled(paper));
     canvas.setGround(paper);
 }

@@ -13,8 +13,10 @@ void window(Canvas& canvas, const Box& bounds);
 void windowTitle(Canvas& canvas, const Box& bounds, const QString& title);
 
 /// A figure of `size` pixels at the left edge of the box; beyond a threshold white on black.
-void hero(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QString& value, const QString& unit,
-    double size, bool beyond = false);
+void hero(Canvas& canvas, const Box& box, const QString& value, const QString& unit, double size, bool beyond = false);
+
+/// A black ground for what is written next in white.
+void invert(Canvas& canvas, const Box& box);
 
 /// Bars of checkerboard under solid caps, with ticks at nothing, half and all.
 void histogram(Canvas& canvas, const Box& box, const QList<double>& history);

@@ -2,11 +2,16 @@
 
 #include "skins/classic/ClassicSkin.h"
 
+#include "faces/FaceKit.h"
+
 #include "foundation/Wording.h"
 #include "skins/classic/ClassicPieces.h"
 #include "skins/classic/ClassicStyle.h"
+#include "skins/Skins.h"
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 using namespace classic;
 
@@ -41,11 +46,12 @@ Box ClassicSkin::photoPlate(Canvas& canvas, const FaceContext& face) const
 
 void ClassicSkin::warning(Canvas& canvas, const Box& box) const
 {
-    canvas.fill(box, ink);
-    canvas.setGround(ink);
+    const Box mark = box.centred(14, 14);
+    canvas.fill(mark, ink);
+    canvas.symbol(mark, u"exclamationmark.triangle.fill"_s, 12, paper);
 }
 
-Box ClassicSkin::progressDial(Canvas& canvas, const Box& box, double fraction) const
+Box ClassicSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor&) const
 {
     return wedges(canvas, box, fraction);
 }
@@ -53,6 +59,21 @@ Box ClassicSkin::progressDial(Canvas& canvas, const Box& box, double fraction) c
 void ClassicSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor&) const
 {
     progress(canvas, box.centred(box.width(), std::max(6.0, box.height())), fraction);
+}
+
+TextStyle ClassicSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
+{
+    return filledDay(canvas, cell, day, ink, 0);
+}
+
+void ClassicSkin::key(Canvas& canvas, const Box& box, const QString& symbol, bool) const
+{
+    canvas.symbol(box, symbol, 24, ink);
+}
+
+std::shared_ptr<const FaceRenderer> classicSkin(const std::optional<QColor>&)
+{
+    return std::make_shared<ClassicSkin>();
 }
 
 } // namespace ambrelle

@@ -28,9 +28,10 @@ public:
     void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 
     Box photoPlate(Canvas& canvas, const FaceContext& face) const override;
-    /// A black ground for what is written next in white.
     void warning(Canvas& canvas, const Box& box) const override;
-    Box progressDial(Canvas& canvas, const Box& box, double fraction) const override;
+    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    TextStyle todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const override;
+    void key(Canvas& canvas, const Box& box, const QString& symbol, bool middle) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "faces/FaceKit.h"
-#include "foundation/Wording.h"
 #include "skins/classic/ClassicPieces.h"
 #include "skins/classic/ClassicSkin.h"
 #include "skins/classic/ClassicStyle.h"
@@ -37,7 +36,7 @@ void memoryKey(Canvas& canvas, const SkinStyle& style, const Box& box, const QLi
 void ClassicSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    hero(canvas, *this, box.cutTop(44), QString::number(reading.percent), percentSign, 48, reading.high);
+    hero(canvas, box.cutTop(44), QString::number(reading.percent), percentSign, 48, reading.high);
     canvas.text(box.cutBottom(line), reading.load, style().row());
     histogram(canvas, box.inset(0, 6), reading.history);
 }
@@ -48,10 +47,8 @@ void ClassicSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceC
     patternBar(canvas, box.cutBottom(20), reading.parts);
     box.cutBottom(8);
     Box figure = box.cutLeft(148);
-    hero(canvas, *this, figure.cutTop(64), reading.used, Wording::tr("GB"), 64, reading.high);
-    canvas.text(figure.cutBottom(line + 8),
-        Wording::tr("%1% %2", "per cent, of so many GB").arg(QString::number(reading.percent), reading.total),
-        style().row());
+    hero(canvas, figure.cutTop(64), reading.used, reading.unit, 64, reading.high);
+    canvas.text(figure.cutBottom(line + 8), reading.share(), style().row());
     box.cutLeft(16);
     memoryKey(canvas, style(), box.inset(0, 12), reading.parts);
 }
@@ -59,14 +56,14 @@ void ClassicSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceC
 void ClassicSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face, reading.name);
-    canvas.text(box.cutBottom(line), freeText(reading), style().row().aligned(Align::centre));
+    canvas.text(box.cutBottom(line), reading.freeText(), style().row().aligned(Align::centre));
     box.cutBottom(4);
     const Box inside = wedges(canvas, box, reading.fraction);
     const FigureStyle figure = style().figure(26).aligned(Align::centre);
     const QString percent = QString::number(reading.percent);
     const double width = figurePath(percent, percentSign, figure, inside.width()).width;
     if (reading.high)
-        warning(canvas, inside.centred(width + 6, figure.cap + 6));
+        invert(canvas, inside.centred(width + 6, figure.cap + 6));
     canvas.figure(inside.centred(width, figure.cap), percent, percentSign, figure.filled(reading.high ? paper : ink));
     canvas.setGround(paper);
 }
@@ -76,8 +73,8 @@ void ClassicSkin::draw(Canvas& canvas, const BatteryReading& reading, const Face
     Box box = framed(canvas, face);
     Box top = box.cutTop(44);
     if (reading.onMains)
-        canvas.symbol(top.cutRight(24), reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 24, ink);
-    hero(canvas, *this, top, QString::number(reading.percent), percentSign, 48, reading.low);
+        canvas.symbol(top.cutRight(24), reading.symbol, 24, ink);
+    hero(canvas, top, QString::number(reading.percent), percentSign, 48, reading.low);
     box.cutTop(10);
     cell(canvas, box.cutTop(22), reading.level);
     canvas.text(box.cutBottom(line), reading.remaining, style().row());
@@ -108,7 +105,7 @@ void ClassicSkin::draw(Canvas& canvas, const NetworkReading& reading, const Face
 void ClassicSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    hero(canvas, *this, box.cutTop(44), reading.down.value, reading.down.unit, 48);
+    hero(canvas, box.cutTop(44), reading.down.value, reading.down.unit, 48);
     canvas.paragraph(box.cutBottom(2 * line).inset(-1, 0), reading.hint, style().row().wrapped(2), Qt::AlignVCenter);
     Box sent = box.cutTop(24);
     canvas.symbol(sent.cutLeft(arrowSize), u"arrow.up"_s, arrowSize, ink);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "faces/FaceKit.h"
-#include "faces/NoticeFace.h"
 #include "skins/classic/BitPictures.h"
 #include "skins/classic/ClassicPieces.h"
 #include "skins/classic/ClassicSkin.h"
@@ -38,19 +37,13 @@ Box blinkingTime(Canvas& canvas, const Box& box, const ClockReading& reading, co
     return whole;
 }
 
-/// A temperature, without its sign where it would be cut.
-QString degrees(const QString& value, const TextStyle& text, double width)
-{
-    return elided(value, text, width) == value ? value : value.chopped(1);
-}
-
-void dayColumn(Canvas& canvas, Box column, const WeatherReading::Day& day, const SkinStyle& style)
+void weatherColumn(Canvas& canvas, Box column, const WeatherReading::Day& day, const SkinStyle& style)
 {
     const TextStyle text = style.row().aligned(Align::centre);
     canvas.text(column.cutTop(classic::line), day.initial, text);
     drawBitPicture(canvas, column.cutTop(36), day.sky, 2);
-    canvas.text(column.cutTop(classic::line), degrees(day.high, text, column.width()), text);
-    canvas.text(column.cutBottom(classic::line), degrees(day.low, text, column.width()), text);
+    canvas.text(column.cutTop(classic::line), temperatureIn(day.high, text, column.width()), text);
+    canvas.text(column.cutBottom(classic::line), temperatureIn(day.low, text, column.width()), text);
     Box track = column.inset(0, 3).centred(8, column.height() - 6);
     canvas.frame(track, QPen(ink, 1));
     track = track.inset(1);
@@ -79,8 +72,7 @@ void ClassicSkin::draw(Canvas& canvas, const CalendarReading& reading, const Fac
     const Box box = framed(canvas, face, reading.month);
     const int lines = (reading.firstColumn + reading.days + 6) / 7 + 1;
     const Box grid(box.x() - 2, box.y(), 7 * 22, std::min(22.0, std::floor(box.height() / lines)) * lines);
-    monthGrid(canvas, grid, reading,
-        {.weekday = style().header(), .day = style().row(), .todayFill = ink, .todayInk = paper, .todayCorner = 0});
+    monthGrid(canvas, *this, grid, reading, style().header(), style().row());
 }
 
 void ClassicSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
@@ -93,9 +85,9 @@ void ClassicSkin::draw(Canvas& canvas, const WeatherReading& reading, const Face
     Box top = box.cutTop(70);
     drawBitPicture(canvas, top.cutLeft(36), reading.sky, 2);
     top.cutLeft(4);
-    hero(canvas, *this, top, reading.temperature, u"°"_s, 64);
+    hero(canvas, top, reading.temperature, u"°"_s, 64);
     for (int index = 0; index < std::min<int>(shownDays, static_cast<int>(reading.days.size())); ++index)
-        dayColumn(canvas, days.column(index, shownDays), reading.days[index], style());
+        weatherColumn(canvas, days.column(index, shownDays), reading.days[index], style());
 }
 
 void ClassicSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
@@ -122,7 +114,7 @@ void ClassicSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const F
     trackTexts(canvas, box.cutTop(44), reading, style().header(), style().row());
     const Box buttons = box.cutBottom(26).centred(3 * 50, 24);
     pushButtons(canvas, buttons);
-    drawControls(canvas, buttons, 24, ink, reading.playing);
+    controls(canvas, *this, buttons, reading.playing);
     box.cutBottom(6);
     Box times = box.cutBottom(line);
     canvas.text(times, reading.elapsed, style().row());

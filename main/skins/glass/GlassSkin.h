@@ -14,6 +14,7 @@ public:
     explicit GlassSkin(std::optional<QColor> accent);
 
     Box plate(Canvas& canvas, const FaceContext& face) const override;
+    PictogramPaint pictograms() const override;
 
     void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const CalendarReading& reading, const FaceContext& face) const override;

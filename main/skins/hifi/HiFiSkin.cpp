@@ -2,9 +2,12 @@
 
 #include "skins/hifi/HiFiSkin.h"
 
+#include "faces/FaceKit.h"
+
 #include "drawing/Colours.h"
 #include "skins/hifi/Cabinet.h"
 #include "skins/hifi/TunerScale.h"
+#include "skins/Skins.h"
 
 namespace ambrelle {
 
@@ -49,15 +52,30 @@ void HiFiSkin::header(Canvas& canvas, Box& content, const FaceContext&, const QS
     content.cutTop(style().titleGap);
 }
 
-Box HiFiSkin::progressDial(Canvas& canvas, const Box& box, double fraction) const
+Box HiFiSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    return tickDial(canvas, style(), box, fraction, style().accent);
+    return tickDial(canvas, style(), box, fraction, colour);
 }
 
 void HiFiSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     TunerScale{.steps = 24, .every = 6, .colour = colour}.draw(canvas, box.centred(box.width(), 6));
     pointer(canvas, box.centred(box.width(), 8), fraction);
+}
+
+TextStyle HiFiSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
+{
+    return filledDay(canvas, cell, day, style().accent, cell.height());
+}
+
+void HiFiSkin::key(Canvas& canvas, const Box& box, const QString& symbol, bool) const
+{
+    canvas.symbol(box, symbol, 22, pale);
+}
+
+std::shared_ptr<const FaceRenderer> hifiSkin(const std::optional<QColor>& accent)
+{
+    return std::make_shared<HiFiSkin>(accent);
 }
 
 } // namespace ambrelle

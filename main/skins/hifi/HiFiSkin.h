@@ -15,8 +15,10 @@ public:
 
     Box plate(Canvas& canvas, const FaceContext& face) const override;
     void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
-    Box progressDial(Canvas& canvas, const Box& box, double fraction) const override;
+    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    TextStyle todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const override;
+    void key(Canvas& canvas, const Box& box, const QString& symbol, bool middle) const override;
     double photoMat() const override { return 8; }
     double photoCorner() const override { return 3; }
 

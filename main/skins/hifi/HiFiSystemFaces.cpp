@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 
-#include "foundation/Wording.h"
 #include "skins/hifi/HiFiSkin.h"
 
 #include "drawing/Charts.h"
@@ -81,8 +80,7 @@ void HiFiSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCont
 {
     Box box = framed(canvas, face);
     const Box hero = box.cutTop(46);
-    Nixies{.style = style(), .cap = 34, .seed = 11, .name = u"used"_s}.draw(
-        canvas, hero, reading.used, Wording::tr("GB"));
+    Nixies{.style = style(), .cap = 34, .seed = 11, .name = u"used"_s}.draw(canvas, hero, reading.used, reading.unit);
     if (reading.high)
         warning(canvas, Box(hero).cutRight(12).cutTop(12));
     box.cutTop(8);
@@ -98,7 +96,7 @@ void HiFiSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContex
     Box footer = box.cutBottom(Bands::footer);
     if (reading.high)
         warning(canvas, footer.cutRight(14));
-    canvas.text(footer, freeText(reading), style().caption());
+    canvas.text(footer, reading.freeText(), style().caption());
     const Box inside = tickDial(canvas, style(), box, reading.fraction, reading.high ? style().warn : style().accent);
     canvas.figure(inside, QString::number(reading.percent), u"%"_s, wire(style(), 24).aligned(Align::centre));
 }
@@ -106,8 +104,7 @@ void HiFiSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContex
 void HiFiSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
     Box box = framed(canvas, face);
-    canvas.text(box.cutBottom(Bands::footer), reading.remaining.isEmpty() ? reading.state : reading.remaining,
-        style().caption());
+    canvas.text(box.cutBottom(Bands::footer), reading.line(), style().caption());
     box.cutBottom(4);
     Box lamps = box.cutRight(30).inset(0, 8);
     const QColor dark = style().faint.lighter(150);

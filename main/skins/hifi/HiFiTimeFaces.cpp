@@ -5,7 +5,6 @@
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
 #include "faces/FaceKit.h"
-#include "faces/NoticeFace.h"
 #include "faces/Pictogram.h"
 #include "skins/hifi/Cabinet.h"
 #include "skins/hifi/Cassette.h"
@@ -96,11 +95,8 @@ void HiFiSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceCo
     halo.setColorAt(1, faded(style().accent, 0));
     canvas.disc(cell.center(), cell.height(), halo);
     const TextStyle day = style().caption().coloured(style().ink);
-    monthGrid(canvas, Box(box.x(), box.y() - 1, box.width(), box.height() + 1), reading,
-        {.weekday = style().caption().coloured(champagne),
-            .day = day,
-            .todayFill = style().accent,
-            .todayInk = inkOn(style().accent)});
+    monthGrid(canvas, *this, Box(box.x(), box.y() - 1, box.width(), box.height() + 1), reading,
+        style().caption().coloured(champagne), day);
     pointer(canvas, Box(scale).cutBottom(scale.height()).moved(0, -1).inset(0, -1), (place % 7 + 0.5) / 7);
 }
 
@@ -141,7 +137,7 @@ void HiFiSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Face
     box.cutRight(12);
     cassette(canvas, style(), box, reading);
 
-    drawControls(canvas, deck.cutBottom(28), 22, pale, reading.playing);
+    controls(canvas, *this, deck.cutBottom(28), reading.playing);
     deck.cutBottom(6);
     levelBars(canvas, deck.cutRight(26), reading);
     deck.cutRight(8);

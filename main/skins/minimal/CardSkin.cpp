@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "skins/minimal/MinimalHand.h"
+#include "skins/minimal/MinimalSkin.h"
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
@@ -20,49 +20,49 @@ constexpr double badgeSize = 20;
 constexpr double badgeCorner = 7;
 constexpr double headerHeight = 18;
 
-class CardHand final : public MinimalHand {
+class CardSkin final : public MinimalSkin {
 public:
-    using MinimalHand::MinimalHand;
+    using FaceRenderer::draw;
+    using MinimalSkin::MinimalSkin;
 
-    void plate(Canvas& canvas, const FaceContext& face) const override;
-    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    void panel(Canvas& canvas, const FaceContext& face) const override;
+    void heading(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
     void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
     void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
-    Box dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
     PictogramPaint pictograms() const override;
-    double todayCorner() const override { return badgeCorner; }
-    void clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const override;
-    void battery(Canvas& canvas, Box content, const BatteryReading& reading) const override;
-    void rates(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
-    void processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const override;
-    void weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const override;
-    void events(Canvas& canvas, const Box& content, const EventsReading& reading) const override;
-    void player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const override;
+    TextStyle todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const override;
+    void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
+    void rate(Canvas& canvas, const Box& box, bool upwards, const Units::Pair& rate, double cap) const override;
+    void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 
 private:
     /// Fills a rounded box with a tint of the colour and returns the opaque colour it has there.
     QColor tinted(Canvas& canvas, const Box& box, double corner, const QColor& colour) const;
     void badge(Canvas& canvas, const Box& box, const QString& symbol, const QColor& colour) const;
-    void rate(Canvas& canvas, Box box, const QString& symbol, const QColor& colour, const Units::Pair& rate) const;
     void day(Canvas& canvas, Box pill, const WeatherReading::Day& day, bool today) const;
 };
 
-QColor CardHand::tinted(Canvas& canvas, const Box& box, double corner, const QColor& colour) const
+QColor CardSkin::tinted(Canvas& canvas, const Box& box, double corner, const QColor& colour) const
 {
     const QColor tint = faded(colour, look().tint);
     canvas.fill(box, tint, corner);
     return over(tint, style().ground);
 }
 
-void CardHand::badge(Canvas& canvas, const Box& box, const QString& symbol, const QColor& colour) const
+void CardSkin::badge(Canvas& canvas, const Box& box, const QString& symbol, const QColor& colour) const
 {
     const QColor ground = tinted(canvas, box, badgeCorner, colour);
     canvas.symbol(box, symbol, box.height() * 0.62, legible(colour, look().ink, ground));
 }
 
-void CardHand::plate(Canvas& canvas, const FaceContext& face) const
+void CardSkin::panel(Canvas& canvas, const FaceContext& face) const
 {
     canvas.still(u"plate"_s, face.bounds.inset(-10), [&](Canvas& layer) {
         dropShadow(layer, face.bounds, look().corner, look().shadow, look().shadow.alphaF(), 8, 3);
@@ -72,7 +72,7 @@ void CardHand::plate(Canvas& canvas, const FaceContext& face) const
     });
 }
 
-void CardHand::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
+void CardSkin::heading(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
 {
     Box line = content.cutTop(headerHeight);
     badge(canvas, line.cutRight(badgeSize).centred(badgeSize, badgeSize), symbol(face.kind), look().accent);
@@ -80,7 +80,7 @@ void CardHand::header(Canvas& canvas, Box& content, const FaceContext& face, con
     canvas.text(line, title, style().header());
 }
 
-void CardHand::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
+void CardSkin::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
 {
     const QPainterPath line = smoothLine(samplePoints(box, history, 1));
     canvas.fill(areaUnder(line, box.bottom()), wash(box, colour, look().wash, 0.02));
@@ -89,7 +89,7 @@ void CardHand::history(Canvas& canvas, const Box& box, const History& history, c
     canvas.disc(line.currentPosition(), 3, colour);
 }
 
-void CardHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+void CardSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     Box below = box;
@@ -100,7 +100,7 @@ void CardHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& rea
     graphLine(canvas, lines.lower, look().accent2, 1.8);
 }
 
-Box CardHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+Box CardSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr double width = 11;
     const double share = bounded(fraction);
@@ -116,17 +116,17 @@ Box CardHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor
     return circle.inset(width / 2 + 2);
 }
 
-void CardHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+void CardSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     capsule(canvas, box.centred(box.width(), 5), fraction, look().faint, colour);
 }
 
-void CardHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
+void CardSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
-    partsBar(canvas, box, parts, look().partFills(), look().faint, box.height() / 2);
+    partsBar(canvas, box, parts, partFills(), look().faint, box.height() / 2);
 }
 
-PictogramPaint CardHand::pictograms() const
+PictogramPaint CardSkin::pictograms() const
 {
     return {.sun = look().accent3,
         .moon = look().accent3,
@@ -136,8 +136,14 @@ PictogramPaint CardHand::pictograms() const
         .line = 3};
 }
 
-void CardHand::clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext&) const
+TextStyle CardSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
+    return filledDay(canvas, cell, day, look().accent, badgeCorner);
+}
+
+void CardSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const
+{
+    Box content = plate(canvas, face);
     constexpr double dot = 6;
     const TextStyle heading = style().header().sized(13).coloured(look().soft);
     named(canvas, content.cutTop(headerHeight), reading.dateLine(), heading, reading.meridiem, heading);
@@ -147,14 +153,15 @@ void CardHand::clock(Canvas& canvas, Box content, const ClockReading& reading, c
         tag.cutLeft(6);
         canvas.text(tag, reading.tag(), style().caption().sized(12));
     }
-    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap));
+    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap).kerned());
 }
 
-void CardHand::battery(Canvas& canvas, Box content, const BatteryReading& reading) const
+void CardSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
+    Box content = framed(canvas, face);
     Box hero = content.cutTop(Bands::hero);
     if (reading.onMains)
-        canvas.symbol(hero.cutRight(16), reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 16, look().accent2);
+        canvas.symbol(hero.cutRight(16), reading.symbol, 16, look().accent2);
     else if (reading.low)
         warning(canvas, hero.cutRight(16));
     hero.cutRight(2);
@@ -165,21 +172,18 @@ void CardHand::battery(Canvas& canvas, Box content, const BatteryReading& readin
         reading.low ? look().warn : look().accent2);
 }
 
-void CardHand::rate(Canvas& canvas, Box box, const QString& symbol, const QColor& colour, const Units::Pair& rate) const
+void CardSkin::rate(Canvas& canvas, const Box& box, bool upwards, const Units::Pair& rate, double) const
 {
-    badge(canvas, box.cutLeft(badgeSize).centred(badgeSize, badgeSize), symbol, colour);
-    box.cutLeft(8);
-    canvas.figure(box, rate.value, rate.unit, style().figure(22));
+    Box line = box;
+    badge(canvas, line.cutLeft(badgeSize).centred(badgeSize, badgeSize), upwards ? u"arrow.up"_s : u"arrow.down"_s,
+        upwards ? look().accent2 : look().accent);
+    line.cutLeft(8);
+    canvas.figure(line, rate.value, rate.unit, style().figure(22));
 }
 
-void CardHand::rates(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+void CardSkin::draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const
 {
-    rate(canvas, box.column(0, 2, 12), u"arrow.down"_s, look().accent, reading.down);
-    rate(canvas, box.column(1, 2, 12), u"arrow.up"_s, look().accent2, reading.up);
-}
-
-void CardHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
-{
+    const Box content = framed(canvas, face);
     constexpr double size = 18;
     const TextStyle value = style().rowValue().sized(12).faced(look().label).coloured(look().ink);
     rows(content, std::min<qsizetype>(reading.rows.size(), 5), content.height() / 5,
@@ -198,7 +202,7 @@ void CardHand::processes(Canvas& canvas, const Box& content, const ProcessesRead
         });
 }
 
-void CardHand::day(Canvas& canvas, Box pill, const WeatherReading::Day& day, bool today) const
+void CardSkin::day(Canvas& canvas, Box pill, const WeatherReading::Day& day, bool today) const
 {
     const QColor before = canvas.ground();
     if (today)
@@ -213,8 +217,9 @@ void CardHand::day(Canvas& canvas, Box pill, const WeatherReading::Day& day, boo
     canvas.setGround(before);
 }
 
-void CardHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext&) const
+void CardSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
 {
+    Box content = plate(canvas, face);
     constexpr int most = 6;
     const Box days = content.cutRight(180);
     content.cutRight(12);
@@ -225,8 +230,9 @@ void CardHand::weather(Canvas& canvas, Box content, const WeatherReading& readin
         day(canvas, days.column(index, most, 2), reading.days[index], index == 0);
 }
 
-void CardHand::events(Canvas& canvas, const Box& content, const EventsReading& reading) const
+void CardSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
 {
+    const Box content = framed(canvas, face, style().caps(reading.day));
     rows(content, std::min<qsizetype>(reading.rows.size(), 3), content.height() / 3,
         [&](const Box& row, qsizetype index) {
             const EventsReading::Row& event = reading.rows[index];
@@ -244,8 +250,9 @@ void CardHand::events(Canvas& canvas, const Box& content, const EventsReading& r
         });
 }
 
-void CardHand::player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const
+void CardSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const
 {
+    Box content = plate(canvas, face);
     constexpr double key = 34;
     if (reading.artwork) {
         canvas.still(u"wash %1"_s.arg(reading.artwork.image.cacheKey()), face.bounds, [&](Canvas& layer) {
@@ -257,9 +264,9 @@ void CardHand::player(Canvas& canvas, Box content, const NowPlayingReading& read
             });
         });
     }
-    const Player places = playerPlaces(content, key);
+    const PlayerPlaces places = playerPlaces(content, key);
     artwork(canvas, places.cover, reading.artwork, 16, look().faint, look().soft);
-    trackLines(canvas, places, reading, style().header().sized(15));
+    trackLines(canvas, *this, places, reading, style().header().sized(15));
     controls(canvas, places.controls.centred(3 * 48, key), reading.playing,
         [&](const Box& place, const QString& symbol, bool middle) {
             if (middle)
@@ -270,9 +277,9 @@ void CardHand::player(Canvas& canvas, Box content, const NowPlayingReading& read
 
 } // namespace
 
-std::unique_ptr<const MinimalHand> makeCardHand(const MinimalLook& look, const FaceRenderer& skin)
+std::shared_ptr<const FaceRenderer> makeCardSkin(const MinimalLook& look)
 {
-    return std::make_unique<CardHand>(look, skin);
+    return std::make_shared<CardSkin>(look);
 }
 
 } // namespace ambrelle

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "skins/minimal/MinimalHand.h"
+#include "skins/minimal/MinimalSkin.h"
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
@@ -35,25 +35,26 @@ bool isLive(WidgetKind kind)
     }
 }
 
-class CasingHand final : public MinimalHand {
+class CasingSkin final : public MinimalSkin {
 public:
-    using MinimalHand::MinimalHand;
+    using FaceRenderer::draw;
+    using MinimalSkin::MinimalSkin;
 
-    void plate(Canvas& canvas, const FaceContext& face) const override;
-    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    void panel(Canvas& canvas, const FaceContext& face) const override;
+    void heading(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
     void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
     void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
-    Box dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
     PictogramPaint pictograms() const override;
-    double todayCorner() const override { return 0; }
-    void clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const override;
-    void battery(Canvas& canvas, Box content, const BatteryReading& reading) const override;
-    void processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const override;
-    void weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const override;
-    void events(Canvas& canvas, const Box& content, const EventsReading& reading) const override;
-    void player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const override;
+    TextStyle todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const override;
+    void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 
 private:
     void ruleBelow(Canvas& canvas, const Box& row) const;
@@ -61,7 +62,7 @@ private:
     void bars(Canvas& canvas, const Box& box, const QList<double>& values, const QColor& colour, bool hanging) const;
 };
 
-void CasingHand::plate(Canvas& canvas, const FaceContext& face) const
+void CasingSkin::panel(Canvas& canvas, const FaceContext& face) const
 {
     constexpr double place = 7.5; // on whole points, so that the marks are crisp
     constexpr double arm = 2.5;
@@ -76,7 +77,7 @@ void CasingHand::plate(Canvas& canvas, const FaceContext& face) const
     });
 }
 
-void CasingHand::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
+void CasingSkin::heading(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
 {
     Box line = content.cutTop(14);
     const Box mark = line.cutRight(liveMark).centred(liveMark, liveMark);
@@ -93,12 +94,12 @@ void CasingHand::header(Canvas& canvas, Box& content, const FaceContext& face, c
     });
 }
 
-void CasingHand::ruleBelow(Canvas& canvas, const Box& row) const
+void CasingSkin::ruleBelow(Canvas& canvas, const Box& row) const
 {
     canvas.line(row.bottomLeft(), row.bottomRight(), QPen(look().faint, ruleWidth));
 }
 
-void CasingHand::bars(
+void CasingSkin::bars(
     Canvas& canvas, const Box& box, const QList<double>& values, const QColor& colour, bool hanging) const
 {
     const int count = static_cast<int>(values.size());
@@ -110,7 +111,7 @@ void CasingHand::bars(
     }
 }
 
-void CasingHand::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
+void CasingSkin::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
 {
     constexpr int count = 20;
     constexpr double tick = 10;
@@ -125,7 +126,7 @@ void CasingHand::history(Canvas& canvas, const Box& box, const History& history,
     bars(canvas, graph, binned(history, count), colour, false);
 }
 
-void CasingHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+void CasingSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
     constexpr int count = 60;
     QList<double> down = binned(reading.downHistory, count);
@@ -146,7 +147,7 @@ void CasingHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& r
     bars(canvas, rest, up, look().ink, true);
 }
 
-Box CasingHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+Box CasingSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr int blocks = 30;
     constexpr double depth = 6;
@@ -166,7 +167,7 @@ Box CasingHand::dial(Canvas& canvas, const Box& box, double fraction, const QCol
     return circle.inset(depth / 2 + 3);
 }
 
-void CasingHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+void CasingSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr int ticks = 40;
     const double share = bounded(fraction);
@@ -178,10 +179,10 @@ void CasingHand::level(Canvas& canvas, const Box& box, double fraction, const QC
     }
 }
 
-void CasingHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
+void CasingSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
     constexpr int blocks = 24;
-    const QList<QBrush> fills = look().partFills();
+    const QList<QBrush> fills = partFills();
     const auto fillAt = [&](double place) -> QBrush {
         for (qsizetype index = 0; index < std::min(parts.size(), fills.size()); ++index) {
             place -= parts[index].fraction;
@@ -194,7 +195,7 @@ void CasingHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts
         canvas.fill(box.column(index, blocks, 1.5), fillAt((index + 0.5) / blocks));
 }
 
-PictogramPaint CasingHand::pictograms() const
+PictogramPaint CasingSkin::pictograms() const
 {
     return {.sun = look().accent,
         .moon = look().ink,
@@ -205,9 +206,15 @@ PictogramPaint CasingHand::pictograms() const
         .straight = true};
 }
 
-void CasingHand::clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const
+TextStyle CasingSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
-    skin().header(canvas, content, face, style().caps(reading.weekdayShort) + u' ' + reading.isoDate);
+    return filledDay(canvas, cell, day, look().accent, 0);
+}
+
+void CasingSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const
+{
+    Box content = plate(canvas, face);
+    header(canvas, content, face, style().caps(reading.isoLine()));
     if (!reading.city.isEmpty())
         canvas.text(content.cutBottom(Bands::footer), reading.tag(), style().caption().sized(11));
     Box side = content.cutRight(34);
@@ -220,11 +227,12 @@ void CasingHand::clock(Canvas& canvas, Box content, const ClockReading& reading,
     const Box frame = side.cutBottom(24);
     canvas.frame(frame, square(look().accent, 1.2));
     const FigureStyle seconds{.face = look().body, .cap = 11, .fill = look().ink, .align = Align::centre};
-    canvas.figure(frame, u"%1"_s.arg(*reading.second, 2, 10, QLatin1Char('0')), {}, seconds);
+    canvas.figure(frame, reading.secondText(), {}, seconds);
 }
 
-void CasingHand::battery(Canvas& canvas, Box content, const BatteryReading& reading) const
+void CasingSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
+    Box content = framed(canvas, face);
     constexpr int blocks = 10;
     Box hero = content.cutTop(Bands::hero);
     if (reading.low)
@@ -241,8 +249,9 @@ void CasingHand::battery(Canvas& canvas, Box content, const BatteryReading& read
     }
 }
 
-void CasingHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
+void CasingSkin::draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const
 {
+    const Box content = framed(canvas, face);
     rows(content, std::min<qsizetype>(reading.rows.size(), 5), content.height() / 5,
         [&](const Box& row, qsizetype index) {
             Box line = row;
@@ -257,9 +266,10 @@ void CasingHand::processes(Canvas& canvas, const Box& content, const ProcessesRe
         });
 }
 
-void CasingHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const
+void CasingSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
 {
-    skin().header(canvas, content, face, reading.place);
+    Box content = plate(canvas, face);
+    header(canvas, content, face, reading.place);
     const Box days = content.cutRight(180);
     content.cutRight(16);
     currentWeather(canvas, content, reading);
@@ -276,8 +286,9 @@ void CasingHand::weather(Canvas& canvas, Box content, const WeatherReading& read
     });
 }
 
-void CasingHand::events(Canvas& canvas, const Box& content, const EventsReading& reading) const
+void CasingSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
 {
+    const Box content = framed(canvas, face, style().caps(reading.day));
     rows(content, std::min<qsizetype>(reading.rows.size(), 3), content.height() / 3,
         [&](const Box& row, qsizetype index) {
             const EventsReading::Row& event = reading.rows[index];
@@ -290,11 +301,12 @@ void CasingHand::events(Canvas& canvas, const Box& content, const EventsReading&
         });
 }
 
-void CasingHand::player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext&) const
+void CasingSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const
 {
+    Box content = plate(canvas, face);
     constexpr double key = 28;
     constexpr double crop = 5;
-    const Player places = playerPlaces(content, key);
+    const PlayerPlaces places = playerPlaces(content, key);
     const Box cover = places.cover.inset(crop);
     artwork(canvas, cover, reading.artwork, 0, look().faint, look().soft);
     canvas.frame(cover, square(look().ink, 1));
@@ -302,7 +314,7 @@ void CasingHand::player(Canvas& canvas, Box content, const NowPlayingReading& re
         canvas.line({x, cover.top() - crop}, {x, cover.top() - 2}, square(look().soft, 1));
         canvas.line({x, cover.bottom() + 2}, {x, cover.bottom() + crop}, square(look().soft, 1));
     }
-    trackLines(canvas, places, reading, style().header().sized(13));
+    trackLines(canvas, *this, places, reading, style().header().sized(13));
     controls(canvas, places.controls.centred(3 * 42, key), reading.playing,
         [&](const Box& place, const QString& symbol, bool middle) {
             const Box frame = place.centred(key, key);
@@ -315,9 +327,9 @@ void CasingHand::player(Canvas& canvas, Box content, const NowPlayingReading& re
 
 } // namespace
 
-std::unique_ptr<const MinimalHand> makeCasingHand(const MinimalLook& look, const FaceRenderer& skin)
+std::shared_ptr<const FaceRenderer> makeCasingSkin(const MinimalLook& look)
 {
-    return std::make_unique<CasingHand>(look, skin);
+    return std::make_shared<CasingSkin>(look);
 }
 
 } // namespace ambrelle

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "skins/minimal/MinimalHand.h"
+#include "skins/minimal/MinimalSkin.h"
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
@@ -44,25 +44,26 @@ QPainterPath iceTicks(const Box& box, double corner)
     return ticks;
 }
 
-class FrostHand final : public MinimalHand {
+class FrostSkin final : public MinimalSkin {
 public:
-    using MinimalHand::MinimalHand;
+    using FaceRenderer::draw;
+    using MinimalSkin::MinimalSkin;
 
-    void plate(Canvas& canvas, const FaceContext& face) const override;
-    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    void panel(Canvas& canvas, const FaceContext& face) const override;
+    void heading(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
     void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
     void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
-    Box dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
     PictogramPaint pictograms() const override;
-    double todayCorner() const override { return 99; }
-    void clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const override;
-    void battery(Canvas& canvas, Box content, const BatteryReading& reading) const override;
-    void processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const override;
-    void weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const override;
-    void events(Canvas& canvas, const Box& content, const EventsReading& reading) const override;
-    void player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const override;
+    TextStyle todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const override;
+    void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 
 private:
     void glint(Canvas& canvas, const FaceContext& face) const;
@@ -71,7 +72,7 @@ private:
     QBrush aurora(const Box& box) const { return aurora(box.topLeft(), box.topRight(), look().accent); }
 };
 
-QBrush FrostHand::aurora(QPointF from, QPointF to, const QColor& colour) const
+QBrush FrostSkin::aurora(QPointF from, QPointF to, const QColor& colour) const
 {
     if (colour != look().accent)
         return colour;
@@ -81,7 +82,7 @@ QBrush FrostHand::aurora(QPointF from, QPointF to, const QColor& colour) const
     return light;
 }
 
-void FrostHand::plate(Canvas& canvas, const FaceContext& face) const
+void FrostSkin::panel(Canvas& canvas, const FaceContext& face) const
 {
     const Box& box = face.bounds;
     const double corner = look().corner;
@@ -104,7 +105,7 @@ void FrostHand::plate(Canvas& canvas, const FaceContext& face) const
     glint(canvas, face);
 }
 
-void FrostHand::glint(Canvas& canvas, const FaceContext& face) const
+void FrostSkin::glint(Canvas& canvas, const FaceContext& face) const
 {
     constexpr double period = 12;
     constexpr double burst = 1.5;
@@ -124,12 +125,12 @@ void FrostHand::glint(Canvas& canvas, const FaceContext& face) const
     });
 }
 
-void FrostHand::header(Canvas& canvas, Box& content, const FaceContext&, const QString& title) const
+void FrostSkin::heading(Canvas& canvas, Box& content, const FaceContext&, const QString& title) const
 {
     canvas.text(content.cutTop(14), title, style().header());
 }
 
-void FrostHand::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
+void FrostSkin::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
 {
     const QPainterPath line = smoothLine(samplePoints(box, history, 1));
     const QBrush light = aurora(box.topLeft(), box.topRight(), colour);
@@ -139,7 +140,7 @@ void FrostHand::history(Canvas& canvas, const Box& box, const History& history, 
     canvas.disc(line.currentPosition(), 2.2, look().ink);
 }
 
-void FrostHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+void FrostSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     Box below = box;
@@ -151,7 +152,7 @@ void FrostHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& re
     graphLine(canvas, lines.lower, look().accent2, 1.6);
 }
 
-Box FrostHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+Box FrostSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr double width = 5;
     const double share = bounded(fraction);
@@ -178,18 +179,18 @@ Box FrostHand::dial(Canvas& canvas, const Box& box, double fraction, const QColo
     return circle.inset(width / 2 + 3);
 }
 
-void FrostHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+void FrostSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     const Box bar = box.centred(box.width(), 3);
     capsule(canvas, bar, fraction, emptyTrack, aurora(bar.topLeft(), bar.topRight(), colour));
 }
 
-void FrostHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
+void FrostSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
-    partsBar(canvas, box.centred(box.width(), 6), parts, look().partFills(), emptyTrack, 3);
+    partsBar(canvas, box.centred(box.width(), 6), parts, partFills(), emptyTrack, 3);
 }
 
-PictogramPaint FrostHand::pictograms() const
+PictogramPaint FrostSkin::pictograms() const
 {
     return {.sun = look().ink,
         .moon = look().accent,
@@ -199,8 +200,14 @@ PictogramPaint FrostHand::pictograms() const
         .outline = 1.4};
 }
 
-void FrostHand::clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext&) const
+TextStyle FrostSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
+    return filledDay(canvas, cell, day, look().accent, cell.height());
+}
+
+void FrostSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const
+{
+    Box content = plate(canvas, face);
     const TextStyle heading = style().header().sized(13);
     named(canvas, content.cutTop(14), reading.dateLine(), heading, reading.meridiem, heading.coloured(look().soft));
     if (!reading.city.isEmpty())
@@ -208,11 +215,12 @@ void FrostHand::clock(Canvas& canvas, Box content, const ClockReading& reading, 
     const Box day = content.cutBottom(10).centred(content.width(), 2);
     capsule(canvas, day, reading.dayFraction(), emptyTrack, aurora(day));
     canvas.disc({day.left() + day.width() * reading.dayFraction(), day.center().y()}, 3, look().ink);
-    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap));
+    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap).kerned());
 }
 
-void FrostHand::battery(Canvas& canvas, Box content, const BatteryReading& reading) const
+void FrostSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
+    Box content = framed(canvas, face);
     const Box column = content.cutRight(24);
     content.cutRight(12);
     canvas.figure(content.cutTop(44), QString::number(reading.percent), u"%"_s, style().figure(40));
@@ -229,12 +237,12 @@ void FrostHand::battery(Canvas& canvas, Box content, const BatteryReading& readi
     const QColor colour = reading.low ? look().warn : look().accent;
     canvas.fill(charge, aurora(column.bottomLeft(), column.topLeft(), colour), 8);
     if (reading.onMains)
-        canvas.symbol(
-            Box(charge).cutBottom(16), reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 12, inkOn(colour));
+        canvas.symbol(Box(charge).cutBottom(16), reading.symbol, 12, inkOn(colour));
 }
 
-void FrostHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
+void FrostSkin::draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const
 {
+    const Box content = framed(canvas, face);
     constexpr double pitch = 20;
     constexpr double barRoom = 8;
     Box rest = content;
@@ -249,12 +257,13 @@ void FrostHand::processes(Canvas& canvas, const Box& content, const ProcessesRea
         [&](const Box& line, qsizetype index) { row(line, reading.rows[index + 1], style().row()); });
 }
 
-void FrostHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const
+void FrostSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
 {
+    Box content = plate(canvas, face);
     constexpr double pitch = 22;
     const Box days = content.cutRight(174);
     content.cutRight(16);
-    skin().header(canvas, content, face, reading.place);
+    header(canvas, content, face, reading.place);
     currentWeather(canvas, content, reading);
     rows(days, std::min<qsizetype>(reading.days.size(), 6), pitch, [&](const Box& row, qsizetype index) {
         const WeatherReading::Day& day = reading.days[index];
@@ -273,17 +282,19 @@ void FrostHand::weather(Canvas& canvas, Box content, const WeatherReading& readi
     });
 }
 
-void FrostHand::events(Canvas& canvas, const Box& content, const EventsReading& reading) const
+void FrostSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
 {
-    eventRows(canvas, skin(), content, reading, 38);
+    const Box content = framed(canvas, face, style().caps(reading.day));
+    eventRows(canvas, *this, content, reading, 38);
 }
 
-void FrostHand::player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext&) const
+void FrostSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const
 {
-    const Player places = playerPlaces(content, 26);
+    Box content = plate(canvas, face);
+    const PlayerPlaces places = playerPlaces(content, 26);
     artwork(canvas, places.cover, reading.artwork, 16, emptyTrack, look().soft);
     canvas.frame(places.cover, QPen(faded(Qt::white, 0.25), 1), 16);
-    trackLines(canvas, places, reading, style().header().sized(15));
+    trackLines(canvas, *this, places, reading, style().header().sized(15));
     controls(canvas, places.controls.centred(3 * 44, 26), reading.playing,
         [&](const Box& place, const QString& symbol, bool) {
             canvas.stroke(symbolIn(place, symbol, 24), roundPen(look().ink, 1.2));
@@ -292,9 +303,9 @@ void FrostHand::player(Canvas& canvas, Box content, const NowPlayingReading& rea
 
 } // namespace
 
-std::unique_ptr<const MinimalHand> makeFrostHand(const MinimalLook& look, const FaceRenderer& skin)
+std::shared_ptr<const FaceRenderer> makeFrostSkin(const MinimalLook& look)
 {
-    return std::make_unique<FrostHand>(look, skin);
+    return std::make_shared<FrostSkin>(look);
 }
 
 } // namespace ambrelle

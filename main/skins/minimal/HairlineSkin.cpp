@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "skins/minimal/MinimalHand.h"
+#include "skins/minimal/MinimalSkin.h"
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
@@ -25,26 +25,27 @@ QColor greyOf(const QColor& colour)
     return {level, level, level};
 }
 
-class HairlineHand final : public MinimalHand {
+class HairlineSkin final : public MinimalSkin {
 public:
-    using MinimalHand::MinimalHand;
+    using FaceRenderer::draw;
+    using MinimalSkin::MinimalSkin;
 
-    void plate(Canvas& canvas, const FaceContext& face) const override;
-    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    void panel(Canvas& canvas, const FaceContext& face) const override;
+    void heading(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
     void warning(Canvas& canvas, const Box& box) const override;
     void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
     void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
-    Box dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
     PictogramPaint pictograms() const override;
-    double todayCorner() const override { return 0; }
-    void clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const override;
-    void battery(Canvas& canvas, Box content, const BatteryReading& reading) const override;
-    void processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const override;
-    void weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const override;
-    void events(Canvas& canvas, const Box& content, const EventsReading& reading) const override;
-    void player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext& face) const override;
+    TextStyle todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const override;
+    void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 
 private:
     void ruleBelow(Canvas& canvas, const Box& row) const;
@@ -53,31 +54,31 @@ private:
     void comb(Canvas& canvas, const Box& box, const std::function<QColor(double)>& colourAt) const;
 };
 
-void HairlineHand::plate(Canvas& canvas, const FaceContext& face) const
+void HairlineSkin::panel(Canvas& canvas, const FaceContext& face) const
 {
     canvas.fill(face.bounds, look().panelFill);
     canvas.frame(face.bounds, QPen(look().border, look().plateBorder));
 }
 
-void HairlineHand::header(Canvas& canvas, Box& content, const FaceContext&, const QString& title) const
+void HairlineSkin::heading(Canvas& canvas, Box& content, const FaceContext&, const QString& title) const
 {
     canvas.text(content.cutTop(14), title, style().header());
     canvas.rule(content.cutTop(6).cutBottom(2), look().soft, hairline);
 }
 
-void HairlineHand::warning(Canvas& canvas, const Box& box) const
+void HairlineSkin::warning(Canvas& canvas, const Box& box) const
 {
     const Box mark = box.centred(14, 14);
     canvas.fill(mark, look().warn);
     canvas.symbol(mark, u"exclamationmark.triangle.fill"_s, 10, inkOn(look().warn));
 }
 
-void HairlineHand::ruleBelow(Canvas& canvas, const Box& row) const
+void HairlineSkin::ruleBelow(Canvas& canvas, const Box& row) const
 {
     canvas.line(row.bottomLeft(), row.bottomRight(), QPen(look().faint, 0.8));
 }
 
-void HairlineHand::levels(Canvas& canvas, const Box& box) const
+void HairlineSkin::levels(Canvas& canvas, const Box& box) const
 {
     QPen dots(look().accent3, hairline, Qt::CustomDashLine);
     dots.setDashPattern({1, 4});
@@ -85,7 +86,7 @@ void HairlineHand::levels(Canvas& canvas, const Box& box) const
         canvas.line({box.left(), y}, {box.right(), y}, dots);
 }
 
-void HairlineHand::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
+void HairlineSkin::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
 {
     levels(canvas, box);
     const QPainterPath line = straightLine(samplePoints(box, history, 1));
@@ -93,7 +94,7 @@ void HairlineHand::history(Canvas& canvas, const Box& box, const History& histor
     canvas.fill(Box(line.currentPosition().x() - 1.5, line.currentPosition().y() - 1.5, 3, 3), colour);
 }
 
-void HairlineHand::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
+void HairlineSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
     const MirroredLines lines = mirrored(box, reading.downHistory, reading.upHistory, reading.peak);
     levels(canvas, box);
@@ -102,7 +103,7 @@ void HairlineHand::traffic(Canvas& canvas, const Box& box, const NetworkReading&
     graphLine(canvas, lines.lower, look().down, 1);
 }
 
-Box HairlineHand::dial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+Box HairlineSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr int ticks = 60;
     constexpr double length = 7;
@@ -120,7 +121,7 @@ Box HairlineHand::dial(Canvas& canvas, const Box& box, double fraction, const QC
     return circle.inset(length + 4);
 }
 
-void HairlineHand::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+void HairlineSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr double least = 5;
     const double tick = std::max(least, box.height());
@@ -131,7 +132,7 @@ void HairlineHand::level(Canvas& canvas, const Box& box, double fraction, const 
     canvas.line({end.x(), end.y() - tick / 2}, {end.x(), end.y() + tick / 2}, QPen(colour, 1));
 }
 
-void HairlineHand::comb(Canvas& canvas, const Box& box, const std::function<QColor(double)>& colourAt) const
+void HairlineSkin::comb(Canvas& canvas, const Box& box, const std::function<QColor(double)>& colourAt) const
 {
     // One point on, one off: crisp at every whole scale.
     constexpr double pitch = 2;
@@ -140,9 +141,9 @@ void HairlineHand::comb(Canvas& canvas, const Box& box, const std::function<QCol
         canvas.fill(Box(box.left() + pitch * index, box.top(), 1, box.height()), colourAt((index + 0.5) / teeth));
 }
 
-void HairlineHand::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
+void HairlineSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
-    const QList<QBrush> fills = look().partFills();
+    const QList<QBrush> fills = partFills();
     comb(canvas, box, [&](double place) {
         for (qsizetype index = 0; index < std::min(parts.size(), fills.size()); ++index) {
             place -= parts[index].fraction;
@@ -153,7 +154,7 @@ void HairlineHand::parts(Canvas& canvas, const Box& box, const QList<Share>& par
     });
 }
 
-PictogramPaint HairlineHand::pictograms() const
+PictogramPaint HairlineSkin::pictograms() const
 {
     return {.sun = look().ink,
         .moon = look().ink,
@@ -163,29 +164,36 @@ PictogramPaint HairlineHand::pictograms() const
         .outline = 1};
 }
 
-void HairlineHand::clock(Canvas& canvas, Box content, const ClockReading& reading, const FaceContext& face) const
+TextStyle HairlineSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
+    return filledDay(canvas, cell, day, look().accent, 0);
+}
+
+void HairlineSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const
+{
+    Box content = plate(canvas, face);
     Box line = Box(content).cutTop(14);
     const FigureStyle seconds{.face = look().body, .cap = 9, .fill = look().soft, .align = Align::right};
     if (reading.second)
-        canvas.figure(line.cutRight(18), u"%1"_s.arg(*reading.second, 2, 10, QLatin1Char('0')), {}, seconds);
+        canvas.figure(line.cutRight(18), reading.secondText(), {}, seconds);
     canvas.text(line, reading.meridiem, style().caption().sized(12).aligned(Align::right));
     Box heading = content;
     heading.setRight(line.right() - (reading.meridiem.isEmpty() ? 0 : 26));
     canvas.text(heading.cutTop(14), reading.dateLine(), style().header());
-    header(canvas, content, face, {});
+    this->heading(canvas, content, face, {});
     if (!reading.city.isEmpty())
         canvas.text(content.cutBottom(Bands::footer), reading.tag(), style().caption().sized(12));
-    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap));
+    canvas.figure(content, reading.time(), {}, style().figure(look().clockCap).kerned());
 }
 
-void HairlineHand::battery(Canvas& canvas, Box content, const BatteryReading& reading) const
+void HairlineSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
+    Box content = framed(canvas, face);
     Box hero = content.cutTop(Bands::hero);
     if (reading.low)
         warning(canvas, hero.cutRight(14));
     else if (reading.onMains)
-        canvas.symbol(hero.cutRight(14), reading.charging ? u"bolt.fill"_s : u"powerplug.fill"_s, 14, look().ink);
+        canvas.symbol(hero.cutRight(14), reading.symbol, 14, look().ink);
     hero.cutRight(4);
     canvas.figure(hero, QString::number(reading.percent), u"%"_s, style().figure(look().heroCap));
     named(canvas, content.cutBottom(Bands::footer), reading.state, style().caption(), reading.remaining,
@@ -194,8 +202,9 @@ void HairlineHand::battery(Canvas& canvas, Box content, const BatteryReading& re
         [&](double place) { return place <= reading.level ? look().accent : look().faint; });
 }
 
-void HairlineHand::processes(Canvas& canvas, const Box& content, const ProcessesReading& reading) const
+void HairlineSkin::draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const
 {
+    const Box content = framed(canvas, face);
     rows(content, std::min<qsizetype>(reading.rows.size(), 5), content.height() / 5,
         [&](const Box& row, qsizetype index) {
             Box line = row;
@@ -206,9 +215,10 @@ void HairlineHand::processes(Canvas& canvas, const Box& content, const Processes
         });
 }
 
-void HairlineHand::weather(Canvas& canvas, Box content, const WeatherReading& reading, const FaceContext& face) const
+void HairlineSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
 {
-    skin().header(canvas, content, face, reading.place);
+    Box content = plate(canvas, face);
+    header(canvas, content, face, reading.place);
     const Box days = content.cutRight(174);
     content.cutRight(20);
     currentWeather(canvas, content, reading);
@@ -225,8 +235,9 @@ void HairlineHand::weather(Canvas& canvas, Box content, const WeatherReading& re
     });
 }
 
-void HairlineHand::events(Canvas& canvas, const Box& content, const EventsReading& reading) const
+void HairlineSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
 {
+    const Box content = framed(canvas, face, style().caps(reading.day));
     rows(content, std::min<qsizetype>(reading.rows.size(), 3), content.height() / 3,
         [&](const Box& row, qsizetype index) {
             const EventsReading::Row& event = reading.rows[index];
@@ -243,24 +254,25 @@ void HairlineHand::events(Canvas& canvas, const Box& content, const EventsReadin
         });
 }
 
-void HairlineHand::player(Canvas& canvas, Box content, const NowPlayingReading& reading, const FaceContext&) const
+void HairlineSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const
 {
-    const Player places = playerPlaces(content, 26);
+    Box content = plate(canvas, face);
+    const PlayerPlaces places = playerPlaces(content, 26);
     // Turning a picture grey takes longer than drawing it: once per track.
     canvas.still(u"cover %1"_s.arg(reading.artwork.image.cacheKey()), places.cover, [&](Canvas& layer) {
         const Picture grey{reading.artwork.image.convertToFormat(QImage::Format_Grayscale8)};
         artwork(layer, places.cover, grey, 0, look().faint, look().soft);
     });
-    trackLines(canvas, places, reading, style().header().sized(14));
+    trackLines(canvas, *this, places, reading, style().header().sized(14));
     controls(canvas, places.controls.centred(3 * 44, 26), reading.playing,
         [&](const Box& place, const QString& symbol, bool) { canvas.symbol(place, symbol, 20, look().ink); });
 }
 
 } // namespace
 
-std::unique_ptr<const MinimalHand> makeHairlineHand(const MinimalLook& look, const FaceRenderer& skin)
+std::shared_ptr<const FaceRenderer> makeHairlineSkin(const MinimalLook& look)
 {
-    return std::make_unique<HairlineHand>(look, skin);
+    return std::make_shared<HairlineSkin>(look);
 }
 
 } // namespace ambrelle

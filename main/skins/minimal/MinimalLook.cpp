@@ -270,6 +270,12 @@ SkinStyle MinimalLook::style() const
         .rowSize = rowSize,
         .rowGap = rowGap,
         .smallNumber = smallNumber,
+        .accent2 = accent2,
+        .accent3 = accent3,
+        .clockCap = clockCap,
+        .heroCap = heroCap,
+        .temperatureCap = temperatureCap,
+        .rateCap = 26,
     };
 }
 

@@ -69,8 +69,6 @@ struct MinimalLook {
     MinimalLook accented(const std::optional<QColor>& override) const;
     /// The record that the shared faces draw from.
     SkinStyle style() const;
-    /// The three parts of a whole, in their order.
-    QList<QBrush> partFills() const { return {accent, accent2, accent3}; }
 };
 
 } // namespace ambrelle

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+
+#include "skins/plain/PlainPalette.h"
+#include "skins/plain/PlainSkin.h"
+#include "skins/Skins.h"
+
+namespace ambrelle {
+
+namespace {
+
+std::shared_ptr<const FaceRenderer> standIn(Skin skin, const std::optional<QColor>& accent)
+{
+    return std::make_shared<PlainSkin>(plainPalette(skin), accent);
+}
+
+} // namespace
+
+// One function for each skin that has no painter of its own yet.
+
+std::shared_ptr<const FaceRenderer> paperSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::paper, accent);
+}
+
+std::shared_ptr<const FaceRenderer> neonSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::neon, accent);
+}
+
+std::shared_ptr<const FaceRenderer> bauhausSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::bauhaus, accent);
+}
+
+std::shared_ptr<const FaceRenderer> groveSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::grove, accent);
+}
+
+std::shared_ptr<const FaceRenderer> aeroSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::aero, accent);
+}
+
+std::shared_ptr<const FaceRenderer> overdriveSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::overdrive, accent);
+}
+
+std::shared_ptr<const FaceRenderer> grooveSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::groove, accent);
+}
+
+std::shared_ptr<const FaceRenderer> chalkSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::chalk, accent);
+}
+
+std::shared_ptr<const FaceRenderer> questSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::quest, accent);
+}
+
+std::shared_ptr<const FaceRenderer> cockpitSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::cockpit, accent);
+}
+
+std::shared_ptr<const FaceRenderer> apolloSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::apollo, accent);
+}
+
+std::shared_ptr<const FaceRenderer> abyssSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::abyss, accent);
+}
+
+std::shared_ptr<const FaceRenderer> atlasSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::atlas, accent);
+}
+
+std::shared_ptr<const FaceRenderer> kyotoSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::kyoto, accent);
+}
+
+std::shared_ptr<const FaceRenderer> corkSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::cork, accent);
+}
+
+std::shared_ptr<const FaceRenderer> obsidianSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::obsidian, accent);
+}
+
+std::shared_ptr<const FaceRenderer> midnightSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::midnight, accent);
+}
+
+std::shared_ptr<const FaceRenderer> pulseSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::pulse, accent);
+}
+
+std::shared_ptr<const FaceRenderer> prismSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::prism, accent);
+}
+
+std::shared_ptr<const FaceRenderer> carbonSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::carbon, accent);
+}
+
+std::shared_ptr<const FaceRenderer> velvetSkin(const std::optional<QColor>& accent)
+{
+    return standIn(Skin::velvet, accent);
+}
+
+} // namespace ambrelle

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+
+#include "faces/FaceKit.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const SkinStyle plainStyle{.title = {.family = u"Inter"_s},
+    .body = {.family = u"Inter"_s},
+    .number = {.family = u"Inter"_s},
+    .ink = Qt::black,
+    .soft = Qt::darkGray,
+    .faint = Qt::lightGray,
+    .accent = Qt::blue,
+    .warn = Qt::red,
+    .ground = Qt::white};
+
+/// A skin of nothing but a plate; counts the warnings.
+struct BareSkin final : FaceRenderer {
+    BareSkin()
+        : FaceRenderer(plainStyle, DialFlavor::ring)
+    {
+    }
+    Box plate(Canvas&, const FaceContext& face) const override { return face.bounds.inset(16); }
+    void warning(Canvas&, const Box&) const override { ++warnings; }
+    void key(Canvas&, const Box& box, const QString&, bool) const override { keys += box; }
+
+    mutable int warnings = 0;
+    mutable QList<QRectF> keys;
+};
+
+struct FaceKitTest : testing::Test {
+    Canvas::HitArea const* hitAt(QPointF point) const
+    {
+        for (const Canvas::HitArea& hit : canvas.hits()) {
+            if (hit.area.contains(point))
+                return &hit;
+        }
+        return nullptr;
+    }
+
+    BareSkin skin;
+    QImage image{350, 170, QImage::Format_ARGB32_Premultiplied};
+    QPainter painter{&image};
+    CanvasRecord record;
+    Canvas canvas{painter, {.record = &record}};
+};
+
+} // namespace
+
+TEST_F(FaceKitTest, EveryValueBeyondItsThresholdIsMarkedOnce)
+{
+    DevicesReading devices;
+    devices.rows = {{.name = u"Mouse"_s, .level = 0.1}, {.name = u"Phone"_s, .level = 0.9}};
+    RemindersReading reminders;
+    reminders.rows = {{.title = u"Late"_s, .due = u"Yesterday"_s, .overdue = true}, {.title = u"Later"_s}};
+    const std::pair<Reading, WidgetKind> beyond[] = {
+        {CpuReading{.history = {0.5, 0.9}, .high = true}, WidgetKind::cpu},
+        {MemoryReading{.high = true}, WidgetKind::memory},
+        {DiskReading{.high = true}, WidgetKind::disk},
+        {BatteryReading{.low = true}, WidgetKind::battery},
+        {devices, WidgetKind::devices},
+        {reminders, WidgetKind::reminders},
+    };
+    for (const auto& [reading, kind] : beyond) {
+        skin.warnings = 0;
+        skin.drawAny(canvas, reading, {.kind = kind, .bounds = Box(0, 0, 170, 170)});
+        EXPECT_EQ(skin.warnings, 1) << rawValue(kind).data();
+    }
+}
+
+TEST_F(FaceKitTest, ASpanLiesInItsTrackWhateverItsEnds)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const Box& track : {Box(10, 20, 100, 4), Box(10, 20, 4, 100)}) {
+        for (const auto& [low, high] :
+            {std::pair(0.0, 1.0), {0.2, 0.2}, {1.0, 1.0}, {0.0, 0.0}, {-3.0, 7.0}, {nan, 0.5}}) {
+            const Box part = span(track, low, high);
+            EXPECT_TRUE(track.adjusted(-1e-9, -1e-9, 1e-9, 1e-9).contains(part)) << low << " to " << high;
+            EXPECT_GE(std::max(part.width(), part.height()), 4) << low << " to " << high;
+        }
+    }
+    EXPECT_EQ(span(Box(0, 0, 100, 4), 0.25, 0.75), Box(25, 0, 50, 4));
+    EXPECT_EQ(span(Box(0, 0, 4, 100), 0.25, 0.5), Box(0, 50, 4, 25)) << "high is above";
+}
+
+TEST_F(FaceKitTest, RowsFillTheirBoxAndAreNeverLowerThanTheirText)
+{
+    const auto drawn = [](const Box& box, qsizetype count, int most, double least) {
+        QList<Box> places;
+        rows(box, count, most, least, [&](const Box& row, qsizetype) { places += row; });
+        return places;
+    };
+    const QList<Box> five = drawn({0, 0, 100, 110}, 8, 5, 18);
+    ASSERT_EQ(five.size(), 5);
+    EXPECT_DOUBLE_EQ(five.last().bottom(), 110);
+    const QList<Box> tall = drawn({0, 0, 100, 110}, 8, 5, 30);
+    ASSERT_EQ(tall.size(), 3);
+    EXPECT_DOUBLE_EQ(tall.last().bottom(), 110);
+    EXPECT_EQ(drawn({0, 0, 100, 110}, 2, 5, 18).size(), 2);
+}
+
+TEST_F(FaceKitTest, ControlsAreDrawnByTheSkinAndAnswerWhereTheyStand)
+{
+    controls(canvas, skin, Box(0, 0, 132, 26), true);
+    ASSERT_EQ(skin.keys.size(), 3);
+    const FaceAction::Verb verbs[] = {
+        FaceAction::Verb::previousTrack, FaceAction::Verb::playPause, FaceAction::Verb::nextTrack};
+    for (qsizetype index = 0; index < 3; ++index) {
+        const Canvas::HitArea* hit = hitAt(skin.keys[index].center());
+        ASSERT_NE(hit, nullptr);
+        EXPECT_EQ(hit->action.verb, verbs[index]);
+    }
+}
+
+TEST_F(FaceKitTest, AClockKeepsItsLeftEdgeAndClosesTheGapBeforeTheOne)
+{
+    const FigureStyle cells = plainStyle.figure(70);
+    const auto ink = [](const QString& time, const FigureStyle& style) {
+        return figurePath(time, {}, style, 400).digits.boundingRect();
+    };
+    const FigureStyle own = cells.kerned();
+    EXPECT_LT(ink(u"09:41"_s, own).width(), ink(u"09:41"_s, cells).width() - 4);
+    EXPECT_NEAR(ink(u"08:11"_s, own).left(), ink(u"08:44"_s, own).left(), 0.01);
+}
+
+} // namespace ambrelle
