@@ -9,14 +9,15 @@ namespace ambrelle {
 
 namespace {
 
-double linear(double channel)
+double linearised(double channel)
 {
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
 
 double luminance(const QColor& colour)
 {
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+    return 0.2126 * linearised(colour.redF()) + 0.7152 * linearised(colour.greenF())
+        + 0.0722 * linearised(colour.blueF());
 }
 
 } // namespace

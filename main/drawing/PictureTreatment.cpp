@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int keptKilobytes = 4 * 1024;
+constexpr int treatedKilobytes = 4 * 1024;
 
 /// The middle of the picture in the proportions of `size`.
 QImage cropped(const QImage& picture, const QSize& size)
@@ -140,7 +140,7 @@ QImage PictureTreatment::applied(const QImage& picture, const QSize& size, doubl
 {
     if (picture.isNull() || size.isEmpty())
         return {};
-    thread_local QCache<QString, QImage> kept(keptKilobytes);
+    thread_local QCache<QString, QImage> kept(treatedKilobytes);
     const QString name =
         u"%1 %2 %3 %4 %5"_s.arg(picture.cacheKey()).arg(size.width()).arg(size.height()).arg(scale).arg(key());
     if (const QImage* known = kept.object(name))

@@ -21,7 +21,7 @@ struct Drawing {
     QList<Canvas::MovingArea> moving;
 };
 
-Drawing drawn(
+Drawing drawnTwice(
     const Canvas::Setup& setup, double scale, const std::function<void(Canvas&)>& draw, const QTransform& before = {})
 {
     QImage image(static_cast<int>(side * scale), static_cast<int>(side * scale), QImage::Format_ARGB32_Premultiplied);
@@ -79,13 +79,14 @@ TEST(CanvasMapped, TurnsInkLayersHitsMovingAreasAndMarks)
         turn.rotate(degrees).translate(-50, -50);
         for (const double scale : {1.0, 1.25}) {
             for (const Canvas::Pass pass : {Canvas::Pass::still, Canvas::Pass::moving}) {
-                const QImage expected = drawn({.pass = pass}, scale, content, turn).picture;
-                EXPECT_EQ(drawn({.pass = pass}, scale, turned).picture, expected) << degrees;
+                const QImage expected = drawnTwice({.pass = pass}, scale, content, turn).picture;
+                EXPECT_EQ(drawnTwice({.pass = pass}, scale, turned).picture, expected) << degrees;
                 for (int time = 0; time < 2; ++time)
-                    EXPECT_EQ(drawn({.pass = pass, .layers = &layers}, scale, turned).picture, expected) << degrees;
+                    EXPECT_EQ(drawnTwice({.pass = pass, .layers = &layers}, scale, turned).picture, expected)
+                        << degrees;
             }
         }
-        const Drawing marked = drawn({.record = &record}, 1, turned);
+        const Drawing marked = drawnTwice({.record = &record}, 1, turned);
         ASSERT_EQ(marked.hits.size(), 1);
         EXPECT_EQ(marked.hits[0].area, turn.mapRect(QRectF(10, 40, 80, 20)));
         ASSERT_EQ(marked.moving.size(), 1);
@@ -100,7 +101,7 @@ TEST(CanvasMapped, TurnsInkLayersHitsMovingAreasAndMarks)
 TEST(CanvasMapped, ScalesAndMovesWhatIsRecorded)
 {
     CanvasRecord record;
-    drawn({.record = &record}, 1, [](Canvas& canvas) {
+    drawnTwice({.record = &record}, 1, [](Canvas& canvas) {
         canvas.mapped(QTransform::fromTranslate(10, 20).scale(0.5, 0.5), [&] {
             canvas.still(u"layer"_s, {0, 0, 80, 20}, [](Canvas& layer) {
                 layer.text({0, 0, 80, 20}, u"half"_s, caption);
@@ -120,12 +121,12 @@ TEST(CanvasWithin, CutsWithTheEdgeOfTheShapeItself)
     for (const Finish finish : {Finish::smooth, Finish::crisp, Finish::oneBit}) {
         for (const double scale : {0.75, 1.0, 1.25, 2.0}) {
             const QImage expected =
-                drawn({.finish = finish}, scale, [&](Canvas& canvas) { canvas.fill(shape, Qt::black); }).picture;
-            const QImage cut = drawn({.finish = finish}, scale, [&](Canvas& canvas) {
+                drawnTwice({.finish = finish}, scale, [&](Canvas& canvas) { canvas.fill(shape, Qt::black); }).picture;
+            const QImage cut = drawnTwice({.finish = finish}, scale, [&](Canvas& canvas) {
                 canvas.within(shape, [&] { canvas.fill(Box(0, 0, side, side), Qt::black); });
             }).picture;
             EXPECT_LE(difference(cut, expected), 1) << static_cast<int>(finish) << ' ' << scale;
-            const QImage twice = drawn({.finish = finish}, scale, [&](Canvas& canvas) {
+            const QImage twice = drawnTwice({.finish = finish}, scale, [&](Canvas& canvas) {
                 QPainterPath right;
                 right.addRect(50, 0, 50, 100);
                 canvas.within(
@@ -154,14 +155,14 @@ TEST(CanvasWithin, CutsWhatMovesAndWhereItAnswers)
         canvas.fill(Box(0, 0, 5, 5), Qt::blue);
     };
     LayerCache layers;
-    const Drawing still = drawn({.layers = &layers}, 1, content);
+    const Drawing still = drawnTwice({.layers = &layers}, 1, content);
     ASSERT_EQ(still.hits.size(), 1) << "what is cut away answers to a click";
     const QRectF bounds(30, 30, 40, 40);
     EXPECT_TRUE(bounds.adjusted(-8, -8, 8, 8).contains(still.hits[0].area));
     ASSERT_EQ(still.moving.size(), 1);
     EXPECT_TRUE(bounds.adjusted(-8, -8, 8, 8).contains(still.moving[0].area));
 
-    const QImage moving = drawn({.pass = Canvas::Pass::moving}, 1, content).picture;
+    const QImage moving = drawnTwice({.pass = Canvas::Pass::moving}, 1, content).picture;
     EXPECT_EQ(moving.pixelColor(2, 2).alpha(), 0);
     EXPECT_EQ(moving.pixelColor(50, 40), QColor(Qt::red));
     const auto beyond = [&](QPointF point) { return moving.pixelColor(point.toPoint()).alpha(); };
@@ -174,7 +175,7 @@ TEST(CanvasWithin, CutsWhatMovesAndWhereItAnswers)
 TEST(CanvasWithin, ATextThatIsNotWholeIsMarked)
 {
     CanvasRecord record;
-    drawn({.record = &record}, 1, [](Canvas& canvas) {
+    drawnTwice({.record = &record}, 1, [](Canvas& canvas) {
         canvas.within(discAt({50, 50}, 30), [&] {
             canvas.text({40, 40, 20, 20}, u"in"_s, caption);
             canvas.text({60, 40, 60, 20}, u"beyond"_s, caption);
