@@ -7,6 +7,7 @@
 #include "window/cards/CardDelegate.h"
 #include "window/cards/CardShadow.h"
 #include "window/look/AppLook.h"
+#include "window/look/Measures.h"
 
 #include <QPainter>
 #include <QTextLayout>
@@ -144,7 +145,7 @@ void CardPainter::innerLine(const QRectF& area, double hover)
     const AppLook& look = AppLook::shared();
     const double alpha =
         look.wishes().highContrast ? 0.6 : innerLineAlpha + (hoveredLineAlpha - innerLineAlpha) * hover;
-    const double width = m_pixelRatio <= 1.75 ? 1 / m_pixelRatio : 1;
+    const double width = hairline(m_pixelRatio);
     m_painter.setBrush(Qt::NoBrush);
     m_painter.setPen(QPen(faded(look.wishes().dark ? Qt::white : Qt::black, alpha), width));
     const double half = width / 2;

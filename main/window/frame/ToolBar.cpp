@@ -8,6 +8,7 @@
 #include "window/frame/TabStrip.h"
 #include "window/look/AppLook.h"
 #include "window/look/Button.h"
+#include "window/look/Measures.h"
 #include "window/look/SymbolIcon.h"
 
 #include <QPainter>
@@ -186,7 +187,7 @@ void ToolBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const AppColours& colours = AppLook::shared().colours();
-    const double line = devicePixelRatioF() <= 1.75 ? 1 / devicePixelRatioF() : 1;
+    const double line = hairline(devicePixelRatioF());
     painter.fillRect(QRectF(0, height() - line, width(), line), colours.hairline);
 }
 

@@ -7,6 +7,7 @@
 #include "foundation/Wording.h"
 #include "services/LiveServices.h"
 #include "window/look/AppLook.h"
+#include "window/look/Measures.h"
 #include "window/settings/AboutSection.h"
 #include "window/settings/CalendarsSection.h"
 #include "window/settings/DesktopSection.h"
@@ -195,7 +196,7 @@ void SettingsPage::arrange()
 void SettingsPage::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const double line = devicePixelRatioF() <= 1.75 ? 1 / devicePixelRatioF() : 1;
+    const double line = hairline(devicePixelRatioF());
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const double x = mirrored ? m_list->x() : m_list->geometry().right() + 1 - line;
     painter.fillRect(QRectF(x, 0, line, height()), AppLook::shared().colours().hairline);

@@ -2,6 +2,7 @@
 
 #include "window/settings/SettingsRow.h"
 
+#include "window/look/Measures.h"
 #include "window/look/Segments.h"
 #include "window/look/TextLabel.h"
 
@@ -36,13 +37,6 @@ constexpr double groupCorner = 12;
 QString breakable(QString text)
 {
     return text.replace(u'/', u"/\u200B"_s);
-}
-
-/// A line of one device pixel on screens up to ratio 1.75, else of one point.
-double hairlineWidth(const QPainter& painter)
-{
-    const double ratio = painter.device()->devicePixelRatioF();
-    return ratio <= 1.75 ? 1 / ratio : 1;
 }
 
 } // namespace
@@ -222,7 +216,7 @@ void SettingsGroup::paintEvent(QPaintEvent*)
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double line = hairlineWidth(painter);
+    const double line = hairline(devicePixelRatioF());
     painter.setBrush(colours.surface);
     painter.setPen(QPen(colours.hairline, line));
     painter.drawRoundedRect(plate.adjusted(line / 2, line / 2, -line / 2, -line / 2), groupCorner, groupCorner);

@@ -7,6 +7,7 @@
 #include "window/cards/ShelfPictures.h"
 #include "window/look/AppLook.h"
 #include "window/look/FocusRing.h"
+#include "window/look/Measures.h"
 
 #include <QAbstractItemView>
 #include <QPainter>
@@ -117,7 +118,7 @@ void FilmDelegate::paintPicture(QPainter& painter, const QRectF& area, const QMo
         painter.drawPixmap(QRect(QPoint(), order.pixels), picture, picture.rect());
         painter.restore();
     }
-    const double width = ratio <= 1.75 ? 1 / ratio : 1;
+    const double width = hairline(ratio);
     const double half = width / 2;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(

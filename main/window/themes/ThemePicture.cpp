@@ -9,6 +9,7 @@
 #include "window/look/AccessibleRole.h"
 #include "window/look/AppLook.h"
 #include "window/look/ControlPainting.h"
+#include "window/look/Measures.h"
 
 #include <QPainter>
 #include <QVariantAnimation>
@@ -227,7 +228,7 @@ void ThemePicture::paintEvent(QPaintEvent*)
         paintPicture(painter, picture);
         painter.setOpacity(1);
     }
-    const double width = devicePixelRatioF() <= 1.75 ? 1 / devicePixelRatioF() : 1;
+    const double width = hairline(devicePixelRatioF());
     const double alpha = look.wishes().highContrast ? 0.6 : pictureLine;
     painter.setPen(QPen(faded(look.wishes().dark ? Qt::white : Qt::black, alpha), width));
     painter.setBrush(Qt::NoBrush);

@@ -8,6 +8,7 @@
 #include "window/look/AccessibleRole.h"
 #include "window/look/AppLook.h"
 #include "window/look/ControlPainting.h"
+#include "window/look/Measures.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -114,7 +115,7 @@ void ScreenPreview::drawPicture(QPainter& painter, const QRectF& area)
         picture.setDevicePixelRatio(ratio);
         painter.drawPixmap(area.topLeft(), picture);
     }
-    const double line = ratio <= 1.75 ? 1 / ratio : 1;
+    const double line = hairline(ratio);
     const LookWishes& wishes = AppLook::shared().wishes();
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(faded(wishes.dark ? Qt::white : Qt::black, wishes.highContrast ? 0.6 : 0.12), line));

@@ -4,6 +4,7 @@
 
 #include "foundation/Wording.h"
 #include "window/look/AppLook.h"
+#include "window/look/Measures.h"
 #include "window/look/SymbolIcon.h"
 #include "window/look/TextLabel.h"
 #include "window/wallpapers/ShuffleBox.h"
@@ -190,8 +191,7 @@ void ScreenStrip::paintEvent(QPaintEvent*)
     const AppColours& colours = AppLook::shared().colours();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double ratio = devicePixelRatioF();
-    const double line = ratio <= 1.75 ? 1 / ratio : 1;
+    const double line = hairline(devicePixelRatioF());
     painter.setBrush(colours.surface);
     painter.setPen(QPen(colours.hairline, line));
     painter.drawRoundedRect(

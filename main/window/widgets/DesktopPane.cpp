@@ -9,6 +9,7 @@
 #include "placement/ScreenNames.h"
 #include "window/look/AppLook.h"
 #include "window/look/Button.h"
+#include "window/look/Measures.h"
 #include "window/look/TextLabel.h"
 #include "window/widgets/DesktopList.h"
 #include "window/widgets/EmptyNote.h"
@@ -41,7 +42,7 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         const AppColours& colours = AppLook::shared().colours();
-        const double line = devicePixelRatioF() <= 1.75 ? 1 / devicePixelRatioF() : 1;
+        const double line = hairline(devicePixelRatioF());
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(colours.hairline, line));
