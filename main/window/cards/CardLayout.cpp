@@ -2,6 +2,8 @@
 
 #include "window/cards/CardLayout.h"
 
+#include "window/look/Measures.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,9 +11,6 @@ namespace ambrelle {
 
 namespace {
 
-constexpr int wideView = 900;
-constexpr int wideMargin = 24;
-constexpr int narrowMargin = 20;
 constexpr int leastCard = 40; // in a window that no user makes
 constexpr int belowPicture = 9;
 constexpr int belowTitle = 1;
@@ -59,7 +58,7 @@ CardPart CardParts::partAt(QPointF point) const
 CardLayout CardLayout::of(const CardShape& shape, const CardSurroundings& where)
 {
     CardLayout layout;
-    const int margin = shape.margin.value_or(where.width < wideView ? narrowMargin : wideMargin);
+    const int margin = shape.margin.value_or(measures::margin(where.width));
     const int room = std::max(leastCard, where.width - 2 * margin);
     const int width = std::min(room, mostWidth);
     const double least = shape.leastWidth * where.textScale + gap;

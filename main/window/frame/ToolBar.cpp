@@ -25,10 +25,6 @@ namespace {
 constexpr int barHeight = 56;
 constexpr int barControlHeight = 32;
 constexpr int barGap = 8;
-constexpr int wideMargin = 24;
-constexpr int narrowMargin = 20;
-constexpr int wideWindow = 900; ///< from here on the tabs stand in the middle
-constexpr int foldedWindow = 760; ///< below it the search is a button
 constexpr int wideSearch = 212;
 constexpr int narrowSearch = 168;
 
@@ -143,15 +139,17 @@ void ToolBar::arrange()
     const AppLook& look = AppLook::shared();
     setFixedHeight(look.scaled(barHeight));
     const int side = look.scaled(barControlHeight);
-    const int margin = width() < wideWindow ? narrowMargin : wideMargin;
+    const bool wide = width() >= measures::wideWindow; // the tabs stand in the middle
+    const bool folded = width() < measures::foldedWindow; // the search is a button
+    const int margin = measures::margin(width());
     const int top = (height() - side) / 2;
-    const bool folds = width() < foldedWindow && !m_search->hasFocus() && m_model.search(m_model.tab()).isEmpty();
+    const bool folds = folded && !m_search->hasFocus() && m_model.search(m_model.tab()).isEmpty();
     const auto place = [this](QWidget* widget, int x, int y, QSize size) {
         widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), {QPoint(x, y), size}));
     };
     int right = width() - margin - side;
     place(m_more, right, top, {side, side});
-    const int search = width() < wideWindow ? narrowSearch : wideSearch;
+    const int search = wide ? wideSearch : narrowSearch;
     m_openSearch->setVisible(folds);
     m_search->setVisible(!folds);
     if (folds) {
@@ -163,22 +161,21 @@ void ToolBar::arrange()
     }
     int left = margin;
     if (!m_back->isHidden()) {
-        m_back->setText(width() < wideWindow ? QString() : title(MainTab::themes));
-        const int wide = width() < wideWindow ? side : m_back->sizeHint().width();
-        place(m_back, left, top, {wide, side});
-        left += wide + barGap;
+        m_back->setText(wide ? title(MainTab::themes) : QString());
+        const int back = wide ? m_back->sizeHint().width() : side;
+        place(m_back, left, top, {back, side});
+        left += back + barGap;
     }
     const int room = right - barGap - left;
-    const bool over = width() < foldedWindow && !folds; // the search stands over the tabs
+    const bool over = folded && !folds; // the search stands over the tabs
     m_tabs->setVisible(!over);
     if (over)
         place(m_search, left, top, {width() - margin - side - barGap - left, side});
     m_tabs->setCompact(m_tabs->fullWidth() > room);
     const QSize size = m_tabs->sizeHint();
     // In the middle of the window, or as near to it as the search lets them.
-    const int x = width() < wideWindow
-        ? left
-        : std::clamp((width() - size.width()) / 2, left, std::max(left, left + room - size.width()));
+    const int x =
+        wide ? std::clamp((width() - size.width()) / 2, left, std::max(left, left + room - size.width())) : left;
     place(m_tabs, x, (height() - size.height()) / 2, size);
     update();
 }

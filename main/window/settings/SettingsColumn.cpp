@@ -4,6 +4,7 @@
 
 #include "foundation/Wording.h"
 #include "window/look/Button.h"
+#include "window/look/Measures.h"
 #include "window/look/SymbolIcon.h"
 #include "window/look/TextLabel.h"
 #include "window/settings/SettingsSection.h"
@@ -20,8 +21,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int columnWidth = 700; // at most
-constexpr int wideMargin = 24;
-constexpr int narrowMargin = 20;
 constexpr int narrowColumn = 708; // what is left of a window of 900
 constexpr int columnTop = 22;
 constexpr int sectionGap = 26;
@@ -159,7 +158,7 @@ void SettingsColumn::resizeEvent(QResizeEvent* event)
 /// In the middle, and no wider than lines are read easily.
 void SettingsColumn::fit()
 {
-    const int margin = width() < narrowColumn ? narrowMargin : wideMargin;
+    const int margin = width() < narrowColumn ? measures::narrowMargin : measures::wideMargin;
     const int room = viewport()->width() - AppLook::shared().scaled(columnWidth);
     const int side = std::max(margin, room / 2);
     m_rows->setContentsMargins(side, columnTop, side, columnTop);

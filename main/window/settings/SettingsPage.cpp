@@ -33,7 +33,6 @@ constexpr int narrowList = 160;
 constexpr int wideMargins = 16; // around the list
 constexpr int narrowMargins = 12;
 constexpr int listTop = 20;
-constexpr int wideFrom = 900; // the window
 constexpr int lastChapter = static_cast<int>(SettingsChapter::about);
 
 } // namespace
@@ -186,7 +185,7 @@ void SettingsPage::resizeEvent(QResizeEvent* event)
 
 void SettingsPage::arrange()
 {
-    const bool wide = width() >= wideFrom;
+    const bool wide = width() >= measures::wideWindow;
     const int side = wide ? wideMargins : narrowMargins;
     m_list->setFixedWidth(AppLook::shared().scaled(wide ? wideList : narrowList) + 2 * side);
     m_list->setMargins(side, listTop);

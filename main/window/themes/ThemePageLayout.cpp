@@ -2,15 +2,14 @@
 
 #include "window/themes/ThemePageLayout.h"
 
+#include "window/look/Measures.h"
+
 #include <algorithm>
 
 namespace ambrelle {
 
 namespace {
 
-constexpr int widePage = 900;
-constexpr int wideMargin = 24;
-constexpr int narrowMargin = 20;
 constexpr int pageLead = 24; // above and below
 constexpr int columnGap = 28;
 constexpr double pictureRatio = 0.625; // height by width
@@ -22,7 +21,7 @@ constexpr int mostStripGap = 28;
 ThemePageLayout ThemePageLayout::of(const ThemePageWants& wants)
 {
     ThemePageLayout layout;
-    const int margin = wants.page.width() < widePage ? narrowMargin : wideMargin;
+    const int margin = measures::margin(wants.page.width());
     const QRect inside = QRect(QPoint(), wants.page).adjusted(margin, pageLead, -margin, -pageLead);
     const int room = std::max(leastPicture, inside.width() - columnGap - wants.column);
     const int width = std::clamp(static_cast<int>(inside.height() / pictureRatio), leastPicture, room);

@@ -8,6 +8,7 @@
 #include "window/cards/CardLayout.h"
 #include "window/look/AppLook.h"
 #include "window/look/Button.h"
+#include "window/look/Measures.h"
 #include "window/look/Segments.h"
 #include "window/themes/ThemeActions.h"
 #include "window/themes/ThemesModel.h"
@@ -22,11 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int scopeHeight = 54;
 constexpr int scopeGap = 10;
-constexpr int wideScope = 900; // from here on there is room for words
-constexpr int wideScopeMargin = 24;
-constexpr int narrowScopeMargin = 20;
 constexpr int sectionCount = 5;
 
 QList<Segments::Item> sectionItems()
@@ -71,7 +68,7 @@ void ThemesScope::showModel()
     const int chosen = static_cast<int>(m_with.model.themesSection());
     m_sections->setChosen(chosen);
     for (int index = 1; index < sectionCount; ++index) {
-        const bool shown = width() >= wideScope || index == chosen;
+        const bool shown = width() >= measures::wideWindow || index == chosen;
         m_sections->setCount(
             index, shown ? std::optional(m_themes.countOf(static_cast<ThemesSection>(index))) : std::nullopt);
     }
@@ -84,9 +81,8 @@ void ThemesScope::showModel()
 
 void ThemesScope::arrange()
 {
-    setFixedHeight(AppLook::shared().scaled(scopeHeight));
-    const int margin =
-        std::max(width() < wideScope ? narrowScopeMargin : wideScopeMargin, (width() - CardLayout::mostWidth) / 2);
+    setFixedHeight(AppLook::shared().scaled(measures::scopeHeight));
+    const int margin = std::max(measures::margin(width()), (width() - CardLayout::mostWidth) / 2);
     m_row->setContentsMargins(margin, 0, margin, 0);
     // Words go before the sections would have to.
     const auto fold = [](Button& button, const QString& words, bool folds) {
@@ -94,7 +90,7 @@ void ThemesScope::arrange()
         button.setAccessibleName(words);
         button.setToolTip(folds ? words : QString());
     };
-    fold(*m_import, Wording::tr("Import…"), width() < wideScope);
+    fold(*m_import, Wording::tr("Import…"), width() < measures::wideWindow);
     fold(*m_save, Wording::tr("Save Current Desktop"), false);
     showModel();
     const int wanted = m_sections->minimumSizeHint().width() + m_import->sizeHint().width() + m_save->sizeHint().width()

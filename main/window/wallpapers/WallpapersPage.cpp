@@ -10,6 +10,7 @@
 #include "window/cards/ShelfPictures.h"
 #include "window/look/Button.h"
 #include "window/look/FileChooser.h"
+#include "window/look/Measures.h"
 #include "window/look/Segments.h"
 #include "window/wallpapers/NothingFound.h"
 #include "window/wallpapers/ScreenStrip.h"
@@ -29,7 +30,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int scopeHeight = 54;
 constexpr int scopeGap = 10;
 
 /// By their names: what is dragged may be on a slow disk.
@@ -67,7 +67,7 @@ void WallpapersPage::makeScope()
 {
     auto* row = new QHBoxLayout(m_scope);
     row->setSpacing(scopeGap);
-    m_scope->setMinimumHeight(scopeHeight);
+    m_scope->setMinimumHeight(measures::scopeHeight);
     m_bringBack->setSymbol(u"arrow.counterclockwise"_s);
     m_add->setSymbol(u"plus"_s);
     for (Button* button : {m_bringBack, m_add})

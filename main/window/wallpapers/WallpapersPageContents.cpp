@@ -9,6 +9,7 @@
 #include "window/cards/CardView.h"
 #include "window/cards/PictureShelf.h"
 #include "window/look/Button.h"
+#include "window/look/Measures.h"
 #include "window/look/Segments.h"
 #include "window/wallpapers/NothingFound.h"
 #include "window/wallpapers/ScreenStrip.h"
@@ -25,9 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int widePage = 900; // from here on the row has room for words
-constexpr int widePageMargin = 24;
-constexpr int narrowPageMargin = 20;
 constexpr int longestSearchShown = 40; // letters
 
 void setWords(Button& button, bool shown)
@@ -165,11 +163,10 @@ void WallpapersPage::showStrip()
 /// Fits the row of controls to the width, and places what stands where nothing was found.
 void WallpapersPage::arrange()
 {
-    const bool wide = width() >= widePage;
-    const int margin = wide ? widePageMargin : narrowPageMargin;
+    const int margin = measures::margin(width());
     QLayout* row = m_scope->layout();
     row->setContentsMargins(margin, 0, margin, 0);
-    setWords(*m_add, wide);
+    setWords(*m_add, width() >= measures::wideWindow);
     setWords(*m_bringBack, true);
     const int gaps = 2 * margin + 3 * row->spacing();
     const int wanted = m_segments->sizeHint().width() + m_bringBack->sizeHint().width() + m_add->sizeHint().width();

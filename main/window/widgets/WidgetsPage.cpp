@@ -12,6 +12,7 @@
 #include "window/frame/MainWindowModel.h"
 #include "window/look/ActionMenu.h"
 #include "window/look/AppLook.h"
+#include "window/look/Measures.h"
 #include "window/widgets/DesktopList.h"
 #include "window/widgets/DesktopPane.h"
 #include "window/widgets/EmptyNote.h"
@@ -29,10 +30,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int wideWindow = 900; // points of content
-constexpr int halvedWindow = 760; // below it, gallery or list
-constexpr int wideEdge = 24;
-constexpr int narrowEdge = 20;
 constexpr int widePane = 292;
 constexpr int narrowPane = 240;
 constexpr int paneGap = 4; // beside the gallery's own margin
@@ -136,13 +133,13 @@ void WidgetsPage::resizeEvent(QResizeEvent* event)
 void WidgetsPage::arrange()
 {
     const AppLook& look = AppLook::shared();
-    const bool halved = width() < halvedWindow;
-    const int edge = width() < wideWindow ? narrowEdge : wideEdge;
+    const bool halved = width() < measures::foldedWindow; // gallery or list
+    const int edge = measures::margin(width());
     m_scope->arrange(width(), edge, halved);
     const bool showsPane = !halved || m_scope->half() == WidgetsScope::Half::desktop;
     m_gallery->setVisible(!halved || !showsPane);
     m_pane->setVisible(showsPane);
-    const int pane = look.scaled(width() < wideWindow ? narrowPane : widePane);
+    const int pane = look.scaled(width() < measures::wideWindow ? narrowPane : widePane);
     QMargins margins = m_pane->layout()->contentsMargins();
     margins.setLeft(halved ? edge : paneGap);
     margins.setRight(edge);

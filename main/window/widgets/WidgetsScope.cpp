@@ -3,6 +3,7 @@
 #include "window/widgets/WidgetsScope.h"
 
 #include "window/look/AppLook.h"
+#include "window/look/Measures.h"
 #include "window/look/Segments.h"
 #include "window/look/SkinChooser.h"
 #include "window/look/SymbolIcon.h"
@@ -14,10 +15,8 @@ namespace ambrelle {
 
 namespace {
 
-constexpr int scopeHeight = 54;
 constexpr int scopeGap = 12;
 constexpr int labelGap = 10;
-constexpr int leastForSegments = 900;
 
 QStringList shortLabels()
 {
@@ -79,10 +78,10 @@ void WidgetsScope::setSkin(Skin skin)
 
 void WidgetsScope::arrange(int width, int margin, bool halves)
 {
-    setFixedHeight(AppLook::shared().scaled(scopeHeight));
+    setFixedHeight(AppLook::shared().scaled(measures::scopeHeight));
     layout()->setContentsMargins(margin, 0, margin, 0);
     const int room = width - 2 * margin - scopeGap - m_skins->sizeHint().width();
-    const bool folds = width < leastForSegments || m_segments->sizeHint().width() > room;
+    const bool folds = width < measures::wideWindow || m_segments->sizeHint().width() > room;
     m_segments->setVisible(!folds);
     m_categories->setVisible(folds);
     m_halves->setVisible(halves);
