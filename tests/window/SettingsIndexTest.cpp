@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "window/settings/SettingsIndex.h"
+#include "window/frame/SearchWords.h"
 #include "window/settings/SettingsRow.h"
 
 #include <gtest/gtest.h>
@@ -18,8 +19,8 @@ TEST(SettingsIndexTest, FindsARowByEachWordOfItsTexts)
         {u" a la "_s, true}, {u"weather celsius"_s, true}, {u"temperature wind"_s, false}, {u"hidden"_s, false},
         {u"carte celsius x"_s, false}};
     for (const auto& [search, found] : searches)
-        EXPECT_EQ(SettingsIndex::matches(row, u"Weather"_s, SettingsIndex::words(search)), found) << qPrintable(search);
-    EXPECT_TRUE(SettingsIndex::words(u"  "_s).isEmpty()) << "spaces are no search";
+        EXPECT_EQ(SettingsIndex::matches(row, u"Weather"_s, SearchWords(search)), found) << qPrintable(search);
+    EXPECT_TRUE(SearchWords(u"  "_s).isEmpty()) << "spaces are no search";
 }
 
 } // namespace

@@ -44,6 +44,7 @@ TEST(WidgetsModelTest, FindsEveryWordInTitleDescriptionOrCategory)
     };
     EXPECT_EQ(found(u"POMODORO"_s), u"Focus Timer"_s); // description
     EXPECT_EQ(found(u"  sky moon "_s), u"Moon & Sun"_s); // category and title
+    EXPECT_EQ(found(u"sky\tmoon"_s), u"Moon & Sun"_s) << "pasted from a table";
     EXPECT_EQ(found(u"clöck"_s), u"Clock"_s);
     EXPECT_EQ(found(u"clock pomodoro"_s), QString());
     EXPECT_EQ(WidgetsModel::found(WidgetCategory::music, u"clock"_s).size(), 0);

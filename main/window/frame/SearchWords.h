@@ -9,10 +9,11 @@ namespace ambrelle {
 /// What the user searches for: every word has to occur, whatever its case and accents.
 class SearchWords {
 public:
+    SearchWords() = default; ///< nothing
     explicit SearchWords(const QString& typed);
 
     bool isEmpty() const { return m_words.isEmpty(); }
-    bool occurIn(const QString& text) const;
+    bool occurIn(const QString& text) const; ///< without words everywhere
 
 private:
     QStringList m_words;

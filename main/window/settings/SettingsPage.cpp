@@ -6,6 +6,7 @@
 #include "desktop/WidgetManager.h"
 #include "foundation/Wording.h"
 #include "services/LiveServices.h"
+#include "window/frame/SearchWords.h"
 #include "window/look/AppLook.h"
 #include "window/look/Measures.h"
 #include "window/settings/AboutSection.h"
@@ -14,7 +15,6 @@
 #include "window/settings/FocusSection.h"
 #include "window/settings/GeneralSection.h"
 #include "window/settings/SettingsColumn.h"
-#include "window/settings/SettingsIndex.h"
 #include "window/settings/SettingsList.h"
 #include "window/settings/UpdatesSection.h"
 #include "window/settings/WeatherSection.h"
@@ -83,7 +83,7 @@ SettingsSection& SettingsPage::section(SettingsChapter chapter)
         m_column->insert(static_cast<int>(chapter), section, title(chapter));
         connect(section, &SettingsSection::remade, this, [this] {
             const QString search = m_with.model.search(MainTab::settings);
-            if (m_searching && !SettingsIndex::words(search).isEmpty())
+            if (m_searching && !SearchWords(search).isEmpty())
                 showFound(search);
         });
     }
@@ -94,7 +94,7 @@ void SettingsPage::showModel()
 {
     const QString search = m_with.model.search(MainTab::settings);
     m_list->setChosen(m_with.model.settingsChapter());
-    if (SettingsIndex::words(search).isEmpty())
+    if (SearchWords(search).isEmpty())
         showChapter(m_with.model.settingsChapter());
     else {
         showFound(search);
@@ -122,7 +122,7 @@ void SettingsPage::showChapter(SettingsChapter chapter)
 
 void SettingsPage::showFound(const QString& search)
 {
-    const QStringList words = SettingsIndex::words(search);
+    const SearchWords words(search);
     QSet<SettingsChapter> found;
     for (int index = 0; index <= lastChapter; ++index) {
         const auto chapter = static_cast<SettingsChapter>(index);
@@ -148,7 +148,7 @@ void SettingsPage::answerCityRequest()
 void SettingsPage::openCalendars()
 {
     if (isVisible() && m_calendars && m_with.model.settingsChapter() == SettingsChapter::calendars
-        && SettingsIndex::words(m_with.model.search(MainTab::settings)).isEmpty())
+        && SearchWords(m_with.model.search(MainTab::settings)).isEmpty())
         m_calendars->open();
 }
 
@@ -160,7 +160,7 @@ void SettingsPage::showNews()
 
 void SettingsPage::takeFocus(bool)
 {
-    if (SettingsIndex::words(m_with.model.search(MainTab::settings)).isEmpty() || !m_column->focusFirst())
+    if (SearchWords(m_with.model.search(MainTab::settings)).isEmpty() || !m_column->focusFirst())
         m_list->setFocus(Qt::ShortcutFocusReason);
 }
 

@@ -51,7 +51,7 @@ void SettingsSection::addNote(QWidget* note)
     layout()->addWidget(note);
 }
 
-int SettingsSection::showFound(const QStringList& words, const QString& title)
+int SettingsSection::showFound(const SearchWords& words, const QString& title)
 {
     m_words = words;
     m_title = title;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "model/AppSettings.h"
+#include "window/frame/SearchWords.h"
 #include "window/settings/SettingsRow.h"
 
 #include <map>
@@ -37,7 +38,7 @@ public:
 
     /// Shows the rows that one looks for, without the groups' titles, and gives how many there are; empty: everything.
     /// `title` is what the section is called.
-    int showFound(const QStringList& words, const QString& title);
+    int showFound(const SearchWords& words, const QString& title);
     /// Brings the keyboard to the first control that is seen.
     bool focusFirst();
 
@@ -119,7 +120,7 @@ private:
     QList<SettingsGroup*> m_groups;
     QList<SettingsRow*> m_rows;
     QList<QWidget*> m_notes;
-    QStringList m_words; // that one looks for
+    SearchWords m_words; // that one looks for
     QString m_title; // then
     std::multimap<QString, std::function<void()>> m_shows;
 };

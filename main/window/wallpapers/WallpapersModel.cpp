@@ -6,6 +6,7 @@
 #include "foundation/Wording.h"
 #include "skins/SkinRegistry.h"
 #include "window/cards/ShelfPictures.h"
+#include "window/frame/SearchWords.h"
 
 #include <QFileInfo>
 
@@ -19,24 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array wallpaperSections{WallpapersScope::mine, WallpapersScope::photographs, WallpapersScope::themes};
-
-/// Letters alone: no case, no accents.
-QString plainLetters(const QString& text)
-{
-    QString letters;
-    for (const QChar letter : text.normalized(QString::NormalizationForm_KD).toCaseFolded()) {
-        if (!letter.isMark())
-            letters.append(letter);
-    }
-    return letters;
-}
-
-bool hasAllWords(const QString& text, const QString& search)
-{
-    const QString letters = plainLetters(text);
-    const QStringList words = plainLetters(search).simplified().split(u' ', Qt::SkipEmptyParts);
-    return std::ranges::all_of(words, [&](const QString& word) { return letters.contains(word); });
-}
 
 QString pathOf(const WallpaperChoice& wallpaper)
 {
@@ -109,14 +92,14 @@ QList<WallpaperChoice> WallpapersModel::found(const WallpaperShelf& shelf, Wallp
         for (const Skin skin : allCases<Skin>())
             all.append(skin);
     }
-    all.removeIf(
-        [&](const WallpaperChoice& wallpaper) { return !hasAllWords(wallpaperTitle(wallpaper), shelf.search); });
+    const SearchWords words(shelf.search);
+    all.removeIf([&](const WallpaperChoice& wallpaper) { return !words.occurIn(wallpaperTitle(wallpaper)); });
     return all;
 }
 
 QList<WallpapersModel::Row> WallpapersModel::rowsOf(const WallpaperShelf& shelf)
 {
-    const bool searches = !shelf.search.simplified().isEmpty();
+    const bool searches = !SearchWords(shelf.search).isEmpty();
     QList<Row> rows;
     for (const WallpapersScope section : wallpaperSections) {
         if (shelf.scope != WallpapersScope::all && shelf.scope != section)
@@ -136,7 +119,7 @@ QList<WallpapersModel::Row> WallpapersModel::rowsOf(const WallpaperShelf& shelf)
 
 bool WallpapersModel::hasHitsElsewhere() const
 {
-    return m_shelf.scope != WallpapersScope::all && !m_shelf.search.simplified().isEmpty()
+    return m_shelf.scope != WallpapersScope::all && !SearchWords(m_shelf.search).isEmpty()
         && std::ranges::any_of(wallpaperSections,
             [this](WallpapersScope section) { return section != m_shelf.scope && !found(m_shelf, section).isEmpty(); });
 }

@@ -3,8 +3,8 @@
 #include "window/widgets/WidgetsModel.h"
 
 #include "foundation/Wording.h"
+#include "window/frame/SearchWords.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace ambrelle {
@@ -13,17 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Without case and accents.
-QString plainLetters(const QString& text)
-{
-    QString plain;
-    for (const QChar each : text.normalized(QString::NormalizationForm_KD).toCaseFolded()) {
-        if (!each.isMark())
-            plain.append(each);
-    }
-    return plain;
-}
-
 QString searchedText(WidgetKind kind)
 {
     QStringList texts{title(kind), description(kind)};
@@ -31,7 +20,7 @@ QString searchedText(WidgetKind kind)
         if (category != WidgetCategory::all && kinds(category).contains(kind))
             texts.append(title(category));
     }
-    return plainLetters(texts.join(u'\n'));
+    return texts.join(u'\n');
 }
 
 } // namespace
@@ -44,12 +33,9 @@ WidgetsModel::WidgetsModel(QObject* parent)
 
 QList<WidgetKind> WidgetsModel::found(WidgetCategory category, const QString& search)
 {
-    const QStringList words = plainLetters(search).split(u' ', Qt::SkipEmptyParts);
+    const SearchWords words(search);
     QList<WidgetKind> all = kinds(category);
-    all.removeIf([&](WidgetKind kind) {
-        const QString text = searchedText(kind);
-        return !std::ranges::all_of(words, [&](const QString& word) { return text.contains(word); });
-    });
+    all.removeIf([&](WidgetKind kind) { return !words.occurIn(searchedText(kind)); });
     return all;
 }
 
