@@ -126,7 +126,7 @@ TEST_F(ThemeActionsTest, TellsOfWorkThatTakesItsTimeAndOfFailures)
 {
     desk.add(WidgetKind::cpu, {100, 100});
     desk.picture.failure = u"The disk is full."_s;
-    std::optional<ThemeWork::Working> told;
+    std::optional<ThemeWork> told;
     const QObject listener;
     QObject::connect(&actions, &ThemeActions::workingChanged, &listener, [&] { told = actions.working(); });
     actions.apply(Skin::neon, true);
@@ -134,7 +134,7 @@ TEST_F(ThemeActionsTest, TellsOfWorkThatTakesItsTimeAndOfFailures)
     EXPECT_FALSE(actions.working()) << "too soon to be shown";
     desk.clock.advance(150ms);
     EXPECT_TRUE(told);
-    const ThemeWork::Working expected{Skin::neon, ThemeOperation::applyWithWallpaper};
+    const ThemeWork expected{Skin::neon, ThemeOperation::applyWithWallpaper};
     EXPECT_EQ(actions.working(), expected);
     ASSERT_TRUE(waitUntil([&] { return !desk.picture.sets.isEmpty(); }));
     QCoreApplication::processEvents();
@@ -168,7 +168,7 @@ TEST_F(ThemeActionsTest, TellsOfAFailureThoughAnotherWishFollows)
     actions.setWallpaper(Skin::paper);
     ASSERT_TRUE(home.undo.failure());
     EXPECT_EQ(home.undo.text(), u"The disk is full."_s);
-    const ThemeWork::Working expected{Skin::paper, ThemeOperation::setWallpaper};
+    const ThemeWork expected{Skin::paper, ThemeOperation::setWallpaper};
     EXPECT_EQ(actions.working(), expected);
     ASSERT_TRUE(waitUntil([&] { return desk.wallpaper.currentSkin() == Skin::paper; }));
     desk.clock.advance(300ms);

@@ -4,7 +4,6 @@
 
 #include "desktop/FittingSkin.h"
 #include "desktop/WidgetManager.h"
-#include "foundation/Clock.h"
 #include "foundation/Wording.h"
 #include "model/AppSettings.h"
 #include "model/ThemeStore.h"
@@ -42,9 +41,8 @@ struct ThemeActions::Before {
 ThemeActions::ThemeActions(const Collaborators& collaborators)
     : m_with(collaborators)
     , m_applied(collaborators.manager, collaborators.host)
-    , m_work(collaborators.clock)
+    , m_work(collaborators.clock, [this] { Q_EMIT workingChanged(); })
 {
-    connect(&m_work, &ThemeWork::changed, this, &ThemeActions::workingChanged);
     connect(
         &m_with.model, &MainWindowModel::filesHanded, this, [this] { importFiles(m_with.model.takeHandedFiles()); });
 }
@@ -265,7 +263,7 @@ void ThemeActions::finished(const Wish& wish, const Before& before, const QStrin
 void ThemeActions::bringBack(const Before& before)
 {
     ++m_lastWish; // whatever is under way shall not come after
-    m_work.end([] {});
+    m_work.end();
     if (before.widgetsChanged) {
         m_with.manager.replaceAll(before.widgets, before.defaultSkin);
         m_applied.note(before.saved);

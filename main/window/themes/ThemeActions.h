@@ -5,6 +5,7 @@
 #include "foundation/SerialWorker.h"
 #include "model/SavedTheme.h"
 #include "wallpapers/DesktopWallpaper.h"
+#include "window/frame/WorkNotice.h"
 #include "window/themes/AppliedThemes.h"
 #include "window/themes/ThemeWork.h"
 
@@ -63,7 +64,7 @@ public:
     /// Nothing for a theme without a wallpaper.
     void setWallpaper(const ThemeChoice& theme, const ThemeTarget& target = {});
     /// Set while a wallpaper is painted that takes longer than a moment, then for a moment at least.
-    const std::optional<ThemeWork::Working>& working() const { return m_work.working(); }
+    const std::optional<ThemeWork>& working() const { return m_work.shown(); }
 
     bool canSave() const; ///< there are widgets
     void saveDesktop(); ///< asks for the name
@@ -103,7 +104,7 @@ private:
 
     Collaborators m_with;
     AppliedThemes m_applied;
-    ThemeWork m_work;
+    WorkNotice<ThemeWork> m_work;
     QString m_failure; // that was told last
     int m_lastWish = 0;
     SerialWorker m_files{*this};

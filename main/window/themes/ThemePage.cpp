@@ -169,7 +169,7 @@ void ThemePage::showWork()
 {
     if (!m_shown)
         return;
-    const std::optional<ThemeWork::Working>& working = m_with.themeActions.working();
+    const std::optional<ThemeWork>& working = m_with.themeActions.working();
     ThemeButtons::State state{.hasWallpaper = m_with.themeActions.wallpaperOf(*m_shown).has_value()};
     if (working && working->theme == *m_shown)
         state.working = working->operation;

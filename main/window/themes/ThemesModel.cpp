@@ -244,7 +244,7 @@ void ThemesModel::addCommon(Card& card, const ThemeChoice& theme, Skin skin) con
     card.primary = Wording::tr("Apply");
     if (m_with.themeActions.applied().isOnDesktop(theme))
         card.pill = Wording::tr("On Desktop");
-    const std::optional<ThemeWork::Working>& working = m_with.themeActions.working();
+    const std::optional<ThemeWork>& working = m_with.themeActions.working();
     if (working && working->theme == theme) {
         card.state = Card::State::working;
         card.notice = Wording::tr("Painting the wallpaper…");

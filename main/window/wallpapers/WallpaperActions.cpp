@@ -2,13 +2,11 @@
 
 #include "window/wallpapers/WallpaperActions.h"
 
-#include "window/frame/PreviousPicture.h"
-
-#include "foundation/Clock.h"
 #include "foundation/ForeignText.h"
 #include "foundation/Wording.h"
 #include "model/AppSettings.h"
 #include "platform/ProgramLauncher.h"
+#include "window/frame/PreviousPicture.h"
 #include "window/frame/Undo.h"
 
 #include <QDir>
@@ -16,7 +14,6 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace ambrelle {
@@ -24,9 +21,6 @@ namespace ambrelle {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr std::chrono::milliseconds workingDelay{150};
-constexpr double leastWorking = 0.3; // seconds
 
 struct WallpaperSetter {
     DesktopWallpaper& wallpaper;
@@ -98,6 +92,7 @@ WallpaperActions::WallpaperActions(const WindowContext& context, QObject* parent
     : QObject(parent)
     , m_with(context)
     , m_round(std::make_shared<Round>(context, this))
+    , m_work(context.clock, [this] { Q_EMIT workingChanged(); })
 {
 }
 
@@ -112,7 +107,7 @@ void WallpaperActions::start(
     const WindowContext& with = round->with;
     const bool isPainted = std::holds_alternative<Skin>(wallpaper);
     if (round->shown)
-        round->shown->begin(wallpaper, isPainted ? static_cast<int>(screensFor(with, screen).size()) : 1);
+        round->shown->m_work.begin({wallpaper, isPainted ? static_cast<int>(screensFor(with, screen).size()) : 1});
     round->waiting.append({wallpaper, screen, ++round->last});
     if (round->waiting.size() > 1)
         return; // goes with the one before
@@ -144,40 +139,14 @@ void WallpaperActions::settle(const std::shared_ptr<Round>& round, int number)
     if (!round->shown)
         return;
     if (number == round->last)
-        round->shown->end();
+        round->shown->m_work.end();
     Q_EMIT round->shown->settled();
-}
-
-void WallpaperActions::begin(const WallpaperChoice& wallpaper, int screens)
-{
-    m_screens = screens;
-    if (m_working)
-        return showWorking(wallpaper);
-    m_delay = m_with.clock.after(workingDelay, [this, wallpaper] { showWorking(wallpaper); });
-}
-
-void WallpaperActions::end()
-{
-    const double left = m_working ? m_shownSince + leastWorking - m_with.clock.elapsed() : 0;
-    m_delay.reset();
-    if (left <= 0)
-        return showWorking(std::nullopt);
-    const std::chrono::milliseconds rest{std::lround(left * 1000)};
-    m_delay = m_with.clock.after(rest, [this] { showWorking(std::nullopt); });
-}
-
-void WallpaperActions::showWorking(const std::optional<WallpaperChoice>& wallpaper)
-{
-    m_shownSince = m_with.clock.elapsed();
-    m_delay.reset();
-    m_working = wallpaper;
-    Q_EMIT workingChanged();
 }
 
 void WallpaperActions::bringBack()
 {
     ++m_round->last; // what is on its way is not wanted any more
-    end();
+    m_work.end();
     bringBackPrevious(m_with, [self = QPointer(this)](const QString&) {
         if (self)
             Q_EMIT self->settled();

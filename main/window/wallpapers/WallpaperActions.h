@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "foundation/Ticket.h"
 #include "wallpapers/DesktopWallpaper.h"
 #include "window/frame/WindowContext.h"
+#include "window/frame/WorkNotice.h"
 #include "window/wallpapers/PictureSorter.h"
 #include "window/wallpapers/WallpapersModel.h"
 
@@ -13,6 +13,14 @@
 #include <memory>
 
 namespace ambrelle {
+
+/// A wallpaper on its way to the screens.
+struct WallpaperWork {
+    WallpaperChoice wallpaper;
+    int screens = 1; ///< that it is painted for
+
+    bool operator==(const WallpaperWork&) const = default;
+};
 
 /// What the Wallpapers tab does: it puts pictures on the screens and keeps the list of the user's own. What was begun
 /// goes on without the window, and ends in the bar at its foot, where all of it can be undone.
@@ -31,8 +39,7 @@ public:
     void showInFolder(const QString& path);
 
     /// What is on its way to the screens, while that is shown: not before it has taken a moment.
-    const std::optional<WallpaperChoice>& working() const { return m_working; }
-    int screens() const { return m_screens; } ///< that it is painted for
+    const std::optional<WallpaperWork>& working() const { return m_work.shown(); }
 
 Q_SIGNALS:
     void workingChanged();
@@ -48,16 +55,10 @@ private:
         const std::shared_ptr<Round>& round, const Order& order, const DesktopWallpaper::Memory& memory);
     static void settle(const std::shared_ptr<Round>& round, int number);
     static void takeOn(const Round& round, const PictureSorter::Sorted& sorted);
-    void begin(const WallpaperChoice& wallpaper, int screens);
-    void end();
-    void showWorking(const std::optional<WallpaperChoice>& wallpaper);
 
     WindowContext m_with;
     std::shared_ptr<Round> m_round;
-    std::optional<WallpaperChoice> m_working;
-    int m_screens = 1;
-    double m_shownSince = 0; // seconds
-    Ticket m_delay;
+    WorkNotice<WallpaperWork> m_work;
 };
 
 } // namespace ambrelle

@@ -72,6 +72,7 @@ WallpapersScope WallpapersPage::scope() const
 WallpaperShelf WallpapersPage::shelf() const
 {
     const bool several = m_with.host.screens().size() > 1 && m_with.wallpaper.isPerScreen();
+    const std::optional<WallpaperWork>& work = m_actions.working();
     return {.scope = scope(),
         .search = m_with.model.search(MainTab::wallpapers),
         .own = m_with.settings.customWallpapers(),
@@ -79,8 +80,8 @@ WallpaperShelf WallpapersPage::shelf() const
         .facts = m_files.known(),
         .withoutPreview = withoutPreview(),
         .shown = shown(),
-        .working = m_actions.working(),
-        .screens = m_actions.screens(),
+        .working = work ? std::optional(work->wallpaper) : std::nullopt,
+        .screens = work ? work->screens : 1,
         .isForOneScreen = several && !m_with.model.wallpaperTarget().isEmpty()};
 }
 
