@@ -6,8 +6,8 @@
 #include "support/WaitUntil.h"
 #include "window/cards/CardView.h"
 #include "window/look/Button.h"
+#include "window/look/EmptyState.h"
 #include "window/look/Segments.h"
-#include "window/wallpapers/NothingFound.h"
 #include "window/wallpapers/ScreenStrip.h"
 #include "window/WindowDesk.h"
 
@@ -270,11 +270,11 @@ TEST_F(WallpapersPageTest, ASearchWithoutHitsSaysSoAndOffersAWayOut)
 {
     home.model.setWallpapersScope(WallpapersScope::mine);
     open();
-    auto* nothing = part<NothingFound>();
+    auto* nothing = part<EmptyState>();
     EXPECT_FALSE(nothing->isVisible()) << "there is the dashed tile";
     home.model.setSearch(MainTab::wallpapers, u"neon"_s);
     EXPECT_TRUE(nothing->isVisible());
-    Q_EMIT nothing->widened();
+    nothing->findChildren<Button*>().last()->click();
     EXPECT_FALSE(nothing->isVisible());
     EXPECT_EQ(cardAt(model().firstWallpaper()).title, u"Neon");
 }

@@ -2,6 +2,8 @@
 
 #include "window/look/EmptyState.h"
 
+#include "foundation/Wording.h"
+#include "window/look/Button.h"
 #include "window/look/ControlPainting.h"
 #include "window/look/TextLabel.h"
 
@@ -9,6 +11,8 @@
 #include <QPainter>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -65,9 +69,24 @@ void EmptyState::setButtons(const QList<QWidget*>& buttons)
         button->deleteLater(); // it may be the one that was pressed
     }
     m_buttons = buttons;
+    m_widen = nullptr;
     for (qsizetype place = 0; place < buttons.size(); ++place)
         m_row->insertWidget(static_cast<int>(place) + 1, buttons[place]);
     setFocusProxy(buttons.value(0));
+}
+
+void EmptyState::setSearch(const QString& sentence, bool elsewhere)
+{
+    setTexts(u"magnifyingglass"_s, sentence, {});
+    if (!m_widen) {
+        auto* clear = new Button(Wording::tr("Clear Search"));
+        auto* widen = new Button(Wording::tr("Search in All"));
+        connect(clear, &Button::clicked, this, &EmptyState::cleared);
+        connect(widen, &Button::clicked, this, &EmptyState::widened);
+        setButtons({clear, widen});
+        m_widen = widen;
+    }
+    m_widen->setVisible(elsewhere);
 }
 
 void EmptyState::paintEvent(QPaintEvent*)

@@ -2,10 +2,9 @@
 
 #include "window/settings/SettingsColumn.h"
 
-#include "foundation/Wording.h"
-#include "window/look/Button.h"
+#include "window/look/AppLook.h"
+#include "window/look/EmptyState.h"
 #include "window/look/Measures.h"
-#include "window/look/SymbolIcon.h"
 #include "window/look/TextLabel.h"
 #include "window/settings/SettingsSection.h"
 
@@ -25,7 +24,6 @@ constexpr int narrowColumn = 708; // what is left of a window of 900
 constexpr int columnTop = 22;
 constexpr int sectionGap = 26;
 constexpr int titleGap = 10;
-constexpr int nothingSymbol = 40;
 constexpr int lineStep = 32; // a notch of a wheel is three of them
 
 } // namespace
@@ -34,7 +32,7 @@ SettingsColumn::SettingsColumn(QWidget* parent)
     : QScrollArea(parent)
     , m_content(new QWidget)
     , m_rows(new QVBoxLayout(m_content))
-    , m_nothing(makeNothing())
+    , m_nothing(new EmptyState)
 {
     setFrameShape(NoFrame);
     setWidgetResizable(true);
@@ -49,32 +47,8 @@ SettingsColumn::SettingsColumn(QWidget* parent)
     m_rows->addWidget(m_nothing, 1);
     m_rows->addStretch(1);
     setNothing({});
+    connect(m_nothing, &EmptyState::cleared, this, &SettingsColumn::searchCleared);
     connect(&AppLook::shared(), &AppLook::changed, this, &SettingsColumn::fit);
-}
-
-QWidget* SettingsColumn::makeNothing()
-{
-    auto* nothing = new QWidget;
-    auto* rows = new QVBoxLayout(nothing);
-    rows->setSpacing(titleGap);
-    rows->addStretch(1);
-    auto* symbol = new QLabel;
-    const auto draw = [symbol] {
-        symbol->setPixmap(symbolIcon(u"magnifyingglass"_s, AppLook::shared().colours().soft)
-                              .pixmap(QSize(nothingSymbol, nothingSymbol), symbol->devicePixelRatioF()));
-    };
-    draw();
-    connect(&AppLook::shared(), &AppLook::changed, symbol, draw);
-    rows->addWidget(symbol, 0, Qt::AlignHCenter);
-    m_nothingHeading = new TextLabel(TextRole::heading);
-    m_nothingHeading->setWordWrap(true);
-    m_nothingHeading->setAlignment(Qt::AlignHCenter);
-    rows->addWidget(m_nothingHeading);
-    m_clear = new Button(Wording::tr("Clear Search"));
-    connect(m_clear, &Button::clicked, this, &SettingsColumn::searchCleared);
-    rows->addWidget(m_clear, 0, Qt::AlignHCenter);
-    rows->addStretch(1);
-    return nothing;
 }
 
 void SettingsColumn::insert(int place, SettingsSection* section, const QString& title)
@@ -120,7 +94,7 @@ void SettingsColumn::orderTabs()
 
 void SettingsColumn::setNothing(const QString& heading)
 {
-    m_nothingHeading->setText(heading);
+    m_nothing->setSearch(heading, false);
     m_nothing->setVisible(!heading.isEmpty());
 }
 
@@ -140,7 +114,7 @@ bool SettingsColumn::focusFirst()
     }
     if (m_nothing->isHidden())
         return false;
-    m_clear->setFocus(Qt::TabFocusReason);
+    m_nothing->setFocus(Qt::TabFocusReason);
     return true;
 }
 

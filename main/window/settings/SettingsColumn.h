@@ -8,7 +8,7 @@ class QVBoxLayout;
 
 namespace ambrelle {
 
-class Button;
+class EmptyState;
 class SettingsSection;
 class TextLabel;
 
@@ -41,14 +41,11 @@ private:
         TextLabel* title;
     };
 
-    QWidget* makeNothing();
     void fit();
 
     QWidget* m_content;
     QVBoxLayout* m_rows;
-    TextLabel* m_nothingHeading = nullptr;
-    Button* m_clear = nullptr;
-    QWidget* m_nothing; // after what is made with it
+    EmptyState* m_nothing;
     QList<Entry> m_entries; // by place
 };
 

@@ -52,6 +52,8 @@ QWidget* ThemesPage::makeOverview()
     column->addWidget(m_scope);
     column->addWidget(m_grid, 1);
     column->addWidget(m_empty, 1);
+    connect(m_empty, &EmptyState::cleared, this, [this] { m_with.model.setSearch(MainTab::themes, {}); });
+    connect(m_empty, &EmptyState::widened, this, [this] { m_with.model.setThemesSection(ThemesSection::all); });
     m_grid->setAccessibleName(Wording::tr("Themes"));
     m_grid->setPictures(new ShelfPictures(m_with.shelf, *m_grid));
     return overview;
@@ -181,16 +183,7 @@ void ThemesPage::showEmptyState()
         m_empty->setButtons({save, import});
         return;
     }
-    m_empty->setTexts(u"magnifyingglass"_s, Wording::tr("No themes match “%1”").arg(search), {});
-    auto* clear = new Button(Wording::tr("Clear Search"));
-    connect(clear, &Button::clicked, this, [this] { m_with.model.setSearch(MainTab::themes, {}); });
-    QList<QWidget*> buttons{clear};
-    if (elsewhere) {
-        buttons.append(new Button(Wording::tr("Search in All")));
-        connect(static_cast<Button*>(buttons.last()), &Button::clicked, this,
-            [this] { m_with.model.setThemesSection(ThemesSection::all); });
-    }
-    m_empty->setButtons(buttons);
+    m_empty->setSearch(Wording::tr("No themes match “%1”").arg(search), elsewhere);
 }
 
 void ThemesPage::takeFocus(bool first)

@@ -9,10 +9,10 @@
 #include "window/cards/PictureShelf.h"
 #include "window/cards/ShelfPictures.h"
 #include "window/look/Button.h"
+#include "window/look/EmptyState.h"
 #include "window/look/FileChooser.h"
 #include "window/look/Measures.h"
 #include "window/look/Segments.h"
-#include "window/wallpapers/NothingFound.h"
 #include "window/wallpapers/ScreenStrip.h"
 
 #include <QFileDialog>
@@ -48,7 +48,7 @@ WallpapersPage::WallpapersPage(const WindowContext& context)
     , m_add(new Button(Wording::tr("Add Pictures…")))
     , m_strip(new ScreenStrip(context.shelf, context.settings))
     , m_view(new CardView(this))
-    , m_nothing(new NothingFound(this))
+    , m_nothing(new EmptyState(this))
     , m_menu([this] { return m_menuFor ? menuOf(*m_menuFor) : QList<ActionItem>(); })
 {
     makeScope();
@@ -122,8 +122,8 @@ void WallpapersPage::makeGrid()
         const QList<ScreenInfo> screens = m_with.host.screens();
         m_with.model.setWallpaperTarget(screen < 0 || screen >= screens.size() ? QString() : screens[screen].id);
     });
-    connect(m_nothing, &NothingFound::cleared, this, [this] { m_with.model.setSearch(MainTab::wallpapers, {}); });
-    connect(m_nothing, &NothingFound::widened, this, [this] { m_with.model.setWallpapersScope(WallpapersScope::all); });
+    connect(m_nothing, &EmptyState::cleared, this, [this] { m_with.model.setSearch(MainTab::wallpapers, {}); });
+    connect(m_nothing, &EmptyState::widened, this, [this] { m_with.model.setWallpapersScope(WallpapersScope::all); });
 }
 
 void WallpapersPage::follow()

@@ -11,7 +11,7 @@ namespace ambrelle {
 
 class Button;
 class CardView;
-class NothingFound;
+class EmptyState;
 class ScreenStrip;
 class Segments;
 
@@ -65,7 +65,7 @@ private:
     Button* m_add;
     ScreenStrip* m_strip;
     CardView* m_view;
-    NothingFound* m_nothing;
+    EmptyState* m_nothing;
     ActionMenu m_menu;
 };
 

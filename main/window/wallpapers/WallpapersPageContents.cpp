@@ -9,9 +9,9 @@
 #include "window/cards/CardView.h"
 #include "window/cards/PictureShelf.h"
 #include "window/look/Button.h"
+#include "window/look/EmptyState.h"
 #include "window/look/Measures.h"
 #include "window/look/Segments.h"
-#include "window/wallpapers/NothingFound.h"
 #include "window/wallpapers/ScreenStrip.h"
 #include "window/wallpapers/WallpapersPage.h"
 

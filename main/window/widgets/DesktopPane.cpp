@@ -9,10 +9,10 @@
 #include "placement/ScreenNames.h"
 #include "window/look/AppLook.h"
 #include "window/look/Button.h"
+#include "window/look/EmptyState.h"
 #include "window/look/Measures.h"
 #include "window/look/TextLabel.h"
 #include "window/widgets/DesktopList.h"
-#include "window/widgets/EmptyNote.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -79,7 +79,7 @@ DesktopPane::DesktopPane(const WindowContext& context, QWidget* parent)
     , m_edits(context)
     , m_count(new TextLabel(TextRole::caption))
     , m_list(new DesktopList)
-    , m_nothing(new EmptyNote(u"square.grid.2x2.fill"_s))
+    , m_nothing(new EmptyState)
     , m_locate(new Button(Wording::tr("Locate")))
     , m_settings(Button::symbolOnly(u"paintpalette.fill"_s, WidgetWording::settings(), Button::Kind::plain))
     , m_remove(Button::symbolOnly(u"trash"_s, Wording::tr("Remove"), Button::Kind::plain))
@@ -95,8 +95,8 @@ DesktopPane::DesktopPane(const WindowContext& context, QWidget* parent)
     heading->addWidget(m_count, 1, Qt::AlignBaseline);
     m_locate->setSymbol(u"scope"_s);
     m_edit->setText(context.quickMenu.editItem().title);
-    m_nothing->setTexts(
-        Wording::tr("No widgets on your desktop"), Wording::tr("Click a widget to add it, or drag it to its place"));
+    m_nothing->setTexts(u"square.grid.2x2.fill"_s, Wording::tr("No widgets on your desktop"),
+        Wording::tr("Click a widget to add it, or drag it to its place"));
     m_list->setAccessibleName(Wording::tr("On Your Desktop"));
     m_list->setModel(&m_model);
     auto* column = new QVBoxLayout(this);

@@ -12,7 +12,7 @@ namespace ambrelle {
 
 class Button;
 class DesktopList;
-class EmptyNote;
+class EmptyState;
 class TextLabel;
 
 /// The widgets on the desktop in a list, and what can be done with the chosen ones and with all of them.
@@ -42,7 +42,7 @@ private:
     bool m_isRefreshing = false; // soon
     TextLabel* m_count;
     DesktopList* m_list;
-    EmptyNote* m_nothing;
+    EmptyState* m_nothing;
     Button* m_locate;
     Button* m_settings;
     Button* m_remove;

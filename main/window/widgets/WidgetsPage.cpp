@@ -12,10 +12,10 @@
 #include "window/frame/MainWindowModel.h"
 #include "window/look/ActionMenu.h"
 #include "window/look/AppLook.h"
+#include "window/look/EmptyState.h"
 #include "window/look/Measures.h"
 #include "window/widgets/DesktopList.h"
 #include "window/widgets/DesktopPane.h"
-#include "window/widgets/EmptyNote.h"
 #include "window/widgets/FaceTiles.h"
 #include "window/widgets/WidgetDrag.h"
 #include "window/widgets/WidgetsScope.h"
@@ -44,8 +44,7 @@ WidgetsPage::WidgetsPage(const WindowContext& context)
     , m_scope(new WidgetsScope)
     , m_gallery(new QWidget)
     , m_view(new CardView)
-    , m_nothing(new EmptyNote(u"magnifyingglass"_s))
-    , m_searchAll(nullptr)
+    , m_nothing(new EmptyState)
     , m_pane(new DesktopPane(context))
     , m_tiles(new FaceTiles(context, *m_view))
     , m_drag(new WidgetDrag(context.host, *m_view->viewport()))
@@ -67,10 +66,8 @@ WidgetsPage::WidgetsPage(const WindowContext& context)
     m_view->setModel(&m_model);
     m_view->setPictures(m_tiles);
     m_view->setPullsCards(true);
-    connect(m_nothing->addButton(Wording::tr("Clear Search")), &QPushButton::clicked, this,
-        [this] { m_with.model.setSearch(MainTab::widgets, {}); });
-    m_searchAll = m_nothing->addButton(Wording::tr("Search in All"));
-    connect(m_searchAll, &QPushButton::clicked, this, [this] { m_with.model.setCategory(WidgetCategory::all); });
+    connect(m_nothing, &EmptyState::cleared, this, [this] { m_with.model.setSearch(MainTab::widgets, {}); });
+    connect(m_nothing, &EmptyState::widened, this, [this] { m_with.model.setCategory(WidgetCategory::all); });
     connectGallery();
     connect(m_scope, &WidgetsScope::categoryChosen, this,
         [this](WidgetCategory category) { m_with.model.setCategory(category); });
@@ -111,8 +108,7 @@ void WidgetsPage::showModel()
     const bool nothing = m_model.rowCount() == 0;
     m_view->setVisible(!nothing);
     m_nothing->setVisible(nothing);
-    m_nothing->setTexts(Wording::tr("No widgets match “%1”").arg(search.trimmed()), {});
-    m_searchAll->setVisible(
+    m_nothing->setSearch(Wording::tr("No widgets match “%1”").arg(search.trimmed()),
         category != WidgetCategory::all && !WidgetsModel::found(WidgetCategory::all, search).isEmpty());
 }
 

@@ -10,10 +10,9 @@
 
 namespace ambrelle {
 
-class Button;
 class CardView;
 class DesktopPane;
-class EmptyNote;
+class EmptyState;
 class FaceTiles;
 class WidgetDrag;
 class WidgetsScope;
@@ -45,8 +44,7 @@ private:
     WidgetsScope* m_scope;
     QWidget* m_gallery;
     CardView* m_view;
-    EmptyNote* m_nothing;
-    Button* m_searchAll;
+    EmptyState* m_nothing;
     DesktopPane* m_pane;
     FaceTiles* m_tiles;
     WidgetDrag* m_drag;
