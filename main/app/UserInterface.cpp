@@ -8,8 +8,8 @@
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
 #include "platform/TrayPresence.h"
+#include "window/WindowMaker.h"
 #include "window/frame/MainWindow.h"
-#include "window/frame/WindowMaker.h"
 #include "window/look/AppLook.h"
 
 #include <QCoreApplication>

@@ -5,6 +5,10 @@
 #include <QFile>
 #include <QMap>
 #include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -85,6 +89,21 @@ private:
 struct HouseTest : testing::Test {
     const QDir sources{QString::fromUtf8(AMBRELLE_SOURCES)};
     const House house{contentOf(sources.filePath(u"README.md"_s))};
+
+    /// Every file with each of those it includes.
+    QList<std::pair<QString, QString>> arrows() const
+    {
+        static const QRegularExpression include(
+            uR"re(^\s*#\s*include\s*"([^"]+)")re"_s, QRegularExpression::MultilineOption);
+        QList<std::pair<QString, QString>> arrows;
+        QDirIterator files(sources.path(), {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString path = sources.relativeFilePath(files.next());
+            for (auto found = include.globalMatch(contentOf(files.filePath())); found.hasNext();)
+                arrows.append({path, found.next().captured(1)});
+        }
+        return arrows;
+    }
 };
 
 TEST_F(HouseTest, ArrowsRunDownwards)
@@ -133,19 +152,28 @@ TEST_F(HouseTest, EveryFolderIsARoomOfTheReadme)
 
 TEST_F(HouseTest, EveryIncludeKeepsToTheLevels)
 {
-    static const QRegularExpression include(
-        uR"re(^\s*#\s*include\s*"([^"]+)")re"_s, QRegularExpression::MultilineOption);
-    int arrows = 0;
-    QDirIterator files(sources.path(), {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QString path = sources.relativeFilePath(files.next());
-        for (auto found = include.globalMatch(contentOf(files.filePath())); found.hasNext(); ++arrows) {
-            const QString target = found.next().captured(1);
-            EXPECT_TRUE(target.endsWith(".moc"_L1) || house.mayInclude(house.roomOf(path), house.roomOf(target)))
-                << qPrintable(path + " includes "_L1 + target);
-        }
+    for (const auto& [path, target] : arrows())
+        EXPECT_TRUE(target.endsWith(".moc"_L1) || house.mayInclude(house.roomOf(path), house.roomOf(target)))
+            << qPrintable(path + " includes "_L1 + target);
+    EXPECT_FALSE(arrows().isEmpty()) << "no sources below " << qPrintable(sources.path());
+}
+
+TEST_F(HouseTest, FoldersOfARoomGoInNoCircle)
+{
+    QMap<QString, QSet<QString>> known; // to each folder in a room
+    for (const auto& [path, target] : arrows()) {
+        const QString folder = path.section(u'/', 0, 1);
+        const QString other = target.section(u'/', 0, 1);
+        if (path.count(u'/') == 2 && target.count(u'/') == 2 && folder != other
+            && house.roomOf(path) == house.roomOf(target))
+            known[folder].insert(other);
     }
-    EXPECT_GT(arrows, 0) << "no sources below " << qPrintable(sources.path());
+    EXPECT_GT(known.size(), 2);
+    const auto needsNone = [&](QMap<QString, QSet<QString>>::iterator folder) {
+        return std::ranges::none_of(*folder, [&](const QString& other) { return known.contains(other); });
+    };
+    while (known.removeIf(needsNone) > 0) { }
+    EXPECT_TRUE(known.isEmpty()) << qPrintable(QStringList(known.keys()).join(", "_L1));
 }
 
 } // namespace

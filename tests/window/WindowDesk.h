@@ -8,6 +8,7 @@
 #include "platform/headless/HeadlessMachine.h"
 #include "platform/recording/RecordingMachine.h"
 #include "wallpapers/WallpaperStore.h"
+#include "window/WindowMaker.h"
 #include "window/cards/PictureShelf.h"
 #include "window/cards/StorePictures.h"
 #include "window/frame/MainWindow.h"
@@ -16,7 +17,6 @@
 #include "window/frame/Sheet.h"
 #include "window/frame/Undo.h"
 #include "window/frame/WindowContext.h"
-#include "window/frame/WindowMaker.h"
 #include "window/themes/ThemeActions.h"
 #include "window/wallpapers/PictureSorter.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "window/frame/WindowMaker.h"
+#include "window/WindowMaker.h"
 
 #include "desktop/QuickMenu.h"
 #include "window/frame/MainWindow.h"
