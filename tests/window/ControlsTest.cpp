@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/WaitUntil.h"
+#include "window/look/ActionMenu.h"
 #include "window/look/AppLook.h"
 #include "window/look/Button.h"
 #include "window/look/FocusRing.h"
@@ -14,6 +15,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QSpinBox>
 
 #include <gtest/gtest.h>
@@ -145,6 +147,33 @@ TEST(Progress, StandsStillWhereMotionIsNotWished)
         EXPECT_EQ(told->text(QAccessible::Name), u"Painting Neon"_s);
     }
     AppLook::shared().apply({});
+}
+
+TEST(ActionMenu, IsFilledOnceForEachOpening)
+{
+    int fillings = 0;
+    const auto items = [&fillings] { return QList<ActionItem>{{.title = u"Line %1"_s.arg(++fillings)}}; };
+    ActionMenu menu(items);
+    QSize told;
+    menu.popupAt([&told](const QSize& size) {
+        told = size;
+        return QPoint(5, 5);
+    });
+    EXPECT_EQ(fillings, 1);
+    EXPECT_EQ(menu.size(), told) << "it would not stand where it was to";
+    menu.close();
+    menu.popup({});
+    EXPECT_EQ(menu.actions().first()->text(), u"Line 2"_s) << "it tells how things stood";
+    menu.close();
+
+    QWidget page;
+    ActionMenu::openFor(page, {}, items);
+    EXPECT_EQ(fillings, 3);
+    QPointer<ActionMenu> own = page.findChild<ActionMenu*>();
+    ASSERT_TRUE(own && own->isVisible());
+    own->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(own);
 }
 
 } // namespace

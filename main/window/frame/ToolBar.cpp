@@ -113,12 +113,12 @@ void ToolBar::search()
 
 void ToolBar::openMenu()
 {
-    m_menu.refill();
     m_more->setDown(true);
-    m_menu.adjustSize();
-    const int left = layoutDirection() == Qt::RightToLeft ? 0 : m_more->width() - m_menu.sizeHint().width();
     // Not exec(): the window may be closed, and be gone, before the menu is.
-    m_menu.popup(m_more->mapToGlobal(QPoint(left, m_more->height() + barGap / 2)));
+    m_menu.popupAt([this](const QSize& menu) {
+        const int left = layoutDirection() == Qt::RightToLeft ? 0 : m_more->width() - menu.width();
+        return m_more->mapToGlobal(QPoint(left, m_more->height() + barGap / 2));
+    });
 }
 
 bool ToolBar::eventFilter(QObject* watched, QEvent* event)

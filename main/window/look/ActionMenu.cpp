@@ -28,7 +28,10 @@ ActionMenu::ActionMenu(Items items, const std::optional<QColor>& ink)
     , m_ink(ink)
 {
     setStyle(MenuStyle::shared());
-    connect(this, &QMenu::aboutToShow, this, &ActionMenu::refill);
+    connect(this, &QMenu::aboutToShow, this, [this] {
+        if (!m_isFresh)
+            refill();
+    });
 }
 
 void ActionMenu::refill()
@@ -37,6 +40,23 @@ void ActionMenu::refill()
     // Submenus belong to the menu, and clear() leaves them.
     qDeleteAll(findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
     fill(*this, m_items());
+}
+
+void ActionMenu::popupAt(const std::function<QPoint(const QSize&)>& place)
+{
+    refill();
+    m_isFresh = true;
+    popup(place(sizeHint()));
+    m_isFresh = false;
+}
+
+void ActionMenu::openFor(QWidget& page, const QPoint& globalPosition, Items items)
+{
+    auto* menu = new ActionMenu(std::move(items));
+    menu->setParent(&page, menu->windowFlags());
+    menu->setLayoutDirection(page.layoutDirection());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(globalPosition);
 }
 
 void ActionMenu::fill(QMenu& menu, const QList<ActionItem>& items)

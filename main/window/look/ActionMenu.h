@@ -18,6 +18,10 @@ public:
     explicit ActionMenu(Items items, const std::optional<QColor>& ink = std::nullopt);
 
     void refill();
+    /// Opens it where `place` has a menu of its size.
+    void popupAt(const std::function<QPoint(const QSize& menu)>& place);
+    /// Opens one of its own for something on a page; it goes when it is closed, or with the page.
+    static void openFor(QWidget& page, const QPoint& globalPosition, Items items);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -27,6 +31,7 @@ private:
 
     Items m_items;
     std::optional<QColor> m_ink;
+    bool m_isFresh = false; // filled for the opening that comes now
 };
 
 } // namespace ambrelle

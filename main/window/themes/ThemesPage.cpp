@@ -210,12 +210,8 @@ QList<QWidget*> ThemesPage::areas()
 void ThemesPage::openMenu(const QModelIndex& index, const QPoint& globalPosition)
 {
     const std::optional<ThemeChoice> theme = m_themes.themeAt(index);
-    if (!theme)
-        return;
-    auto* menu = new ActionMenu([this, theme = *theme] { return menuOf(theme); });
-    menu->setParent(this, menu->windowFlags());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(globalPosition);
+    if (theme)
+        ActionMenu::openFor(*this, globalPosition, [this, theme = *theme] { return menuOf(theme); });
 }
 
 QList<ActionItem> ThemesPage::menuOf(const ThemeChoice& theme)

@@ -8,6 +8,7 @@
 #include "window/cards/CardView.h"
 #include "window/cards/PictureShelf.h"
 #include "window/cards/ShelfPictures.h"
+#include "window/look/ActionMenu.h"
 #include "window/look/Button.h"
 #include "window/look/EmptyState.h"
 #include "window/look/FileChooser.h"
@@ -49,7 +50,6 @@ WallpapersPage::WallpapersPage(const WindowContext& context)
     , m_strip(new ScreenStrip(context.shelf, context.settings))
     , m_view(new CardView(this))
     , m_nothing(new EmptyState(this))
-    , m_menu([this] { return m_menuFor ? menuOf(*m_menuFor) : QList<ActionItem>(); })
 {
     makeScope();
     makeGrid();
@@ -245,10 +245,9 @@ void WallpapersPage::takeOff(const QModelIndex& index)
 
 void WallpapersPage::openMenu(const QModelIndex& index, const QPoint& place)
 {
-    m_menuFor = m_model.wallpaper(index);
-    m_menu.setLayoutDirection(layoutDirection());
-    if (m_menuFor)
-        m_menu.popup(place);
+    const std::optional<WallpaperChoice> wallpaper = m_model.wallpaper(index);
+    if (wallpaper)
+        ActionMenu::openFor(*this, place, [this, wallpaper = *wallpaper] { return menuOf(wallpaper); });
 }
 
 QList<ActionItem> WallpapersPage::menuOf(const WallpaperChoice& wallpaper)

@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "desktop/ActionItem.h"
 #include "window/frame/Page.h"
-#include "window/look/ActionMenu.h"
 #include "window/wallpapers/ScreenPreview.h"
 #include "window/wallpapers/WallpaperActions.h"
 
@@ -58,7 +58,6 @@ private:
     WallpapersModel m_model;
     QStringList m_photographs;
     QList<WallpapersScope> m_scopes; ///< of the segments
-    std::optional<WallpaperChoice> m_menuFor;
     QWidget* m_scope;
     Segments* m_segments = nullptr;
     Button* m_bringBack;
@@ -66,7 +65,6 @@ private:
     ScreenStrip* m_strip;
     CardView* m_view;
     EmptyState* m_nothing;
-    ActionMenu m_menu;
 };
 
 } // namespace ambrelle

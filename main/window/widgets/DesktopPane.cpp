@@ -87,7 +87,6 @@ DesktopPane::DesktopPane(const WindowContext& context, QWidget* parent)
     , m_useSkin(wideButton())
     , m_edit(wideButton(context.quickMenu.editItem().symbol))
     , m_removals([this] { return removals(); })
-    , m_rowMenu([this] { return rowItems(); })
 {
     auto* heading = new QHBoxLayout;
     heading->setSpacing(8);
@@ -113,7 +112,8 @@ DesktopPane::DesktopPane(const WindowContext& context, QWidget* parent)
     connect(m_list, &DesktopList::chosenChanged, this, &DesktopPane::showButtons);
     connect(m_list, &DesktopList::used, this, &DesktopPane::locate);
     connect(m_list, &DesktopList::removeRequested, this, [this] { m_edits.remove(chosen()); });
-    connect(m_list, &DesktopList::menuRequested, this, [this](const QPoint& place) { m_rowMenu.popup(place); });
+    connect(m_list, &DesktopList::menuRequested, this,
+        [this](const QPoint& place) { ActionMenu::openFor(*this, place, [this] { return rowItems(); }); });
     connect(m_locate, &QPushButton::clicked, this, &DesktopPane::locate);
     connect(m_settings, &QPushButton::clicked, this, [this] {
         if (const QList<WidgetController*> one = chosen(); one.size() == 1)
@@ -121,8 +121,7 @@ DesktopPane::DesktopPane(const WindowContext& context, QWidget* parent)
     });
     connect(m_remove, &QPushButton::clicked, this, [this] { m_edits.remove(chosen()); });
     connect(m_more, &QPushButton::clicked, this, [this] {
-        m_removals.refill();
-        m_removals.popup(m_more->mapToGlobal(QPoint(0, -m_removals.sizeHint().height() - 2)));
+        m_removals.popupAt([this](const QSize& menu) { return m_more->mapToGlobal(QPoint(0, -menu.height() - 2)); });
     });
     connect(m_useSkin, &QPushButton::clicked, this, [this] { m_edits.useSkinForAll(); });
     connect(m_edit, &QPushButton::clicked, this, [this] { m_with.manager.setEditing(true); });

@@ -50,7 +50,6 @@ private:
     Button* m_useSkin;
     Button* m_edit;
     ActionMenu m_removals;
-    ActionMenu m_rowMenu;
 };
 
 } // namespace ambrelle

@@ -94,7 +94,7 @@ void WidgetsPage::connectGallery()
     connect(m_view, &CardView::primaryPressed, this, addAt);
     connect(m_view, &CardView::menuRequested, this, [this](const QModelIndex& index, const QPoint& place) {
         if (const std::optional<WidgetKind> kind = m_model.kindAt(index))
-            openMenu(*kind, place);
+            ActionMenu::openFor(*this, place, [this, kind = *kind] { return menuOf(kind); });
     });
     connect(m_view, &CardView::dragBegan, this, [this](const QModelIndex& index) { pull(index); });
 }
@@ -159,7 +159,7 @@ void WidgetsPage::add(WidgetKind kind, std::optional<QPointF> centre)
     m_badge = m_with.clock.after(badgeTime, [this] { m_model.setAdded(std::nullopt); });
 }
 
-void WidgetsPage::openMenu(WidgetKind kind, const QPoint& place)
+QList<ActionItem> WidgetsPage::menuOf(WidgetKind kind)
 {
     const QList<ScreenInfo> screens = m_with.host.screens();
     const QStringList names = screenNames(screens);
@@ -171,10 +171,7 @@ void WidgetsPage::openMenu(WidgetKind kind, const QPoint& place)
             .symbol = u"plus"_s,
             .handler = [this, kind, centre = ScreenPlacement::room(screens[number]).center()] { add(kind, centre); }};
     }
-    auto* menu = new ActionMenu([items] { return items; });
-    menu->setParent(this, menu->windowFlags());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(place);
+    return items;
 }
 
 void WidgetsPage::pull(const QModelIndex& index)

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "desktop/ActionItem.h"
 #include "foundation/Ticket.h"
 #include "window/frame/Page.h"
 #include "window/frame/WindowContext.h"
@@ -35,7 +36,7 @@ private:
     void showSkin();
     void arrange();
     void add(WidgetKind kind, std::optional<QPointF> centre = std::nullopt);
-    void openMenu(WidgetKind kind, const QPoint& place);
+    QList<ActionItem> menuOf(WidgetKind kind);
     void pull(const QModelIndex& index);
 
     WindowContext m_with;
