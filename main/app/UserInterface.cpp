@@ -8,9 +8,9 @@
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
 #include "platform/TrayPresence.h"
-#include "window/WindowMaker.h"
 #include "window/frame/MainWindow.h"
 #include "window/look/AppLook.h"
+#include "window/WindowMaker.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -67,17 +67,6 @@ UserInterface::UserInterface(const Collaborators& with)
     , m_model(with.defaults)
     , m_undo(with.ports.clock)
     , m_themes(with.defaults)
-    , m_themeActions({.model = m_model,
-          .sheets = m_sheets,
-          .undo = m_undo,
-          .manager = with.manager,
-          .settings = with.settings,
-          .accents = with.accents,
-          .themes = m_themes,
-          .wallpaper = with.wallpaper,
-          .host = with.ports.windows,
-          .appearance = with.ports.appearance,
-          .clock = with.ports.clock})
     , m_facts(programFacts())
     , m_context{.model = m_model,
           .sheets = m_sheets,
@@ -104,6 +93,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .quickMenu = m_quickMenu,
           .facts = m_facts,
           .hasTray = [this] { return m_statusItem.isShown(); }}
+    , m_themeActions(m_context)
     , m_mainWindow({m_model, with.ports.windows, with.ports.clock, [this] { return makeMainWindow(m_context); }})
     , m_widgetMenu(with.manager, m_quickMenu)
     , m_widgetSettings({with.manager, with.ports.windows, with.ports.appearance, with.ports.clock})

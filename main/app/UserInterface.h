@@ -63,10 +63,10 @@ private:
     SheetQueue m_sheets;
     UndoKeeper m_undo;
     ThemeStore m_themes;
-    ThemeActions m_themeActions;
     PictureSorter m_sorter;
     const ProgramFacts m_facts;
     WindowContext m_context;
+    ThemeActions m_themeActions;
     MainWindowController m_mainWindow;
     WidgetContextMenu m_widgetMenu;
     WidgetSettings m_widgetSettings;

@@ -8,7 +8,6 @@
 #include "platform/headless/HeadlessMachine.h"
 #include "platform/recording/RecordingMachine.h"
 #include "wallpapers/WallpaperStore.h"
-#include "window/WindowMaker.h"
 #include "window/cards/PictureShelf.h"
 #include "window/cards/StorePictures.h"
 #include "window/frame/MainWindow.h"
@@ -19,6 +18,7 @@
 #include "window/frame/WindowContext.h"
 #include "window/themes/ThemeActions.h"
 #include "window/wallpapers/PictureSorter.h"
+#include "window/WindowMaker.h"
 
 #include <QApplication>
 #include <QDir>
@@ -53,17 +53,6 @@ struct WindowDesk {
     UndoKeeper undo{desk.clock};
     bool hasTray = true;
     ThemeStore themes{desk.defaults};
-    ThemeActions themeActions{{.model = model,
-        .sheets = sheets,
-        .undo = undo,
-        .manager = desk.manager,
-        .settings = desk.settings,
-        .accents = desk.accents,
-        .themes = themes,
-        .wallpaper = desk.wallpaper,
-        .host = desk.host,
-        .appearance = desk.appearance,
-        .clock = desk.clock}};
     PictureSorter sorter;
     RecordingCalendarStore calendars;
     const ProgramFacts facts{.version = u"1.0"_s,
@@ -98,6 +87,7 @@ struct WindowDesk {
         .quickMenu = quick,
         .facts = facts,
         .hasTray = [this] { return hasTray; }};
+    ThemeActions themeActions{context};
     MainWindowController window{{model, desk.host, desk.clock, [this] { return makeMainWindow(context); }}};
 };
 

@@ -38,10 +38,10 @@ struct ThemeActions::Before {
     std::optional<DesktopWallpaper::Memory> picture;
 };
 
-ThemeActions::ThemeActions(const Collaborators& collaborators)
-    : m_with(collaborators)
-    , m_applied(collaborators.manager, collaborators.host)
-    , m_work(collaborators.clock, [this] { Q_EMIT workingChanged(); })
+ThemeActions::ThemeActions(const WindowContext& context)
+    : m_with(context)
+    , m_applied(context.manager, context.host)
+    , m_work(context.clock, [this] { Q_EMIT workingChanged(); })
 {
     connect(
         &m_with.model, &MainWindowModel::filesHanded, this, [this] { importFiles(m_with.model.takeHandedFiles()); });

@@ -5,18 +5,12 @@
 #include "foundation/SerialWorker.h"
 #include "model/SavedTheme.h"
 #include "wallpapers/DesktopWallpaper.h"
+#include "window/frame/WindowContext.h"
 #include "window/frame/WorkNotice.h"
 #include "window/themes/AppliedThemes.h"
 #include "window/themes/ThemeWork.h"
 
 namespace ambrelle {
-
-class AppSettings;
-class SheetQueue;
-class SystemAppearance;
-class ThemeAccent;
-class ThemeStore;
-class UndoKeeper;
 
 /// Where a theme comes: widgets to the main screen, in place of all there are (the default), to every screen, or to one
 /// only; its wallpaper to all screens or to that one.
@@ -34,20 +28,8 @@ struct ThemeTarget {
 class ThemeActions final : public QObject {
     Q_OBJECT
 public:
-    struct Collaborators {
-        MainWindowModel& model;
-        SheetQueue& sheets;
-        UndoKeeper& undo;
-        WidgetManager& manager;
-        AppSettings& settings;
-        ThemeAccent& accents;
-        ThemeStore& themes;
-        DesktopWallpaper& wallpaper;
-        WindowHost& host;
-        SystemAppearance& appearance;
-        Clock& clock;
-    };
-    explicit ThemeActions(const Collaborators& collaborators);
+    /// `context.themeActions` is what is being made here.
+    explicit ThemeActions(const WindowContext& context);
     ~ThemeActions() override;
 
     static QString title(ThemeOperation operation); ///< as its button has it
@@ -102,7 +84,7 @@ private:
     void take(const QList<ReadFile>& files);
     void showSaved(const QUuid& id);
 
-    Collaborators m_with;
+    WindowContext m_with;
     AppliedThemes m_applied;
     WorkNotice<ThemeWork> m_work;
     QString m_failure; // that was told last
