@@ -46,12 +46,6 @@ ThemeStore::ThemeStore(UserDefaults& defaults, QObject* parent)
     read(document.array());
 }
 
-ThemeStore& ThemeStore::shared()
-{
-    static ThemeStore store(UserDefaults::shared());
-    return store;
-}
-
 bool ThemeStore::insert(SavedTheme theme, qsizetype index)
 {
     if (theme.id.isNull() || find(theme.id) >= 0)

@@ -18,7 +18,6 @@ class ThemeStore : public QObject {
 
 public:
     explicit ThemeStore(UserDefaults& defaults, QObject* parent = nullptr);
-    static ThemeStore& shared();
 
     /// No two have the same identifier.
     const QList<SavedTheme>& themes() const { return m_themes; }
