@@ -27,7 +27,6 @@ public:
     explicit MainWindowController(const Collaborators& collaborators);
     ~MainWindowController() override;
 
-    MainWindowModel& model() { return m_with.model; }
     bool isVisible() const;
     MainWindow* window() const { return m_window.get(); } ///< null while it is closed
 
