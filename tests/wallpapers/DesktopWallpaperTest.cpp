@@ -7,27 +7,17 @@
 #include "platform/recording/RecordingWindowHost.h"
 #include "support/AnswerOf.h"
 #include "support/FullDisk.h"
+#include "support/PlainWallpaper.h"
 #include "support/TestFolder.h"
-
-#include <atomic>
 
 using namespace ambrelle;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::atomic<int> paintings = 0;
-
-void paintBlue(Painting& painting, SeededRandom&)
-{
-    ++paintings;
-    painting.fill(hex(0x2040C0));
-}
-
 struct DesktopWallpaperTest : testing::Test {
     DesktopWallpaperTest()
     {
-        paintings = 0;
         ScreenInfo left;
         left.connector = u"LEFT"_s;
         left.frame = QRectF(0, 0, 400.5, 300);
@@ -58,7 +48,8 @@ struct DesktopWallpaperTest : testing::Test {
     RecordingWindowHost host;
     RecordingDesktopPicture picture;
     UserDefaults defaults = UserDefaults::temporary();
-    Wallpaper painter{[](Skin) -> WallpaperRecipe { return paintBlue; }, {}};
+    const PlainWallpaper plain;
+    const Wallpaper painter = plain.painter();
     DesktopWallpaper::Folders folders{folder.filePath(u"Wallpapers"_s), folder.filePath(u"Extras"_s)};
     DesktopWallpaper wallpaper{painter, host, picture, defaults, folders};
 };
@@ -76,7 +67,7 @@ TEST_F(DesktopWallpaperTest, EveryScreenGetsItsOwnSizeOnce)
     EXPECT_EQ(wallpaper.currentURL(), expected[0].file);
     EXPECT_EQ(wallpaper.currentSkin(), Skin::neon);
     EXPECT_EQ(apply(Skin::neon), QString());
-    EXPECT_EQ(paintings, 2) << "files that are there are used again";
+    EXPECT_EQ(plain.painted, 2) << "files that are there are used again";
     EXPECT_EQ(changes, 1);
 }
 

@@ -2,36 +2,21 @@
 
 #include "wallpapers/WallpaperStore.h"
 
+#include "support/PlainWallpaper.h"
 #include "support/TestFolder.h"
 #include "support/WaitUntil.h"
-
-#include <atomic>
 
 using namespace ambrelle;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::atomic<int> samplesPainted = 0;
-
-void paintGreen(Painting& painting, SeededRandom&)
-{
-    ++samplesPainted;
-    painting.fill(hex(0x30A040));
-}
-
-Wallpaper greenWallpaper()
-{
-    return {[](Skin) -> WallpaperRecipe { return paintGreen; }, {}};
-}
-
 class WallpaperStoreTest : public testing::Test {
 protected:
-    void SetUp() override { samplesPainted = 0; }
-
     ImageDiskCache cache(int build = 7) const { return {m_folder.filePath(u"Previews"_s), build}; }
     QStringList files() const { return QDir(m_folder.filePath(u"Previews"_s)).entryList(QDir::Files); }
 
+    const PlainWallpaper m_plain;
     const TestFolder m_folder;
 };
 
@@ -44,15 +29,9 @@ bool waitFor(WallpaperStore& store)
     return waitUntil([&came] { return came; });
 }
 
-bool isGreen(const QImage& image)
-{
-    const QColor colour = image.pixelColor(image.width() / 2, image.height() / 2);
-    return std::abs(colour.red() - 0x30) < 4 && std::abs(colour.green() - 0xA0) < 4 && colour.blue() < 0x50;
-}
-
 TEST_F(WallpaperStoreTest, OneGenerationServesAllCallersInTheirOrder)
 {
-    WallpaperStore store(greenWallpaper(), cache());
+    WallpaperStore store(m_plain.painter(), cache());
     QList<int> order;
     QList<QImage> got;
     for (int caller = 0; caller < 3; ++caller) {
@@ -65,20 +44,20 @@ TEST_F(WallpaperStoreTest, OneGenerationServesAllCallersInTheirOrder)
     ASSERT_TRUE(waitFor(store));
     EXPECT_EQ(order, (QList<int>{0, 1, 2}));
     EXPECT_EQ(got[0], got[2]);
-    EXPECT_TRUE(isGreen(got[0]));
+    EXPECT_TRUE(m_plain.isIn(got[0]));
     EXPECT_EQ(got[0].size(), QSize(1152, 720));
     EXPECT_EQ(store.image(Skin::glass), got[0]);
     store.load(Skin::glass, [&](const QImage&) { order.append(9); });
     EXPECT_EQ(order.last(), 9) << "what is there is given at once";
-    EXPECT_EQ(samplesPainted, 1);
+    EXPECT_EQ(m_plain.painted, 1);
 }
 
 TEST_F(WallpaperStoreTest, WhoCannotWaitGetsItNowAndWaitersToo)
 {
-    WallpaperStore store(greenWallpaper(), cache());
+    WallpaperStore store(m_plain.painter(), cache());
     int served = 0;
-    store.load(Skin::mono, [&](const QImage& image) { served += isGreen(image) ? 1 : 100; });
-    EXPECT_TRUE(isGreen(store.imageNow(Skin::mono)));
+    store.load(Skin::mono, [&](const QImage& image) { served += m_plain.isIn(image) ? 1 : 100; });
+    EXPECT_TRUE(m_plain.isIn(store.imageNow(Skin::mono)));
     EXPECT_EQ(served, 1);
     store.load(Skin::paper, [](const QImage&) {});
     ASSERT_TRUE(waitFor(store));
@@ -87,12 +66,12 @@ TEST_F(WallpaperStoreTest, WhoCannotWaitGetsItNowAndWaitersToo)
 
 TEST_F(WallpaperStoreTest, TheDiskKeepsThemForTheSameBuildOnly)
 {
-    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
+    EXPECT_TRUE(m_plain.isIn(WallpaperStore(m_plain.painter(), cache()).imageNow(Skin::field)));
     EXPECT_EQ(files(), QStringList{u"wallpaper-field-b7-r16.jpg"_s});
-    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
-    EXPECT_EQ(samplesPainted, 1);
-    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache(8)).imageNow(Skin::field)));
-    EXPECT_EQ(samplesPainted, 2);
+    EXPECT_TRUE(m_plain.isIn(WallpaperStore(m_plain.painter(), cache()).imageNow(Skin::field)));
+    EXPECT_EQ(m_plain.painted, 1);
+    EXPECT_TRUE(m_plain.isIn(WallpaperStore(m_plain.painter(), cache(8)).imageNow(Skin::field)));
+    EXPECT_EQ(m_plain.painted, 2);
     EXPECT_EQ(files().size(), 2);
 }
 
@@ -100,19 +79,19 @@ TEST_F(WallpaperStoreTest, DamagedCacheFilesArePaintedAnew)
 {
     const QString url = cache().url(u"wallpaper-field"_s);
     m_folder.write(u"Previews/"_s + QFileInfo(url).fileName(), "\xFF\xD8\xFF\xE0 and so on");
-    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
+    EXPECT_TRUE(m_plain.isIn(WallpaperStore(m_plain.painter(), cache()).imageNow(Skin::field)));
     EXPECT_FALSE(ImageDiskCache::read(url).isNull());
 }
 
 TEST_F(WallpaperStoreTest, AFolderThatCannotBeWrittenIsNoFailure)
 {
     m_folder.write(u"Previews"_s, {}); // a file in the way
-    EXPECT_TRUE(isGreen(WallpaperStore(greenWallpaper(), cache()).imageNow(Skin::field)));
+    EXPECT_TRUE(m_plain.isIn(WallpaperStore(m_plain.painter(), cache()).imageNow(Skin::field)));
 }
 
 TEST_F(WallpaperStoreTest, WhatNobodyLooksForIsNotPainted)
 {
-    WallpaperStore store(greenWallpaper(), cache());
+    WallpaperStore store(m_plain.painter(), cache());
     constexpr auto skins = allCases<Skin>();
     for (const Skin skin : skins)
         EXPECT_TRUE(store.packed(skin).isEmpty());
@@ -121,22 +100,22 @@ TEST_F(WallpaperStoreTest, WhatNobodyLooksForIsNotPainted)
     for (const Skin skin : skins)
         store.drop(skin);
     ASSERT_TRUE(waitUntil([&served] { return served == 1; }));
-    EXPECT_LE(samplesPainted, 4) << "three that had begun, and the one that is waited for";
+    EXPECT_LE(m_plain.painted, 4) << "three that had begun, and the one that is waited for";
     store.load(skins[10], [&served](const QImage&) { ++served; });
     EXPECT_TRUE(waitUntil([&served] { return served == 2; })) << "a dropped one can be asked for again";
 }
 
 TEST_F(WallpaperStoreTest, OnlyWhatTheDiskHasIsForgotten)
 {
-    WallpaperStore store(greenWallpaper(), cache());
+    WallpaperStore store(m_plain.painter(), cache());
     const QImage first = store.imageNow(Skin::field);
     EXPECT_EQ(ImageDiskCache::unpacked(store.packed(Skin::field)), first);
     store.release();
     EXPECT_TRUE(store.packed(Skin::field).isEmpty());
     EXPECT_EQ(store.imageNow(Skin::field), first);
-    EXPECT_EQ(samplesPainted, 1);
+    EXPECT_EQ(m_plain.painted, 1);
     m_folder.write(u"blocked"_s, {}); // a file in the way
-    WallpaperStore diskless(greenWallpaper(), {m_folder.filePath(u"blocked"_s), 7});
+    WallpaperStore diskless(m_plain.painter(), {m_folder.filePath(u"blocked"_s), 7});
     diskless.imageNow(Skin::field);
     diskless.release();
     EXPECT_FALSE(diskless.packed(Skin::field).isEmpty());
@@ -145,7 +124,7 @@ TEST_F(WallpaperStoreTest, OnlyWhatTheDiskHasIsForgotten)
 TEST_F(WallpaperStoreTest, MayGoWhileItWorks)
 {
     for (int round = 0; round < 20; ++round) {
-        WallpaperStore store(greenWallpaper(), cache(round));
+        WallpaperStore store(m_plain.painter(), cache(round));
         for (const Skin skin : allCases<Skin>())
             store.load(skin, [](const QImage&) { FAIL() << "nobody asks any more"; });
     }

@@ -5,39 +5,18 @@
 #include "foundation/UserDefaults.h"
 #include "model/ThemeAccent.h"
 #include "platform/headless/HeadlessMachine.h"
+#include "support/PlainWallpaper.h"
 #include "support/TestFolder.h"
 #include "support/WaitUntil.h"
 #include "wallpapers/WallpaperStore.h"
-
-#include <atomic>
 
 using namespace ambrelle;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::atomic<int> bluesPainted = 0;
-
-void paintBlue(Painting& painting, SeededRandom&)
-{
-    ++bluesPainted;
-    painting.fill(hex(0x2040C0));
-}
-
-Wallpaper blueWallpaper()
-{
-    return {[](Skin) -> WallpaperRecipe { return paintBlue; }, {}};
-}
-
-bool isBlue(const QColor& colour)
-{
-    return colour.blue() > 0xB0 && colour.red() < 0x30 && colour.alpha() == 255;
-}
-
 class StorePicturesTest : public testing::Test {
 protected:
-    void SetUp() override { bluesPainted = 0; }
-
     PictureLoader::Done note(const QString& name)
     {
         return [this, name](const QImage& image) { m_got[name] = image; };
@@ -47,12 +26,13 @@ protected:
         return waitUntil([&] { return m_got.contains(name); });
     }
 
+    const PlainWallpaper m_plain;
     const TestFolder m_folder;
     const ImageDiskCache m_cache{m_folder.filePath(u"Previews"_s), 7};
     UserDefaults m_defaults = UserDefaults::temporary();
     ThemeAccent m_accents{m_defaults};
-    WallpaperStore m_wallpapers{blueWallpaper(), m_cache};
-    DesktopSnapshots m_desktops{{blueWallpaper(), m_cache, m_accents, [] { return QImage(); },
+    WallpaperStore m_wallpapers{m_plain.painter(), m_cache};
+    DesktopSnapshots m_desktops{{m_plain.painter(), m_cache, m_accents, [] { return QImage(); },
         [](std::unique_ptr<Clock> clock) { return std::make_unique<HeadlessMachine>(std::move(clock)); }}};
     StorePictures m_pictures{m_wallpapers, m_desktops};
     QMap<QString, QImage> m_got;
@@ -80,10 +60,10 @@ TEST_F(StorePicturesTest, FillTheOrderAndHaveRoundCorners)
         EXPECT_EQ(image.size(), size) << qPrintable(name);
         for (const QPoint corner : {QPoint(0, 0), QPoint(size.width() - 1, 0), QPoint(0, size.height() - 1)})
             EXPECT_EQ(image.pixelColor(corner).alpha(), 0) << qPrintable(name);
-        EXPECT_TRUE(isBlue(image.pixelColor(20, 0))) << qPrintable(name);
-        EXPECT_TRUE(isBlue(image.pixelColor(size.width() - 1, size.height() - 21))) << qPrintable(name);
+        EXPECT_TRUE(m_plain.isAt(image, {20, 0})) << qPrintable(name);
+        EXPECT_TRUE(m_plain.isAt(image, {size.width() - 1, size.height() - 21})) << qPrintable(name);
     }
-    EXPECT_EQ(bluesPainted, 3) << "a wallpaper, a miniature, a large picture";
+    EXPECT_EQ(m_plain.painted, 3) << "a wallpaper, a miniature, a large picture";
 }
 
 TEST_F(StorePicturesTest, ThereIsNoneOfWhatCannotBeRead)
@@ -114,7 +94,7 @@ TEST_F(StorePicturesTest, WhatNobodyAwaitsIsNotPainted)
         EXPECT_TRUE(m_pictures.drop(order));
     ASSERT_TRUE(waitFor(u"wanted"_s));
     EXPECT_FALSE(m_got.contains(u"unwanted"_s));
-    EXPECT_LE(bluesPainted, 6) << "what had begun, and the one that is wanted in another size too";
+    EXPECT_LE(m_plain.painted, 6) << "what had begun, and the one that is wanted in another size too";
 }
 
 } // namespace
