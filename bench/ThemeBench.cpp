@@ -3,28 +3,15 @@
 // How long the main loop is held up while saved desktops of many widgets take the place of each other: in memory, and
 // where there is a display, on that. Measured as the longest time between two runs of a timer of a millisecond.
 
-#include "desktop/WidgetManager.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
-#include "model/ThemeAccent.h"
 #include "platform/linux/kernel/SystemClock.h"
-#include "platform/recording/RecordingAppearance.h"
-#include "platform/recording/RecordingDesktopPicture.h"
-#include "platform/recording/RecordingSessionVisibility.h"
-#include "platform/recording/RecordingSources.h"
 #include "platform/recording/RecordingWindowHost.h"
-#include "platform/recording/RecordingWindowList.h"
 #include "platform/x11/X11WindowHost.h"
-#include "services/SystemMonitor.h"
-#include "skins/WallpaperRecipes.h"
-#include "support/QuietServices.h"
-#include "wallpapers/DesktopWallpaper.h"
+#include "support/DeskOf.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <ctime>
@@ -35,31 +22,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::chrono::seconds longEnough{6}; // for the last widget to be there
-
-struct BenchDesk {
-    explicit BenchDesk(WindowHost& host_)
-        : host(host_)
-    {
-    }
-
-    WindowHost& host;
-    QTemporaryDir folder;
-    UserDefaults defaults{folder.filePath(u"settings.json"_s)};
-    SystemClock clock;
-    RecordingSources machine;
-    RecordingWindowList windows;
-    RecordingSessionVisibility session;
-    AppSettings settings{defaults};
-    ThemeAccent accents{defaults};
-    SystemMonitor monitor{machine.sources(), clock};
-    QuietServices services{settings, defaults, clock};
-    ReadingFeed feed{{monitor, services.live, settings}, clock, QLocale::c()};
-    RecordingAppearance appearance;
-    RecordingDesktopPicture picture;
-    DesktopWallpaper wallpaper{{wallpaperRecipe, {}}, host, picture, defaults, {folder.path(), {}}};
-    WidgetManager manager{{host, {windows, session}, defaults, settings, accents, monitor, services.live, feed, clock,
-        appearance, wallpaper}};
-};
 
 /// Of this thread, in milliseconds: with others at work the time on the wall says little.
 double processorTime()
@@ -104,7 +66,9 @@ SavedTheme themeOf(int count, Skin skin)
 
 void applyInTurn(benchmark::State& state, WindowHost& host)
 {
-    BenchDesk desk(host);
+    const QTemporaryDir folder;
+    UserDefaults defaults(folder.filePath(u"settings.json"_s));
+    DeskOf<SystemClock, WindowHost&> desk(defaults, host);
     const auto count = static_cast<int>(state.range(0));
     LongestStretch call;
     LongestStretch gap;

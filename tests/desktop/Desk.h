@@ -2,26 +2,13 @@
 
 #pragma once
 
-#include "desktop/WidgetManager.h"
 #include "foundation/ManualClock.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
-#include "model/ThemeAccent.h"
 #include "placement/PanelGeometry.h"
-#include "platform/recording/RecordingAppearance.h"
-#include "platform/recording/RecordingDesktopPicture.h"
-#include "platform/recording/RecordingSessionVisibility.h"
-#include "platform/recording/RecordingSources.h"
 #include "platform/recording/RecordingWindowHost.h"
-#include "platform/recording/RecordingWindowList.h"
-#include "services/SystemMonitor.h"
-#include "skins/WallpaperRecipes.h"
-#include "support/QuietServices.h"
-#include "wallpapers/DesktopWallpaper.h"
+#include "support/DeskOf.h"
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -33,30 +20,9 @@ using namespace Qt::StringLiterals;
 inline const ScreenInfo rightScreen{
     .id = u"second"_s, .connector = u"second"_s, .frame = {1440, 0, 1920, 1080}, .visibleFrame = {1440, 0, 1920, 1080}};
 
-/// A whole desktop in memory. Its store may be another desktop's, which is what a restart finds.
-struct Desk {
-    explicit Desk(UserDefaults& store)
-        : defaults(store)
-    {
-    }
-
-    UserDefaults& defaults;
-    ManualClock clock;
-    RecordingSources machine;
-    RecordingWindowHost host;
-    RecordingWindowList windows;
-    RecordingSessionVisibility session;
-    AppSettings settings{defaults};
-    ThemeAccent accents{defaults};
-    SystemMonitor monitor{machine.sources(), clock};
-    QuietServices services{settings, defaults, clock};
-    ReadingFeed feed{{monitor, services.live, settings}, clock, QLocale::c()};
-    RecordingAppearance appearance;
-    RecordingDesktopPicture picture;
-    QTemporaryDir folder;
-    DesktopWallpaper wallpaper{{wallpaperRecipe, {}}, host, picture, defaults, {folder.path(), {}}};
-    WidgetManager manager{{host, {windows, session}, defaults, settings, accents, monitor, services.live, feed, clock,
-        appearance, wallpaper}};
+/// A whole desktop in memory.
+struct Desk : DeskOf<ManualClock, RecordingWindowHost> {
+    using DeskOf::DeskOf;
 
     QList<WidgetConfig> live() const
     {
