@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-#include "app/AppDelegate.h"
-#include "app/UserFolders.h"
-#include "foundation/UserDefaults.h"
-#include "model/AppSettings.h"
-#include "model/ThemeAccent.h"
-#include "platform/recording/RecordingMachine.h"
+#include "app/Program.h"
 #include "support/FullDisk.h"
-#include "support/Variable.h"
 #include "support/WaitUntil.h"
 #include "window/frame/MainWindow.h"
 #include "window/frame/TabStrip.h"
@@ -16,7 +10,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -38,38 +31,6 @@ MainWindow* mainWindow()
     }
     return nullptr;
 }
-
-/// The whole program on a machine of its own. Its store may be another one's, which is what a restart finds.
-struct Program {
-    explicit Program(UserDefaults& store)
-        : defaults(store)
-    {
-    }
-
-    UserDefaults& defaults;
-    RecordingMachine machine;
-    AppSettings settings{defaults};
-    ThemeAccent accents{defaults};
-    AppDelegate delegate{machine, {defaults, settings, accents}};
-};
-
-class StartUp : public ::testing::Test {
-protected:
-    QList<WidgetConfig> stored() const
-    {
-        return WidgetConfig::decodeList(defaults.data(u"widgets.v2"_s).value_or("[]")).value();
-    }
-    void store(const QList<WidgetConfig>& widgets)
-    {
-        defaults.set(QString::fromLatin1(launchedKey), true);
-        defaults.setData(u"widgets.v2"_s, WidgetConfig::encodeList(widgets));
-    }
-
-    QTemporaryDir home;
-    test::Variable data{"XDG_DATA_HOME", QFile::encodeName(home.filePath(u"data"_s))};
-    test::Variable cache{"XDG_CACHE_HOME", QFile::encodeName(home.filePath(u"cache"_s))};
-    UserDefaults defaults = UserDefaults::temporary();
-};
 
 TEST_F(StartUp, FirstLaunchFillsTheDesktop)
 {
@@ -108,21 +69,6 @@ TEST_F(StartUp, FirstLaunchFillsTheDesktop)
     EXPECT_THAT(desktop.rememberFolders, ElementsAre(QFileInfo(picture.file).path())) << "the user's own is lost";
 }
 
-TEST_F(StartUp, FirstLaunchWaitsForAScreen)
-{
-    Program program(defaults);
-    const QList<ScreenInfo> screens = program.machine.windows.screens();
-    program.machine.windows.setScreens({});
-    program.delegate.start();
-    EXPECT_THAT(program.machine.windows.panels(), IsEmpty());
-    program.machine.windows.setScreens(screens);
-    const qsizetype count = program.machine.windows.panels().size();
-    EXPECT_GT(count, 4);
-    program.machine.windows.setScreens({});
-    program.machine.windows.setScreens(screens);
-    EXPECT_EQ(program.machine.windows.panels().size(), count) << "laid out once";
-}
-
 TEST_F(StartUp, LaterLaunchesRestoreWhatWasThereEvenIfNothing)
 {
     const WidgetConfig clock{WidgetKind::clock, Skin::glass, WidgetScale::large, {100, 500}};
@@ -146,6 +92,7 @@ TEST_F(StartUp, TheFirstLaunchWaitsForAScreen)
     const QList<ScreenInfo> screens = program.machine.windows.screens();
     program.machine.windows.setScreens({});
     program.delegate.start();
+    EXPECT_THAT(program.machine.windows.panels(), IsEmpty());
     EXPECT_NE(defaults.boolean(QString::fromLatin1(launchedKey)), true) << "the next start would be empty";
     program.machine.windows.setScreens(screens);
     EXPECT_GT(program.machine.windows.panels().size(), 4);
@@ -194,93 +141,6 @@ TEST_F(StartUp, AnotherSamplingIntervalHoldsAtOnce)
     EXPECT_TRUE(isRepaintedWithin(2s));
     program.settings.interval.set(60);
     EXPECT_FALSE(isRepaintedWithin(10s));
-}
-
-/// A start with the user's wish that skins follow the desktop, which answers bit by bit.
-struct FollowingStart {
-    enum class Kind { first, later, laterOnADesktopThatForgot };
-
-    Kind kind;
-    Skin skin; ///< of everything
-    std::optional<bool> dark; ///< none: nothing tells it
-    int answersBefore; ///< of the desktop, before it tells whether it is dark
-};
-
-class FollowedAppearance : public StartUp {
-protected:
-    /// Every skin that is stored or shown in the end, which is when there are no others than `expected` any more.
-    static QStringList outcome(const FollowingStart& start, Skin expected)
-    {
-        UserDefaults store = UserDefaults::temporary();
-        Program program(store);
-        RecordingMachine& machine = program.machine;
-        ScreenInfo screen = machine.windows.screens().first();
-        screen.pixelRatio = 0.1; // a small wallpaper is painted at once
-        machine.windows.setScreens({screen});
-        machine.appearance.setUnknown();
-        machine.desktopPicture.isDeferred = true;
-        program.settings.followAppearance.set(true);
-        program.settings.defaultSkin.set(start.skin);
-        if (start.kind != FollowingStart::Kind::first) {
-            program.settings.setHasLaunchedBefore(true);
-            store.setData(u"widgets.v2"_s, WidgetConfig::encodeList({{WidgetKind::clock, start.skin}}));
-            const QString file = UserFolders::wallpapers() + u'/' + Wallpaper::fileName(start.skin, {144, 90});
-            store.set(u"desktopPicture.current"_s, file);
-            if (start.kind == FollowingStart::Kind::later)
-                machine.desktopPicture.shown[screen.connector] = file;
-        }
-        program.delegate.start();
-        for (int i = 0; i < start.answersBefore; ++i) {
-            waitUntil([&] { return machine.desktopPicture.waiting() > 0; }, glance);
-            machine.desktopPicture.answer();
-        }
-        if (start.dark)
-            machine.appearance.setDark(*start.dark);
-        machine.clock.advance(1s);
-        const auto isSettled = [&] {
-            machine.desktopPicture.answer();
-            const QStringList now = skins(program);
-            return now.count(rawValue(expected)) == now.size();
-        };
-        waitUntil(isSettled);
-        waitUntil([&] { return !isSettled(); }, glance);
-        return skins(program);
-    }
-
-private:
-    static constexpr int glance = 100; // milliseconds
-
-    static QStringList skins(const Program& program)
-    {
-        QStringList names{rawValue(program.settings.defaultSkin())};
-        const QString connector = program.machine.windows.screens().first().connector;
-        const auto wallpaper = Wallpaper::skinOf(program.machine.desktopPicture.shown.value(connector));
-        names += wallpaper ? rawValue(*wallpaper) : u"no wallpaper"_s;
-        const auto widgets = WidgetConfig::decodeList(program.defaults.data(u"widgets.v2"_s).value_or("[]"));
-        for (const WidgetConfig& widget : widgets.value())
-            names += rawValue(widget.skin);
-        return names;
-    }
-};
-
-TEST_F(FollowedAppearance, GivesTheRightMemberOfEachPairWhateverIsKnownFirst)
-{
-    using enum FollowingStart::Kind;
-    for (const FollowingStart::Kind kind : {first, later, laterOnADesktopThatForgot}) {
-        for (const Skin skin : {Skin::paper, Skin::slate}) {
-            for (const std::optional<bool> dark : {std::optional(false), std::optional(true), std::optional<bool>()}) {
-                for (int answers = 0; answers < (dark ? 5 : 1); ++answers) {
-                    const Skin expected = dark && isLight(skin) == *dark ? appearancePartner(skin).value() : skin;
-                    const QStringList skins = outcome({kind, skin, dark, answers}, expected);
-                    EXPECT_GE(skins.size(), 3) << "there is no widget";
-                    EXPECT_EQ(skins.count(rawValue(expected)), skins.size())
-                        << "kind " << static_cast<int>(kind) << ", dark " << dark.value_or(false) << ", after "
-                        << answers << " answers: " << qPrintable(skins.join(u' ')) << " instead of "
-                        << qPrintable(rawValue(expected));
-                }
-            }
-        }
-    }
 }
 
 TEST_F(StartUp, ClicksAreCarriedOut)
