@@ -2,19 +2,11 @@
 
 #include "desktop/Desk.h"
 
-#include "desktop/AppearanceFollower.h"
-#include "desktop/ReadingRound.h"
 #include "model/Composition.h"
-#include "platform/recording/RecordingAppearance.h"
-#include "platform/recording/RecordingDesktopPicture.h"
-#include "skins/WallpaperRecipes.h"
-#include "support/TestFolder.h"
-#include "support/WaitUntil.h"
 
 namespace ambrelle {
 namespace {
 
-using namespace std::chrono_literals;
 using enum WidgetKind;
 
 using WidgetManagerTest = DeskTest;
@@ -81,14 +73,6 @@ TEST_F(WidgetManagerTest, LeavesUnreadableRecordsAloneUntilTheNextChange)
         damaged.manager.add(cpu);
         EXPECT_EQ(damaged.stored(), damaged.live()) << c.what;
     }
-}
-
-TEST_F(WidgetManagerTest, SamplesProcessesOnlyWhileAWidgetShowsThem)
-{
-    WidgetController* list = desk.manager.add(processes);
-    EXPECT_TRUE(desk.monitor.wantsProcesses());
-    desk.manager.remove(list);
-    EXPECT_FALSE(desk.monitor.wantsProcesses());
 }
 
 TEST_F(WidgetManagerTest, AppliesALayoutToOneScreenOnly)
@@ -180,91 +164,6 @@ TEST_F(WidgetManagerTest, RaisesPinnedWidgetsAndAllOfThemWhileEditing)
     EXPECT_EQ(levels(), u"ff");
 }
 
-TEST_F(WidgetManagerTest, RepaintsOnlyWhatReadsDifferently)
-{
-    desk.machine.memory.currentPhysicalMemory = 1 << 30;
-    desk.machine.processor.currentTicks = QList<ProcessorTicks>(2);
-    const WidgetController* cpuWidget = desk.add(cpu, {100, 100});
-    desk.add(disk, {400, 100});
-    desk.monitor.start(2);
-    desk.clock.advance(4s);
-    desk.paintAll();
-    const auto repaints = [&](const WidgetController* widget) {
-        return desk.panels().at(desk.manager.controllers().indexOf(widget))->updates().size();
-    };
-    desk.clock.advance(60s);
-    EXPECT_EQ(repaints(cpuWidget), 0) << "an idle machine paints nothing";
-    desk.machine.processor.currentLoads = std::array{1.5, 1.0, 0.5};
-    desk.clock.advance(2s);
-    EXPECT_EQ(repaints(cpuWidget), 1);
-    EXPECT_EQ(repaints(desk.manager.controllers().last()), 0);
-}
-
-TEST_F(WidgetManagerTest, ClocksGoBySecondsWhereTheyShowThemAndSomebodyLooks)
-{
-    desk.settings.animations.set(false);
-    WidgetController* widget = desk.add(clock, {100, 100}, Skin::field);
-    desk.add(clock, {600, 100}, Skin::glass);
-    const auto repaintsIn = [&](std::chrono::milliseconds time) {
-        desk.paintAll();
-        desk.clock.advance(time);
-        return QList<qsizetype>{desk.panels().first()->updates().size(), desk.panels().last()->updates().size()};
-    };
-    EXPECT_EQ(repaintsIn(5s), (QList<qsizetype>{5, 0}));
-    desk.session.setVisible(false);
-    EXPECT_EQ(repaintsIn(90s), (QList<qsizetype>{0, 0}));
-    desk.session.setVisible(true);
-    EXPECT_EQ(repaintsIn(1s), (QList<qsizetype>{1, 0}));
-    widget->setSkin(Skin::glass);
-    EXPECT_EQ(repaintsIn(20s), (QList<qsizetype>{0, 0}));
-    widget->setSkin(Skin::field);
-    EXPECT_EQ(repaintsIn(2s), (QList<qsizetype>{2, 0}));
-}
-
-TEST_F(WidgetManagerTest, OtherWidgetsDoNotHoldAPhotoUp)
-{
-    const TestFolder folder;
-    QImage image(8, 8, QImage::Format_RGB32);
-    for (const char* name : {"one.png", "other.png"})
-        ASSERT_TRUE(image.save(folder.filePath(QLatin1StringView(name))));
-    WidgetController* widget = desk.add(photo, {100, 100});
-    widget->change([&folder](WidgetConfig& config) {
-        config.photoFolder = folder.path();
-        config.photoInterval = 10;
-    });
-    desk.clock.advance(1s); // photos come after the widgets
-    const PhotoAlbum& album = desk.services.live.photos;
-    const auto told = [&] {
-        EXPECT_TRUE(waitUntil([&] { return !album.isLoading(widget->config().id); }));
-        return desk.host.panels().first()->delegate().accessibleText();
-    };
-    waitUntil([&] { return told().contains(u"Picture"_s); });
-    const QString first = told();
-    EXPECT_TRUE(first == u"Picture “one”"_s || first == u"Picture “other”"_s) << first.toStdString();
-
-    WidgetController* other = desk.add(cpu, {600, 100});
-    desk.clock.advance(9min);
-    other->setScale(WidgetScale::huge);
-    widget->change([](WidgetConfig& config) { config.opacity = 0.5; });
-    EXPECT_EQ(told(), first);
-    desk.clock.advance(1min);
-    EXPECT_TRUE(waitUntil([&] { return told() != first; })) << "after ten minutes of its own";
-}
-
-TEST_F(WidgetManagerTest, SharesOneReadingAmongEqualWidgets)
-{
-    ReadingRound round(desk.feed);
-    const WidgetConfig one(memory, Skin::glass);
-    const WidgetConfig other(memory, Skin::paper, WidgetScale::huge, {50, 50});
-    WidgetConfig tokyo(clock, Skin::glass);
-    tokyo.timeZone = u"Asia/Tokyo"_s;
-    EXPECT_EQ(round.readingFor(one, false), round.readingFor(other, false));
-    EXPECT_NE(round.readingFor(tokyo, false), round.readingFor(WidgetConfig(clock, Skin::glass), false));
-    EXPECT_NE(round.readingFor(tokyo, false), round.readingFor(tokyo, true));
-    EXPECT_NE(round.readingFor(WidgetConfig(photo, Skin::glass), false),
-        round.readingFor(WidgetConfig(photo, Skin::glass), false));
-}
-
 TEST_F(WidgetManagerTest, TakesGuestsInWhileTheirScreenIsAway)
 {
     const ScreenInfo main = desk.host.screens().first();
@@ -345,67 +244,6 @@ TEST_F(WidgetManagerTest, ADragIsStoredWhereverItHasGot)
     EXPECT_EQ(widget->config().origin, QPointF(100, 100)) << "it has not been dropped";
     desk.host.release(grip + QPointF(203, 57));
     EXPECT_EQ(desk.stored(), desk.live());
-}
-
-struct AppearanceTest : WidgetManagerTest {
-    RecordingAppearance& appearance = desk.appearance;
-    DesktopWallpaper& wallpaper = desk.wallpaper;
-    AppearanceFollower follower{appearance, desk.settings, desk.manager, wallpaper, desk.clock};
-};
-
-TEST_F(AppearanceTest, IsFollowedWithPairedSkinsOnly)
-{
-    const ScreenInfo main = desk.host.screens().first();
-    desk.show({main, rightScreen});
-    desk.settings.defaultSkin.set(Skin::lumen);
-    desk.add(cpu, {100, 100}, Skin::paper);
-    desk.add(cpu, {400, 100}, Skin::glass);
-    follower.start();
-    const auto skins = [&] {
-        QStringList names;
-        for (const WidgetConfig& config : desk.stored())
-            names.append(rawValue(config.skin));
-        return names.join(u' ') + u" / "_s + rawValue(desk.settings.defaultSkin());
-    };
-    appearance.setDark(true);
-    desk.clock.advance(1s);
-    EXPECT_EQ(skins(), u"paper glass / lumen") << "not asked for";
-    desk.settings.followAppearance.set(true);
-    EXPECT_EQ(skins(), u"mono glass / slate");
-    appearance.setDark(false);
-    desk.clock.advance(299ms);
-    EXPECT_EQ(skins(), u"mono glass / slate");
-    desk.clock.advance(1ms);
-    EXPECT_EQ(skins(), u"paper glass / lumen");
-    desk.settings.defaultSkin.set(Skin::slate);
-    appearance.setContrast(true);
-    desk.clock.advance(1s);
-    EXPECT_EQ(skins(), u"paper glass / slate") << "it is as light as before";
-    appearance.setDark(true);
-    desk.clock.advance(1s);
-    desk.manager.applyPreset(Skin::field, true, main);
-    EXPECT_EQ(desk.settings.defaultSkin(), Skin::fieldDark);
-    EXPECT_EQ(desk.stored().first().skin, Skin::fieldDark) << "a layout is followed too";
-    ASSERT_TRUE(waitUntil([this] { return wallpaper.wantedSkin() == wallpaper.currentSkin(); }));
-    ASSERT_EQ(desk.picture.sets.size(), 1) << "a picture was made for nothing";
-    EXPECT_EQ(wallpaper.currentSkin(), Skin::fieldDark);
-    EXPECT_EQ(desk.picture.sets.first().size(), 1) << "the layout was for one screen";
-}
-
-TEST_F(AppearanceTest, IsFollowedByTheWallpaperToo)
-{
-    const auto becomes = [this](
-                             Skin skin) { return waitUntil([this, skin] { return wallpaper.currentSkin() == skin; }); };
-    wallpaper.apply(Skin::lumen);
-    ASSERT_TRUE(becomes(Skin::lumen));
-    desk.settings.followAppearance.set(true);
-    appearance.setDark(true);
-    follower.start();
-    EXPECT_TRUE(becomes(Skin::slate));
-    wallpaper.apply(Skin::aero);
-    ASSERT_TRUE(becomes(Skin::aero));
-    follower.sync();
-    EXPECT_EQ(desk.picture.sets.size(), 3) << "a skin without a partner stays";
 }
 
 } // namespace
