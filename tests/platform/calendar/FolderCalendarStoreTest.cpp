@@ -3,7 +3,7 @@
 #include "platform/calendar/FolderCalendarStore.h"
 
 #include "foundation/ManualClock.h"
-#include "platform/calendar/CalendarBook.h"
+#include "platform/calendar/CalendarTexts.h"
 #include "support/AnswerOf.h"
 #include "support/TestData.h"
 #include "support/TestFolder.h"
@@ -21,21 +21,6 @@ using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-QByteArray event(const QByteArray& uid, const QByteArray& start = "20250602T120000Z")
-{
-    return "BEGIN:VEVENT\r\nUID:" + uid + "\r\nSUMMARY:" + uid + "\r\nDTSTART:" + start + "\r\nEND:VEVENT\r\n";
-}
-
-QByteArray reminder(const QByteArray& uid, const QByteArray& lines = {})
-{
-    return "BEGIN:VTODO\r\nUID:" + uid + "\r\nSUMMARY:" + uid + "\r\n" + lines + "END:VTODO\r\n";
-}
-
-QByteArray calendar(const QByteArray& content)
-{
-    return "BEGIN:VCALENDAR\r\n" + content + "END:VCALENDAR\r\n";
-}
 
 class FolderCalendarStoreTest : public ::testing::Test {
 protected:
@@ -58,12 +43,8 @@ protected:
     }
     QStringList titles(FolderCalendarStore& store, const QStringList& calendars)
     {
-        QStringList titles;
-        for (const CalendarEvent& each : later<QList<CalendarEvent>>(
-                 [&](const auto& done) { store.events(today, today.addDays(7), calendars, &context, done); }))
-            titles.append(each.title);
-        titles.sort();
-        return titles;
+        return titlesOf(later<QList<CalendarEvent>>(
+            [&](const auto& done) { store.events(today, today.addDays(7), calendars, &context, done); }));
     }
     QList<CalendarReminder> reminders(FolderCalendarStore& store)
     {
@@ -136,10 +117,7 @@ TEST_F(FolderCalendarStoreTest, NoticesWhatAppearsChangesAndGoes)
     const auto becomes = [&](const QStringList& expected) {
         return waitUntil([&] {
             const int before = changes;
-            QStringList calendars;
-            for (const CalendarInfo& each : store.calendars())
-                calendars.append(each.identifier);
-            return titles(store, calendars) == expected && changes == before;
+            return titles(store, identifiersOf(store.calendars())) == expected && changes == before;
         });
     };
     const QString file = u"home/.calendars/office/a.ics"_s;
@@ -251,64 +229,11 @@ TEST_F(FolderCalendarStoreTest, SaysWhichFilesAreLeftOutAndWhy)
     };
     EXPECT_THAT(reasons(), ElementsAre(u"large.ics: It is larger than 32 MB."_s, u"page.ics: It is not a calendar."_s));
     // What events come to is known when they were asked for.
-    QStringList calendars;
-    for (const CalendarInfo& each : store.calendars())
-        calendars.append(each.identifier);
-    EXPECT_TRUE(titles(store, calendars).contains(u"good"_s));
+    EXPECT_TRUE(titles(store, identifiersOf(store.calendars())).contains(u"good"_s));
     EXPECT_TRUE(reasons().contains(u"often.ics: There is more in it than can be listed."_s));
     EXPECT_TRUE(std::ranges::count(store.calendars(), u"turned"_s, &CalendarInfo::name));
     ASSERT_TRUE(QFile::remove(path(u"root/p\u202Eage.ics"_s)));
     EXPECT_TRUE(waitUntil([&] { return !reasons().join(u' ').contains(u"page"_s); }));
-}
-
-TEST_F(FolderCalendarStoreTest, FilesTooLargeTogetherGiveWayToSmallerOnes)
-{
-    QByteArray many;
-    for (int i = 0; i < 60'000; ++i)
-        many += event(QByteArray::number(i));
-    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s})
-        write(u"root/"_s + name + u".ics"_s, calendar(many));
-    write(u"root/z.ics"_s, calendar(event("good") + event("better")));
-    CalendarBook book;
-    const QStringList root{path(u"root"_s)};
-    EXPECT_TRUE(book.refresh(root));
-    const QStringList good{path(u"root/z.ics"_s)};
-    EXPECT_EQ(book.events(today, today.addDays(7), good).size(), 2);
-    const auto before = book.unread().size();
-    EXPECT_GT(before, 0);
-    EXPECT_FALSE(book.refresh(root)); // nor are they read again and again
-    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
-        ASSERT_TRUE(QFile::remove(path(u"root/"_s + name + u".ics"_s)));
-    EXPECT_TRUE(book.refresh(root));
-    EXPECT_TRUE(book.unread().isEmpty()) << "there is room for all that is left";
-    EXPECT_EQ(book.events(today, today.addDays(7), {path(u"root/e.ics"_s)}).size(), 10'000);
-    EXPECT_FALSE(book.refresh(root));
-}
-
-TEST_F(FolderCalendarStoreTest, SaysWhatIsTooMuchAtThatTimeAndNoLonger)
-{
-    // All files together have a few more than can be listed, in the second of two weeks; "c" has the most.
-    QByteArray week;
-    for (int i = 0; i < 9500; ++i)
-        week += event(QByteArray::number(i), "20250610T080000Z");
-    for (int i = 0; i < 10; ++i)
-        write(u"root/a%1.ics"_s.arg(i), calendar(week));
-    write(u"root/c.ics"_s, calendar(week + event("more", "20250610T080000Z")));
-    CalendarBook book;
-    book.refresh({path(u"root"_s)});
-    const auto listed = [&](const QDateTime& from) {
-        QStringList calendars;
-        for (const CalendarInfo& each : book.calendars())
-            calendars.append(each.identifier);
-        return book.events(from, from.addDays(7), calendars).size();
-    };
-    EXPECT_EQ(listed(today), 0);
-    EXPECT_THAT(book.unread(), IsEmpty());
-    EXPECT_EQ(listed(today.addDays(7)), 95'000);
-    EXPECT_THAT(book.unread(),
-        ElementsAre(UnreadCalendar{path(u"root/c.ics"_s), u"There is more in it than can be listed."_s}));
-    EXPECT_EQ(listed(today), 0);
-    EXPECT_THAT(book.unread(), IsEmpty());
 }
 
 TEST_F(FolderCalendarStoreTest, FollowsTheFoldersTheUserAddsAndRemoves)
@@ -380,28 +305,6 @@ TEST_F(FolderCalendarStoreTest, FoldersOnOtherComputersAreLookedThroughNowAndThe
         EXPECT_EQ(store.calendars().size(), isRemote ? before + 1 : before);
     }
     EXPECT_FALSE(CalendarFolders::isRemote(path(u"root"_s)));
-}
-
-TEST_F(FolderCalendarStoreTest, KnowsWhoseCalendarsTheyAre)
-{
-    const QByteArray declined("20250603T080000Z\r\nATTENDEE;PARTSTAT=DECLINED:mailto:me@example.org");
-    write(u"root/me@example.org/a.ics"_s, calendar(event("by folder", declined)));
-    write(u"root/Me@Example.org.ics"_s, calendar(event("by file", declined) + event("mine")));
-    write(u"root/team/b.ics"_s, calendar(event("of the team", declined)));
-    const auto listed = [&](const QStringList& addresses) {
-        CalendarBook book(addresses);
-        book.refresh({path(u"root"_s)});
-        QStringList calendars;
-        for (const CalendarInfo& each : book.calendars())
-            calendars.append(each.identifier);
-        QStringList titles;
-        for (const CalendarEvent& each : book.events(today, today.addDays(7), calendars))
-            titles.append(each.title);
-        titles.sort();
-        return titles;
-    };
-    EXPECT_THAT(listed({}), ElementsAre(u"mine"_s, u"of the team"_s));
-    EXPECT_THAT(listed({u" ME@example.org"_s}), ElementsAre(u"mine"_s));
 }
 
 double secondsOf(clockid_t processor)

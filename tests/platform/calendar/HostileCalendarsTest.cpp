@@ -2,6 +2,7 @@
 
 #include "platform/calendar/HostileCalendars.h"
 #include "platform/calendar/CalendarBook.h"
+#include "platform/calendar/CalendarTexts.h"
 #include "support/TestFolder.h"
 
 #include <QTimeZone>
@@ -57,17 +58,6 @@ void forgetPeak()
     EXPECT_EQ(peak.write("5"), 1);
 }
 
-QStringList titlesOf(CalendarBook& book, const QDateTime& from)
-{
-    QStringList calendars;
-    for (const CalendarInfo& calendar : book.calendars())
-        calendars.append(calendar.identifier);
-    QStringList titles;
-    for (const CalendarEvent& event : book.events(from, from.addDays(7), calendars))
-        titles.append(event.title);
-    return titles;
-}
-
 /// The smaller ones are read, and ask when events are wanted; the large ones already while they are read.
 class HostileCalendarsTest : public ::testing::TestWithParam<qsizetype> { };
 
@@ -87,7 +77,8 @@ TEST_P(HostileCalendarsTest, NoneTakesMuchOrHidesAnother)
         CalendarBook book;
         book.refresh({folder.path()});
         const double read = threadSeconds();
-        EXPECT_TRUE(titlesOf(book, monday).contains(u"Good"_s));
+        EXPECT_TRUE(
+            titlesOf(book.events(monday, monday.addDays(7), identifiersOf(book.calendars()))).contains(u"Good"_s));
         const auto reminders = book.reminders(monday);
         const double answered = threadSeconds();
         EXPECT_TRUE(std::ranges::any_of(reminders, [](const auto& each) { return each.title == "Good"_L1; }));
