@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+
+#include "wallpapers/PictureDesk.h"
+
+namespace ambrelle {
+namespace {
+
+using DesktopWallpaperMemoryTest = PictureDesk;
+
+TEST_F(DesktopWallpaperMemoryTest, TheUsersOwnPictureCanBeGivenBack)
+{
+    EXPECT_FALSE(wallpaper.hasPrevious());
+    ASSERT_EQ(apply(Skin::mono), QString());
+    picture.memory = {{u"uri"_s, u"one of ours"_s}};
+    ASSERT_EQ(apply(Skin::neon), QString());
+    ASSERT_TRUE(wallpaper.hasPrevious());
+
+    picture.failure = u"Not now."_s;
+    EXPECT_EQ(giveBackPrevious(), u"Not now."_s);
+    EXPECT_TRUE(wallpaper.hasPrevious());
+    picture.failure.clear();
+    picture.shown = {{u"LEFT"_s, u"/home/user/holiday.jpg"_s}, {u"RIGHT"_s, u"/home/user/garden.jpg"_s}};
+    EXPECT_EQ(giveBackPrevious(), QString());
+    EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"holiday"_s}}));
+    EXPECT_EQ(wallpaper.currentURL(), u"/home/user/holiday.jpg"_s) << "the desktop was asked";
+    EXPECT_EQ(wallpaper.currentURL(host.screens().last()), u"/home/user/garden.jpg"_s);
+    EXPECT_FALSE(wallpaper.hasPrevious());
+    EXPECT_FALSE(giveBackPrevious().isEmpty());
+}
+
+TEST_F(DesktopWallpaperMemoryTest, APictureThatTheUserSetLaterIsRememberedInstead)
+{
+    ASSERT_EQ(apply(Skin::mono), QString());
+    picture.shown[u"LEFT"_s] = u"/home/user/garden.jpg"_s;
+    picture.memory = {{u"uri"_s, u"garden"_s}};
+    ASSERT_EQ(apply(Skin::neon), QString());
+    ASSERT_EQ(giveBackPrevious(), QString());
+    EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"garden"_s}}));
+}
+
+TEST_F(DesktopWallpaperMemoryTest, WhatShowedAtAnyMomentComesBack)
+{
+    using Memory = DesktopWallpaper::Memory;
+    const auto remembered = [&] {
+        return answerOf<Memory>([&](const auto& then) { wallpaper.remember(then); }, Answered::anyTime);
+    };
+    const auto giveBack = [&](const Memory& memory) {
+        return answerOf<QString>([&](const auto& done) { wallpaper.giveBack(memory, done); }, Answered::anyTime);
+    };
+    const Memory usersOwn = remembered();
+    EXPECT_TRUE(QFileInfo(picture.rememberFolders.last()).isDir());
+    ASSERT_EQ(apply(Skin::mono), QString());
+    const QJsonObject holiday = std::exchange(picture.memory, {{u"uri"_s, u"mono"_s}});
+    const Memory ours = remembered();
+    EXPECT_NE(picture.rememberFolders.last(), folders.wallpapers) << "what is kept there is wanted longer";
+
+    ASSERT_EQ(apply(Skin::neon), QString());
+    EXPECT_EQ(giveBack(ours), QString());
+    EXPECT_EQ(picture.givenBack.last(), (QJsonObject{{u"uri"_s, u"mono"_s}}));
+    EXPECT_EQ(wallpaper.currentSkin(), Skin::mono);
+    EXPECT_EQ(wallpaper.currentSkin(host.screens().last()), Skin::mono);
+    EXPECT_TRUE(wallpaper.hasPrevious());
+
+    EXPECT_EQ(giveBack(usersOwn), QString());
+    EXPECT_EQ(picture.givenBack.last(), holiday);
+    EXPECT_EQ(wallpaper.currentURL(), u"/home/user/holiday.jpg"_s);
+    EXPECT_FALSE(wallpaper.hasPrevious()) << "it shows already";
+    EXPECT_EQ(giveBack(ours), QString());
+    EXPECT_TRUE(wallpaper.hasPrevious()) << "the other way round";
+    EXPECT_EQ(giveBackPrevious(), QString());
+    EXPECT_EQ(picture.givenBack.last(), holiday);
+
+    picture.failure = u"Not now."_s;
+    EXPECT_EQ(giveBack(ours), u"Not now."_s);
+    EXPECT_FALSE(wallpaper.hasPrevious());
+    picture.memory = {};
+    EXPECT_FALSE(remembered().isKnown());
+    EXPECT_FALSE(giveBack(remembered()).isEmpty());
+}
+
+TEST_F(DesktopWallpaperMemoryTest, WhatIsGivenBackAndWhatIsAppliedComeInTheirOrder)
+{
+    picture.isDeferred = true;
+    const auto settle = [&](Skin skin) {
+        return waitUntil([&] {
+            picture.answer();
+            return wallpaper.currentSkin() == skin && wallpaper.wantedSkin() == skin && picture.waiting() == 0;
+        });
+    };
+    DesktopWallpaper::Memory ours;
+    ours.desktop = {{u"uri"_s, u"mono"_s}};
+    for (const ScreenInfo& screen : host.screens())
+        ours.files.insert(screen.connector, path(u"mono-r16-1x1.png"_s));
+    wallpaper.apply(Skin::neon);
+    wallpaper.giveBack(ours);
+    EXPECT_EQ(wallpaper.wantedSkin(), Skin::mono);
+    EXPECT_TRUE(settle(Skin::mono));
+    EXPECT_TRUE(picture.sets.isEmpty());
+    wallpaper.giveBack(ours);
+    wallpaper.apply(Skin::neon);
+    EXPECT_TRUE(settle(Skin::neon));
+}
+
+} // namespace
+} // namespace ambrelle
