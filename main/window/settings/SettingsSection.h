@@ -6,6 +6,7 @@
 #include "window/frame/SearchWords.h"
 #include "window/settings/SettingsRow.h"
 
+#include <algorithm>
 #include <map>
 
 namespace ambrelle {
@@ -55,14 +56,7 @@ public:
         const std::function<QString(const T&)>& other = {})
     {
         return addChoiceRow(
-            text, setting.key(), titlesOf(choices),
-            [&setting, choices] {
-                for (qsizetype index = 0; index < choices.size(); ++index) {
-                    if (choices[index].value == setting())
-                        return static_cast<int>(index);
-                }
-                return -1;
-            },
+            text, setting.key(), titlesOf(choices), [&setting, choices] { return placeOf(setting(), choices); },
             [&setting, other] { return other ? other(setting()) : QString(); },
             [&setting, choices](int index) { setting.set(choices[index].value); });
     }
@@ -70,14 +64,7 @@ public:
     SettingsRow* addSegments(const RowText& text, Setting<T>& setting, const QList<RowChoice<T>>& choices)
     {
         return addSegmentsRow(
-            text, setting.key(), titlesOf(choices),
-            [&setting, choices] {
-                for (qsizetype index = 0; index < choices.size(); ++index) {
-                    if (choices[index].value == setting())
-                        return static_cast<int>(index);
-                }
-                return -1;
-            },
+            text, setting.key(), titlesOf(choices), [&setting, choices] { return placeOf(setting(), choices); },
             [&setting, choices](int index) { setting.set(choices[index].value); });
     }
     /// A number is taken on Enter, by an arrow, and when the focus goes.
@@ -110,6 +97,12 @@ private:
         for (const RowChoice<T>& choice : choices)
             titles.append(choice.title);
         return titles;
+    }
+    /// -1: it is none of them.
+    template <typename T> static int placeOf(const T& value, const QList<RowChoice<T>>& choices)
+    {
+        const auto found = std::ranges::find(choices, value, &RowChoice<T>::value);
+        return found == choices.end() ? -1 : static_cast<int>(std::distance(choices.begin(), found));
     }
     SettingsRow* addChoiceRow(const RowText& text, const QString& key, const QStringList& titles,
         std::function<int()> index, std::function<QString()> other, std::function<void(int)> choose);
