@@ -70,6 +70,29 @@ struct Desk : DeskOf<ManualClock, RecordingWindowHost> {
     }
 };
 
+/// Called with something to do, it gives what the manager told of it: "list 3" of three widgets, or a widget's kind.
+class ManagerListener : public QObject {
+public:
+    explicit ManagerListener(Desk& desk)
+    {
+        connect(&desk.manager, &WidgetManager::controllersChanged, this, [this, &desk] {
+            EXPECT_EQ(desk.stored(), desk.live());
+            m_told += u"list %1"_s.arg(desk.live().size());
+        });
+        connect(&desk.manager, &WidgetManager::configChanged, this,
+            [this](const WidgetController* widget) { m_told += rawValue(widget->config().kind); });
+    }
+    std::string operator()(const std::function<void()>& act)
+    {
+        m_told.clear();
+        act();
+        return m_told.join(u' ').toStdString();
+    }
+
+private:
+    QStringList m_told;
+};
+
 struct DeskTest : testing::Test {
     UserDefaults store = UserDefaults::temporary();
     Desk desk{store};

@@ -220,25 +220,14 @@ TEST_F(DesktopThemesTest, TakingBackTellsEveryChange)
     WidgetController* first = desk.add(cpu, {100, 100});
     desk.add(memory, {400, 100});
     const QList<StoredWidget> before = desk.manager.stored();
-    QStringList told;
-    QObject::connect(&desk.manager, &WidgetManager::controllersChanged, [&] {
-        EXPECT_EQ(desk.stored(), desk.live());
-        told += u"list"_s;
-    });
-    QObject::connect(&desk.manager, &WidgetManager::configChanged,
-        [&](const WidgetController* widget) { told += rawValue(widget->config().kind); });
-    const auto after = [&](const std::function<void()>& act) {
-        told.clear();
-        act();
-        return told.join(u' ').toStdString();
-    };
+    ManagerListener after(desk);
     first->setPinned(true);
     EXPECT_EQ(after([&] { desk.manager.replaceAll(before); }), "cpu");
     EXPECT_EQ(after([&] { desk.manager.replaceAll(before); }), "");
-    EXPECT_EQ(after([&] { desk.manager.replaceAll({before[1], before[0]}); }), "list") << "the order";
+    EXPECT_EQ(after([&] { desk.manager.replaceAll({before[1], before[0]}); }), "list 2") << "the order";
     desk.manager.remove(first);
-    EXPECT_EQ(after([&] { desk.manager.reinsert(before[0], 0); }), "list");
-    EXPECT_EQ(after([&] { desk.manager.apply(huge(2), false); }), "list");
+    EXPECT_EQ(after([&] { desk.manager.reinsert(before[0], 0); }), "list 2");
+    EXPECT_EQ(after([&] { desk.manager.apply(huge(2), false); }), "list 2");
 }
 
 } // namespace

@@ -95,18 +95,7 @@ TEST_F(WidgetManagerTest, AppliesALayoutToOneScreenOnly)
 
 TEST_F(WidgetManagerTest, TellsEveryChangeOfTheListAndOfARecordOnceItIsStored)
 {
-    QStringList told;
-    QObject::connect(&desk.manager, &WidgetManager::controllersChanged, [&] {
-        EXPECT_EQ(desk.stored(), desk.live());
-        told += u"list %1"_s.arg(desk.live().size());
-    });
-    QObject::connect(&desk.manager, &WidgetManager::configChanged,
-        [&](const WidgetController* widget) { told += rawValue(widget->config().kind); });
-    const auto after = [&](const std::function<void()>& act) {
-        told.clear();
-        act();
-        return told.join(u' ').toStdString();
-    };
+    ManagerListener after(desk);
     EXPECT_EQ(after([&] { desk.add(cpu, {1200, 100}); }), "list 1");
     EXPECT_EQ(after([&] { desk.add(memory, {100, 100}); }), "list 2");
     EXPECT_EQ(after([&] { desk.manager.controllers().first()->setPinned(true); }), "cpu");
