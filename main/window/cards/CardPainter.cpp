@@ -7,7 +7,7 @@
 #include "window/cards/CardDelegate.h"
 #include "window/cards/CardShadow.h"
 #include "window/look/AppLook.h"
-#include "window/look/Measures.h"
+#include "window/look/ControlPainting.h"
 
 #include <QPainter>
 #include <QTextLayout>
@@ -26,8 +26,6 @@ constexpr double selectionDistance = 2; // from the picture
 constexpr double restingRing = 2;
 constexpr double focusDistance = 1;
 constexpr double headingGap = 8; // before the count
-constexpr double innerLineAlpha = 0.12;
-constexpr double hoveredLineAlpha = 0.24;
 
 const AppColours& appColours()
 {
@@ -101,7 +99,7 @@ void CardPainter::card(const Card& card, const CardParts& parts, const CardSight
         if (!AppLook::shared().wishes().highContrast)
             drawCardShadow(m_painter, area, CardLayout::corner, m_pixelRatio);
         picture(card, area, sight);
-        innerLine(area, sight.hover);
+        paintPictureEdge(m_painter, area, CardLayout::corner, sight.hover);
         if (card.state == Card::State::working)
             working(card, area, sight.ringTurn);
         if (!card.pill.isEmpty())
@@ -138,19 +136,6 @@ void CardPainter::picture(const Card& card, const QRectF& area, const CardSight&
         const QColor ground = card.ground.isValid() ? blended(plain, card.ground, 0.5) : plain;
         notice(card, area, legible(appColours().soft, inkOn(ground), ground));
     }
-}
-
-void CardPainter::innerLine(const QRectF& area, double hover)
-{
-    const AppLook& look = AppLook::shared();
-    const double alpha =
-        look.wishes().highContrast ? 0.6 : innerLineAlpha + (hoveredLineAlpha - innerLineAlpha) * hover;
-    const double width = hairline(m_pixelRatio);
-    m_painter.setBrush(Qt::NoBrush);
-    m_painter.setPen(QPen(faded(look.wishes().dark ? Qt::white : Qt::black, alpha), width));
-    const double half = width / 2;
-    m_painter.drawRoundedRect(
-        area.adjusted(half, half, -half, -half), CardLayout::corner - half, CardLayout::corner - half);
 }
 
 void CardPainter::ring(const QRectF& area, CardSight::Ring kind)

@@ -46,7 +46,6 @@ private:
     QRectF onPixels(const QRectF& rect) const;
     void shadow(const QRectF& picture);
     void picture(const Card& card, const QRectF& area, const CardSight& sight);
-    void innerLine(const QRectF& area, double hover);
     void ring(const QRectF& area, CardSight::Ring kind);
     void notice(const Card& card, const QRectF& area, const QColor& ink);
     void working(const Card& card, const QRectF& area, double turn);

@@ -6,6 +6,7 @@
 #include "drawing/Symbols.h"
 #include "window/look/AppLook.h"
 #include "window/look/FocusRing.h"
+#include "window/look/Measures.h"
 #include "window/look/Transitions.h"
 #include "window/look/WindowStyle.h"
 
@@ -87,6 +88,18 @@ void paintSymbol(QPainter& painter, const QRectF& area, const QString& name, con
     painter.translate(area.topLeft());
     painter.scale(area.width(), area.height());
     painter.fillPath(symbolPath(name), ink);
+}
+
+void paintPictureEdge(QPainter& painter, const QRectF& area, double corner, double hover)
+{
+    const Saved saved(painter);
+    const LookWishes& wishes = AppLook::shared().wishes();
+    const double strength = wishes.highContrast ? 0.6 : 0.12 + 0.12 * hover;
+    const double width = hairline(painter.device()->devicePixelRatioF());
+    const double half = width / 2;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(faded(wishes.dark ? Qt::white : Qt::black, strength), width));
+    painter.drawRoundedRect(area.adjusted(half, half, -half, -half), corner - half, corner - half);
 }
 
 void drawSwitch(QPainter& painter, const QStyleOption& option, const QWidget* widget)

@@ -25,6 +25,8 @@ struct ControlPlate {
 
 void drawPlate(QPainter& painter, const ControlPlate& plate);
 void paintSymbol(QPainter& painter, const QRectF& area, const QString& name, const QColor& ink);
+/// The line within a picture's round edge, by which a pale one is told from the ground. `hover`: from 0 to 1.
+void paintPictureEdge(QPainter& painter, const QRectF& area, double corner, double hover = 0);
 
 void drawSwitch(QPainter& painter, const QStyleOption& option, const QWidget* widget);
 void drawSlider(QPainter& painter, const QStyle& style, const QStyleOptionSlider& option, const QWidget* widget);

@@ -6,8 +6,8 @@
 #include "window/cards/PictureShelf.h"
 #include "window/cards/ShelfPictures.h"
 #include "window/look/AppLook.h"
+#include "window/look/ControlPainting.h"
 #include "window/look/FocusRing.h"
-#include "window/look/Measures.h"
 
 #include <QAbstractItemView>
 #include <QPainter>
@@ -28,8 +28,6 @@ constexpr double frameCorner = 6;
 constexpr double ringDistance = 2;
 constexpr double currentRing = 3; // wide
 constexpr double restingRing = 2;
-constexpr double frameLine = 0.12;
-constexpr double pointedFrameLine = 0.24;
 
 int nameLine()
 {
@@ -73,7 +71,8 @@ void FilmDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     const QRectF area(option.rect.left() + frameGap / 2.0, option.rect.top() + frameLead, frameWidth, frameHeight);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    paintPicture(*painter, area, index, option.state.testFlag(QStyle::State_MouseOver) ? pointedFrameLine : frameLine);
+    paintPicture(*painter, area, index);
+    paintPictureEdge(*painter, area, frameCorner, option.state.testFlag(QStyle::State_MouseOver) ? 1 : 0);
     if (isCurrent) {
         const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus) && FocusRing::shared().isShown();
         const double width = hasFocus ? currentRing : restingRing;
@@ -94,7 +93,7 @@ void FilmDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->restore();
 }
 
-void FilmDelegate::paintPicture(QPainter& painter, const QRectF& area, const QModelIndex& index, double line) const
+void FilmDelegate::paintPicture(QPainter& painter, const QRectF& area, const QModelIndex& index) const
 {
     const AppLook& look = AppLook::shared();
     const double ratio = painter.device()->devicePixelRatioF();
@@ -118,12 +117,6 @@ void FilmDelegate::paintPicture(QPainter& painter, const QRectF& area, const QMo
         painter.drawPixmap(QRect(QPoint(), order.pixels), picture, picture.rect());
         painter.restore();
     }
-    const double width = hairline(ratio);
-    const double half = width / 2;
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(
-        QPen(faded(look.wishes().dark ? Qt::white : Qt::black, look.wishes().highContrast ? 0.6 : line), width));
-    painter.drawRoundedRect(area.adjusted(half, half, -half, -half), frameCorner - half, frameCorner - half);
 }
 
 } // namespace ambrelle

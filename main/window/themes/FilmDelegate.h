@@ -26,7 +26,7 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
-    void paintPicture(QPainter& painter, const QRectF& area, const QModelIndex& index, double line) const;
+    void paintPicture(QPainter& painter, const QRectF& area, const QModelIndex& index) const;
 
     PictureShelf& m_shelf;
 };

@@ -9,7 +9,6 @@
 #include "window/look/AccessibleRole.h"
 #include "window/look/AppLook.h"
 #include "window/look/ControlPainting.h"
-#include "window/look/Measures.h"
 
 #include <QPainter>
 #include <QVariantAnimation>
@@ -27,7 +26,6 @@ namespace {
 constexpr std::chrono::milliseconds settleTime{200}; // after the last change of the size
 constexpr int arrivalTime = 250; // milliseconds
 constexpr double failedSymbol = 24;
-constexpr double pictureLine = 0.12;
 
 bool isSameDesktop(const DesktopSnapshots::Wish& one, const DesktopSnapshots::Wish& other)
 {
@@ -228,12 +226,7 @@ void ThemePicture::paintEvent(QPaintEvent*)
         paintPicture(painter, picture);
         painter.setOpacity(1);
     }
-    const double width = hairline(devicePixelRatioF());
-    const double alpha = look.wishes().highContrast ? 0.6 : pictureLine;
-    painter.setPen(QPen(faded(look.wishes().dark ? Qt::white : Qt::black, alpha), width));
-    painter.setBrush(Qt::NoBrush);
-    const double half = width / 2;
-    painter.drawRoundedRect(area.adjusted(half, half, -half, -half), corner - half, corner - half);
+    paintPictureEdge(painter, area, corner);
 }
 
 /// Cut round; one that was drawn for these pixels is not scaled.

@@ -8,7 +8,6 @@
 #include "window/look/AccessibleRole.h"
 #include "window/look/AppLook.h"
 #include "window/look/ControlPainting.h"
-#include "window/look/Measures.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -115,11 +114,7 @@ void ScreenPreview::drawPicture(QPainter& painter, const QRectF& area)
         picture.setDevicePixelRatio(ratio);
         painter.drawPixmap(area.topLeft(), picture);
     }
-    const double line = hairline(ratio);
-    const LookWishes& wishes = AppLook::shared().wishes();
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(faded(wishes.dark ? Qt::white : Qt::black, wishes.highContrast ? 0.6 : 0.12), line));
-    painter.drawRoundedRect(area.adjusted(line / 2, line / 2, -line / 2, -line / 2), screenCorner, screenCorner);
+    paintPictureEdge(painter, area, screenCorner);
 }
 
 void ScreenPreview::drawTexts(QPainter& painter, const QRect& room) const
