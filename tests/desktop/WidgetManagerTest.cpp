@@ -153,24 +153,6 @@ TEST_F(WidgetManagerTest, RaisesPinnedWidgetsAndAllOfThemWhileEditing)
     EXPECT_EQ(levels(), u"ff");
 }
 
-TEST_F(WidgetManagerTest, TakesGuestsInWhileTheirScreenIsAway)
-{
-    const ScreenInfo main = desk.host.screens().first();
-    desk.host.setScreens({main, rightScreen});
-    desk.add(cpu, {2200, 700});
-    desk.add(network, {200, 200});
-    const QList<WidgetConfig> before = desk.live();
-    desk.show({main});
-    EXPECT_TRUE(main.visibleFrame.contains(desk.live().first().frame()));
-    EXPECT_EQ(desk.panels().first()->frame(), PanelGeometry::panelFrame(desk.live().first().frame()));
-    desk.show({});
-    desk.manager.controllers().last()->setPinned(true);
-    desk.manager.controllers().last()->setPinned(false);
-    desk.show({main, rightScreen});
-    EXPECT_EQ(desk.live(), before);
-    EXPECT_EQ(desk.stored(), before);
-}
-
 TEST_F(WidgetManagerTest, AGuestThatIsDraggedBackToItsStartIsAtHomeThere)
 {
     const ScreenInfo main = desk.host.screens().first();

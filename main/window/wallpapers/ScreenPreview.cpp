@@ -2,7 +2,6 @@
 
 #include "window/wallpapers/ScreenPreview.h"
 
-#include "drawing/Colours.h"
 #include "foundation/Wording.h"
 #include "window/cards/PictureShelf.h"
 #include "window/look/AccessibleRole.h"
