@@ -234,6 +234,8 @@ TEST_F(ThemeFilesTest, ExportsAreWholeOrSayWhyNot)
     const QString link = folder.filePath(u"link.ambrelle"_s);
     EXPECT_EQ(files.exportTo(path, file.theme), QString());
     ASSERT_TRUE(QFile::link(path, link));
+    folder.write(u"out.ambrelle.new"_s, "somebody else's");
+    EXPECT_EQ(files.exportTo(path, file.theme), QString());
     {
         const test::FullDisk full;
         EXPECT_EQ(files.exportTo(path, file.theme), u"“%1” cannot be written: File too large."_s.arg(path));
@@ -244,7 +246,9 @@ TEST_F(ThemeFilesTest, ExportsAreWholeOrSayWhyNot)
     EXPECT_EQ(files.exportTo(link, {.id = file.theme.id, .name = u"new"_s, .created = someDay}), QString());
     EXPECT_EQ(ThemeFiles::read(path)->theme.name, u"new"_s);
     EXPECT_TRUE(QFileInfo(link).isSymLink());
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 2) << "nothing is left beside";
+    EXPECT_EQ(folder.read(u"out.ambrelle.new"_s), "somebody else's");
+    EXPECT_EQ(files.exportTo(folder.filePath(QString(255, u'x')), file.theme), QString()) << "the longest name";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 4) << "nothing is left beside";
 }
 
 TEST(ThemeFileNamesTest, AreTakenByAnyFileSystem)
