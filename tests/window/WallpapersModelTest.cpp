@@ -2,6 +2,8 @@
 
 #include "window/wallpapers/WallpapersModel.h"
 
+#include "support/TestFolder.h"
+#include "support/WaitUntil.h"
 #include "window/cards/ShelfPictures.h"
 
 #include <QItemSelectionModel>
@@ -28,6 +30,25 @@ QStringList titles(const WallpapersModel& model)
     for (int row = 0; row < model.rowCount(); ++row)
         titles.append(model.index(row).data(Qt::DisplayRole).toString());
     return titles;
+}
+
+TEST(PictureFilesTest, HundredsAreToldAtOnce)
+{
+    const TestFolder folder;
+    QStringList paths{folder.write(u"there.png"_s, "x")};
+    for (int number = 0; number < 300; ++number)
+        paths.append(folder.filePath(QString::number(number)));
+    PictureFiles files;
+    int told = 0;
+    QObject::connect(&files, &PictureFiles::changed, [&] { ++told; });
+    files.look(paths);
+    ASSERT_TRUE(waitUntil([&] { return files.facts(paths.last()).has_value(); }));
+    EXPECT_EQ(told, 1) << "all cards are made anew each time";
+    EXPECT_TRUE(files.facts(paths.first())->isThere);
+    EXPECT_FALSE(files.facts(paths.last())->isThere);
+    files.look(paths);
+    files.list(folder.path(), [&](const QStringList&) { ++told; }); // after them
+    ASSERT_TRUE(waitUntil([&] { return told == 2; }));
 }
 
 TEST(WallpapersModelTest, ShowsTheSectionsOfAScopeAndWhatIsSearchedFor)

@@ -6,6 +6,8 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 namespace ambrelle {
 
 namespace {
@@ -27,16 +29,32 @@ PictureFiles::~PictureFiles() = default;
 
 void PictureFiles::look(const QStringList& paths)
 {
+    // Together as they lie: hundreds are told at once, and none of them waits for a disk that comes later.
+    QHash<QString, QStringList> folders;
+    QStringList order;
     for (const QString& path : paths) {
-        m_worker.run([path] { return factsAbout(path); },
-            [this, path](const Facts& facts) {
-                const auto known = m_facts.constFind(path);
-                if (known != m_facts.cend() && *known == facts)
-                    return;
-                m_facts.insert(path, facts);
-                Q_EMIT changed();
-            });
+        QStringList& inFolder = folders[QFileInfo(path).path()];
+        if (inFolder.isEmpty())
+            order.append(QFileInfo(path).path());
+        inFolder.append(path);
     }
+    for (const QString& folder : std::as_const(order)) {
+        const auto work = [files = folders.value(folder)] {
+            QHash<QString, Facts> facts;
+            for (const QString& path : files)
+                facts.insert(path, factsAbout(path));
+            return facts;
+        };
+        m_worker.run(work, [this](const QHash<QString, Facts>& facts) { learn(facts); });
+    }
+}
+
+void PictureFiles::learn(const QHash<QString, Facts>& facts)
+{
+    QHash<QString, Facts> all = m_facts;
+    all.insert(facts);
+    if (std::exchange(m_facts, all) != all)
+        Q_EMIT changed();
 }
 
 std::optional<PictureFiles::Facts> PictureFiles::facts(const QString& path) const

@@ -41,6 +41,8 @@ Q_SIGNALS:
     void changed(); ///< other facts are known
 
 private:
+    void learn(const QHash<QString, Facts>& facts);
+
     QHash<QString, Facts> m_facts;
     SerialWorker m_worker;
 };

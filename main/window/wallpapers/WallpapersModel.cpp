@@ -78,12 +78,13 @@ QList<WallpaperChoice> WallpapersModel::found(const WallpaperShelf& shelf, Wallp
 {
     QList<WallpaperChoice> all;
     switch (section) {
-    case WallpapersScope::mine:
-        for (const QString& path : shelf.own) {
-            if (!all.contains(WallpaperChoice(WallpaperShuffle::Custom{path})))
-                all.append(WallpaperShuffle::Custom{path});
-        }
+    case WallpapersScope::mine: {
+        QStringList own = shelf.own;
+        own.removeDuplicates();
+        for (const QString& path : std::as_const(own))
+            all.append(WallpaperShuffle::Custom{path});
         break;
+    }
     case WallpapersScope::photographs:
         for (const QString& path : shelf.photographs)
             all.append(WallpaperShuffle::Extra{path});
