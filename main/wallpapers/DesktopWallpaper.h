@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "foundation/SerialWorker.h"
 #include "platform/DesktopPicture.h"
 #include "platform/WindowHost.h"
 #include "wallpapers/Wallpaper.h"
@@ -137,6 +138,7 @@ private:
     int m_request = 0; ///< a newer one makes older ones void
     int m_changes = 0; ///< requests begun and ended; what the desktop told before is out of date
     QThreadPool m_painter;
+    SerialWorker m_files{*this}; ///< what has not to wait for the painter
 };
 
 } // namespace ambrelle

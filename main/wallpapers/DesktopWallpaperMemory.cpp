@@ -7,7 +7,6 @@
 #include "foundation/Wording.h"
 
 #include <QDir>
-#include <QtConcurrentRun>
 
 #include <algorithm>
 
@@ -53,7 +52,7 @@ void DesktopWallpaper::remember(const std::function<void(const Memory& memory)>&
             then({memory, m_shown, m_notes.previous(), m_notes.current()});
         });
     };
-    QtConcurrent::run([folder] { QDir().mkpath(folder); }).then(this, [this, ask] { refresh(ask); });
+    m_files.run([folder] { return QDir().mkpath(folder); }, [this, ask](bool) { refresh(ask); });
 }
 
 void DesktopWallpaper::giveBack(const Memory& memory, const Done& done)

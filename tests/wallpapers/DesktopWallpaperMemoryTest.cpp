@@ -2,6 +2,9 @@
 
 #include "wallpapers/PictureDesk.h"
 
+#include <QSemaphore>
+#include <QThreadPool>
+
 namespace ambrelle {
 namespace {
 
@@ -76,6 +79,24 @@ TEST_F(DesktopWallpaperMemoryTest, WhatShowedAtAnyMomentComesBack)
     picture.memory = {};
     EXPECT_FALSE(remembered().isKnown());
     EXPECT_FALSE(giveBack(remembered()).isEmpty());
+}
+
+TEST_F(DesktopWallpaperMemoryTest, RemembersWhateverElseIsUnderWay)
+{
+    QSemaphore end;
+    QThreadPool& others = *QThreadPool::globalInstance();
+    const int usual = others.maxThreadCount();
+    others.setMaxThreadCount(1);
+    others.start([&end] { end.acquire(); }); // waits for a network, maybe
+    const bool isKnown = answerOf<bool>(
+        [this](const auto& done) {
+            wallpaper.remember([done](const DesktopWallpaper::Memory& memory) { done(memory.isKnown()); });
+        },
+        Answered::anyTime);
+    EXPECT_TRUE(isKnown);
+    end.release();
+    others.waitForDone();
+    others.setMaxThreadCount(usual);
 }
 
 TEST_F(DesktopWallpaperMemoryTest, WhatIsGivenBackAndWhatIsAppliedComeInTheirOrder)
