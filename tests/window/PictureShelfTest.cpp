@@ -169,6 +169,18 @@ TEST_F(PictureShelfTest, AFailureIsKnownUntilAllIsReleased)
     EXPECT_TRUE(ask(orderOf(2)).isNull());
 }
 
+TEST_F(PictureShelfTest, AFailureIsThatOfOneSize)
+{
+    ask(orderOf(1, {5000, 5000}));
+    m_loader.serveFirst(false);
+    ask(orderOf(1));
+    EXPECT_EQ(m_loader.names(), QStringList{u"1"_s}) << "a smaller one may do";
+    m_loader.serveAll();
+    EXPECT_FALSE(m_shelf.hasFailed(orderOf(1).key));
+    ask(orderOf(1, {5000, 5000}));
+    EXPECT_EQ(m_loader.names(), QStringList());
+}
+
 TEST(PictureShelfEndTest, AnswersMayComeAfterIt)
 {
     SlowLoader loader;

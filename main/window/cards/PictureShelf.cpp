@@ -47,6 +47,11 @@ QPixmap PictureShelf::standIn(const PictureKey& key) const
     return largest;
 }
 
+bool PictureShelf::hasFailed(const PictureKey& key) const
+{
+    return m_failed.contains(key) && standIn(key).isNull();
+}
+
 void PictureShelf::setWanted(const QObject& view, const QList<PictureOrder>& orders)
 {
     if (!m_wanted.contains(&view)) {
@@ -78,7 +83,8 @@ bool PictureShelf::isWanted(const PictureOrder& order) const
 
 void PictureShelf::order(const PictureOrder& order)
 {
-    if (order.pixels.isEmpty() || m_kept.contains(order) || m_ordered.contains(order) || hasFailed(order.key))
+    if (order.pixels.isEmpty() || m_kept.contains(order) || m_ordered.contains(order)
+        || m_failed.value(order.key).contains(order))
         return;
     m_ordered.insert(order);
     m_loader.load(order, [self = m_self, order](const QImage& image) {
@@ -96,7 +102,7 @@ void PictureShelf::receive(const PictureOrder& order, const QImage& image)
 {
     m_ordered.remove(order);
     if (image.isNull()) {
-        m_failed.insert(order.key);
+        m_failed[order.key].insert(order);
     } else {
         m_kept.insert(order, {QPixmap::fromImage(image), ++m_uses});
         m_bytes += bytesOf(order.pixels);

@@ -26,8 +26,8 @@ public:
     QPixmap picture(const PictureKey& key, const QSize& pixels, double corner);
     /// The same picture in any other size that is there, to be stretched meanwhile; null when there is none.
     QPixmap standIn(const PictureKey& key) const;
-    /// Whether there is no such picture. It is not tried again before release().
-    bool hasFailed(const PictureKey& key) const { return m_failed.contains(key); }
+    /// Whether there is no such picture, in no size that was tried. None of them is tried again before release().
+    bool hasFailed(const PictureKey& key) const;
     /// All that `view` shows and is about to show, first things first. What is missing is ordered; what no view wants
     /// and has not begun is dropped. A view that goes wants nothing.
     void setWanted(const QObject& view, const QList<PictureOrder>& orders);
@@ -54,7 +54,7 @@ private:
     PictureLoader& m_loader;
     QHash<PictureOrder, Kept> m_kept;
     QSet<PictureOrder> m_ordered;
-    QSet<PictureKey> m_failed;
+    QHash<PictureKey, QSet<PictureOrder>> m_failed;
     QHash<const QObject*, QSet<PictureOrder>> m_wanted; // by view
     qint64 m_bytes = 0;
     quint64 m_uses = 0;

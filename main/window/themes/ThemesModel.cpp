@@ -68,7 +68,11 @@ void ThemesModel::follow()
     connect(&m_with.themeActions, &ThemeActions::workingChanged, this, &ThemesModel::refresh);
     connect(&m_with.themeActions.applied(), &AppliedThemes::changed, this, &ThemesModel::refresh);
     connect(&m_with.shelf, &PictureShelf::arrived, this, [this](const PictureKey& key) {
-        if (m_with.shelf.hasFailed(key))
+        const bool failed = m_with.shelf.hasFailed(key);
+        const auto isOutdated = [&](const Row& row) {
+            return row.card.picture == key.name && (row.card.state == Card::State::failed) != failed;
+        };
+        if (std::ranges::any_of(m_rows, isOutdated))
             refresh();
     });
 }
