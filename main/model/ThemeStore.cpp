@@ -9,6 +9,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace ambrelle {
 
@@ -50,7 +51,11 @@ bool ThemeStore::insert(SavedTheme theme, qsizetype index)
 {
     if (theme.id.isNull() || find(theme.id) >= 0)
         theme.id = QUuid::createUuid();
-    const QJsonObject entry = theme.encode();
+    return insert(theme.encode(), index);
+}
+
+bool ThemeStore::insert(const QJsonObject& entry, qsizetype index)
+{
     const bool isInside = index < m_places.size();
     QJsonArray entries = m_entries;
     entries.insert(isInside ? m_places[std::max<qsizetype>(index, 0)] : entries.size(), entry);
@@ -61,16 +66,30 @@ bool ThemeStore::insert(SavedTheme theme, qsizetype index)
     return true;
 }
 
-void ThemeStore::remove(const QUuid& id)
+std::optional<ThemeStore::Taken> ThemeStore::remove(const QUuid& id)
 {
     const qsizetype index = find(id);
     if (index < 0) {
         store(m_entries);
-        return;
+        return std::nullopt;
     }
     QJsonArray entries = m_entries;
-    entries.removeAt(m_places[index]);
+    const QJsonValue entry = entries.takeAt(m_places[index]);
     replace(entries);
+    return Taken{entry.toObject(), index};
+}
+
+bool ThemeStore::putBack(const Taken& theme)
+{
+    const std::optional<QUuid> id = JsonForm<QUuid>::read(theme.entry[u"id"_s]);
+    if (id && find(*id) < 0)
+        return insert(theme.entry, theme.index);
+    return insert(withMember(theme.entry, u"id"_s, JsonForm<QUuid>::write(QUuid::createUuid())), theme.index);
+}
+
+bool ThemeStore::storeAgain()
+{
+    return store(m_entries);
 }
 
 void ThemeStore::rename(const QUuid& id, const QString& text)
@@ -112,19 +131,30 @@ void ThemeStore::read(QJsonArray entries)
     m_entries = std::move(entries);
 }
 
-void ThemeStore::store(const QJsonArray& entries)
+bool ThemeStore::store(const QJsonArray& entries)
 {
-    if (m_keepsStored)
-        m_defaults.setData(unreadableThemesKey, m_defaults.data(savedThemesKey).value_or(QByteArray()));
-    m_keepsStored = false;
-    m_defaults.setData(savedThemesKey, QJsonDocument(entries).toJson(QJsonDocument::Compact));
+    if (std::exchange(m_keepsStored, false))
+        keepUnreadable();
+    return m_defaults.setData(savedThemesKey, QJsonDocument(entries).toJson(QJsonDocument::Compact));
+}
+
+/// Under a key of its own: what was kept there before may be all that is left of other themes.
+void ThemeStore::keepUnreadable()
+{
+    const QByteArray stored = m_defaults.data(savedThemesKey).value_or(QByteArray());
+    QString key = unreadableThemesKey;
+    for (int number = 2; m_defaults.data(key).value_or(stored) != stored; ++number)
+        key = unreadableThemesKey + u"-%1"_s.arg(number);
+    m_defaults.setData(key, stored);
 }
 
 void ThemeStore::replace(const QJsonArray& entries)
 {
-    store(entries);
+    const bool isStored = store(entries);
     read(entries);
     Q_EMIT changed();
+    if (!isStored)
+        Q_EMIT refused();
 }
 
 } // namespace ambrelle

@@ -3,6 +3,8 @@
 #include "model/ThemeStore.h"
 #include "foundation/Json.h"
 #include "foundation/UserDefaults.h"
+#include "support/FullDisk.h"
+#include "support/TestFolder.h"
 
 #include <QJsonDocument>
 
@@ -145,15 +147,58 @@ TEST(ThemeStoreTest, WhatCannotBeReadHarmsNothingAndStays)
     for (const auto& [was, is] : {std::pair(0, 0), {2, 1}, {4, 4}, {5, 5}})
         EXPECT_EQ(after[is], before[was]) << was;
 
-    for (const char* noList : {"{\"themes\": []}", "[{]", "text"}) {
+    for (const char* noList : {"{\"themes\": []}", "[{]", "[{]", "text"}) {
         defaults.setData(themesKey, noList);
         ThemeStore empty(defaults);
         EXPECT_EQ(names(empty), "");
-        const std::optional<QByteArray> stored = defaults.data(themesKey);
         EXPECT_TRUE(empty.add(namedTheme(u"new"_s)) && empty.add(namedTheme(u"newer"_s)));
         EXPECT_EQ(names(ThemeStore(defaults)), "newer new");
-        EXPECT_EQ(defaults.data(u"savedThemes.unreadable"_s), stored) << noList;
     }
+    EXPECT_EQ(defaults.data(u"savedThemes.unreadable"_s), "{\"themes\":[]}");
+    EXPECT_EQ(defaults.data(u"savedThemes.unreadable-2"_s), "[{]") << "each is kept, once";
+    EXPECT_EQ(defaults.data(u"savedThemes.unreadable-3"_s), "text");
+}
+
+TEST(ThemeStoreTest, WhatIsPutBackIsAsItWas)
+{
+    UserDefaults defaults = UserDefaults::temporary();
+    QJsonObject known = namedTheme(u"known"_s).encode();
+    known.insert(u"mood"_s, u"calm"_s);
+    const QJsonArray before{namedTheme(u"first"_s).encode(), u"rubbish"_s, known, namedTheme(u"last"_s).encode()};
+    defaults.setData(themesKey, QJsonDocument(before).toJson());
+    ThemeStore store(defaults);
+    const std::optional<ThemeStore::Taken> taken = store.remove(store.themes()[1].id);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(names(store), "first last");
+    EXPECT_TRUE(store.putBack(*taken));
+    EXPECT_EQ(storedThemes(defaults), before);
+    EXPECT_TRUE(store.putBack(*taken)) << "a second one of it";
+    EXPECT_NE(store.themes()[1].id, store.themes()[2].id);
+    EXPECT_FALSE(store.remove(QUuid::createUuid()));
+}
+
+TEST(ThemeStoreTest, AFullDiskIsToldAndLosesNothing)
+{
+    const TestFolder folder;
+    const QString path = folder.filePath(u"defaults.json"_s);
+    int told = 0;
+    {
+        UserDefaults defaults(path);
+        ThemeStore store(defaults);
+        QObject::connect(&store, &ThemeStore::refused, [&] {
+            ++told;
+            EXPECT_EQ(names(store), "Evening") << "as it is from now on";
+        });
+        {
+            const test::FullDisk disk;
+            EXPECT_TRUE(store.add(namedTheme(u"Evening"_s)));
+            EXPECT_FALSE(store.storeAgain());
+        }
+        EXPECT_EQ(told, 1);
+        EXPECT_TRUE(store.storeAgain());
+    }
+    UserDefaults again(path);
+    EXPECT_EQ(names(ThemeStore(again)), "Evening");
 }
 
 TEST(ThemeStoreTest, RefusesWhatWouldNotComeBackOrFillsTheSettings)

@@ -3,6 +3,7 @@
 #include "model/ThemeFiles.h"
 #include "support/WaitUntil.h"
 #include "window/frame/Sheets.h"
+#include "window/wallpapers/WallpaperActions.h"
 #include "window/WindowDesk.h"
 
 #include <QFile>
@@ -154,6 +155,51 @@ TEST_F(ThemeActionsTest, TellsOfWorkThatTakesItsTimeAndOfFailures)
     home.undo.undo();
     EXPECT_EQ(desk.live().size(), 1);
     EXPECT_EQ(desk.picture.givenBack.size(), 1);
+}
+
+TEST_F(ThemeActionsTest, WhatWasDoneSinceAFailureIsNotTakenBackWithIt)
+{
+    desk.add(WidgetKind::cpu, {100, 100});
+    desk.picture.failure = u"The disk is full."_s;
+    actions.apply(Skin::neon, true);
+    answer(sheets::accept);
+    ASSERT_TRUE(isOffered(u"The disk is full."_s));
+    desk.add(WidgetKind::clock, {600, 100});
+    bool isAddingTakenBack = false;
+    home.undo.offer({u"Clock added"_s, [&] { isAddingTakenBack = true; }});
+    desk.picture.failure.clear();
+    home.undo.tryAgain();
+    home.undo.undo(); // while the wallpaper is painted
+    EXPECT_FALSE(isAddingTakenBack);
+    ASSERT_TRUE(isOffered(u"“Neon” is on your desktop"_s));
+    home.undo.undo();
+    EXPECT_EQ(desk.live().size(), 14) << "the clock stays";
+    EXPECT_EQ(desk.picture.givenBack.size(), 1);
+}
+
+TEST_F(ThemeActionsTest, EveryActionMakesTheOneBeforeFinalWhenItBegins)
+{
+    desk.add(WidgetKind::cpu, {100, 100}, Skin::neon);
+    const QUuid id = save(u"Work"_s);
+    WallpaperActions wallpapers(home.context);
+    const std::pair<const char*, std::function<void()>> works[] = {{"save", [&] { save(u"Play"_s); }},
+        {"rename", [&] { actions.rename(id, u"Rest"_s); }},
+        {"export", [&] { actions.exportTo(id, desk.folder.filePath(u"a.ambrelle"_s)); }},
+        {"wallpaper of a theme", [&] { actions.setWallpaper(Skin::paper); }},
+        {"wallpaper", [&] { wallpapers.set(Skin::mono); }}, {"own picture", [&] { wallpapers.bringBack(); }}};
+    for (const auto& [name, begin] : works) {
+        home.undo.offer({u"Clock removed"_s, {}});
+        begin();
+        EXPECT_NE(home.undo.text(), u"Clock removed"_s) << name;
+    }
+}
+
+TEST_F(ThemeActionsTest, TellsThatTheDiskTakesNoThemes)
+{
+    Q_EMIT home.themes.refused();
+    ASSERT_TRUE(home.undo.failure());
+    home.undo.tryAgain();
+    EXPECT_FALSE(home.undo.failure()) << "it is stored by now";
 }
 
 TEST_F(ThemeActionsTest, TellsOfAFailureThoughAnotherWishFollows)

@@ -9,6 +9,7 @@ namespace ambrelle {
 
 void giveBack(const WindowContext& context, const DesktopWallpaper::Memory& memory)
 {
+    context.undo.makeFinal();
     context.wallpaper.giveBack(memory, [context, memory](const QString& error) {
         if (!error.isEmpty())
             context.undo.fail(error, [context, memory] { giveBack(context, memory); });
@@ -17,6 +18,7 @@ void giveBack(const WindowContext& context, const DesktopWallpaper::Memory& memo
 
 void bringBackPrevious(const WindowContext& context, const DesktopWallpaper::Done& settled)
 {
+    context.undo.makeFinal();
     context.wallpaper.remember([context, settled](const DesktopWallpaper::Memory& memory) {
         context.wallpaper.giveBackPrevious([context, settled, memory](const QString& error) {
             settled(error);

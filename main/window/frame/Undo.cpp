@@ -22,13 +22,15 @@ UndoKeeper::UndoKeeper(Clock& clock)
 
 UndoKeeper::~UndoKeeper() = default;
 
-void UndoKeeper::offer(Undo undo)
+int UndoKeeper::offer(Undo undo)
 {
     m_end.reset();
     m_undo = std::move(undo);
+    const int number = ++m_offers;
     m_left = undoTime;
     run();
     Q_EMIT changed();
+    return number;
 }
 
 void UndoKeeper::fail(const QString& sentence, std::function<void()> tryAgain)

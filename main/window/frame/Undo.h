@@ -33,8 +33,9 @@ public:
     explicit UndoKeeper(Clock& clock);
     ~UndoKeeper() override;
 
-    /// Makes what was offered before final.
-    void offer(Undo undo);
+    /// Makes what was offered before final. Gives the number of the offer.
+    int offer(Undo undo);
+    bool stillOffers(int number) const { return m_undo && m_offers == number; }
     void fail(const QString& sentence, std::function<void()> tryAgain = {});
 
     bool isShown() const { return m_undo || m_failure; }
@@ -45,7 +46,9 @@ public:
     void undo(); ///< nothing while !canUndo()
     void tryAgain();
     void dismiss(); ///< what is shown
-    void makeFinal(); ///< what could be undone; failures stay
+    /// What could be undone; failures stay. Whatever changes something says so when it begins: what was offered before
+    /// must not be taken for its way back.
+    void makeFinal();
 
     /// Time stands still while somebody is about to use the bar.
     void setHeld(bool held);
@@ -58,6 +61,7 @@ private:
 
     Clock& m_clock;
     std::optional<Undo> m_undo;
+    int m_offers = 0; // so far
     std::optional<Failure> m_failure;
     bool m_held = false;
     double m_left = 0; // seconds, when time began to run or stood still

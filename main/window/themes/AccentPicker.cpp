@@ -109,7 +109,13 @@ void AccentPicker::choose(const AccentSwatch& swatch)
     if (swatch.isWheel())
         openDialog();
     else
-        m_accents.set(swatch.accent(), m_skin);
+        store(swatch.accent(), m_skin);
+}
+
+void AccentPicker::store(const std::optional<QColor>& accent, Skin skin)
+{
+    Q_EMIT storing();
+    m_accents.set(accent, skin);
 }
 
 void AccentPicker::openDialog()
@@ -125,7 +131,7 @@ void AccentPicker::openDialog()
             consider(Trial{colour});
     });
     connect(m_dialog, &QColorDialog::colorSelected, this,
-        [this, skin = m_skin](const QColor& colour) { m_accents.set(colour, skin); });
+        [this, skin = m_skin](const QColor& colour) { store(colour, skin); });
     connect(m_dialog, &QColorDialog::finished, this, [this] {
         m_dialog = nullptr;
         consider(std::nullopt);

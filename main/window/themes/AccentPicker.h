@@ -39,6 +39,7 @@ public:
 
 Q_SIGNALS:
     void trialChanged();
+    void storing(); ///< a choice is about to be stored
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -50,6 +51,7 @@ private:
     void moveFocus(const AccentSwatch* from, int steps);
     void choose(const AccentSwatch& swatch);
     void openDialog();
+    void store(const std::optional<QColor>& accent, Skin skin);
     void judge();
     void consider(const std::optional<Trial>& accent);
     void tryOut(const std::optional<Trial>& trial);

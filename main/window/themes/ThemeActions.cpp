@@ -43,6 +43,7 @@ ThemeActions::ThemeActions(const WindowContext& context)
     , m_applied(context.manager, context.host)
     , m_work(context.clock, [this] { Q_EMIT workingChanged(); })
 {
+    connect(&m_with.themes, &ThemeStore::refused, this, &ThemeActions::tellRefused);
     connect(
         &m_with.model, &MainWindowModel::filesHanded, this, [this] { importFiles(m_with.model.takeHandedFiles()); });
 }
@@ -184,14 +185,31 @@ void ThemeActions::carryOut(Wish wish)
     m_work.begin({wish.theme, wish.operation});
     if (!wish.picture)
         return m_work.end([this, wish, before] { ended(wish, before, {}); });
+    rememberAndPaint(wish, before);
+}
+
+void ThemeActions::rememberAndPaint(const Wish& wish, const Before& before)
+{
     const QPointer<ThemeActions> self(this);
-    m_with.wallpaper.remember([self, wish, before](const DesktopWallpaper::Memory& memory) mutable {
+    m_with.wallpaper.remember([self, wish, before = before](const DesktopWallpaper::Memory& memory) mutable {
         if (!self || wish.number != self->m_lastWish)
             return;
         if (memory.isKnown())
             before.picture = memory;
         self->paint(wish, before);
     });
+}
+
+/// `offer`: the number of that which brings the widgets back. Where it is not offered any more, something else was done
+/// since, and only the picture is what can be taken back.
+void ThemeActions::paintAgain(Wish wish, Before before, std::optional<int> offer)
+{
+    if (!offer || !m_with.undo.stillOffers(*offer))
+        before = {};
+    m_with.undo.makeFinal();
+    wish.number = ++m_lastWish;
+    m_work.begin({wish.theme, wish.operation});
+    rememberAndPaint(wish, before);
 }
 
 /// Why they were not placed; empty if they were.
@@ -242,22 +260,19 @@ void ThemeActions::ended(const Wish& wish, const Before& before, const QString& 
 void ThemeActions::finished(const Wish& wish, const Before& before, const QString& error)
 {
     const auto offer = [&](const Before& earlier) {
-        m_with.undo.offer({wish.done, [this, earlier] { bringBack(earlier); }});
+        return m_with.undo.offer({wish.done, [this, earlier] { bringBack(earlier); }});
     };
     if (error.isEmpty()) {
         if (before.widgetsChanged || before.picture) // else nobody knows what showed
             offer(before);
         return;
     }
-    if (before.widgetsChanged) {
-        Before earlier = before;
-        earlier.picture.reset(); // that is the one which shows
-        offer(earlier);
-    }
-    fail(error, [this, wish, before] {
-        m_work.begin({wish.theme, wish.operation});
-        paint(wish, before);
-    });
+    std::optional<int> number;
+    Before earlier = before;
+    earlier.picture.reset(); // that is the one which shows
+    if (earlier.widgetsChanged)
+        number = offer(earlier);
+    fail(error, [this, wish, earlier, number] { paintAgain(wish, earlier, number); });
 }
 
 void ThemeActions::bringBack(const Before& before)
@@ -274,6 +289,7 @@ void ThemeActions::bringBack(const Before& before)
 
 void ThemeActions::giveBack(const DesktopWallpaper::Memory& picture)
 {
+    m_with.undo.makeFinal();
     const QPointer<ThemeActions> self(this);
     m_with.wallpaper.giveBack(picture, [self, picture](const QString& error) {
         if (self && !error.isEmpty())

@@ -71,6 +71,8 @@ private:
     Wish wishFor(const ThemeChoice& theme, ThemeOperation operation, const ThemeTarget& target) const;
     void carryOut(Wish wish);
     QString placeWidgets(const Wish& wish);
+    void rememberAndPaint(const Wish& wish, const Before& before);
+    void paintAgain(Wish wish, Before before, std::optional<int> offer);
     void paint(const Wish& wish, const Before& before);
     void ended(const Wish& wish, const Before& before, const QString& error);
     void finished(const Wish& wish, const Before& before, const QString& error);
@@ -81,6 +83,7 @@ private:
     void saveAs(const QString& name, const QString& screen);
     void addSaved(const QString& name, const QString& screen);
     void removeNow(const QUuid& id);
+    void tellRefused();
     void take(const QList<ReadFile>& files);
     void showSaved(const QUuid& id);
 

@@ -79,6 +79,7 @@ void ThemeActions::saveAs(const QString& name, const QString& screen)
     const QString tidy = SavedTheme::nameFrom(name);
     if (tidy.isEmpty())
         return;
+    m_with.undo.makeFinal();
     const QPointer<ThemeActions> self(this);
     m_with.wallpaper.refresh([self, tidy, screen] { // somebody else may have set another picture
         if (self)
@@ -111,6 +112,7 @@ void ThemeActions::showSaved(const QUuid& id)
 
 void ThemeActions::rename(const QUuid& id, const QString& name)
 {
+    m_with.undo.makeFinal();
     m_with.themes.rename(id, name);
 }
 
@@ -135,11 +137,20 @@ void ThemeActions::removeNow(const QUuid& id)
         const qsizetype neighbour = index + 1 < before.size() ? index + 1 : index - 1;
         m_with.model.chooseTheme(neighbour < 0 ? std::nullopt : std::optional<ThemeChoice>(before[neighbour].id));
     }
-    m_with.themes.remove(id);
-    m_with.undo.offer({Wording::tr("“%1” deleted").arg(found->name), [this, theme = *found, index] {
-                           m_with.themes.insert(theme, index);
-                           m_with.model.chooseTheme(theme.id);
+    const std::optional<ThemeStore::Taken> taken = m_with.themes.remove(id);
+    m_with.undo.offer({Wording::tr("“%1” deleted").arg(found->name), [this, id, taken] {
+                           if (taken && m_with.themes.putBack(*taken))
+                               m_with.model.chooseTheme(id);
                        }});
+}
+
+/// The list is as the user wants it, and shown so, but would not outlive the program.
+void ThemeActions::tellRefused()
+{
+    fail(Wording::tr("The disk takes no changes of My Themes. They are kept while Ambrelle runs."), [this] {
+        if (!m_with.themes.storeAgain())
+            tellRefused();
+    });
 }
 
 void ThemeActions::exportTo(const QUuid& id, const QString& path)
@@ -147,6 +158,7 @@ void ThemeActions::exportTo(const QUuid& id, const QString& path)
     const SavedTheme* theme = saved(id);
     if (!theme)
         return;
+    m_with.undo.makeFinal();
     m_files.run(
         [path, file = ThemeEnvelope{*theme, m_with.accents.hexOverrides()}] { return ThemeFiles::write(path, file); },
         [this, id, path](const QString& error) {

@@ -7,6 +7,7 @@
 #include "model/ThemeStore.h"
 #include "skins/SkinRegistry.h"
 #include "window/cards/CardShadow.h"
+#include "window/frame/Undo.h"
 #include "window/look/AppLook.h"
 #include "window/themes/AccentPicker.h"
 #include "window/themes/Filmstrip.h"
@@ -114,6 +115,7 @@ void ThemePage::follow()
     connect(&AppLook::shared(), &AppLook::changed, this, &ThemePage::arrange);
     m_details->setScreens(m_with.host.screens());
     connect(&m_details->accent(), &AccentPicker::trialChanged, this, &ThemePage::showPicture);
+    connect(&m_details->accent(), &AccentPicker::storing, &m_with.undo, &UndoKeeper::makeFinal);
     connect(m_details, &ThemeDetails::counterpartWanted, this, [this](Skin skin) { open(skin); });
     connect(&m_details->head(), &ThemeHead::renamed, this, [this](const QString& name) {
         if (const QUuid* id = m_shown ? std::get_if<QUuid>(&*m_shown) : nullptr)

@@ -105,6 +105,7 @@ void WallpaperActions::start(
     const std::shared_ptr<Round>& round, const WallpaperChoice& wallpaper, const QString& screen)
 {
     const WindowContext& with = round->with;
+    with.undo.makeFinal();
     const bool isPainted = std::holds_alternative<Skin>(wallpaper);
     if (round->shown)
         round->shown->m_work.begin({wallpaper, isPainted ? static_cast<int>(screensFor(with, screen).size()) : 1});
