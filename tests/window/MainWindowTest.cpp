@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 
+#include "window/cards/CardView.h"
 #include "window/frame/MoreMenu.h"
 #include "window/frame/SearchField.h"
 #include "window/frame/TabStrip.h"
 #include "window/frame/ToolBar.h"
+#include "window/frame/UndoBar.h"
+#include "window/look/Button.h"
 #include "window/WindowDesk.h"
 
 #include <QAccessible>
@@ -135,6 +138,38 @@ TEST_F(MainWindowTest, EnterInTheSearchChoosesWhatWasFoundAndDoesNothingElse)
         EXPECT_FALSE(home.undo.isShown()) << "something was done to the desktop";
         EXPECT_EQ(home.desk.manager.controllers().size(), widgets);
         EXPECT_FALSE(home.sheets.current());
+    }
+    home.model.setTab(MainTab::themes);
+    home.model.setSearch(MainTab::themes, u"neon"_s);
+    home.model.openTheme(Skin::paper);
+    press(*search, Qt::Key_Return);
+    EXPECT_FALSE(home.model.isThemeOpen()) << "what was found is behind the page";
+    EXPECT_EQ(home.model.chosenTheme(), ThemeChoice(Skin::neon));
+}
+
+TEST_F(MainWindowTest, TheKeyboardGoesIntoTheBarAndComesBack)
+{
+    MainWindow& window = opened();
+    auto* bar = window.findChild<UndoBar*>();
+    auto* grid = window.findChild<CardView*>();
+    const auto title = [&] {
+        const auto* button = qobject_cast<Button*>(QApplication::focusWidget());
+        return button && bar->isAncestorOf(button) ? button->title() + button->accessibleName() : QString();
+    };
+    for (const bool fails : {false, true}) {
+        grid->setFocus();
+        if (fails)
+            home.undo.fail(u"“notes.txt” isn't a picture"_s);
+        else
+            home.undo.offer({u"Clock removed"_s, {}});
+        press(*grid, Qt::Key_F6);
+        EXPECT_EQ(title(), fails ? u"Dismiss"_s : u"Undo"_s);
+        home.desk.clock.advance(std::chrono::minutes(1));
+        EXPECT_TRUE(home.undo.isShown()) << "gone from under the keyboard";
+        press(*QApplication::focusWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(home.undo.isShown());
+        ASSERT_TRUE(home.window.isVisible()) << "one key did two things";
+        EXPECT_EQ(QApplication::focusWidget(), grid);
     }
 }
 

@@ -73,7 +73,7 @@ UndoBar::UndoBar(UndoKeeper& keeper, QWidget& window)
     connect(m_close, &Button::clicked, &m_keeper, &UndoKeeper::dismiss);
     connect(&m_keeper, &UndoKeeper::changed, this, &UndoBar::showKept);
     connect(&AppLook::shared(), &AppLook::changed, this, &UndoBar::dress);
-    connect(qApp, &QApplication::focusChanged, this, &UndoBar::judgeHold);
+    connect(qApp, &QApplication::focusChanged, this, &UndoBar::noteFocus);
     dress();
     showKept();
 }
@@ -98,8 +98,10 @@ void UndoBar::showKept()
 {
     if (!m_keeper.isShown()) {
         m_announced.clear();
-        if (std::exchange(m_up, false))
+        if (std::exchange(m_up, false)) {
+            giveFocusBack();
             fadeOut(*this, barFade);
+        }
         return;
     }
     const Failure* failure = m_keeper.failure();
@@ -107,6 +109,7 @@ void UndoBar::showKept()
     m_text->setText(text);
     m_action->setText(failure ? Wording::tr("Try Again") : Wording::tr("Undo"));
     m_action->setVisible(!failure || failure->tryAgain);
+    setFocusProxy(m_action->isHidden() ? m_close : m_action); // the keyboard comes to the bar by F6
     m_symbol->setVisible(failure);
     setAccessibleName(text);
     dress();
@@ -148,6 +151,31 @@ void UndoBar::judgeHold()
 {
     const QWidget* focused = QApplication::focusWidget();
     m_keeper.setHeld(m_pointed || (focused && isAncestorOf(focused)));
+}
+
+/// The keyboard goes back to where it was before it came here.
+void UndoBar::noteFocus(QWidget* before, QWidget* now)
+{
+    const auto isHere = [this](const QWidget* widget) { return widget && isAncestorOf(widget); };
+    if (isHere(now) && before && !isHere(before))
+        m_before = before;
+    judgeHold();
+}
+
+void UndoBar::giveFocusBack()
+{
+    const QWidget* focused = window()->focusWidget();
+    if (focused && isAncestorOf(focused) && m_before && m_before->isVisible())
+        m_before->setFocus(Qt::OtherFocusReason);
+    m_before = nullptr;
+}
+
+bool UndoBar::event(QEvent* event)
+{
+    // Else Escape would reach the shortcut of the window, and hide that.
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        event->accept();
+    return QWidget::event(event);
 }
 
 void UndoBar::enterEvent(QEnterEvent*)

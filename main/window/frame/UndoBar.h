@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 class QHBoxLayout;
@@ -23,6 +24,7 @@ public:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -33,6 +35,8 @@ private:
     void dress();
     void arrange();
     void judgeHold();
+    void noteFocus(QWidget* before, QWidget* now);
+    void giveFocusBack();
 
     UndoKeeper& m_keeper;
     QHBoxLayout* m_row;
@@ -41,6 +45,7 @@ private:
     Button* m_action;
     Button* m_close;
     QString m_announced;
+    QPointer<QWidget> m_before; // had the focus before something here
     bool m_pointed = false;
     bool m_up = false;
 };
