@@ -248,6 +248,7 @@ TEST_F(SettingsSectionsTest, AboutOpensFoldersAndResetsWithAWayBack)
     home.sheets.answer({.button = sheets::accept});
 
     settings.focusMinutes.set(40);
+    settings.breakMinutes.set(7);
     settings.overlap.set(OverlapBehavior::hide);
     home.calendars.currentSources = {{u"/standard"_s, false}, {u"/mnt/mine"_s, true}};
     const auto sources = home.calendars.currentSources;
@@ -255,13 +256,16 @@ TEST_F(SettingsSectionsTest, AboutOpensFoldersAndResetsWithAWayBack)
     home.sheets.answer({});
     EXPECT_EQ(settings.focusMinutes(), 40) << "reset was cancelled";
     button(shown, u"Reset Settings…"_s).click();
+    EXPECT_EQ(*home.sheets.current(), sheets::reset(true)) << "there are folders to be forgotten";
     home.sheets.answer({.button = sheets::accept});
     EXPECT_EQ(settings.focusMinutes(), 25);
+    settings.breakMinutes.set(9);
     EXPECT_EQ(home.calendars.sources(), sources.first(1));
     EXPECT_EQ(home.undo.text(), u"Settings reset"_s);
     home.undo.undo();
     EXPECT_EQ(settings.focusMinutes(), 40);
     EXPECT_EQ(settings.overlap(), OverlapBehavior::hide);
+    EXPECT_EQ(settings.breakMinutes(), 9) << "chosen since";
     EXPECT_EQ(home.calendars.sources(), sources);
 }
 

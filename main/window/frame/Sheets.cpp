@@ -99,10 +99,13 @@ SheetContent removeAll(int widgets, const QString& screen)
         .buttons = {cancelButton(), dangerButton(Wording::tr("Remove"))}};
 }
 
-SheetContent reset()
+SheetContent reset(bool forgetsFolders)
 {
+    QString text = Wording::tr("Widgets, themes, pictures and accents stay as they are.");
+    if (forgetsFolders)
+        text += u' ' + Wording::tr("The calendar folders you added are forgotten, but not deleted.");
     return {.title = Wording::tr("Reset all settings?"),
-        .text = Wording::tr("Widgets, themes, pictures and accents stay as they are."),
+        .text = text,
         .buttons = {cancelButton(), dangerButton(Wording::tr("Reset"))}};
 }
 

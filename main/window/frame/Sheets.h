@@ -27,7 +27,8 @@ SheetContent importFailed(const QString& fileName);
 SheetContent loginRefused(const QString& sentence);
 /// `screen` empty: on all of them.
 SheetContent removeAll(int widgets, const QString& screen);
-SheetContent reset();
+/// `forgetsFolders`: the user added folders with calendars.
+SheetContent reset(bool forgetsFolders = false);
 SheetContent shortcuts();
 /// Something to be read, and no question.
 SheetContent told(const QString& title, const QString& text);

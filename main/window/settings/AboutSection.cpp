@@ -23,6 +23,16 @@ namespace {
 constexpr int markSide = 56; // points
 constexpr int markGap = 14;
 
+/// The values from before a reset, without those that somebody chose anew since.
+QJsonObject exceptChanged(QJsonObject before, const QJsonObject& standard, const QJsonObject& now)
+{
+    for (const QString& key : before.keys()) {
+        if (now[key] != standard[key])
+            before.remove(key);
+    }
+    return before;
+}
+
 } // namespace
 
 AboutSection::AboutSection(const WindowContext& context, QWidget* parent)
@@ -92,19 +102,21 @@ void AboutSection::addReset()
 
 void AboutSection::reset()
 {
-    m_with.sheets.ask(sheets::reset(), [with = m_with](const SheetAnswer& answer) {
-        if (answer.button != sheets::accept)
-            return;
-        const QJsonObject before = with.settings.snapshot();
-        const QStringList folders = with.calendars.addedSources();
-        with.settings.reset();
-        with.calendars.setAddedSources({});
-        with.undo.offer(
-            {Wording::tr("Settings reset"), [&settings = with.settings, &calendars = with.calendars, before, folders] {
-                 settings.restore(before);
-                 calendars.restoreSources(folders);
-             }});
-    });
+    m_with.sheets.ask(
+        sheets::reset(!m_with.calendars.addedSources().isEmpty()), [with = m_with](const SheetAnswer& answer) {
+            if (answer.button != sheets::accept)
+                return;
+            const QJsonObject before = with.settings.snapshot();
+            const QStringList folders = with.calendars.addedSources();
+            with.settings.reset();
+            with.calendars.setAddedSources({});
+            with.undo.offer({Wording::tr("Settings reset"),
+                [&settings = with.settings, &calendars = with.calendars, before, standard = with.settings.snapshot(),
+                    folders] {
+                    settings.restore(exceptChanged(before, standard, settings.snapshot()));
+                    calendars.restoreSources(folders);
+                }});
+        });
 }
 
 } // namespace ambrelle
