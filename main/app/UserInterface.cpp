@@ -91,8 +91,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .programs = with.ports.programs,
           .clock = with.ports.clock,
           .quickMenu = m_quickMenu,
-          .facts = m_facts,
-          .hasTray = [this] { return m_statusItem.isShown(); }}
+          .facts = m_facts}
     , m_themeActions(m_context)
     , m_mainWindow({m_model, with.ports.windows, with.ports.clock, [this] { return makeMainWindow(m_context); }})
     , m_widgetMenu(with.manager, m_quickMenu)
@@ -102,6 +101,7 @@ UserInterface::UserInterface(const Collaborators& with)
     connect(&m_appearance, &SystemAppearance::changed, this, &UserInterface::followAppearance);
     connect(&m_mainWindow, &MainWindowController::forgotten, this, [&pictures = with.pictures] { pictures.release(); });
     connect(&m_themeActions, &ThemeActions::windowWanted, this, [this] { open({}); });
+    connect(&m_statusItem, &StatusItemController::appeared, this, [this] { m_model.setHasTray(true); });
     for (const TrayPresence* tray : m_trays)
         connect(tray, &TrayPresence::appeared, &m_statusItem, &StatusItemController::show);
 }

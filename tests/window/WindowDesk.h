@@ -51,7 +51,6 @@ struct WindowDesk {
     MainWindowModel model{desk.defaults};
     SheetQueue sheets;
     UndoKeeper undo{desk.clock};
-    bool hasTray = true;
     ThemeStore themes{desk.defaults};
     PictureSorter sorter;
     RecordingCalendarStore calendars;
@@ -85,8 +84,7 @@ struct WindowDesk {
         .programs = programs,
         .clock = desk.clock,
         .quickMenu = quick,
-        .facts = facts,
-        .hasTray = [this] { return hasTray; }};
+        .facts = facts};
     ThemeActions themeActions{context};
     MainWindowController window{{model, desk.host, desk.clock, [this] { return makeMainWindow(context); }}};
 };

@@ -134,6 +134,11 @@ void MainWindowModel::storeWelcome(int showings)
     }
 }
 
+void MainWindowModel::setHasTray(bool has)
+{
+    assign(m_hasTray, has);
+}
+
 void MainWindowModel::addHandedFiles(const QStringList& files)
 {
     m_handedFiles += files;

@@ -68,6 +68,10 @@ public:
     bool showsWelcome() const { return m_welcomeShowings >= 0; }
     void setShowWelcome(bool show);
 
+    /// The program can be reached without the window, by its item in the tray.
+    bool hasTray() const { return m_hasTray; }
+    void setHasTray(bool has);
+
     void addHandedFiles(const QStringList& files); ///< paths of theme files that somebody wants opened
     QStringList takeHandedFiles();
 
@@ -96,6 +100,7 @@ private:
     SettingsChapter m_settingsChapter = SettingsChapter::general;
     bool m_cityWanted = false;
     int m_welcomeShowings = -1; // so far; below 0 there is no welcome
+    bool m_hasTray = false;
     QStringList m_handedFiles;
     QSize m_size;
     std::optional<QPoint> m_position;

@@ -42,6 +42,7 @@ void StatusItemController::show()
             openMenu();
     });
     m_item->show();
+    Q_EMIT appeared();
 }
 
 void StatusItemController::clicked()

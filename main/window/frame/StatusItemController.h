@@ -14,6 +14,7 @@ namespace ambrelle {
 /// The program's item in the tray: a click toggles the main window, the right button or a click with Control opens the
 /// menu. It comes as soon as told that there is a tray; a tray that starts again gets it again.
 class StatusItemController : public QObject {
+    Q_OBJECT
 public:
     StatusItemController(ActionMenu::Items items, std::function<void()> toggle, Clock& clock);
     ~StatusItemController() override;
@@ -21,6 +22,9 @@ public:
     /// Puts the item into the tray; later calls do nothing.
     void show();
     bool isShown() const { return m_item != nullptr; }
+
+Q_SIGNALS:
+    void appeared(); ///< isShown() from now on
 
 private:
     void clicked();

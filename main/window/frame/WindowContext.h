@@ -2,8 +2,6 @@
 
 #pragma once
 
-#include <functional>
-
 namespace ambrelle {
 
 class AppSettings;
@@ -57,7 +55,6 @@ struct WindowContext {
     Clock& clock;
     const QuickMenu& quickMenu;
     const ProgramFacts& facts;
-    std::function<bool()> hasTray; ///< whether the program can be reached without a window
 };
 
 } // namespace ambrelle

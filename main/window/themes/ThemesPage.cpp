@@ -22,6 +22,12 @@ namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int wideThemes = 900; // from here on the welcome has a picture
+
+} // namespace
+
 ThemesPage::ThemesPage(const WindowContext& context)
     : m_with(context)
     , m_themes(context)
@@ -129,6 +135,7 @@ void ThemesPage::showWelcome()
         return;
     if (!m_welcome) {
         m_welcome = new Welcome(m_with);
+        m_welcome->setWide(width() >= wideThemes);
         m_grid->setHeader(m_welcome);
         QWidget* before = m_scope;
         for (Button* button : m_welcome->findChildren<Button*>()) {
@@ -142,6 +149,13 @@ void ThemesPage::showWelcome()
         m_welcome->deleteLater(); // it may be its own button that was pressed
         m_welcome = nullptr;
     }
+}
+
+void ThemesPage::resizeEvent(QResizeEvent* event)
+{
+    Page::resizeEvent(event);
+    if (m_welcome)
+        m_welcome->setWide(width() >= wideThemes);
 }
 
 void ThemesPage::showChosen()

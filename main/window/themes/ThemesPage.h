@@ -30,6 +30,9 @@ public:
     /// What can be done with a theme, as lines of a menu.
     QList<ActionItem> menuOf(const ThemeChoice& theme);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     QWidget* makeOverview();
     void connectGrid();

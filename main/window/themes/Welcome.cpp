@@ -5,6 +5,7 @@
 #include "desktop/WidgetManager.h"
 #include "foundation/Wording.h"
 #include "model/AppSettings.h"
+#include "model/ThemeAccent.h"
 #include "wallpapers/DesktopWallpaper.h"
 #include "window/cards/CardLayout.h"
 #include "window/cards/CardShadow.h"
@@ -21,7 +22,7 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace ambrelle {
 
@@ -37,7 +38,7 @@ constexpr int lineSymbol = 16;
 constexpr int symbolGap = 14;
 constexpr int actionGap = 8;
 constexpr QSize pictureSize{256, 160};
-constexpr int wideWelcome = 836; // of a window of 900 and more
+constexpr int usualWelcome = 836; // wide
 
 /// One of the symbols before the lines.
 class LineSymbol final : public QWidget {
@@ -77,22 +78,34 @@ WelcomePicture::WelcomePicture(const WindowContext& context)
 {
     setFixedSize(pictureSize);
     connect(&m_with.shelf, &PictureShelf::arrived, this, [this](const PictureKey& arrived) {
-        if (arrived == key())
+        if (arrived == m_key)
             update();
     });
+    connect(&m_with.manager, &WidgetManager::controllersChanged, this, &WelcomePicture::look);
+    connect(&m_with.manager, &WidgetManager::configChanged, this, &WelcomePicture::look);
+    connect(&m_with.accents, &ThemeAccent::changed, this, &WelcomePicture::look);
+    connect(&m_with.settings, &AppSettings::changed, this, [this](const QString& key) {
+        if (key == m_with.settings.defaultSkin.key())
+            look();
+    });
+    connect(&m_with.host, &WindowHost::screensChanged, this, &WelcomePicture::look);
+    look();
 }
 
-PictureKey WelcomePicture::key() const
+/// Takes what is on the desktop now.
+void WelcomePicture::look()
 {
     const QList<ScreenInfo> screens = m_with.host.screens();
     const std::optional<Skin> skin = screens.isEmpty() ? std::nullopt : m_with.manager.dominantSkin(screens.first());
-    return PictureKey::desktop(m_with.snapshots.wish(skin.value_or(m_with.settings.defaultSkin())));
+    const auto key = PictureKey::desktop(m_with.snapshots.wish(skin.value_or(m_with.settings.defaultSkin())));
+    if (std::exchange(m_key, key) != key)
+        update();
 }
 
 void WelcomePicture::paintEvent(QPaintEvent*)
 {
     const double ratio = devicePixelRatioF();
-    const PictureOrder order{key(), (QSizeF(size()) * ratio).toSize(), CardLayout::corner * ratio};
+    const PictureOrder order{m_key, (QSizeF(size()) * ratio).toSize(), CardLayout::corner * ratio};
     m_with.shelf.setWanted(*this, {order});
     const QPixmap picture = m_with.shelf.picture(order.key, order.pixels, order.corner);
     QPainter painter(this);
@@ -123,7 +136,10 @@ Welcome::Welcome(const WindowContext& context, QWidget* parent)
     row->addWidget(m_dismiss, 0, Qt::AlignTop);
     connect(m_dismiss, &Button::clicked, this, [this] { m_with.model.setShowWelcome(false); });
     connect(&m_with.wallpaper, &DesktopWallpaper::changed, this, &Welcome::showPrevious);
+    connect(&m_with.model, &MainWindowModel::changed, this, &Welcome::tellHowToReturn);
     connect(&AppLook::shared(), &AppLook::changed, this, qOverload<>(&QWidget::update));
+    m_picture->hide();
+    tellHowToReturn();
     showPrevious();
 }
 
@@ -189,32 +205,32 @@ void Welcome::showPrevious()
     m_isBack->setVisible(!offered && m_gaveBack);
 }
 
-void Welcome::showEvent(QShowEvent* event)
+void Welcome::tellHowToReturn()
 {
-    m_howToReturn->setText(m_with.hasTray && m_with.hasTray()
+    m_howToReturn->setText(m_with.model.hasTray()
             ? Wording::tr("Close this window any time. Ambrelle stays in the tray, and so do your widgets.")
             : Wording::tr("Close this window any time. Start Ambrelle again to bring it back."));
-    QWidget::showEvent(event);
+}
+
+void Welcome::setWide(bool wide)
+{
+    if (std::exchange(m_isWide, wide) == wide)
+        return;
+    m_picture->setVisible(wide);
+    updateGeometry();
 }
 
 int Welcome::heightForWidth(int width) const
 {
     const QMargins around = layout()->contentsMargins();
-    const bool wide = width >= wideWelcome;
-    const int beside = (wide ? pictureSize.width() + welcomeGap : 0) + welcomeGap + m_dismiss->sizeHint().width();
+    const int beside = (m_isWide ? pictureSize.width() + welcomeGap : 0) + welcomeGap + m_dismiss->sizeHint().width();
     const int words = m_words->layout()->totalHeightForWidth(width - around.left() - around.right() - beside);
-    return std::max(words, wide ? pictureSize.height() : 0) + around.top() + around.bottom();
+    return std::max(words, m_isWide ? pictureSize.height() : 0) + around.top() + around.bottom();
 }
 
 QSize Welcome::sizeHint() const
 {
-    return {wideWelcome, heightForWidth(wideWelcome)};
-}
-
-void Welcome::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    m_picture->setVisible(width() >= wideWelcome);
+    return {usualWelcome, heightForWidth(usualWelcome)};
 }
 
 void Welcome::paintEvent(QPaintEvent*)

@@ -24,9 +24,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    PictureKey key() const;
+    void look();
 
     WindowContext m_with;
+    PictureKey m_key;
 };
 
 /// What is said at the first start: where the widgets are, and what can be done with them.
@@ -35,19 +36,21 @@ class Welcome final : public QWidget {
 public:
     explicit Welcome(const WindowContext& context, QWidget* parent = nullptr);
 
+    /// A wide window has room for the picture.
+    void setWide(bool wide);
+
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private:
     void makeLines();
     void makeActions(QHBoxLayout& row);
     void showPrevious();
+    void tellHowToReturn();
     void giveBackPrevious();
 
     WindowContext m_with;
@@ -57,6 +60,7 @@ private:
     WelcomePicture* m_picture;
     Button* m_dismiss;
     QWidget* m_words;
+    bool m_isWide = false;
     bool m_gaveBack = false;
 };
 
