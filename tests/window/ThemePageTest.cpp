@@ -19,7 +19,9 @@
 #include "window/WindowDesk.h"
 
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QToolTip>
 
 namespace ambrelle {
 namespace {
@@ -251,15 +253,41 @@ TEST_F(ThemePageTest, ShowsWhatIsAtWorkAndGivesTheKeyboardBack)
     auto& buttons = *page->findChild<ThemeButtons*>();
     Button* pressed = button(u"Set Wallpaper Only"_s);
     pressed->setFocus();
-    buttons.setState({.hasWallpaper = true, .working = ThemeOperation::setWallpaper});
+    buttons.setState({.hasWallpaper = true, .working = ThemeOperation::setWallpaper, .theme = u"Neon"_s});
     EXPECT_EQ(pressed->title(), u"Painting the wallpaper…"_s);
     EXPECT_FALSE(pressed->isEnabled() || button(u"Apply with Wallpaper"_s)->isEnabled());
     const auto* ring = buttons.findChild<Progress*>();
+    EXPECT_EQ(ring->accessibleName(), u"Painting Neon"_s);
     EXPECT_TRUE(ring->isVisible() && pressed->geometry().contains(ring->geometry()));
     buttons.setState({});
     EXPECT_FALSE(ring->isVisible());
     EXPECT_EQ(pressed->title(), u"Set Wallpaper Only"_s);
     EXPECT_TRUE(pressed->hasFocus());
+}
+
+TEST_F(ThemePageTest, TellsCutNamesOfTheStripWhole)
+{
+    const SavedTheme own = save(u"A desktop with <b>many</b> words"_s, Skin::neon);
+    show(own.id);
+    EXPECT_EQ(page->findChild<Progress*>()->accessibleName(), u"Painting "_s + own.name);
+    QListView& view = page->findChild<Filmstrip*>()->view();
+    const auto tipOf = [&](const QModelIndex& index) {
+        QHelpEvent help(QEvent::ToolTip, view.visualRect(index).center(), QPoint(5, 5));
+        QCoreApplication::sendEvent(view.viewport(), &help);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tipOf(view.currentIndex()), u"<span>"_s + own.name.toHtmlEscaped() + u"</span>"_s);
+    const QModelIndex before = view.model()->index(view.currentIndex().row() - 1, 0);
+    EXPECT_TRUE(waitUntil([&] { return tipOf(before).isEmpty(); })) << "it is there to be read";
+}
+
+TEST_F(ThemePageTest, AnAccentMakesWhatWasDoneBeforeFinal)
+{
+    show(Skin::neon);
+    home.undo.offer({u"Clock removed"_s, {}});
+    QTest::mouseClick(page->findChildren<AccentSwatch*>().at(1), Qt::LeftButton);
+    EXPECT_FALSE(home.desk.accents.hexOverrides().isEmpty());
+    EXPECT_FALSE(home.undo.canUndo());
 }
 
 TEST_F(ThemePageTest, DrawsThePictureForItsPixelsAndTriesAccentsInIt)

@@ -115,6 +115,13 @@ TEST_F(WallpapersPageTest, OfTwoClicksTheLaterOneWins)
     EXPECT_EQ(card(Skin::neon).state, Card::State::idle);
     EXPECT_EQ(card(Skin::paper).state, Card::State::working);
     EXPECT_EQ(card(Skin::paper).notice, u"Painting…");
+    for (const Skin skin : {Skin::paper, Skin::neon}) {
+        view->choose(model().indexOf(skin));
+        press(*view, Qt::Key_F10, Qt::ShiftModifier);
+        ASSERT_TRUE(QApplication::activePopupWidget());
+        EXPECT_EQ(QApplication::activePopupWidget()->actions().first()->isEnabled(), skin == Skin::neon);
+        QApplication::activePopupWidget()->close();
+    }
     ASSERT_TRUE(waitUntil([this] {
         desk().picture.answer();
         return desk().wallpaper.currentSkin() == Skin::paper;

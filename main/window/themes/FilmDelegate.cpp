@@ -3,6 +3,7 @@
 #include "window/themes/FilmDelegate.h"
 
 #include "drawing/Colours.h"
+#include "foundation/Wording.h"
 #include "window/cards/PictureShelf.h"
 #include "window/cards/ShelfPictures.h"
 #include "window/look/AppLook.h"
@@ -10,12 +11,16 @@
 #include "window/look/FocusRing.h"
 
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,10 +29,19 @@ constexpr int frameHeight = 61;
 constexpr int frameGap = 12; // from one to the next
 constexpr int frameLead = 6; // above a picture
 constexpr int nameGap = 7; // below it, the ring's room included
+constexpr int nameMargin = 2; // at both sides
 constexpr double frameCorner = 6;
 constexpr double ringDistance = 2;
 constexpr double currentRing = 3; // wide
 constexpr double restingRing = 2;
+
+QFont nameFont(bool isCurrent)
+{
+    QFont font = AppLook::shared().font(TextRole::caption);
+    if (isCurrent)
+        font.setWeight(QFont::DemiBold);
+    return font;
+}
 
 int nameLine()
 {
@@ -82,15 +96,31 @@ void FilmDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
         painter->drawRoundedRect(
             area.adjusted(-distance, -distance, distance, distance), frameCorner + distance, frameCorner + distance);
     }
-    QFont font = AppLook::shared().font(TextRole::caption);
-    if (isCurrent)
-        font.setWeight(QFont::DemiBold);
+    const QFont font = nameFont(isCurrent);
     painter->setFont(font);
     painter->setPen(isCurrent ? colours.text : colours.soft);
-    const QRectF name(option.rect.left() + 2, area.bottom() + nameGap, option.rect.width() - 4, nameLine());
+    const QRectF name(
+        option.rect.left() + nameMargin, area.bottom() + nameGap, option.rect.width() - 2 * nameMargin, nameLine());
     painter->drawText(name, Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine,
         QFontMetricsF(font).elidedText(cardAt(index).title, Qt::ElideRight, name.width()));
     painter->restore();
+}
+
+bool FilmDelegate::helpEvent(
+    QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractItemDelegate::helpEvent(event, view, option, index);
+    const Card card = cardAt(index);
+    const bool isCut = QFontMetricsF(nameFont(index == view->currentIndex())).horizontalAdvance(card.title)
+        > cell().width() - 2 * nameMargin;
+    QStringList lines{
+        isCut ? card.title : QString(), card.state == Card::State::failed ? Wording::tr("No preview") : QString()};
+    lines.removeAll(QString());
+    // Names of others are no markup.
+    const QString tip = u"<span>%1</span>"_s.arg(lines.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s));
+    QToolTip::showText(event->globalPos(), lines.isEmpty() ? QString() : tip, view->viewport());
+    return true;
 }
 
 void FilmDelegate::paintPicture(QPainter& painter, const QRectF& area, const QModelIndex& index) const

@@ -75,6 +75,7 @@ void ThemeButtons::setState(const State& state)
         button->setToolTip(possible ? QString() : Wording::tr("This theme has no wallpaper"));
         button->setEnabled(possible && !state.working);
     }
+    m_ring->setAccessibleName(Wording::tr("Painting %1", "the wallpaper of a theme").arg(state.theme));
     m_ring->setVisible(state.working.has_value());
     placeRing();
     if (wasWorking && !state.working && hasFocus() && m_focused)

@@ -21,6 +21,7 @@ public:
     struct State {
         bool hasWallpaper = true;
         std::optional<ThemeOperation> working; ///< then nothing else can be asked for
+        QString theme{}; ///< its title
 
         bool operator==(const State&) const = default;
     };

@@ -175,6 +175,7 @@ void ThemePage::showWork()
     ThemeButtons::State state{.hasWallpaper = m_with.themeActions.wallpaperOf(*m_shown).has_value()};
     if (working && working->theme == *m_shown)
         state.working = working->operation;
+    state.theme = m_with.themeActions.title(*m_shown);
     m_buttons->setState(state);
 }
 

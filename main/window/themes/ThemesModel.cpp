@@ -50,6 +50,12 @@ QList<QColor> dotsOf(Skin skin, const ThemeAccent& accents)
     return {shown.begin(), shown.end()};
 }
 
+/// What is seen as long as a card is at work.
+QString withNotice(const QString& description, const Card& card)
+{
+    return card.state == Card::State::working ? description + u' ' + card.notice : description;
+}
+
 } // namespace
 
 ThemesModel::ThemesModel(const WindowContext& context, QObject* parent)
@@ -223,7 +229,7 @@ ThemesModel::Row ThemesModel::catalogueRow(Skin skin) const
     card.caption = tagline(skin);
     card.dots = dotsOf(skin, m_with.accents);
     addCommon(card, skin, skin);
-    card.description = spokenOf(skin, !card.pill.isEmpty(), m_with.accents);
+    card.description = withNotice(spokenOf(skin, !card.pill.isEmpty(), m_with.accents), card);
     return {skin, card};
 }
 
@@ -234,7 +240,7 @@ ThemesModel::Row ThemesModel::savedRow(const SavedTheme& theme) const
     card.caption = captionOf(theme);
     card.renames = true;
     addCommon(card, theme.id, theme.dominantSkin());
-    card.description = spokenOf(theme, !card.pill.isEmpty());
+    card.description = withNotice(spokenOf(theme, !card.pill.isEmpty()), card);
     return {theme.id, card};
 }
 

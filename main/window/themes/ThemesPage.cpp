@@ -231,14 +231,16 @@ void ThemesPage::openMenu(const QModelIndex& index, const QPoint& globalPosition
 QList<ActionItem> ThemesPage::menuOf(const ThemeChoice& theme)
 {
     ThemeActions& actions = m_with.themeActions;
-    const bool hasWallpaper = actions.wallpaperOf(theme).has_value();
+    const bool isWorking = actions.working() && actions.working()->theme == theme;
+    const bool hasWallpaper = actions.wallpaperOf(theme).has_value() && !isWorking;
     QList<ActionItem> items{{.title = Wording::tr("Open"), .handler = [this, theme] { m_with.model.openTheme(theme); }},
         ActionItem::separator(),
         {.title = ThemeActions::title(ThemeOperation::applyWithWallpaper),
             .handler = [&actions, theme] { actions.apply(theme, true); },
             .enabled = hasWallpaper},
         {.title = ThemeActions::title(ThemeOperation::applyKeepingWallpaper),
-            .handler = [&actions, theme] { actions.apply(theme, false); }},
+            .handler = [&actions, theme] { actions.apply(theme, false); },
+            .enabled = !isWorking},
         {.title = ThemeActions::title(ThemeOperation::setWallpaper),
             .handler = [&actions, theme] { actions.setWallpaper(theme); },
             .enabled = hasWallpaper}};

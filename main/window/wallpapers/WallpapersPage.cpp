@@ -208,7 +208,7 @@ void WallpapersPage::use(const QModelIndex& index)
     if (m_model.isTile(index))
         choosePictures();
     else if (const std::optional<WallpaperChoice> wallpaper = m_model.wallpaper(index);
-             wallpaper && cardAt(index).usable)
+             wallpaper && cardAt(index).usable && cardAt(index).state != Card::State::working)
         m_actions.set(*wallpaper, m_with.model.wallpaperTarget());
 }
 
@@ -254,12 +254,14 @@ QList<ActionItem> WallpapersPage::menuOf(const WallpaperChoice& wallpaper)
 {
     const QList<ScreenInfo> screens = m_with.host.screens();
     const bool several = screens.size() > 1;
-    const bool usable = cardAt(m_model.indexOf(wallpaper)).usable;
+    const Card card = cardAt(m_model.indexOf(wallpaper));
+    const bool usable = card.usable;
+    const bool canBeSet = usable && card.state != Card::State::working;
     const auto setOn = [&](const QString& title, const QString& screen) {
         return ActionItem{.title = title,
             .symbol = u"display"_s,
             .handler = [this, wallpaper, screen] { m_actions.set(wallpaper, screen); },
-            .enabled = usable};
+            .enabled = canBeSet};
     };
     QList<ActionItem> items{setOn(several ? Wording::tr("Set on All Screens") : Wording::tr("Set"), {})};
     if (several && m_with.wallpaper.isPerScreen() && std::holds_alternative<Skin>(wallpaper)) {
