@@ -202,6 +202,9 @@ void ThemesPage::showEmptyState()
 
 void ThemesPage::takeFocus(bool first)
 {
+    const bool seeksFound = first && !m_with.model.search(MainTab::themes).trimmed().isEmpty();
+    if (m_with.model.isThemeOpen() && seeksFound)
+        m_with.model.closeTheme(); // what was found is in the grid
     if (m_with.model.isThemeOpen()) {
         m_page->takeFocus();
         return;
