@@ -1,22 +1,41 @@
 // SPDX-License-Identifier: MIT
 
 #include "window/themes/ThemesPage.h"
+#include "support/WaitUntil.h"
 #include "window/cards/CardView.h"
 #include "window/frame/SearchField.h"
+#include "window/look/AppLook.h"
 #include "window/look/Button.h"
 #include "window/look/EmptyState.h"
+#include "window/themes/PageTransition.h"
 #include "window/themes/ThemeFileDialogs.h"
+#include "window/themes/ThemePage.h"
 #include "window/themes/ThemesModel.h"
 #include "window/themes/ThemeTexts.h"
 #include "window/themes/Welcome.h"
 #include "window/WindowDesk.h"
 
+#include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+
+#include <algorithm>
 
 namespace ambrelle {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+struct PaintCounter : QObject {
+    int count = 0;
+
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
 
 struct ThemesPageTest : WindowTest {
     Desk& desk = home.desk;
@@ -177,6 +196,12 @@ TEST_F(ThemesPageTest, TheMenuOffersWhatIsPossible)
     EXPECT_EQ(lines(Skin::neon), u"Open|-|Apply with Wallpaper|Apply, Keep My Wallpaper|Set Wallpaper Only"_s);
     EXPECT_EQ(lines(own),
         u"Open|-|(Apply with Wallpaper)|Apply, Keep My Wallpaper|(Set Wallpaper Only)|-|Rename|Export…|Delete…"_s);
+    desk.picture.isDeferred = true;
+    home.themeActions.setWallpaper(Skin::neon);
+    desk.clock.advance(std::chrono::milliseconds(150));
+    EXPECT_EQ(lines(Skin::neon), u"Open|-|(Apply with Wallpaper)|(Apply, Keep My Wallpaper)|(Set Wallpaper Only)"_s)
+        << "it is at work";
+    EXPECT_EQ(lines(Skin::paper), u"Open|-|Apply with Wallpaper|Apply, Keep My Wallpaper|Set Wallpaper Only"_s);
     EXPECT_EQ(themeInvitation({u"/a.ambrelle"_s, u"/b.AMBRELLE"_s}), u"Drop to add to My Themes"_s);
     EXPECT_EQ(themeInvitation({u"/a.ambrelle"_s, u"/b.png"_s}), QString());
 }
@@ -197,6 +222,69 @@ TEST_F(ThemesPageTest, TheWelcomeGoesWhenDismissedAndWhenAThemeIsApplied)
         home.window.toggle();
         QCoreApplication::processEvents();
     }
+}
+
+TEST_F(ThemesPageTest, TheWelcomeShowsTheDesktopAsItIsWhereThereIsRoom)
+{
+    desk.add(WidgetKind::cpu, {100, 100}, Skin::neon);
+    home.model.setShowWelcome(true);
+    MainWindow& window = opened();
+    auto* welcome = window.findChild<Welcome*>();
+    auto* picture = window.findChild<WelcomePicture*>();
+    for (const int width : {880, 900, 899, 1120}) { // at 880 the cards are as wide as at 900
+        window.resize(width, 700);
+        EXPECT_TRUE(waitUntil([&] { return picture->isVisible() == (width >= 900); })) << width;
+    }
+    const auto says = [&](const QString& part) {
+        return std::ranges::any_of(
+            welcome->findChildren<QLabel*>(), [&](const QLabel* label) { return label->text().contains(part); });
+    };
+    EXPECT_TRUE(says(u"Start Ambrelle again"_s));
+    home.model.setHasTray(true);
+    EXPECT_TRUE(says(u"stays in the tray"_s)) << "it came later";
+    ASSERT_TRUE(
+        waitUntil([&] { return !home.shelf.standIn(PictureKey::desktop(home.snapshots.wish(Skin::neon))).isNull(); }));
+    QCoreApplication::processEvents();
+    PaintCounter paints(*picture);
+    desk.manager.controllers().first()->setSkin(Skin::paper);
+    EXPECT_TRUE(waitUntil([&] { return paints.count > 0; })) << "it shows what was on the desktop before";
+}
+
+TEST_F(ThemesPageTest, APageGrowsOutOfItsCardUnlessMotionIsNotWished)
+{
+    MainWindow& window = opened();
+    auto* transition = window.findChild<PageTransition*>();
+    for (const bool reduces : {false, true}) {
+        AppLook::shared().apply({.reducesMotion = reduces});
+        home.model.openTheme(Skin::neon);
+        EXPECT_EQ(transition->isVisible(), !reduces);
+        auto* page = window.findChild<ThemePage*>();
+        EXPECT_TRUE(page->isVisible() && page->isAncestorOf(QApplication::focusWidget())) << "nothing waits for it";
+        EXPECT_EQ(window.childAt(page->mapTo(&window, page->rect().center()))->window(), &window);
+        home.model.closeTheme(); // while it is still under way
+        EXPECT_EQ(transition->isVisible(), !reduces);
+        EXPECT_TRUE(window.findChild<CardView*>()->isVisible());
+        EXPECT_TRUE(waitUntil([&] { return !transition->isVisible(); }));
+    }
+    AppLook::shared().apply({});
+    home.model.openTheme(Skin::neon);
+    EXPECT_TRUE(transition->isRunning());
+    window.resize(window.size() + QSize(10, 0));
+    EXPECT_TRUE(waitUntil([&] { return !transition->isRunning(); }));
+}
+
+TEST_F(ThemesPageTest, ExportsUnderANameWithADotAsAThemeFile)
+{
+    const QUuid own = save(u"Work"_s);
+    MainWindow& window = opened();
+    ThemeFileDialogs dialogs(home.themeActions, window);
+    dialogs.exportTheme(own);
+    auto* chooser = window.findChild<QFileDialog*>();
+    ASSERT_TRUE(chooser);
+    chooser->setDirectory(desk.folder.path());
+    chooser->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(u"Desk 2.0"_s);
+    QMetaObject::invokeMethod(chooser, "accept");
+    EXPECT_TRUE(waitUntil([&] { return QFileInfo::exists(desk.folder.filePath(u"Desk 2.0.ambrelle"_s)); }));
 }
 
 } // namespace

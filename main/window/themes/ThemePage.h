@@ -28,6 +28,7 @@ public:
 
     void takeFocus();
     QList<QWidget*> areas(); ///< that the keyboard goes through
+    ThemePicture& picture() { return *m_picture; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

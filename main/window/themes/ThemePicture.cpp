@@ -141,8 +141,7 @@ void ThemePicture::receive(const QString& key, const QImage& image)
     update();
 }
 
-/// What can be shown of what is wanted; null: nothing.
-QPixmap ThemePicture::best()
+QPixmap ThemePicture::shown()
 {
     if (!wanted())
         return {};
@@ -156,6 +155,12 @@ QPixmap ThemePicture::best()
     if (!m_last.isNull())
         return m_last; // in other accents
     return m_shelf.standIn(miniature.key);
+}
+
+void ThemePicture::setHeldBack(bool heldBack)
+{
+    if (std::exchange(m_isHeldBack, heldBack) != heldBack)
+        update();
 }
 
 void ThemePicture::drop()
@@ -196,10 +201,12 @@ void ThemePicture::paintEvent(QPaintEvent*)
 {
     if (std::exchange(m_pixelRatio, devicePixelRatioF()) != devicePixelRatioF())
         request(); // another screen, or this one in another scale
+    if (m_isHeldBack)
+        return;
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     const AppLook& look = AppLook::shared();
-    const QPixmap picture = best();
+    const QPixmap picture = shown();
     const bool moves = m_waited && !picture.isNull() && look.milliseconds(arrivalTime) > 0;
     if (moves) {
         m_arrival->setDuration(arrivalTime);

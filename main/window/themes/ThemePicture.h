@@ -30,6 +30,10 @@ public:
     /// The same desktop in other accents, shown in its place; none: as it is.
     void setTrial(const std::optional<DesktopSnapshots::Wish>& wish);
 
+    QPixmap shown(); ///< the best one that is there, in whatever size; null: none yet
+    /// Another widget shows it in this one's place.
+    void setHeldBack(bool heldBack);
+
     bool isExact() const; ///< it shows what was drawn for these pixels
 
     static constexpr double corner = 12;
@@ -51,7 +55,6 @@ private:
     const Exact* exact() const;
     void request();
     void receive(const QString& key, const QImage& image);
-    QPixmap best();
     void drop();
     void paintPicture(QPainter& painter, const QPixmap& pixmap) const;
 
@@ -63,6 +66,7 @@ private:
     QColor m_ground;
     QList<Exact> m_exact; ///< of these two at most
     QPixmap m_last; ///< painted last, of this desktop
+    bool m_isHeldBack = false;
     bool m_waited = false; ///< painted without a picture
     double m_pixelRatio = 0; ///< painted last
     QVariantAnimation* m_arrival;

@@ -9,8 +9,10 @@
 #include "window/look/ActionMenu.h"
 #include "window/look/Button.h"
 #include "window/look/EmptyState.h"
+#include "window/themes/PageTransition.h"
 #include "window/themes/ThemeActions.h"
 #include "window/themes/ThemePage.h"
+#include "window/themes/ThemePicture.h"
 #include "window/themes/ThemesScope.h"
 #include "window/themes/Welcome.h"
 
@@ -38,9 +40,11 @@ ThemesPage::ThemesPage(const WindowContext& context)
     , m_overview(makeOverview())
     , m_page(new ThemePage(context, m_themes))
     , m_pages(new QStackedLayout(this))
+    , m_transition(new PageTransition(*this))
 {
     m_pages->addWidget(m_overview);
     m_pages->addWidget(m_page);
+    connect(m_transition, &PageTransition::ended, this, [this] { m_page->picture().setHeldBack(false); });
     connect(m_scope, &ThemesScope::importWanted, this, [this] { m_files.import(); });
     connectGrid();
     makeKeys();
@@ -121,7 +125,7 @@ void ThemesPage::showModel()
 {
     showWelcome();
     const bool open = m_with.model.isThemeOpen();
-    m_pages->setCurrentWidget(open ? static_cast<QWidget*>(m_page) : m_overview);
+    turnTo(open ? *m_page : *m_overview);
     showChosen();
     showEmptyState();
     if (m_wasOpen != open && isVisible())

@@ -13,6 +13,7 @@ namespace ambrelle {
 struct ActionItem;
 class CardView;
 class EmptyState;
+class PageTransition;
 class ThemePage;
 class ThemesScope;
 class Welcome;
@@ -38,6 +39,8 @@ private:
     void connectGrid();
     void makeKeys();
     void showModel();
+    void turnTo(QWidget& page);
+    std::optional<QRectF> pictureArea();
     void showWelcome();
     void showChosen();
     void showEmptyState();
@@ -55,6 +58,7 @@ private:
     Welcome* m_welcome = nullptr; ///< in the grid
     ThemePage* m_page; ///< of the one that is open
     QStackedLayout* m_pages;
+    PageTransition* m_transition; ///< from one of them to the other
     QString m_emptiness; ///< what the empty state is about
     bool m_isChanging = false; ///< the list, which chooses nothing
     bool m_wasOpen = false;
