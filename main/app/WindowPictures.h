@@ -16,7 +16,7 @@ public:
     WallpaperStore& wallpapers() { return m_wallpapers; }
     DesktopSnapshots& desktops() { return m_desktops; }
     PictureShelf& shelf() { return m_shelf; }
-    /// Nobody looks any more: nothing of all this stays in memory.
+    /// Nobody looks any more: what can be had again goes from memory. What the disk could not keep stays, packed.
     void release();
 
 private:

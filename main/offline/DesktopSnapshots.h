@@ -32,7 +32,7 @@ public:
         Wallpaper wallpaper;
         ImageDiskCache cache;
         ThemeAccent& accents;
-        std::function<QImage()> samplePhoto; ///< of photos and artwork; called on another thread
+        std::function<QImage()> samplePhoto; ///< of photos and artwork; may be called on any thread
         SampleWorld::MakeMachine makeMachine; ///< of the world of samples
     };
     using Desktop = std::variant<Skin, SavedTheme>;
@@ -52,7 +52,7 @@ public:
     Wish wish(const Desktop& desktop) const;
     /// The miniature, or null after enqueueing it; `changed()` tells when it is there. It is decoded each time.
     QImage image(const Desktop& desktop);
-    /// The same as a JPEG file; empty after enqueueing it.
+    /// The same as a JPEG file; empty after enqueueing it, and where it could not be made.
     QByteArray packed(const Wish& wish);
     /// Nobody looks for that picture any more: unless it has begun, it is not made.
     void drop(const QString& key);
@@ -66,7 +66,8 @@ public:
     [[nodiscard]] Ticket borrowSamples(std::function<void(const SampleWorld& samples)> done);
     /// Every skin's miniature, on this thread, in the order of the catalogue.
     void renderPresetsNow();
-    /// Forgets the samples, what is on the disk, failures, and what has not begun.
+    /// Forgets what is on the disk too, failures, miniatures that have not begun, and the samples as soon as nothing is
+    /// drawn any more. What the disk did not take is kept, and what draw() was asked for is still drawn.
     void release();
 
 Q_SIGNALS:

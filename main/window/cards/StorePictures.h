@@ -14,12 +14,12 @@ namespace ambrelle {
 class WallpaperStore;
 
 /// Pictures from the stores of wallpapers and of desktops, which make what is missing, and from files of the user's.
-/// They are decoded on threads of their own, scaled while they are read. A desktop in more pixels than a miniature has
-/// is drawn anew.
+/// They are decoded on two threads of their own, one after the other on each, scaled while they are read. A desktop in
+/// more pixels than a miniature has is drawn anew.
 class StorePictures final : public QObject, public PictureLoader {
 public:
     StorePictures(WallpaperStore& wallpapers, DesktopSnapshots& desktops);
-    ~StorePictures() override; ///< waits for no disk
+    ~StorePictures() override; ///< waits a moment at most for a disk that does not answer
 
     void load(const PictureOrder& order, Done done) override;
     bool drop(const PictureOrder& order) override;
