@@ -209,7 +209,7 @@ void ThemePage::arrange()
 
 void ThemePage::paintEvent(QPaintEvent*)
 {
-    if (AppLook::shared().wishes().highContrast)
+    if (AppLook::shared().wishes().highContrast || m_picture->isHeldBack())
         return;
     QPainter painter(this);
     drawCardShadow(painter, m_picture->geometry(), ThemePicture::corner, devicePixelRatioF());

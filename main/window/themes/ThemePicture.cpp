@@ -160,7 +160,7 @@ QPixmap ThemePicture::shown()
 void ThemePicture::setHeldBack(bool heldBack)
 {
     if (std::exchange(m_isHeldBack, heldBack) != heldBack)
-        update();
+        parentWidget()->update(); // its shadow too
 }
 
 void ThemePicture::drop()

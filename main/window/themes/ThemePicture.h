@@ -33,6 +33,7 @@ public:
     QPixmap shown(); ///< the best one that is there, in whatever size; null: none yet
     /// Another widget shows it in this one's place.
     void setHeldBack(bool heldBack);
+    bool isHeldBack() const { return m_isHeldBack; }
 
     bool isExact() const; ///< it shows what was drawn for these pixels
 
