@@ -100,8 +100,13 @@ TEST_F(SettingsRowTest, AValueNobodyOffersIsShownAndKept)
     auto* box = section.findChild<QComboBox*>();
     EXPECT_EQ(box->currentText(), u"Every 45 minutes"_s);
     EXPECT_TRUE(changed.isEmpty()) << "showing a value wrote one";
-    EXPECT_EQ(settings.focusMinutes(), 500);
-    press(section.findChild<NumberField*>(), Qt::Key_Return);
+    auto* number = section.findChild<NumberField*>();
+    for (const QEvent::Type type : {QEvent::FocusIn, QEvent::FocusOut}) {
+        QFocusEvent passing(type, Qt::TabFocusReason);
+        QCoreApplication::sendEvent(number, &passing);
+    }
+    EXPECT_EQ(settings.focusMinutes(), 500) << "passing by changed it";
+    press(number, Qt::Key_Return);
     EXPECT_EQ(settings.focusMinutes(), 180) << "what was confirmed is not what counts";
     settings.downloadResetMinutes.set(7);
     EXPECT_EQ(box->currentText(), u"Every 7 minutes"_s);

@@ -8,8 +8,11 @@
 #include "window/settings/SettingsSection.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
+
+#include <utility>
 
 namespace ambrelle {
 
@@ -27,6 +30,18 @@ NumberField::NumberField(const RowRange& range, QWidget* parent)
     setSuffix(range.suffix);
     setKeyboardTracking(false);
     setFocusPolicy(Qt::StrongFocus); // not by the wheel
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_typed = true; });
+    // Told whenever the focus goes, too.
+    connect(this, &QSpinBox::editingFinished, this, [this] {
+        if (std::exchange(m_typed, false))
+            Q_EMIT confirmed();
+    });
+}
+
+void NumberField::keyPressEvent(QKeyEvent* event)
+{
+    m_typed = m_typed || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QSpinBox::keyPressEvent(event);
 }
 
 void NumberField::wheelEvent(QWheelEvent* event)

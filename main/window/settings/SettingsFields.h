@@ -20,8 +20,15 @@ class NumberField final : public QSpinBox {
 public:
     explicit NumberField(const RowRange& range, QWidget* parent = nullptr);
 
+Q_SIGNALS:
+    void confirmed(); ///< Enter, or the focus going after something was typed, whether that is another number or not
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+private:
+    bool m_typed = false;
 };
 
 /// A line of text, and the button that stores it.

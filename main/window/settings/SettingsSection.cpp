@@ -181,7 +181,7 @@ SettingsRow* SettingsSection::addNumber(const RowText& text, Setting<int>& setti
 {
     auto* number = new NumberField(range);
     connect(number, &NumberField::valueChanged, this, [&setting](int value) { setting.set(value); });
-    connect(number, &NumberField::editingFinished, this, [number, &setting] {
+    connect(number, &NumberField::confirmed, this, [number, &setting] {
         if (number->value() != setting()) // which is out of range, and was not shown as it is
             setting.set(number->value());
     });

@@ -67,7 +67,7 @@ public:
             text, setting.key(), titlesOf(choices), [&setting, choices] { return placeOf(setting(), choices); },
             [&setting, choices](int index) { setting.set(choices[index].value); });
     }
-    /// A number is taken on Enter, by an arrow, and when the focus goes.
+    /// A number is taken on Enter, by an arrow, and when the focus goes after it was typed.
     SettingsRow* addNumber(const RowText& text, Setting<int>& setting, const RowRange& range);
     /// A line of text with a button that stores it trimmed, as Enter does; enabled while it differs from what is
     /// stored.
