@@ -11,6 +11,7 @@
 #include "window/widgets/DesktopList.h"
 #include "window/widgets/DesktopPane.h"
 #include "window/widgets/FaceTiles.h"
+#include "window/widgets/WidgetsModel.h"
 #include "window/WindowDesk.h"
 
 namespace ambrelle {
@@ -101,6 +102,28 @@ TEST_F(WidgetsPageTest, AddsWithAClickWhereThereIsRoomAndTakesItBack)
     press(*window, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(desk.live().isEmpty());
     EXPECT_TRUE(desk.stored().isEmpty());
+}
+
+TEST_F(WidgetsPageTest, ATileThatCannotBeDrawnIsNotTriedWithoutEnd)
+{
+    WidgetsModel kinds;
+    QListView view;
+    view.setModel(&kinds);
+    view.show();
+    FaceTiles tiles(home.context, view);
+    constexpr QSize tooLarge(100'000, 100'000);
+    const QModelIndex clock = kinds.first();
+    int arrivals = 0;
+    QObject::connect(&tiles, &CardPictures::arrived, &view, [&] {
+        ++arrivals;
+        EXPECT_TRUE(tiles.picture(clock, tooLarge).isNull()); // as a view asks that paints it
+    });
+    tiles.want({clock}, tooLarge);
+    ASSERT_TRUE(waitUntil([&] { return arrivals > 0; }));
+    QTest::qWait(100);
+    desk.clock.advance(FaceTiles::leastAge);
+    QTest::qWait(100);
+    EXPECT_EQ(arrivals, 1);
 }
 
 TEST_F(WidgetsPageTest, DragsAWidgetOutEvenWhenPositionsAreLocked)

@@ -61,7 +61,7 @@ bool FaceTiles::isSeen(WidgetKind kind) const
 
 bool FaceTiles::looksOutdated(WidgetKind kind) const
 {
-    return contains(m_outdated, kind) || m_shown.value(kind).pixmap.isNull();
+    return contains(m_outdated, kind) || !m_shown.value(kind).reading; // one that could not be drawn is no reason
 }
 
 void FaceTiles::setSkin(Skin skin)
