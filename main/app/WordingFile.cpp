@@ -4,7 +4,8 @@
 
 #include "app/Information.h"
 
-#include <QCoreApplication>
+#include <QFileInfo>
+#include <QGuiApplication>
 #include <QTranslator>
 
 #include <memory>
@@ -20,8 +21,12 @@ void installLanguage(QCoreApplication& application, const QString& folder, const
     auto wording = std::make_unique<QTranslator>();
     if (!wording->load(language, u"ambrelle"_s, u"_"_s, folder))
         return;
+    const QString file = wording->filePath();
     wording->setParent(&application);
     QCoreApplication::installTranslator(wording.release());
+    // By the file that was found: the language of texts need not be that of numbers and dates.
+    const QString code = QFileInfo(file).completeBaseName().section(u'_', 1);
+    QGuiApplication::setLayoutDirection(QLocale(code).textDirection());
 }
 
 } // namespace
@@ -36,7 +41,7 @@ void WordingFile::install(QCoreApplication& application, const QString& folder, 
     if (folder.isEmpty())
         return; // the toolkit would look where the program was started
     installLanguage(application, folder, QLocale(QLocale::English));
-    // What comes last is asked first. The language of texts need not be that of numbers and dates.
+    // What comes last is asked first.
     if (!locale.uiLanguages().value(0).startsWith("en"_L1))
         installLanguage(application, folder, locale);
 }

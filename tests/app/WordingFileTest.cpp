@@ -5,6 +5,7 @@
 #include "foundation/Wording.h"
 #include "support/TestFolder.h"
 
+#include <QGuiApplication>
 #include <QProcess>
 #include <QTranslator>
 
@@ -16,7 +17,11 @@ namespace {
 
 class WordingFileTest : public testing::Test {
 protected:
-    ~WordingFileTest() override { qDeleteAll(application.findChildren<QTranslator*>(Qt::FindDirectChildrenOnly)); }
+    ~WordingFileTest() override
+    {
+        qDeleteAll(application.findChildren<QTranslator*>(Qt::FindDirectChildrenOnly));
+        QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
+    }
 
     /// A compiled wording of these sources, each put as itself with the language's name.
     void compile(const QByteArray& language, const QByteArrayList& sources) const
@@ -44,6 +49,18 @@ TEST_F(WordingFileTest, WordsTextsInTheUsersLanguageAndTheRestInEnglish)
     EXPECT_EQ(Wording::tr("one"), u"one de"_s);
     EXPECT_EQ(Wording::tr("two"), u"two en"_s);
     EXPECT_EQ(Wording::tr("three"), u"three"_s);
+}
+
+TEST_F(WordingFileTest, WindowsAreReadInTheDirectionOfTheirTexts)
+{
+    compile("en", {"one"});
+    compile("ar", {"one"});
+    WordingFile::install(application, folder.path(), QLocale(QLocale::Hebrew));
+    EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight) << "its texts are English ones";
+    WordingFile::install(application, folder.path(), QLocale(QLocale::Arabic, QLocale::Egypt));
+    EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft);
+    WordingFile::install(application, folder.path(), QLocale(QLocale::English));
+    EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::LeftToRight);
 }
 
 TEST_F(WordingFileTest, AMissingOrDamagedFileLeavesEnglishOrTheSources)
