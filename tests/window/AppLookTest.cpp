@@ -25,8 +25,11 @@ TEST(SymbolIcon, TheMarkIsSharpAndShowsOnEveryPanel)
             opaque += alpha == 255 ? 1 : 0;
         }
         EXPECT_GT(opaque, side / 2);
-        for (const QRgb panel : {0xffffffff, 0xffe0e0e0, 0xff2b2b2b, 0xff000000})
-            EXPECT_GE(contrast(mark.pixelColor(row, row), QColor(panel)), 3) << side << ' ' << std::hex << panel;
+        EXPECT_EQ(mark.pixelColor(row, row), AppLook::mark);
+    }
+    for (const QRgb panel : {0xffffffff, 0xffe0e0e0, 0xff2b2b2b, 0xff000000}) {
+        for (const QColor& ink : {AppLook::mark, AppLook::menuSymbol})
+            EXPECT_GE(contrast(ink, QColor(panel)), 3) << qPrintable(ink.name()) << " on " << std::hex << panel;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "window/frame/StatusItemController.h"
 
+#include "window/look/AppLook.h"
 #include "window/look/SymbolIcon.h"
 
 #include <QApplication>
@@ -11,17 +12,10 @@
 
 namespace ambrelle {
 
-namespace {
-
-// Many panels draw the menu themselves, in colours nobody tells: legible on white and on black.
-constexpr QColor menuInk{125, 125, 125};
-
-} // namespace
-
 StatusItemController::StatusItemController(ActionMenu::Items items, std::function<void()> toggle, Clock& clock)
     : m_toggle(std::move(toggle))
     , m_clock(clock)
-    , m_menu(std::move(items), menuInk)
+    , m_menu(std::move(items), AppLook::menuSymbol)
 {
 }
 

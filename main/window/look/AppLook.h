@@ -60,6 +60,11 @@ public:
     /// Gives menus and windows, the open ones too, the program's style, and font and colours as wished.
     void apply(const LookWishes& wishes);
 
+    // Of what stands on panels of others, in colours nobody tells: at least 3 : 1 on those from black to #2b2b2b and
+    // from #e0e0e0 to white.
+    static constexpr QColor mark{186, 107, 24}; ///< the program's own
+    static constexpr QColor menuSymbol{125, 125, 125}; ///< in menus that a panel draws
+
     const LookWishes& wishes() const { return m_wishes; }
     const AppColours& colours() const { return m_colours; }
     QFont font(TextRole role) const;

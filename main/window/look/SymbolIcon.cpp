@@ -3,6 +3,7 @@
 #include "window/look/SymbolIcon.h"
 
 #include "drawing/Symbols.h"
+#include "window/look/AppLook.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>
@@ -78,7 +79,7 @@ public:
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(Qt::NoPen);
-        painter->setBrush(amber);
+        painter->setBrush(AppLook::mark);
         for (const QPoint& place : {QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(1, 1)})
             painter->drawRoundedRect(QRect(corner + place * (tile + gap), QSize(tile, tile)), tile / 4.0, tile / 4.0);
         painter->restore();
@@ -91,9 +92,6 @@ public:
         return sizes;
     }
     QIconEngine* clone() const override { return new MarkEngine(*this); }
-
-private:
-    static constexpr QColor amber{186, 107, 24}; // at least 3 : 1 on panels from black to #2b2b2b and #e0e0e0 to white
 };
 
 } // namespace
