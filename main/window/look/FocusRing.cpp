@@ -61,8 +61,10 @@ bool FocusRing::eventFilter(QObject* object, QEvent* event)
     switch (event->type()) {
     case QEvent::FocusIn: {
         const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
+        // What a press hides is left as if by Tab.
+        const bool isPressing = QGuiApplication::mouseButtons() != Qt::NoButton;
         if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
-            show(true);
+            show(!isPressing);
         else if (reason == Qt::MouseFocusReason)
             show(false);
         break;
