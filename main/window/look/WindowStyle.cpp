@@ -27,6 +27,7 @@ namespace {
 constexpr int entryMargin = 7; // left and right of the text in a field
 constexpr int leastHit = 28; // of what can be clicked
 constexpr int rowHeight = 26; // of lists
+constexpr int smallSymbol = 16; // in fields and drop-downs
 constexpr int boxMargin = 4; // the same in a box, beside the toolkit's own
 
 /// Whether it draws the mark of the focus itself, or has the ring around it.
@@ -200,6 +201,8 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical: return 0;
     case PM_ToolTipLabelFrameWidth: return boxMargin;
+    case PM_SmallIconSize:
+    case PM_LineEditIconSize: return AppLook::shared().scaled(smallSymbol);
     default: return QProxyStyle::pixelMetric(metric, option, widget);
     }
 }

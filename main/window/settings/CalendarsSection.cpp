@@ -43,8 +43,13 @@ public:
         : m_symbol(symbol)
         , m_tone(tone)
     {
-        setFixedSize(folderSymbol, folderSymbol);
-        connect(&AppLook::shared(), &AppLook::changed, this, qOverload<>(&QWidget::update));
+        const auto dress = [this] {
+            const int side = AppLook::shared().scaled(folderSymbol);
+            setFixedSize(side, side);
+            update();
+        };
+        connect(&AppLook::shared(), &AppLook::changed, this, dress);
+        dress();
     }
 
 protected:
