@@ -77,7 +77,9 @@ void drawPlate(QPainter& painter, const ControlPlate& plate)
         mix = pressedMix;
     const QColor ink = plate.ink.isValid() ? plate.ink : look().text;
     painter.setBrush(plate.fill.isValid() ? blended(plate.fill, ink, mix) : faded(ink, mix));
-    painter.setPen(plate.hasEdge ? QPen(look().edge, 1) : QPen(Qt::NoPen));
+    // Where texts of what is off are as strong as others, its edge tells.
+    const bool isFaint = !enabled && AppLook::shared().wishes().highContrast;
+    painter.setPen(plate.hasEdge ? QPen(isFaint ? look().track : look().edge, 1) : QPen(Qt::NoPen));
     const QRectF area(plate.option.rect);
     painter.drawRoundedRect(plate.hasEdge ? sharp(area) : area, WindowStyle::corner, WindowStyle::corner);
 }
