@@ -2,11 +2,13 @@
 
 #include "window/frame/SearchField.h"
 
+#include "foundation/Wording.h"
 #include "window/look/AppLook.h"
 #include "window/look/SymbolIcon.h"
 
 #include <QAction>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 namespace ambrelle {
 
@@ -17,11 +19,13 @@ SearchField::SearchField(QWidget* parent)
 {
     addAction(symbolIcon(u"magnifyingglass"_s, AppLook::shared().colours().soft), LeadingPosition);
     setClearButtonEnabled(true);
+    if (auto* clear = findChild<QAction*>(u"_q_qlineeditclearaction"_s)) // the toolkit gives it no name
+        clear->setText(Wording::tr("Clear Search"));
     setAcceptDrops(false); // files are for the window
     connect(this, &QLineEdit::textEdited, this, &SearchField::typed);
     // The clear button clears without anything being edited.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-        if (text.isEmpty() && hasFocus())
+        if (text.isEmpty() && hasFocus() && !m_isBeingSet)
             Q_EMIT typed(text);
     });
     connect(&AppLook::shared(), &AppLook::changed, this,
@@ -32,8 +36,10 @@ void SearchField::setWhat(const QString& placeholder, const QString& text)
 {
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
+    actions().first()->setText(placeholder);
     if (text != this->text()) {
-        const QSignalBlocker quiet(this);
+        // Not blocked: the clear button listens as well.
+        const QScopedValueRollback setting(m_isBeingSet, true);
         setText(text);
     }
 }

@@ -21,6 +21,9 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    bool m_isBeingSet = false;
 };
 
 } // namespace ambrelle
