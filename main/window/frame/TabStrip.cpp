@@ -6,6 +6,7 @@
 #include "window/look/AppLook.h"
 #include "window/look/FocusRing.h"
 #include "window/look/SymbolIcon.h"
+#include "window/look/Transitions.h"
 #include "window/look/WindowStyle.h"
 
 #include <QPainter>
@@ -20,10 +21,16 @@ namespace {
 constexpr int stripInset = 3; // between the track and a segment
 constexpr int stripHeight = 34;
 constexpr int tabMargin = 14;
-constexpr int symbolSide = 18;
+constexpr int usualSymbol = 18; // grows with the text
 constexpr int symbolGap = 7;
 constexpr double trackCorner = 9;
 constexpr double segmentCorner = 7;
+constexpr double hoverStrength = 0.4; // of the chosen one's plate
+
+int symbolSide()
+{
+    return AppLook::shared().scaled(usualSymbol);
+}
 
 } // namespace
 
@@ -47,7 +54,7 @@ int TabStrip::widthOf(int index, bool withWord) const
 {
     const QFontMetrics metrics(AppLook::shared().font(TextRole::name));
     const int word = withWord ? symbolGap + metrics.horizontalAdvance(tabText(index)) : 0;
-    return 2 * tabMargin + symbolSide + word;
+    return 2 * tabMargin + symbolSide() + word;
 }
 
 int TabStrip::fullWidth() const
@@ -69,8 +76,8 @@ void TabStrip::layOut()
     for (int index = 0; index < count(); ++index)
         setTabToolTip(index, m_compact && index != currentIndex() ? tabText(index) : QString());
     // The toolkit lays tabs out again only when it believes that one changed.
-    setIconSize(iconSize() == QSize(symbolSide, symbolSide) ? QSize(symbolSide, symbolSide + 1)
-                                                            : QSize(symbolSide, symbolSide));
+    const QSize size(symbolSide(), symbolSide());
+    setIconSize(iconSize() == size ? size + QSize(0, 1) : size);
     updateGeometry();
 }
 
@@ -100,20 +107,23 @@ void TabStrip::paintEvent(QPaintEvent*)
         const QRect tab = tabRect(index);
         const QRectF segment = QRectF(tab).adjusted(stripInset, stripInset, -stripInset, -stripInset);
         const bool chosen = index == currentIndex();
-        if (chosen || (underMouse() && tab.contains(pointer))) {
+        const double hovered =
+            transition(this, MovingPart::hover, underMouse() && tab.contains(pointer) ? 1 : 0, index);
+        if (chosen || hovered > 0) {
             painter.setPen(Qt::NoPen);
-            painter.setBrush(chosen ? colours.chosenSegment : faded(colours.chosenSegment, 0.4));
+            painter.setBrush(chosen ? colours.chosenSegment : faded(colours.chosenSegment, hoverStrength * hovered));
             painter.drawRoundedRect(segment, segmentCorner, segmentCorner);
         }
         const bool word = !m_compact || chosen;
         const QRect inner = tab.adjusted(tabMargin, 0, -tabMargin, 0);
-        const QRect symbol = QStyle::visualRect(layoutDirection(), inner,
-            {inner.left(), inner.top() + (inner.height() - symbolSide) / 2, symbolSide, symbolSide});
+        const int side = symbolSide();
+        const QRect symbol = QStyle::visualRect(
+            layoutDirection(), inner, {inner.left(), inner.top() + (inner.height() - side) / 2, side, side});
         tabIcon(index).paint(&painter, symbol);
         if (word) {
             painter.setPen(colours.text);
             painter.drawText(
-                QStyle::visualRect(layoutDirection(), inner, inner.adjusted(symbolSide + symbolGap, 0, symbolGap, 0)),
+                QStyle::visualRect(layoutDirection(), inner, inner.adjusted(side + symbolGap, 0, symbolGap, 0)),
                 static_cast<int>(Qt::AlignVCenter | QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)),
                 tabText(index));
         }

@@ -81,11 +81,11 @@ void fade(QWidget& widget, double from, double to, int time, std::function<void(
 
 } // namespace
 
-double transition(const QWidget* widget, MovingPart part, double target)
+double transition(const QWidget* widget, MovingPart part, double target, int number)
 {
     if (!widget)
         return target;
-    const QString name = part == MovingPart::hover ? u"ambrelle-hover"_s : u"ambrelle-knob"_s;
+    const QString name = (part == MovingPart::hover ? u"ambrelle-hover-%1"_s : u"ambrelle-knob-%1"_s).arg(number);
     auto* going =
         static_cast<WidgetTransition*>(widget->findChild<QVariantAnimation*>(name, Qt::FindDirectChildrenOnly));
     if (!going) {

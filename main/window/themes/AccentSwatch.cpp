@@ -6,10 +6,13 @@
 #include "window/look/AppLook.h"
 #include "window/look/ControlPainting.h"
 #include "window/look/FocusRing.h"
+#include "window/look/Transitions.h"
 #include "window/look/WindowStyle.h"
 
 #include <QKeyEvent>
 #include <QPainter>
+
+#include <cmath>
 
 namespace ambrelle {
 
@@ -116,7 +119,8 @@ void AccentSwatch::paintEvent(QPaintEvent*)
         painter.drawEllipse(middle, disc / 2, disc / 2);
     }
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(faded(colours.text, underMouse() ? pointedDiscLine : discLine), 1));
+    const double hovered = transition(this, MovingPart::hover, underMouse() ? 1 : 0);
+    painter.setPen(QPen(faded(colours.text, std::lerp(discLine, pointedDiscLine, hovered)), 1));
     painter.drawEllipse(middle, disc / 2 - 0.5, disc / 2 - 0.5);
     if (isChecked()) {
         const double radius = disc / 2 + chosenDistance + chosenRing / 2;
