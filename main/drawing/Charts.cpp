@@ -4,19 +4,15 @@
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
+#include "drawing/Gradients.h"
 #include "drawing/Pens.h"
 #include "drawing/Ribbon.h"
 
-#include <QLinearGradient>
-
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace ambrelle {
-
-namespace {
-
-} // namespace
 
 QPolygonF samplePoints(const Box& box, const QList<double>& samples, double top)
 {
@@ -96,12 +92,34 @@ QList<double> binned(const QList<double>& samples, int count)
     return bars;
 }
 
-void glow(Canvas& canvas, const QPainterPath& path, const QColor& colour, double width, int strokes, double alpha,
-    double spread)
+void glow(Canvas& canvas, const QPainterPath& path, const Glow& style)
 {
-    for (int stroke = strokes; stroke > 0; --stroke)
-        canvas.stroke(path, roundPen(faded(colour, alpha), width + stroke * spread));
-    canvas.stroke(path, roundPen(colour, width));
+    for (int stroke = style.strokes; stroke > 0; --stroke)
+        canvas.stroke(path, roundPen(faded(style.colour, style.alpha), style.width + stroke * style.spread));
+    canvas.stroke(path, roundPen(style.core.isValid() ? style.core : style.colour, style.width));
+}
+
+void blocks(Canvas& canvas, const Box& box, int count, double gap, const std::function<QBrush(int)>& brushOf,
+    const BlockShape& shape)
+{
+    if (shape.slant == 0 || shape.upwards) {
+        for (int index = 0; index < count; ++index) {
+            const Box block = shape.upwards ? box.row(count - 1 - index, count, gap) : box.column(index, count, gap);
+            canvas.fill(block, brushOf(index), shape.radius);
+        }
+        return;
+    }
+    const double lean = std::tan(shape.slant * std::numbers::pi / 180) * box.height();
+    const Box feet = box.adjusted(std::max(0.0, -lean), 0, -std::max(0.0, lean), 0);
+    for (int index = 0; index < count; ++index) {
+        const Box block = feet.column(index, count, gap);
+        QPainterPath path(block.topLeft() + QPointF(lean, 0));
+        path.lineTo(block.topRight() + QPointF(lean, 0));
+        path.lineTo(block.bottomRight());
+        path.lineTo(block.bottomLeft());
+        path.closeSubpath();
+        canvas.fill(path, brushOf(index));
+    }
 }
 
 void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& track, const QBrush& fill)
@@ -115,10 +133,7 @@ void capsule(Canvas& canvas, const Box& box, double fraction, const QBrush& trac
 
 QBrush wash(const Box& box, const QColor& colour, double from, double to)
 {
-    QLinearGradient gradient(box.topLeft(), box.bottomLeft());
-    gradient.setColorAt(0, faded(colour, from));
-    gradient.setColorAt(1, faded(colour, to));
-    return gradient;
+    return downwards(box, {{0, faded(colour, from)}, {1, faded(colour, to)}});
 }
 
 } // namespace ambrelle

@@ -12,6 +12,20 @@
 
 namespace ambrelle {
 
+/// Measures of the dials that shared faces draw; degrees run clockwise from twelve o'clock.
+struct DialMeasures {
+    double width = 7; ///< of a ring and of segments, and the length of long ticks, points
+    double start = 0; ///< degrees
+    double sweep = 360; ///< degrees
+    int count = 0; ///< of segments, or of spaces between ticks; 0: 24 segments, 60 ticks
+    int every = 5; ///< every so-manyth tick is a long one
+    double gap = 3; ///< between segments, degrees
+    double slant = 0; ///< by which the inner edge of a segment lies further on, degrees
+    bool roundEnds = true; ///< of a ring
+
+    bool operator==(const DialMeasures&) const = default;
+};
+
 /// How shared pieces draw in a skin: its three typefaces, its colours and its measures. Colours have one use each.
 struct SkinStyle {
     Typeface title; ///< headers
@@ -49,6 +63,7 @@ struct SkinStyle {
     double heroCap = 40;
     double temperatureCap = 46;
     double rateCap = 24;
+    DialMeasures dial{};
 
     bool operator==(const SkinStyle&) const = default;
 

@@ -3,11 +3,8 @@
 #include "skins/hifi/Nixie.h"
 
 #include "drawing/Charts.h"
-#include "drawing/Colours.h"
+#include "drawing/Gradients.h"
 #include "drawing/Pens.h"
-
-#include <QLinearGradient>
-#include <QRadialGradient>
 
 #include <cmath>
 
@@ -63,14 +60,11 @@ void glassTube(Canvas& canvas, const Box& tube, const FigureStyle& digit)
     canvas.paint([&](QPainter& painter) {
         painter.setClipPath(outline);
         painter.strokePath(mesh(tube), QPen(faded(champagne, 0.1), 0.5));
-        QLinearGradient sides(tube.topLeft(), tube.topRight());
-        sides.setColorAt(0, faded(Qt::white, 0.05));
-        sides.setColorAt(0.06, faded(Qt::white, 0.26));
-        sides.setColorAt(0.15, faded(Qt::white, 0.03));
-        sides.setColorAt(0.85, faded(Qt::white, 0));
-        sides.setColorAt(0.94, faded(Qt::white, 0.14));
-        sides.setColorAt(1, faded(Qt::white, 0.04));
-        painter.fillRect(tube, sides);
+        const auto white = [](double opacity) { return faded(Qt::white, opacity); };
+        painter.fillRect(tube,
+            across(tube,
+                {{0, white(0.05)}, {0.06, white(0.26)}, {0.15, white(0.03)}, {0.85, white(0)}, {0.94, white(0.14)},
+                    {1, white(0.04)}}));
         // The dark socket that the glass stands in.
         const Box foot = Box(tube).cutBottom(tube.height() * 0.07);
         painter.fillRect(foot, wash(foot, champagne, 0.5, 0.25));
@@ -85,20 +79,21 @@ QColor burning(double level)
 }
 
 /// What a burning digit throws on the inside of its tube, and the edge of its wire.
-void halo(Canvas& canvas, const Box& tube, QChar shown, const FigureStyle& digit, const QColor& colour, double level)
+void burn(Canvas& canvas, const Box& tube, QChar shown, const FigureStyle& digit, const QColor& colour, double level)
 {
-    QRadialGradient air(tube.center(), tube.height() * 0.55);
-    air.setColorAt(0, faded(colour, 0.3 * level));
-    air.setColorAt(1, faded(colour, 0));
-    canvas.fill(tube, air, tube.width() * 0.4);
+    canvas.fill(tube, halo(tube.center(), tube.height() * 0.55, colour, 0.3 * level), tube.width() * 0.4);
     const QPainterPath bent = bentWire(tube, shown, digit);
     canvas.paint([&](QPainter& painter) {
         QPainterPath inside;
         inside.addRoundedRect(tube, tube.width() * 0.4, tube.width() * 0.4);
         painter.setClipPath(inside);
         Canvas glass(painter, {});
-        glow(glass, bent, faded(colour, level), digit.outline, 6, 0.07 * level, digit.cap / 26);
-        glass.stroke(bent, roundPen(burning(level), digit.outline));
+        glow(glass, bent,
+            {.colour = faded(colour, level),
+                .width = digit.outline,
+                .core = burning(level),
+                .alpha = 0.07 * level,
+                .spread = digit.cap / 26});
     });
 }
 
@@ -140,10 +135,7 @@ void dots(Canvas& canvas, const Box& box, QChar character, double cap, const QCo
     if (character == u':')
         centres = {box.center() - QPointF(0, cap * 0.2), box.center() + QPointF(0, cap * 0.2)};
     for (const QPointF& centre : centres) {
-        QRadialGradient halo(centre, radius * 2.6);
-        halo.setColorAt(0, faded(colour, 0.6));
-        halo.setColorAt(1, faded(colour, 0));
-        canvas.disc(centre, radius * 2.6, halo);
+        canvas.disc(centre, radius * 2.6, halo(centre, radius * 2.6, colour, 0.6));
         canvas.disc(centre, radius, blended(colour, digitLit, 0.35));
     }
 }
@@ -182,7 +174,7 @@ double Nixies::draw(Canvas& canvas, const Box& box, const QString& value, const 
             const double level = Wave::flicker(t, tubeSeed);
             const QString lit = u"%1 %2 %3"_s.arg(tube, QString(cell.character)).arg(level);
             moving.still(
-                lit, place, [&](Canvas& layer) { halo(layer, place, cell.character, digit, style.accent, level); });
+                lit, place, [&](Canvas& layer) { burn(layer, place, cell.character, digit, style.accent, level); });
             const GroundScope ground(moving, tubeDark);
             FigureStyle core = digit.filled(burning(level));
             core.outline = 0;
