@@ -12,7 +12,7 @@ namespace ambrelle {
 namespace {
 
 constexpr double idleNeedle = 0.002; // below it the needle leans on its pin
-const QPointF shadowDrop(1.6, 2);
+const QPointF needleShadow(1.6, 0.6);
 
 double turns(double degrees)
 {
@@ -70,7 +70,7 @@ struct Pointing {
     void draw(Canvas& canvas) const
     {
         if (needle.shadow)
-            bar(canvas, shadowDrop, *needle.shadow);
+            bar(canvas, needleShadow, *needle.shadow);
         bar(canvas, {}, needle.fill);
         if (needle.hub > 0)
             canvas.disc(centre, needle.hub, needle.hubFill.style() == Qt::NoBrush ? needle.fill : needle.hubFill);
@@ -88,7 +88,7 @@ Box swept(const Needle& needle, QPointF centre, double low, double high)
     const double edge = needle.width / 2 + 1;
     QRectF area = Box(ends.boundingRect()).inset(-edge);
     if (needle.shadow)
-        area |= area.translated(shadowDrop);
+        area |= area.translated(needleShadow);
     if (needle.window)
         area &= *needle.window;
     if (needle.hub > 0)

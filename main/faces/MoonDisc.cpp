@@ -15,18 +15,15 @@ void MoonDisc::draw(Canvas& canvas, const Box& box, double fraction) const
     whole.addEllipse(disc);
     canvas.fill(whole, dark);
 
-    // The terminator is half an ellipse whose width goes with the cosine of the phase angle (Meeus, Astronomical
-    // Algorithms, chapter 48, seen face on).
-    const double width = disc.width() * std::abs(std::cos(2 * std::numbers::pi * fraction));
-    QPainterPath terminator;
-    terminator.addEllipse(disc.centred(width, disc.height()));
-    const bool waxing = fraction < 0.5;
-    QPainterPath half;
-    half.addRect(waxing ? QRectF(disc.center().x(), disc.top(), disc.width() / 2, disc.height())
-                        : QRectF(disc.left(), disc.top(), disc.width() / 2, disc.height()));
-    half = half.intersected(whole);
-    const bool gibbous = fraction > 0.25 && fraction < 0.75;
-    canvas.fill(gibbous ? half.united(terminator) : half.subtracted(terminator), lit);
+    // From the upper horn along the lit edge to the lower one, and back along the terminator: half an ellipse whose
+    // width goes with the cosine of the phase angle (Meeus, Astronomical Algorithms, chapter 48, seen face on).
+    const double width = disc.width() * std::cos(2 * std::numbers::pi * fraction);
+    const double side = fraction < 0.5 ? 1 : -1; // the lit edge's: waxing at the right
+    QPainterPath bright;
+    bright.arcMoveTo(disc, 90);
+    bright.arcTo(disc, 90, -180 * side);
+    bright.arcTo(disc.centred(std::abs(width), disc.height()), 270, width > 0 ? 180 * side : -180 * side);
+    canvas.fill(bright, lit);
     canvas.stroke(whole, edge);
 }
 

@@ -3,72 +3,73 @@
 #include "faces/StyledDial.h"
 
 #include "drawing/Fraction.h"
-
-#include <algorithm>
-#include <cmath>
-#include <numbers>
+#include "drawing/Gauge.h"
+#include "drawing/Gradients.h"
 
 namespace ambrelle {
 
 namespace {
 
-constexpr double top = 90; // degrees, Qt's way: counterclockwise from three o'clock
-constexpr int segments = 24;
-constexpr double segmentGap = 3; // degrees
-constexpr int ticks = 60;
+constexpr int usualSegments = 24;
+constexpr int usualTicks = 60;
+constexpr double tickLine = 1.4; // points
+constexpr double shortTick = 0.7; // in parts of a long one
+constexpr double litTick = 2; // points by which a lit tick is longer
 
-QPainterPath arc(const Box& circle, double fromTurn, double turns)
+Gauge gaugeOf(const DialMeasures& measures, const Box& square)
 {
-    QPainterPath path;
-    path.arcMoveTo(circle, top - fromTurn * 360);
-    path.arcTo(circle, top - fromTurn * 360, -turns * 360);
-    return path;
-}
-
-void drawRing(Canvas& canvas, const Box& circle, const StyledDial& dial, double fraction)
-{
-    canvas.stroke(arc(circle, 0, 1), QPen(dial.track, dial.width));
-    if (fraction > 0)
-        canvas.stroke(arc(circle, 0, fraction), QPen(dial.value, dial.width, Qt::SolidLine, Qt::RoundCap));
-}
-
-void drawSegments(Canvas& canvas, const Box& circle, const StyledDial& dial, double fraction)
-{
-    const long lit = std::lround(fraction * segments);
-    const double gap = segmentGap / 360;
-    for (int index = 0; index < segments; ++index) {
-        const double from = static_cast<double>(index) / segments + gap / 2;
-        const QColor& colour = index < lit ? dial.value : dial.track;
-        canvas.stroke(arc(circle, from, 1.0 / segments - gap), QPen(colour, dial.width, Qt::SolidLine, Qt::FlatCap));
-    }
-}
-
-void drawTicks(Canvas& canvas, const Box& circle, const StyledDial& dial, double fraction)
-{
-    const long lit = std::lround(fraction * ticks);
-    const double outer = circle.width() / 2 + dial.width / 2;
-    for (int index = 0; index < ticks; ++index) {
-        const double angle = 2 * std::numbers::pi * index / ticks;
-        const bool on = index < lit;
-        const double length = (index % 5 == 0 ? dial.width : dial.width * 0.7) - (on ? 0 : 2);
-        const QPointF way(std::sin(angle), -std::cos(angle));
-        canvas.line(circle.center() + way * (outer - length), circle.center() + way * outer,
-            QPen(on ? dial.value : dial.track, 1.4));
-    }
+    return Gauge::in(square, measures.start, measures.sweep);
 }
 
 } // namespace
 
+void StyledDial::drawRing(Canvas& canvas, const Box& square, double fraction) const
+{
+    const Gauge gauge = gaugeOf(measures, square);
+    const double middle = gauge.radius - measures.width / 2;
+    const Qt::PenCapStyle ends = measures.roundEnds ? Qt::RoundCap : Qt::FlatCap;
+    const auto pen = [&](const QBrush& brush) { return QPen(brush, measures.width, Qt::SolidLine, ends); };
+    canvas.stroke(gauge.arc(0, 1, middle), pen(track));
+    if (fraction <= 0)
+        return;
+    const double from = measures.start / 360;
+    const QBrush light = along.isEmpty() ? value : alongArc(gauge.centre, from, fraction * measures.sweep / 360, along);
+    canvas.stroke(gauge.arc(0, fraction, middle), pen(light));
+}
+
+void StyledDial::drawSegments(Canvas& canvas, const Box& square, double fraction) const
+{
+    const int count = measures.count > 0 ? measures.count : usualSegments;
+    const int lit = litOf(fraction, count);
+    gaugeOf(measures, square)
+        .blocks(
+            canvas, count, measures.gap, measures.width, [&](int index) { return index < lit ? value : track; },
+            measures.slant);
+}
+
+void StyledDial::drawTicks(Canvas& canvas, const Box& square, double fraction) const
+{
+    const Gauge gauge = gaugeOf(measures, square);
+    const int steps = measures.count > 0 ? measures.count : usualTicks;
+    // A scale with two ends has a tick for nothing too, which is lit as soon as there is anything.
+    const int lit = litOf(fraction, steps) + (!gauge.isFull() && fraction > 0 ? 1 : 0);
+    gauge.ticks(canvas, steps, [&](int index) {
+        const bool on = index < lit;
+        const double length = index % measures.every == 0 ? measures.width : measures.width * shortTick;
+        return Tick{length - (on ? 0 : litTick), QPen(on ? value : track, tickLine)};
+    });
+}
+
 Box StyledDial::draw(Canvas& canvas, const Box& box, double fraction) const
 {
-    fraction = bounded(fraction);
-    const Box circle = box.square().inset(width / 2);
+    const Box square = box.square();
+    const double reached = bounded(fraction);
     switch (flavor) {
-    case DialFlavor::ring: drawRing(canvas, circle, *this, fraction); break;
-    case DialFlavor::segments: drawSegments(canvas, circle, *this, fraction); break;
-    case DialFlavor::ticks: drawTicks(canvas, circle, *this, fraction); break;
+    case DialFlavor::ring: drawRing(canvas, square, reached); break;
+    case DialFlavor::segments: drawSegments(canvas, square, reached); break;
+    case DialFlavor::ticks: drawTicks(canvas, square, reached); break;
     }
-    return circle.inset(width / 2 + 2);
+    return square.inset(measures.width + 2);
 }
 
 } // namespace ambrelle
