@@ -69,12 +69,12 @@ TEST_F(HiFiParts, NeedleSweepsFromLeftToRightInsideItsWindow)
 {
     double before = -1;
     for (const double fraction : {0.0, 0.25, 0.5, 0.85, 1.0}) {
-        const QPointF tip = m_meter.at(fraction, m_meter.radius() + 3.5);
+        const QPointF tip = m_meter.gauge().at(fraction, m_meter.gauge().radius + 3.5);
         EXPECT_TRUE(m_meter.window.contains(tip)) << fraction;
         EXPECT_GT(tip.x(), before);
         before = tip.x();
     }
-    EXPECT_DOUBLE_EQ(m_meter.at(0.5, 10).x(), m_meter.window.center().x());
+    EXPECT_DOUBLE_EQ(m_meter.gauge().at(0.5, 10).x(), m_meter.window.center().x());
 }
 
 TEST_F(HiFiParts, NeedleRestsWithoutASignalAndElseMovesInATightArea)

@@ -2,16 +2,11 @@
 
 #include "skins/hifi/Cabinet.h"
 
+#include "drawing/Arc.h"
 #include "drawing/Charts.h"
-#include "drawing/Colours.h"
+#include "drawing/Gradients.h"
 #include "drawing/Plates.h"
 
-#include <QConicalGradient>
-#include <QLinearGradient>
-#include <QRadialGradient>
-
-#include <cmath>
-#include <numbers>
 #include <random>
 
 namespace ambrelle::hifi {
@@ -23,22 +18,15 @@ constexpr double frameWidth = 1.6;
 
 QBrush metal(const Box& box)
 {
-    QLinearGradient gradient(box.topLeft(), box.bottomRight());
-    gradient.setColorAt(0, champagne.lighter(118));
-    gradient.setColorAt(0.35, champagne);
-    gradient.setColorAt(0.5, champagne.lighter(112));
-    gradient.setColorAt(0.7, champagne.darker(135));
-    gradient.setColorAt(1, champagne);
-    return gradient;
+    return linear(box.topLeft(), box.bottomRight(),
+        {{0, champagne.lighter(118)}, {0.35, champagne}, {0.5, champagne.lighter(112)}, {0.7, champagne.darker(135)},
+            {1, champagne}});
 }
 
 void walnut(Canvas& canvas, const Box& face, double corner, unsigned seed)
 {
-    canvas.fill(face, wash(face, Qt::black, 1, 1), corner);
-    QLinearGradient wood(face.topLeft(), face.bottomLeft());
-    wood.setColorAt(0, walnutLight);
-    wood.setColorAt(1, walnutDark);
-    canvas.fill(face, wood, corner);
+    canvas.fill(face, QColor(Qt::black), corner);
+    canvas.fill(face, downwards(face, {{0, walnutLight}, {1, walnutDark}}), corner);
     std::mt19937 random(seed);
     const auto draw = [&random] { return static_cast<double>(random() >> 8) / static_cast<double>(1 << 24); };
     canvas.paint([&](QPainter& painter) {
@@ -65,9 +53,8 @@ void smokedGlass(Canvas& canvas, const Box& pane, double corner)
         QPainterPath outline;
         outline.addRoundedRect(pane, corner, corner);
         painter.setClipPath(outline);
-        QLinearGradient light(pane.topLeft(), pane.topLeft() + QPointF(pane.height(), pane.height()));
-        light.setColorAt(0, faded(Qt::white, 0.1));
-        light.setColorAt(1, faded(Qt::white, 0.015));
+        const QBrush light = linear(pane.topLeft(), pane.topLeft() + QPointF(pane.height(), pane.height()),
+            {{0, faded(Qt::white, 0.1)}, {1, faded(Qt::white, 0.015)}});
         // The reflection ends on a slant, as light from a window does.
         const double reach = pane.height() * 0.9;
         painter.fillPath(
@@ -100,30 +87,24 @@ void cabinet(Canvas& canvas, const Box& face, double corner, unsigned seed)
 void screw(Canvas& canvas, QPointF centre, double radius, double degrees)
 {
     canvas.disc(centre + QPointF(0, 0.6), radius + 0.5, faded(Qt::black, 0.55));
-    QRadialGradient head(centre, radius * 1.6, centre - QPointF(radius, radius) * 0.4);
-    head.setColorAt(0, champagne.lighter(130));
-    head.setColorAt(1, champagne.darker(170));
-    canvas.disc(centre, radius, head);
-    const double angle = degrees * std::numbers::pi / 180;
-    const QPointF way = QPointF(std::cos(angle), std::sin(angle)) * radius * 0.8;
-    canvas.line(centre - way, centre + way, QPen(print, 0.9));
+    const QPointF light = centre - QPointF(radius, radius) * 0.4;
+    canvas.disc(
+        centre, radius, radial(centre, radius * 1.6, light, {{0, champagne.lighter(130)}, {1, champagne.darker(170)}}));
+    const double turns = 0.25 + degrees / 360;
+    canvas.line(pointOn(centre, -radius * 0.8, turns), pointOn(centre, radius * 0.8, turns), QPen(print, 0.9));
 }
 
 void lamp(Canvas& canvas, QPointF centre, double radius, const QColor& colour, bool lit)
 {
-    if (lit) {
-        QRadialGradient halo(centre, radius * 2.8);
-        halo.setColorAt(0, faded(colour, 0.55));
-        halo.setColorAt(1, faded(colour, 0));
-        canvas.disc(centre, radius * 2.8, halo);
-    }
+    if (lit)
+        canvas.disc(centre, radius * 2.8, halo(centre, radius * 2.8, colour, 0.55));
     canvas.disc(centre, radius + 0.9, champagne.darker(170));
     canvas.disc(centre, radius + 0.3, tubeDark);
-    QRadialGradient jewel(centre, radius, centre - QPointF(radius, radius) * 0.3);
-    jewel.setColorAt(0, lit ? blended(colour, Qt::white, 0.7) : blended(colour, tubeDark, 0.65));
-    jewel.setColorAt(0.55, lit ? colour : blended(colour, tubeDark, 0.78));
-    jewel.setColorAt(1, lit ? colour.darker(140) : blended(colour, tubeDark, 0.85));
-    canvas.disc(centre, radius, jewel);
+    const auto dark = [&](double share) { return blended(colour, tubeDark, share); };
+    const QGradientStops jewel = lit
+        ? QGradientStops{{0, blended(colour, Qt::white, 0.7)}, {0.55, colour}, {1, colour.darker(140)}}
+        : QGradientStops{{0, dark(0.65)}, {0.55, dark(0.78)}, {1, dark(0.85)}};
+    canvas.disc(centre, radius, radial(centre, radius, centre - QPointF(radius, radius) * 0.3, jewel));
 }
 
 void window(Canvas& canvas, const Box& box, const QColor& light, double corner)
@@ -137,11 +118,9 @@ void window(Canvas& canvas, const Box& box, const QColor& light, double corner)
 void sheet(Canvas& canvas, const Box& box, double corner)
 {
     canvas.fill(box.inset(-1), wash(box, champagne, 0.2, 0.5), corner + 1);
-    QRadialGradient tone(QPointF(box.center().x(), box.top() + box.height() * 0.35), box.width() * 0.75);
-    tone.setColorAt(0, paper.lighter(105));
-    tone.setColorAt(0.6, paper);
-    tone.setColorAt(1, paperShade);
-    canvas.fill(box, tone, corner);
+    const QPointF lamp(box.center().x(), box.top() + box.height() * 0.35);
+    canvas.fill(
+        box, radial(lamp, box.width() * 0.75, {{0, paper.lighter(105)}, {0.6, paper}, {1, paperShade}}), corner);
     canvas.fill(Box(box).cutTop(4), wash(Box(box).cutTop(4), print, 0.35, 0), corner);
 }
 

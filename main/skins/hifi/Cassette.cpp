@@ -2,15 +2,14 @@
 
 #include "skins/hifi/Cassette.h"
 
+#include "drawing/Arc.h"
 #include "drawing/Charts.h"
-#include "drawing/Colours.h"
+#include "drawing/Fraction.h"
+#include "drawing/Gradients.h"
 #include "faces/FaceKit.h"
 #include "skins/hifi/Cabinet.h"
 
-#include <QLinearGradient>
-
 #include <cmath>
-#include <numbers>
 
 namespace ambrelle::hifi {
 
@@ -32,10 +31,7 @@ constexpr int barSteps = 12;
 void shell(Canvas& canvas, const Box& box)
 {
     canvas.fill(box.moved(0, 1.5), faded(Qt::black, 0.5), 7);
-    QLinearGradient plastic(box.topLeft(), box.bottomLeft());
-    plastic.setColorAt(0, shellLight);
-    plastic.setColorAt(1, shellDark);
-    canvas.fill(box, plastic, 7);
+    canvas.fill(box, downwards(box, {{0, shellLight}, {1, shellDark}}), 7);
     canvas.frame(box, QPen(faded(champagne, 0.35), 0.8), 7);
     for (const double x : {box.left() + 6, box.right() - 6})
         for (const double y : {box.top() + 6, box.bottom() - 6})
@@ -64,10 +60,9 @@ void hub(Canvas& canvas, QPointF centre, double turns)
     canvas.disc(centre, hubRadius - 2.4, tubeDark);
     QPainterPath teeth;
     for (int cog = 0; cog < cogs; ++cog) {
-        const double angle = (turns + static_cast<double>(cog) / cogs) * 2 * std::numbers::pi;
-        const QPointF way(std::sin(angle), -std::cos(angle));
-        teeth.moveTo(centre + way * (hubRadius - 1.5));
-        teeth.lineTo(centre + way * (hubRadius - 5.4));
+        const double place = turns + static_cast<double>(cog) / cogs;
+        teeth.moveTo(pointOn(centre, hubRadius - 1.5, place));
+        teeth.lineTo(pointOn(centre, hubRadius - 5.4, place));
     }
     canvas.stroke(teeth, QPen(pale, 2, Qt::SolidLine, Qt::FlatCap));
 }
@@ -109,20 +104,19 @@ void reels(Canvas& canvas, const SkinStyle& style, const Box& box, const NowPlay
             hub(canvas, centre, 0);
             continue;
         }
-        const Box area(centre.x() - hubRadius - 1, centre.y() - hubRadius - 1, hubRadius * 2 + 2, hubRadius * 2 + 2);
-        canvas.moving(area, Motion::steady(15),
+        canvas.moving(squareAbout(centre, hubRadius + 1), Motion::steady(15),
             [&](Canvas& moving, double t) { hub(moving, centre, -std::fmod(t, secondsPerTurn) / secondsPerTurn); });
     }
 }
 
 void levelBar(Canvas& canvas, const Box& box, double level)
 {
-    const long lit = std::lround(std::clamp(level, 0.0, 1.0) * barSteps);
-    for (int step = 0; step < barSteps; ++step) {
-        const Box cell = box.row(barSteps - 1 - step, barSteps, 2);
+    const int lit = litOf(level, barSteps);
+    const auto light = [&](int step) {
         const QColor colour = step >= barSteps - 2 ? pointerRed : pale;
-        canvas.fill(cell, step < lit ? colour : faded(colour, 0.14), 1);
-    }
+        return step < lit ? colour : faded(colour, 0.14);
+    };
+    blocks(canvas, box, barSteps, 2, light, {.radius = 1, .upwards = true});
 }
 
 } // namespace

@@ -2,15 +2,9 @@
 
 #include "skins/hifi/MagicEye.h"
 
-#include "drawing/Charts.h"
-#include "drawing/Colours.h"
-#include "skins/hifi/Cabinet.h"
-
-#include <QConicalGradient>
-#include <QRadialGradient>
-
-#include <cmath>
-#include <numbers>
+#include "drawing/Arc.h"
+#include "drawing/Gradients.h"
+#include "drawing/Pens.h"
 
 namespace ambrelle::hifi {
 
@@ -29,35 +23,21 @@ constexpr double bezel = 4; // points
 /// A ring between two radii that leaves out `shadow` degrees about the lowest point.
 QPainterPath fan(QPointF centre, double inner, double outer, double shadow)
 {
-    const Box outside(centre.x() - outer, centre.y() - outer, outer * 2, outer * 2);
-    const Box inside(centre.x() - inner, centre.y() - inner, inner * 2, inner * 2);
-    const double start = 270 + shadow / 2;
-    const double span = 360 - shadow;
-    QPainterPath path;
-    path.arcMoveTo(outside, start);
-    path.arcTo(outside, start, span);
-    path.arcTo(inside, start + span, -span);
-    path.closeSubpath();
-    return path;
+    const double open = 1 - shadow / 360;
+    return ringPiece(squareAbout(centre, outer), outer - inner, 1 - open / 2, open);
 }
 
 QBrush light(QPointF centre, bool low)
 {
-    QConicalGradient gradient(centre, 270);
     const QColor body = low ? phosphorLow : phosphor;
-    gradient.setColorAt(0, phosphorLow);
-    gradient.setColorAt(0.28, body);
-    gradient.setColorAt(0.72, body);
-    gradient.setColorAt(1, phosphorLow);
-    return gradient;
+    return conical(centre, 0.5, {{0, phosphorLow}, {0.28, body}, {0.72, body}, {1, phosphorLow}});
 }
 
 void socket(Canvas& canvas, QPointF centre, double radius)
 {
-    QRadialGradient ring(centre, radius, centre - QPointF(radius, radius) * 0.5);
-    ring.setColorAt(0, champagne.lighter(125));
-    ring.setColorAt(1, champagne.darker(190));
-    canvas.disc(centre, radius, ring);
+    canvas.disc(centre, radius,
+        radial(centre, radius, centre - QPointF(radius, radius) * 0.5,
+            {{0, champagne.lighter(125)}, {1, champagne.darker(190)}}));
     canvas.disc(centre, radius - bezel + 1, QColor(Qt::black));
     canvas.disc(centre, radius - bezel, tubeDark);
 }
@@ -66,20 +46,15 @@ void phosphorFan(Canvas& canvas, QPointF centre, double inner, double outer, dou
 {
     canvas.fill(fan(centre, inner, outer, 0), faded(low ? phosphorLow : phosphor, 0.13)); // never quite dark
     canvas.fill(fan(centre, inner, outer, shadow), light(centre, low));
-    QRadialGradient depth(centre, outer);
-    depth.setColorAt(0, faded(Qt::black, 0.75));
-    depth.setColorAt(capShare, faded(Qt::black, 0.62));
-    depth.setColorAt(0.8, faded(Qt::black, 0));
-    depth.setColorAt(1, faded(Qt::black, 0.25));
-    canvas.disc(centre, outer, depth);
+    const auto shade = [](double opacity) { return faded(Qt::black, opacity); };
+    canvas.disc(centre, outer,
+        radial(centre, outer, {{0, shade(0.75)}, {capShare, shade(0.62)}, {0.8, shade(0)}, {1, shade(0.25)}}));
 }
 
 void coverCap(Canvas& canvas, QPointF centre, double radius)
 {
-    QRadialGradient cap(centre, radius, centre - QPointF(radius, radius) * 0.4);
-    cap.setColorAt(0, capLight);
-    cap.setColorAt(1, tubeDark);
-    canvas.disc(centre, radius, cap);
+    const QPointF glint = centre - QPointF(radius, radius) * 0.4;
+    canvas.disc(centre, radius, radial(centre, radius, glint, {{0, capLight}, {1, tubeDark}}));
 }
 
 } // namespace
@@ -95,11 +70,8 @@ Box magicEye(Canvas& canvas, const Box& box, int percent, bool low)
         socket(layer, square.center(), radius);
         phosphorFan(layer, square.center(), inner, outer, shadow, low);
         coverCap(layer, square.center(), inner);
-        QPainterPath glint;
-        const Box arc = square.inset(bezel + 4);
-        glint.arcMoveTo(arc, 150);
-        glint.arcTo(arc, 150, -50);
-        layer.stroke(glint, QPen(faded(Qt::white, 0.35), 2, Qt::SolidLine, Qt::RoundCap));
+        const QPainterPath glint = arc(square.inset(bezel + 4), -60.0 / 360, 50.0 / 360);
+        layer.stroke(glint, roundPen(faded(Qt::white, 0.35), 2));
     });
     const double side = inner * 1.8;
     return square.centred(side, side);

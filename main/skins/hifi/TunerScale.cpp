@@ -4,10 +4,9 @@
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
+#include "drawing/Gauge.h"
+#include "drawing/Pens.h"
 #include "skins/hifi/Cabinet.h"
-
-#include <cmath>
-#include <numbers>
 
 namespace ambrelle::hifi {
 
@@ -63,36 +62,26 @@ void dayDial(Canvas& canvas, const SkinStyle& style, const Box& box, double frac
 
 Box tickDial(Canvas& canvas, const SkinStyle& style, const Box& box, double fraction, const QColor& lit)
 {
-    constexpr int ticks = 41;
-    constexpr double turn = 270;
-    constexpr double start = -135; // degrees from twelve o'clock, clockwise
+    constexpr int steps = 40;
     constexpr double length = 9;
     const Box circle = box.square();
-    const double outer = circle.width() / 2 - 1;
-    const auto way = [&](double place) {
-        const double angle = (start + turn * place) * std::numbers::pi / 180;
-        return QPointF(std::sin(angle), -std::cos(angle));
-    };
-    const double value = bounded(fraction);
-    const auto tick = [&](Canvas& layer, int index, const QPen& pen) {
-        const QPointF direction = way(static_cast<double>(index) / (ticks - 1));
-        const double inner = outer - (index % 5 == 0 ? length : length * 0.65);
-        layer.line(circle.center() + direction * inner, circle.center() + direction * outer, pen);
-    };
-    const int litTicks = value > 0 ? static_cast<int>(std::lround(value * (ticks - 1))) + 1 : 0;
+    const Gauge gauge = Gauge::in(circle.inset(1));
+    const int litTicks = bounded(fraction) > 0 ? litOf(fraction, steps) + 1 : 0;
     const QString name = u"ticks %1 %2"_s.arg(litTicks).arg(lit.name());
     canvas.still(name, circle.inset(-4), [&](Canvas& layer) {
-        for (int index = litTicks; index < ticks; ++index)
-            tick(layer, index, QPen(style.faint.lighter(125), 1.4, Qt::SolidLine, Qt::FlatCap));
-        for (int index = 0; index < litTicks; ++index) {
-            tick(layer, index, QPen(faded(lit, 0.12), 6, Qt::SolidLine, Qt::RoundCap));
-            tick(layer, index, QPen(faded(lit, 0.22), 3.4, Qt::SolidLine, Qt::RoundCap));
-            tick(layer, index, QPen(lit, 1.6, Qt::SolidLine, Qt::FlatCap));
-        }
+        const auto ticks = [&](bool on, const QPen& pen) {
+            gauge.ticks(layer, steps, [&](int index) {
+                const double reach = index % 5 == 0 ? length : length * 0.65;
+                return Tick{(index < litTicks) == on ? reach : 0, pen};
+            });
+        };
+        ticks(false, QPen(style.faint.lighter(125), 1.4, Qt::SolidLine, Qt::FlatCap));
+        ticks(true, roundPen(faded(lit, 0.12), 6));
+        ticks(true, roundPen(faded(lit, 0.22), 3.4));
+        ticks(true, QPen(lit, 1.6, Qt::SolidLine, Qt::FlatCap));
     });
-    const QPointF hand = way(value);
-    canvas.line(circle.center() + hand * (outer - length - 8), circle.center() + hand * (outer - 1),
-        QPen(pale, 2, Qt::SolidLine, Qt::RoundCap));
+    gauge.needle(canvas, fraction,
+        {.length = gauge.radius - 1, .tail = length + 8 - gauge.radius, .width = 2, .round = true, .fill = pale});
     return circle.inset(length + 8);
 }
 

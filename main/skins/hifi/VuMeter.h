@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "drawing/Gauge.h"
 #include "skins/hifi/HiFiStyle.h"
 
 namespace ambrelle::hifi {
@@ -19,14 +20,9 @@ struct VuMeter {
     /// The needle at `fraction` (0 to 1), which trembles as long as there is anything to measure.
     void needle(Canvas& canvas, double fraction, int seed) const;
 
-    double radius() const; ///< of the arc
-    QPointF pivot() const;
-    /// A point of the needle's way, `distance` points from the pivot.
-    QPointF at(double fraction, double distance, double tremble = 0) const;
-
-private:
-    void arc(Canvas& canvas, double from, double to, double distance, const QPen& pen) const;
-    void drawNeedle(Canvas& canvas, double fraction, double tremble) const;
+    /// The arc of the scale about the pivot.
+    Gauge gauge() const;
+    Needle pin() const;
 };
 
 } // namespace ambrelle::hifi
