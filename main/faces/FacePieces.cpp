@@ -19,7 +19,7 @@ void FaceRenderer::warning(Canvas& canvas, const Box& box) const
 
 Box FaceRenderer::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    const StyledDial dial{.flavor = m_dial, .value = colour, .track = m_style.faint, .width = 7};
+    const StyledDial dial{.flavor = m_dial, .value = colour, .track = m_style.faint, .measures = m_style.dial};
     return dial.draw(canvas, box, fraction);
 }
 

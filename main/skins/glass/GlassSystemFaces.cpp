@@ -44,7 +44,7 @@ void GlassSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceConte
     Box box = framed(canvas, face, reading.name);
     canvas.text(box.cutBottom(Bands::footer), reading.freeText(), style().caption());
     const QColor colour = reading.high ? warn : style().accent;
-    const StyledDial ring{.flavor = dial(), .value = colour, .track = trackColour, .width = 9};
+    const StyledDial ring{.flavor = dial(), .value = colour, .track = trackColour, .measures = {.width = 9}};
     const Box inside = ring.draw(canvas, box.inset(0, 4), reading.fraction);
     canvas.figure(inside.inset(4), QString::number(reading.percent), u"%"_s, style().figure(26).aligned(Align::centre));
     if (reading.high)
