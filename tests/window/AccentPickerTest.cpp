@@ -92,6 +92,25 @@ TEST_F(AccentPickerTest, NamesEveryColourAndStoresTheChosenOne)
     EXPECT_EQ(chosen(), u"Original"_s);
 }
 
+TEST_F(AccentPickerTest, IsWorkedByAssistiveTechnologyToo)
+{
+    const auto use = [this](const QString& name) {
+        QAccessibleActionInterface* action = QAccessible::queryAccessibleInterface(&swatch(name))->actionInterface();
+        action->doAction(action->actionNames().first());
+        QCoreApplication::processEvents();
+    };
+    use(u"Cyan"_s);
+    EXPECT_EQ(accents.hexOverrides().value(u"neon"_s), u"#26E6FF"_s);
+    EXPECT_EQ(chosen(), u"Cyan"_s);
+    use(u"Custom colour"_s);
+    auto* dialog = window.findChild<QColorDialog*>();
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(chosen(), u"Cyan"_s) << "nothing else is chosen yet";
+    dialog->reject();
+    use(u"Original"_s);
+    EXPECT_TRUE(accents.hexOverrides().isEmpty());
+}
+
 TEST_F(AccentPickerTest, SaysWhichThemesKeepTheirColours)
 {
     const auto* sentence = picker->findChild<QLabel*>();

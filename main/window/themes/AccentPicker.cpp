@@ -14,6 +14,7 @@
 
 #include <QColorDialog>
 #include <QEvent>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <utility>
@@ -51,6 +52,12 @@ AccentSwatch* AccentPicker::addSwatch()
     layout()->addWidget(swatch);
     swatch->show();
     connect(swatch, &AccentSwatch::clicked, this, [this, swatch] { choose(*swatch); });
+    connect(swatch, &AccentSwatch::toggled, this, [this, swatch](bool checked) {
+        if (!checked || m_isShowing)
+            return;
+        choose(*swatch); // assistive technology checks it, and clicks nothing
+        showStored();
+    });
     connect(swatch, &AccentSwatch::moveWanted, this, [this, swatch](int steps) { moveFocus(swatch, steps); });
     return swatch;
 }
@@ -88,7 +95,10 @@ void AccentPicker::showStored()
     }
     m_swatches.last()->setWheel(
         Wording::tr("Custom colour"), chosen == m_swatches.last() ? stored : std::optional<QColor>());
-    chosen->setChecked(true);
+    {
+        const QScopedValueRollback showing(m_isShowing, true);
+        chosen->setChecked(true);
+    }
     const bool hasFocus = std::ranges::any_of(m_swatches, &QWidget::hasFocus);
     for (AccentSwatch* swatch : std::as_const(m_swatches)) {
         if (!hasFocus) // the row is one stop

@@ -63,6 +63,7 @@ private:
     QList<AccentSwatch*> m_swatches;
     QPointer<AccentSwatch> m_at; ///< pointer or keyboard are there
     QPointer<QColorDialog> m_dialog;
+    bool m_isShowing = false; ///< what is stored, and nobody chooses
     std::optional<Trial> m_considered; ///< to be tried soon
     std::optional<Trial> m_trial;
     Ticket m_soon;
