@@ -59,9 +59,9 @@ ThemeDetails::ThemeDetails(ThemeAccent& accents, Clock& clock, QWidget* parent)
     , m_target(new QComboBox)
 {
     m_accentPart = partOf(partTitle(Wording::tr("Accent")), m_accent);
-    const QString place = Wording::tr("Put widgets on");
-    m_targetPart = partOf(partTitle(place), m_target);
-    m_target->setAccessibleName(place);
+    TextLabel* place = partTitle(Wording::tr("Put widgets on"));
+    place->setBuddy(m_target); // a drop-down's own name is its value
+    m_targetPart = partOf(place, m_target);
     m_target->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

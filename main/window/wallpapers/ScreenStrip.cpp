@@ -53,7 +53,8 @@ ScreenStrip::ScreenStrip(PictureShelf& shelf, AppSettings& settings, QWidget* pa
         label->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     }
     m_caption->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
-    m_target->setAccessibleName(Wording::tr("Show on"));
+    m_targetLabel->setBuddy(m_target); // a drop-down's own name is its value
+    shuffleLabel->setBuddy(m_shuffle);
     m_target->setFocusPolicy(Qt::StrongFocus); // the wheel scrolls the page
     const auto fit = [this] {
         for (QWidget* box : {static_cast<QWidget*>(m_target), m_shuffle})
