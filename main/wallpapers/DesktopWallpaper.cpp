@@ -176,10 +176,22 @@ bool DesktopWallpaper::end(int request)
     return true;
 }
 
-void DesktopWallpaper::show(int request, const QList<ScreenPicture>& pictures, const Done& done)
+/// Those of screens that have not gone meanwhile; all of them when every one has.
+QList<ScreenPicture> DesktopWallpaper::stillConnected(const QList<ScreenPicture>& pictures) const
+{
+    const QList<ScreenInfo> screens = m_host.screens();
+    QList<ScreenPicture> connected = pictures;
+    connected.removeIf([&](const ScreenPicture& picture) {
+        return std::ranges::find(screens, picture.connector, &ScreenInfo::connector) == screens.end();
+    });
+    return connected.isEmpty() ? pictures : connected;
+}
+
+void DesktopWallpaper::show(int request, const QList<ScreenPicture>& asked, const Done& done)
 {
     if (request != m_request)
         return done({});
+    const QList<ScreenPicture> pictures = stillConnected(asked);
     m_picture.set(pictures, [this, request, pictures, done](const QString& error) {
         if (end(request) && error.isEmpty()) {
             Files shown = m_shown;

@@ -75,8 +75,8 @@ public:
     /// that waits for fitScreens().
     void restore(const std::function<Skin(Skin)>& choose = {});
     /// Screens came or changed: those that moved, changed or came back get their own size of the skin's wallpaper that
-    /// they show, and those never seen before what the main screen shows. Pictures that are not a skin's stay, and so
-    /// do screens of which only the work area changed.
+    /// they show, and those never seen before, or of which nothing is told any more, what the main screen shows.
+    /// Pictures that are not a skin's stay, and so do screens of which only the work area changed.
     void fitScreens();
 
     /// Whether a picture of the user's own is remembered from before the program set one.
@@ -108,6 +108,7 @@ private:
     QString wanted() const;
     static std::optional<QString> fileFor(const QList<ScreenPicture>& pictures, const QString& connector);
     std::optional<QString> mainFile(const QList<ScreenPicture>& pictures) const;
+    QList<ScreenPicture> stillConnected(const QList<ScreenPicture>& pictures) const;
     QList<ScreenPicture> stillAsked(const QList<ScreenPicture>& pictures) const;
     int begin(const QList<ScreenPicture>& pictures);
     bool end(int request);
@@ -120,7 +121,7 @@ private:
     void notePlaces(const Places& now);
     QList<ScreenPicture> onEveryScreen(const QString& file) const;
     void rememberPrevious(const QString& connector, const std::function<void()>& then);
-    void show(int request, const QList<ScreenPicture>& pictures, const Done& done);
+    void show(int request, const QList<ScreenPicture>& asked, const Done& done);
     bool isOurs(const QString& file) const;
     void setShown(const QString& main, const Files& shown);
 

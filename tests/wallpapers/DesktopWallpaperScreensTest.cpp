@@ -18,6 +18,22 @@ TEST_F(DesktopWallpaperScreensTest, AMainScreenThatChangedKeepsAPictureOfTheUser
     EXPECT_FALSE(waitUntil([this] { return picture.sets.size() > 1; }, 200));
 }
 
+TEST_F(DesktopWallpaperScreensTest, AScreenThatGoesMeanwhileKeepsTheOthersFromNothing)
+{
+    const QList<ScreenInfo> both = host.screens();
+    QString error = u"no answer"_s;
+    wallpaper.apply(Skin::neon, [&](const QString& sentence) { error = sentence; });
+    host.setScreens({both.first()});
+    wallpaper.fitScreens();
+    ASSERT_TRUE(waitUntil([&] { return wallpaper.currentSkin() == Skin::neon; }));
+    EXPECT_EQ(error, QString());
+    EXPECT_EQ(picture.sets.last(), (QList<ScreenPicture>{{u"LEFT"_s, path(u"neon-r16-801x600.png"_s)}}));
+    picture.shown.remove(u"RIGHT"_s); // some desktops forget it
+    host.setScreens(both);
+    wallpaper.fitScreens();
+    EXPECT_TRUE(waitUntil([this] { return picture.shown.value(u"RIGHT"_s) == path(u"neon-r16-640x480.png"_s); }));
+}
+
 TEST_F(DesktopWallpaperScreensTest, AMainScreenThatWasNeverSeenGetsTheWallpaper)
 {
     ASSERT_EQ(apply(Skin::kyoto), QString());
