@@ -15,12 +15,12 @@ try:
     import gi
     gi.require_version("Atspi", "2.0")
     from gi.repository import Atspi, GLib
-    from Xlib import X, Xatom, display
 except (ImportError, ValueError):
-    print("skipped: gir1.2-atspi-2.0 or python3-xlib is not installed")
+    print("skipped: gir1.2-atspi-2.0 is not installed")
     sys.exit(77)
 
 from program import PROGRAM, Session, active_window, pointer, wait_for
+from rootpicture import Root, fill_root
 
 OWN = 0x336699  # colour of the picture that the user had
 ON_DESKTOP = "On your desktop"
@@ -74,46 +74,6 @@ def on_desktop(name):
 
 def bar(text):
     return find(Atspi.Role.LABEL, text)
-
-
-class Root:
-    """What other programs see of the desktop's picture."""
-
-    def __init__(self):
-        self.display = display.Display()
-        self.window = self.display.screen().root
-        size = self.window.get_geometry()
-        self.points = [(size.width * x // 8, size.height * y // 8) for x in range(1, 8) for y in range(1, 8)]
-
-    def pixels(self):
-        told = self.window.get_full_property(self.display.intern_atom("_XROOTPMAP_ID"), X.AnyPropertyType)
-        if not told:
-            return None
-        picture = self.display.create_resource_object("pixmap", told.value[0])
-        return [picture.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFFFF).data[:3][::-1] for x, y in self.points]
-
-    def shows(self, file):
-        """Whether it is what is in the file, a picture as large as the screen."""
-        size = self.window.get_geometry()
-        raw = subprocess.run(["convert", str(file), "-depth", "8", "rgb:-"], check=True, capture_output=True).stdout
-        wanted = [raw[3 * (y * size.width + x):][:3] for x, y in self.points]
-        pixels = self.pixels()
-        return pixels and all(abs(a - b) <= 1 for one, other in zip(pixels, wanted) for a, b in zip(one, other))
-
-
-def fill_root(colour):
-    """As programs that set a desktop's picture do: they leave it behind when they end."""
-    setter = display.Display()
-    setter.set_close_down_mode(X.RetainPermanent)
-    window = setter.screen().root
-    size = window.get_geometry()
-    picture = window.create_pixmap(size.width, size.height, size.depth)
-    picture.fill_rectangle(picture.create_gc(foreground=colour), 0, 0, size.width, size.height)
-    for name in ("_XROOTPMAP_ID", "ESETROOT_PMAP_ID"):
-        window.change_property(setter.intern_atom(name), Xatom.PIXMAP, 32, [picture.id])
-    window.change_attributes(background_pixmap=picture)
-    window.clear_area()
-    setter.close()
 
 
 def current(session):
@@ -176,7 +136,7 @@ wait_for("both in the store", lambda: set(session.stored().get("customWallpapers
 wait_for("both in the grid", lambda: card("lake.png") and card("two words.png"))
 set_by_click("lake.png")
 wait_for("pill on the own picture", lambda: on_desktop("lake.png"))
-wait_for("own picture on the root window", lambda: root.pixels() and root.pixels()[0] == bytes((0x10, 0x40, 0x70)))
+wait_for("own picture on the root window", lambda: root.is_filled(0x104070))
 set_by_click("two words.png")
 wait_for("pill on the other", lambda: on_desktop("two words.png"))
 pointer("key", "Delete")
@@ -188,7 +148,7 @@ wait_for("it again", lambda: len(session.stored().get("customWallpapers")) == 2)
 click(Atspi.Role.PUSH_BUTTON, "Bring Back My Picture")
 wait_for("bar about it", lambda: bar("Your own picture is back"))
 wait_for("no button for it", lambda: not find(Atspi.Role.PUSH_BUTTON, "Bring Back My Picture"))
-wait_for("it on the root window", lambda: root.pixels() and set(root.pixels()) == {OWN.to_bytes(3, "big")})
+wait_for("it on the root window", lambda: root.is_filled(OWN))
 
 session.end()
 print("wallpapers set, added, taken off and given back")
