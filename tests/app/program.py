@@ -58,6 +58,13 @@ def window_with_keyboard():
     return int(subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True).stdout or 0)
 
 
+def place_of(window):
+    """Left and upper edge, width and height of a window on the screen; nothing once it has gone."""
+    shell = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], capture_output=True, text=True)
+    values = dict(line.split("=") for line in shell.stdout.splitlines())
+    return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")) if values else None
+
+
 def screen_size():
     return map(int, subprocess.check_output(["xdotool", "getdisplaygeometry"]).split())
 
@@ -145,12 +152,7 @@ class Session:
 
     def panels(self):
         """Their places and sizes."""
-        places = []
-        for window in self.windows():
-            shell = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], capture_output=True, text=True)
-            values = dict(line.split("=") for line in shell.stdout.splitlines())
-            places.append(tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
-        return sorted(places)
+        return sorted(filter(None, map(place_of, self.windows())))
 
     def unflushed(self):
         """The newest version that the program wrote beside its file of settings, and would find after a kill."""
