@@ -1,0 +1,275 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""Themes that are applied in the main window of the whole program: applying_test.py PROGRAM [KILLS [SEED]].
+
+Without the wallpaper, and with it; an accent, which every widget follows; thirty themes one upon the other, of which the last
+counts; a file on a full disk; and the program is killed while it applies one, at a random moment. What counts is what widgets
+and root window show, and what is in the store.
+"""
+import collections
+import colorsys
+import json
+import random
+import resource
+import signal
+import subprocess
+import sys
+import time
+
+from assistive import BUTTON, CARD, CHOICE, cards, find, gone, open_window, place, press, shown, switch_on
+from program import PROGRAM, Session, place_of, pointer, screen_size, shot, wait_for
+from rootpicture import Root, fill_root
+
+KILLS = int(sys.argv[2]) if len(sys.argv) > 2 else 4
+SEED = int(sys.argv[3]) if len(sys.argv) > 3 else random.randrange(10**6)
+OWN = 0x336699  # colour of the picture that the user had
+REPLACED = "Your current widgets will be replaced."
+ON_DESKTOP = "On your desktop"
+MARGIN, ABOVE = 30, 32  # points of a panel beside and below its face, and above it
+PINK, LIME = "#FF4FA8", "#99FF33"  # Neon's accent, and another one for it
+ALIKE, LEAST_PIXELS = 0.04, 20  # of a turn of the colour wheel, and how many so alike are a part of a face
+ALWAYS_ACCENTED = {"calendar", "memory", "disk"}  # whatever there is to tell
+WISHES, ROUND = 30, 8  # themes that are wished for one upon the other, and how many different ones
+dice = random.Random(SEED)
+
+
+def skins(session):
+    return {widget["skin"] for widget in session.widgets()}
+
+
+def picture(session):
+    return session.stored().get("desktopPicture.current", "")
+
+
+def panels(session):
+    main = session.main_windows()
+    return list(filter(None, (place_of(window) for window in session.windows() if window not in main)))
+
+
+def panel_of(widget, places):
+    """Where the widget shows, if a panel has its place."""
+    left, bottom = widget["origin"]
+    bottom = list(screen_size())[1] - bottom
+    return next((place for place in places
+                 if abs(place[0] + MARGIN - left) <= 2 and abs(place[1] + place[3] - MARGIN - bottom) <= 2), None)
+
+
+def all_shown(session):
+    places = panels(session)
+    widgets = session.widgets()
+    return widgets and all(panel_of(widget, places) for widget in widgets)
+
+
+def agrees(session, root):
+    """Whether the desktop is what is in the store."""
+    file = picture(session)
+    return all_shown(session) and (root.shows(file) if file else root.is_filled(OWN))
+
+
+def search(words):
+    pointer("key", "ctrl+1", "ctrl+f", "ctrl+a")
+    pointer("type", "--delay", "20", words)
+
+
+def keep_wallpaper(session, root):
+    search("neon")
+    wait_for("one theme", lambda: find("Concept, 1 theme"))
+    pointer("key", "--delay", "80", "Down", "ctrl+Return")
+    shown(REPLACED)
+    press("Keep My Wallpaper")
+    wait_for("13 widgets in neon", lambda: len(session.widgets()) == 13 and skins(session) == {"neon"})
+    shown("“Neon” is on your desktop")
+    assert session.stored()["defaultSkin"] == "neon"
+    wait_for("all of them on the desktop", lambda: all_shown(session))
+    assert root.is_filled(OWN) and not picture(session)
+
+
+def kinds_with(session, colour):
+    """The kinds of the widgets in whose faces its hue is seen."""
+    def hue(rgb):
+        h, saturation, value = colorsys.rgb_to_hsv(*(part / 255 for part in rgb))
+        return h if saturation > 0.4 and value > 0.4 else None
+
+    def shows(place):
+        x, y, width, height = place
+        pixels = shot(x + MARGIN, y + ABOVE, width - 2 * MARGIN, height - ABOVE - MARGIN)
+        counts = collections.Counter(pixels[at:at + 3] for at in range(0, len(pixels), 3))
+        seen = ((hue(pixel), count) for pixel, count in counts.items())
+        return sum(count for h, count in seen if h is not None and abs(h - wanted) < ALIKE) >= LEAST_PIXELS
+    wanted = hue(bytes.fromhex(colour[1:]))
+    places = panels(session)
+    return {widget["kind"] for widget in session.widgets() if shows(panel_of(widget, places))}
+
+
+def close(session):
+    pointer("key", "ctrl+w")
+    wait_for("closed window", lambda: not session.main_windows())
+
+
+def choose_accent(session):
+    close(session)
+    wait_for("its own accent", lambda: ALWAYS_ACCENTED <= kinds_with(session, PINK) and not kinds_with(session, LIME))
+    open_window(session)
+    search("neon")
+    wait_for("one theme", lambda: find("Concept, 1 theme"))
+    pointer("key", "--delay", "80", "Down", "Return")
+    press("Lime", CHOICE)
+    wait_for("accent in the store", lambda: session.stored().get("themeAccents") == {"neon": LIME})
+    close(session)
+    # What is received keeps its colour, and a warning is not far from it.
+    wait_for("accent in every widget", lambda: ALWAYS_ACCENTED <= kinds_with(session, LIME)
+             and kinds_with(session, PINK) <= {"network", "cpu"})
+    open_window(session)
+    press("Original", CHOICE)
+    wait_for("no accent in the store", lambda: not session.stored().get("themeAccents"))
+
+
+def use_wallpaper(session, root):
+    press("Apply with Wallpaper")
+    shown(REPLACED)
+    pointer("key", "Return")
+    wait_for("picture in the store", lambda: "neon" in picture(session))
+    wait_for("it on the root window", lambda: agrees(session, root))
+    pointer("key", "ctrl+z")
+    wait_for("the user's own picture", lambda: root.is_filled(OWN))
+    assert skins(session) == {"neon"} and all_shown(session)
+    press("Back to Themes")
+    gone("Back to Themes")
+
+
+def click_at(x, y):
+    pointer("mousemove", str(x), str(y), "click", "1")
+
+
+def on_desktop():
+    """The titles of the themes that are said to be on the desktop."""
+    return [title for title, description in cards("Themes").items() if ON_DESKTOP in description]
+
+
+def apply_all(session, root):
+    """By clicks on the cards of the first two rows, over and over; gives the seconds that took."""
+    pointer("key", "--delay", "80", "ctrl+f", "ctrl+a", "Delete", "Down")
+    titles = wait_for("all themes", lambda: len(found := list(cards("Themes"))) > ROUND and found)[:ROUND]
+    buttons = []
+    for title in titles:
+        x, y, width, _ = place(shown(title, CARD))
+        buttons.append((x + width - 24, y + width * 10 // 16 - 20))
+    click_at(*buttons[-1])
+    x, y, width, height = place(shown("Apply with Wallpaper", BUTTON))
+    pointer("key", "Escape")
+    gone("Apply with Wallpaper", BUTTON)
+    start = time.monotonic()
+    for wish in range(WISHES):
+        click_at(*buttons[wish % ROUND])
+        time.sleep(0.1)
+        click_at(x + width // 2, y + height // 2)
+        time.sleep(0.1)
+    took = time.monotonic() - start
+    last, before = titles[(WISHES - 1) % ROUND], titles[(WISHES - 2) % ROUND]
+    shown(f"“{last}” is on your desktop")
+    pointer("sleep", "2")  # long enough for another one to come late
+    assert on_desktop() == [last], on_desktop()
+    (skin,) = skins(session)
+    assert f"/{skin}-" in picture(session), picture(session)
+    wait_for("store and desktop alike", lambda: agrees(session, root))
+    pointer("key", "ctrl+z")
+    wait_for("the one before", lambda: skins(session) != {skin})
+    wait_for("store and desktop alike after that", lambda: agrees(session, root))
+    assert on_desktop() == [before], on_desktop()
+    return took
+
+
+def limit_files(session, size):
+    resource.prlimit(session.process.pid, resource.RLIMIT_FSIZE, (size, resource.RLIM_INFINITY))
+
+
+def export_to_full_disk(session):
+    file = session.home / "shelf" / "Evening.ambrelle"
+    file.parent.mkdir()
+    search("evening")
+    wait_for("own theme", lambda: find("My Themes, 1 desktop"))
+    pointer("key", "--delay", "80", "Down", "ctrl+e")
+    wait_for("chooser", lambda: subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Export “Evening”"],
+                                               capture_output=True, check=False).stdout)
+    pointer("key", "ctrl+a")
+    pointer("type", "--delay", "20", str(file))
+    limit_files(session, 256)
+    pointer("key", "Return")
+    shown(f"“{file}” cannot be written: File too large.")
+    assert not list(file.parent.iterdir()), "it left something behind"
+    limit_files(session, resource.RLIM_INFINITY)
+    press("Try Again")
+    wait_for("whole file", lambda: file.exists() and json.loads(file.read_text())["theme"]["name"] == "Evening")
+    gone("Try Again", BUTTON)
+
+
+def begin(session):
+    """What would go beyond the size of files fails, in place of ending the program."""
+    session.process = subprocess.Popen(["env", "--ignore-signal=XFSZ", PROGRAM], env=session.env, stderr=subprocess.PIPE,
+                                       text=True)
+    wait_for("widgets", session.panels)
+
+
+def kill(session, root, number):
+    """While it applies a theme; gives whether it had the new widgets, and the new picture."""
+    folder = session.home / "data/ambrelle/Wallpapers"
+    for file in folder.glob("*-r*.png"):
+        if str(file) != picture(session):
+            file.unlink()  # so that it has to be painted
+    old = skins(session), picture(session)
+    title = dice.choice([each for each in ("Paper", "Bauhaus", "Neon", "Velvet") if {each.lower()} != old[0]])
+    search(title)
+    shown(title, CARD)
+    pointer("key", "--delay", "80", "Down", "ctrl+Return")
+    shown(REPLACED)
+    pointer("key", "Return")
+    time.sleep(dice.random() * 0.6)
+    session.process.kill()
+    assert session.process.wait() == -signal.SIGKILL, "it ended by itself"
+    begin(session)
+    assert not list(session.store.parent.glob("*damaged*"))
+    new = skins(session), picture(session)
+    assert new[0] in (old[0], {title.lower()}), f"round {number}: {old}, then {new}"
+    assert new[1] == old[1] or title.lower() in new[1], f"round {number}: {old}, then {new}"
+    assert [theme["name"] for theme in session.stored()["savedThemes.v1"]] == ["Evening"]
+    for file in folder.glob("*.png"):
+        subprocess.run(["identify", "-regard-warnings", str(file)], check=True, capture_output=True)
+    wait_for(f"widgets as in the store after round {number}", lambda: all_shown(session))
+    # The X server may have been told of the new picture just before the store was.
+    files = [old[1], *map(str, folder.glob(f"{title.lower()}-*.png"))]
+    wait_for(f"one whole picture after round {number}", lambda: any(root.shows(file) if file else root.is_filled(OWN) for file in files))
+    open_window(session)
+    return new[0] != old[0], new[1] != old[1]
+
+
+def bring_back(session, root):
+    pointer("key", "ctrl+3")
+    press("Bring Back My Picture")
+    wait_for("the user's own picture", lambda: root.is_filled(OWN))
+
+
+def main():
+    print(f"seed {SEED}")
+    switch_on()
+    theme = {"id": "6F9619FF-8B86-D011-B42D-00CF4FC964FF", "name": "Evening", "created": 0, "widgets": [
+        {"config": {"kind": "cpu", "skin": "paper", "origin": [20, 20]}, "fx": 0.1, "fy": 0.1}]}
+    session = Session({"hasLaunchedBefore": True, "animations": False, "clickToOpen": False, "savedThemes.v1": [theme],
+                       "widgets.v2": [{"kind": "cpu", "skin": "glass", "origin": [20, 20]}]})
+    fill_root(OWN)
+    root = Root()
+    pointer("mousemove", "1", "1")
+    begin(session)
+    open_window(session)
+    keep_wallpaper(session, root)
+    choose_accent(session)
+    use_wallpaper(session, root)
+    took = apply_all(session, root)
+    export_to_full_disk(session)
+    ends = [kill(session, root, number) for number in range(KILLS)]
+    bring_back(session, root)
+    session.end()
+    print(f"{WISHES} themes wished for in {took:.1f} s; {KILLS} kills: {ends.count((False, False))} with the old theme, "
+          f"{ends.count((True, True))} with the new one, {ends.count((True, False))} with its widgets only")
+
+
+main()
