@@ -121,7 +121,7 @@ void Canvas::stillLayer(const QString& name, const QRectF& area, const std::func
             canvas.m_change = m_change;
             draw(canvas);
         });
-        m_setup.layers->insert(key.text(), fresh);
+        m_setup.layers->insert(key.text(), fresh, std::sqrt(std::abs(device.determinant())));
         layer = &fresh;
     }
     paintDeviceImage(*m_painter, pixels.topLeft(), *layer);

@@ -51,12 +51,23 @@ void hatch(Canvas& canvas, const QPainterPath& shape, double degrees, double pit
             if (!inside)
                 continue;
             const QPointF from(crossings[index].first, y);
-            if (lines.isEmpty() || lines.currentPosition() != from)
-                lines.moveTo(from);
+            lines.moveTo(from);
             lines.lineTo(crossings[index + 1].first, y);
         }
     }
-    canvas.stroke(level.inverted().map(lines), pen);
+    if (canvas.manner() != StrokeManner::plain || canvas.finish() != Finish::smooth) {
+        canvas.stroke(level.inverted().map(lines), pen);
+        return;
+    }
+    // Filled instead of stroked: the toolkit draws slanting hairlines too faintly.
+    const QTransform back = level.inverted();
+    for (int index = 0; index + 1 < lines.elementCount(); index += 2) {
+        const QPointF from = lines.elementAt(index);
+        const double length = lines.elementAt(index + 1).x - from.x();
+        QPainterPath bar;
+        bar.addRect(QRectF(from.x(), from.y() - pen.widthF() / 2, length, pen.widthF()));
+        canvas.fill(back.map(bar), pen.brush());
+    }
 }
 
 void dottedLeader(Canvas& canvas, double from, double to, double y, const QBrush& brush, double size, double pitch)

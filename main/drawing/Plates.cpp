@@ -11,27 +11,91 @@
 
 namespace ambrelle {
 
-void dropShadow(
-    Canvas& canvas, const Box& box, double radius, const QColor& colour, double alpha, int steps, double offset)
+namespace {
+
+/// Drawn apart, so that what lies under the plate itself can be taken out again: translucent plates would darken.
+/// `ring(brush, grow)` draws the plate's outline grown on all sides.
+void shadowOf(Canvas& canvas, const QRectF& bounds, const QColor& colour, int steps, double offset,
+    const std::function<void(QPainter& brush, double grow)>& ring)
 {
     canvas.paint([&](QPainter& painter) {
-        // Drawn apart, so that what lies under the plate itself can be taken out again: translucent plates would
-        // darken.
         const double reach = steps / 2.0 + std::abs(offset) + 1;
-        const QRect pixels = devicePixels(painter, box.inset(-reach));
+        const QRect pixels = devicePixels(painter, bounds.adjusted(-reach, -reach, reach, reach));
         const QImage shadow = deviceImage(painter, pixels, [&](QPainter& brush) {
             brush.setPen(Qt::NoPen);
-            brush.setBrush(faded(colour, alpha));
-            for (int step = steps; step > 0; --step) {
-                const double grow = step - steps / 2.0;
-                brush.drawRoundedRect(box.moved(0, offset).inset(-grow), radius + grow, radius + grow);
-            }
+            brush.setBrush(colour);
+            brush.translate(0, offset);
+            for (int step = steps; step > 0; --step)
+                ring(brush, step - steps / 2.0);
+            brush.translate(0, -offset);
             brush.setCompositionMode(QPainter::CompositionMode_DestinationOut);
             brush.setBrush(Qt::black);
-            brush.drawRoundedRect(box, radius, radius);
+            ring(brush, 0);
         });
         paintDeviceImage(painter, pixels.topLeft(), shadow);
     });
+}
+
+} // namespace
+
+void dropShadow(
+    Canvas& canvas, const Box& box, double radius, const QColor& colour, double alpha, int steps, double offset)
+{
+    shadowOf(canvas, box, faded(colour, alpha), steps, offset,
+        [&](QPainter& brush, double grow) { brush.drawRoundedRect(box.inset(-grow), radius + grow, radius + grow); });
+}
+
+void dropShadow(Canvas& canvas, const QPainterPath& shape, const QColor& colour, double alpha, int steps, double offset)
+{
+    shadowOf(canvas, shape.boundingRect(), faded(colour, alpha), steps, offset, [&](QPainter& brush, double grow) {
+        if (grow == 0) {
+            brush.drawPath(shape);
+            return;
+        }
+        QPainterPathStroker edge;
+        edge.setWidth(2 * std::abs(grow));
+        edge.setJoinStyle(Qt::RoundJoin);
+        const QPainterPath border = edge.createStroke(shape);
+        brush.drawPath(grow > 0 ? shape.united(border) : shape.subtracted(border));
+    });
+}
+
+QPainterPath steppedPath(const QRectF& box, double step, int count)
+{
+    const double reach = step * count;
+    const std::pair<QPointF, QPointF> corners[] = {
+        {box.topLeft(), {1, 1}}, {box.topRight(), {-1, 1}}, {box.bottomRight(), {-1, -1}}, {box.bottomLeft(), {1, -1}}};
+    QPolygonF outline;
+    for (const auto& [corner, inwards] : corners) {
+        // Clockwise from the upper left corner every other corner is reached along an upright edge.
+        const bool fromSide = inwards.x() == inwards.y();
+        for (int place = 0; place <= count; ++place) {
+            const double along = fromSide ? place * step : reach - place * step;
+            const double down = reach - along;
+            outline << corner + QPointF(along * inwards.x(), down * inwards.y());
+            if (place < count) {
+                const double next = fromSide ? along + step : down + step;
+                outline << corner
+                        + (fromSide ? QPointF(next * inwards.x(), down * inwards.y())
+                                    : QPointF(along * inwards.x(), next * inwards.y()));
+            }
+        }
+    }
+    QPainterPath path;
+    path.addPolygon(outline);
+    path.closeSubpath();
+    return path;
+}
+
+QPainterPath bevelledPath(const QRectF& box, double upperLeft, double upperRight, double lowerRight, double lowerLeft)
+{
+    const QRectF& b = box;
+    QPainterPath path;
+    path.addPolygon(QPolygonF{{b.left(), b.top() + upperLeft}, {b.left() + upperLeft, b.top()},
+        {b.right() - upperRight, b.top()}, {b.right(), b.top() + upperRight}, {b.right(), b.bottom() - lowerRight},
+        {b.right() - lowerRight, b.bottom()}, {b.left() + lowerLeft, b.bottom()}, {b.left(), b.bottom() - lowerLeft}});
+    path.closeSubpath();
+    return path;
 }
 
 void sheen(Canvas& canvas, const Box& box, double radius, const QColor& colour, double from, double to, double share)

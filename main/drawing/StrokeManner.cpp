@@ -2,14 +2,16 @@
 
 #include "drawing/StrokeManner.h"
 
-#include "drawing/Colours.h"
-#include "drawing/Ribbon.h"
+#include "drawing/DeviceImage.h"
+#include "drawing/InkMask.h"
 
 #include <QCache>
 #include <QImage>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <functional>
 #include <numbers>
 
 namespace ambrelle {
@@ -106,20 +108,18 @@ QList<QPolygonF> dashes(const QPolygonF& points, const QPen& pen)
     return result;
 }
 
-/// The colour with specks left out, as an endless tile of device pixels.
-QImage dusty(const QColor& colour, double scale)
+/// How much chalk is left where specks of the board show through, 255 is all, as an endless square of device pixels.
+QImage dust(double scale)
 {
     constexpr double side = 48; // points
     const int pixels = std::clamp(static_cast<int>(std::lround(side * scale)), 16, 160);
-    thread_local QCache<quint64, QImage> tiles(1024);
-    const quint64 key = (static_cast<quint64>(colour.rgba()) << 32) | static_cast<quint64>(pixels);
-    if (const QImage* tile = tiles.object(key))
+    thread_local QCache<int, QImage> tiles(8);
+    if (const QImage* tile = tiles.object(pixels))
         return *tile;
-    auto* tile = new QImage(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
-    tile->fill(colour);
+    auto* tile = new QImage(pixels, pixels, QImage::Format_Grayscale8);
+    tile->fill(255);
     QPainter painter(tile);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::black);
     SeededRandom random{17};
@@ -134,92 +134,161 @@ QImage dusty(const QColor& colour, double scale)
         bare -= std::numbers::pi * radius * radius;
     }
     painter.end();
-    tiles.insert(key, tile, pixels * pixels / 256);
+    tiles.insert(pixels, tile);
     return *tile;
 }
 
-void chalkStroke(QPainter& painter, const QList<QPolygonF>& lines, const QPen& pen, double extent, SeededRandom& random)
-{
-    const double amount = std::min(unsteadiness, extent / 24);
-    const QTransform device = painter.deviceTransform();
-    painter.save();
-    painter.setTransform(device.inverted() * painter.transform());
-    QBrush chalk = pen.brush();
-    if (chalk.style() == Qt::SolidPattern) {
-        chalk = QBrush(dusty(pen.color(), std::sqrt(std::abs(device.determinant()))));
-        chalk.setTransform(QTransform::fromTranslate(std::round(device.dx()), std::round(device.dy())));
-        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    } else {
-        chalk.setTransform(chalk.transform() * device);
-    }
-    for (const double opacity : {0.9, 0.35}) {
-        QPainterPath strokes;
-        strokes.setFillRule(Qt::WindingFill);
-        for (const QPolygonF& line : lines)
-            strokes.addPath(ribbon(wavered(line, amount, random), std::max(0.9, pen.widthF()), true));
-        painter.setOpacity(opacity);
-        painter.fillPath(device.map(strokes), chalk);
-    }
-    painter.restore();
-}
+/// A line as the hand draws it: points, and the width at each of them.
+struct HandLine {
+    QPolygonF points;
+    QList<double> widths;
+};
 
-QPainterPath markerLine(const QPolygonF& line, double width, double extent, SeededRandom& random)
+double wholeLength(const QPolygonF& line)
 {
-    const double first = random.in(0, 2 * std::numbers::pi);
-    const double second = random.in(0, 2 * std::numbers::pi);
-    const QPolygonF way = wavered(divided(line, 9), std::min(0.25, extent / 40), random);
-    double length = 0;
-    for (qsizetype index = 1; index < way.size(); ++index)
-        length += lengthOf(way[index] - way[index - 1]);
-    const auto widthOf = [=](double along) {
-        const double place = along * length;
-        return width * (1 + 0.09 * std::sin(place / 5.3 + first) + 0.07 * std::sin(place / 2.1 + second));
-    };
-    return ribbon(way, widthOf, true);
-}
-
-/// A part of a line from `start` to `end` of its length, moved sideways.
-QPainterPath bristle(const QPolygonF& line, double start, double end, double aside, double width)
-{
-    QPolygonF part;
-    const auto last = static_cast<double>(line.size() - 1);
-    for (qsizetype index = 0; index < line.size(); ++index) {
-        const double along = static_cast<double>(index) / last;
-        if (along < start || along > end)
-            continue;
-        const QPointF way = line[std::min(index + 1, line.size() - 1)] - line[std::max<qsizetype>(0, index - 1)];
-        part << line[index] + QPointF(-way.y(), way.x()) / std::max(1e-6, lengthOf(way)) * aside;
-    }
-    return ribbon(part, [width](double along) { return width * (1 - 0.6 * along); });
-}
-
-QPainterPath brushLine(const QPolygonF& given, double width, SeededRandom& random)
-{
-    constexpr double step = 2.5; // points
-    const QPolygonF line = wavered(divided(given, step), 0.1, random);
     double length = 0;
     for (qsizetype index = 1; index < line.size(); ++index)
         length += lengthOf(line[index] - line[index - 1]);
-    // Downwards the hair lies flat and broad, across it runs on its edge.
-    const auto broad = [&](double along) {
-        const auto place = static_cast<double>(line.size() - 1) * along;
-        const auto index = std::clamp<qsizetype>(static_cast<qsizetype>(place), 0, line.size() - 2);
-        const QPointF way = line[index + 1] - line[index];
-        return width * (0.75 + 0.45 * std::abs(way.y()) / std::max(1e-6, lengthOf(way)));
-    };
-    const double dry = length > 6 * width ? std::clamp(10 / length, 0.08, 0.25) : 0; // part of the line at its end
-    const auto widthOf = [&](double along) {
-        const double pressed = std::min(1.0, 0.55 + along * length / (2 * width));
-        const double lifted = dry > 0 ? std::clamp((1 - along) / dry, 0.0, 1.0) : std::min(1.0, 0.4 + 2 * (1 - along));
-        return broad(along) * pressed * std::sqrt(lifted);
-    };
-    QPainterPath strokes = ribbon(line, widthOf, dry <= 0);
+    return length;
+}
+
+/// `widthOf` is asked with the length up to a point.
+HandLine handLine(const QPolygonF& points, const std::function<double(double place, qsizetype index)>& widthOf)
+{
+    HandLine line{points, {}};
+    double place = 0;
+    for (qsizetype index = 0; index < points.size(); ++index) {
+        if (index > 0)
+            place += lengthOf(points[index] - points[index - 1]);
+        line.widths.append(widthOf(place, index));
+    }
+    return line;
+}
+
+HandLine markerLine(const QPolygonF& given, double width, double extent, SeededRandom& random)
+{
+    const double first = random.in(0, 2 * std::numbers::pi);
+    const double second = random.in(0, 2 * std::numbers::pi);
+    const QPolygonF points = wavered(divided(given, 6), std::min(0.25, extent / 40), random);
+    return handLine(points, [=](double place, qsizetype) {
+        return width * (1 + 0.09 * std::sin(place / 5.3 + first) + 0.07 * std::sin(place / 2.1 + second));
+    });
+}
+
+/// The direction of a line at one of its points, of length 1.
+QPointF wayAt(const QPolygonF& line, qsizetype index)
+{
+    const QPointF way = line[std::min(index + 1, line.size() - 1)] - line[std::max<qsizetype>(0, index - 1)];
+    return way / std::max(1e-6, lengthOf(way));
+}
+
+/// The line itself, then the hairs that leave the last of the ink.
+QList<HandLine> brushLines(const QPolygonF& given, double width, SeededRandom& random)
+{
+    constexpr double step = 2.5; // points
+    const QPolygonF line = wavered(divided(given, step), 0.1, random);
+    const double length = wholeLength(line);
+    const bool dab = length < 3 * width;
+    const double dry = length > 6 * width ? std::clamp(length / 4, 3.0, 12.0) : 0; // points at the end
+    QList<HandLine> strokes{handLine(line, [&](double place, qsizetype index) {
+        // Downwards the hair lies flat and broad, across it runs on its edge.
+        const double broad = width * (0.75 + 0.45 * std::abs(wayAt(line, index).y()));
+        const double pressed = dab ? 1 : std::min(1.0, 0.55 + place / (2 * width));
+        const double left = length - place;
+        const double lifted = dry > 0 ? std::min(1.0, left / dry) : dab ? 1 : std::min(1.0, 0.4 + left / width);
+        return broad * pressed * std::sqrt(lifted);
+    })};
     for (const double side : {-0.36, -0.05, 0.3}) {
+        const double end = length - dry * random.in(0, 0.4);
+        HandLine hair;
+        double place = 0;
+        for (qsizetype index = 0; index < line.size(); ++index) {
+            if (index > 0)
+                place += lengthOf(line[index] - line[index - 1]);
+            if (place < length - dry * 1.1 || place > end)
+                continue;
+            const QPointF way = wayAt(line, index);
+            hair.points.append(line[index] + QPointF(-way.y(), way.x()) * side * width);
+            hair.widths.append(std::max(0.35, width * 0.16));
+        }
         if (dry > 0)
-            strokes.addPath(
-                bristle(line, 1 - dry * 1.1, random.in(1 - dry * 0.4, 1), side * width, std::max(0.35, width * 0.16)));
+            strokes.append(hair);
     }
     return strokes;
+}
+
+/// What one line adds to the mask, and in chalk what the second stroke over it adds to the other.
+void cover(std::array<InkMask, 2>& masks, const QPolygonF& line, double width, double extent, StrokeManner manner,
+    const QTransform& device, SeededRandom random)
+{
+    const double scale = std::sqrt(std::abs(device.determinant()));
+    const auto add = [&](InkMask& mask, HandLine drawn) {
+        for (double& across : drawn.widths)
+            across *= scale;
+        mask.add(device.map(drawn.points), drawn.widths);
+    };
+    if (manner == StrokeManner::marker) {
+        add(masks[0], markerLine(line, width, extent, random));
+    } else if (manner == StrokeManner::brush) {
+        for (const HandLine& stroke : brushLines(line, width, random))
+            add(masks[0], stroke);
+    } else {
+        SeededRandom again{random.state + 1};
+        const double amount = std::min(unsteadiness, extent / 24);
+        const double broad = std::max(0.9, width);
+        const auto even = [broad](double, qsizetype) { return broad; };
+        add(masks[0], handLine(wavered(line, amount, random), even));
+        add(masks[1], handLine(wavered(line, amount, again), even));
+    }
+}
+
+uint chalkCover(uint first, uint second, uint left)
+{
+    constexpr uint strong = 230; // opacity 0.9
+    constexpr uint faint = 89; // 0.35
+    const uint bare = (255 * 255 - strong * first) * (255 * 255 - faint * second) / (255 * 255) / 255;
+    return (255 - bare) * left / 255;
+}
+
+/// The pen's colours wherever the masks are covered.
+QImage inked(const std::array<InkMask, 2>& masks, const QBrush& brush, const QTransform& device, StrokeManner manner)
+{
+    const QRect& pixels = masks[0].pixels();
+    QImage ink(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    if (brush.style() == Qt::SolidPattern) {
+        ink.fill(brush.color());
+    } else {
+        ink.fill(Qt::transparent);
+        QPainter painter(&ink);
+        painter.setTransform(device * QTransform::fromTranslate(-pixels.x(), -pixels.y()));
+        painter.fillRect(painter.transform().inverted().mapRect(QRectF(ink.rect())), brush);
+    }
+    const QImage specks = dust(std::sqrt(std::abs(device.determinant())));
+    const int side = specks.width();
+    // The specks lie still when the line moves over the board.
+    const QPoint origin = pixels.topLeft() - QPoint(qRound(device.dx()), qRound(device.dy()));
+    const auto within = [side](int place) { return ((place % side) + side) % side; };
+    for (int y = 0; y < pixels.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(ink.scanLine(y));
+        const uchar* first = masks[0].row(y);
+        const uchar* second = manner == StrokeManner::chalk ? masks[1].row(y) : first;
+        const uchar* left = specks.constScanLine(within(origin.y() + y));
+        for (int x = 0; x < pixels.width(); ++x) {
+            if ((first[x] | second[x]) == 0) {
+                row[x] = 0;
+                continue;
+            }
+            const uint alpha = manner == StrokeManner::chalk
+                ? chalkCover(first[x], second[x], left[within(origin.x() + x)])
+                : first[x];
+            const QRgb colour = row[x];
+            const auto part = [alpha](int channel) {
+                return static_cast<int>((static_cast<uint>(channel) * alpha + 127) / 255);
+            };
+            row[x] = qRgba(part(qRed(colour)), part(qGreen(colour)), part(qBlue(colour)), part(qAlpha(colour)));
+        }
+    }
+    return ink;
 }
 
 } // namespace
@@ -236,29 +305,28 @@ void strokeByHand(QPainter& painter, const QPainterPath& path, const QPen& pen, 
 {
     if (path.isEmpty() || pen.style() == Qt::NoPen)
         return;
-    const auto tenths = [](double points) { return static_cast<std::uint64_t>(std::llround(points * 10)); };
-    const QPointF start = path.elementAt(0);
-    SeededRandom random{seed * 1000003 + tenths(start.x()) * 1009 + tenths(start.y())};
+    constexpr double apart = 3; // points of a line stand no closer, corners apart
     const QRectF bounds = path.boundingRect();
     const double extent = std::max(bounds.width(), bounds.height());
-    QList<QPolygonF> lines;
-    for (const QPolygonF& stretch : path.toSubpathPolygons()) {
-        for (const QPolygonF& dash : dashes(thinned(stretch, 3), pen))
-            lines.append(dash);
-    }
-    if (manner == StrokeManner::chalk) {
-        chalkStroke(painter, lines, pen, extent, random);
-        return;
-    }
     const double width = std::max(0.5, pen.widthF());
-    QPainterPath strokes;
-    for (const QPolygonF& line : lines) {
-        if (line.size() > 1)
-            strokes.addPath(manner == StrokeManner::marker ? markerLine(line, width, extent, random)
-                                                           : brushLine(line, width, random));
+    const double reach = width + 2 * unsteadiness + 1;
+    const QTransform device = painter.deviceTransform();
+    const QRect pixels = devicePixels(painter, bounds.adjusted(-reach, -reach, reach, reach));
+    constexpr double most = 4096.0 * 4096; // pixels; no face has as many, but a path may be no path
+    if (!(static_cast<double>(pixels.width()) * pixels.height() < most))
+        return;
+    std::array<InkMask, 2> masks{InkMask(pixels), InkMask(manner == StrokeManner::chalk ? pixels : QRect())};
+    const auto tenths = [](double points) { return static_cast<std::uint64_t>(std::llround(points * 10)); };
+    for (const QPolygonF& stretch : path.toSubpathPolygons()) {
+        for (const QPolygonF& line : dashes(thinned(stretch, apart), pen)) {
+            if (line.size() < 2)
+                continue;
+            const QPointF start = line.first();
+            const SeededRandom random{seed * 1000003 + tenths(start.x()) * 1009 + tenths(start.y())};
+            cover(masks, line, width, extent, manner, device, random);
+        }
     }
-    strokes.setFillRule(Qt::WindingFill);
-    painter.fillPath(strokes, pen.brush());
+    paintDeviceImage(painter, pixels.topLeft(), inked(masks, pen.brush(), device, manner));
 }
 
 } // namespace ambrelle

@@ -22,8 +22,7 @@ enum class StrokeManner {
 QPainterPath wavering(const QPainterPath& path, double amount, SeededRandom& random);
 
 /// Strokes a path in a manner other than plain. How it wavers follows from `seed` and from where the path begins: the
-/// same path gives the same picture each time, and one that only grows keeps what was there before. Chalk leaves no
-/// dust in pens with a gradient.
+/// same path gives the same picture each time, and one that only grows keeps what was there before.
 void strokeByHand(
     QPainter& painter, const QPainterPath& path, const QPen& pen, StrokeManner manner, std::uint64_t seed);
 

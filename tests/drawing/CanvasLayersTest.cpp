@@ -21,7 +21,7 @@ struct Drawing {
     QList<Canvas::MovingArea> moving;
 };
 
-Drawing drawnTwice(
+Drawing outcome(
     const Canvas::Setup& setup, double scale, const std::function<void(Canvas&)>& draw, const QTransform& before = {})
 {
     QImage image(static_cast<int>(side * scale), static_cast<int>(side * scale), QImage::Format_ARGB32_Premultiplied);
@@ -60,6 +60,31 @@ const TextStyle caption{.face = {.family = u"Inter"_s}, .size = 12, .colour = Qt
 
 } // namespace
 
+TEST(LayerCache, KeepsAsManyLayersOnADenseScreenAndNoMoreThanItMay)
+{
+    for (const double scale : {1.0, 2.0}) {
+        LayerCache layers(1000);
+        const int pixels = static_cast<int>(100 * scale); // some 39 KB at one pixel a point
+        const auto drawOne = [&](int number) {
+            QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+            QPainter painter(&image);
+            painter.scale(scale, scale);
+            bool fresh = false;
+            Canvas canvas(painter, {.layers = &layers});
+            canvas.still(
+                u"layer"_s, {0, 0, 100, 100}, [&](Canvas&) { fresh = true; }, number);
+            return fresh;
+        };
+        for (int number = 0; number < 24; ++number)
+            EXPECT_TRUE(drawOne(number));
+        for (int number = 0; number < 24; ++number)
+            EXPECT_FALSE(drawOne(number)) << scale;
+        for (int number = 24; number < 50; ++number)
+            drawOne(number);
+        EXPECT_TRUE(drawOne(0)) << "it is not bounded";
+    }
+}
+
 TEST(CanvasMapped, TurnsInkLayersHitsMovingAreasAndMarks)
 {
     const QPointF centre(50, 50);
@@ -79,14 +104,13 @@ TEST(CanvasMapped, TurnsInkLayersHitsMovingAreasAndMarks)
         turn.rotate(degrees).translate(-50, -50);
         for (const double scale : {1.0, 1.25}) {
             for (const Canvas::Pass pass : {Canvas::Pass::still, Canvas::Pass::moving}) {
-                const QImage expected = drawnTwice({.pass = pass}, scale, content, turn).picture;
-                EXPECT_EQ(drawnTwice({.pass = pass}, scale, turned).picture, expected) << degrees;
+                const QImage expected = outcome({.pass = pass}, scale, content, turn).picture;
+                EXPECT_EQ(outcome({.pass = pass}, scale, turned).picture, expected) << degrees;
                 for (int time = 0; time < 2; ++time)
-                    EXPECT_EQ(drawnTwice({.pass = pass, .layers = &layers}, scale, turned).picture, expected)
-                        << degrees;
+                    EXPECT_EQ(outcome({.pass = pass, .layers = &layers}, scale, turned).picture, expected) << degrees;
             }
         }
-        const Drawing marked = drawnTwice({.record = &record}, 1, turned);
+        const Drawing marked = outcome({.record = &record}, 1, turned);
         ASSERT_EQ(marked.hits.size(), 1);
         EXPECT_EQ(marked.hits[0].area, turn.mapRect(QRectF(10, 40, 80, 20)));
         ASSERT_EQ(marked.moving.size(), 1);
@@ -101,7 +125,7 @@ TEST(CanvasMapped, TurnsInkLayersHitsMovingAreasAndMarks)
 TEST(CanvasMapped, ScalesAndMovesWhatIsRecorded)
 {
     CanvasRecord record;
-    drawnTwice({.record = &record}, 1, [](Canvas& canvas) {
+    outcome({.record = &record}, 1, [](Canvas& canvas) {
         canvas.mapped(QTransform::fromTranslate(10, 20).scale(0.5, 0.5), [&] {
             canvas.still(u"layer"_s, {0, 0, 80, 20}, [](Canvas& layer) {
                 layer.text({0, 0, 80, 20}, u"half"_s, caption);
@@ -121,12 +145,12 @@ TEST(CanvasWithin, CutsWithTheEdgeOfTheShapeItself)
     for (const Finish finish : {Finish::smooth, Finish::crisp, Finish::oneBit}) {
         for (const double scale : {0.75, 1.0, 1.25, 2.0}) {
             const QImage expected =
-                drawnTwice({.finish = finish}, scale, [&](Canvas& canvas) { canvas.fill(shape, Qt::black); }).picture;
-            const QImage cut = drawnTwice({.finish = finish}, scale, [&](Canvas& canvas) {
+                outcome({.finish = finish}, scale, [&](Canvas& canvas) { canvas.fill(shape, Qt::black); }).picture;
+            const QImage cut = outcome({.finish = finish}, scale, [&](Canvas& canvas) {
                 canvas.within(shape, [&] { canvas.fill(Box(0, 0, side, side), Qt::black); });
             }).picture;
             EXPECT_LE(difference(cut, expected), 1) << static_cast<int>(finish) << ' ' << scale;
-            const QImage twice = drawnTwice({.finish = finish}, scale, [&](Canvas& canvas) {
+            const QImage twice = outcome({.finish = finish}, scale, [&](Canvas& canvas) {
                 QPainterPath right;
                 right.addRect(50, 0, 50, 100);
                 canvas.within(
@@ -155,14 +179,14 @@ TEST(CanvasWithin, CutsWhatMovesAndWhereItAnswers)
         canvas.fill(Box(0, 0, 5, 5), Qt::blue);
     };
     LayerCache layers;
-    const Drawing still = drawnTwice({.layers = &layers}, 1, content);
+    const Drawing still = outcome({.layers = &layers}, 1, content);
     ASSERT_EQ(still.hits.size(), 1) << "what is cut away answers to a click";
     const QRectF bounds(30, 30, 40, 40);
     EXPECT_TRUE(bounds.adjusted(-8, -8, 8, 8).contains(still.hits[0].area));
     ASSERT_EQ(still.moving.size(), 1);
     EXPECT_TRUE(bounds.adjusted(-8, -8, 8, 8).contains(still.moving[0].area));
 
-    const QImage moving = drawnTwice({.pass = Canvas::Pass::moving}, 1, content).picture;
+    const QImage moving = outcome({.pass = Canvas::Pass::moving}, 1, content).picture;
     EXPECT_EQ(moving.pixelColor(2, 2).alpha(), 0);
     EXPECT_EQ(moving.pixelColor(50, 40), QColor(Qt::red));
     const auto beyond = [&](QPointF point) { return moving.pixelColor(point.toPoint()).alpha(); };
@@ -175,7 +199,7 @@ TEST(CanvasWithin, CutsWhatMovesAndWhereItAnswers)
 TEST(CanvasWithin, ATextThatIsNotWholeIsMarked)
 {
     CanvasRecord record;
-    drawnTwice({.record = &record}, 1, [](Canvas& canvas) {
+    outcome({.record = &record}, 1, [](Canvas& canvas) {
         canvas.within(discAt({50, 50}, 30), [&] {
             canvas.text({40, 40, 20, 20}, u"in"_s, caption);
             canvas.text({60, 40, 60, 20}, u"beyond"_s, caption);

@@ -25,7 +25,7 @@ QBrush redOverBlue()
     return gradient;
 }
 
-QImage drawnAt(double scale, Finish finish, CanvasRecord* record, const std::function<void(Canvas&)>& draw)
+QImage pictured(double scale, Finish finish, CanvasRecord* record, const std::function<void(Canvas&)>& draw)
 {
     QImage image((QSizeF(160, 80) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -36,7 +36,7 @@ QImage drawnAt(double scale, Finish finish, CanvasRecord* record, const std::fun
     return image;
 }
 
-qsizetype inkBetween(const QImage& image, int top, int bottom, const std::function<bool(const QColor&)>& counted)
+qsizetype inkOf(const QImage& image, int top, int bottom, const std::function<bool(const QColor&)>& counted)
 {
     qsizetype count = 0;
     for (int y = std::max(0, top); y < std::min(bottom, image.height()); ++y) {
@@ -89,21 +89,21 @@ TEST(Figure, AGradientRunsFromTheTopOfTheCapitalsToTheBaseline)
             for (const Box& box : {Box(10, 5, 140, 40), Box(20, 30, 140, 40)}) {
                 const FigureStyle style = light.filled(redOverBlue());
                 const QImage plain =
-                    drawnAt(scale, finish, nullptr, [&](Canvas& canvas) { canvas.figure(box, u"80"_s, {}, style); });
+                    pictured(scale, finish, nullptr, [&](Canvas& canvas) { canvas.figure(box, u"80"_s, {}, style); });
                 const int middle = static_cast<int>(std::lround(box.center().y() * scale));
                 const auto red = [](const QColor& colour) { return colour.blue() == 0; };
                 const auto blue = [](const QColor& colour) { return colour.red() == 0; };
-                EXPECT_GT(inkBetween(plain, 0, middle - 2, red), 50 * scale * scale);
-                EXPECT_EQ(inkBetween(plain, 0, middle - 2, blue), 0) << scale;
-                EXPECT_GT(inkBetween(plain, middle + 2, 1000, blue), 50 * scale * scale);
-                EXPECT_EQ(inkBetween(plain, middle + 2, 1000, red), 0) << scale;
+                EXPECT_GT(inkOf(plain, 0, middle - 2, red), 50 * scale * scale);
+                EXPECT_EQ(inkOf(plain, 0, middle - 2, blue), 0) << scale;
+                EXPECT_GT(inkOf(plain, middle + 2, 1000, blue), 50 * scale * scale);
+                EXPECT_EQ(inkOf(plain, middle + 2, 1000, red), 0) << scale;
 
                 FigureStyle stroked = style;
                 stroked.outline = 2;
                 const QImage edged =
-                    drawnAt(scale, finish, nullptr, [&](Canvas& canvas) { canvas.figure(box, u"80"_s, {}, stroked); });
-                EXPECT_EQ(inkBetween(edged, 0, middle - 2, blue), 0) << "the outline has a frame of its own, " << scale;
-                EXPECT_EQ(inkBetween(edged, middle + 2, 1000, red), 0) << scale;
+                    pictured(scale, finish, nullptr, [&](Canvas& canvas) { canvas.figure(box, u"80"_s, {}, stroked); });
+                EXPECT_EQ(inkOf(edged, 0, middle - 2, blue), 0) << "the outline has a frame of its own, " << scale;
+                EXPECT_EQ(inkOf(edged, middle + 2, 1000, red), 0) << scale;
             }
         }
     }
@@ -116,7 +116,7 @@ TEST(Figure, TheUnitOfAGradientTakesItsMostLegibleColour)
     gradient.setColorAt(0, QColor(0x20, 0x20, 0x20));
     gradient.setColorAt(0.1, Qt::yellow);
     gradient.setColorAt(1, Qt::red);
-    drawnAt(1, Finish::smooth, &record, [&](Canvas& canvas) {
+    pictured(1, Finish::smooth, &record, [&](Canvas& canvas) {
         canvas.figure({10, 10, 140, 40}, u"42"_s, u"%"_s, light.filled(gradient));
     });
     ASSERT_EQ(record.size(), 2);
@@ -129,7 +129,7 @@ TEST(Figure, GhostShadowGlowAndOutlineLieUnderTheDigitsAndAreNotRecorded)
     const Box box(10, 10, 140, 50);
     for (const Finish finish : {Finish::smooth, Finish::crisp}) {
         const auto picture = [&](const FigureStyle& style, CanvasRecord* record = nullptr) {
-            return drawnAt(1, finish, record, [&](Canvas& canvas) { canvas.figure(box, u"1:17"_s, u"%"_s, style); });
+            return pictured(1, finish, record, [&](Canvas& canvas) { canvas.figure(box, u"1:17"_s, u"%"_s, style); });
         };
         const FigureStyle plain = light.filled(Qt::white);
         const auto white = [](const QColor& colour) { return colour == QColor(Qt::white); };
@@ -140,9 +140,8 @@ TEST(Figure, GhostShadowGlowAndOutlineLieUnderTheDigitsAndAreNotRecorded)
             CanvasRecord record;
             const QImage dressed = picture(style, &record);
             EXPECT_EQ(record.size(), 2);
-            EXPECT_GT(inkBetween(dressed, 0, 80, any) * 10, inkBetween(bare, 0, 80, any) * 12);
-            EXPECT_EQ(inkBetween(dressed, 0, 80, white), inkBetween(bare, 0, 80, white))
-                << "something lies over the digits";
+            EXPECT_GT(inkOf(dressed, 0, 80, any) * 10, inkOf(bare, 0, 80, any) * 12);
+            EXPECT_EQ(inkOf(dressed, 0, 80, white), inkOf(bare, 0, 80, white)) << "something lies over the digits";
         }
     }
 }

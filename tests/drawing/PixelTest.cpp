@@ -2,8 +2,11 @@
 
 #include "drawing/Canvas.h"
 #include "drawing/PixelMask.h"
+#include "drawing/PixelPaint.h"
 
+#include <QLinearGradient>
 #include <QPainter>
+#include <QSet>
 
 #include <cmath>
 
@@ -46,6 +49,120 @@ TEST(OneBitCanvas, LargerWholeScalesOnlyEnlargeThePixels)
     EXPECT_EQ(blackAndWhite.convertToFormat(plain.format()), plain);
     for (const int scale : {2, 3})
         EXPECT_EQ(drawn(scale), plain.scaled(plain.size() * scale)) << scale;
+}
+
+namespace {
+
+constexpr double fractions[] = {0.75, 1, 1.25, 2};
+
+/// A crisp canvas of 64 x 64 points.
+QImage crispPicture(double scale, const std::function<void(Canvas&)>& draw)
+{
+    QImage image((QSizeF(64, 64) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    Canvas canvas(painter, {.finish = Finish::crisp});
+    draw(canvas);
+    return image;
+}
+
+/// The colours of a picture, the bare ground among them.
+QSet<QRgb> coloursOf(const QImage& image)
+{
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            colours.insert(image.pixel(x, y));
+    return colours;
+}
+
+} // namespace
+
+TEST(CrispCanvas, GradientsLieWhereTheShapesLieAtEveryScale)
+{
+    QLinearGradient gradient(0, 10, 0, 60);
+    gradient.setColorAt(0, Qt::black);
+    gradient.setColorAt(1, Qt::red);
+    const Box box(10, 10, 40, 50);
+    const std::pair<const char*, std::function<void(Canvas&)>> shapes[] = {
+        {"box", [&](Canvas& canvas) { canvas.fill(box, gradient); }},
+        {"path", [&](Canvas& canvas) { canvas.fill(box, gradient, 3); }},
+        {"frame", [&](Canvas& canvas) { canvas.frame(box, QPen(gradient, 2)); }},
+        {"round frame", [&](Canvas& canvas) { canvas.frame(box, QPen(gradient, 2), 3); }},
+        {"turned box",
+            [&](Canvas& canvas) {
+                canvas.turned({30, 35}, 180, [&] {
+                    QLinearGradient back(0, 60, 0, 10);
+                    back.setStops(gradient.stops());
+                    canvas.fill(box, back);
+                });
+            }},
+    };
+    for (const auto& [name, draw] : shapes) {
+        for (const double scale : fractions) {
+            const QImage image = crispPicture(scale, draw);
+            for (const double y : {16.0, 30.0, 54.0}) {
+                const int row = static_cast<int>(y * scale);
+                const QColor colour = image.pixelColor(static_cast<int>(std::lround(10 * scale)), row);
+                const double expected = ((row + 0.5) / scale - 10) / 50 * 255;
+                EXPECT_NEAR(colour.red(), expected, 255 * 1.2 / 50 / std::min(1.0, scale)) << name << ' ' << scale;
+            }
+        }
+    }
+}
+
+TEST(CrispCanvas, PicturesKeepTheirColoursAndLieOnWholePixels)
+{
+    QImage small(4, 4, QImage::Format_RGB32);
+    QImage large(640, 640, QImage::Format_RGB32);
+    for (QImage* image : {&small, &large}) {
+        for (int y = 0; y < image->height(); ++y)
+            for (int x = 0; x < image->width(); ++x)
+                image->setPixel(x, y, (x + y) % 2 == 0 ? 0xFFFF0000 : 0xFF0000FF);
+    }
+    for (const double scale : fractions) {
+        const auto shown = [&](const QImage& image) {
+            return crispPicture(scale, [&](Canvas& canvas) {
+                canvas.paint([&](QPainter& painter) {
+                    PixelPaint(painter, Finish::crisp).picture({12.3, 12.3, 40, 40}, image, image.rect());
+                });
+            });
+        };
+        EXPECT_EQ(coloursOf(shown(small)), (QSet<QRgb>{0, 0xFFFF0000, 0xFF0000FF})) << scale;
+        // Far more pixels than there is room for: what they have in common, not one of them by chance.
+        for (const QRgb colour : coloursOf(shown(large)))
+            EXPECT_TRUE(colour == 0 || std::abs(qRed(colour) - 127) < 30) << scale << ' ' << qRed(colour);
+    }
+}
+
+TEST(CrispCanvas, ShapesFiguresAndSymbolsAreOfWholePixels)
+{
+    const Typeface plain{.family = u"Inter"_s};
+    for (const double scale : fractions) {
+        const QImage image = crispPicture(scale, [&](Canvas& canvas) {
+            canvas.fill(Box(1.3, 1.3, 10, 6), Qt::red);
+            canvas.figure({2.7, 8.2, 60, 30}, u"42"_s, {}, {pixelFace(400), 26, Qt::red});
+            canvas.figure({30.7, 8.2, 60, 30}, u"7"_s, u"%"_s, {plain, 26, Qt::red});
+            canvas.symbol({2, 40, 20, 20}, u"bolt.fill"_s, 17, Qt::red);
+            canvas.stroke(roundedPath({30.2, 41.4, 20, 17}, 6), QPen(Qt::red, 1.4));
+        });
+        EXPECT_EQ(coloursOf(image), (QSet<QRgb>{0, 0xFFFF0000})) << scale;
+    }
+}
+
+TEST(CrispCanvas, WhatIsMovedKeepsItsPixelsAtEveryWholeScale)
+{
+    const auto moved = [](double scale) {
+        return crispPicture(scale, [](Canvas& canvas) {
+            canvas.mapped(QTransform::fromTranslate(3.5, 2.4), [&] {
+                canvas.disc({20.2, 20.7}, 11, Qt::red);
+                canvas.text({8, 40, 50, 16}, u"12:30"_s, {pixelFace(700), 16, Qt::black});
+            });
+        });
+    };
+    const QImage plain = moved(1);
+    EXPECT_EQ(moved(2), plain.scaled(plain.size() * 2));
 }
 
 TEST(DitherTile, HasAsManyDotsAsTheColourIsDark)

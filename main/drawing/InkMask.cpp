@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+
+#include "drawing/InkMask.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrelle {
+
+InkMask::InkMask(const QRect& pixels)
+    : m_pixels(pixels)
+    , m_cover(static_cast<qsizetype>(pixels.width()) * pixels.height(), uchar{0})
+{
+}
+
+void InkMask::add(const QPolygonF& points, const QList<double>& widths)
+{
+    const QPointF corner = m_pixels.topLeft();
+    for (qsizetype index = 1; index < points.size(); ++index)
+        addPiece(points[index - 1] - corner, points[index] - corner, widths[index - 1] / 2, widths[index] / 2);
+}
+
+void InkMask::addPiece(QPointF from, QPointF to, double fromRadius, double toRadius)
+{
+    const double reach = std::max(fromRadius, toRadius) + 0.5;
+    const int left = std::max(0, static_cast<int>(std::floor(std::min(from.x(), to.x()) - reach)));
+    const int right = std::min(m_pixels.width() - 1, static_cast<int>(std::ceil(std::max(from.x(), to.x()) + reach)));
+    const int top = std::max(0, static_cast<int>(std::floor(std::min(from.y(), to.y()) - reach)));
+    const int bottom = std::min(m_pixels.height() - 1, static_cast<int>(std::ceil(std::max(from.y(), to.y()) + reach)));
+    const auto wayX = static_cast<float>(to.x() - from.x());
+    const auto wayY = static_cast<float>(to.y() - from.y());
+    const float perLength = 1 / std::max(1e-6F, wayX * wayX + wayY * wayY);
+    const auto start = static_cast<float>(fromRadius) + 0.5F;
+    const auto growth = static_cast<float>(toRadius - fromRadius);
+    for (int y = top; y <= bottom; ++y) {
+        uchar* row = m_cover.data() + static_cast<qsizetype>(y) * m_pixels.width();
+        const float down = static_cast<float>(y) + 0.5F - static_cast<float>(from.y());
+        for (int x = left; x <= right; ++x) {
+            const float across = static_cast<float>(x) + 0.5F - static_cast<float>(from.x());
+            const float along = std::clamp((across * wayX + down * wayY) * perLength, 0.0F, 1.0F);
+            const float asideX = across - along * wayX;
+            const float asideY = down - along * wayY;
+            const float cover = start + growth * along - std::sqrt(asideX * asideX + asideY * asideY);
+            if (cover > 0)
+                row[x] = std::max(row[x], static_cast<uchar>(std::min(1.0F, cover) * 255));
+        }
+    }
+}
+
+} // namespace ambrelle

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+
+#include "drawing/Plates.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+
+TEST(Plates, SteppedAndBevelledCornersLoseWhatIsCutOff)
+{
+    const QRectF box(10, 20, 60, 40);
+    for (const int count : {1, 2, 3}) {
+        const QPainterPath stepped = steppedPath(box, 4, count);
+        EXPECT_EQ(stepped.boundingRect(), box);
+        for (const double x : {10.5, 69.5})
+            for (const double y : {20.5, 59.5})
+                EXPECT_FALSE(stepped.contains(QPointF(x, y))) << count;
+        const double in = 4 * count + 0.1;
+        for (const QPointF& corner : {box.topLeft(), box.topRight(), box.bottomLeft(), box.bottomRight()}) {
+            const QPointF inwards(corner.x() < 40 ? 1 : -1, corner.y() < 40 ? 1 : -1);
+            EXPECT_TRUE(stepped.contains(corner + QPointF(in * inwards.x(), 0.5 * inwards.y())));
+            EXPECT_TRUE(stepped.contains(corner + QPointF(0.5 * inwards.x(), in * inwards.y())));
+            EXPECT_TRUE(stepped.contains(corner + in * inwards));
+        }
+    }
+    const QPainterPath cut = bevelledPath(box, 0, 12, 0, 6);
+    EXPECT_TRUE(cut.contains(QPointF(10.5, 20.5)) && cut.contains(QPointF(69.5, 59.5)));
+    EXPECT_FALSE(cut.contains(QPointF(67, 23)) || cut.contains(QPointF(11, 58)));
+    EXPECT_TRUE(cut.contains(QPointF(62, 26)) && cut.contains(QPointF(14.5, 56.5)));
+}
+
+TEST(Plates, AShadowLiesAroundItsShapeAndNotUnderIt)
+{
+    QImage image(100, 100, QImage::Format_ARGB32_Premultiplied);
+    const auto shadow = [&](const std::function<void(Canvas&)>& draw) {
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        Canvas canvas(painter, {});
+        draw(canvas);
+        return image.copy();
+    };
+    const Box box(20, 20, 60, 50);
+    const QImage rounded = shadow([&](Canvas& canvas) { dropShadow(canvas, box, 8, Qt::black, 0.05, 8, 2); });
+    const QImage outlined =
+        shadow([&](Canvas& canvas) { dropShadow(canvas, roundedPath(box, 8), Qt::black, 0.05, 8, 2); });
+    for (const QImage& picture : {rounded, outlined}) {
+        EXPECT_EQ(qAlpha(picture.pixel(50, 45)), 0);
+        EXPECT_GT(qAlpha(picture.pixel(50, 71)), qAlpha(picture.pixel(50, 18)));
+        EXPECT_EQ(qAlpha(picture.pixel(50, 80)), 0);
+    }
+    for (const QPoint place : {QPoint(50, 72), QPoint(18, 45), QPoint(50, 19)})
+        EXPECT_NEAR(qAlpha(rounded.pixel(place)), qAlpha(outlined.pixel(place)), 8);
+}
+
+} // namespace ambrelle
