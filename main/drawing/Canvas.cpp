@@ -2,9 +2,14 @@
 
 #include "drawing/Canvas.h"
 
+#include "drawing/Colours.h"
+#include "drawing/DeviceImage.h"
+#include "drawing/InkMask.h"
+#include "drawing/Pens.h"
 #include "drawing/PixelPaint.h"
 #include "drawing/Symbols.h"
 
+#include <array>
 #include <cmath>
 
 namespace ambrelle {
@@ -79,6 +84,28 @@ void Canvas::stroke(const QPainterPath& path, const QPen& pen)
         m_painter->strokePath(path, pen);
     else
         PixelPaint(*m_painter, m_setup.finish).stroke(path, pen);
+}
+
+void Canvas::halo(const QPainterPath& path, const InkGlow& glow)
+{
+    const double reach = glow.strokes * glow.spread / 2;
+    if (muted() || path.isEmpty() || reach <= 0)
+        return;
+    if (!smooth()) {
+        for (int stroke = glow.strokes; stroke > 0; --stroke)
+            this->stroke(path, roundPen(faded(glow.colour, glow.alpha), stroke * glow.spread));
+        return;
+    }
+    // As many strokes lie over a pixel as its distance from the path leaves.
+    std::array<double, 256> opacities{};
+    for (std::size_t cover = 0; cover < opacities.size(); ++cover)
+        opacities[cover] = 1 - std::pow(1 - glow.alpha, glow.strokes * static_cast<double>(cover) / 255);
+    const QTransform device = m_painter->deviceTransform();
+    const double across = reach * std::sqrt(std::abs(device.determinant()));
+    InkMask mask(devicePixels(*m_painter, path.boundingRect().adjusted(-reach, -reach, reach, reach)), across);
+    for (const QPolygonF& line : device.map(path).toSubpathPolygons())
+        mask.add(line, QList<double>(line.size(), across));
+    paintDeviceImage(*m_painter, mask.pixels().topLeft(), mask.tinted(glow.colour, opacities));
 }
 
 void Canvas::frame(const Box& box, const QPen& pen, double radius)

@@ -50,11 +50,8 @@ void Canvas::light(const QPainterPath& outline, const InkGlow& glow, LayerKey ke
     key.add(glow.strokes);
     key.add(glow.alpha);
     key.add(glow.spread);
-    stillLayer(key.text(), outline.boundingRect().adjusted(-reach, -reach, reach, reach), [&](Canvas& layer) {
-        layer.m_setup.manner = StrokeManner::plain;
-        for (int stroke = glow.strokes; stroke > 0; --stroke)
-            layer.stroke(outline, roundPen(faded(glow.colour, glow.alpha), stroke * glow.spread));
-    });
+    stillLayer(key.text(), outline.boundingRect().adjusted(-reach, -reach, reach, reach),
+        [&](Canvas& layer) { layer.halo(outline, glow); });
 }
 
 void Canvas::line(const Box& box, const QString& shown, const TextStyle& style, bool cut)

@@ -7,8 +7,9 @@
 
 namespace ambrelle {
 
-InkMask::InkMask(const QRect& pixels)
+InkMask::InkMask(const QRect& pixels, double edge)
     : m_pixels(pixels)
+    , m_edge(edge)
     , m_cover(static_cast<qsizetype>(pixels.width()) * pixels.height(), uchar{0})
 {
 }
@@ -22,7 +23,7 @@ void InkMask::add(const QPolygonF& points, const QList<double>& widths)
 
 void InkMask::addPiece(QPointF from, QPointF to, double fromRadius, double toRadius)
 {
-    const double reach = std::max(fromRadius, toRadius) + 0.5;
+    const double reach = std::max(fromRadius, toRadius) + m_edge / 2;
     const int left = std::max(0, static_cast<int>(std::floor(std::min(from.x(), to.x()) - reach)));
     const int right = std::min(m_pixels.width() - 1, static_cast<int>(std::ceil(std::max(from.x(), to.x()) + reach)));
     const int top = std::max(0, static_cast<int>(std::floor(std::min(from.y(), to.y()) - reach)));
@@ -30,7 +31,8 @@ void InkMask::addPiece(QPointF from, QPointF to, double fromRadius, double toRad
     const auto wayX = static_cast<float>(to.x() - from.x());
     const auto wayY = static_cast<float>(to.y() - from.y());
     const float perLength = 1 / std::max(1e-6F, wayX * wayX + wayY * wayY);
-    const auto start = static_cast<float>(fromRadius) + 0.5F;
+    const auto start = static_cast<float>(fromRadius + m_edge / 2);
+    const auto perEdge = static_cast<float>(1 / m_edge);
     const auto growth = static_cast<float>(toRadius - fromRadius);
     for (int y = top; y <= bottom; ++y) {
         uchar* row = m_cover.data() + static_cast<qsizetype>(y) * m_pixels.width();
@@ -42,9 +44,24 @@ void InkMask::addPiece(QPointF from, QPointF to, double fromRadius, double toRad
             const float asideY = down - along * wayY;
             const float cover = start + growth * along - std::sqrt(asideX * asideX + asideY * asideY);
             if (cover > 0)
-                row[x] = std::max(row[x], static_cast<uchar>(std::min(1.0F, cover) * 255));
+                row[x] = std::max(row[x], static_cast<uchar>(std::min(1.0F, cover * perEdge) * 255));
         }
     }
+}
+
+QImage InkMask::tinted(const QColor& colour, const std::array<double, 256>& opacities) const
+{
+    std::array<QRgb, 256> tints{};
+    for (std::size_t cover = 1; cover < tints.size(); ++cover) {
+        QColor tint = colour;
+        tint.setAlphaF(colour.alphaF() * static_cast<float>(opacities[cover]));
+        tints[cover] = qPremultiply(tint.rgba());
+    }
+    QImage image(m_pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < m_pixels.height(); ++y)
+        std::transform(row(y), row(y) + m_pixels.width(), reinterpret_cast<QRgb*>(image.scanLine(y)),
+            [&](uchar cover) { return tints[cover]; });
+    return image;
 }
 
 } // namespace ambrelle

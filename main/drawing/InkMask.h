@@ -2,9 +2,13 @@
 
 #pragma once
 
+#include <QColor>
+#include <QImage>
 #include <QList>
 #include <QPolygonF>
 #include <QRect>
+
+#include <array>
 
 namespace ambrelle {
 
@@ -12,18 +16,22 @@ namespace ambrelle {
 /// than filling outlines where lines are long and made of many short pieces.
 class InkMask {
 public:
-    explicit InkMask(const QRect& pixels);
+    /// At the sides of a line the cover falls to nothing within `edge` pixels, half of them inside the line.
+    explicit InkMask(const QRect& pixels, double edge = 1);
 
     const QRect& pixels() const { return m_pixels; }
     /// Covers a line; all in device pixels, a width for each point.
     void add(const QPolygonF& points, const QList<double>& widths);
     /// 0 to 255 for each pixel of a row, from the left edge.
     const uchar* row(int y) const { return m_cover.constData() + static_cast<qsizetype>(y) * m_pixels.width(); }
+    /// A picture of it in one colour, the opacity of each cover looked up.
+    QImage tinted(const QColor& colour, const std::array<double, 256>& opacities) const;
 
 private:
     void addPiece(QPointF from, QPointF to, double fromRadius, double toRadius);
 
     QRect m_pixels;
+    double m_edge;
     QList<uchar> m_cover;
 };
 
