@@ -36,7 +36,7 @@ QImage pictured(double scale, Finish finish, CanvasRecord* record, const std::fu
     return image;
 }
 
-qsizetype inkOf(const QImage& image, int top, int bottom, const std::function<bool(const QColor&)>& counted)
+qsizetype inkBetween(const QImage& image, int top, int bottom, const std::function<bool(const QColor&)>& counted)
 {
     qsizetype count = 0;
     for (int y = std::max(0, top); y < std::min(bottom, image.height()); ++y) {
@@ -93,17 +93,17 @@ TEST(Figure, AGradientRunsFromTheTopOfTheCapitalsToTheBaseline)
                 const int middle = static_cast<int>(std::lround(box.center().y() * scale));
                 const auto red = [](const QColor& colour) { return colour.blue() == 0; };
                 const auto blue = [](const QColor& colour) { return colour.red() == 0; };
-                EXPECT_GT(inkOf(plain, 0, middle - 2, red), 50 * scale * scale);
-                EXPECT_EQ(inkOf(plain, 0, middle - 2, blue), 0) << scale;
-                EXPECT_GT(inkOf(plain, middle + 2, 1000, blue), 50 * scale * scale);
-                EXPECT_EQ(inkOf(plain, middle + 2, 1000, red), 0) << scale;
+                EXPECT_GT(inkBetween(plain, 0, middle - 2, red), 50 * scale * scale);
+                EXPECT_EQ(inkBetween(plain, 0, middle - 2, blue), 0) << scale;
+                EXPECT_GT(inkBetween(plain, middle + 2, 1000, blue), 50 * scale * scale);
+                EXPECT_EQ(inkBetween(plain, middle + 2, 1000, red), 0) << scale;
 
                 FigureStyle stroked = style;
                 stroked.outline = 2;
                 const QImage edged =
                     pictured(scale, finish, nullptr, [&](Canvas& canvas) { canvas.figure(box, u"80"_s, {}, stroked); });
-                EXPECT_EQ(inkOf(edged, 0, middle - 2, blue), 0) << "the outline has a frame of its own, " << scale;
-                EXPECT_EQ(inkOf(edged, middle + 2, 1000, red), 0) << scale;
+                EXPECT_EQ(inkBetween(edged, 0, middle - 2, blue), 0) << "the outline has a frame of its own, " << scale;
+                EXPECT_EQ(inkBetween(edged, middle + 2, 1000, red), 0) << scale;
             }
         }
     }
@@ -140,8 +140,9 @@ TEST(Figure, GhostShadowGlowAndOutlineLieUnderTheDigitsAndAreNotRecorded)
             CanvasRecord record;
             const QImage dressed = picture(style, &record);
             EXPECT_EQ(record.size(), 2);
-            EXPECT_GT(inkOf(dressed, 0, 80, any) * 10, inkOf(bare, 0, 80, any) * 12);
-            EXPECT_EQ(inkOf(dressed, 0, 80, white), inkOf(bare, 0, 80, white)) << "something lies over the digits";
+            EXPECT_GT(inkBetween(dressed, 0, 80, any) * 10, inkBetween(bare, 0, 80, any) * 12);
+            EXPECT_EQ(inkBetween(dressed, 0, 80, white), inkBetween(bare, 0, 80, white))
+                << "something lies over the digits";
         }
     }
 }
