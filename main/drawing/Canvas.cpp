@@ -86,7 +86,7 @@ void Canvas::stroke(const QPainterPath& path, const QPen& pen)
         PixelPaint(*m_painter, m_setup.finish).stroke(path, pen);
 }
 
-void Canvas::halo(const QPainterPath& path, const InkGlow& glow)
+void Canvas::lightAround(const QPainterPath& path, const InkGlow& glow)
 {
     const double reach = glow.strokes * glow.spread / 2;
     if (muted() || path.isEmpty() || reach <= 0)

@@ -75,7 +75,7 @@ public:
     /// A horizontal rule through the middle of the box.
     void rule(const Box& box, const QBrush& brush, double thickness);
     /// Light around a line or an outline, without the line itself; a ninth of the cost of stroking it.
-    void halo(const QPainterPath& path, const InkGlow& glow);
+    void lightAround(const QPainterPath& path, const InkGlow& glow);
     void fill(const QPainterPath& path, const QBrush& brush);
     void fill(const Box& box, const QBrush& brush, double radius = 0);
     void disc(QPointF centre, double radius, const QBrush& brush);

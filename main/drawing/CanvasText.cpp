@@ -51,7 +51,7 @@ void Canvas::light(const QPainterPath& outline, const InkGlow& glow, LayerKey ke
     key.add(glow.alpha);
     key.add(glow.spread);
     stillLayer(key.text(), outline.boundingRect().adjusted(-reach, -reach, reach, reach),
-        [&](Canvas& layer) { layer.halo(outline, glow); });
+        [&](Canvas& layer) { layer.lightAround(outline, glow); });
 }
 
 void Canvas::line(const Box& box, const QString& shown, const TextStyle& style, bool cut)

@@ -87,17 +87,6 @@ QPainterPath steppedPath(const QRectF& box, double step, int count)
     return path;
 }
 
-QPainterPath bevelledPath(const QRectF& box, double upperLeft, double upperRight, double lowerRight, double lowerLeft)
-{
-    const QRectF& b = box;
-    QPainterPath path;
-    path.addPolygon(QPolygonF{{b.left(), b.top() + upperLeft}, {b.left() + upperLeft, b.top()},
-        {b.right() - upperRight, b.top()}, {b.right(), b.top() + upperRight}, {b.right(), b.bottom() - lowerRight},
-        {b.right() - lowerRight, b.bottom()}, {b.left() + lowerLeft, b.bottom()}, {b.left(), b.bottom() - lowerLeft}});
-    path.closeSubpath();
-    return path;
-}
-
 void sheen(Canvas& canvas, const Box& box, double radius, const QColor& colour, double from, double to, double share)
 {
     QLinearGradient light(box.topLeft(), box.bottomLeft());

@@ -17,8 +17,6 @@ void dropShadow(
 
 /// A box whose corners go in by `count` squares of `step` points, as pixel art rounds them.
 QPainterPath steppedPath(const QRectF& box, double step, int count = 1);
-/// A box whose corners are cut off at 45 degrees, so many points from upper left clockwise; 0 leaves a corner.
-QPainterPath bevelledPath(const QRectF& box, double upperLeft, double upperRight, double lowerRight, double lowerLeft);
 
 /// A light from above: `colour` at opacity `from` at the upper edge, `to` at `share` of the height.
 void sheen(Canvas& canvas, const Box& box, double radius, const QColor& colour, double from, double to, double share);
