@@ -4,6 +4,7 @@
 
 #include "faces/NoticeFace.h"
 #include "faces/SharedFaces.h"
+#include "foundation/Wording.h"
 
 namespace ambrelle {
 
@@ -43,10 +44,13 @@ Box FaceRenderer::framed(Canvas& canvas, const FaceContext& face, const QString&
 
 Box FaceRenderer::framed(Canvas& canvas, const FaceContext& face) const
 {
-    return framed(canvas, face, headerTitle(m_style, face.kind));
+    const double room = face.bounds.width() - 2 * m_style.inset;
+    const QString title = headerTitle(m_style, face.kind);
+    const bool tooLong = face.kind == WidgetKind::downloads && elided(title, m_style.header(), room) != title;
+    return framed(canvas, face, tooLong ? m_style.caps(Wording::tr("Downloaded")) : title);
 }
 
-void FaceRenderer::drawAny(Canvas& canvas, const Reading& reading, const FaceContext& face) const
+void FaceRenderer::drawUpright(Canvas& canvas, const Reading& reading, const FaceContext& face) const
 {
     if (const Notice& notice = noticeOf(reading)) {
         drawNotice(canvas, *this, notice, face);
@@ -59,6 +63,22 @@ void FaceRenderer::drawAny(Canvas& canvas, const Reading& reading, const FaceCon
             drawShared(canvas, *this, value, face);
     };
     std::visit(drawFace, reading);
+}
+
+void FaceRenderer::drawAny(Canvas& canvas, const Reading& reading, const FaceContext& face) const
+{
+    const double degrees = tilt(face);
+    if (degrees == 0) {
+        drawUpright(canvas, reading, face);
+        return;
+    }
+    constexpr double shrunk = 0.97; // so that the corners stay where a shadow may fall
+    const QPointF middle = face.bounds.center();
+    QTransform turned = QTransform::fromTranslate(middle.x(), middle.y());
+    turned.rotate(degrees);
+    turned.scale(shrunk, shrunk);
+    turned.translate(-middle.x(), -middle.y());
+    canvas.mapped(turned, [&] { drawUpright(canvas, reading, face); });
 }
 
 } // namespace ambrelle
