@@ -86,6 +86,7 @@ RemindersReading remindersReading(const RemindersService& service, const QDateTi
         reading.rows.append({.id = reminder.id,
             .title = reminder.title,
             .due = dueText(reminder, now, locale),
+            .dueDay = reminder.dueText(now, locale).value_or(QString()),
             .overdue = reminder.isOverdue(now),
             .done = service.completing().contains(reminder.id),
             .colour = reminder.color});

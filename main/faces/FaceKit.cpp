@@ -45,7 +45,13 @@ void hero(Canvas& canvas, const FaceRenderer& skin, Box& content, const Units::P
 
 void footer(Canvas& canvas, const FaceRenderer& skin, Box& content, const QString& text)
 {
-    canvas.text(content.cutBottom(footerHeight(skin.style())), text, skin.style().caption());
+    const TextStyle caption = skin.style().caption().wrapped(2);
+    const auto lines = static_cast<double>(wrapped(text, caption, content.width()).size());
+    const Box band = content.cutBottom(std::max(1.0, lines) * footerHeight(skin.style()));
+    if (lines > 1)
+        canvas.paragraph(band, text, caption, Qt::AlignVCenter);
+    else
+        canvas.text(band, text, caption);
     content.cutBottom(Bands::gap);
 }
 
@@ -142,9 +148,18 @@ void partsKey(
         Box line = box.row(static_cast<int>(index), static_cast<int>(parts.size()));
         canvas.fill(line.cutLeft(swatch).centred(swatch, swatch), fills.value(index), std::min(2.0, style.corner / 4));
         line.cutLeft(Bands::gap);
-        named(
-            canvas, line, parts[index].name, style.caption().coloured(style.ink), parts[index].value, style.caption());
+        keyLine(canvas, line, parts[index], style.caption().coloured(style.ink), style.caption());
     }
+}
+
+void keyLine(Canvas& canvas, Box line, const Share& part, const TextStyle& name, const TextStyle& value)
+{
+    constexpr double gap = 4;
+    const double room = line.width() - shape(name.face, name.size, part.name)->width - gap;
+    const bool whole = elided(part.value, value, room) == part.value;
+    const QString shown = whole ? part.value : part.value.section(u' ', 0, 0);
+    line.cutRight(canvas.text(line, shown, value.aligned(Align::right)) + gap);
+    canvas.text(line, part.name, name);
 }
 
 std::optional<qsizetype> partAt(const QList<Share>& parts, double place)

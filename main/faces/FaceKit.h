@@ -59,6 +59,8 @@ void partsBar(Canvas& canvas, const Box& box, const QList<Share>& parts, const Q
 /// One row per part: a swatch, the name, the value.
 void partsKey(
     Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, const QList<QBrush>& fills);
+/// A part's name and value in one line, the value without its unit where there is no room for both.
+void keyLine(Canvas& canvas, Box line, const Share& part, const TextStyle& name, const TextStyle& value);
 /// Which part a place (0 to 1) of the whole belongs to; none: the rest.
 std::optional<qsizetype> partAt(const QList<Share>& parts, double place);
 

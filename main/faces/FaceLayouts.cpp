@@ -49,7 +49,10 @@ void weatherNow(Canvas& canvas, const FaceRenderer& skin, Box box, const Weather
     canvas.text(box.cutBottom(rowHeight(style)), reading.description, style.row());
     skin.pictogram(canvas, box.cutRight(picture), reading.sky);
     box.cutRight(gap);
-    canvas.figure(box, reading.temperature, u"°"_s, skin.figure(style.temperatureCap));
+    const FigureStyle figure = skin.figure(style.temperatureCap);
+    if (figure.face.italic)
+        box.cutRight(figure.cap * 0.12); // over which the sign leans
+    canvas.figure(box, reading.temperature, u"°"_s, figure);
 }
 
 QString temperatureIn(const QString& value, const TextStyle& text, double width)

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double controlSize = 22;
-constexpr int mostLines = 6;
+constexpr int mostLines = 7;
 
 /// Symbol, gap below it, and how far controls without a player are faded.
 struct Measures {
@@ -53,12 +53,18 @@ void drawNotice(Canvas& canvas, const FaceRenderer& skin, const Notice& notice, 
         };
         controls(canvas, keys, false, idle, false);
     }
-    const TextStyle text = sentenceStyle(style, notice.sentence, content.width());
+    TextStyle text = sentenceStyle(style, notice.sentence, content.width());
     const double lines = static_cast<double>(wrapped(notice.sentence, text, content.width()).size());
-    const double height = measure.symbol + measure.gap + lines * text.size * text.lineHeight;
-    Box block = content.centred(content.width(), std::min(height, content.height()));
-    canvas.symbol(block.cutTop(measure.symbol), notice.symbol, measure.symbol, style.soft);
-    block.cutTop(measure.gap);
+    text.lineHeight = std::clamp(content.height() / (lines * text.size), 1.0, text.lineHeight);
+    const double symbol = measure.symbol + measure.gap;
+    const double sentence = lines * text.size * text.lineHeight;
+    // Where there is no room for both, the sentence says more.
+    const bool both = symbol + sentence <= content.height();
+    Box block = content.centred(content.width(), std::min(sentence + (both ? symbol : 0), content.height()));
+    if (both) {
+        canvas.symbol(block.cutTop(measure.symbol), notice.symbol, measure.symbol, style.soft);
+        block.cutTop(measure.gap);
+    }
     canvas.paragraph(block, notice.sentence, text);
 }
 

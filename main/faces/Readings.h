@@ -281,6 +281,7 @@ struct RemindersReading {
         QString id;
         QString title;
         QString due; ///< "Today, 14:05"; empty without a date
+        QString dueDay{}; ///< the same without the time: "Today"
         bool overdue = false;
         bool done = false; ///< being ticked off
         QColor colour; ///< of its list

@@ -16,8 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr double markRoom = 24; // of the symbol that begins a row
 constexpr double markSize = 12; // of a warning beside a caption
 constexpr double markGap = 3;
+constexpr double leastArc = 8; // height of the way of the sun
 
 /// The moon's lit part is the lighter one, whatever the plate.
 MoonDisc moonOf(const SkinStyle& style)
@@ -90,13 +92,15 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
             return;
         }
         const QColor due = reminder.overdue ? legible(style.warn, style.ink, style.ground) : style.soft;
-        canvas.text(line.cutTop(style.rowSize + style.rowGap - 2), reminder.title, text);
-        Box below = line.cutTop(style.captionSize + 1);
+        Box upper = line.cutTop(style.rowSize + style.rowGap - 2);
         if (reminder.overdue) {
-            skin.warning(canvas, below.cutLeft(markSize));
-            below.cutLeft(markGap);
+            skin.warning(canvas, upper.cutRight(markSize));
+            upper.cutRight(markGap);
         }
-        canvas.text(below, reminder.due, style.caption().coloured(due));
+        canvas.text(upper, reminder.title, text);
+        const TextStyle caption = style.caption().coloured(due);
+        const bool whole = elided(reminder.due, caption, line.width()) == reminder.due;
+        canvas.text(line.cutTop(style.captionSize + 1), whole ? reminder.due : reminder.dueDay, caption);
     });
 }
 
@@ -132,10 +136,11 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const SkyReading& read
         return;
     }
     box.cutTop(2);
-    canvas.text(box.cutTop(style.captionSize + 3), reading.next, caption);
     named(canvas, box.cutBottom(style.captionSize + 2), reading.sunrise, caption, reading.sunset, caption);
-    box.cutTop(5);
+    box.cutTop(canvas.paragraph(box, reading.next, caption.wrapped(2)) + 5);
     box.cutBottom(3);
+    if (box.height() < leastArc)
+        return;
     const SunArc arc{.arc = QPen(style.soft, 1.2, Qt::DotLine), .horizon = QPen(style.faint, 1), .sun = style.accent};
     arc.draw(canvas, box, reading.sun);
 }
@@ -150,7 +155,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const ActivityReading&
     else if (!reading.metres.isEmpty() || !reading.clicks.isEmpty())
         twoCaptions(canvas, style, box, reading.metres, reading.clicks);
     const TextStyle hours = style.caption().sized(std::max(9.0, style.floor - 1)).asAxis();
-    Box axis = box.cutBottom(std::max(12.0, hours.size + 1));
+    Box axis = box.cutBottom(std::max(12.0, hours.size + 2));
     for (int mark = 0; mark < 4; ++mark)
         canvas.text(axis.column(mark, 4), QString::number(mark * 6), hours);
     box.cutTop(4);
@@ -192,9 +197,17 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         const DevicesReading::Row& device = reading.rows[index];
         Box line = row;
         skin.separator(canvas, row);
-        canvas.symbol(line.cutLeft(18), device.symbol, 16, style.ink);
-        line.cutLeft(6);
-        Box upper = line.cutTop(style.rowSize + style.rowGap - 2);
+        const QString detail = fitted(device.detail, style.caption(), line.width() - markRoom);
+        // A detail too long for its place goes on under the symbol.
+        const bool wide = elided(detail, style.caption(), line.width() - markRoom) != detail;
+        const double upperHeight = style.rowSize + style.rowGap - 2;
+        Box upper = wide ? line.cutTop(upperHeight) : line;
+        canvas.symbol(upper.cutLeft(18), device.symbol, 16, style.ink);
+        upper.cutLeft(markRoom - 18);
+        if (!wide) {
+            line = upper;
+            upper = line.cutTop(upperHeight);
+        }
         if (device.charging) {
             const double bolt = std::max(11.0, style.captionSize);
             canvas.symbol(upper.cutRight(bolt + 1), u"bolt.fill"_s, bolt, style.accentText());
@@ -206,7 +219,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         canvas.text(upper, device.name, style.row().elided(Qt::ElideMiddle));
         const Box below = line.cutTop(style.captionSize + 1);
         if (!device.detail.isEmpty())
-            canvas.text(below, fitted(device.detail, style.caption(), below.width()), style.caption());
+            canvas.text(below, detail, style.caption());
         else if (device.level)
             skin.level(canvas, below.centred(below.width(), 4), *device.level, skin.valueColour(*device.level <= low));
     });

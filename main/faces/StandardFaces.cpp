@@ -87,10 +87,10 @@ void FaceRenderer::draw(Canvas& canvas, const ProcessesReading& reading, const F
 
 void FaceRenderer::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
 {
-    constexpr int most = 5;
     Box box = framed(canvas, face, reading.place);
     const Box days = box.cutRight(box.width() * 0.5);
     box.cutRight(12);
+    const int most = std::clamp(static_cast<int>(days.width() / (m_style.captionSize * 2.6)), 3, 5);
     weatherNow(canvas, *this, box, reading);
     dayColumns(days, reading, most, 2,
         [&](const Box& column, const WeatherReading::Day& day, qsizetype) { dayColumn(canvas, *this, column, day); });

@@ -344,8 +344,12 @@ TEST_F(EventsReadingsTest, RemindersWithTheirMarks)
         {u"1"_s, u"c"_s, u"Late"_s, clock.now().addDays(-1), true}, {u"2"_s, u"c"_s, u"Some day"_s, {}, false}};
     Q_EMIT store.changed();
     RemindersReading expected;
-    expected.rows = {
-        {.id = u"1"_s, .title = u"Late"_s, .due = u"Yesterday, 10:00"_s, .overdue = true, .colour = Qt::red},
+    expected.rows = {{.id = u"1"_s,
+                         .title = u"Late"_s,
+                         .due = u"Yesterday, 10:00"_s,
+                         .dueDay = u"Yesterday"_s,
+                         .overdue = true,
+                         .colour = Qt::red},
         {.id = u"2"_s, .title = u"Some day"_s, .due = {}, .colour = Qt::red}};
     EXPECT_EQ(shown(), expected);
     reminders.complete(u"2"_s);

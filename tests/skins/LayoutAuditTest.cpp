@@ -35,7 +35,7 @@ QString outside(const CanvasMark& mark, const QRectF& face)
     const double slant = std::max(1.0, mark.size * 0.08); // what an italic may lean over its advance
     if (mark.ink.left() < mark.box.left() - slant || mark.ink.right() > mark.box.right() + slant)
         return u"stands outside its box"_s;
-    if (!face.adjusted(2, 2, -2, -2).contains(mark.ink))
+    if (!face.adjusted(1.9, 1.9, -1.9, -1.9).contains(mark.ink)) // 2 points, less what whole pixels round away
         return u"touches the edge of the face"_s;
     return {};
 }

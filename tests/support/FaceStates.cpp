@@ -154,7 +154,8 @@ const QList<Edit> extreme{
         for (int row = 0; row < 12; ++row)
             r.rows.append({.id = QString::number(row),
                 .title = u"Renew the passport"_s,
-                .due = u"31 December 2026, 23:59"_s,
+                .due = u"31 Dec 2025, 23:59"_s,
+                .dueDay = u"31 Dec 2025"_s,
                 .overdue = true});
     }),
     with<DevicesReading>([](auto& r) {

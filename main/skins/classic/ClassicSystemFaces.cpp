@@ -26,8 +26,7 @@ void memoryKey(Canvas& canvas, const SkinStyle& style, const Box& box, const QLi
         canvas.fill(swatch, pattern(index));
         canvas.frame(swatch, QPen(ink, 1));
         line.cutLeft(8);
-        line.cutRight(canvas.text(line, parts[index].value, style.rowValue()) + 6);
-        canvas.text(line, parts[index].name, style.row());
+        keyLine(canvas, line, parts[index], style.row(), style.rowValue());
     });
 }
 

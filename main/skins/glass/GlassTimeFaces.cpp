@@ -46,8 +46,8 @@ void GlassSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
         const TextStyle caption = style().caption().aligned(Align::centre);
         canvas.text(column.cutTop(16), day.initial, caption);
         pictogram(canvas, column.cutTop(22).centred(18, 18), day.sky);
-        canvas.text(column.cutTop(18), day.high, caption.coloured(ink));
-        canvas.text(column.cutBottom(16), day.low, caption);
+        canvas.text(column.cutTop(18), temperatureIn(day.high, caption, column.width()), caption.coloured(ink));
+        canvas.text(column.cutBottom(16), temperatureIn(day.low, caption, column.width()), caption);
         const Box track = column.centred(4, column.height() - 4);
         canvas.fill(track, trackColour, 2);
         const double top = track.bottom() - track.height() * day.highFraction;

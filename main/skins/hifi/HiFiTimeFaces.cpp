@@ -159,8 +159,8 @@ void HiFiSkin::progress(Canvas& canvas, const Box& box, const NowPlayingReading&
     });
     const GroundScope ground(canvas, over(faded(style().accent, 0.16), tubeDark));
     Box times = box.inset(8, 3);
-    canvas.text(times.cutLeft(36), reading.elapsed, amber(style(), style().caption()));
-    canvas.text(times.cutRight(36), reading.total, style().caption().aligned(Align::right));
+    canvas.text(times.cutLeft(44), reading.elapsed, amber(style(), style().caption()));
+    canvas.text(times.cutRight(44), reading.total, style().caption().aligned(Align::right));
     const TextStyle number = style().caption().sized(9).coloured(champagne).aligned(Align::centre).asAxis();
     const Box numbers = Box(line).cutBottom(11);
     for (int mark = 0; mark <= marks; mark += 2) {

@@ -234,7 +234,7 @@ constexpr std::array palettes{
         .up = 0x4A6B3A,
         .down = 0xB3261E,
         .warn = 0xB3261E,
-        .measures = {.corner = 0, .inset = 18, .titleGap = 8, .titleSize = 12, .floor = 12}},
+        .measures = {.corner = 0, .inset = 18, .titleGap = 8, .titleSize = 12, .floor = 12, .rowGap = 11}},
     PlainPalette{.skin = Skin::cork,
         .title = {.family = "Chilanka", .weight = 700, .capRatio = 0.66},
         .body = {.family = "Chilanka", .weight = 400, .capRatio = 0.66},

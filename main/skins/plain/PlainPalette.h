@@ -21,6 +21,7 @@ struct PlainMeasures {
     double titleGap;
     double titleSize; ///< pixels
     double floor; ///< pixels of the smallest text
+    double rowGap = 6; ///< points between rows of two lines
 };
 
 /// Typefaces, colours and measures of a skin that has no painter of its own yet.

@@ -53,6 +53,9 @@ SkinStyle makeStyle(const PlainPalette& palette, const std::optional<QColor>& ac
     };
     style.number.cell = palette.cell;
     style.rowPitch = style.rowSize + 6.5;
+    style.rowGap = palette.measures.rowGap;
+    if (style.body.pixel)
+        style.lineHeight = 1.125;
     if (style.number.family.startsWith(u"DSEG7"_s)) // has no signs
         style.unitFace = style.title;
     return style;
