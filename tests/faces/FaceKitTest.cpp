@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace ambrelle {
 
@@ -34,6 +36,9 @@ struct BareSkin final : FaceRenderer {
     void warning(Canvas&, const Box&) const override { ++warnings; }
     void key(Canvas&, const Box& box, const QString&, bool) const override { keys += box; }
 
+    double tilt(const FaceContext&) const override { return degrees; }
+
+    double degrees = 0;
     mutable int warnings = 0;
     mutable QList<QRectF> keys;
 };
@@ -120,6 +125,26 @@ TEST_F(FaceKitTest, ControlsAreDrawnByTheSkinAndAnswerWhereTheyStand)
         ASSERT_NE(hit, nullptr);
         EXPECT_EQ(hit->action.verb, verbs[index]);
     }
+}
+
+TEST_F(FaceKitTest, AFaceThatHangsAskewAnswersWhereItsControlsHang)
+{
+    skin.degrees = 2;
+    NowPlayingReading track{.title = u"Title"_s, .artist = u"Artist"_s, .playing = true};
+    skin.drawAny(canvas, track, {.kind = WidgetKind::nowPlaying, .bounds = Box(0, 0, 350, 170)});
+    ASSERT_EQ(skin.keys.size(), 3);
+    const QPointF upright = skin.keys[0].center() - QPointF(175, 85);
+    const double angle = 2 * std::numbers::pi / 180;
+    const QPointF hung(0.97 * (upright.x() * std::cos(angle) - upright.y() * std::sin(angle)) + 175,
+        0.97 * (upright.x() * std::sin(angle) + upright.y() * std::cos(angle)) + 85);
+    ASSERT_EQ(canvas.hits().size(), 3);
+    EXPECT_NEAR(canvas.hits()[0].area.center().x(), hung.x(), 0.01);
+    EXPECT_NEAR(canvas.hits()[0].area.center().y(), hung.y(), 0.01);
+    track.notice = {u"music.note"_s, u"Nothing playing"_s};
+    record.clear();
+    skin.drawAny(canvas, track, {.kind = WidgetKind::nowPlaying, .bounds = Box(0, 0, 350, 170)});
+    ASSERT_FALSE(record.isEmpty());
+    EXPECT_GT(record.first().ink.height(), 0) << "a notice hangs too";
 }
 
 TEST_F(FaceKitTest, AClockKeepsItsLeftEdgeAndClosesTheGapBeforeTheOne)

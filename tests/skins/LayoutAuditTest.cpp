@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace ambrelle {
 
@@ -57,11 +58,25 @@ QString tooFaint(const CanvasMark& mark)
     return u"has a contrast of %1 : 1 (%2 on %3)"_s.arg(ratio, 0, 'f', 2).arg(mark.colour.name(), mark.ground.name());
 }
 
+/// How thick the part is that two turned texts share, points.
+double sharedThickness(const CanvasMark& one, const CanvasMark& other)
+{
+    const QPolygonF part = one.corners.intersected(other.corners);
+    double twice = 0;
+    for (qsizetype index = 0; index < part.size(); ++index) {
+        const QPointF a = part[index];
+        const QPointF b = part[(index + 1) % part.size()];
+        twice += a.x() * b.y() - b.x() * a.y();
+    }
+    return std::abs(twice) / 2 / std::max(1.0, part.boundingRect().width());
+}
+
 QString overlapping(const CanvasRecord& record, qsizetype index)
 {
     const auto core = [](const CanvasMark& mark) { return mark.ink.adjusted(0.5, 1, -0.5, -1); };
     for (qsizetype other = index + 1; other < record.size(); ++other) {
-        if (isText(record[other]) && core(record[index]).intersects(core(record[other])))
+        if (isText(record[other]) && core(record[index]).intersects(core(record[other]))
+            && (record[index].corners.isEmpty() || sharedThickness(record[index], record[other]) > 2))
             return u"overlaps “%1”"_s.arg(record[other].text);
     }
     return {};
