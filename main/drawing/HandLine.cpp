@@ -8,6 +8,7 @@
 #include <cmath>
 #include <functional>
 #include <numbers>
+#include <utility>
 
 namespace ambrelle {
 
@@ -17,6 +18,19 @@ double lengthOf(QPointF way)
 {
     return std::hypot(way.x(), way.y());
 }
+
+/// How far a hand is beside its line: never far from where it was a moment before.
+struct Drift {
+    QPointF aside{};
+
+    QPointF next(double amount, SeededRandom& random)
+    {
+        const double right = random.in(-amount, amount);
+        const double up = random.in(-amount, amount);
+        aside = 0.7 * aside + 0.5 * QPointF(right, up);
+        return aside;
+    }
+};
 
 /// The line with points no further apart than `longest`.
 QPolygonF divided(const QPolygonF& points, double longest)
@@ -111,19 +125,21 @@ QList<QPolygonF> dashes(const QPolygonF& points, const QPen& pen)
     return result;
 }
 
-QPolygonF wavered(const QPolygonF& stretch, double amount, SeededRandom& random)
+QPolygonF wavered(const QPolygonF& line, double amount, SeededRandom& random)
 {
+    constexpr double stretch = 4.5; // points on which the hand strays from one place to the next
+    const QPolygonF points = divided(line, 3);
+    Drift drift;
+    QPointF before = drift.next(amount, random);
+    QPointF after = drift.next(amount, random);
+    double along = 0; // within the stretch
     QPolygonF result;
-    QPointF drift;
-    for (qsizetype i = 0; i < stretch.size(); ++i) {
-        const QPointF way = i == 0 ? QPointF() : stretch[i] - stretch[i - 1];
-        const int steps = std::max(1, static_cast<int>(lengthOf(way) / (8 * amount)));
-        for (int step = 1; step <= steps; ++step) {
-            const double right = random.in(-amount, amount);
-            const double up = random.in(-amount, amount);
-            drift = 0.7 * drift + 0.5 * QPointF(right, up);
-            result.append(stretch[i] - way * (1 - static_cast<double>(step) / steps) + drift);
-        }
+    for (qsizetype index = 0; index < points.size(); ++index) {
+        along += index > 0 ? lengthOf(points[index] - points[index - 1]) : 0;
+        for (; along > stretch; along -= stretch)
+            before = std::exchange(after, drift.next(amount, random));
+        const double t = along / stretch;
+        result.append(points[index] + before + (after - before) * (t * t * (3 - 2 * t)));
     }
     return result;
 }
@@ -132,7 +148,7 @@ HandLine markerLine(const QPolygonF& given, double width, double extent, SeededR
 {
     const double first = random.in(0, 2 * std::numbers::pi);
     const double second = random.in(0, 2 * std::numbers::pi);
-    const QPolygonF points = wavered(divided(given, 6), std::min(0.25, extent / 40), random);
+    const QPolygonF points = wavered(given, std::min(0.25, extent / 40), random);
     return handLine(points, [=](double place, qsizetype) {
         return width * (1 + 0.09 * std::sin(place / 5.3 + first) + 0.07 * std::sin(place / 2.1 + second));
     });
@@ -180,8 +196,19 @@ HandLine evenLine(const QPolygonF& points, double width)
 QPainterPath wavering(const QPainterPath& path, double amount, SeededRandom& random)
 {
     QPainterPath result;
-    for (const QPolygonF& stretch : path.toSubpathPolygons())
-        result.addPolygon(wavered(stretch, amount, random));
+    for (const QPolygonF& stretch : path.toSubpathPolygons()) {
+        Drift drift;
+        QPolygonF line;
+        for (qsizetype i = 0; i < stretch.size(); ++i) {
+            const QPointF way = i == 0 ? QPointF() : stretch[i] - stretch[i - 1];
+            const int steps = std::max(1, static_cast<int>(lengthOf(way) / (8 * amount)));
+            for (int step = 1; step <= steps; ++step) {
+                const QPointF aside = drift.next(amount, random);
+                line.append(stretch[i] - way * (1 - static_cast<double>(step) / steps) + aside);
+            }
+        }
+        result.addPolygon(line);
+    }
     return result;
 }
 

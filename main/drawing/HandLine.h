@@ -22,7 +22,7 @@ struct HandLine {
 QPolygonF thinned(const QPolygonF& points, double apart);
 /// The stretches of a line that a dashed pen draws; the line itself of a solid one.
 QList<QPolygonF> dashes(const QPolygonF& points, const QPen& pen);
-/// The line in small steps, each up to about `amount` beside it.
+/// The line with points every three points at most, each up to about `amount` beside it.
 QPolygonF wavered(const QPolygonF& line, double amount, SeededRandom& random);
 
 HandLine evenLine(const QPolygonF& points, double width);

@@ -38,7 +38,7 @@ QImage dust(double scale)
     SeededRandom random{17};
     // Specks fall on each other: so much area of them leaves that share bare.
     for (double bare = -std::log(1 - dustShare) * pixels * pixels; bare > 0;) {
-        const double radius = random.in(0.3, 0.65) * pixels / side;
+        const double radius = random.in(0.15, 0.42) * pixels / side;
         const double x = random.in(0, pixels);
         const double y = random.in(0, pixels);
         for (const int across : {-pixels, 0, pixels})
@@ -130,7 +130,8 @@ void strokeByHand(QPainter& painter, const QPainterPath& path, const QPen& pen, 
 {
     if (path.isEmpty() || pen.style() == Qt::NoPen)
         return;
-    constexpr double apart = 3; // points of a line stand no closer, corners apart
+    constexpr double apart = 1.2; // points of a line stand no closer, corners apart
+    const QTransform fine = QTransform::fromScale(4, 4); // for curves in pieces that nobody sees
     const QRectF bounds = path.boundingRect();
     const double extent = std::max(bounds.width(), bounds.height());
     const double width = std::max(0.5, pen.widthF());
@@ -142,8 +143,8 @@ void strokeByHand(QPainter& painter, const QPainterPath& path, const QPen& pen, 
         return;
     std::array<InkMask, 2> masks{InkMask(pixels), InkMask(manner == StrokeManner::chalk ? pixels : QRect())};
     const auto tenths = [](double points) { return static_cast<std::uint64_t>(std::llround(points * 10)); };
-    for (const QPolygonF& stretch : path.toSubpathPolygons()) {
-        for (const QPolygonF& line : dashes(thinned(stretch, apart), pen)) {
+    for (const QPolygonF& stretch : path.toSubpathPolygons(fine)) {
+        for (const QPolygonF& line : dashes(thinned(fine.inverted().map(stretch), apart), pen)) {
             if (line.size() < 2)
                 continue;
             const QPointF start = line.first();
