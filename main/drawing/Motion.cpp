@@ -29,6 +29,12 @@ double Motion::next(double t) const
     return period > 0 ? BurstSchedule{period, offset, burst, fps}.next(t) : t + 1 / fps;
 }
 
+std::optional<double> Motion::phase(double t) const
+{
+    const double since = period > 0 ? modulo(t + offset, period) : burst;
+    return since < burst ? std::optional(since / burst) : std::nullopt;
+}
+
 double BurstSchedule::next(double t) const
 {
     const double phase = modulo(t + offset, period);

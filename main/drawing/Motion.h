@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <optional>
+
 namespace ambrelle {
 
 /// How a part of a face moves: steadily at `fps` frames a second, or (period above 0) only in bursts.
@@ -19,6 +21,8 @@ struct Motion {
 
     /// The next moment to draw after `t` (seconds since 2001-01-01 00:00 UTC, as all times of motion).
     double next(double t) const;
+    /// How far a burst has come at `t`, from 0 on below 1; none between bursts.
+    std::optional<double> phase(double t) const;
 };
 
 /// When bursts are drawn: every 1/fps within a burst, once just after its end, and at the start of the next one.

@@ -153,6 +153,17 @@ TEST(Motion, BurstsMeetTheFlickerOfTheSameSeed)
     }
 }
 
+TEST(Motion, TellsHowFarABurstHasCome)
+{
+    const Motion motion = Motion::bursts(12, 3, 1.5, 15);
+    const double start = motion.next(1000);
+    EXPECT_NEAR(motion.phase(start + 0.0001).value_or(7), 0, 0.001);
+    EXPECT_NEAR(motion.phase(start + 0.75).value_or(7), 0.5, 0.001);
+    EXPECT_EQ(motion.phase(start + 1.501), std::nullopt);
+    EXPECT_EQ(motion.phase(start - 0.001), std::nullopt);
+    EXPECT_EQ(Motion::steady(20).phase(3), std::nullopt);
+}
+
 TEST(Charts, SamplesSpanTheBoxAndStayInIt)
 {
     const Box box(10, 20, 100, 40);

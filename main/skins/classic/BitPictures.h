@@ -2,16 +2,12 @@
 
 #pragma once
 
-#include "drawing/Canvas.h"
+#include "drawing/Sprite.h"
 #include "faces/Readings.h"
 
 namespace ambrelle::classic {
 
-inline constexpr int pictureSide = 16; ///< pixels of a weather picture
-
-/// The black pixels of a weather picture, as squares of side 1.
-const QPainterPath& bitPicture(Sky sky);
-/// The picture in the middle of the box, `pixel` points a pixel.
-void drawBitPicture(Canvas& canvas, const Box& box, Sky sky, double pixel);
+/// A weather picture of 16 x 16 black pixels.
+const Sprite& bitPicture(Sky sky);
 
 } // namespace ambrelle::classic

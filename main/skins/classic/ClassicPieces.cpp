@@ -3,6 +3,7 @@
 #include "skins/classic/ClassicPieces.h"
 
 #include "drawing/Fraction.h"
+#include "drawing/Gauge.h"
 #include "faces/FaceKit.h"
 #include "skins/classic/ClassicStyle.h"
 
@@ -174,26 +175,16 @@ Box wedges(Canvas& canvas, const Box& box, double fraction)
 {
     constexpr int count = 12;
     constexpr double width = 11;
-    constexpr double gap = 4; // degrees
-    constexpr double sweep = 360.0 / count - gap;
-    const Box outer = box.square().inset(0.5);
-    const Box inner = outer.inset(width);
-    const long full = std::lround(bounded(fraction) * count);
+    const Box circle = box.square().inset(0.5);
+    const int full = litOf(fraction, count);
     QPainterPath solid;
     QPainterPath outlined;
-    for (int index = 0; index < count; ++index) {
-        const double from = 90 - 360.0 * index / count - gap / 2;
-        QPainterPath wedge;
-        wedge.arcMoveTo(outer, from);
-        wedge.arcTo(outer, from, -sweep);
-        wedge.arcTo(inner, from - sweep, sweep);
-        wedge.closeSubpath();
-        (index < full ? solid : outlined).addPath(wedge);
-    }
+    for (int index = 0; index < count; ++index)
+        (index < full ? solid : outlined).addPath(Gauge::in(circle, 0, 360).block(index, count, 4, width));
     canvas.fill(solid, ink);
     canvas.stroke(solid, rule);
     canvas.stroke(outlined, rule);
-    return inner;
+    return circle.inset(width);
 }
 
 void pushButtons(Canvas& canvas, const Box& box)

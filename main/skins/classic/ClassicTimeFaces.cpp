@@ -41,7 +41,7 @@ void weatherColumn(Canvas& canvas, Box column, const WeatherReading::Day& day, c
 {
     const TextStyle text = style.row().aligned(Align::centre);
     canvas.text(column.cutTop(classic::line), day.initial, text);
-    drawBitPicture(canvas, column.cutTop(36), day.sky, 2);
+    bitPicture(day.sky).draw(canvas, column.cutTop(36), 2);
     canvas.text(column.cutTop(classic::line), temperatureIn(day.high, text, column.width()), text);
     canvas.text(column.cutBottom(classic::line), temperatureIn(day.low, text, column.width()), text);
     Box track = column.inset(0, 3).centred(8, column.height() - 6);
@@ -83,7 +83,7 @@ void ClassicSkin::draw(Canvas& canvas, const WeatherReading& reading, const Face
     canvas.text(box.cutBottom(line), reading.range(), style().row());
     canvas.text(box.cutBottom(line + 4), reading.description, style().row());
     Box top = box.cutTop(70);
-    drawBitPicture(canvas, top.cutLeft(36), reading.sky, 2);
+    bitPicture(reading.sky).draw(canvas, top.cutLeft(36), 2);
     top.cutLeft(4);
     hero(canvas, top, reading.temperature, u"°"_s, 64);
     for (int index = 0; index < std::min<int>(shownDays, static_cast<int>(reading.days.size())); ++index)

@@ -3,9 +3,9 @@
 #include "skins/minimal/MinimalSkin.h"
 
 #include "drawing/Colours.h"
-#include "drawing/Fraction.h"
-#include "drawing/Pens.h"
+#include "drawing/PictureTreatment.h"
 #include "drawing/Plates.h"
+#include "faces/StyledDial.h"
 
 #include <algorithm>
 #include <cmath>
@@ -102,18 +102,8 @@ void CardSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& rea
 
 Box CardSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    constexpr double width = 11;
-    const double share = bounded(fraction);
-    const Box circle = box.square().inset(width / 2);
-    QPainterPath ring;
-    ring.addEllipse(circle);
-    canvas.stroke(ring, QPen(look().faint, width));
-    QPainterPath arc;
-    arc.arcMoveTo(circle, 90);
-    arc.arcTo(circle, 90, -360 * share);
-    if (share > 0)
-        canvas.stroke(arc, roundPen(colour, width));
-    return circle.inset(width / 2 + 2);
+    const StyledDial ring{.value = colour, .track = look().faint, .measures = {.width = 11}};
+    return ring.draw(canvas, box, fraction);
 }
 
 void CardSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
@@ -255,14 +245,8 @@ void CardSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Face
     Box content = plate(canvas, face);
     constexpr double key = 34;
     if (reading.artwork) {
-        canvas.still(u"wash %1"_s.arg(reading.artwork.image.cacheKey()), face.bounds, [&](Canvas& layer) {
-            // A few pixels spread over the card: as blurred as a picture can be.
-            const QImage blurred = reading.artwork.image.scaled(6, 4, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-            layer.paint([&](QPainter& painter) {
-                painter.setOpacity(look().coverWash);
-                picture(layer, face.bounds, blurred, look().corner, true);
-            });
-        });
+        drawPicture(canvas, roundedPath(face.bounds, look().corner), reading.artwork.image,
+            PictureTreatment::blurred(6), look().coverWash);
     }
     const PlayerPlaces places = playerPlaces(content, key);
     artwork(canvas, places.cover, reading.artwork, 16, look().faint, look().soft);

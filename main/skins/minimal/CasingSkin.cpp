@@ -4,6 +4,7 @@
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
+#include "drawing/Gauge.h"
 
 #include <algorithm>
 #include <cmath>
@@ -57,6 +58,8 @@ public:
     void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 
 private:
+    /// Of the blocks of a scale: those reached in ink, the last of them in the colour of the value.
+    std::function<QBrush(int index)> scaleBrush(int lit, const QColor& colour) const;
     void ruleBelow(Canvas& canvas, const Box& row) const;
     /// Bars from `box`'s lower edge, or hanging from its upper one; the newest in the full colour.
     void bars(Canvas& canvas, const Box& box, const QList<double>& values, const QColor& colour, bool hanging) const;
@@ -147,52 +150,42 @@ void CasingSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& r
     bars(canvas, rest, up, look().ink, true);
 }
 
+std::function<QBrush(int)> CasingSkin::scaleBrush(int lit, const QColor& colour) const
+{
+    return [this, lit, colour](int index) {
+        const QColor on = index + 1 == lit ? colour : look().ink;
+        return index < lit ? on : look().faint;
+    };
+}
+
 Box CasingSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    constexpr int blocks = 30;
+    constexpr int count = 30;
     constexpr double depth = 6;
-    constexpr double gap = 3; // degrees
-    constexpr double step = 360.0 / blocks;
-    const double share = bounded(fraction);
-    const long lit = std::lround(share * blocks);
-    const Box circle = box.square().inset(depth / 2);
-    for (int index = 0; index < blocks; ++index) {
-        const double from = 90 - step * index - gap / 2;
-        QPainterPath arc;
-        arc.arcMoveTo(circle, from);
-        arc.arcTo(circle, from, gap - step);
-        const QColor on = index + 1 == lit ? colour : look().ink;
-        canvas.stroke(arc, square(index < lit ? on : look().faint, depth));
-    }
-    return circle.inset(depth / 2 + 3);
+    Gauge::in(box, 0, 360).blocks(canvas, count, 3, depth, scaleBrush(litOf(fraction, count), colour));
+    return box.square().inset(depth + 3);
 }
 
 void CasingSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
     constexpr int ticks = 40;
-    const double share = bounded(fraction);
-    const long lit = std::lround(share * ticks);
     const Box band = box.centred(box.width(), std::max(6.0, box.height()));
-    for (int index = 0; index < ticks; ++index) {
-        const QColor on = index + 1 == lit ? colour : look().ink;
-        canvas.fill(band.column(index, ticks, 2), index < lit ? on : look().faint);
-    }
+    blocks(canvas, band, ticks, 2, scaleBrush(litOf(fraction, ticks), colour));
 }
 
 void CasingSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
-    constexpr int blocks = 24;
+    constexpr int count = 24;
     const QList<QBrush> fills = partFills();
-    const auto fillAt = [&](double place) -> QBrush {
+    blocks(canvas, box, count, 1.5, [&](int block) -> QBrush {
+        double place = (block + 0.5) / count;
         for (qsizetype index = 0; index < std::min(parts.size(), fills.size()); ++index) {
             place -= parts[index].fraction;
             if (place < 0)
                 return fills[index];
         }
         return look().faint;
-    };
-    for (int index = 0; index < blocks; ++index)
-        canvas.fill(box.column(index, blocks, 1.5), fillAt((index + 0.5) / blocks));
+    });
 }
 
 PictogramPaint CasingSkin::pictograms() const
@@ -233,7 +226,7 @@ void CasingSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCon
 void CasingSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
     Box content = framed(canvas, face);
-    constexpr int blocks = 10;
+    constexpr int count = 10;
     Box hero = content.cutTop(Bands::hero);
     if (reading.low)
         warning(canvas, hero.cutRight(12));
@@ -241,12 +234,12 @@ void CasingSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceC
     canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
     canvas.text(content.cutBottom(16), reading.state, style().row());
     const Box row = content.centred(content.width(), 22);
-    const long lit = std::lround(reading.level * blocks);
-    for (int index = 0; index < blocks; ++index) {
+    const int lit = litOf(reading.level, count);
+    const QColor on = reading.low ? look().warn : look().ink;
+    blocks(canvas, row, count, 4, [&](int index) {
         const bool next = index == lit && reading.charging;
-        const QColor on = reading.low ? look().warn : look().ink;
-        canvas.fill(row.column(index, blocks, 4), next ? look().accent : index < lit ? on : look().faint);
-    }
+        return next ? look().accent : index < lit ? on : look().faint;
+    });
 }
 
 void CasingSkin::draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const

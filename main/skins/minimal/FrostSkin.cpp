@@ -3,13 +3,10 @@
 #include "skins/minimal/MinimalSkin.h"
 
 #include "drawing/Colours.h"
-#include "drawing/Fraction.h"
+#include "drawing/Gradients.h"
 #include "drawing/Pens.h"
 #include "drawing/Plates.h"
-
-#include <QConicalGradient>
-#include <QLinearGradient>
-#include <QRadialGradient>
+#include "faces/StyledDial.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,10 +73,7 @@ QBrush FrostSkin::aurora(QPointF from, QPointF to, const QColor& colour) const
 {
     if (colour != look().accent)
         return colour;
-    QLinearGradient light(from, to);
-    light.setColorAt(0, look().accent);
-    light.setColorAt(1, look().accent2);
-    return light;
+    return linear(from, to, {{0, look().accent}, {1, look().accent2}});
 }
 
 void FrostSkin::panel(Canvas& canvas, const FaceContext& face) const
@@ -93,10 +87,8 @@ void FrostSkin::panel(Canvas& canvas, const FaceContext& face) const
         constexpr double strength = 0.20;
         const QList<std::pair<QColor, double>> curtains{{look().accent, 0.12}, {look().accent2, 0.88}};
         for (const auto& [colour, place] : curtains) {
-            QRadialGradient curtain(QPointF(box.x() + box.width() * place, box.y() - 20), 96);
-            curtain.setColorAt(0, faded(colour, strength));
-            curtain.setColorAt(1, faded(colour, 0));
-            layer.fill(box, curtain, corner);
+            const QPointF top(box.x() + box.width() * place, box.y() - 20);
+            layer.fill(box, halo(top, 96, colour, strength), corner);
         }
         sheen(layer, box, corner, Qt::white, 0.10, 0, 0.3);
         layer.stroke(iceTicks(box.inset(1), corner), QPen(faded(Qt::white, 0.16), 0.5));
@@ -113,15 +105,13 @@ void FrostSkin::glint(Canvas& canvas, const FaceContext& face) const
     const Motion motion = Motion::bursts(period, 1 + static_cast<int>(face.kind), burst, framesPerSecond);
     const Box edge = Box(face.bounds).cutTop(2).inset(look().corner, 0);
     canvas.moving(edge, motion, [&](Canvas& layer, double t) {
-        const double phase = std::fmod(t + motion.offset, period) / burst;
-        if (t <= 0 || phase <= 0 || phase >= 1)
+        const std::optional<double> phase = motion.phase(t);
+        if (t <= 0 || !phase)
             return;
-        const double x = edge.left() + edge.width() * phase;
-        QLinearGradient light(x - 26, 0, x + 26, 0);
-        light.setColorAt(0, faded(Qt::white, 0));
-        light.setColorAt(0.5, faded(Qt::white, 0.9 * std::sin(phase * std::numbers::pi)));
-        light.setColorAt(1, faded(Qt::white, 0));
-        layer.fill(Box(edge).cutTop(look().plateBorder), light);
+        const double x = edge.left() + edge.width() * *phase;
+        const QColor light = faded(Qt::white, 0.9 * std::sin(*phase * std::numbers::pi));
+        layer.fill(Box(edge).cutTop(look().plateBorder),
+            linear({x - 26, 0}, {x + 26, 0}, {{0, faded(light, 0)}, {0.5, light}, {1, faded(light, 0)}}));
     });
 }
 
@@ -154,29 +144,10 @@ void FrostSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& re
 
 Box FrostSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    constexpr double width = 5;
-    const double share = bounded(fraction);
-    const Box circle = box.square().inset(width / 2);
-    QPainterPath ring;
-    ring.addEllipse(circle);
-    canvas.stroke(ring, QPen(emptyTrack, width));
-    QBrush light = colour;
-    if (colour == look().accent) {
-        // Runs counterclockwise, so the arc's start is at the gradient's end; the start's round cap lies at its
-        // beginning.
-        QConicalGradient sweep(circle.center(), 90);
-        sweep.setColorAt(0, look().accent);
-        sweep.setColorAt(0.04, share > 0.9 ? look().accent2 : look().accent);
-        sweep.setColorAt(std::max(0.05, 0.98 - share), look().accent2);
-        sweep.setColorAt(1, look().accent);
-        light = sweep;
-    }
-    QPainterPath arc;
-    arc.arcMoveTo(circle, 90);
-    arc.arcTo(circle, 90, -360 * share);
-    if (share > 0)
-        canvas.stroke(arc, roundPen(light, width));
-    return circle.inset(width / 2 + 3);
+    StyledDial ring{.value = colour, .track = emptyTrack, .measures = {.width = 5}};
+    if (colour == look().accent)
+        ring.along = {{0, look().accent}, {1, look().accent2}};
+    return ring.draw(canvas, box, fraction).inset(1);
 }
 
 void FrostSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const

@@ -4,6 +4,7 @@
 
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
+#include "drawing/Gauge.h"
 
 #include <algorithm>
 #include <cmath>
@@ -107,18 +108,11 @@ Box HairlineSkin::progressDial(Canvas& canvas, const Box& box, double fraction, 
 {
     constexpr int ticks = 60;
     constexpr double length = 7;
-    const double share = bounded(fraction);
-    const long lit = std::lround(share * ticks);
-    const Box circle = box.square();
-    const double outer = circle.width() / 2;
-    for (int index = 0; index < ticks; ++index) {
-        const double angle = 2 * std::numbers::pi * index / ticks;
-        const QPointF way(std::sin(angle), -std::cos(angle));
-        const bool on = index < lit;
-        canvas.line(circle.center() + way * (outer - length - (on ? 2 : 0)), circle.center() + way * outer,
-            QPen(on ? colour : look().accent3, 0.8));
-    }
-    return circle.inset(length + 4);
+    const int lit = litOf(fraction, ticks);
+    const Tick on{length + 2, QPen(colour, 0.8)};
+    const Tick off{length, QPen(look().accent3, 0.8)};
+    Gauge::in(box, 0, 360).ticks(canvas, ticks, [&](int index) { return index < lit ? on : off; });
+    return box.square().inset(length + 4);
 }
 
 void HairlineSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
