@@ -69,14 +69,18 @@ inline QBrush conical(QPointF centre, double from, const QGradientStops& stops)
 }
 
 /// Along an arc: 0 at `from`, 1 after `turns` (0 to 1, clockwise). The outer colours go on beyond both ends, where
-/// round caps are.
+/// round caps are; where the ends meet the last colour flows back into the first.
 inline QBrush alongArc(QPointF centre, double from, double turns, const QGradientStops& stops)
 {
-    const double length = std::clamp(turns, 0.001, 1.0);
-    const double before = (1 - length) / 2;
+    constexpr double closed = 0.97; // from here on there is no room beyond the ends
+    const double length = std::clamp(turns, 0.001, closed);
+    const bool meets = turns > closed && !stops.isEmpty();
+    const double before = meets ? 0 : (1 - length) / 2;
     QGradientStops moved;
     for (const auto& [place, colour] : stops)
         moved.append({before + place * length, colour});
+    if (meets)
+        moved.append({1, stops.first().second});
     return conical(centre, from - before, moved);
 }
 

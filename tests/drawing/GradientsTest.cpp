@@ -53,6 +53,10 @@ TEST(Gradients, GoRoundClockwise)
         EXPECT_GT(redAt(along, 0.1 + turns), 247) << turns;
         EXPECT_GT(redAt(along, 0.1 + turns + (1 - turns) / 3), 247) << turns;
     }
+    const QBrush closed = alongArc(middle, 0.1, 1, {{0, Qt::black}, {1, Qt::white}});
+    EXPECT_LT(redAt(closed, 0.102), 10);
+    EXPECT_NEAR(redAt(closed, 0.085), 128, 40);
+    EXPECT_GT(redAt(closed, 0.06), 240);
     for (const double odd : {0.0, -1.0, 2.0})
         EXPECT_TRUE(alongArc(middle, 0, odd, {{0, Qt::black}, {1, Qt::white}}).gradient()) << odd;
 }
