@@ -3,6 +3,7 @@
 #include "support/WaitUntil.h"
 #include "window/CardPage.h"
 #include "window/cards/CardPainter.h"
+#include "window/cards/CardShadow.h"
 
 #include <QAccessible>
 #include <QLabel>
@@ -74,6 +75,43 @@ TEST_F(CardViewTest, APictureIsPaintedPixelByPixel)
         const QPoint inside(qRound(corner.x()) + 20, qRound(corner.y()) + 60);
         for (int x = 0; x < 100; ++x)
             ASSERT_EQ(shot.pixel(inside + QPoint(x, 0)), x % 2 ? 0xffff0000 : 0xff0000ff) << x << " at " << ratio;
+    }
+}
+
+TEST_F(CardViewTest, TheKeptLineIsThatOfAPen)
+{
+    for (const double ratio : {1.0, 1.5, 2.0}) {
+        const QRectF area(QPointF(12, 6), QSizeF(252, 158));
+        const QPen pen(QColor(0, 0, 0, 60), 1 / ratio);
+        QImage kept((QSizeF(280, 180) * ratio).toSize(), QImage::Format_RGB32);
+        kept.fill(0xffd0a040);
+        kept.setDevicePixelRatio(ratio);
+        QImage drawn = kept;
+        {
+            QPainter painter(&kept);
+            drawCardLine(painter, area, CardLayout::corner, pen, ratio);
+            QPainter other(&drawn);
+            other.setRenderHint(QPainter::Antialiasing);
+            other.setPen(pen);
+            const double half = pen.widthF() / 2;
+            const double corner = CardLayout::corner - half;
+            other.drawRoundedRect(area.adjusted(half, half, -half, -half), corner, corner);
+        }
+        int most = 0;
+        int marked = 0;
+        int differing = 0;
+        for (int y = 0; y < kept.height(); ++y) {
+            for (int x = 0; x < kept.width(); ++x) {
+                const int difference = std::abs(qGreen(kept.pixel(x, y)) - qGreen(drawn.pixel(x, y)));
+                most = std::max(most, difference);
+                differing += difference > 3;
+                marked += kept.pixel(x, y) != 0xffd0a040;
+            }
+        }
+        // A pen draws twice where a corner begins.
+        EXPECT_LE(most, 10) << ratio;
+        EXPECT_LE(differing, 40) << ratio;
+        EXPECT_GT(marked, 700 * ratio);
     }
 }
 

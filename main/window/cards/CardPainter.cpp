@@ -99,7 +99,7 @@ void CardPainter::card(const Card& card, const CardParts& parts, const CardSight
         if (!AppLook::shared().wishes().highContrast)
             drawCardShadow(m_painter, area, CardLayout::corner, m_pixelRatio);
         picture(card, area, sight);
-        paintPictureEdge(m_painter, area, CardLayout::corner, sight.hover);
+        drawCardLine(m_painter, area, CardLayout::corner, pictureEdge(m_pixelRatio, sight.hover), m_pixelRatio);
         if (card.state == Card::State::working)
             working(card, area, sight.ringTurn);
         if (!card.pill.isEmpty())
@@ -128,6 +128,7 @@ void CardPainter::picture(const Card& card, const QRectF& area, const CardSight&
         m_painter.save();
         m_painter.translate(area.topLeft());
         m_painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
+        m_painter.setRenderHint(QPainter::SmoothPixmapTransform, shown != m_layout.pictureDevicePixels);
         m_painter.drawPixmap(QRect(QPoint(), m_layout.pictureDevicePixels), sight.picture, QRect(QPoint(), shown));
         m_painter.restore();
         m_painter.setOpacity(1);

@@ -33,6 +33,14 @@ struct KeptShadow {
     QPixmap pixmap;
 };
 
+struct KeptLine {
+    QSize size;
+    double corner = 0; // device pixels, as its width
+    double width = 0;
+    QColor ink;
+    QPixmap pixmap;
+};
+
 /// The shadow of a square picture: its corners, and one pixel between them.
 QImage shadowPieces(double corner, double pixelRatio, int reach, int inside)
 {
@@ -79,6 +87,42 @@ QPixmap shadowAround(const QSize& size, double corner, double pixelRatio, int re
     return QPixmap::fromImage(image);
 }
 
+/// A line within the edge of that many device pixels.
+QPixmap lineWithin(const QSize& size, double corner, double width, const QColor& ink)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ink, width));
+    const double half = width / 2;
+    painter.drawRoundedRect(QRectF(image.rect()).adjusted(half, half, -half, -half), corner - half, corner - half);
+    painter.end();
+    return QPixmap::fromImage(image);
+}
+
+/// Draws what lies around the edge of a picture and `reach` beyond it; below the picture only its corners are needed.
+/// In the screen's own pixels nothing has to be scaled. Asked to do so smoothly the toolkit would take a path that
+/// wakes other threads for every strip, and waits for them.
+void drawRim(
+    QPainter& painter, const QPointF& place, const QPixmap& pixmap, int reach, double corner, double pixelRatio)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    painter.translate(place);
+    painter.scale(1 / pixelRatio, 1 / pixelRatio);
+    const QSize whole = pixmap.size();
+    const QSize size = whole - QSize(2 * reach, 2 * reach);
+    const int rim = std::min(static_cast<int>(std::ceil(corner * pixelRatio)), size.height() / 2);
+    const int side = std::min(reach + rim, size.width() / 2);
+    const int middle = whole.height() - 2 * (reach + rim);
+    for (const QRect& strip :
+        {QRect(0, 0, whole.width(), reach + rim), QRect(0, whole.height() - reach - rim, whole.width(), reach + rim),
+            QRect(0, reach + rim, side, middle), QRect(whole.width() - side, reach + rim, side, middle)})
+        painter.drawPixmap(strip.topLeft() - QPoint(reach, reach), pixmap, strip);
+    painter.restore();
+}
+
 } // namespace
 
 void drawCardShadow(QPainter& painter, const QRectF& area, double corner, double pixelRatio)
@@ -90,20 +134,26 @@ void drawCardShadow(QPainter& painter, const QRectF& area, double corner, double
         return;
     if (kept.size != size || kept.corner != corner || kept.pixelRatio != pixelRatio)
         kept = {size, corner, pixelRatio, shadowAround(size, corner, pixelRatio, reach)};
+    drawRim(painter, area.topLeft(), kept.pixmap, reach, corner, pixelRatio);
+}
 
-    // In the screen's own pixels nothing has to be scaled; below the picture only its corners are needed.
-    painter.save();
-    painter.translate(area.topLeft());
-    painter.scale(1 / pixelRatio, 1 / pixelRatio);
-    const int rim = std::min(static_cast<int>(std::ceil(corner * pixelRatio)), size.height() / 2);
-    const int side = std::min(reach + rim, size.width() / 2);
-    const QSize whole = kept.pixmap.size();
-    const int middle = whole.height() - 2 * (reach + rim);
-    for (const QRect& strip :
-        {QRect(0, 0, whole.width(), reach + rim), QRect(0, whole.height() - reach - rim, whole.width(), reach + rim),
-            QRect(0, reach + rim, side, middle), QRect(whole.width() - side, reach + rim, side, middle)})
-        painter.drawPixmap(strip.topLeft() - QPoint(reach, reach), kept.pixmap, strip);
-    painter.restore();
+void drawCardLine(QPainter& painter, const QRectF& area, double corner, const QPen& pen, double pixelRatio)
+{
+    static KeptLine kept;
+    const QSize size = (area.size() * pixelRatio).toSize();
+    if (size.isEmpty())
+        return;
+    QColor ink = pen.color();
+    ink.setAlphaF(1);
+    const KeptLine wanted{size, corner * pixelRatio, pen.widthF() * pixelRatio, ink, {}};
+    if (kept.size != wanted.size || kept.corner != wanted.corner || kept.width != wanted.width || kept.ink != ink) {
+        kept = wanted;
+        kept.pixmap = lineWithin(size, wanted.corner, wanted.width, ink);
+    }
+    const double opacity = painter.opacity();
+    painter.setOpacity(opacity * pen.color().alphaF());
+    drawRim(painter, area.topLeft(), kept.pixmap, 0, corner, pixelRatio);
+    painter.setOpacity(opacity);
 }
 
 } // namespace ambrelle

@@ -92,15 +92,20 @@ void paintSymbol(QPainter& painter, const QRectF& area, const QString& name, con
     painter.fillPath(symbolPath(name), ink);
 }
 
+QPen pictureEdge(double pixelRatio, double hover)
+{
+    const LookWishes& wishes = AppLook::shared().wishes();
+    const double strength = wishes.highContrast ? 0.6 : 0.12 + 0.12 * hover;
+    return {faded(wishes.dark ? Qt::white : Qt::black, strength), hairline(pixelRatio)};
+}
+
 void paintPictureEdge(QPainter& painter, const QRectF& area, double corner, double hover)
 {
     const Saved saved(painter);
-    const LookWishes& wishes = AppLook::shared().wishes();
-    const double strength = wishes.highContrast ? 0.6 : 0.12 + 0.12 * hover;
-    const double width = hairline(painter.device()->devicePixelRatioF());
-    const double half = width / 2;
+    const QPen pen = pictureEdge(painter.device()->devicePixelRatioF(), hover);
+    const double half = pen.widthF() / 2;
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(faded(wishes.dark ? Qt::white : Qt::black, strength), width));
+    painter.setPen(pen);
     painter.drawRoundedRect(area.adjusted(half, half, -half, -half), corner - half, corner - half);
 }
 

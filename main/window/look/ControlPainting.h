@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPen>
 #include <QStyle>
 
 class QPainter;
@@ -26,6 +27,7 @@ struct ControlPlate {
 void drawPlate(QPainter& painter, const ControlPlate& plate);
 void paintSymbol(QPainter& painter, const QRectF& area, const QString& name, const QColor& ink);
 /// The line within a picture's round edge, by which a pale one is told from the ground. `hover`: from 0 to 1.
+QPen pictureEdge(double pixelRatio, double hover = 0);
 void paintPictureEdge(QPainter& painter, const QRectF& area, double corner, double hover = 0);
 
 void drawSwitch(QPainter& painter, const QStyleOption& option, const QWidget* widget);
