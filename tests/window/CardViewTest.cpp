@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QPainter>
+#include <QPaintEvent>
 #include <QScrollBar>
 
 #include <gtest/gtest.h>
@@ -189,6 +190,33 @@ TEST_F(CardViewTest, RestsWhileNothingChanges)
     repaints.count = 0;
     EXPECT_FALSE(waitUntil([] { return false; }, 500));
     EXPECT_EQ(repaints.count, 0);
+}
+
+TEST_F(CardViewTest, OnlyTheChosenCardIsPaintedWhenTheWindowComesToTheFront)
+{
+    struct Painted final : QObject {
+        QRegion region;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::Paint)
+                region += static_cast<QPaintEvent*>(event)->region();
+            return false;
+        }
+    } painted;
+    const auto activate = [&](QEvent::Type type) {
+        QCoreApplication::processEvents();
+        painted.region = {};
+        QEvent event(type);
+        QCoreApplication::sendEvent(view->viewport(), &event);
+        QCoreApplication::processEvents();
+        return painted.region;
+    };
+    view->viewport()->installEventFilter(&painted);
+    view->choose(row(4));
+    for (const QEvent::Type type : {QEvent::WindowDeactivate, QEvent::WindowActivate})
+        EXPECT_EQ(activate(type), QRegion(view->visualRect(row(4))));
+    view->selectionModel()->clear();
+    EXPECT_EQ(activate(QEvent::WindowDeactivate), QRegion());
 }
 
 TEST_F(CardViewTest, AssistiveTechnologyFindsAListOfNames)

@@ -216,6 +216,11 @@ bool CardView::viewportEvent(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Leave: pointAt(std::nullopt); break;
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        // Only the ring of the chosen card looks different, and the view would paint all of them.
+        update(currentIndex());
+        return false;
     case QEvent::ToolTip: {
         const auto* help = static_cast<QHelpEvent*>(event);
         const QModelIndex index = indexAt(help->pos());
