@@ -155,6 +155,19 @@ TEST_F(ThemesPageTest, KeepsTheChoiceWhileTheListChanges)
     EXPECT_EQ(home.sheets.current()->title, u"Delete “Play”?"_s);
 }
 
+TEST_F(ThemesPageTest, MakesThePageOfAThemeWhenOneIsOpened)
+{
+    ThemesPage page(home.context);
+    EXPECT_FALSE(page.findChild<ThemePage*>());
+    home.model.openTheme(QUuid::createUuid()); // somebody deleted it
+    EXPECT_FALSE(home.model.isThemeOpen());
+    EXPECT_TRUE(page.grid().isVisibleTo(&page));
+    home.model.openTheme(Skin::neon);
+    ASSERT_TRUE(page.findChild<ThemePage*>());
+    EXPECT_TRUE(page.findChild<ThemePage*>()->isVisibleTo(&page));
+    EXPECT_FALSE(page.grid().isVisibleTo(&page));
+}
+
 TEST_F(ThemesPageTest, FindsByKeyboardAndOffersAWayOutOfNothing)
 {
     MainWindow& window = opened();

@@ -38,13 +38,10 @@ ThemesPage::ThemesPage(const WindowContext& context)
     , m_grid(new CardView)
     , m_empty(new EmptyState)
     , m_overview(makeOverview())
-    , m_page(new ThemePage(context, m_themes))
     , m_pages(new QStackedLayout(this))
     , m_transition(new PageTransition(*this))
 {
     m_pages->addWidget(m_overview);
-    m_pages->addWidget(m_page);
-    connect(m_transition, &PageTransition::ended, this, [this] { m_page->picture().setHeldBack(false); });
     connect(m_scope, &ThemesScope::importWanted, this, [this] { m_files.import(); });
     connectGrid();
     makeKeys();
@@ -124,13 +121,25 @@ void ThemesPage::choose(const QModelIndex& index)
 void ThemesPage::showModel()
 {
     showWelcome();
+    if (m_with.model.isThemeOpen())
+        page(); // which closes it when somebody deleted it
     const bool open = m_with.model.isThemeOpen();
-    turnTo(open ? *m_page : *m_overview);
+    turnTo(open ? page() : *m_overview);
     showChosen();
     showEmptyState();
     if (m_wasOpen != open && isVisible())
         takeFocus(false);
     m_wasOpen = open;
+}
+
+ThemePage& ThemesPage::page()
+{
+    if (!m_page) {
+        m_page = new ThemePage(m_with, m_themes);
+        m_pages->addWidget(m_page);
+        connect(m_transition, &PageTransition::ended, m_page, [this] { m_page->picture().setHeldBack(false); });
+    }
+    return *m_page;
 }
 
 void ThemesPage::showWelcome()
@@ -210,7 +219,7 @@ void ThemesPage::takeFocus(bool first)
     if (m_with.model.isThemeOpen() && seeksFound)
         m_with.model.closeTheme(); // what was found is in the grid
     if (m_with.model.isThemeOpen()) {
-        m_page->takeFocus();
+        page().takeFocus();
         return;
     }
     if (m_empty->isVisibleTo(this)) {
@@ -225,7 +234,7 @@ void ThemesPage::takeFocus(bool first)
 
 QList<QWidget*> ThemesPage::areas()
 {
-    return m_with.model.isThemeOpen() ? m_page->areas() : QList<QWidget*>{m_scope, m_grid, m_empty};
+    return m_with.model.isThemeOpen() ? page().areas() : QList<QWidget*>{m_scope, m_grid, m_empty};
 }
 
 void ThemesPage::openMenu(const QModelIndex& index, const QPoint& globalPosition)

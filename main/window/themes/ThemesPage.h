@@ -41,6 +41,7 @@ private:
     void showModel();
     void turnTo(QWidget& page);
     std::optional<QRectF> pictureArea();
+    ThemePage& page();
     void showWelcome();
     void showChosen();
     void showEmptyState();
@@ -56,7 +57,7 @@ private:
     EmptyState* m_empty;
     QWidget* m_overview;
     Welcome* m_welcome = nullptr; ///< in the grid
-    ThemePage* m_page; ///< of the one that is open
+    ThemePage* m_page = nullptr; ///< of the one that is open; made when the first is opened
     QStackedLayout* m_pages;
     PageTransition* m_transition; ///< from one of them to the other
     QString m_emptiness; ///< what the empty state is about
