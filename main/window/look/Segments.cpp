@@ -14,6 +14,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace ambrelle {
 
@@ -85,7 +86,8 @@ int Segments::chosen() const
 
 void Segments::setCount(int index, std::optional<int> count)
 {
-    m_segments[index]->setCount(count);
+    if (!m_segments[index]->setCount(count))
+        return;
     updateGeometry();
     arrange();
 }
@@ -200,9 +202,9 @@ void Segment::show(Parts parts)
     update();
 }
 
-void Segment::setCount(std::optional<int> count)
+bool Segment::setCount(std::optional<int> count)
 {
-    m_count = count;
+    return std::exchange(m_count, count) != count;
 }
 
 void Segment::paintEvent(QPaintEvent*)

@@ -70,7 +70,7 @@ public:
     };
     int widthOf(Parts parts) const;
     void show(Parts parts);
-    void setCount(std::optional<int> count);
+    bool setCount(std::optional<int> count); ///< whether it is another
     bool folds() const { return !m_symbol.isEmpty(); }
 
 protected:
