@@ -23,6 +23,7 @@ LinuxSystem::LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture
 {
     QObject::connect(&routes, &RouteWatch::wayOutCame, &http, &HttpClient::networkCame);
     setYieldToOthers(lowerThreadPriority);
+    returnLargeBlocks();
     setGiveBackFreeMemory(trimHeap);
 }
 

@@ -6,6 +6,18 @@
 
 namespace ambrelle {
 
+namespace {
+
+constexpr int largeBlock = 512 * 1024; // bytes: pictures, and little else
+
+} // namespace
+
+void returnLargeBlocks()
+{
+    ::mallopt(M_MMAP_THRESHOLD, largeBlock);
+    ::mallopt(M_TRIM_THRESHOLD, largeBlock);
+}
+
 void trimHeap()
 {
     ::malloc_trim(0);
