@@ -29,6 +29,10 @@ class Root:
         except error.BadDrawable:  # another one took its place meanwhile
             return None
 
+    def on_top(self, x, y):
+        """What the screen shows there, windows and all."""
+        return self.window.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFFFF).data[:3][::-1]
+
     def shows(self, file, left=0, width=None):
         """Whether it is what is in the file, a picture as large as the screen, or as that part of it."""
         size = self.window.get_geometry()
