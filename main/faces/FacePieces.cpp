@@ -25,7 +25,7 @@ Box FaceRenderer::progressDial(Canvas& canvas, const Box& box, double fraction, 
 
 void FaceRenderer::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    capsule(canvas, box, fraction, m_style.faint, colour);
+    capsule(canvas, box.centred(box.width(), std::min(4.0, box.height())), fraction, m_style.faint, colour);
 }
 
 void FaceRenderer::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
