@@ -15,8 +15,8 @@ using namespace glass;
 void GlassSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face);
-    const Box graph =
-        heroAndFooter(canvas, *this, box, QString::number(reading.percent), u"%"_s, reading.load, style().figure(40));
+    const Box graph = heroAndFooter(
+        canvas, *this, box, reading.figure().value, reading.figure().unit, reading.load, style().figure(40));
     if (reading.high)
         warning(canvas, Box(box).cutTop(Bands::hero).cutRight(12));
     const QColor colour = reading.high ? warn : style().accent;
@@ -46,7 +46,8 @@ void GlassSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceConte
     const QColor colour = reading.high ? warn : style().accent;
     const StyledDial ring{.flavor = dial(), .value = colour, .track = trackColour, .measures = {.width = 9}};
     const Box inside = ring.draw(canvas, box.inset(0, 4), reading.fraction);
-    canvas.figure(inside.inset(4), QString::number(reading.percent), u"%"_s, style().figure(26).aligned(Align::centre));
+    canvas.figure(
+        inside.inset(4), reading.figure().value, reading.figure().unit, style().figure(26).aligned(Align::centre));
     if (reading.high)
         warning(canvas, Box(face.bounds).inset(style().inset).cutBottom(Bands::footer).cutRight(12));
 }
@@ -54,8 +55,8 @@ void GlassSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceConte
 void GlassSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face);
-    Box middle =
-        heroAndFooter(canvas, *this, box, QString::number(reading.percent), u"%"_s, reading.line(), style().figure(36));
+    Box middle = heroAndFooter(
+        canvas, *this, box, reading.figure().value, reading.figure().unit, reading.line(), style().figure(36));
     if (reading.low)
         warning(canvas, Box(box).cutTop(Bands::hero).cutRight(12));
     const Box body = Box(middle.x(), middle.center().y() - 20, 96, 40);

@@ -67,7 +67,7 @@ void HiFiSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext
     });
     strip = strip.inset(8, 4);
     const GroundScope ground(canvas, paper);
-    canvas.figure(strip.cutLeft(52), QString::number(reading.percent), u"%"_s, printed(style(), 16));
+    canvas.figure(strip.cutLeft(52), reading.figure().value, reading.figure().unit, printed(style(), 16));
     if (reading.high)
         canvas.symbol(strip.cutRight(14), u"exclamationmark.triangle.fill"_s, 12, pointerRed.darker(115));
     const QPainterPath line = smoothLine(samplePoints(strip.inset(2, 1), reading.history, 1));
@@ -98,7 +98,7 @@ void HiFiSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContex
         warning(canvas, footer.cutRight(14));
     canvas.text(footer, reading.freeText(), style().caption());
     const Box inside = tickDial(canvas, style(), box, reading.fraction, reading.high ? style().warn : style().accent);
-    canvas.figure(inside, QString::number(reading.percent), u"%"_s, wire(style(), 24).aligned(Align::centre));
+    canvas.figure(inside, reading.figure().value, reading.figure().unit, wire(style(), 24).aligned(Align::centre));
 }
 
 void HiFiSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
@@ -114,7 +114,7 @@ void HiFiSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCon
     Box eye = box.cutLeft(box.height());
     const Box cap = magicEye(canvas, eye, reading.percent, reading.low);
     const GroundScope ground(canvas, tubeDark);
-    canvas.figure(cap, QString::number(reading.percent), u"%"_s, wire(style(), 20).aligned(Align::centre));
+    canvas.figure(cap, reading.figure().value, reading.figure().unit, wire(style(), 20).aligned(Align::centre));
 }
 
 void HiFiSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const

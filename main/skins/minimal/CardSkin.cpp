@@ -155,7 +155,7 @@ void CardSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCon
     else if (reading.low)
         warning(canvas, hero.cutRight(16));
     hero.cutRight(2);
-    canvas.figure(hero, QString::number(reading.percent), u"%"_s, style().figure(look().heroCap));
+    canvas.figure(hero, reading.figure().value, reading.figure().unit, style().figure(look().heroCap));
     canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
     canvas.text(content.cutBottom(18), reading.state, style().row());
     capsule(canvas, content.centred(content.width(), 12), reading.level, look().faint,

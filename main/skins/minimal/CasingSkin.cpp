@@ -230,7 +230,7 @@ void CasingSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceC
     Box hero = content.cutTop(Bands::hero);
     if (reading.low)
         warning(canvas, hero.cutRight(12));
-    canvas.figure(hero, QString::number(reading.percent), u"%"_s, style().figure(look().heroCap));
+    canvas.figure(hero, reading.figure().value, reading.figure().unit, style().figure(look().heroCap));
     canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
     canvas.text(content.cutBottom(16), reading.state, style().row());
     const Box row = content.centred(content.width(), 22);

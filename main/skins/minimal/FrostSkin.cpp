@@ -194,7 +194,7 @@ void FrostSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCo
     Box content = framed(canvas, face);
     const Box column = content.cutRight(24);
     content.cutRight(12);
-    canvas.figure(content.cutTop(44), QString::number(reading.percent), u"%"_s, style().figure(40));
+    canvas.figure(content.cutTop(44), reading.figure().value, reading.figure().unit, style().figure(40));
     canvas.text(content.cutBottom(Bands::footer), reading.remaining, style().caption());
     Box state = content.cutBottom(18);
     if (reading.low)

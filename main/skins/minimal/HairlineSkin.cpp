@@ -189,7 +189,7 @@ void HairlineSkin::draw(Canvas& canvas, const BatteryReading& reading, const Fac
     else if (reading.onMains)
         canvas.symbol(hero.cutRight(14), reading.symbol, 14, look().ink);
     hero.cutRight(4);
-    canvas.figure(hero, QString::number(reading.percent), u"%"_s, style().figure(look().heroCap));
+    canvas.figure(hero, reading.figure().value, reading.figure().unit, style().figure(look().heroCap));
     named(canvas, content.cutBottom(Bands::footer), reading.state, style().caption(), reading.remaining,
         style().caption());
     comb(canvas, content.inset(0, Bands::gap),
