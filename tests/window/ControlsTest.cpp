@@ -7,6 +7,8 @@
 #include "window/look/FocusRing.h"
 #include "window/look/Progress.h"
 #include "window/look/Segments.h"
+#include "window/look/TextLabel.h"
+#include "window/look/Transitions.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -133,6 +135,32 @@ TEST(FocusRing, ComesWithKeysAndGoesWithAClick)
     AppLook::shared().apply({});
 }
 
+TEST(TextLabel, StandsWhereOneBeginsToReadWhateverItsLetters)
+{
+    QWidget window;
+    window.setLayoutDirection(Qt::RightToLeft);
+    auto* path = new TextLabel(TextRole::body, u"~/Pictures"_s, &window);
+    auto* count = new TextLabel(TextRole::body, u"12"_s, &window);
+    count->setAlignment(Qt::AlignTrailing);
+    EXPECT_EQ(path->alignment(), Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
+    EXPECT_EQ(count->alignment(), Qt::AlignLeft | Qt::AlignAbsolute);
+    window.setLayoutDirection(Qt::LeftToRight);
+    EXPECT_EQ(path->alignment(), Qt::AlignLeft | Qt::AlignVCenter | Qt::AlignAbsolute);
+}
+
+TEST(Transitions, PartsOfAWidgetMoveByThemselves)
+{
+    QWidget strip;
+    strip.show();
+    EXPECT_EQ(transition(&strip, MovingPart::hover, 0, 0), 0);
+    EXPECT_EQ(transition(&strip, MovingPart::hover, 1, 1), 1) << "it begins where it is";
+    EXPECT_LT(transition(&strip, MovingPart::hover, 1, 0), 1) << "no fade";
+    EXPECT_GT(transition(&strip, MovingPart::hover, 0, 1), 0) << "no fade";
+    EXPECT_TRUE(waitUntil([&] {
+        return transition(&strip, MovingPart::hover, 1, 0) == 1 && transition(&strip, MovingPart::hover, 0, 1) == 0;
+    }));
+}
+
 TEST(Progress, StandsStillWhereMotionIsNotWished)
 {
     for (const bool still : {false, true}) {
@@ -154,14 +182,21 @@ TEST(ActionMenu, IsFilledOnceForEachOpening)
     int fillings = 0;
     const auto items = [&fillings] { return QList<ActionItem>{{.title = u"Line %1"_s.arg(++fillings)}}; };
     ActionMenu menu(items);
-    QSize told;
-    menu.popupAt([&told](const QSize& size) {
-        told = size;
-        return QPoint(5, 5);
-    });
-    EXPECT_EQ(fillings, 1);
-    EXPECT_EQ(menu.size(), told) << "it would not stand where it was to";
-    menu.close();
+    const QPoint place(300, 200);
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        const bool mirrored = direction == Qt::RightToLeft;
+        menu.setLayoutDirection(direction);
+        menu.openAt(place);
+        const QRect start = menu.geometry();
+        EXPECT_EQ(mirrored ? start.topRight() + QPoint(1, 0) : start.topLeft(), place);
+        menu.close();
+        menu.openAt(place, ActionMenu::Corner::bottomEnd);
+        const QRect end = menu.geometry();
+        EXPECT_EQ(mirrored ? end.bottomLeft() + QPoint(0, 1) : end.bottomRight() + QPoint(1, 1), place);
+        menu.close();
+    }
+    EXPECT_EQ(fillings, 4);
+    fillings = 1;
     menu.popup({});
     EXPECT_EQ(menu.actions().first()->text(), u"Line 2"_s) << "it tells how things stood";
     menu.close();

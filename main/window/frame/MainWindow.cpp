@@ -85,7 +85,13 @@ void MainWindow::makeShortcuts()
         if (undo)
             undo();
     });
-    addKey(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { m_parts.model.closeTheme(); });
+    // Towards where one came from, as the arrow of the tool bar points.
+    for (const auto& [key, direction] :
+        {std::pair(Qt::Key_Left, Qt::LeftToRight), std::pair(Qt::Key_Right, Qt::RightToLeft)})
+        addKey(QKeySequence(Qt::ALT | key), [this, direction] {
+            if (layoutDirection() == direction)
+                m_parts.model.closeTheme();
+        });
     addKey(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { close(); });
     addKey(QKeySequence(Qt::Key_Escape), [this] { escape(); });
 }

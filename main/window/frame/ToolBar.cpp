@@ -62,7 +62,6 @@ ToolBar::ToolBar(MainWindowModel& model, ActionMenu::Items more, QWidget* parent
     , m_search(new SearchField(this))
     , m_more(Button::symbolOnly(u"ellipsis"_s, Wording::tr("More")))
 {
-    m_back->setSymbol(u"chevron.left"_s);
     m_back->setAccessibleName(Wording::tr("Back to Themes"));
     m_openSearch->setParent(this);
     m_more->setParent(this);
@@ -114,11 +113,9 @@ void ToolBar::search()
 void ToolBar::openMenu()
 {
     m_more->setDown(true);
+    const int end = isRightToLeft() ? 0 : m_more->width();
     // Not exec(): the window may be closed, and be gone, before the menu is.
-    m_menu.popupAt([this](const QSize& menu) {
-        const int left = layoutDirection() == Qt::RightToLeft ? 0 : m_more->width() - menu.width();
-        return m_more->mapToGlobal(QPoint(left, m_more->height() + barGap / 2));
-    });
+    m_menu.openAt(m_more->mapToGlobal(QPoint(end, m_more->height() + barGap / 2)), ActionMenu::Corner::topEnd);
 }
 
 bool ToolBar::eventFilter(QObject* watched, QEvent* event)
@@ -133,10 +130,18 @@ void ToolBar::resizeEvent(QResizeEvent*)
     arrange();
 }
 
+void ToolBar::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        arrange();
+}
+
 /// By hand: the tabs stand in the middle of the window, not of what the other controls leave.
 void ToolBar::arrange()
 {
     const AppLook& look = AppLook::shared();
+    m_back->setSymbol(isRightToLeft() ? u"chevron.right"_s : u"chevron.left"_s);
     setFixedHeight(look.scaled(barHeight));
     const int side = look.scaled(barControlHeight);
     const bool wide = width() >= measures::wideWindow; // the tabs stand in the middle

@@ -7,6 +7,7 @@
 #include "window/look/AccessibleRole.h"
 #include "window/look/Button.h"
 #include "window/look/ControlPainting.h"
+#include "window/look/ReadingOrder.h"
 #include "window/look/Shadow.h"
 #include "window/look/TextLabel.h"
 #include "window/look/Transitions.h"
@@ -61,8 +62,6 @@ UndoBar::UndoBar(UndoKeeper& keeper, QWidget& window)
 {
     setAccessibleRole(*this, QAccessible::AlertMessage);
     m_text->setWordWrap(true);
-    m_row->setContentsMargins(
-        barShadow + barPadding, barShadow + barVertical, barShadow + barEnd, barShadow + barVertical);
     m_row->addWidget(m_symbol);
     m_row->addWidget(m_text, 1);
     m_row->addWidget(m_action);
@@ -127,6 +126,9 @@ void UndoBar::arrange()
     const QWidget& window = *parentWidget();
     const int most = window.width() - 2 * windowMargin + 2 * barShadow;
     m_text->setMinimumWidth(0);
+    m_row->setContentsMargins(
+        inReadingOrder({barShadow + barPadding, barShadow + barVertical, barShadow + barEnd, barShadow + barVertical},
+            layoutDirection()));
     m_row->invalidate();
     const QMargins around = m_row->contentsMargins();
     int others = around.left() + around.right();

@@ -42,11 +42,14 @@ void ActionMenu::refill()
     fill(*this, m_items());
 }
 
-void ActionMenu::popupAt(const std::function<QPoint(const QSize&)>& place)
+void ActionMenu::openAt(const QPoint& globalPlace, Corner corner)
 {
     refill();
+    ensurePolished();
+    const QSize size = sizeHint();
+    const bool endsThere = (corner != Corner::topStart) != isRightToLeft();
     m_isFresh = true;
-    popup(place(sizeHint()));
+    popup(globalPlace - QPoint(endsThere ? size.width() : 0, corner == Corner::bottomEnd ? size.height() : 0));
     m_isFresh = false;
 }
 
@@ -56,7 +59,7 @@ void ActionMenu::openFor(QWidget& page, const QPoint& globalPosition, Items item
     menu->setParent(&page, menu->windowFlags());
     menu->setLayoutDirection(page.layoutDirection());
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(globalPosition);
+    menu->openAt(globalPosition);
 }
 
 void ActionMenu::fill(QMenu& menu, const QList<ActionItem>& items)

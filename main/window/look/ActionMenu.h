@@ -18,8 +18,10 @@ public:
     explicit ActionMenu(Items items, const std::optional<QColor>& ink = std::nullopt);
 
     void refill();
-    /// Opens it where `place` has a menu of its size.
-    void popupAt(const std::function<QPoint(const QSize& menu)>& place);
+    /// In the direction of reading.
+    enum class Corner { topStart, topEnd, bottomEnd };
+    /// Opens it with that corner at a place of the screen, as far as there is room.
+    void openAt(const QPoint& globalPlace, Corner corner = Corner::topStart);
     /// Opens one of its own for something on a page; it goes when it is closed, or with the page.
     static void openFor(QWidget& page, const QPoint& globalPosition, Items items);
 

@@ -4,12 +4,14 @@
 
 #include "drawing/Colours.h"
 #include "drawing/Symbols.h"
+#include "window/look/AppLook.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QPainter>
 #include <QStyleOption>
 
+#include <algorithm>
 #include <cmath>
 
 namespace ambrelle {
@@ -20,9 +22,11 @@ namespace {
 
 constexpr double lineStrength = 0.2; // between ground and text
 constexpr double keyStrength = 0.65;
+constexpr double highContrastStrength = 0.8; // at least, where it is wished
 constexpr double plateCorner = 5;
 constexpr int panelMargin = 5; // around all lines
-constexpr int lineHeight = 28;
+constexpr int lineHeight = 28; // at least
+constexpr int lineLead = 10; // above and below the text
 constexpr int separatorHeight = 11;
 constexpr int lineMargin = 10; // left and right inside a line
 constexpr int checkColumn = 22;
@@ -34,7 +38,8 @@ constexpr int arrowColumn = 20;
 
 QColor between(const QPalette& colours, double strength)
 {
-    return blended(colours.color(QPalette::Window), colours.color(QPalette::WindowText), strength);
+    return blended(colours.color(QPalette::Window), colours.color(QPalette::WindowText),
+        AppLook::shared().wishes().highContrast ? std::max(strength, highContrastStrength) : strength);
 }
 
 bool isSeparator(const QStyleOptionMenuItem& item)
@@ -51,7 +56,7 @@ void drawSymbol(QPainter& painter, const QString& name, const QRectF& area, cons
     painter.restore();
 }
 
-/// One line of a menu, from left to right.
+/// One line of a menu, in the direction of reading.
 class MenuLine {
 public:
     MenuLine(QPainter& painter, const QStyleOptionMenuItem& item)
@@ -74,17 +79,21 @@ public:
             m_painter.drawRoundedRect(m_item.rect, plateCorner, plateCorner);
         }
         if (m_item.menuHasCheckableItems)
-            drawMark(cutLeft(checkColumn));
+            drawMark(next(checkColumn));
         if (m_item.maxIconWidth > 0)
-            drawIcon(cutLeft(symbolColumn));
+            drawIcon(next(symbolColumn));
         if (m_item.menuItemType == QStyleOptionMenuItem::SubMenu)
-            drawSymbol(
-                m_painter, u"chevron.right"_s, m_rest.adjusted(m_rest.width() - arrowColumn, 0, lineMargin, 0), m_ink);
+            drawSymbol(m_painter, isMirrored() ? u"chevron.left"_s : u"chevron.right"_s,
+                placed(m_rest.adjusted(m_rest.width() - arrowColumn, 0, lineMargin, 0)), m_ink);
         drawTexts();
     }
 
 private:
-    QRect cutLeft(int width)
+    bool isMirrored() const { return m_item.direction == Qt::RightToLeft; }
+    /// From where one reads from left to right.
+    QRect placed(const QRect& part) const { return QStyle::visualRect(m_item.direction, m_item.rect, part); }
+
+    QRect next(int width)
     {
         const QRect part(m_rest.left(), m_rest.top(), width, m_rest.height());
         m_rest.setLeft(m_rest.left() + width);
@@ -94,25 +103,30 @@ private:
     void drawMark(const QRect& area) const
     {
         if (m_item.checked)
-            drawSymbol(m_painter, u"checkmark"_s, area.adjusted(0, 0, markSize - checkColumn, 0), m_ink);
+            drawSymbol(m_painter, u"checkmark"_s, placed(area.adjusted(0, 0, markSize - checkColumn, 0)), m_ink);
     }
 
     void drawIcon(const QRect& area) const
     {
         const QRect place(area.left(), area.center().y() - menuSymbolSize / 2, menuSymbolSize, menuSymbolSize);
         const QIcon::Mode enabledMode = m_chosen ? QIcon::Selected : QIcon::Normal;
-        m_item.icon.paint(&m_painter, place, Qt::AlignCenter, m_enabled ? enabledMode : QIcon::Disabled);
+        m_item.icon.paint(&m_painter, placed(place), Qt::AlignCenter, m_enabled ? enabledMode : QIcon::Disabled);
     }
 
     void drawTexts() const
     {
         m_painter.setFont(m_item.font);
         m_painter.setPen(m_ink);
-        const int flags = Qt::AlignVCenter | Qt::TextSingleLine;
-        m_painter.drawText(m_rest, flags | Qt::AlignLeft | Qt::TextShowMnemonic, m_item.text.section(u'\t', 0, 0));
+        const QRect area = placed(m_rest);
+        const auto flags = [this](Qt::AlignmentFlag side) {
+            return static_cast<int>(QStyle::visualAlignment(m_item.direction, side | Qt::AlignVCenter))
+                | Qt::TextSingleLine;
+        };
+        m_painter.drawText(area, flags(Qt::AlignLeft) | Qt::TextShowMnemonic, m_item.text.section(u'\t', 0, 0));
         if (!m_chosen)
             m_painter.setPen(between(m_item.palette, keyStrength));
-        m_painter.drawText(m_rest, flags | Qt::AlignRight, m_item.text.section(u'\t', 1));
+        // Keys are written from left to right everywhere.
+        m_painter.drawText(area, flags(Qt::AlignRight) | Qt::TextForceLeftToRight, m_item.text.section(u'\t', 1));
     }
 
     QPainter& m_painter;
@@ -160,7 +174,7 @@ QSize MenuStyle::sizeFromContents(
     const double text = QFontMetricsF(item->font).size(Qt::TextShowMnemonic, item->text.section(u'\t', 0, 0)).width();
     return {2 * lineMargin + static_cast<int>(std::ceil(text)) + (item->menuHasCheckableItems ? checkColumn : 0)
             + (item->maxIconWidth > 0 ? symbolColumn : 0) + (key.isEmpty() ? arrowColumn : keyGap),
-        lineHeight};
+        std::max(lineHeight, QFontMetrics(item->font).height() + lineLead)};
 }
 
 void MenuStyle::drawControl(

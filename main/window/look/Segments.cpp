@@ -234,7 +234,10 @@ void Segment::paintEvent(QPaintEvent*)
     }
     painter.setPen(ink);
     if (m_parts.word)
-        painter.drawText(placed(fontMetrics().horizontalAdvance(text())), Qt::AlignCenter, text());
+        painter.drawText(placed(fontMetrics().horizontalAdvance(text())),
+            static_cast<int>(Qt::AlignCenter)
+                | (text().isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight), // "°C" in Arabic too
+            text());
     if (const QString count = countText(m_parts); !count.isEmpty()) {
         painter.setPen(isEnabled() ? colours.soft : colours.faint);
         painter.drawText(placed(fontMetrics().horizontalAdvance(count)), Qt::AlignCenter, count);

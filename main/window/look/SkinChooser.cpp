@@ -3,7 +3,10 @@
 #include "window/look/SkinChooser.h"
 
 #include "skins/SkinRegistry.h"
+#include "window/look/AppLook.h"
+#include "window/look/ReadingOrder.h"
 
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QStandardItemModel>
@@ -28,11 +31,12 @@ public:
     {
         const SkinStyle style = styleOf(m_skin);
         const double scale = area.width() / static_cast<double>(swatchSize.width());
-        const QRectF box = QRectF(area).adjusted(0.5, 0.5, -0.5 - swatchGap * scale, -0.5);
+        const QRectF plate = QRectF(area).adjusted(0.5, 0.5, -0.5 - swatchGap * scale, -0.5);
+        const QRectF box = inReadingOrder(plate, area, QGuiApplication::layoutDirection());
         const double corner = box.height() / 4;
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(QColor(128, 128, 128, 150), 1));
+        painter->setPen(QPen(AppLook::shared().colours().edge, 1));
         painter->setBrush(style.ground);
         painter->drawRoundedRect(box, corner, corner);
         painter->setPen(Qt::NoPen);

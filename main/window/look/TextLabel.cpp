@@ -2,6 +2,9 @@
 
 #include "window/look/TextLabel.h"
 
+#include <QEvent>
+#include <QStyle>
+
 namespace ambrelle {
 
 TextLabel::TextLabel(TextRole role, const QString& text, QWidget* parent)
@@ -12,6 +15,25 @@ TextLabel::TextLabel(TextRole role, const QString& text, QWidget* parent)
     setTextFormat(Qt::PlainText);
     connect(&AppLook::shared(), &AppLook::changed, this, &TextLabel::dress);
     dress();
+    align();
+}
+
+void TextLabel::setAlignment(Qt::Alignment alignment)
+{
+    m_alignment = alignment;
+    align();
+}
+
+void TextLabel::align()
+{
+    QLabel::setAlignment(QStyle::visualAlignment(layoutDirection(), m_alignment));
+}
+
+void TextLabel::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        align();
 }
 
 void TextLabel::setTone(Tone tone)

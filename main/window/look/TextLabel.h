@@ -18,12 +18,19 @@ public:
     explicit TextLabel(TextRole role, const QString& text = {}, QWidget* parent = nullptr);
 
     void setTone(Tone tone);
+    /// In the direction of the layout, whatever the direction of the text: a path stands below its name.
+    void setAlignment(Qt::Alignment alignment);
+
+protected:
+    void changeEvent(QEvent* event) override;
 
 private:
     void dress();
+    void align();
 
     TextRole m_role;
     Tone m_tone;
+    Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
 };
 
 } // namespace ambrelle

@@ -35,8 +35,10 @@ void dress(QCalendarWidget& calendar)
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
         calendar.setWeekdayTextFormat(day, {});
     const QColor ink = calendar.palette().color(QPalette::HighlightedText);
-    for (const auto& [name, symbol] : {std::pair("qt_calendar_prevmonth", u"chevron.left"_s),
-             std::pair("qt_calendar_nextmonth", u"chevron.right"_s)}) {
+    const bool mirrored = calendar.isRightToLeft();
+    for (const auto& [name, symbol] :
+        {std::pair("qt_calendar_prevmonth", mirrored ? u"chevron.right"_s : u"chevron.left"_s),
+            std::pair("qt_calendar_nextmonth", mirrored ? u"chevron.left"_s : u"chevron.right"_s)}) {
         if (auto* button = calendar.findChild<QToolButton*>(QString::fromLatin1(name)))
             button->setIcon(symbolIcon(symbol, ink));
     }

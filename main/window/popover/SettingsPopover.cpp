@@ -6,6 +6,7 @@
 #include "drawing/Symbols.h"
 #include "foundation/Wording.h"
 #include "window/look/AppLook.h"
+#include "window/look/ReadingOrder.h"
 #include "window/look/WindowStyle.h"
 #include "window/popover/KindRows.h"
 #include "window/popover/SettingsForm.h"
@@ -14,6 +15,7 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace ambrelle {
@@ -24,6 +26,7 @@ constexpr int cardWidth = 380; // of the card, points
 constexpr int padding = 18;
 constexpr int headerHeight = 32;
 constexpr int headerGap = 14;
+constexpr int titleGap = 12; // beside the badge
 constexpr double corner = 14;
 constexpr int shadowReach = 22;
 constexpr int shadowDrop = 6;
@@ -145,7 +148,9 @@ void SettingsPopover::paintHeader(QPainter& painter) const
 {
     const QRectF header(
         card().topLeft() + QPointF(padding, padding), QSizeF(card().width() - 2 * padding, headerHeight));
-    const QRectF badge(header.topLeft(), QSizeF(headerHeight, headerHeight));
+    const QRectF badge =
+        inReadingOrder({header.topLeft(), QSizeF(headerHeight, headerHeight)}, header, layoutDirection());
+    const QRectF words = inReadingOrder(header.adjusted(headerHeight + titleGap, 0, 0, 0), header, layoutDirection());
     const QColor accent = palette().color(QPalette::Highlight);
     painter.setPen(Qt::NoPen);
     painter.setBrush(faded(accent, 0.16));
@@ -160,7 +165,7 @@ void SettingsPopover::paintHeader(QPainter& painter) const
     bold.setWeight(QFont::DemiBold);
     painter.setFont(bold);
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(header.adjusted(headerHeight + 12, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, m_title);
+    painter.drawText(words, QStyle::visualAlignment(layoutDirection(), Qt::AlignVCenter | Qt::AlignLeft), m_title);
 }
 
 } // namespace ambrelle

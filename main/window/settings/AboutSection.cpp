@@ -49,7 +49,7 @@ void AboutSection::addMark()
 {
     auto* line = new QWidget;
     auto* row = new QHBoxLayout(line);
-    row->setContentsMargins(2, 0, 0, 0);
+    row->setContentsMargins(2, 0, 2, 0);
     row->setSpacing(markGap);
     auto* mark = new QLabel;
     const QIcon icon = QIcon::fromTheme(u"org.ambrelle.Ambrelle"_s, markIcon());

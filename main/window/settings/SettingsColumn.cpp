@@ -45,7 +45,7 @@ SettingsColumn::SettingsColumn(QWidget* parent)
     m_content->setAutoFillBackground(false); // setWidget() has it filled
     m_rows->setSpacing(0);
     m_rows->addWidget(m_nothing, 1);
-    m_rows->addStretch(1);
+    m_rows->addStretch(0); // what is left by rows, nothing of the other's
     setNothing({});
     connect(m_nothing, &EmptyState::cleared, this, &SettingsColumn::searchCleared);
     connect(&AppLook::shared(), &AppLook::changed, this, &SettingsColumn::fit);
@@ -54,7 +54,7 @@ SettingsColumn::SettingsColumn(QWidget* parent)
 void SettingsColumn::insert(int place, SettingsSection* section, const QString& title)
 {
     auto* heading = new TextLabel(TextRole::title, title);
-    heading->setContentsMargins(2, 0, 0, titleGap);
+    heading->setContentsMargins(2, 0, 2, titleGap);
     const auto next = std::ranges::upper_bound(m_entries, place, {}, &Entry::place);
     const int row = static_cast<int>(next - m_entries.begin()) * 2;
     m_entries.insert(next, {place, section, heading});
@@ -69,7 +69,7 @@ void SettingsColumn::showSection(const SettingsSection* section, bool shown, boo
     bool first = true;
     for (const Entry& entry : m_entries) {
         if (entry.section == section) {
-            entry.title->setContentsMargins(2, first ? 0 : sectionGap, 0, titleGap);
+            entry.title->setContentsMargins(2, first ? 0 : sectionGap, 2, titleGap);
             entry.title->setVisible(shown && withTitle);
             entry.section->setVisible(shown);
         }

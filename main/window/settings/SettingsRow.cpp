@@ -188,7 +188,7 @@ SettingsGroup::SettingsGroup(const QString& title, QWidget* parent)
     if (title.isEmpty())
         return;
     m_heading = new TextLabel(TextRole::heading, title);
-    m_heading->setContentsMargins(2, 0, 0, headingBelow);
+    m_heading->setContentsMargins(2, 0, 2, headingBelow);
     m_column->addWidget(m_heading);
 }
 

@@ -115,7 +115,8 @@ void FilmView::keyPressEvent(QKeyEvent* event)
 void FilmView::wheelEvent(QWheelEvent* event)
 {
     const QPoint angle = event->pixelDelta().isNull() ? event->angleDelta() : event->pixelDelta();
-    const int points = std::abs(angle.x()) > std::abs(angle.y()) ? angle.x() : angle.y();
+    const bool sideways = std::abs(angle.x()) > std::abs(angle.y());
+    const int points = !sideways ? angle.y() : isRightToLeft() ? -angle.x() : angle.x(); // in reading order
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() - points);
     event->accept();
 }

@@ -15,6 +15,7 @@
 #include "window/frame/Undo.h"
 #include "window/look/Button.h"
 #include "window/look/ControlPainting.h"
+#include "window/look/ReadingOrder.h"
 #include "window/look/TextLabel.h"
 
 #include <QBoxLayout>
@@ -129,7 +130,8 @@ Welcome::Welcome(const WindowContext& context, QWidget* parent)
     setAccessibleName(Wording::tr("Welcome to Ambrelle"));
     makeLines();
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(welcomePadding, welcomePadding, welcomeGap, welcomePadding);
+    row->setContentsMargins(
+        inReadingOrder({welcomePadding, welcomePadding, welcomeGap, welcomePadding}, layoutDirection()));
     row->setSpacing(welcomeGap);
     row->addWidget(m_words, 1);
     row->addWidget(m_picture, 0, Qt::AlignVCenter);
@@ -171,7 +173,7 @@ void Welcome::makeActions(QHBoxLayout& row)
     m_keepWallpaper = new Button(Wording::tr("Keep My Wallpaper"));
     m_isBack = new QWidget;
     auto* back = symbolLine(u"checkmark"_s, new TextLabel(TextRole::name, Wording::tr("Your picture is back")));
-    back->setContentsMargins(welcomeGap, 0, 0, 0);
+    back->setContentsMargins(inReadingOrder({welcomeGap, 0, 0, 0}, layoutDirection()));
     back->setAlignment(back->itemAt(0)->widget(), Qt::AlignVCenter);
     m_isBack->setLayout(back);
     edit->setSymbol(u"hand.draw"_s);

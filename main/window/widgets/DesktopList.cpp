@@ -174,7 +174,7 @@ void DesktopList::keyPressEvent(QKeyEvent* event)
     } else if (held == Qt::NoModifier && event->key() == Qt::Key_Delete) {
         Q_EMIT removeRequested();
     } else if (held == Qt::ShiftModifier && event->key() == Qt::Key_F10) {
-        Q_EMIT menuRequested(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        openMenuAtCurrent();
     } else if ((held & Qt::ControlModifier) && event->key() == Qt::Key_A) {
         selectAll();
     } else if (event->key() == Qt::Key_F10 || event->key() == Qt::Key_Escape
@@ -185,11 +185,17 @@ void DesktopList::keyPressEvent(QKeyEvent* event)
     }
 }
 
+void DesktopList::openMenuAtCurrent()
+{
+    const QRect row = visualRect(currentIndex());
+    Q_EMIT menuRequested(viewport()->mapToGlobal(isRightToLeft() ? row.bottomRight() : row.bottomLeft()));
+}
+
 void DesktopList::contextMenuEvent(QContextMenuEvent* event)
 {
     if (event->reason() == QContextMenuEvent::Keyboard) {
         if (currentIndex().isValid())
-            Q_EMIT menuRequested(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+            openMenuAtCurrent();
     } else if (indexAt(event->pos()).isValid()) {
         Q_EMIT menuRequested(event->globalPos());
     }

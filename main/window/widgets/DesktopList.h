@@ -28,6 +28,7 @@ protected:
 
 private:
     void dress();
+    void openMenuAtCurrent();
 };
 
 } // namespace ambrelle

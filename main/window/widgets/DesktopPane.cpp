@@ -28,6 +28,7 @@ namespace {
 
 constexpr double surfaceCorner = 12;
 constexpr int footerPadding = 8;
+constexpr int menuGap = 2; // above its button
 
 /// Holds a list and the buttons below it.
 class ListSurface final : public QWidget {
@@ -121,7 +122,9 @@ DesktopPane::DesktopPane(const WindowContext& context, QWidget* parent)
     });
     connect(m_remove, &QPushButton::clicked, this, [this] { m_edits.remove(chosen()); });
     connect(m_more, &QPushButton::clicked, this, [this] {
-        m_removals.popupAt([this](const QSize& menu) { return m_more->mapToGlobal(QPoint(0, -menu.height() - 2)); });
+        m_removals.setLayoutDirection(layoutDirection());
+        const int end = isRightToLeft() ? 0 : m_more->width();
+        m_removals.openAt(m_more->mapToGlobal(QPoint(end, -menuGap)), ActionMenu::Corner::bottomEnd);
     });
     connect(m_useSkin, &QPushButton::clicked, this, [this] { m_edits.useSkinForAll(); });
     connect(m_edit, &QPushButton::clicked, this, [this] { m_with.manager.setEditing(true); });
