@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 
+#include "support/WaitUntil.h"
 #include "window/cards/CardView.h"
 #include "window/frame/MoreMenu.h"
 #include "window/frame/SearchField.h"
+#include "window/frame/Sheets.h"
 #include "window/frame/TabStrip.h"
 #include "window/frame/ToolBar.h"
 #include "window/frame/UndoBar.h"
 #include "window/look/Button.h"
+#include "window/look/FocusRing.h"
 #include "window/WindowDesk.h"
 
 #include <QAccessible>
@@ -115,6 +118,60 @@ TEST_F(MainWindowTest, GoesThroughItsTabsByKeysAndKeepsASearchForEach)
     EXPECT_EQ(home.model.search(MainTab::widgets), QString());
     press(window, Qt::Key_Escape);
     EXPECT_FALSE(home.window.isVisible());
+}
+
+TEST_F(MainWindowTest, BackIsWhereOneCameFromInEitherDirection)
+{
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QGuiApplication::setLayoutDirection(direction);
+        MainWindow& window = opened();
+        const auto [back, other] = direction == Qt::LeftToRight ? std::pair(Qt::Key_Left, Qt::Key_Right)
+                                                                : std::pair(Qt::Key_Right, Qt::Key_Left);
+        const auto* arrow = window.findChild<ToolBar*>()->findChild<Button*>();
+        EXPECT_EQ(arrow->accessibleName(), u"Back to Themes"_s);
+        EXPECT_EQ(arrow->symbol(), direction == Qt::LeftToRight ? u"chevron.left"_s : u"chevron.right"_s);
+        home.model.openTheme(Skin::neon);
+        press(window, other, Qt::AltModifier);
+        EXPECT_TRUE(home.model.isThemeOpen());
+        press(window, back, Qt::AltModifier);
+        EXPECT_FALSE(home.model.isThemeOpen());
+        const QString keys = QKeySequence(Qt::ALT | back).toString(QKeySequence::NativeText);
+        EXPECT_TRUE(std::ranges::any_of(
+            sheets::shortcuts().table, [&](const SheetLine& line) { return line.subject == keys; }));
+        window.close();
+        QCoreApplication::processEvents();
+    }
+    QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
+}
+
+TEST_F(MainWindowTest, TheClearButtonOfTheSearchIsThereWhileThereIsText)
+{
+    MainWindow& window = opened();
+    const auto* search = window.findChild<SearchField*>();
+    const auto buttons = search->findChildren<QToolButton*>();
+    const auto clear = std::ranges::find_if(buttons, [](const QToolButton* button) {
+        return button->defaultAction() && button->defaultAction()->objectName() == "_q_qlineeditclearaction"_L1;
+    });
+    ASSERT_NE(clear, buttons.end());
+    const auto opacity = [&] { return (*clear)->property("opacity").toDouble(); };
+    home.model.setSearch(MainTab::themes, u"neon"_s);
+    EXPECT_TRUE(waitUntil([&] { return opacity() == 1; }));
+    home.model.setTab(MainTab::widgets);
+    EXPECT_TRUE(waitUntil([&] { return opacity() == 0; })) << "it would clear nothing";
+    EXPECT_EQ(home.model.search(MainTab::themes), u"neon"_s);
+}
+
+TEST_F(MainWindowTest, AClickOnATabLeavesNoRing)
+{
+    MainWindow& window = opened();
+    window.findChild<CardView*>()->setFocus(Qt::MouseFocusReason);
+    auto* tabs = window.findChild<TabStrip*>();
+    const QPoint place = tabs->mapTo(&window, tabs->tabRect(1).center());
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, place);
+    ASSERT_EQ(home.model.tab(), MainTab::widgets);
+    EXPECT_FALSE(FocusRing::shared().isShown());
+    press(window, Qt::Key_3, Qt::ControlModifier);
+    EXPECT_TRUE(FocusRing::shared().isShown()) << "a shortcut brought the keyboard there";
 }
 
 TEST_F(MainWindowTest, EnterInTheSearchChoosesWhatWasFoundAndDoesNothingElse)

@@ -5,6 +5,7 @@
 #include "foundation/Wording.h"
 #include "platform/LoginItem.h"
 
+#include <QGuiApplication>
 #include <QKeySequence>
 
 namespace ambrelle::sheets {
@@ -123,6 +124,9 @@ SheetContent shortcuts()
             .arg(QKeySequence(first).toString(QKeySequence::NativeText),
                 QKeySequence(last).toString(QKeySequence::NativeText));
     };
+    const bool mirrored = QGuiApplication::isRightToLeft();
+    const Qt::Key backwards = mirrored ? Qt::Key_Right : Qt::Key_Left;
+    const Qt::Key forwards = mirrored ? Qt::Key_Left : Qt::Key_Right;
     return {.title = Wording::tr("Keyboard Shortcuts"),
         .table = {{range(Qt::CTRL | Qt::Key_1, Qt::CTRL | Qt::Key_4), Wording::tr("Go to a tab")},
             {keys({Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab}), Wording::tr("Next tab, previous tab")},
@@ -131,13 +135,15 @@ SheetContent shortcuts()
             {keys({Qt::Key_F6}), Wording::tr("Next area")},
             {keys({Qt::CTRL | Qt::Key_Z}), Wording::tr("Undo while a bar offers it")},
             {Wording::tr("Arrow keys, letters"), Wording::tr("Move in a grid or list, jump to a name")},
+            {keys({Qt::Key_Home, Qt::Key_End}), Wording::tr("First and last of a grid or list")},
+            {keys({Qt::Key_PageUp, Qt::Key_PageDown}), Wording::tr("A page up, a page down")},
             {keys({Qt::Key_Return, Qt::Key_Space}), Wording::tr("What a click does")},
             {keys({Qt::CTRL | Qt::Key_Return}), Wording::tr("Apply the chosen theme")},
             {keys({Qt::Key_Menu, Qt::SHIFT | Qt::Key_F10}), Wording::tr("Menu of a card or row")},
             {keys({Qt::Key_F2}), Wording::tr("Rename your theme")},
             {keys({Qt::Key_Delete}), Wording::tr("Delete your theme, take off your picture, remove widgets")},
-            {keys({Qt::Key_Left, Qt::Key_Right}), Wording::tr("Previous and next theme on a theme's page")},
-            {keys({Qt::ALT | Qt::Key_Left}), Wording::tr("Back from a theme's page")},
+            {keys({backwards, forwards}), Wording::tr("Previous and next theme on a theme's page")},
+            {keys({Qt::ALT | backwards}), Wording::tr("Back from a theme's page")},
             {keys({Qt::CTRL | Qt::Key_S}), Wording::tr("Save Current Desktop")},
             {keys({Qt::CTRL | Qt::Key_O}), Wording::tr("Import themes")},
             {keys({Qt::CTRL | Qt::Key_E}), Wording::tr("Export your theme")},
