@@ -82,6 +82,8 @@ SheetCard::SheetCard(const SheetContent& content, QWidget* parent)
     setAccessibleDescription(content.text);
     m_scroll->setFrameShape(QFrame::NoFrame);
     m_scroll->setFocusPolicy(content.table.isEmpty() ? Qt::NoFocus : Qt::StrongFocus); // to be scrolled by keys
+    setAccessibleRole(*m_scroll, QAccessible::Pane); // one can come to it, to scroll
+    m_scroll->setAccessibleName(content.title);
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->setWidgetResizable(true);
     m_scroll->setWidget(m_body);

@@ -8,6 +8,7 @@
 #include "skins/SkinRegistry.h"
 #include "window/cards/CardShadow.h"
 #include "window/frame/Undo.h"
+#include "window/look/AccessibleRole.h"
 #include "window/look/AppLook.h"
 #include "window/themes/AccentPicker.h"
 #include "window/themes/Filmstrip.h"
@@ -66,6 +67,7 @@ ThemePage::ThemePage(const WindowContext& context, ThemesModel& themes, QWidget*
     , m_strip(new Filmstrip(context.shelf, themes, this))
 {
     setFocusPolicy(Qt::ClickFocus);
+    setAccessibleRole(*this, QAccessible::Grouping);
     m_scroll->setFrameShape(QFrame::NoFrame);
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->setFocusPolicy(Qt::NoFocus);
@@ -144,6 +146,7 @@ void ThemePage::showTheme()
         m_details->head().endRename();
         m_scroll->verticalScrollBar()->setValue(0);
     }
+    setAccessibleName(facts->title);
     m_picture->setAccessibleName(Wording::tr("Preview of %1").arg(facts->title));
     m_details->setTheme(*facts, m_with.themeActions.applied().isOnDesktop(*open));
     m_strip->setCurrent(m_themes.indexOf(*open));

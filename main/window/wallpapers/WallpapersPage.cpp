@@ -9,6 +9,7 @@
 #include "window/cards/PictureShelf.h"
 #include "window/cards/ShelfPictures.h"
 #include "window/look/ActionMenu.h"
+#include "window/look/AppLook.h"
 #include "window/look/Button.h"
 #include "window/look/EmptyState.h"
 #include "window/look/FileChooser.h"
@@ -48,8 +49,8 @@ WallpapersPage::WallpapersPage(const WindowContext& context)
     , m_bringBack(new Button(Wording::tr("Bring Back My Picture")))
     , m_add(new Button(Wording::tr("Add Pictures…")))
     , m_strip(new ScreenStrip(context.shelf, context.settings))
-    , m_view(new CardView(this))
-    , m_nothing(new EmptyState(this))
+    , m_view(new CardView)
+    , m_nothing(new EmptyState)
 {
     makeScope();
     makeGrid();
@@ -57,7 +58,9 @@ WallpapersPage::WallpapersPage(const WindowContext& context)
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
     rows->addWidget(m_scope);
-    rows->addWidget(m_view, 1);
+    rows->addWidget(m_view, 1); // now, to come behind the row for the keyboard
+    m_nothing->setParent(this);
+    orderTabs();
     follow();
     checkTarget();
     refresh();
@@ -67,7 +70,6 @@ void WallpapersPage::makeScope()
 {
     auto* row = new QHBoxLayout(m_scope);
     row->setSpacing(scopeGap);
-    m_scope->setMinimumHeight(measures::scopeHeight);
     m_bringBack->setSymbol(u"arrow.counterclockwise"_s);
     m_add->setSymbol(u"plus"_s);
     for (Button* button : {m_bringBack, m_add})
@@ -96,10 +98,20 @@ void WallpapersPage::makeSegments()
     m_segments->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     row->insertWidget(0, m_segments);
     m_scope->setFocusProxy(m_segments);
-    setTabOrder(m_segments, m_bringBack);
-    setTabOrder(m_bringBack, m_add);
     connect(
         m_segments, &Segments::chose, this, [this](int index) { m_with.model.setWallpapersScope(m_scopes[index]); });
+}
+
+/// Before the grid and what stands in its place comes what lies above them.
+void WallpapersPage::orderTabs()
+{
+    QList<QWidget*> order;
+    for (Segment* segment : m_segments->findChildren<Segment*>())
+        order.append(segment);
+    order += {m_bringBack, m_add};
+    order += m_strip->controls();
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
 }
 
 void WallpapersPage::makeGrid()
@@ -109,11 +121,6 @@ void WallpapersPage::makeGrid()
     m_view->setModel(&m_model);
     m_view->setPictures(new ShelfPictures(m_with.shelf, *m_view));
     m_view->setHeader(m_strip);
-    QList<QWidget*> order{m_add};
-    order += m_strip->controls();
-    order.append(m_view);
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
     connect(m_view, &CardView::activated, this, &WallpapersPage::use);
     connect(m_view, &CardView::primaryPressed, this, &WallpapersPage::use);
     connect(m_view, &CardView::removeRequested, this, &WallpapersPage::takeOff);
@@ -131,6 +138,7 @@ void WallpapersPage::follow()
     connect(&m_with.model, &MainWindowModel::changed, this, &WallpapersPage::refresh);
     connect(&m_with.wallpaper, &DesktopWallpaper::changed, this, &WallpapersPage::look);
     connect(&m_files, &PictureFiles::changed, this, &WallpapersPage::refresh);
+    connect(&AppLook::shared(), &AppLook::changed, this, &WallpapersPage::arrange);
     connect(&m_actions, &WallpaperActions::workingChanged, this, &WallpapersPage::refresh);
     connect(&m_actions, &WallpaperActions::settled, this, &WallpapersPage::refresh);
     connect(&m_actions, &WallpaperActions::added, this, &WallpapersPage::showAdded);
@@ -148,8 +156,10 @@ void WallpapersPage::follow()
     });
     m_files.list(m_with.wallpaper.extrasFolder(), [this](const QStringList& paths) {
         m_photographs = paths;
-        if (!paths.isEmpty())
+        if (!paths.isEmpty()) {
             makeSegments();
+            orderTabs();
+        }
         look();
     });
 }

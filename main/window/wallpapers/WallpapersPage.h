@@ -34,6 +34,7 @@ private:
     void makeScope();
     void makeSegments();
     void makeGrid();
+    void orderTabs();
     void follow();
     void look();
     void checkTarget();

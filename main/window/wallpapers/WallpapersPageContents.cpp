@@ -6,8 +6,10 @@
 #include "foundation/Wording.h"
 #include "model/AppSettings.h"
 #include "placement/ScreenNames.h"
+#include "window/cards/CardLayout.h"
 #include "window/cards/CardView.h"
 #include "window/cards/PictureShelf.h"
+#include "window/look/AppLook.h"
 #include "window/look/Button.h"
 #include "window/look/EmptyState.h"
 #include "window/look/Measures.h"
@@ -164,9 +166,10 @@ void WallpapersPage::showStrip()
 /// Fits the row of controls to the width, and places what stands where nothing was found.
 void WallpapersPage::arrange()
 {
-    const int margin = measures::margin(width());
+    const int margin = std::max(measures::margin(width()), (width() - CardLayout::mostWidth) / 2); // as the cards
     QLayout* row = m_scope->layout();
     row->setContentsMargins(margin, 0, margin, 0);
+    m_scope->setMinimumHeight(AppLook::shared().scaled(measures::scopeHeight));
     setWords(*m_add, width() >= measures::wideWindow);
     setWords(*m_bringBack, true);
     const int gaps = 2 * margin + 3 * row->spacing();

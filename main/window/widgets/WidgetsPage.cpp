@@ -8,12 +8,15 @@
 #include "placement/ScreenNames.h"
 #include "placement/ScreenPlacement.h"
 #include "skins/SkinRegistry.h"
+#include "window/cards/CardLayout.h"
 #include "window/cards/CardView.h"
 #include "window/frame/MainWindowModel.h"
 #include "window/look/ActionMenu.h"
 #include "window/look/AppLook.h"
+#include "window/look/Button.h"
 #include "window/look/EmptyState.h"
 #include "window/look/Measures.h"
+#include "window/look/ReadingOrder.h"
 #include "window/widgets/DesktopList.h"
 #include "window/widgets/DesktopPane.h"
 #include "window/widgets/FaceTiles.h"
@@ -82,6 +85,12 @@ WidgetsPage::WidgetsPage(const WindowContext& context)
     showModel();
     showSkin();
     arrange();
+    // Before what stands beside the gallery.
+    QList<QWidget*> order{&m_scope->last(), m_view};
+    for (Button* button : m_nothing->findChildren<Button*>())
+        order.append(button);
+    for (qsizetype place = 1; place < order.size(); ++place)
+        setTabOrder(order[place - 1], order[place]);
 }
 
 void WidgetsPage::connectGallery()
@@ -131,20 +140,20 @@ void WidgetsPage::arrange()
     const AppLook& look = AppLook::shared();
     const bool halved = width() < measures::foldedWindow; // gallery or list
     const int edge = measures::margin(width());
-    m_scope->arrange(width(), edge, halved);
     const bool showsPane = !halved || m_scope->half() == WidgetsScope::Half::desktop;
     m_gallery->setVisible(!halved || !showsPane);
     m_pane->setVisible(showsPane);
-    const int pane = look.scaled(width() < measures::wideWindow ? narrowPane : widePane);
-    QMargins margins = m_pane->layout()->contentsMargins();
-    margins.setLeft(halved ? edge : paneGap);
-    margins.setRight(edge);
-    m_pane->layout()->setContentsMargins(margins);
+    const int pane = look.scaled(width() < measures::wideWindow ? narrowPane : widePane) + paneGap + edge;
+    const int lead = std::max(edge, (width() - (halved ? 0 : pane) - CardLayout::mostWidth) / 2); // as the cards
+    m_scope->arrange(width(), {lead, 0, edge, 0}, halved);
+    const QMargins now = m_pane->layout()->contentsMargins();
+    const QMargins margins(halved ? edge : paneGap, now.top(), edge, now.bottom());
+    m_pane->layout()->setContentsMargins(inReadingOrder(margins, layoutDirection()));
     if (halved) {
         m_pane->setMinimumWidth(0);
         m_pane->setMaximumWidth(QWIDGETSIZE_MAX);
     } else {
-        m_pane->setFixedWidth(pane + paneGap + edge);
+        m_pane->setFixedWidth(pane);
     }
     CardShape shape = galleryShape;
     shape.margin = edge;

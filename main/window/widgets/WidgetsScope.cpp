@@ -4,6 +4,7 @@
 
 #include "window/look/AppLook.h"
 #include "window/look/Measures.h"
+#include "window/look/ReadingOrder.h"
 #include "window/look/Segments.h"
 #include "window/look/SkinChooser.h"
 #include "window/look/SymbolIcon.h"
@@ -76,11 +77,11 @@ void WidgetsScope::setSkin(Skin skin)
     m_skins->setChosen(skin);
 }
 
-void WidgetsScope::arrange(int width, int margin, bool halves)
+void WidgetsScope::arrange(int width, const QMargins& margins, bool halves)
 {
     setFixedHeight(AppLook::shared().scaled(measures::scopeHeight));
-    layout()->setContentsMargins(margin, 0, margin, 0);
-    const int room = width - 2 * margin - scopeGap - m_skins->sizeHint().width();
+    layout()->setContentsMargins(inReadingOrder(margins, layoutDirection()));
+    const int room = width - margins.left() - margins.right() - scopeGap - m_skins->sizeHint().width();
     const bool folds = width < measures::wideWindow || m_segments->sizeHint().width() > room;
     m_segments->setVisible(!folds);
     m_categories->setVisible(folds);
@@ -94,6 +95,11 @@ void WidgetsScope::arrange(int width, int margin, bool halves)
 WidgetsScope::Half WidgetsScope::half() const
 {
     return static_cast<Half>(m_halves->chosen());
+}
+
+QWidget& WidgetsScope::last() const
+{
+    return *m_skins;
 }
 
 QWidget& WidgetsScope::first() const

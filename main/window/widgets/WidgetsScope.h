@@ -25,10 +25,11 @@ public:
 
     void setCategory(WidgetCategory category); ///< these two tell nothing
     void setSkin(Skin skin);
-    /// For a page of that width, points; only in `halves` the halves can be chosen.
-    void arrange(int width, int margin, bool halves);
+    /// For a page of that width, with margins in reading order, points; only in `halves` the halves can be chosen.
+    void arrange(int width, const QMargins& margins, bool halves);
     Half half() const;
     QWidget& first() const; ///< what the keyboard comes to first
+    QWidget& last() const;
 
 Q_SIGNALS:
     void categoryChosen(ambrelle::WidgetCategory category); ///< by the user
