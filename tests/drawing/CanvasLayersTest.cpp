@@ -96,8 +96,8 @@ TEST(CanvasMapped, TurnsInkLayersHitsMovingAreasAndMarks)
             part.disc({20, 50}, 5, Qt::black);
         });
     };
-    for (const double degrees : {90.0, 1.6, -30.0}) {
-        LayerCache layers;
+    LayerCache layers;
+    for (const double degrees : {90.0, 1.6, 30.0, -30.0}) {
         CanvasRecord record;
         const auto turned = [&](Canvas& canvas) { canvas.turned(centre, degrees, [&] { content(canvas); }); };
         QTransform turn = QTransform::fromTranslate(50, 50);
