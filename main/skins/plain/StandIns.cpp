@@ -62,11 +62,6 @@ std::shared_ptr<const FaceRenderer> questSkin(const std::optional<QColor>& accen
     return standIn(Skin::quest, accent);
 }
 
-std::shared_ptr<const FaceRenderer> cockpitSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::cockpit, accent);
-}
-
 std::shared_ptr<const FaceRenderer> apolloSkin(const std::optional<QColor>& accent)
 {
     return standIn(Skin::apollo, accent);

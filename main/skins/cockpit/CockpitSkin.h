@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "faces/FaceRenderer.h"
+#include "skins/cockpit/CockpitStyle.h"
+
+#include <optional>
+
+namespace ambrelle {
+
+/// The flight deck at cruise: black dials in grey bezels, white markings, orange needles, lamps and a radar.
+class CockpitSkin final : public FaceRenderer {
+public:
+    explicit CockpitSkin(const std::optional<QColor>& accent);
+
+    Box plate(Canvas& canvas, const FaceContext& face) const override;
+    void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
+    double photoMat() const override { return cockpit::bezelWidth; }
+    double photoCorner() const override { return cockpit::faceRadius; }
+    bool showsSeconds() const override { return true; }
+
+    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
+    void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
+    void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
+    PictogramPaint pictograms() const override;
+    TextStyle todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const override;
+    void separator(Canvas& canvas, const Box& row) const override;
+    void checkMark(Canvas& canvas, const Box& box, bool done) const override;
+    void sessionDot(Canvas& canvas, const Box& box, bool lit) const override;
+    void hourBar(Canvas& canvas, const Box& column, double fraction, bool now) const override;
+    void cover(Canvas& canvas, const Box& box, const Picture& artwork) const override;
+    void key(Canvas& canvas, const Box& box, const QString& symbol, bool middle) const override;
+};
+
+} // namespace ambrelle
