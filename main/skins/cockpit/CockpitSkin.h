@@ -32,6 +32,18 @@ public:
     void hourBar(Canvas& canvas, const Box& column, double fraction, bool now) const override;
     void cover(Canvas& canvas, const Box& box, const Picture& artwork) const override;
     void key(Canvas& canvas, const Box& box, const QString& symbol, bool middle) const override;
+
+    using FaceRenderer::draw;
+    void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 };
 
 } // namespace ambrelle
