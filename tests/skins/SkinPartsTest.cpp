@@ -4,7 +4,9 @@
 #include "skins/hifi/Nixie.h"
 #include "skins/hifi/VuMeter.h"
 #include "skins/minimal/MinimalLook.h"
+#include "skins/neon/NeonStyle.h"
 #include "skins/SkinRegistry.h"
+#include "skins/Skins.h"
 #include "support/FaceStates.h"
 
 #include <QPainter>
@@ -138,4 +140,47 @@ TEST(MinimalLook, AnAccentReplacesTheAccentOnly)
 }
 
 } // namespace
+QImage neonAt(const FaceView& face, double time)
+{
+    QImage image(face.size().toSize(), QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    face.draw(painter, stateReading(face.face().kind, FaceState::sample, QLocale::c()), {.time = time});
+    return image;
+}
+
+TEST(NeonSkin, EverySignBurnsInThePrintedFrameAndFlickersAtItsOwnMoment)
+{
+    constexpr double period = 9;
+    constexpr double seedShift = 1.37; // seconds
+    for (const WidgetKind kind : allCases<WidgetKind>()) {
+        const FaceView face = view(Skin::neon, kind);
+        const double seed = static_cast<int>(kind) + 1;
+        const double burst = period * 10 - seed * seedShift;
+        const QImage printed = neonAt(face, 0);
+        EXPECT_EQ(printed, neonAt(face, burst + 1)) << rawValue(kind).data() << " is not steady between two bursts";
+        EXPECT_NE(printed, neonAt(face, burst + 0.001)) << rawValue(kind).data() << " never flickers";
+    }
+}
+
+TEST(NeonSkin, OnlyWhatTheScriptCanWriteIsWrittenInIt)
+{
+    const SkinStyle style = neon::makeStyle({});
+    for (const QString& text : {u"Northern Lights"_s, u"São Tomé & Príncipe, 12:30…"_s})
+        EXPECT_EQ(neon::script(style, text, 18).face, style.title) << qPrintable(text);
+    for (const QString& text : {u"夜に駆ける"_s, u"Северное сияние"_s, u"Live 夜"_s})
+        EXPECT_EQ(neon::script(style, text, 18).face, style.body) << qPrintable(text);
+}
+
+TEST(NeonSkin, AnotherAccentLeavesTheOtherTubesAlone)
+{
+    const auto drawn = [](WidgetKind kind, const std::optional<QColor>& accent) {
+        const FaceView face(neonSkin(accent), view(Skin::neon, kind).face(), {});
+        return neonAt(face, 0);
+    };
+    const QColor lime(0x99, 0xFF, 0x33);
+    EXPECT_EQ(drawn(WidgetKind::network, lime), drawn(WidgetKind::network, {}));
+    EXPECT_NE(drawn(WidgetKind::cpu, lime), drawn(WidgetKind::cpu, {}));
+}
+
 } // namespace ambrelle

@@ -22,11 +22,6 @@ std::shared_ptr<const FaceRenderer> paperSkin(const std::optional<QColor>& accen
     return standIn(Skin::paper, accent);
 }
 
-std::shared_ptr<const FaceRenderer> neonSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::neon, accent);
-}
-
 std::shared_ptr<const FaceRenderer> bauhausSkin(const std::optional<QColor>& accent)
 {
     return standIn(Skin::bauhaus, accent);
