@@ -101,6 +101,29 @@ void levelTube(Canvas& canvas, const Box& box, double fraction, const QColor& un
     tube(canvas, lit, colour, width);
 }
 
+void partTubes(Canvas& canvas, const Box& box, const QList<TubePart>& parts, const QColor& unlit)
+{
+    constexpr double width = 5;
+    constexpr double gap = 2;
+    constexpr double least = 0.1; // a round dot
+    const double y = box.center().y();
+    const double right = box.right() - width / 2;
+    double x = box.left() + width / 2;
+    const double whole = right - x;
+    canvas.line({x, y}, {right, y}, roundPen(unlit, width));
+    for (qsizetype index = 0; index < parts.size(); ++index) {
+        const double length = whole * bounded(parts[index].fraction);
+        if (length <= 0)
+            continue;
+        const bool followed = index + 1 < parts.size() && parts[index + 1].fraction > 0;
+        const double end = std::min(right, x + length - (followed ? width + gap : 0));
+        QPainterPath lit({x, y});
+        lit.lineTo(std::max(x + least, end), y);
+        tube(canvas, lit, parts[index].colour, width);
+        x = std::min(right, x + length);
+    }
+}
+
 void spark(Canvas& canvas, QPointF centre, double radius, const QColor& colour)
 {
     canvas.disc(centre, radius * 2.8, halo(centre, radius * 2.8, colour, 0.5));

@@ -11,6 +11,12 @@ namespace ambrelle::neon {
 void tube(Canvas& canvas, const QPainterPath& path, const QColor& colour, double width, double brightness = 1);
 /// A straight tube over its unlit glass, lit up to `fraction`.
 void levelTube(Canvas& canvas, const Box& box, double fraction, const QColor& unlit, const QColor& colour);
+struct TubePart {
+    double fraction = 0; ///< of the whole
+    QColor colour{};
+};
+/// Tubes end to end, the rest unlit.
+void partTubes(Canvas& canvas, const Box& box, const QList<TubePart>& parts, const QColor& unlit);
 /// A point of light.
 void spark(Canvas& canvas, QPointF centre, double radius, const QColor& colour);
 

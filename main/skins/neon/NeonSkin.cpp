@@ -88,7 +88,7 @@ Box NeonSkin::progressDial(Canvas& canvas, const Box& box, double fraction, cons
     const Box square = box.square().inset(1);
     const Gauge gauge = Gauge::in(square, 0, 360);
     const double middle = gauge.radius - width / 2;
-    canvas.stroke(gauge.arc(0, 1, middle), QPen(style().faint, width));
+    canvas.stroke(gauge.arc(0, 1, middle), QPen(trackColour, width));
     if (bounded(fraction) > 0)
         tube(canvas, gauge.arc(0, bounded(fraction), middle), colour, width);
     return square.inset(width + 2);
@@ -96,17 +96,17 @@ Box NeonSkin::progressDial(Canvas& canvas, const Box& box, double fraction, cons
 
 void NeonSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    levelTube(canvas, box, fraction, style().faint, colour);
+    levelTube(canvas, box, fraction, trackColour, colour);
 }
 
 void NeonSkin::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
 {
     constexpr double newest = 2.5; // radius of the last sample
-    canvas.still(u"floor"_s, box.inset(-1), [&](Canvas& layer) { floorGrid(layer, box, style().faint); });
+    canvas.still(u"floor"_s, box.inset(-1), [&](Canvas& layer) { floorGrid(layer, box, trackColour); });
     const Box room = box.adjusted(0, newest, -newest, -1);
     const QPainterPath line = smoothLine(samplePoints(room, history, 1));
     canvas.fill(areaUnder(line, room.bottom()), wash(room, colour, 0.3, 0));
-    canvas.lightAround(line, {.colour = colour, .strokes = 5, .alpha = 0.07});
+    canvas.lightAround(line, shine(colour));
     graphLine(canvas, line, colour, 2);
     spark(canvas, line.currentPosition(), newest, colour);
 }
@@ -119,30 +119,22 @@ void NeonSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& rea
     const Box below(box.x(), horizon, box.width(), box.bottom() - horizon);
     canvas.fill(areaUnder(lines.upper, horizon), wash(above, style().down, 0.4, 0.08));
     canvas.fill(areaUnder(lines.lower, horizon), wash(below, style().up, 0.08, 0.4));
-    canvas.rule(Box(box.x(), horizon - 1, box.width(), 2), style().faint, 1);
+    canvas.rule(Box(box.x(), horizon - 1, box.width(), 2), trackColour, 1);
     constexpr double apart = 1; // so that two idle lines are seen
     const std::array tubes{std::pair(lines.upper.translated(0, -apart), style().down),
         std::pair(lines.lower.translated(0, apart), style().up)};
     for (const auto& [line, colour] : tubes) {
-        canvas.lightAround(line, {.colour = colour, .strokes = 5, .alpha = 0.06});
+        canvas.lightAround(line, shine(colour));
         graphLine(canvas, line, colour, 1.8);
     }
 }
 
 void NeonSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
-    constexpr double width = 5;
-    constexpr double gap = 2;
-    const double y = box.center().y();
-    const Box room = box.inset(width / 2, 0);
-    canvas.line({room.left(), y}, {room.right(), y}, roundPen(style().faint, width));
-    double x = room.left();
-    for (qsizetype index = 0; index < parts.size(); ++index) {
-        const double end = std::min(room.right(), x + room.width() * bounded(parts[index].fraction));
-        const double last = std::max(x, end - (index + 1 < parts.size() ? width + gap : 0));
-        tube(canvas, straight({x, y}, {last + 0.01, y}), byTurns(index), width);
-        x = end;
-    }
+    QList<TubePart> tubes;
+    for (const Share& part : parts)
+        tubes.append({part.fraction, byTurns(tubes.size())});
+    partTubes(canvas, box, tubes, trackColour);
 }
 
 void NeonSkin::charge(Canvas& canvas, const Box& box, const BatteryReading& reading) const
@@ -166,7 +158,7 @@ void NeonSkin::charge(Canvas& canvas, const Box& box, const BatteryReading& read
     for (int index = 0; index < cells; ++index) {
         const QPainterPath cell = leaning(body.inset(air).column(index, cells, 3), 2, about);
         if (index < lit)
-            canvas.lightAround(cell, {.colour = colour, .strokes = 3, .alpha = 0.08});
+            canvas.lightAround(cell, shine(colour));
         canvas.fill(cell, index < lit ? colour : socket);
     }
 }
@@ -197,8 +189,7 @@ void NeonSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
 
 TextStyle NeonSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
-    canvas.lightAround(
-        circle(cell.center(), 8), {.colour = style().accent, .strokes = 5, .alpha = 0.08, .spread = 2.6});
+    canvas.lightAround(circle(cell.center(), 8), shine(style().accent));
     return filledDay(canvas, cell, day, style().accent, style().corner);
 }
 
@@ -214,14 +205,14 @@ void NeonSkin::rowLevel(Canvas& canvas, Box& row, double fraction, qsizetype ind
 {
     const Box track = row.cutBottom(2);
     const QPointF from(track.left(), track.center().y());
-    canvas.rule(track, style().faint, hairline);
+    canvas.rule(track, trackColour, hairline);
     if (bounded(fraction) > 0)
         tube(canvas, straight(from, from + QPointF(track.width() * bounded(fraction), 0)), byTurns(index), 1.2);
 }
 
 void NeonSkin::separator(Canvas& canvas, const Box& row) const
 {
-    canvas.rule(Box(row.x(), row.y() - 1, row.width(), 2), style().faint, hairline);
+    canvas.rule(Box(row.x(), row.y() - 1, row.width(), 2), trackColour, hairline);
 }
 
 void NeonSkin::eventMark(Canvas& canvas, Box& line, const QColor& colour) const
@@ -261,8 +252,8 @@ void NeonSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool 
 {
     const Box bar = Box(column).cutBottom(std::max(1.0, column.height() * fraction));
     if (now)
-        canvas.lightAround(straight({bar.center().x(), bar.top()}, {bar.center().x(), bar.bottom()}),
-            {.colour = style().accent, .strokes = 5, .alpha = 0.08});
+        canvas.lightAround(
+            straight({bar.center().x(), bar.top()}, {bar.center().x(), bar.bottom()}), shine(style().accent));
     canvas.fill(bar, now ? pale(style().accent) : faded(style().accent, 0.6), 1);
 }
 
@@ -280,7 +271,7 @@ void NeonSkin::key(Canvas& canvas, const Box& box, const QString& symbol, bool m
     constexpr double size = 20;
     const QPainterPath outline = symbolIn(box, symbol, size);
     if (middle)
-        canvas.lightAround(outline, {.colour = style().accent, .strokes = 5, .alpha = 0.07});
+        canvas.lightAround(outline, shine(style().accent));
     canvas.stroke(outline, roundPen(middle ? pale(style().accent) : style().ink, 1.3));
 }
 

@@ -75,6 +75,11 @@ QColor pale(const QColor& colour)
     return blended(colour, Qt::white, paleness);
 }
 
+InkGlow shine(const QColor& colour)
+{
+    return {.colour = colour, .strokes = 5, .alpha = 0.07, .spread = 2};
+}
+
 QColor signColour(const SkinStyle& style, WidgetKind kind)
 {
     switch (kind) {
@@ -90,10 +95,8 @@ FigureStyle chrome(const SkinStyle& style, double cap)
     QLinearGradient mirrored(0, 0, 0, 1);
     mirrored.setStops(
         {{0, mirroredZenith}, {0.46, mirroredHaze}, {0.5, mirroredHorizon}, {0.56, style.accent}, {1, mirroredGround}});
-    FigureStyle figure = style.figure(cap)
-                             .filled(mirrored)
-                             .outlined(faded(style.accent, 0.8), 1)
-                             .glowing({.colour = style.accent, .strokes = 5, .alpha = 0.06, .spread = 2.4});
+    FigureStyle figure =
+        style.figure(cap).filled(mirrored).outlined(faded(style.accent, 0.8), 1).glowing(shine(style.accent));
     figure.unitColour = style.ink;
     return figure;
 }
@@ -107,9 +110,7 @@ TextStyle script(const SkinStyle& style, const QString& text, double size)
 
 TextStyle lettering(const SkinStyle& style, const QString& text, double size, const QColor& colour)
 {
-    return script(style, text, size)
-        .coloured(pale(colour))
-        .glowing({.colour = colour, .strokes = 5, .alpha = 0.07, .spread = 2});
+    return script(style, text, size).coloured(pale(colour)).glowing(shine(colour));
 }
 
 } // namespace ambrelle::neon

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "drawing/Colours.h"
 #include "drawing/SkinStyle.h"
 #include "model/WidgetKind.h"
 
@@ -11,12 +12,16 @@ namespace ambrelle::neon {
 
 inline const QColor plateColour(0x15, 0x0A, 0x2A);
 inline constexpr double plateAlpha = 0.86; // the least at which ink keeps its contrast over pure white
+/// Unlit tubes and rules: the faint colour on a dark plate, and lighter than the plate whatever shines through it.
+inline const QColor trackColour = faded(QColor(0x77, 0x4B, 0xC5), 0.4);
 inline const QColor socket(0x2B, 0x21, 0x40); ///< end caps of tubes, unlit cells
 
 SkinStyle makeStyle(const std::optional<QColor>& accent);
 
 /// The gas in a tube of that colour, where it burns brightest.
 QColor pale(const QColor& colour);
+/// The light around what burns in that colour.
+InkGlow shine(const QColor& colour);
 /// The colour of the tube around the plate of that kind, and of the lettering on it.
 QColor signColour(const SkinStyle& style, WidgetKind kind);
 

@@ -31,9 +31,7 @@ void NeonSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceC
     constexpr double downShare = 0.56; // of the width
     Box box = framed(canvas, face);
     footer(canvas, *this, box, reading.hint);
-    const Box bar = box.cutBottom(8);
-    levelTube(canvas, bar, 1, style().faint, style().up);
-    levelTube(canvas, bar, reading.share, Qt::transparent, style().down);
+    partTubes(canvas, box.cutBottom(8), {{reading.share, style().down}, {1 - reading.share, style().up}}, trackColour);
     box.cutBottom(8);
     const Box down = box.cutLeft(box.width() * downShare);
     box.cutLeft(12);

@@ -45,7 +45,7 @@ void NeonSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCon
     const Box days = box.cutRight(daysWidth);
     const Box between = box.cutRight(2 * gutter);
     if (!reading.days.isEmpty())
-        canvas.fill(between.inset(gutter - 0.5, 4), style().faint);
+        canvas.fill(between.inset(gutter - 0.5, 4), trackColour);
     // Level with the lines of the days.
     const double line = style().captionSize + 6;
     canvas.text(box.cutBottom(line), reading.range(), style().caption());
