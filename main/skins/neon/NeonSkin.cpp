@@ -69,7 +69,8 @@ Box NeonSkin::plate(Canvas& canvas, const FaceContext& face) const
 void NeonSkin::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
 {
     const QColor sign = signColour(style(), face.kind);
-    canvas.text(content.cutTop(14), title, lettering(style(), title, style().titleSize, sign));
+    const Box line = content.cutTop(headerHeight).moved(0, -headerRise);
+    canvas.text(line, title, lettering(style(), title, style().titleSize, sign));
     content.cutTop(style().titleGap);
 }
 

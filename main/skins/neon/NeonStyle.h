@@ -16,6 +16,9 @@ inline constexpr double plateAlpha = 0.86; // the least at which ink keeps its c
 inline const QColor trackColour = faded(QColor(0x77, 0x4B, 0xC5), 0.4);
 inline const QColor socket(0x2B, 0x21, 0x40); ///< end caps of tubes, unlit cells
 
+inline constexpr double headerHeight = 14;
+inline constexpr double headerRise = 2; ///< of the lettering, whose tails are long
+
 SkinStyle makeStyle(const std::optional<QColor>& accent);
 
 /// The gas in a tube of that colour, where it burns brightest.

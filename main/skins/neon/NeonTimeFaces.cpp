@@ -24,9 +24,10 @@ void NeonSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceConte
 {
     Box box = plate(canvas, face);
     const QString date = reading.dateLine();
-    named(canvas, box.cutTop(16), date, lettering(style(), date, dateSize, style().accent), reading.meridiem,
+    named(canvas, box.cutTop(headerHeight).moved(0, -headerRise), date,
+        lettering(style(), date, dateSize, style().accent), reading.meridiem,
         lettering(style(), reading.meridiem, dateSize, style().accent2));
-    box.cutTop(10);
+    box.cutTop(12);
     polished(canvas, box.cutTop(style().clockCap), {reading.time(), {}}, figure(style().clockCap).kerned());
     box.cutTop(9);
     const Box tag = Box(box).cutBottom(footerHeight(style())).cutRight(box.width() * tagShare);
