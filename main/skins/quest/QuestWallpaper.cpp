@@ -154,7 +154,7 @@ void snow(Painting& painting, const std::vector<int>& tops, int line, const RGBA
 
 /// A mountain range of `range` points in one colour and its shades, and snow on its peaks if there is a `cap`. Gives
 /// the tops of its columns in cells.
-std::vector<int> quest(Painting& painting, SeededRandom& random, int range, double base, double amplitude,
+std::vector<int> questRange(Painting& painting, SeededRandom& random, int range, double base, double amplitude,
     double roughness, const RGBA& colour, const std::optional<RGBA>& cap)
 {
     std::vector<int> tops = skyline(painting, ridge(range, roughness, random), base, amplitude);
@@ -219,10 +219,10 @@ void paintQuestWallpaper(Painting& painting, SeededRandom& random)
 {
     sky(painting);
     clouds(painting, random);
-    quest(painting, random, 129, 0.42, 0.20, 0.55, hex(0x7FA0D8), white());
-    quest(painting, random, 129, 0.32, 0.16, 0.50, hex(0x5C86B8), hex(0xDDEBFF));
-    quest(painting, random, 65, 0.22, 0.10, 0.45, hex(0x3F8F4A), std::nullopt);
-    const auto front = quest(painting, random, 65, 0.12, 0.06, 0.40, hex(0x2F7438), std::nullopt);
+    questRange(painting, random, 129, 0.42, 0.20, 0.55, hex(0x7FA0D8), white());
+    questRange(painting, random, 129, 0.32, 0.16, 0.50, hex(0x5C86B8), hex(0xDDEBFF));
+    questRange(painting, random, 65, 0.22, 0.10, 0.45, hex(0x3F8F4A), std::nullopt);
+    const auto front = questRange(painting, random, 65, 0.12, 0.06, 0.40, hex(0x2F7438), std::nullopt);
     pines(painting, front);
     meadow(painting, front);
 }
