@@ -52,11 +52,6 @@ std::shared_ptr<const FaceRenderer> chalkSkin(const std::optional<QColor>& accen
     return standIn(Skin::chalk, accent);
 }
 
-std::shared_ptr<const FaceRenderer> questSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::quest, accent);
-}
-
 std::shared_ptr<const FaceRenderer> apolloSkin(const std::optional<QColor>& accent)
 {
     return standIn(Skin::apollo, accent);
