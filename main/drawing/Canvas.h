@@ -130,6 +130,7 @@ private:
     void glyphs(QPointF origin, const ShapedText& shaped, const QColor& colour);
     void line(const Box& box, const QString& shown, const TextStyle& style, bool cut);
     void digits(const QPainterPath& path, const Typeface& face, double size, const QBrush& fill);
+    void keptDigits(const QString& value, const FigurePath& path, QPointF pen, const FigureStyle& style);
     void underFigure(const QString& value, const FigurePath& path, QPointF pen, const FigureStyle& style);
     void light(const QPainterPath& outline, const InkGlow& glow, LayerKey key);
     void note(CanvasMark mark) const;

@@ -68,6 +68,13 @@ QBrush inFrame(const QBrush& brush, const FigurePath& path, QPointF pen)
     return placed;
 }
 
+/// Whether a face is made of hundreds of little strokes, which take long to fill.
+bool isIntricate(const QPainterPath& path, const QString& value)
+{
+    constexpr qsizetype most = 250; // elements of a character's outline; forty are usual
+    return path.elementCount() > most * value.size();
+}
+
 QString unlit(QString value)
 {
     for (QChar& character : value) {
@@ -87,6 +94,28 @@ void Canvas::digits(const QPainterPath& path, const Typeface& face, double size,
         PixelPaint(*m_painter, m_setup.finish).squares(path, fill, size / Typeface::squares);
     else
         PixelPaint(*m_painter, m_setup.finish).fill(path, fill);
+}
+
+/// Each character is a layer, so that one that is shown again, in whatever figure, is not filled again.
+void Canvas::keptDigits(const QString& value, const FigurePath& path, QPointF pen, const FigureStyle& style)
+{
+    FigureStyle alone = style.kerned();
+    alone.cap = path.cap;
+    const double size = style.face.sizeForCap(path.cap);
+    for (qsizetype index = 0; index < value.size(); ++index) {
+        const QString character = value.sliced(index, 1);
+        const QPointF start = pen + QPointF(path.places.value(index), 0);
+        const QRectF area(start - QPointF(0.15, 1.1) * size, QSizeF(1.4, 1.4) * size);
+        LayerKey key(u"digit"_s);
+        key.add(style.face);
+        key.add(path.cap);
+        key.add(character);
+        key.add(style.fill.color());
+        stillLayer(key.text(), area, [&](Canvas& layer) {
+            const FigurePath glyph = figurePath(character, {}, alone, size * 2);
+            layer.digits(glyph.digits.translated(start), style.face, size, style.fill);
+        });
+    }
 }
 
 void Canvas::underFigure(const QString& value, const FigurePath& path, QPointF pen, const FigureStyle& style)
@@ -138,11 +167,14 @@ double Canvas::figure(const Box& box, const QString& value, const QString& unit,
     if (style.outline > 0 && style.outlineBrush)
         edge(*style.outlineBrush, 2 * style.outline);
     const QPainterPath digitsThere = path.digits.translated(pen);
-    digits(digitsThere, style.face, style.face.sizeForCap(path.cap), fill);
+    if (isIntricate(path.digits, value) && smooth() && fill.style() == Qt::SolidPattern)
+        keptDigits(value, path, pen, style);
+    else
+        digits(digitsThere, style.face, style.face.sizeForCap(path.cap), fill);
     note({.kind = CanvasMark::Kind::figure,
         .text = value,
         .box = box,
-        .ink = digitsThere.boundingRect(),
+        .ink = m_setup.record ? digitsThere.boundingRect() : QRectF(),
         .size = path.cap / averageCapRatio,
         .colour = m_setup.record ? judged(fill, m_setup.ground) : QColor()});
     if (style.outline > 0 && !style.outlineBrush)

@@ -106,7 +106,8 @@ struct Setting {
 
 /// Appends the characters of `text` to `path` if there is one, digits centred in equal cells, and returns the pen's new
 /// place.
-double setCells(QPainterPath* path, const Setting& setting, double pen, const QString& text)
+double setCells(
+    QPainterPath* path, const Setting& setting, double pen, const QString& text, QList<double>* places = nullptr)
 {
     const Typeface& face = setting.face;
     const double scale = setting.size / figureMaster;
@@ -126,6 +127,8 @@ double setCells(QPainterPath* path, const Setting& setting, double pen, const QS
             QTransform place = QTransform::fromTranslate(x, 0);
             place.scale(scale, scale);
             path->addPath(place.map(glyph.path));
+            if (places)
+                places->append(x);
         }
         pen += inCell ? cell : advance;
     }
@@ -142,7 +145,8 @@ FigurePath layOut(const QString& value, const QString& unit, const FigureStyle& 
     figure.cap = style.face.pixel ? size * style.face.capRatio : cap;
     figure.digits.setFillRule(Qt::WindingFill);
     figure.unit.setFillRule(Qt::WindingFill);
-    figure.digitsWidth = setCells(outlines ? &figure.digits : nullptr, {style.face, size, style.tabular}, 0, value);
+    figure.digitsWidth =
+        setCells(outlines ? &figure.digits : nullptr, {style.face, size, style.tabular}, 0, value, &figure.places);
     figure.width = figure.digitsWidth;
     if (!unit.isEmpty()) {
         const Typeface& face = style.unitFace ? *style.unitFace : style.face;

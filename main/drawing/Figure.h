@@ -74,6 +74,7 @@ struct FigurePath {
     double digitsWidth = 0; ///< of the cells without the unit, points
     double width = 0; ///< of all cells and the unit, points
     double cap = 0; ///< after fitting
+    QList<double> places{}; ///< where each character of the value begins, points
 };
 
 /// Lays a figure out; where it is wider than `room`, three steps of ten percent smaller, and then as small as it has to

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Canvas.h"
+#include "drawing/Drawn.h"
+#include "drawing/LayerCache.h"
 
 #include <gtest/gtest.h>
 
@@ -68,6 +70,34 @@ TEST(Figure, KernedDigitsTakeTheirOwnWidths)
     const FigureStyle lato{.face = {.family = u"Lato"_s}, .cap = 100, .tabular = false};
     const double pair = figureWidth(u"74"_s, {}, lato, 1000);
     EXPECT_LE(pair, figureWidth(u"7"_s, {}, lato, 1000) + figureWidth(u"4"_s, {}, lato, 1000) + 1e-6);
+}
+
+TEST(Figure, DigitsOfAnIntricateFaceAreKeptAndLookAsFilledAtOnce)
+{
+    const FigureStyle sketched{
+        .face = {.family = u"CabinSketch"_s, .weight = 700, .capRatio = 0.7, .cell = 0.92}, .cap = 22, .fill = Qt::red};
+    const FigureStyle variants[]{sketched, sketched.filled(Qt::blue), sketched.kerned().aligned(Align::right)};
+    LayerCache layers; // one for all: a digit of another colour, size or place must not be taken for the same
+    for (const double scale : {1.0, 1.25}) {
+        for (const FigureStyle& style : variants) {
+            for (const QString& value : {u"09:41"_s, u"14:90"_s, u"1000.41"_s}) {
+                const auto draw = [&](Canvas& canvas) { canvas.figure({5.3, 10, 108, 40}, value, u"%"_s, style); };
+                const QImage direct = drawnWith(draw, {}, scale);
+                EXPECT_FALSE(inkOf(direct).isEmpty());
+                for (int time = 0; time < 2; ++time) {
+                    const QImage kept = drawnWith(draw, {.layers = &layers, .layerKey = u"test"_s}, scale);
+                    int farthest = 0;
+                    for (int y = 0; y < direct.height(); ++y) {
+                        for (int x = 0; x < direct.width(); ++x)
+                            farthest =
+                                std::max(farthest, std::abs(qAlpha(direct.pixel(x, y)) - qAlpha(kept.pixel(x, y))));
+                    }
+                    EXPECT_LE(farthest, 12) << qPrintable(value) << " at " << scale;
+                    EXPECT_EQ(inkOf(direct), inkOf(kept));
+                }
+            }
+        }
+    }
 }
 
 TEST(Figure, ShrinksToItsRoomAndIsNeverCut)
