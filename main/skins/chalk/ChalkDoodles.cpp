@@ -126,7 +126,7 @@ Lines atom()
 }
 
 /// Drawn twice, the second time more faintly and beside the first; then the rough board shows through.
-void chalk(QPainter& painter, const QPainterPath& path, double thickness, SeededRandom& random)
+void chalked(QPainter& painter, const QPainterPath& path, double thickness, SeededRandom& random)
 {
     const auto pen = [thickness](float opacity) { return roundPen(QColor::fromRgbF(0, 0, 0, opacity), thickness); };
     painter.strokePath(wavering(path, 0.35 * thickness, random), pen(0.9F));
@@ -175,7 +175,7 @@ void paintChalkDoodles(Painting& painting)
         const QPainterPath path =
             QTransform().translate(x, y).rotate(doodle.turn).scale(scale, scale).map(doodle.lines);
         const QRectF area = path.boundingRect().adjusted(-2 * thickness, -2 * thickness, 2 * thickness, 2 * thickness);
-        painting.stencil(area, white(0.16), [&](QPainter& painter) { chalk(painter, path, thickness, random); });
+        painting.stencil(area, white(0.16), [&](QPainter& painter) { chalked(painter, path, thickness, random); });
     }
 }
 

@@ -47,11 +47,6 @@ std::shared_ptr<const FaceRenderer> grooveSkin(const std::optional<QColor>& acce
     return standIn(Skin::groove, accent);
 }
 
-std::shared_ptr<const FaceRenderer> chalkSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::chalk, accent);
-}
-
 std::shared_ptr<const FaceRenderer> apolloSkin(const std::optional<QColor>& accent)
 {
     return standIn(Skin::apollo, accent);
