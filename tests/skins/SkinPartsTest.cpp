@@ -183,4 +183,22 @@ TEST(NeonSkin, AnotherAccentLeavesTheOtherTubesAlone)
     EXPECT_NE(drawn(WidgetKind::cpu, lime), drawn(WidgetKind::cpu, {}));
 }
 
+TEST(PaperSkin, NothingMovesAndOnlyTheMarksFollowTheAccent)
+{
+    const auto drawn = [](WidgetKind kind, const std::optional<QColor>& accent) {
+        const FaceView face(paperSkin(accent), view(Skin::paper, kind).face(), {});
+        QImage image(face.size().toSize(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        const Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
+        EXPECT_TRUE(face.draw(painter, reading, {}).moving.isEmpty()) << rawValue(kind).data();
+        return image;
+    };
+    const QColor cobalt(0x1F, 0x59, 0xD9);
+    using enum WidgetKind;
+    const QList<WidgetKind> plainInk{clock, network, events, photo, quote, processes};
+    for (const WidgetKind kind : allCases<WidgetKind>())
+        EXPECT_EQ(drawn(kind, {}) == drawn(kind, cobalt), plainInk.contains(kind)) << rawValue(kind).data();
+}
+
 } // namespace ambrelle

@@ -10,21 +10,6 @@ namespace ambrelle {
 namespace {
 
 constexpr std::array palettes{
-    PlainPalette{.skin = Skin::paper,
-        .title = {.family = "Old Standard TT", .weight = 700, .capRatio = 0.72},
-        .body = {.family = "Old Standard TT", .weight = 400, .capRatio = 0.72},
-        .number = {.family = "Old Standard TT", .weight = 400, .capRatio = 0.72},
-        .plate = 0xFBF7EC,
-        .ink = 0x1B1916,
-        .soft = 0x5A5347,
-        .faint = 0xCFC6B4,
-        .accent = 0xA3211B,
-        .accent2 = 0x2B4A6F,
-        .accent3 = 0x8A6D2F,
-        .up = 0x2E6B3E,
-        .down = 0xA3211B,
-        .warn = 0xA3211B,
-        .measures = {.corner = 2, .inset = 14, .titleGap = 8, .titleSize = 12, .floor = 12}},
     PlainPalette{.skin = Skin::bauhaus,
         .title = {.family = "League Spartan", .weight = 700, .capRatio = 0.69},
         .body = {.family = "League Spartan", .weight = 500, .capRatio = 0.69},
