@@ -57,11 +57,6 @@ std::shared_ptr<const FaceRenderer> atlasSkin(const std::optional<QColor>& accen
     return standIn(Skin::atlas, accent);
 }
 
-std::shared_ptr<const FaceRenderer> kyotoSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::kyoto, accent);
-}
-
 std::shared_ptr<const FaceRenderer> corkSkin(const std::optional<QColor>& accent)
 {
     return standIn(Skin::cork, accent);

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+
+#include "faces/FaceKit.h"
+#include "skins/kyoto/KyotoPieces.h"
+#include "skins/kyoto/KyotoSkin.h"
+#include "skins/kyoto/KyotoStyle.h"
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+using namespace kyoto;
+
+void KyotoSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const
+{
+    constexpr double cap = 36;
+    constexpr double stalk = 12; // width
+    constexpr double between = 10;
+    constexpr double sign = 24;
+    Box box = plate(canvas, face);
+    const Box grove = box.cutRight(stalk);
+    charge(canvas, grove.adjusted(0, -2, 0, -2), reading);
+    box.cutRight(between);
+    header(canvas, box, face, headerTitle(style(), face.kind));
+    hero(canvas, *this, box, reading.figure(), false, cap);
+    footer(canvas, *this, box, reading.line());
+    if (reading.charging)
+        kanji(canvas, box.cutLeft(2 * sign), u"充電"_s, sign, style().ink, 0.3);
+    if (reading.low)
+        warning(canvas, box.cutLeft(14));
+}
+
+} // namespace ambrelle
