@@ -6,6 +6,7 @@
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
 #include "drawing/Gradients.h"
+#include "drawing/HandLine.h"
 #include "drawing/Pens.h"
 #include "drawing/Plates.h"
 #include "drawing/Ribbon.h"
@@ -83,12 +84,14 @@ QPainterPath piece(const Box& box)
 
 void kanji(Canvas& canvas, const Box& box, const QString& text, double size, const QColor& ink, double press)
 {
+    const bool lying = box.width() > box.height();
     canvas.still(
         u"kanji"_s, box.inset(-2),
         [&](Canvas& layer) {
             for (int index = 0; index < text.size(); ++index) {
                 QPainterPath sign = outlineOf(*shape(calligraphy(), size, text.mid(index, 1)));
-                const QPointF place = box.row(index, static_cast<int>(text.size())).center();
+                const int count = static_cast<int>(text.size());
+                const QPointF place = (lying ? box.column(index, count) : box.row(index, count)).center();
                 sign.translate(place - sign.boundingRect().center());
                 sign.setFillRule(Qt::WindingFill);
                 layer.paint([&](QPainter& painter) {
@@ -130,12 +133,12 @@ void seal(Canvas& canvas, const Box& box, const QColor& red)
 
 void enso(Canvas& canvas, const Box& circle, double fraction, double width, const QColor& ink)
 {
-    const double whole = bounded(fraction);
-    if (whole <= 0)
-        return;
+    constexpr double touch = 0.008; // where nothing is, the brush has but touched the paper
+    const double whole = std::max(touch, bounded(fraction));
     const double middle = (circle.square().width() - width) / 2;
     const int hairs = std::max(3, static_cast<int>(std::lround(width / hairPitch)));
-    const double drying = std::min(0.16, 0.3 * whole); // turns before its end where hairs begin to leave it
+    const double drying =
+        std::min({0.16, 0.3 * whole, 0.025 * width}); // turns before its end where hairs begin to leave it
     canvas.paint([&](QPainter& painter) {
         SeededRandom random{31};
         painter.setBrush(Qt::NoBrush);
@@ -152,7 +155,7 @@ void enso(Canvas& canvas, const Box& circle, double fraction, double width, cons
                     painter.strokePath(arc(ring, ensoStart + from, to - from), roundPen(faded(ink, opacity), breadth));
             };
             const double end = whole - early;
-            const double opacity = random.in(0.5, 0.9);
+            const double opacity = random.in(0.55, 0.95);
             const double breadth = hairPitch * random.in(0.9, 2);
             draw(late, bare < 0.35 ? gap : end, opacity, breadth);
             if (bare < 0.35)
@@ -167,8 +170,10 @@ Box insideEnso(const Box& circle, double width)
     return circle.square().inset(width + 1);
 }
 
-QPainterPath brushLine(const QPolygonF& points, double thin, double broad)
+QPainterPath brushLine(const QPolygonF& line, double thin, double broad)
 {
+    constexpr double apart = 1.8; // of its points, so that it costs little
+    const QPolygonF points = thinned(line, apart);
     QList<double> steep;
     QList<double> along{0};
     for (qsizetype index = 1; index < points.size(); ++index) {
@@ -193,8 +198,8 @@ QPainterPath brushLine(const QPolygonF& points, double thin, double broad)
 
 QPainterPath frayed(const Box& box)
 {
-    constexpr double tooth = 1; // height of a hair that stands out
-    constexpr double most = 1.6; // by which it does
+    constexpr double tooth = 0.8; // height of a hair that stands out
+    constexpr double most = 1; // by which it does
     SeededRandom random{7};
     QPolygonF edge;
     const double reach = std::min(most, box.width() / 3);
@@ -204,6 +209,20 @@ QPainterPath frayed(const Box& box)
         edge << QPointF(box.left() + random.in(0, 0.5 * reach), y);
     QPainterPath path;
     path.addPolygon(edge);
+    path.closeSubpath();
+    return path;
+}
+
+QPainterPath dab(const Box& box)
+{
+    const double tip = 0.2 * box.width(); // half of its breadth where the brush leaves
+    const double round = std::min(box.width(), 0.4 * box.height());
+    const double x = box.center().x();
+    QPainterPath path(box.bottomLeft());
+    path.cubicTo(
+        {box.left(), box.center().y()}, {x - 1.6 * tip, box.top() + round}, {x - tip, box.top() + 0.3 * round});
+    path.quadTo({x + 0.3 * tip, box.top() - 0.3 * round}, {x + 1.4 * tip, box.top() + 0.5 * round});
+    path.cubicTo({x + 2 * tip, box.top() + 2 * round}, {box.right(), box.center().y()}, box.bottomRight());
     path.closeSubpath();
     return path;
 }
@@ -225,8 +244,9 @@ void bamboo(Canvas& canvas, const Box& box, int count, int full, const QColor& f
     }
     const Box joint = box.row(1, count, gap);
     const QColor green = full > 0 ? fill : outline;
-    canvas.fill(leaf(joint.topLeft(), 158, 17), green);
-    canvas.fill(leaf(joint.topLeft(), 192, 13), faded(green, 0.75));
+    canvas.fill(leaf(joint.topLeft(), 200, 15), faded(green, 0.7));
+    canvas.fill(leaf(joint.topLeft(), 172, 22), faded(green, 0.85));
+    canvas.fill(leaf(joint.topLeft(), 144, 18), green);
 }
 
 } // namespace ambrelle::kyoto

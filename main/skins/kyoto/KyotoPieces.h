@@ -7,8 +7,8 @@
 
 namespace ambrelle::kyoto {
 
-/// Kanji in the middle of the box, `size` points high, one under the other where they are several. `press` is by how
-/// much the brush is pressed harder than the typeface does, in points. An ornament, not recorded.
+/// Kanji in the middle of the box, `size` points high, several one under the other, or side by side in a lying box.
+/// `press` is by how much the brush is pressed harder than the typeface does, in points. An ornament, not recorded.
 void kanji(Canvas& canvas, const Box& box, const QString& text, double size, const QColor& ink, double press = 0);
 
 /// The sheet between its rods and silk borders; `seed` lays the fibres.
@@ -22,12 +22,15 @@ void enso(Canvas& canvas, const Box& circle, double fraction, double width, cons
 /// Its inner edge.
 Box insideEnso(const Box& circle, double width);
 
-/// A line through samples: thin where it is level, broad where it is steep.
+/// A line through close points: thin where it is level, broad where it is steep.
 QPainterPath brushLine(const QPolygonF& points, double thin, double broad);
 /// A stroke across the box from edge to edge, its ends frayed.
 QPainterPath frayed(const Box& box);
 
-/// A stalk of `count` pieces from the foot of the box upwards, `full` of them filled, with two leaves beside its top.
+/// A stroke set down on the foot of the box and drawn upwards until the brush leaves the paper.
+QPainterPath dab(const Box& box);
+
+/// A stalk of `count` pieces from the foot of the box upwards, `full` of them filled, with three leaves beside its top.
 void bamboo(Canvas& canvas, const Box& box, int count, int full, const QColor& fill, const QColor& outline);
 
 } // namespace ambrelle::kyoto

@@ -30,6 +30,8 @@ SealPlace sealPlace(WidgetKind kind)
 {
     switch (kind) {
     case WidgetKind::memory:
+    case WidgetKind::countdown:
+    case WidgetKind::reminders:
     case WidgetKind::sky: return SealPlace::head;
     case WidgetKind::calendar: // today wears it
     case WidgetKind::photo: return SealPlace::none;
@@ -120,6 +122,13 @@ void KyotoSkin::header(Canvas& canvas, Box& content, const FaceContext& face, co
         canvas.rule(gap.moved(0, -0.5), style().soft, hairline);
 }
 
+Box KyotoSkin::photoPlate(Canvas& canvas, const FaceContext& face) const
+{
+    constexpr double mat = 6;
+    plate(canvas, face);
+    return face.bounds.inset(silkWidth + mat, rodWidth + mat);
+}
+
 FigureStyle KyotoSkin::figure(double cap) const
 {
     FigureStyle figure = style().figure(cap);
@@ -129,13 +138,17 @@ FigureStyle KyotoSkin::figure(double cap) const
 
 Box KyotoSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
+    return dialOf(canvas, box, fraction, colour == style().accent ? style().ink : colour);
+}
+
+Box KyotoSkin::dialOf(Canvas& canvas, const Box& box, double fraction, const QColor& ink) const
+{
     constexpr double width = 7.5;
     constexpr double steps = 400; // round the circle
     const Box circle = box.square().inset(1);
-    const QColor ink = colour == style().warn ? colour : style().ink;
     const double shown = std::round(bounded(fraction) * steps) / steps;
     canvas.still(
-        u"enso"_s, circle.inset(-1), [&](Canvas& layer) { enso(layer, circle, shown, width, ink); }, shown, ink);
+        u"dial"_s, circle.inset(-1), [&](Canvas& layer) { enso(layer, circle, shown, width, ink); }, shown, ink);
     return insideEnso(circle, width);
 }
 
@@ -166,7 +179,8 @@ void KyotoSkin::history(Canvas& canvas, const Box& box, const History& history, 
         return;
     canvas.fill(brushLine(stretches.first(), thin, broad), style().ink);
     canvas.disc(points.last(), 1.6, style().ink);
-    const auto peak = std::ranges::min_element(points, {}, [](QPointF point) { return point.y(); });
+    const auto higher = [](QPointF one, QPointF other) { return one.y() < other.y(); };
+    const auto peak = std::ranges::min_element(points.rbegin(), points.rend(), higher); // the latest of equals
     canvas.disc(*peak, radius, colour);
 }
 
@@ -177,9 +191,10 @@ void KyotoSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& re
     constexpr double apart = 1.6; // so that two idle lines are seen
     const MirroredLines lines = mirrored(box.inset(1, broad / 2), reading.downHistory, reading.upHistory, reading.peak);
     const auto draw = [&](const QPainterPath& line, const QColor& colour, double aside) {
-        canvas.fill(areaUnder(line, lines.middle), faded(colour, shade));
-        for (const QPolygonF& stretch : line.toSubpathPolygons())
-            canvas.fill(brushLine(stretch.translated(0, aside), thin, broad), colour);
+        const QPainterPath moved = line.translated(0, aside);
+        canvas.fill(areaUnder(moved, lines.middle), faded(colour, shade));
+        for (const QPolygonF& stretch : moved.toSubpathPolygons())
+            canvas.fill(brushLine(stretch, thin, broad), colour);
     };
     canvas.fill(Box(box.x(), lines.middle - 0.5, box.width(), 1), style().faint);
     draw(lines.upper, style().down, -apart);
@@ -189,7 +204,7 @@ void KyotoSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& re
 void KyotoSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
     constexpr double height = 7;
-    constexpr double gap = 0.6;
+    constexpr double gap = 1.2;
     const QList<QBrush> fills = partFills();
     const Box bar = box.centred(box.width(), std::min(height, box.height()));
     canvas.fill(Box(bar.x(), bar.center().y() - 0.5, bar.width(), 1), style().faint);
@@ -236,15 +251,15 @@ TextStyle KyotoSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle&
 
 void KyotoSkin::rowMark(Canvas& canvas, Box& line, qsizetype index) const
 {
-    constexpr double size = 14;
+    constexpr double size = 15;
     static const QString numerals = u"一二三四五六七八"_s;
-    kanji(canvas, line.cutLeft(size), numerals.mid(index % numerals.size(), 1), size, style().ink, 0.3);
-    line.cutLeft(7);
+    kanji(canvas, line.cutLeft(size), numerals.mid(index % numerals.size(), 1), size, style().ink, 0.45);
+    line.cutLeft(5);
 }
 
 void KyotoSkin::rowLevel(Canvas& canvas, Box& row, double fraction, qsizetype) const
 {
-    constexpr double numeral = 21; // the room of the row's mark
+    constexpr double numeral = 20; // the room of the row's mark
     constexpr double brush = 1.4;
     Box track = row.cutBottom(3);
     track.cutLeft(numeral);
@@ -292,10 +307,10 @@ void KyotoSkin::sessionDot(Canvas& canvas, const Box& box, bool lit) const
 
 void KyotoSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool now) const
 {
+    const double width = 0.72 * column.width();
+    const double height = std::max(width / 2, column.height() * fraction);
     const double x = column.center().x();
-    const double top = column.bottom() - std::max(1.0, column.height() * fraction);
-    const double width = std::max(1.0, 0.75 * column.width());
-    canvas.fill(frayed(Box(x - width / 2, top, width, column.bottom() - top)), now ? style().accent : style().ink);
+    canvas.fill(dab({x - width / 2, column.bottom() - height, width, height}), now ? style().accent : style().ink);
 }
 
 void KyotoSkin::cover(Canvas& canvas, const Box& box, const Picture& picture) const

@@ -16,7 +16,7 @@ public:
 
     Box plate(Canvas& canvas, const FaceContext& face) const override;
     void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
-    double photoMat() const override { return 8; }
+    Box photoPlate(Canvas& canvas, const FaceContext& face) const override;
     double photoCorner() const override { return 0; }
 
     FigureStyle figure(double cap) const override;
@@ -43,10 +43,13 @@ public:
     void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
 
 private:
     QColor thinned() const; ///< ink with much water
+    Box dialOf(Canvas& canvas, const Box& box, double fraction, const QColor& ink) const;
 };
 
 } // namespace ambrelle

@@ -42,7 +42,7 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
         .captionSize = 12,
         .floor = 12,
         .rowPitch = 20,
-        .dialCap = 20,
+        .dialCap = 15,
         .manner = StrokeManner::brush,
         .rowGap = 8,
         .accent2 = indigo,

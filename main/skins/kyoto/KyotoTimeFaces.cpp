@@ -22,6 +22,19 @@ QString weekdaySign(int number)
     return signs.mid((number + 6) % 7, 1);
 }
 
+/// A temperature, its sign drawn with the brush.
+void degrees(Canvas& canvas, Box box, const QString& value, FigureStyle figure)
+{
+    constexpr double ring = 11;
+    constexpr double brush = 2;
+    constexpr double air = 4;
+    const Box sign = box.cutRight(ring + air);
+    figure.cap = figurePath(value, {}, figure, box.width()).cap;
+    const double width = canvas.figure(box, value, {}, figure);
+    const double top = box.center().y() - figure.cap / 2;
+    enso(canvas, {box.left() + width + air, top, ring, sign.width() - air}, 0.94, brush, *figure.unitColour);
+}
+
 } // namespace
 
 void KyotoSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const
@@ -39,8 +52,11 @@ void KyotoSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCont
     kanji(canvas, ring, weekdaySign(reading.weekdayNumber), sign, style().ink, 0.3);
     box.cutRight(gutter);
     canvas.text(box.cutTop(headerLine), reading.dateLine(), style().header());
-    named(canvas, box.cutBottom(footerHeight(style())), reading.tag(), style().caption(), reading.meridiem,
-        style().caption().coloured(style().ink));
+    Box line = box.cutBottom(footerHeight(style()));
+    const TextStyle caption = style().caption();
+    if (const double width = canvas.text(line, reading.meridiem, caption.coloured(style().ink)); width > 0)
+        line.cutLeft(width + Bands::gap);
+    canvas.text(line, reading.tag(), caption);
     canvas.figure(box, reading.time(), {}, figure(style().clockCap).kerned());
 }
 
@@ -58,7 +74,7 @@ void KyotoSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
     canvas.text(box.cutBottom(line), reading.description, style().row());
     pictogram(canvas, box.cutRight(sign), reading.sky);
     box.cutRight(Bands::gap);
-    canvas.figure(box, reading.temperature, u"°"_s, figure(style().temperatureCap));
+    degrees(canvas, box, reading.temperature, figure(style().temperatureCap).kerned());
     const TextStyle caption = style().caption().aligned(Align::centre);
     dayColumns(days, reading, most, 2, [&](Box column, const WeatherReading::Day& day, qsizetype) {
         const TextStyle high = caption.coloured(style().ink);
@@ -67,6 +83,12 @@ void KyotoSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
         canvas.text(column.cutTop(line), day.initial, caption);
         pictogram(canvas, column.centred(smallSign, smallSign), day.sky);
     });
+}
+
+void KyotoSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
+{
+    const Box box = framed(canvas, face, style().caps(reading.day));
+    eventRows(canvas, *this, box, reading, twoLinePitch(style()));
 }
 
 void KyotoSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const
