@@ -55,7 +55,7 @@ QPainterPath boxPath(const Box& box)
 QPainterPath loopPath(const Box& box)
 {
     constexpr int pieces = 56;
-    constexpr double start = -0.36; // turns; at the upper left
+    constexpr double start = -0.24; // turns; a little left of the top
     constexpr double turns = 1.09;
     const double square = box.width() > 1.6 * box.height() ? 0.55 : 0.92; // long loops have full ends
     QPainterPath path;

@@ -47,7 +47,7 @@ Box ChalkSkin::plate(Canvas& canvas, const FaceContext& face) const
 
 void ChalkSkin::header(Canvas& canvas, Box& content, const FaceContext&, const QString& title) const
 {
-    canvas.text(content.cutTop(14), title, style().header().coloured(style().accentText()));
+    canvas.text(content.cutTop(14), title, heading(style()));
     content.cutTop(style().titleGap);
 }
 

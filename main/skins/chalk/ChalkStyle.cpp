@@ -16,18 +16,15 @@ const QColor warn(0xFF, 0x9C, 0x8A);
 
 constexpr double palest = 0.05; // where two wipes of the eraser lie over each other
 
-Typeface hand(int weight)
-{
-    return {.family = u"Chilanka"_s, .weight = weight, .capRatio = 0.66, .cell = 0.92};
-}
+const Typeface hand{.family = u"Chilanka"_s, .weight = 400, .capRatio = 0.66, .cell = 0.92};
 
 } // namespace
 
 SkinStyle makeStyle(const std::optional<QColor>& accent)
 {
     return {
-        .title = hand(700),
-        .body = hand(400),
+        .title = hand,
+        .body = hand,
         .number = {.family = u"CabinSketch"_s, .weight = 700, .capRatio = 0.7, .cell = 0.92},
         .ink = ink,
         .soft = soft,
@@ -40,19 +37,26 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
         .titleGap = 6,
         .warn = warn,
         .ground = over(faded(Qt::white, palest), board),
-        .titleSize = 15,
+        .titleSize = 15.5,
         .rowSize = 13,
         .captionSize = 12,
         .floor = 12,
         .rowPitch = 20,
         .dialCap = 18,
         .manner = StrokeManner::chalk,
-        .unitFace = hand(700),
+        .unitFace = hand,
         .accent2 = blue,
         .accent3 = pink,
         .rateCap = 28,
         .dial = {.width = 10},
     };
+}
+
+TextStyle heading(const SkinStyle& style)
+{
+    constexpr double aside = 0.45;
+    const QColor colour = style.accentText();
+    return style.header().coloured(colour).shadowed(colour, {aside, 0});
 }
 
 } // namespace ambrelle::chalk

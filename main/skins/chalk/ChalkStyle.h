@@ -30,5 +30,8 @@ inline constexpr double bold = 2.4;
 inline constexpr double railWidth = 4; ///< of the wood, points
 
 SkinStyle makeStyle(const std::optional<QColor>& accent);
+/// A heading, gone over once more with the stick. The typeface has no bold of its own, and one made by the computer is
+/// a whole pixel heavier whatever the scale.
+TextStyle heading(const SkinStyle& style);
 
 } // namespace ambrelle::chalk

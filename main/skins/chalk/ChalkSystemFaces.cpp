@@ -54,6 +54,7 @@ void ChalkSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCon
     constexpr double barHeight = 15;
     Box box = framed(canvas, face);
     hero(canvas, *this, box, reading.figure(), reading.high, cap);
+    box.cutTop(2);
     const Box bar = box.cutTop(barHeight).inset(1, 0);
     QList<double> shares;
     for (const Share& part : reading.parts)

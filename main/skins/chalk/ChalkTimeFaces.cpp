@@ -16,7 +16,7 @@ using namespace chalk;
 
 namespace {
 
-constexpr double dateSize = 16;
+constexpr double dateSize = 17;
 constexpr double waveHeight = 1.3;
 constexpr double waveLength = 11;
 
@@ -45,9 +45,9 @@ void ChalkSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCont
     constexpr double clockSize = 46;
     Box box = plate(canvas, face);
     const Box line = box.cutTop(14);
-    const TextStyle hand = style().header().sized(dateSize).coloured(style().accentText());
+    const TextStyle hand = heading(style()).sized(dateSize);
     const double width = canvas.text(line, reading.dateLine(), hand);
-    const double y = box.cutTop(7).center().y();
+    const double y = box.cutTop(8).center().y() + 0.6;
     canvas.stroke(wavyLine({line.left() + 1, y}, {line.left() + width, y}, waveHeight, waveLength),
         roundPen(style().accent, usual));
     if (const QString tag = reading.tag(); !tag.isEmpty() || !reading.meridiem.isEmpty())
