@@ -145,13 +145,14 @@ void ChalkSkin::history(Canvas& canvas, const Box& box, const History& history, 
 
 void ChalkSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
+    constexpr double clear = 2; // of the axis, so that nothing downwards and nothing upwards are two lines
     const Box graph = box.adjusted(0, 0, -8, 0);
     const MirroredLines lines = mirrored(graph.inset(2, 2), reading.downHistory, reading.upHistory, reading.peak);
     hatch(canvas, areaUnder(lines.upper, lines.middle), rising, 4.2, QPen(faded(style().down, 0.4), fine));
     hatch(canvas, areaUnder(lines.lower, lines.middle), -rising, 4.2, QPen(faded(style().up, 0.4), fine));
     canvas.stroke(arrowPath({box.left(), lines.middle}, {box.right(), lines.middle}), roundPen(style().soft, usual));
-    canvas.stroke(lines.upper, roundPen(style().down, 2));
-    canvas.stroke(lines.lower, roundPen(style().up, 2));
+    canvas.stroke(lines.upper.translated(0, -clear), roundPen(style().down, 2));
+    canvas.stroke(lines.lower.translated(0, clear), roundPen(style().up, 2));
 }
 
 void ChalkSkin::rate(Canvas& canvas, const Box& box, bool upwards, const Units::Pair& rate, double cap) const
