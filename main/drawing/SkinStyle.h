@@ -72,6 +72,8 @@ struct SkinStyle {
     {
         return uppercase ? label.toUpper() : lowercase ? label.toLower() : label;
     }
+    /// What we say besides labels: in a skin of small letters the words become small, units and initials do not.
+    QString words(const QString& sentence) const;
     /// The accent as a colour for text.
     QColor accentText() const;
 

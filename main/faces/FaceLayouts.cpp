@@ -22,7 +22,7 @@ void eventRows(Canvas& canvas, const FaceRenderer& skin, const Box& box, const E
         skin.eventMark(canvas, line, event.colour);
         const Box upper = line.cutTop(line.height() / 2 + 1);
         canvas.text(upper, event.title, style.row());
-        canvas.text(line, event.time, style.caption());
+        canvas.text(line, style.words(event.time), style.caption());
         skin.separator(canvas, row);
     });
 }

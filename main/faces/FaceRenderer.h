@@ -52,6 +52,8 @@ public:
     virtual double photoMat() const { return 6; }
     /// The round corner of a photo inside the mat.
     virtual double photoCorner() const { return std::max(0.0, m_style.corner - photoMat()); }
+    /// What lies over a photo: a pin, tape, a corner; nothing.
+    virtual void overPhoto(Canvas&, const FaceContext&) const { }
     /// Degrees by which the whole face is turned to the right about its middle, at most 2. It is then drawn three
     /// per cent smaller.
     virtual double tilt(const FaceContext&) const { return 0; }

@@ -53,19 +53,20 @@ void drawNotice(Canvas& canvas, const FaceRenderer& skin, const Notice& notice, 
         };
         controls(canvas, keys, false, idle, false);
     }
-    TextStyle text = sentenceStyle(style, notice.sentence, content.width());
-    const double lines = static_cast<double>(wrapped(notice.sentence, text, content.width()).size());
+    const QString sentence = style.words(notice.sentence);
+    TextStyle text = sentenceStyle(style, sentence, content.width());
+    const double lines = static_cast<double>(wrapped(sentence, text, content.width()).size());
     text.lineHeight = std::clamp(content.height() / (lines * text.size), 1.0, text.lineHeight);
     const double symbol = measure.symbol + measure.gap;
-    const double sentence = lines * text.size * text.lineHeight;
+    const double height = lines * text.size * text.lineHeight;
     // Where there is no room for both, the sentence says more.
-    const bool both = symbol + sentence <= content.height();
-    Box block = content.centred(content.width(), std::min(sentence + (both ? symbol : 0), content.height()));
+    const bool both = symbol + height <= content.height();
+    Box block = content.centred(content.width(), std::min(height + (both ? symbol : 0), content.height()));
     if (both) {
         canvas.symbol(block.cutTop(measure.symbol), notice.symbol, measure.symbol, style.soft);
         block.cutTop(measure.gap);
     }
-    canvas.paragraph(block, notice.sentence, text);
+    canvas.paragraph(block, sentence, text);
 }
 
 } // namespace ambrelle

@@ -99,8 +99,9 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
         }
         canvas.text(upper, reminder.title, text);
         const TextStyle caption = style.caption().coloured(due);
-        const bool whole = elided(reminder.due, caption, line.width()) == reminder.due;
-        canvas.text(line.cutTop(style.captionSize + 1), whole ? reminder.due : reminder.dueDay, caption);
+        const QString time = style.words(reminder.due);
+        const bool whole = elided(time, caption, line.width()) == time;
+        canvas.text(line.cutTop(style.captionSize + 1), whole ? time : style.words(reminder.dueDay), caption);
     });
 }
 
@@ -109,8 +110,8 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const CountdownReading
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face);
     canvas.figure(box.cutTop(Bands::hero), reading.days, {}, skin.figure(38));
-    canvas.text(box.cutTop(style.captionSize + 5), reading.unit, style.caption());
-    canvas.text(box.cutBottom(footerHeight(style)), reading.date, style.caption());
+    canvas.text(box.cutTop(style.captionSize + 5), style.words(reading.unit), style.caption());
+    canvas.text(box.cutBottom(footerHeight(style)), style.words(reading.date), style.caption());
     box.cutBottom(2);
     skin.level(canvas, box.cutBottom(4), reading.progress, style.accent);
     box.cutBottom(2);
@@ -127,17 +128,17 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const SkyReading& read
     moonOf(style).draw(canvas, upper.cutLeft(moon), reading.fraction);
     upper.cutLeft(10);
     const double name =
-        canvas.paragraph(upper.inset(0, 4), reading.phase, style.caption().coloured(style.ink).wrapped(2));
+        canvas.paragraph(upper.inset(0, 4), style.words(reading.phase), style.caption().coloured(style.ink).wrapped(2));
     upper.cutTop(name + 6);
-    canvas.paragraph(upper, reading.illumination, style.caption().wrapped(2));
+    canvas.paragraph(upper, style.words(reading.illumination), style.caption().wrapped(2));
     const TextStyle caption = style.caption();
     if (!sunKnown) {
-        canvas.paragraph(box, reading.next, caption.wrapped(2), Qt::AlignVCenter);
+        canvas.paragraph(box, style.words(reading.next), caption.wrapped(2), Qt::AlignVCenter);
         return;
     }
     box.cutTop(2);
     named(canvas, box.cutBottom(style.captionSize + 2), reading.sunrise, caption, reading.sunset, caption);
-    box.cutTop(canvas.paragraph(box, reading.next, caption.wrapped(2)) + 5);
+    box.cutTop(canvas.paragraph(box, style.words(reading.next), caption.wrapped(2)) + 5);
     box.cutBottom(3);
     if (box.height() < leastArc)
         return;
@@ -149,11 +150,11 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const ActivityReading&
 {
     const SkinStyle& style = skin.style();
     Box box = skin.framed(canvas, face);
-    canvas.text(box.cutTop(26), reading.active, style.header().sized(std::max(style.titleSize, 18.0)));
+    canvas.text(box.cutTop(26), style.words(reading.active), style.header().sized(std::max(style.titleSize, 18.0)));
     if (!reading.hint.isEmpty())
-        canvas.text(box.cutBottom(style.captionSize + 4), reading.hint, style.caption());
+        canvas.text(box.cutBottom(style.captionSize + 4), style.words(reading.hint), style.caption());
     else if (!reading.metres.isEmpty() || !reading.clicks.isEmpty())
-        twoCaptions(canvas, style, box, reading.metres, reading.clicks);
+        twoCaptions(canvas, style, box, reading.metres, style.words(reading.clicks));
     const TextStyle hours = style.caption().sized(std::max(9.0, style.floor - 1)).asAxis();
     Box axis = box.cutBottom(std::max(12.0, hours.size + 2));
     for (int mark = 0; mark < 4; ++mark)
@@ -228,6 +229,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
 void drawShared(Canvas& canvas, const FaceRenderer& skin, const PhotoReading& reading, const FaceContext& face)
 {
     picture(canvas, skin.photoPlate(canvas, face), reading.picture.image, skin.photoCorner(), reading.fills);
+    skin.overPhoto(canvas, face);
 }
 
 } // namespace ambrelle

@@ -158,4 +158,37 @@ TEST_F(FaceKitTest, AClockKeepsItsLeftEdgeAndClosesTheGapBeforeTheOne)
     EXPECT_NEAR(ink(u"08:11"_s, own).left(), ink(u"08:44"_s, own).left(), 0.01);
 }
 
+TEST_F(FaceKitTest, SmallLettersLeaveUnitsAndInitialsAsTheyAre)
+{
+    SkinStyle style = plainStyle;
+    const std::pair<QString, QString> sentences[] = {{u"412 GB free"_s, u"412 GB free"_s},
+        {u"First Quarter in 4 days"_s, u"first quarter in 4 days"_s},
+        {u"L 82 · R 85 · Case 60"_s, u"L 82 · R 85 · case 60"_s}, {QString(), QString()}};
+    for (const auto& [sentence, small] : sentences) {
+        style.lowercase = false;
+        EXPECT_EQ(style.words(sentence), sentence);
+        style.lowercase = true;
+        EXPECT_EQ(style.words(sentence), small);
+    }
+}
+
+TEST_F(FaceKitTest, WhatLiesOverAPhotoIsDrawnOverIt)
+{
+    struct Pinned final : FaceRenderer {
+        using FaceRenderer::FaceRenderer;
+        Box plate(Canvas& canvas, const FaceContext& face) const override
+        {
+            canvas.fill(face.bounds, Qt::white);
+            return face.bounds;
+        }
+        void overPhoto(Canvas& canvas, const FaceContext&) const override { canvas.disc({85, 85}, 10, Qt::red); }
+    };
+    QImage blue(40, 40, QImage::Format_RGB32);
+    blue.fill(Qt::blue);
+    const FaceContext face{.kind = WidgetKind::photo, .bounds = Box(0, 0, 170, 170)};
+    Pinned(plainStyle, DialFlavor::ring).drawAny(canvas, PhotoReading{.picture = {blue}}, face);
+    EXPECT_EQ(image.pixelColor(85, 85), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(40, 40), QColor(Qt::blue));
+}
+
 } // namespace ambrelle
