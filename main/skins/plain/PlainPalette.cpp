@@ -10,22 +10,6 @@ namespace ambrelle {
 namespace {
 
 constexpr std::array palettes{
-    PlainPalette{.skin = Skin::bauhaus,
-        .title = {.family = "League Spartan", .weight = 700, .capRatio = 0.69},
-        .body = {.family = "League Spartan", .weight = 500, .capRatio = 0.69},
-        .number = {.family = "League Spartan", .weight = 800, .capRatio = 0.69},
-        .cell = 0.94,
-        .plate = 0xF3E9D2,
-        .ink = 0x141414,
-        .soft = 0x544E3C,
-        .faint = 0xD8CBAA,
-        .accent = 0xC8221A,
-        .accent2 = 0x1F4E9C,
-        .accent3 = 0xF2B61B,
-        .up = 0x1F4E9C,
-        .down = 0xC8221A,
-        .warn = 0xC8221A,
-        .measures = {.corner = 0, .inset = 14, .titleGap = 8, .titleSize = 12, .floor = 11}},
     PlainPalette{.skin = Skin::grove,
         .title = {.family = "GFS Didot", .weight = 400, .italic = true, .capRatio = 0.7},
         .body = {.family = "GFS Didot", .weight = 400, .capRatio = 0.7},
