@@ -3,6 +3,7 @@
 #include "skins/bauhaus/BauhausSkin.h"
 
 #include "drawing/Arc.h"
+#include "drawing/Colours.h"
 #include "drawing/Fraction.h"
 #include "drawing/Pens.h"
 #include "drawing/PictureTreatment.h"
@@ -24,6 +25,7 @@ using namespace bauhaus;
 namespace {
 
 constexpr double gutter = 14; // between the bar and the content
+constexpr double wideLift = 5; // by which a last line that reaches the right edge stands higher
 
 double cornerOf(const FaceContext& face)
 {
@@ -36,6 +38,12 @@ bool endsShort(WidgetKind kind)
     constexpr std::array kinds{WidgetKind::cpu, WidgetKind::disk, WidgetKind::battery, WidgetKind::downloads,
         WidgetKind::focus, WidgetKind::countdown};
     return std::ranges::find(kinds, kind) != kinds.end();
+}
+
+/// Kinds whose last line is text up to the right edge.
+bool endsWide(WidgetKind kind)
+{
+    return kind == WidgetKind::memory || kind == WidgetKind::sky || kind == WidgetKind::activity;
 }
 
 Box between(const FaceContext& face, double inset)
@@ -79,6 +87,7 @@ Box BauhausSkin::room(Canvas& canvas, const FaceContext& face) const
         layer.fill(Box(face.bounds).cutLeft(bar), barColour(face.kind));
         if (face.kind != WidgetKind::clock)
             shapes(layer, face);
+        layer.frame(face.bounds, flatPen(faded(ink, 0.18), 1)); // where the desktop behind has the same colour
     });
     return between(face, style().inset);
 }
@@ -89,7 +98,7 @@ Box BauhausSkin::plate(Canvas& canvas, const FaceContext& face) const
     if (face.medium())
         content.setRight(face.bounds.right() - cornerMedium - clearance);
     else if (!endsShort(face.kind))
-        content.setBottom(face.bounds.bottom() - cornerSmall);
+        content.setBottom(face.bounds.bottom() - cornerSmall - (endsWide(face.kind) ? wideLift : 0));
     return content;
 }
 

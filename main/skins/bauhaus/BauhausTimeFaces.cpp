@@ -50,7 +50,8 @@ void BauhausSkin::draw(Canvas& canvas, const WeatherReading& reading, const Face
     texts.setRight(face.bounds.right() - cornerMedium - clearance);
     canvas.text(texts.cutTop(rowHeight(style())), style().words(reading.description), style().row());
     canvas.text(texts, reading.range(), style().caption());
-    const Box days = box.cutRight(most * dayWidth);
+    Box days = box.cutRight(most * dayWidth);
+    days.cutBottom(4);
     box.cutRight(gap);
     pictogram(canvas, box.cutRight(picture), reading.sky);
     box.cutRight(Bands::gap);
