@@ -26,7 +26,7 @@ QPainterPath tornPath(const Box& box, double corner, SeededRandom& random)
     path.quadTo(box.topRight(), {box.right(), box.top() + corner});
     for (int index = segments; index >= 0; --index) {
         const double x = box.left() + box.width() * index / segments;
-        path.lineTo(x, box.bottom() + random.in(-jitter, jitter));
+        path.lineTo(x, box.bottom() - jitter + random.in(-jitter, jitter));
     }
     path.closeSubpath();
     return path;
@@ -50,13 +50,14 @@ void flecks(Canvas& canvas, const Box& box, SeededRandom& random)
 
 void clipping(Canvas& canvas, const Box& box, const SkinStyle& style, std::uint64_t seed)
 {
-    constexpr double edge = 0.16; // opacity; paper lies on paper
+    constexpr double edge = 0.2; // opacity; paper lies on paper
+    constexpr double edgeWidth = 0.8;
     SeededRandom random{seed};
-    const QPainterPath torn = tornPath(box, style.corner, random);
+    const QPainterPath torn = tornPath(box.inset(edgeWidth / 2), style.corner, random);
     dropShadow(canvas, torn, Qt::black, 0.03, 4, 1.5);
     canvas.fill(torn, sheet);
     flecks(canvas, box.inset(1), random);
-    canvas.stroke(torn, QPen(faded(style.ink, edge), Rules::light));
+    canvas.stroke(torn, QPen(faded(style.ink, edge), edgeWidth));
 }
 
 void rule(Canvas& canvas, const Box& box, const QColor& colour, double thickness)
@@ -94,7 +95,15 @@ void headerNote(Canvas& canvas, const SkinStyle& style, const Box& face, const Q
     canvas.text(face.inset(style.inset).cutTop(line), text, style.caption().aligned(Align::right));
 }
 
-QPainterPath diamondPath(QPointF centre, double size)
+void mark(Canvas& canvas, const SkinStyle& style, const QPainterPath& shape, const QColor& colour)
+{
+    constexpr double least = 3; // contrast
+    canvas.fill(shape, colour);
+    if (contrast(colour, style.ground) < least)
+        canvas.stroke(shape, QPen(faded(style.ink, 0.35), 1));
+}
+
+QPainterPath diamond(QPointF centre, double size)
 {
     const double half = size / 2;
     QPainterPath path(centre + QPointF(0, -half));
@@ -103,11 +112,6 @@ QPainterPath diamondPath(QPointF centre, double size)
     path.lineTo(centre + QPointF(-half, 0));
     path.closeSubpath();
     return path;
-}
-
-void diamond(Canvas& canvas, QPointF centre, double size, const QColor& colour)
-{
-    canvas.fill(diamondPath(centre, size), colour);
 }
 
 void partInk(Canvas& canvas, const SkinStyle& style, const Box& box, qsizetype index)
@@ -124,7 +128,7 @@ void engravedSky(Canvas& canvas, const Box& box, Sky sky, const QColor& ink)
 {
     constexpr double units = 48;
     constexpr double large = 30; // from here on there is room for finer work
-    constexpr double shade = 0.14; // of the width lies in shadow
+    constexpr double shade = 0.17; // of a shape's width lies in shadow
     const Box square = box.square();
     const bool fine = square.width() >= large;
     drawPictogram(canvas, square, sky,
@@ -134,7 +138,7 @@ void engravedSky(Canvas& canvas, const Box& box, Sky sky, const QColor& ink)
     const Pictogram& picture = Pictogram::of(sky);
     for (const QPainterPath* shape : {&picture.disc, &picture.cloud}) {
         const QPainterPath whole = place.map(*shape);
-        const double shift = square.width() * shade;
+        const double shift = whole.boundingRect().width() * shade;
         hatch(canvas, whole.subtracted(whole.translated(-shift, -shift)), 45, fine ? 1.9 : 1.6,
             QPen(ink, fine ? 0.55 : 0.45));
     }

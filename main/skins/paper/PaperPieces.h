@@ -22,8 +22,9 @@ Box footLine(Canvas& canvas, const SkinStyle& style, Box& content);
 /// What stands at the right end of the header line, small.
 void headerNote(Canvas& canvas, const SkinStyle& style, const Box& face, const QString& text);
 
-void diamond(Canvas& canvas, QPointF centre, double size, const QColor& colour);
-QPainterPath diamondPath(QPointF centre, double size);
+/// A mark in the colour of the accent or of a warning, with an edge of ink where it is too pale for the paper.
+void mark(Canvas& canvas, const SkinStyle& style, const QPainterPath& shape, const QColor& colour);
+QPainterPath diamond(QPointF centre, double size);
 
 /// Ink for part `index` of a whole: solid, hatched, in colour.
 void partInk(Canvas& canvas, const SkinStyle& style, const Box& box, qsizetype index);

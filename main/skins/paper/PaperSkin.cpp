@@ -2,6 +2,7 @@
 
 #include "skins/paper/PaperSkin.h"
 
+#include "drawing/Arc.h"
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
@@ -89,19 +90,19 @@ void PaperSkin::level(Canvas& canvas, const Box& box, double fraction, const QCo
 {
     constexpr double large = 7;
     constexpr double small = 5;
-    const double mark = box.height() < large ? small : large;
-    const double room = box.width() - mark;
-    const QPointF reached(box.left() + mark / 2 + room * bounded(fraction), box.center().y());
+    const double size = box.height() < large ? small : large;
+    const double room = box.width() - size;
+    const QPointF reached(box.left() + size / 2 + room * bounded(fraction), box.center().y());
     canvas.rule(box, style().soft, Rules::light);
     canvas.rule(Box(box).cutLeft(reached.x() - box.left()), style().ink, Rules::heavy);
-    diamond(canvas, reached, mark, colour);
+    mark(canvas, style(), diamond(reached, size), colour);
 }
 
 /// A chart of the exchange: price lines, the course, and at its end the last price.
 void PaperSkin::history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const
 {
     constexpr int prices = 5;
-    constexpr double tagWidth = 24;
+    constexpr double tagWidth = 22;
     constexpr double tagHeight = 12;
     Box chart = box;
     const Box margin = chart.cutRight(tagWidth);
@@ -115,7 +116,7 @@ void PaperSkin::history(Canvas& canvas, const Box& box, const History& history, 
     canvas.fill(Box(chart.x(), chart.bottom() - Rules::light, chart.width(), Rules::light), style().ink);
     graphLine(canvas, course, style().ink, graphWidth);
     const QPointF last = course.currentPosition();
-    canvas.disc(last, lastPoint, colour);
+    mark(canvas, style(), arc(squareAbout(last, lastPoint), 0, 1), colour);
     const double y = std::clamp(last.y() - tagHeight / 2, box.top() - 2, box.bottom() - tagHeight + 2);
     const QColor text = legible(colour, style().ink, canvas.ground());
     const QString price = QString::number(std::lround(100 * bounded(history.isEmpty() ? 0 : history.last())));
@@ -165,14 +166,14 @@ void PaperSkin::charge(Canvas& canvas, const Box& box, const BatteryReading& rea
     for (int index = 0; index < rungs; ++index) {
         const double middle = ladder.left() + thick / 2 + (ladder.width() - thick) * index / (rungs - 1);
         const bool full = index < lit;
-        const bool current = index == lit - 1;
         const bool longer = index == 0 || (index + 1) % every == 0;
         const double top = ladder.top() + (longer ? 0 : shorter);
         const double width = full ? thick : thin;
-        canvas.fill(Box(middle - width / 2, top, width, ladder.bottom() - top),
-            current    ? valueColour(reading.low)
-                : full ? style().ink
-                       : style().soft);
+        const Box rung(middle - width / 2, top, width, ladder.bottom() - top);
+        if (index == lit - 1)
+            mark(canvas, style(), roundedPath(rung, 0), valueColour(reading.low));
+        else
+            canvas.fill(rung, full ? style().ink : style().soft);
     }
 }
 
@@ -186,7 +187,11 @@ void PaperSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
 
 TextStyle PaperSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
-    return filledDay(canvas, cell, day.faced(style().title), style().accent, 0);
+    constexpr double largest = 20;
+    const double size = std::min({cell.width(), cell.height() + 2, largest});
+    mark(canvas, style(), roundedPath(cell.centred(size, size), 0), style().accent);
+    canvas.setGround(style().accent);
+    return day.faced(style().title).coloured(inkOn(style().accent));
 }
 
 void PaperSkin::rowMark(Canvas& canvas, Box& line, qsizetype index) const
@@ -197,7 +202,7 @@ void PaperSkin::rowMark(Canvas& canvas, Box& line, qsizetype index) const
 
 void PaperSkin::separator(Canvas& canvas, const Box& row) const
 {
-    constexpr double below = 2; // as far from the next row's capitals
+    constexpr double below = 3; // as far from the next row's capitals
     rule(canvas, Box(row).moved(0, below).cutBottom(1), style().ink, Rules::hair);
 }
 
@@ -228,15 +233,19 @@ void PaperSkin::sessionDot(Canvas& canvas, const Box& box, bool lit) const
 {
     constexpr double size = 8;
     if (lit)
-        diamond(canvas, box.center(), size, style().accent);
+        mark(canvas, style(), diamond(box.center(), size), style().accent);
     else
-        canvas.stroke(diamondPath(box.center(), size - 1), flatPen(style().soft, 0.8));
+        canvas.stroke(diamond(box.center(), size - 1), flatPen(style().soft, 0.8));
 }
 
 void PaperSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool now) const
 {
     const double height = std::max(now ? 1.5 : 0.0, column.height() * fraction);
-    canvas.fill(Box(column).cutBottom(height), now ? style().accent : style().ink);
+    const Box bar = Box(column).cutBottom(height);
+    if (now)
+        mark(canvas, style(), roundedPath(bar, 0), style().accent);
+    else
+        canvas.fill(bar, style().ink);
 }
 
 void PaperSkin::cover(Canvas& canvas, const Box& box, const Picture& artwork) const

@@ -49,7 +49,7 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
         .rowPitch = 20,
         .lineHeight = 1.2,
         .dialCap = 20,
-        .rowGap = 10,
+        .rowGap = 11,
         .accent2 = blueBlack,
         .accent3 = ochre,
         .clockCap = 64,

@@ -45,11 +45,11 @@ void PaperSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCon
 void PaperSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const
 {
     constexpr double cap = 26;
-    constexpr double mark = 14;
+    constexpr double markWidth = 14;
     Box box = framed(canvas, face, reading.name);
     Box line = footLine(canvas, style(), box);
     if (reading.high)
-        warning(canvas, line.cutRight(mark));
+        warning(canvas, line.cutRight(markWidth));
     canvas.text(line, reading.freeText(), style().caption());
     const Box inside = progressDial(canvas, box, reading.fraction, valueColour(reading.high));
     const Units::Pair value = reading.figure();
