@@ -188,7 +188,7 @@ void PaperSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
 TextStyle PaperSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
     constexpr double largest = 20;
-    const double size = std::min({cell.width(), cell.height() + 2, largest});
+    const double size = std::min({cell.width(), cell.height(), largest});
     mark(canvas, style(), roundedPath(cell.centred(size, size), 0), style().accent);
     canvas.setGround(style().accent);
     return day.faced(style().title).coloured(inkOn(style().accent));

@@ -47,6 +47,7 @@ public:
     void draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
 

@@ -7,6 +7,8 @@
 #include "skins/paper/PaperSkin.h"
 #include "skins/paper/PaperStyle.h"
 
+#include <algorithm>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -75,6 +77,23 @@ void PaperSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCo
     canvas.text(line, reading.state, italic(style(), style().rowSize));
     hero(canvas, *this, box, reading.figure(), reading.low);
     charge(canvas, box, reading);
+}
+
+/// Both rates at the size that fits the longer one, since they matter alike.
+void PaperSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const
+{
+    constexpr double gutter = 10;
+    constexpr double arrow = 22; // with the gap to its figure
+    Box box = framed(canvas, face);
+    const Box line = box.cutTop(style().rateCap + 2);
+    double cap = style().rateCap;
+    const double room = line.column(0, 2, 2 * gutter).width() - arrow;
+    for (const Units::Pair& rate : {reading.down, reading.up})
+        cap = std::min(cap, figurePath(rate.value, rate.unit, figure(style().rateCap), room).cap);
+    rate(canvas, line.column(0, 2, 2 * gutter), false, reading.down, cap);
+    rate(canvas, line.column(1, 2, 2 * gutter), true, reading.up, cap);
+    box.cutTop(Bands::gap);
+    traffic(canvas, box, reading);
 }
 
 void PaperSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const
