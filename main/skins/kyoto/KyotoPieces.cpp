@@ -133,8 +133,9 @@ void seal(Canvas& canvas, const Box& box, const QColor& red)
 
 void enso(Canvas& canvas, const Box& circle, double fraction, double width, const QColor& ink)
 {
-    constexpr double touch = 0.008; // where nothing is, the brush has but touched the paper
-    const double whole = std::max(touch, bounded(fraction));
+    const double whole = bounded(fraction);
+    if (whole <= 0)
+        return;
     const double middle = (circle.square().width() - width) / 2;
     const int hairs = std::max(3, static_cast<int>(std::lround(width / hairPitch)));
     const double drying =

@@ -95,12 +95,14 @@ Box KyotoSkin::plate(Canvas& canvas, const FaceContext& face) const
 {
     constexpr double apart = 3; // between the seal and the edges of the sheet
     constexpr double air = 3; // above it
+    constexpr double raised = 2; // at the head, off the line below
     Box content = face.bounds.inset(style().inset);
     Box stamp(face.bounds.right() - silkWidth - apart - sealSide, face.bounds.bottom() - rodWidth - apart - sealSide,
         sealSide, sealSide);
     const SealPlace place = sealPlace(face.kind);
     if (place == SealPlace::head)
-        stamp = Box(content.right() - sealSide, content.top() + (headerLine - sealSide) / 2, sealSide, sealSide);
+        stamp =
+            Box(content.right() - sealSide, content.top() + (headerLine - sealSide) / 2 - raised, sealSide, sealSide);
     canvas.still(u"plate"_s, face.bounds.inset(-overhang), [&](Canvas& layer) {
         scroll(layer, face.bounds, static_cast<std::uint64_t>(face.kind) + 1);
         if (place != SealPlace::none)
@@ -238,7 +240,7 @@ void KyotoSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
     const double radius = std::max(2.2, 0.085 * size);
     const QPointF above(square.right() - radius / 2, square.top() + radius / 2);
     if (sign.sun)
-        canvas.disc(above, radius, style().accent);
+        canvas.disc(above, radius, vermilion);
     if (sign.moon)
         canvas.fill(ellipse(above, radius).subtracted(ellipse(above + QPointF(0.5, -0.4) * radius, 0.85 * radius)),
             style().accent2);

@@ -12,6 +12,7 @@ inline const QColor sheetColour(0xF6, 0xF1, 0xE4);
 inline const QColor mountColour(0xFC, 0xF9, 0xF1); ///< the whiter sheet that pictures are pasted on
 inline const QColor silkColour(0xC9, 0xB7, 0x8F);
 inline const QColor rodColour(0x3A, 0x2C, 0x22);
+inline const QColor vermilion(0xB3, 0x26, 0x1E); ///< the accent, and the sun whatever the accent
 
 inline constexpr double rodWidth = 5;
 inline constexpr double silkWidth = 3;

@@ -34,7 +34,7 @@ void KyotoSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceCo
     constexpr double sign = 24;
     Box box = plate(canvas, face);
     const Box grove = box.cutRight(stalk);
-    charge(canvas, grove.adjusted(0, -1, 0, -1), reading);
+    charge(canvas, grove.adjusted(0, 0, 0, -6), reading);
     box.cutRight(between);
     header(canvas, box, face, headerTitle(style(), face.kind));
     hero(canvas, *this, box, reading.figure(), false, cap);
