@@ -37,7 +37,7 @@ void rodAcross(Canvas& canvas, const Box& place)
     canvas.fill(place, wood);
 }
 
-void fibres(QPainter& painter, const Box& sheet, std::uint64_t seed)
+void layFibres(QPainter& painter, const Box& sheet, std::uint64_t seed)
 {
     constexpr int count = 80;
     const QColor pale = faded(Qt::white, 0.6);
@@ -55,6 +55,36 @@ void fibres(QPainter& painter, const Box& sheet, std::uint64_t seed)
         fibre.quadTo(from + way / 2 + aside, from + way);
         painter.strokePath(fibre, QPen(index % 3 == 0 ? straw : pale, random.in(0.35, 0.7)));
     }
+}
+
+/// The way of one hair of the brush round the circle, in turns from where the stroke begins.
+struct Hair {
+    double from = 0;
+    double wet = 0; ///< up to here it is full of ink
+    double lifted = 0; ///< where it leaves the paper
+    double back = 0; ///< where it comes down again, its ink spent
+    double end = 0;
+    double opacity = 1;
+    double breadth = hairPitch; ///< points
+};
+
+/// `aside` is its place in the brush, from -1 at the inner edge to 1 at the outer one.
+Hair hairOf(double aside, double whole, double width, SeededRandom& random)
+{
+    constexpr double dry = 0.35; // of the hairs leave the paper on their way
+    const double drying = std::min({0.16, 0.3 * whole, 0.025 * width}); // turns in which all of them run out
+    Hair hair;
+    hair.from = (0.02 * aside * aside + random.in(0, 0.008)) * std::min(1.0, 4 * whole);
+    const double spent = random.in(0, 1);
+    hair.end = whole - spent * random.in(0.1, 1) * drying * (0.25 + 0.75 * std::abs(aside + 0.2));
+    const double ink = random.in(0, 1);
+    const double gap = whole * random.in(0.45, 0.8);
+    hair.lifted = ink < dry ? gap : hair.end;
+    hair.back = ink < dry ? gap + 0.1 * whole * ink / dry : hair.end;
+    hair.opacity = random.in(0.55, 0.95);
+    hair.breadth = hairPitch * random.in(0.9, 2);
+    hair.wet = whole * random.in(0.3, 0.55);
+    return hair;
 }
 
 /// One leaf of bamboo from its root, a press and a lift of the brush.
@@ -109,7 +139,7 @@ void scroll(Canvas& canvas, const Box& face, std::uint64_t seed)
     constexpr double shadow = 4; // below the upper rod
     dropShadow(canvas, face, 0, Qt::black, 0.03, 6, 2);
     canvas.fill(face, sheetColour);
-    canvas.paint([&](QPainter& painter) { fibres(painter, face, seed); });
+    canvas.paint([&](QPainter& painter) { layFibres(painter, face, seed); });
     Box sheet = face;
     for (const Box& border : {sheet.cutLeft(silkWidth), sheet.cutRight(silkWidth)})
         canvas.fill(border, silkColour);
@@ -138,30 +168,20 @@ void enso(Canvas& canvas, const Box& circle, double fraction, double width, cons
         return;
     const double middle = (circle.square().width() - width) / 2;
     const int hairs = std::max(3, static_cast<int>(std::lround(width / hairPitch)));
-    const double drying =
-        std::min({0.16, 0.3 * whole, 0.025 * width}); // turns before its end where hairs begin to leave it
     canvas.paint([&](QPainter& painter) {
         SeededRandom random{31};
         painter.setBrush(Qt::NoBrush);
-        for (int hair = 0; hair < hairs; ++hair) {
-            const double aside = 2.0 * hair / (hairs - 1) - 1; // -1 inside, 1 outside
-            const double radius = middle + aside * (width - hairPitch) / 2;
-            const double late = (0.02 * aside * aside + random.in(0, 0.008)) * std::min(1.0, 4 * whole);
-            const double early = random.in(0, 1) * random.in(0.1, 1) * drying * (0.25 + 0.75 * std::abs(aside + 0.2));
-            const double bare = random.in(0, 1);
-            const double gap = whole * random.in(0.45, 0.8);
-            const Box ring = squareAbout(circle.center(), radius);
+        for (int index = 0; index < hairs; ++index) {
+            const double aside = 2.0 * index / (hairs - 1) - 1;
+            const Hair hair = hairOf(aside, whole, width, random);
+            const Box ring = squareAbout(circle.center(), middle + aside * (width - hairPitch) / 2);
             const auto draw = [&](double from, double to, double opacity, double breadth) {
                 if (to > from)
                     painter.strokePath(arc(ring, ensoStart + from, to - from), roundPen(faded(ink, opacity), breadth));
             };
-            const double end = whole - early;
-            const double opacity = random.in(0.55, 0.95);
-            const double breadth = hairPitch * random.in(0.9, 2);
-            draw(late, bare < 0.35 ? gap : end, opacity, breadth);
-            if (bare < 0.35)
-                draw(gap + 0.1 * whole * bare / 0.35, end, opacity * 0.8, breadth * 0.8);
-            draw(late, whole * random.in(0.3, 0.55), 0.5, breadth);
+            draw(hair.from, hair.lifted, hair.opacity, hair.breadth);
+            draw(hair.back, hair.end, 0.8 * hair.opacity, 0.8 * hair.breadth);
+            draw(hair.from, hair.wet, 0.5, hair.breadth);
         }
     });
 }
@@ -169,6 +189,11 @@ void enso(Canvas& canvas, const Box& circle, double fraction, double width, cons
 Box insideEnso(const Box& circle, double width)
 {
     return circle.square().inset(width + 1);
+}
+
+QPainterPath circle(QPointF centre, double radius)
+{
+    return arc(squareAbout(centre, radius), 0, 1);
 }
 
 QPainterPath brushLine(const QPolygonF& line, double thin, double broad)

@@ -22,6 +22,7 @@ void enso(Canvas& canvas, const Box& circle, double fraction, double width, cons
 /// Its inner edge.
 Box insideEnso(const Box& circle, double width);
 
+QPainterPath circle(QPointF centre, double radius);
 /// A line through close points: thin where it is level, broad where it is steep.
 QPainterPath brushLine(const QPolygonF& points, double thin, double broad);
 /// A stroke across the box from edge to edge, its ends frayed.

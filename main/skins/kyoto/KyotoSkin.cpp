@@ -72,13 +72,6 @@ SkySign signOf(Sky sky)
     return {.sign = u"一"_s};
 }
 
-QPainterPath ellipse(QPointF centre, double radius)
-{
-    QPainterPath path;
-    path.addEllipse(centre, radius, radius);
-    return path;
-}
-
 } // namespace
 
 KyotoSkin::KyotoSkin(const std::optional<QColor>& accent)
@@ -237,82 +230,18 @@ void KyotoSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
     const double size = square.width();
     const SkySign sign = signOf(sky);
     kanji(canvas, square, sign.sign, size, faded(style().ink, sign.ink), size < large ? 0.4 : 0.3);
-    const double radius = std::max(2.2, 0.085 * size);
+    const double radius = std::max(sign.moon ? 2.9 : 2.2, 0.085 * size);
     const QPointF above(square.right() - radius / 2, square.top() + radius / 2);
     if (sign.sun)
         canvas.disc(above, radius, vermilion);
     if (sign.moon)
-        canvas.fill(ellipse(above, radius).subtracted(ellipse(above + QPointF(0.5, -0.4) * radius, 0.85 * radius)),
+        canvas.fill(circle(above, radius).subtracted(circle(above + QPointF(0.5, -0.4) * radius, 0.85 * radius)),
             style().accent2);
 }
 
 TextStyle KyotoSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
     return filledDay(canvas, cell, day, style().accent, sealCorner);
-}
-
-void KyotoSkin::rowMark(Canvas& canvas, Box& line, qsizetype index) const
-{
-    constexpr double size = 15;
-    static const QString numerals = u"一二三四五六七八"_s;
-    kanji(canvas, line.cutLeft(size), numerals.mid(index % numerals.size(), 1), size, style().ink, 0.45);
-    line.cutLeft(5);
-}
-
-void KyotoSkin::rowLevel(Canvas& canvas, Box& row, double fraction, qsizetype) const
-{
-    constexpr double numeral = 20; // the room of the row's mark
-    constexpr double brush = 1.4;
-    Box track = row.cutBottom(3);
-    track.cutLeft(numeral);
-    const double y = track.center().y();
-    if (bounded(fraction) > 0)
-        canvas.line(
-            {track.left(), y}, {track.left() + track.width() * bounded(fraction), y}, roundPen(thinned(), brush));
-}
-
-void KyotoSkin::eventMark(Canvas& canvas, Box& line, const QColor& colour) const
-{
-    const Box bar = line.cutLeft(3).inset(0, 3);
-    canvas.line({bar.center().x(), bar.top()}, {bar.center().x(), bar.bottom()}, roundPen(colour, 3));
-    line.cutLeft(9);
-}
-
-void KyotoSkin::checkMark(Canvas& canvas, const Box& box, bool done) const
-{
-    constexpr double side = 13;
-    const Box square = box.centred(side, side);
-    if (!done) {
-        enso(canvas, square, 0.93, 1.6, style().ink);
-        return;
-    }
-    canvas.fill(square, style().accent, sealCorner);
-    QPainterPath tick(square.center() + QPointF(-3.6, 0.2));
-    tick.lineTo(square.center() + QPointF(-1, 3));
-    tick.lineTo(square.center() + QPointF(3.8, -3.4));
-    canvas.paint([&](QPainter& painter) { painter.strokePath(tick, roundPen(inkOn(style().accent), 1.6)); });
-}
-
-TextStyle KyotoSkin::doneRow() const
-{
-    return style().row().coloured(style().soft).struckThrough();
-}
-
-void KyotoSkin::sessionDot(Canvas& canvas, const Box& box, bool lit) const
-{
-    if (lit)
-        canvas.disc(box.center(), 3.2, style().accent);
-    else
-        canvas.paint(
-            [&](QPainter& painter) { painter.strokePath(ellipse(box.center(), 2.8), QPen(style().soft, 0.9)); });
-}
-
-void KyotoSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool now) const
-{
-    const double width = 0.72 * column.width();
-    const double height = std::max(width / 2, column.height() * fraction);
-    const double x = column.center().x();
-    canvas.fill(dab({x - width / 2, column.bottom() - height, width, height}), now ? style().accent : style().ink);
 }
 
 void KyotoSkin::cover(Canvas& canvas, const Box& box, const Picture& picture) const

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QColor black(0x1E, 0x1B, 0x18);
+const QColor sumiBlack(0x1E, 0x1B, 0x18);
 const QColor thinnedBlack(0x5C, 0x55, 0x4B);
 const QColor straw(0xD5, 0xCA, 0xB5);
 const QColor indigo(0x3A, 0x56, 0x6F);
@@ -26,7 +26,7 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
         .title = mincho,
         .body = mincho,
         .number = figures,
-        .ink = black,
+        .ink = sumiBlack,
         .soft = thinnedBlack,
         .faint = straw,
         .accent = accent.value_or(vermilion),
