@@ -64,6 +64,7 @@ struct SkinStyle {
     double temperatureCap = 46;
     double rateCap = 24;
     DialMeasures dial{};
+    double ruling = 0; ///< pitch of the rules that quotes are written on, points; 0: paper without rules
 
     bool operator==(const SkinStyle&) const = default;
 

@@ -4,6 +4,7 @@
 
 #include "faces/NoticeFace.h"
 #include "faces/SharedFaces.h"
+#include "faces/TiltedFace.h"
 #include "foundation/Wording.h"
 
 namespace ambrelle {
@@ -72,11 +73,10 @@ void FaceRenderer::drawAny(Canvas& canvas, const Reading& reading, const FaceCon
         drawUpright(canvas, reading, face);
         return;
     }
-    constexpr double shrunk = 0.97; // so that the corners stay where a shadow may fall
     const QPointF middle = face.bounds.center();
     QTransform turned = QTransform::fromTranslate(middle.x(), middle.y());
     turned.rotate(degrees);
-    turned.scale(shrunk, shrunk);
+    turned.scale(tiltedSize, tiltedSize);
     turned.translate(-middle.x(), -middle.y());
     canvas.mapped(turned, [&] { drawUpright(canvas, reading, face); });
 }

@@ -4,6 +4,7 @@
 
 #include "drawing/Colours.h"
 #include "faces/FaceKit.h"
+#include "faces/TiltedFace.h"
 
 #include <algorithm>
 
@@ -30,12 +31,12 @@ Measures measures(Finish finish)
 }
 
 /// The sentence at the size of rows, or at the floor where it would take more than five lines.
-TextStyle sentenceStyle(const SkinStyle& style, const QString& sentence, double width)
+TextStyle sentenceStyle(const SkinStyle& style, const QString& sentence, double width, double floor)
 {
-    TextStyle text = style.caption().sized(std::max(style.floor, 11.5)).aligned(Align::centre).wrapped(5);
+    TextStyle text = style.caption().sized(std::max(floor, 11.5)).aligned(Align::centre).wrapped(5);
     const QStringList lines = wrapped(sentence, text, width);
     if (!lines.isEmpty() && lines.last().endsWith(u'…') && !sentence.endsWith(u'…'))
-        text = text.sized(style.floor).wrapped(mostLines);
+        text = text.sized(floor).wrapped(mostLines);
     return text;
 }
 
@@ -54,7 +55,7 @@ void drawNotice(Canvas& canvas, const FaceRenderer& skin, const Notice& notice, 
         controls(canvas, keys, false, idle, false);
     }
     const QString sentence = style.words(notice.sentence);
-    TextStyle text = sentenceStyle(style, sentence, content.width());
+    TextStyle text = sentenceStyle(style, sentence, content.width(), textFloor(skin, face));
     const double lines = static_cast<double>(wrapped(sentence, text, content.width()).size());
     text.lineHeight = std::clamp(content.height() / (lines * text.size), 1.0, text.lineHeight);
     const double symbol = measure.symbol + measure.gap;

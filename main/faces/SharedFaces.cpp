@@ -6,6 +6,7 @@
 #include "drawing/Fraction.h"
 #include "faces/FaceKit.h"
 #include "faces/MoonDisc.h"
+#include "faces/TiltedFace.h"
 
 #include <algorithm>
 #include <cmath>
@@ -168,25 +169,36 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const ActivityReading&
 void drawShared(Canvas& canvas, const FaceRenderer& skin, const QuoteReading& reading, const FaceContext& face)
 {
     const SkinStyle& style = skin.style();
+    const bool ruled = style.ruling > 0;
+    const double floor = textFloor(skin, face);
     Box box = skin.framed(canvas, face);
     if (reading.word) {
-        canvas.text(box.cutTop(30), reading.source, style.header().sized(std::max(style.titleSize, 24.0)));
-        canvas.text(box.cutTop(style.captionSize + 6), reading.note, style.caption());
-        box.cutTop(4);
+        if (ruled)
+            box.cutTop(style.ruling); // over the word, which is taller than a line
+        canvas.text(box.cutTop(ruled ? style.ruling : 30), reading.source,
+            style.header().sized(std::max(style.titleSize, ruled ? 20.0 : 24.0)));
+        canvas.text(box.cutTop(ruled ? style.ruling : style.captionSize + 6), reading.note, style.caption());
+        box.cutTop(ruled ? 0 : 4);
     } else {
-        canvas.text(box.cutBottom(footerHeight(style)), reading.credit(), style.caption());
-        box.cutBottom(4);
+        canvas.text(box.cutBottom(ruled ? style.ruling : footerHeight(style)), reading.credit(), style.caption());
+        box.cutBottom(ruled ? 0 : 4);
     }
     // The largest step at which the text is whole.
     TextStyle text = style.row().wrapped(5);
-    for (const double size : {17.0, 15.0, 13.5, std::max(12.0, style.floor)}) {
-        text = text.sized(std::max(size, style.floor));
-        text.lines = std::clamp(static_cast<int>(box.height() / (text.size * text.lineHeight)), 1, 5);
-        const QStringList lines = wrapped(reading.text, text, box.width());
-        if (lines.isEmpty() || !lines.last().endsWith(u'…'))
+    qsizetype lines = 0;
+    for (const double size : {17.0, 15.0, 13.5, std::max(12.0, floor)}) {
+        text = text.sized(std::max(size, floor));
+        if (ruled)
+            text.lineHeight = style.ruling / text.size;
+        text.lines = std::clamp(static_cast<int>(box.height() / (text.size * text.lineHeight) + 1e-6), 1, 5);
+        const QStringList shown = wrapped(reading.text, text, box.width());
+        lines = shown.size();
+        if (shown.isEmpty() || !shown.last().endsWith(u'…'))
             break;
     }
-    canvas.paragraph(box, reading.text, text, reading.word ? Qt::AlignTop : Qt::AlignVCenter);
+    if (ruled && !reading.word) // whole lines above
+        box.cutTop(style.ruling * std::ceil((box.height() / style.ruling - static_cast<double>(lines)) / 2 - 0.1));
+    canvas.paragraph(box, reading.text, text, reading.word || ruled ? Qt::AlignTop : Qt::AlignVCenter);
 }
 
 void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& reading, const FaceContext& face)

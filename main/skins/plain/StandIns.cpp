@@ -52,11 +52,6 @@ std::shared_ptr<const FaceRenderer> atlasSkin(const std::optional<QColor>& accen
     return standIn(Skin::atlas, accent);
 }
 
-std::shared_ptr<const FaceRenderer> corkSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::cork, accent);
-}
-
 std::shared_ptr<const FaceRenderer> obsidianSkin(const std::optional<QColor>& accent)
 {
     return standIn(Skin::obsidian, accent);
