@@ -78,6 +78,7 @@ void CorkSkin::header(Canvas& canvas, Box& content, const FaceContext& face, con
         line.cutRight(clipRoom);
         content.setTop(face.bounds.top() + firstRule + rulePitch / 2 - belowCapitals);
     } else {
+        line = line.moved(0, -2); // large figures follow closely
         content.cutTop(style().titleGap);
     }
     canvas.text(line, title, style().header());
