@@ -109,7 +109,7 @@ void crayonSky(Canvas& canvas, const Box& square, Sky sky, const SkinStyle& styl
     const Pictogram& picture = Pictogram::of(sky);
     const double scale = square.width() / 48;
     const QTransform place(scale, 0, 0, scale, square.x(), square.y());
-    const double line = std::clamp(square.width() * 0.042, 1.1, 2.0);
+    const double line = std::clamp(square.width() * 0.036, 1.1, 1.8);
     const double pitch = std::max(1.9, square.width() * 0.062);
     const auto coloured = [&](const QPainterPath& path, const QColor& colour, double degrees) {
         if (path.isEmpty())
