@@ -40,6 +40,7 @@ public:
     void draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const CalendarReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const override;

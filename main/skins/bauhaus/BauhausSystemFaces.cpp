@@ -23,6 +23,14 @@ void BauhausSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceCont
     FaceRenderer::draw(canvas, small, face);
 }
 
+void BauhausSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceContext& face) const
+{
+    MemoryReading small = reading;
+    for (Share& part : small.parts)
+        part.name = style().words(part.name);
+    FaceRenderer::draw(canvas, small, face);
+}
+
 void BauhausSkin::draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const
 {
     constexpr double downCap = 32;
