@@ -192,7 +192,7 @@ void DesktopWallpaper::show(int request, const QList<ScreenPicture>& asked, cons
     if (request != m_request)
         return done({});
     const QList<ScreenPicture> pictures = stillConnected(asked);
-    m_picture.set(pictures, [this, request, pictures, done](const QString& error) {
+    m_picture.set(pictures, [this, request, pictures, asked, done](const QString& error) {
         if (end(request) && error.isEmpty()) {
             Files shown = m_shown;
             for (const ScreenPicture& picture : pictures)
@@ -203,6 +203,10 @@ void DesktopWallpaper::show(int request, const QList<ScreenPicture>& asked, cons
             if (main)
                 m_notes.setCurrent(*main);
             setShown(main.value_or(m_current), shown);
+            for (const ScreenPicture& picture : asked) {
+                if (Wallpaper::skinOf(picture.file))
+                    m_painted.insert(picture.connector);
+            }
         }
         done(error);
     });
@@ -219,6 +223,10 @@ void DesktopWallpaper::setShown(const QString& main, const Files& shown)
         return;
     m_current = main;
     m_shown = shown;
+    m_painted.removeIf([&](const QString& connector) {
+        const bool wasThere = m_places.value(connector) != Place{};
+        return wasThere && shown.contains(connector) && !isOurs(shown[connector]);
+    });
     Q_EMIT changed();
 }
 

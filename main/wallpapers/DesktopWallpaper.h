@@ -11,6 +11,7 @@
 #include <QHash>
 #include <QMap>
 #include <QObject>
+#include <QSet>
 #include <QThreadPool>
 
 #include <functional>
@@ -134,6 +135,7 @@ private:
     Files m_shown; ///< as far as it was last known
     std::optional<QList<ScreenPicture>> m_asked; ///< under way; empty: the user's own picture, wherever that is
     Preparation m_preparing; ///< makes the files of m_asked
+    QSet<QString> m_painted; ///< connectors that were last given a skin's wallpaper, those that went meanwhile too
     Places m_places; ///< where the screens were, of all that were ever connected
     std::function<void()> m_restore; ///< waits for a screen; else null
     int m_request = 0; ///< a newer one makes older ones void

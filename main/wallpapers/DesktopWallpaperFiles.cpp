@@ -51,12 +51,13 @@ QString paintFile(const Wallpaper& wallpaper, Skin skin, QSize size, const QStri
 
 QString installExtra(const QString& extra, const QString& installed)
 {
-    if (QFileInfo::exists(installed))
+    if (QFileInfo(installed).size() > 0)
         return {};
     QFile file(extra);
-    if (!file.open(QIODevice::ReadOnly))
+    const QByteArray picture = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (file.error() != QFileDevice::NoError || picture.isEmpty())
         return Wording::tr("“%1” cannot be read: %2.").arg(extra, file.errorString());
-    return writeFile(installed, file.readAll());
+    return writeFile(installed, picture);
 }
 
 } // namespace

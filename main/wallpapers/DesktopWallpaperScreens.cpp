@@ -64,7 +64,7 @@ void DesktopWallpaper::fit(const QList<ScreenInfo>& screens, const QStringList& 
             main = file = file.isEmpty() && !before.contains(connector) ? m_current : file;
         else if (!before.contains(connector) && (!isPainted(file) || shown.count(file) > 1))
             file = main; // it was never seen, and some desktops tell of such a screen what another one shows
-        else if (file.isEmpty() && before.value(connector) == Place{})
+        else if (file.isEmpty() && before.value(connector) == Place{} && m_painted.contains(connector))
             file = main; // it came back, and its picture has been forgotten
         const bool hasChanged = before.value(connector) != now.value(connector);
         // The main screen leads in any case: a desktop with one picture for all takes the first.

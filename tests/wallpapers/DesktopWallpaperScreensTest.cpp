@@ -34,6 +34,22 @@ TEST_F(DesktopWallpaperScreensTest, AScreenThatGoesMeanwhileKeepsTheOthersFromNo
     EXPECT_TRUE(waitUntil([this] { return picture.shown.value(u"RIGHT"_s) == path(u"neon-r16-640x480.png"_s); }));
 }
 
+TEST_F(DesktopWallpaperScreensTest, AScreenThatReturnsWithSomethingOfTheUsersKeepsIt)
+{
+    const QList<ScreenInfo> both = host.screens();
+    ASSERT_EQ(apply(Skin::neon), QString());
+    picture.shown.insert(u"RIGHT"_s, QString()); // a slide show, which has no file to tell of
+    wallpaper.refresh([] {});
+    ASSERT_TRUE(waitUntil([&] { return wallpaper.currentURL(both.last()).isEmpty(); }));
+    for (const QList<ScreenInfo>& screens : {both.first(1), both}) {
+        host.setScreens(screens);
+        wallpaper.fitScreens();
+    }
+    const auto done = [this](const auto& then) { wallpaper.apply(Skin::mono, {host.screens().first()}, then); };
+    ASSERT_EQ(answerOf<QString>(done, Answered::anyTime), QString()); // in its turn after whatever was ordered before
+    EXPECT_EQ(picture.shown.value(u"RIGHT"_s), QString());
+}
+
 TEST_F(DesktopWallpaperScreensTest, AMainScreenThatWasNeverSeenGetsTheWallpaper)
 {
     ASSERT_EQ(apply(Skin::kyoto), QString());

@@ -34,7 +34,7 @@ struct WallpaperShuffleTest : testing::Test {
         host.setScreens({screen});
         custom = {home.write(u"custom/one.png"_s, {}), home.write(u"custom/two.png"_s, {}),
             home.filePath(u"custom/gone.png"_s)};
-        extra = home.write(u"extras/fjord.jpg"_s, {});
+        extra = home.write(u"extras/fjord.jpg"_s, "a picture");
     }
 
     QList<Candidate> candidatesWhileShowing(const QString& file)

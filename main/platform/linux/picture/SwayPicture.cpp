@@ -69,7 +69,17 @@ void SwayPicture::giveBack(const QJsonObject& memory, Done done)
     QList<ScreenPicture> pictures;
     for (auto file = memory.begin(); file != memory.end(); ++file)
         pictures.append({file.key(), file->toString()});
-    set(pictures, std::move(done));
+    m_tools.run([this, pictures] { return show(stillThere(pictures)); }, std::move(done));
+}
+
+/// Without those of outputs that have gone; where none or only one was remembered, all.
+QList<ScreenPicture> SwayPicture::stillThere(const QList<ScreenPicture>& pictures) const
+{
+    QString error; // show() will tell
+    const QStringList known = outputs(error);
+    QList<ScreenPicture> there = pictures;
+    there.removeIf([&](const ScreenPicture& picture) { return !known.contains(picture.connector); });
+    return there.isEmpty() || pictures.size() == 1 ? pictures : there;
 }
 
 QString SwayPicture::show(const QList<ScreenPicture>& pictures) const

@@ -25,6 +25,7 @@ public:
 
 private:
     // All of these wait.
+    QList<ScreenPicture> stillThere(const QList<ScreenPicture>& pictures) const;
     QString show(const QList<ScreenPicture>& pictures) const;
     QString commandsFor(const QList<ScreenPicture>& pictures, QString& error) const;
     QStringList outputs(QString& error) const;
