@@ -281,6 +281,15 @@ TEST_F(WallpapersPageTest, ASearchWithoutHitsSaysSoAndOffersAWayOut)
     EXPECT_FALSE(nothing->isVisible()) << "there is the dashed tile";
     home.model.setSearch(MainTab::wallpapers, u"neon"_s);
     EXPECT_TRUE(nothing->isVisible());
+    const auto isThere = [&] { return nothing->isAncestorOf(QApplication::focusWidget()); };
+    QCoreApplication::processEvents();
+    page().takeFocus(true);
+    EXPECT_TRUE(isThere());
+    press(*home.window.window(), Qt::Key_F6);
+    EXPECT_FALSE(isThere());
+    for (int step = 0; step < 4 && !isThere(); ++step)
+        press(*home.window.window(), Qt::Key_F6);
+    EXPECT_TRUE(isThere()) << "out of reach of the keyboard";
     nothing->findChildren<Button*>().last()->click();
     EXPECT_FALSE(nothing->isVisible());
     EXPECT_EQ(cardAt(model().firstWallpaper()).title, u"Neon");

@@ -291,6 +291,17 @@ TEST_F(WidgetsPageTest, ShowsHalfOfItselfWhereItIsNarrowAndSaysWhatWasNotFound)
     EXPECT_TRUE(card(u"Clock"_s).isValid());
     home.model.setSearch(MainTab::widgets, u"xyz"_s);
     EXPECT_FALSE(button(u"Search in All"_s).isVisible());
+    const auto isThere = [this] { return button(u"Clear Search"_s).hasFocus(); };
+    QCoreApplication::processEvents();
+    dynamic_cast<WidgetsPage&>(*gallery().parentWidget()->parentWidget()).takeFocus(true);
+    EXPECT_TRUE(isThere());
+    window->resize(1120, 720);
+    QCoreApplication::processEvents();
+    press(*window, Qt::Key_F6);
+    EXPECT_FALSE(isThere());
+    for (int step = 0; step < 4 && !isThere(); ++step)
+        press(*window, Qt::Key_F6);
+    EXPECT_TRUE(isThere()) << "out of reach of the keyboard";
     button(u"Clear Search"_s).click();
     EXPECT_TRUE(gallery().isVisible());
 }

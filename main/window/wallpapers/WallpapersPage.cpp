@@ -192,14 +192,15 @@ void WallpapersPage::resizeEvent(QResizeEvent* event)
 
 void WallpapersPage::takeFocus(bool first)
 {
-    m_view->setFocus(Qt::ShortcutFocusReason);
+    QWidget* area = m_nothing->isVisibleTo(this) ? static_cast<QWidget*>(m_nothing) : m_view;
+    area->setFocus(Qt::ShortcutFocusReason);
     if (first && m_model.firstWallpaper().isValid())
         m_view->choose(m_model.firstWallpaper());
 }
 
 QList<QWidget*> WallpapersPage::areas()
 {
-    return {m_scope, m_view};
+    return {m_scope, m_view, m_nothing};
 }
 
 QString WallpapersPage::invitation(const QStringList& files) const

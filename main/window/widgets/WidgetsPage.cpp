@@ -206,6 +206,8 @@ void WidgetsPage::takeFocus(bool first)
 {
     if (m_gallery->isHidden())
         return m_pane->list().setFocus(Qt::OtherFocusReason);
+    if (m_nothing->isVisibleTo(this))
+        return m_nothing->setFocus(Qt::OtherFocusReason);
     if (first)
         m_view->choose(m_model.first());
     m_view->setFocus(Qt::OtherFocusReason);
@@ -213,7 +215,7 @@ void WidgetsPage::takeFocus(bool first)
 
 QList<QWidget*> WidgetsPage::areas()
 {
-    return {&m_scope->first(), m_view, &m_pane->list()};
+    return {&m_scope->first(), m_view, m_nothing, &m_pane->list()};
 }
 
 } // namespace ambrelle
