@@ -92,6 +92,27 @@ TEST_F(AccentPickerTest, NamesEveryColourAndStoresTheChosenOne)
     EXPECT_EQ(chosen(), u"Original"_s);
 }
 
+TEST_F(AccentPickerTest, StoresNothingWhereNothingChanges)
+{
+    int stored = 0;
+    QObject::connect(picker, &AccentPicker::storing, picker, [&] { ++stored; });
+    const auto click = [this](const QString& name) { QTest::mouseClick(&swatch(name), Qt::LeftButton); };
+    click(u"Original"_s);
+    EXPECT_EQ(stored, 0) << "it is chosen already";
+    click(u"Cyan"_s);
+    click(u"Cyan"_s);
+    EXPECT_EQ(stored, 1);
+    accents.set(QColor(1, 2, 3), Skin::neon);
+    click(u"Custom colour"_s);
+    auto* dialog = window.findChild<QColorDialog*>();
+    ASSERT_TRUE(dialog) << "there are other colours than the one in the wheel";
+    dialog->accept();
+    EXPECT_EQ(stored, 1);
+    EXPECT_EQ(chosen(), u"Custom colour"_s);
+    click(u"Original"_s);
+    EXPECT_EQ(stored, 2);
+}
+
 TEST_F(AccentPickerTest, IsWorkedByAssistiveTechnologyToo)
 {
     const auto use = [this](const QString& name) {

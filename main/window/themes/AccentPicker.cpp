@@ -51,12 +51,15 @@ AccentSwatch* AccentPicker::addSwatch()
     swatch->installEventFilter(this);
     layout()->addWidget(swatch);
     swatch->show();
-    connect(swatch, &AccentSwatch::clicked, this, [this, swatch] { choose(*swatch); });
     connect(swatch, &AccentSwatch::toggled, this, [this, swatch](bool checked) {
         if (!checked || m_isShowing)
             return;
-        choose(*swatch); // assistive technology checks it, and clicks nothing
-        showStored();
+        choose(*swatch);
+        showStored(); // from the wheel nothing is chosen yet
+    });
+    connect(swatch, &AccentSwatch::clicked, this, [this, swatch] {
+        if (swatch->isWheel() && swatch->isChecked())
+            openDialog(); // another colour than the one in it
     });
     connect(swatch, &AccentSwatch::moveWanted, this, [this, swatch](int steps) { moveFocus(swatch, steps); });
     return swatch;
@@ -124,6 +127,9 @@ void AccentPicker::choose(const AccentSwatch& swatch)
 
 void AccentPicker::store(const std::optional<QColor>& accent, Skin skin)
 {
+    const QColor none;
+    if (hexText(accent.value_or(none)) == hexText(m_accents.color(skin).value_or(none)))
+        return;
     Q_EMIT storing();
     m_accents.set(accent, skin);
 }

@@ -9,8 +9,7 @@
 
 namespace ambrelle {
 
-/// One accent to choose, as a disc; or the wheel behind which all other colours are. A click or Enter only tells that
-/// it is wanted: who shows the choice checks it.
+/// One accent to choose, as a disc; or the wheel behind which all other colours are.
 class AccentSwatch final : public QRadioButton {
     Q_OBJECT
 public:
@@ -36,7 +35,6 @@ protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool hitButton(const QPoint& point) const override { return rect().contains(point); }
-    void nextCheckState() override { }
     void paintEvent(QPaintEvent* event) override;
 
 private:
