@@ -194,6 +194,37 @@ TEST_F(ThemeActionsTest, EveryActionMakesTheOneBeforeFinalWhenItBegins)
     }
 }
 
+TEST_F(ThemeActionsTest, ANewPictureEndsTheFailureOfAnEarlierOneAndNoOther)
+{
+    desk.add(WidgetKind::cpu, {100, 100}, Skin::neon);
+    WallpaperActions wallpapers(home.context);
+    const std::pair<const char*, std::function<void()>> orders[] = {
+        {"wallpaper of a theme", [&] { actions.setWallpaper(Skin::mono); }},
+        {"wallpaper", [&] { wallpapers.set(Skin::paper); }}, {"own picture", [&] { wallpapers.bringBack(); }}};
+    for (const auto& [failing, order] : orders) {
+        for (const auto& [next, begin] : orders) {
+            desk.picture.shown = {{main.connector, u"/mine.jpg"_s}};
+            bool isSet = false;
+            desk.wallpaper.apply(Skin::neon, [&](const QString&) { isSet = true; });
+            ASSERT_TRUE(waitUntil([&] { return isSet; }));
+            ASSERT_TRUE(desk.wallpaper.hasPrevious());
+            desk.picture.failure = u"The disk is full."_s;
+            order();
+            ASSERT_TRUE(isOffered(desk.picture.failure)) << failing;
+            desk.picture.failure.clear();
+            begin();
+            EXPECT_TRUE(waitUntil([&] { return home.undo.canUndo(); })) << failing << ", then " << next;
+            home.undo.dismiss();
+        }
+    }
+    actions.exportTo(save(u"Work"_s), desk.folder.path());
+    ASSERT_TRUE(waitUntil([&] { return home.undo.failure() != nullptr; }));
+    const QString failure = home.undo.text();
+    actions.setWallpaper(Skin::paper);
+    ASSERT_TRUE(waitUntil([&] { return desk.wallpaper.currentSkin() == Skin::paper; }));
+    EXPECT_EQ(home.undo.text(), failure);
+}
+
 TEST_F(ThemeActionsTest, TellsThatTheDiskTakesNoThemes)
 {
     Q_EMIT home.themes.refused();

@@ -83,6 +83,21 @@ TEST_F(UndoTest, AFailureStaysAndCostsWhatCanBeUndoneNoTime)
     EXPECT_FALSE(keeper.isShown());
 }
 
+TEST_F(UndoTest, TheFailureOfAPictureGoesWhenTheNextOneIsOrdered)
+{
+    keeper.fail(u"No room"_s);
+    keeper.beginPicture();
+    EXPECT_EQ(keeper.text(), u"No room"_s) << "no other picture helps that";
+    keeper.failPicture(u"No picture"_s, [this] { done.append(u"again"_s); });
+    keeper.makeFinal();
+    EXPECT_EQ(keeper.text(), u"No picture"_s);
+    keeper.offer(undoOf(u"a"_s));
+    keeper.beginPicture();
+    EXPECT_FALSE(keeper.isShown());
+    keeper.offer(undoOf(u"b"_s));
+    EXPECT_TRUE(keeper.canUndo());
+}
+
 TEST_F(UndoTest, TheBarTakesNoFocusAndLiesWholeAtTheFoot)
 {
     QWidget window;

@@ -153,6 +153,23 @@ TEST_F(WallpapersPageTest, AFailureIsToldAndTriedAgainWhileThePillStays)
     EXPECT_EQ(home.undo.failure(), nullptr);
 }
 
+TEST_F(WallpapersPageTest, WhatFailsLateCannotComeOverTheNextOne)
+{
+    WallpaperActions actions(home.context);
+    desk().picture.isDeferred = true;
+    desk().picture.failure = u"The desktop does not answer."_s;
+    actions.set(Skin::neon);
+    ASSERT_TRUE(waitUntil([this] {
+        desk().picture.answer();
+        return !desk().picture.sets.isEmpty();
+    }));
+    actions.set(Skin::paper);
+    desk().picture.answer();
+    ASSERT_TRUE(home.undo.failure());
+    EXPECT_EQ(home.undo.text(), desk().picture.failure);
+    EXPECT_FALSE(home.undo.failure()->tryAgain);
+}
+
 TEST_F(WallpapersPageTest, SetsOneScreenWhereTheyAreToldApartAndAllOnceItIsUnplugged)
 {
     const ScreenInfo left = desk().host.screens().first();

@@ -12,18 +12,18 @@ void giveBack(const WindowContext& context, const DesktopWallpaper::Memory& memo
     context.undo.makeFinal();
     context.wallpaper.giveBack(memory, [context, memory](const QString& error) {
         if (!error.isEmpty())
-            context.undo.fail(error, [context, memory] { giveBack(context, memory); });
+            context.undo.failPicture(error, [context, memory] { giveBack(context, memory); });
     });
 }
 
 void bringBackPrevious(const WindowContext& context, const DesktopWallpaper::Done& settled)
 {
-    context.undo.makeFinal();
+    context.undo.beginPicture();
     context.wallpaper.remember([context, settled](const DesktopWallpaper::Memory& memory) {
         context.wallpaper.giveBackPrevious([context, settled, memory](const QString& error) {
             settled(error);
             if (!error.isEmpty())
-                context.undo.fail(error, [context, settled] { bringBackPrevious(context, settled); });
+                context.undo.failPicture(error, [context, settled] { bringBackPrevious(context, settled); });
             else if (memory.isKnown())
                 context.undo.offer(
                     {Wording::tr("Your own picture is back"), [context, memory] { giveBack(context, memory); }});

@@ -35,7 +35,17 @@ int UndoKeeper::offer(Undo undo)
 
 void UndoKeeper::fail(const QString& sentence, std::function<void()> tryAgain)
 {
-    m_failure = {sentence, std::move(tryAgain)};
+    tell({.sentence = sentence, .tryAgain = std::move(tryAgain)});
+}
+
+void UndoKeeper::failPicture(const QString& sentence, std::function<void()> tryAgain)
+{
+    tell({.sentence = sentence, .tryAgain = std::move(tryAgain), .isOfPicture = true});
+}
+
+void UndoKeeper::tell(Failure failure)
+{
+    m_failure = std::move(failure);
     run();
     Q_EMIT changed();
 }
@@ -85,6 +95,13 @@ void UndoKeeper::makeFinal()
         return;
     run();
     Q_EMIT changed();
+}
+
+void UndoKeeper::beginPicture()
+{
+    makeFinal();
+    if (m_failure && m_failure->isOfPicture)
+        dismiss();
 }
 
 void UndoKeeper::setHeld(bool held)

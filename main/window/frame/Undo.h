@@ -23,6 +23,7 @@ struct Undo {
 struct Failure {
     QString sentence;
     std::function<void()> tryAgain; ///< empty: that makes no sense
+    bool isOfPicture = false; ///< for the screens
 };
 
 /// What the bar at the window's foot says: the last thing that can be taken back, for eight seconds, or a failure until
@@ -37,6 +38,8 @@ public:
     int offer(Undo undo);
     bool stillOffers(int number) const { return m_undo && m_offers == number; }
     void fail(const QString& sentence, std::function<void()> tryAgain = {});
+    /// The same for a picture that does not come to the screens: shown until the next one is ordered.
+    void failPicture(const QString& sentence, std::function<void()> tryAgain = {});
 
     bool isShown() const { return m_undo || m_failure; }
     const Failure* failure() const { return m_failure ? &*m_failure : nullptr; } ///< null: none is shown
@@ -49,6 +52,9 @@ public:
     /// What could be undone; failures stay. Whatever changes something says so when it begins: what was offered before
     /// must not be taken for its way back.
     void makeFinal();
+    /// The same where a picture is ordered, or the desktop that it was for: the failure of an earlier one goes too,
+    /// since to try that again would put it over this one.
+    void beginPicture();
 
     /// Time stands still while somebody is about to use the bar.
     void setHeld(bool held);
@@ -57,6 +63,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void tell(Failure failure);
     void run();
 
     Clock& m_clock;

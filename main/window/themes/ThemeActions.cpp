@@ -175,13 +175,11 @@ void ThemeActions::carryOut(Wish wish)
         .picture = {}};
     if (wish.placesWidgets()) {
         if (const QString error = placeWidgets(wish); !error.isEmpty())
-            return fail(error, {});
+            return m_with.undo.fail(error);
         m_with.model.setShowWelcome(false);
     }
     wish.number = ++m_lastWish;
-    m_with.undo.makeFinal();
-    if (m_with.undo.failure() && m_with.undo.failure()->sentence == m_failure)
-        m_with.undo.dismiss(); // it is of no use to try that again
+    m_with.undo.beginPicture();
     m_work.begin({wish.theme, wish.operation});
     if (!wish.picture)
         return m_work.end([this, wish, before] { ended(wish, before, {}); });
@@ -254,7 +252,7 @@ void ThemeActions::ended(const Wish& wish, const Before& before, const QString& 
     if (wish.number == m_lastWish)
         finished(wish, before, error);
     else if (!error.isEmpty())
-        fail(error, {});
+        m_with.undo.failPicture(error);
 }
 
 void ThemeActions::finished(const Wish& wish, const Before& before, const QString& error)
@@ -272,7 +270,7 @@ void ThemeActions::finished(const Wish& wish, const Before& before, const QStrin
     earlier.picture.reset(); // that is the one which shows
     if (earlier.widgetsChanged)
         number = offer(earlier);
-    fail(error, [this, wish, earlier, number] { paintAgain(wish, earlier, number); });
+    m_with.undo.failPicture(error, [this, wish, earlier, number] { paintAgain(wish, earlier, number); });
 }
 
 void ThemeActions::bringBack(const Before& before)
@@ -293,14 +291,8 @@ void ThemeActions::giveBack(const DesktopWallpaper::Memory& picture)
     const QPointer<ThemeActions> self(this);
     m_with.wallpaper.giveBack(picture, [self, picture](const QString& error) {
         if (self && !error.isEmpty())
-            self->fail(error, [self, picture] { self->giveBack(picture); });
+            self->m_with.undo.failPicture(error, [self, picture] { self->giveBack(picture); });
     });
-}
-
-void ThemeActions::fail(const QString& sentence, const std::function<void()>& tryAgain)
-{
-    m_failure = sentence;
-    m_with.undo.fail(sentence, tryAgain);
 }
 
 } // namespace ambrelle

@@ -78,7 +78,6 @@ private:
     void finished(const Wish& wish, const Before& before, const QString& error);
     void bringBack(const Before& before);
     void giveBack(const DesktopWallpaper::Memory& picture);
-    void fail(const QString& sentence, const std::function<void()>& tryAgain);
 
     void saveAs(const QString& name, const QString& screen);
     void addSaved(const QString& name, const QString& screen);
@@ -90,7 +89,6 @@ private:
     WindowContext m_with;
     AppliedThemes m_applied;
     WorkNotice<ThemeWork> m_work;
-    QString m_failure; // that was told last
     int m_lastWish = 0;
     SerialWorker m_files{*this};
 };

@@ -91,12 +91,12 @@ void ThemeActions::addSaved(const QString& name, const QString& screen)
 {
     const QList<ScreenInfo> screens = screensOf({ThemeTarget::Kind::one, screen});
     if (screens.isEmpty())
-        return fail(Wording::tr("That screen is not connected."), {});
+        return m_with.undo.fail(Wording::tr("That screen is not connected."));
     const SavedTheme theme = m_with.manager.snapshot(name, screens.first());
     if (m_with.themes.add(theme))
         showSaved(theme.id);
     else
-        fail(Wording::tr("“%1” cannot be saved: there is no room for more desktops.").arg(name), {});
+        m_with.undo.fail(Wording::tr("“%1” cannot be saved: there is no room for more desktops.").arg(name));
 }
 
 /// My Themes with that one chosen.
@@ -147,7 +147,7 @@ void ThemeActions::removeNow(const QUuid& id)
 /// The list is as the user wants it, and shown so, but would not outlive the program.
 void ThemeActions::tellRefused()
 {
-    fail(Wording::tr("The disk takes no changes of My Themes. They are kept while Ambrelle runs."), [this] {
+    m_with.undo.fail(Wording::tr("The disk takes no changes of My Themes. They are kept while Ambrelle runs."), [this] {
         if (!m_with.themes.storeAgain())
             tellRefused();
     });
@@ -163,7 +163,7 @@ void ThemeActions::exportTo(const QUuid& id, const QString& path)
         [path, file = ThemeEnvelope{*theme, m_with.accents.hexOverrides()}] { return ThemeFiles::write(path, file); },
         [this, id, path](const QString& error) {
             if (!error.isEmpty())
-                fail(error, [this, id, path] { exportTo(id, path); });
+                m_with.undo.fail(error, [this, id, path] { exportTo(id, path); });
         });
 }
 
@@ -208,7 +208,7 @@ void ThemeActions::take(const QList<ReadFile>& files)
                            }});
     }
     if (!tooMuch.isEmpty())
-        fail(Wording::tr("“%1” cannot be saved: there is no room for more desktops.").arg(tooMuch), {});
+        m_with.undo.fail(Wording::tr("“%1” cannot be saved: there is no room for more desktops.").arg(tooMuch));
     for (const ReadFile& file : files) {
         if (!file.contents)
             m_with.sheets.ask(sheets::importFailed(foreignText(QFileInfo(file.path).fileName())));

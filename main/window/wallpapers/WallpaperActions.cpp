@@ -105,7 +105,7 @@ void WallpaperActions::start(
     const std::shared_ptr<Round>& round, const WallpaperChoice& wallpaper, const QString& screen)
 {
     const WindowContext& with = round->with;
-    with.undo.makeFinal();
+    with.undo.beginPicture();
     const bool isPainted = std::holds_alternative<Skin>(wallpaper);
     if (round->shown)
         round->shown->m_work.begin({wallpaper, isPainted ? static_cast<int>(screensFor(with, screen).size()) : 1});
@@ -126,8 +126,10 @@ void WallpaperActions::carryOut(
         const WindowContext& with = round->with;
         const bool isLatest = order.number == round->last;
         settle(round, order.number);
-        if (!error.isEmpty())
-            with.undo.fail(error, [round, order] { start(round, order.wallpaper, order.screen); });
+        if (!error.isEmpty() && isLatest)
+            with.undo.failPicture(error, [round, order] { start(round, order.wallpaper, order.screen); });
+        else if (!error.isEmpty())
+            with.undo.failPicture(error); // it would come over the one that followed
         else if (isLatest && memory.isKnown() && isShown(with.wallpaper, order.wallpaper, screens))
             with.undo.offer({Wording::tr("Wallpaper set to %1").arg(wallpaperTitle(order.wallpaper)),
                 [with, memory] { giveBack(with, memory); }});
