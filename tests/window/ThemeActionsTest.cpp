@@ -76,6 +76,13 @@ TEST_F(ThemeActionsTest, AppliesAfterAQuestionAndBringsEverythingBack)
     EXPECT_EQ(desk.live(), before);
     EXPECT_EQ(desk.settings.defaultSkin(), Skin::paper);
     EXPECT_EQ(desk.picture.givenBack, QList<QJsonObject>{desk.picture.memory});
+
+    actions.apply(Skin::neon, false);
+    answer(sheets::accept);
+    desk.settings.defaultSkin.set(Skin::mono);
+    home.undo.undo();
+    EXPECT_EQ(desk.live(), before);
+    EXPECT_EQ(desk.settings.defaultSkin(), Skin::mono) << "chosen since";
 }
 
 TEST_F(ThemeActionsTest, AsksOnlyWhereWidgetsGo)

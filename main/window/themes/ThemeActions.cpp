@@ -33,6 +33,7 @@ struct ThemeActions::Wish {
 struct ThemeActions::Before {
     QList<StoredWidget> widgets;
     Skin defaultSkin = Skin::glass;
+    Skin appliedSkin = Skin::glass; ///< the default since
     std::optional<QUuid> saved;
     bool widgetsChanged = false;
     std::optional<DesktopWallpaper::Memory> picture;
@@ -170,12 +171,14 @@ void ThemeActions::carryOut(Wish wish)
         return;
     Before before{.widgets = m_with.manager.stored(),
         .defaultSkin = m_with.settings.defaultSkin(),
+        .appliedSkin = m_with.settings.defaultSkin(),
         .saved = m_applied.saved(),
         .widgetsChanged = wish.placesWidgets(),
         .picture = {}};
     if (wish.placesWidgets()) {
         if (const QString error = placeWidgets(wish); !error.isEmpty())
             return m_with.undo.fail(error);
+        before.appliedSkin = m_with.settings.defaultSkin();
         m_with.model.setShowWelcome(false);
     }
     wish.number = ++m_lastWish;
@@ -278,7 +281,8 @@ void ThemeActions::bringBack(const Before& before)
     ++m_lastWish; // whatever is under way shall not come after
     m_work.end();
     if (before.widgetsChanged) {
-        m_with.manager.replaceAll(before.widgets, before.defaultSkin);
+        const bool isChosenSince = m_with.settings.defaultSkin() != before.appliedSkin;
+        m_with.manager.replaceAll(before.widgets, isChosenSince ? std::nullopt : std::optional(before.defaultSkin));
         m_applied.note(before.saved);
     }
     if (before.picture)
