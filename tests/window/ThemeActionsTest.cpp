@@ -191,7 +191,6 @@ TEST_F(ThemeActionsTest, EveryActionMakesTheOneBeforeFinalWhenItBegins)
     WallpaperActions wallpapers(home.context);
     const std::pair<const char*, std::function<void()>> works[] = {{"save", [&] { save(u"Play"_s); }},
         {"rename", [&] { actions.rename(id, u"Rest"_s); }},
-        {"export", [&] { actions.exportTo(id, desk.folder.filePath(u"a.ambrelle"_s)); }},
         {"wallpaper of a theme", [&] { actions.setWallpaper(Skin::paper); }},
         {"wallpaper", [&] { wallpapers.set(Skin::mono); }}, {"own picture", [&] { wallpapers.bringBack(); }}};
     for (const auto& [name, begin] : works) {
@@ -199,6 +198,20 @@ TEST_F(ThemeActionsTest, EveryActionMakesTheOneBeforeFinalWhenItBegins)
         begin();
         EXPECT_NE(home.undo.text(), u"Clock removed"_s) << name;
     }
+}
+
+TEST_F(ThemeActionsTest, WhatChangesNothingLeavesTheWayBackOfTheOneBefore)
+{
+    desk.add(WidgetKind::cpu, {100, 100}, Skin::neon);
+    const QUuid id = save(u"Rest"_s);
+    home.undo.offer({u"Clock removed"_s, {}});
+    actions.rename(id, u" Rest "_s);
+    actions.rename(id, u" "_s);
+    EXPECT_EQ(home.undo.text(), u"Clock removed"_s) << "it keeps its name";
+    const QString path = desk.folder.filePath(u"a.ambrelle"_s);
+    actions.exportTo(id, path);
+    ASSERT_TRUE(waitUntil([&] { return QFile::exists(path); }));
+    EXPECT_EQ(home.undo.text(), u"Clock removed"_s) << "the desktop is as it was";
 }
 
 TEST_F(ThemeActionsTest, ANewPictureEndsTheFailureOfAnEarlierOneAndNoOther)

@@ -112,8 +112,12 @@ void ThemeActions::showSaved(const QUuid& id)
 
 void ThemeActions::rename(const QUuid& id, const QString& name)
 {
+    const SavedTheme* theme = saved(id);
+    const QString tidy = SavedTheme::nameFrom(name);
+    if (!theme || tidy.isEmpty() || tidy == theme->name)
+        return;
     m_with.undo.makeFinal();
-    m_with.themes.rename(id, name);
+    m_with.themes.rename(id, tidy);
 }
 
 void ThemeActions::remove(const QUuid& id)
@@ -158,7 +162,6 @@ void ThemeActions::exportTo(const QUuid& id, const QString& path)
     const SavedTheme* theme = saved(id);
     if (!theme)
         return;
-    m_with.undo.makeFinal();
     m_files.run(
         [path, file = ThemeEnvelope{*theme, m_with.accents.hexOverrides()}] { return ThemeFiles::write(path, file); },
         [this, id, path](const QString& error) {
