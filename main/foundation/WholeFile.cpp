@@ -2,16 +2,15 @@
 
 #include "foundation/WholeFile.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRandomGenerator>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
-#include <functional>
 #include <unistd.h>
 #include <utility>
 
@@ -19,29 +18,35 @@ namespace ambrelle {
 
 namespace {
 
-/// A file that takes the place of another as soon as it is whole. It has no name until then where the file system can
-/// do that, else one that nobody else has; what does not become whole is gone with this, and without a name also when
-/// the process is killed.
+/// Where what is to become the file at `path` is written: a name of its own in the same folder, so that no neighbour is
+/// touched, and always the same one. What a killed program left there is thus gone with the next attempt.
+QByteArray placeBeside(const QString& path)
+{
+    const QFileInfo target(path);
+    const QByteArray tag = QCryptographicHash::hash(target.fileName().toUtf8(), QCryptographicHash::Sha1).toHex();
+    return QFile::encodeName(target.absolutePath()) + "/.ambrelle-" + tag;
+}
+
+/// A file that takes the place of another as soon as it is whole; what does not become whole is gone with this.
 class FileToBe {
 public:
-    FileToBe(QByteArray folder, Readers readers)
-        : m_folder(std::move(folder))
+    FileToBe(QByteArray name, Readers readers)
+        : m_name(std::move(name))
     {
-        const mode_t mode = readers == Readers::owner ? 0600 : 0644;
-#ifdef O_TMPFILE
-        m_descriptor = ::open(m_folder.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
-#endif
-        if (m_descriptor < 0)
-            tryNames([&](const QByteArray& name) {
-                m_descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-                return m_descriptor >= 0;
-            });
+        const auto open = [&] {
+            const mode_t mode = readers == Readers::owner ? 0600 : 0644;
+            return ::open(m_name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        };
+        m_descriptor = open();
+        if (m_descriptor < 0 && errno == EEXIST && ::unlink(m_name.constData()) == 0)
+            m_descriptor = open();
+        m_isOurs = m_descriptor >= 0;
     }
     ~FileToBe()
     {
         if (m_descriptor >= 0)
             ::close(m_descriptor);
-        if (!m_name.isEmpty())
+        if (m_isOurs)
             ::unlink(m_name.constData());
     }
     FileToBe(const FileToBe&) = delete;
@@ -62,42 +67,14 @@ public:
 
     bool putInPlaceOf(const QByteArray& target)
     {
-        if (m_name.isEmpty() && !giveName())
-            return false;
-        if (std::rename(m_name.constData(), target.constData()) != 0)
-            return false;
-        m_name.clear();
-        return true;
+        m_isOurs = std::rename(m_name.constData(), target.constData()) != 0;
+        return !m_isOurs;
     }
 
 private:
-    /// An open file gets its first name; it cannot take that of another at once.
-    bool giveName()
-    {
-        const QByteArray open = "/proc/self/fd/" + QByteArray::number(m_descriptor);
-        return tryNames([&open](const QByteArray& name) {
-            return ::linkat(AT_FDCWD, open.constData(), AT_FDCWD, name.constData(), AT_SYMLINK_FOLLOW) == 0;
-        });
-    }
-
-    bool tryNames(const std::function<bool(const QByteArray& name)>& use)
-    {
-        for (int i = 0; i < 100; ++i) {
-            const QByteArray name =
-                m_folder + "/.ambrelle-" + QByteArray::number(QRandomGenerator::global()->generate64(), 36);
-            if (use(name)) {
-                m_name = name;
-                return true;
-            }
-            if (errno != EEXIST)
-                break;
-        }
-        return false;
-    }
-
-    QByteArray m_folder;
-    QByteArray m_name; // empty: none
+    QByteArray m_name;
     int m_descriptor = -1;
+    bool m_isOurs = false; // the file of that name
 };
 
 void syncFolder(const QByteArray& folder)
@@ -115,7 +92,7 @@ QString writeWhole(const QString& path, const QByteArray& bytes, Readers readers
 {
     const QString folder = QFileInfo(path).absolutePath();
     QDir().mkpath(folder);
-    FileToBe file(QFile::encodeName(folder), readers);
+    FileToBe file(placeBeside(path), readers);
     if (!file.write(bytes) || !file.putInPlaceOf(QFile::encodeName(path)))
         return QString::fromLocal8Bit(std::strerror(errno));
     // The new file is in place and cannot be taken back: not every file system can do this, and none has to.
