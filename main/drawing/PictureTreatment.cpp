@@ -145,7 +145,7 @@ QImage PictureTreatment::applied(const QImage& picture, const QSize& size, doubl
         u"%1 %2 %3 %4 %5"_s.arg(picture.cacheKey()).arg(size.width()).arg(size.height()).arg(scale).arg(key());
     if (const QImage* known = kept.object(name))
         return *known;
-    const QImage fresh = made(picture, size, scale);
+    QImage fresh = made(picture, size, scale);
     kept.insert(name, new QImage(fresh), std::max<qsizetype>(1, fresh.sizeInBytes() / 1024));
     return fresh;
 }

@@ -60,12 +60,14 @@ void DesktopWallpaper::fit(const QList<ScreenInfo>& screens, const QStringList& 
         const QString& connector = screens[i].connector;
         const std::optional<QString> coming = fileFor(asked, connector);
         QString file = coming.value_or(shown[i]);
+        // Some desktops tell of a screen that was never seen what another one shows.
+        const bool isNew = !before.contains(connector) && (!isPainted(file) || shown.count(file) > 1);
+        // It came back, and its picture has been forgotten.
+        const bool isForgotten = file.isEmpty() && m_painted.contains(connector) && before.value(connector) == Place{};
         if (i == 0)
             main = file = file.isEmpty() && !before.contains(connector) ? m_current : file;
-        else if (!before.contains(connector) && (!isPainted(file) || shown.count(file) > 1))
-            file = main; // it was never seen, and some desktops tell of such a screen what another one shows
-        else if (file.isEmpty() && before.value(connector) == Place{} && m_painted.contains(connector))
-            file = main; // it came back, and its picture has been forgotten
+        else if (isNew || isForgotten)
+            file = main;
         const bool hasChanged = before.value(connector) != now.value(connector);
         // The main screen leads in any case: a desktop with one picture for all takes the first.
         if (isPainted(file) && (i == 0 || hasChanged || coming)) {

@@ -179,7 +179,7 @@ TEST(Hatch, LeadersStandBelowEachOtherAndWavesEndOnTheirLine)
     });
     EXPECT_EQ(image.copy(35, 15, 50, 6), image.copy(35, 35, 50, 6));
     EXPECT_EQ(inked(image, {0, 0, 13, 60}) + inked(image, {100, 0, 20, 60}), 0);
-    EXPECT_NEAR(inked(image, {0, 0, 120, 30}), (100 - 13) / 4, 1.5);
+    EXPECT_NEAR(inked(image, {0, 0, 120, 30}), (100 - 13) / 4.0, 1.5);
 
     const QPainterPath wave = wavyLine({10, 10}, {50, 40}, 3, 7);
     EXPECT_EQ(wave.currentPosition(), QPointF(50, 40));

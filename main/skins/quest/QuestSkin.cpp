@@ -50,7 +50,7 @@ FigureStyle QuestSkin::figure(double cap) const
 {
     constexpr double large = 60;
     constexpr double small = 20;
-    const FigureStyle plain = style().figure(cap);
+    FigureStyle plain = style().figure(cap);
     if (cap < small)
         return plain;
     const double depth = cap > large ? 3 : 2;

@@ -175,8 +175,9 @@ std::string stacked(std::initializer_list<Part> parts)
                 ++y;
                 continue;
             }
+            const int place = y * (side + 1) + x;
             if (pixel != '.' && x >= 0 && x < side && y < side)
-                grid[static_cast<std::size_t>(y * (side + 1) + x)] = part.tint ? part.tint : pixel;
+                grid[static_cast<std::size_t>(place)] = part.tint ? part.tint : pixel;
             ++x;
         }
     }
