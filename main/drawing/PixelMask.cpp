@@ -60,19 +60,18 @@ QImage ditherAfresh(const QImage& picture, const QSize& size)
 
 } // namespace
 
-QPainterPath pixelated(const QPainterPath& shape)
+QList<QRect> coveredRuns(const QPainterPath& shape)
 {
-    QPainterPath outline;
-    if (shape.isEmpty())
-        return outline;
     const QRect area = shape.boundingRect().toAlignedRect();
+    if (area.isEmpty())
+        return {};
     QImage mask(area.size(), QImage::Format_Grayscale8);
     mask.fill(0);
     QPainter painter(&mask);
     painter.translate(-area.topLeft());
     painter.fillPath(shape, Qt::white);
     painter.end();
-    outline.setFillRule(Qt::WindingFill);
+    QList<QRect> runs;
     for (int y = 0; y < mask.height(); ++y) {
         const uchar* row = mask.constScanLine(y);
         for (int x = 0; x < mask.width(); ++x) {
@@ -80,9 +79,18 @@ QPainterPath pixelated(const QPainterPath& shape)
             while (x < mask.width() && row[x] > 127)
                 ++x;
             if (x > start)
-                outline.addRect(area.x() + start, area.y() + y, x - start, 1);
+                runs.append({area.x() + start, area.y() + y, x - start, 1});
         }
     }
+    return runs;
+}
+
+QPainterPath pixelated(const QPainterPath& shape)
+{
+    QPainterPath outline;
+    outline.setFillRule(Qt::WindingFill);
+    for (const QRect& run : coveredRuns(shape))
+        outline.addRect(run);
     return outline;
 }
 

@@ -7,7 +7,9 @@
 
 namespace ambrelle {
 
-/// The squares of side 1 whose centres lie in `shape`, as one outline that stays sharp at every whole scale.
+/// The squares of side 1 whose centres lie in `shape`, row by row, as runs one square high.
+QList<QRect> coveredRuns(const QPainterPath& shape);
+/// The same squares as one outline that stays sharp at every whole scale.
 QPainterPath pixelated(const QPainterPath& shape);
 
 /// A colour as it is printed with one ink: a pattern of 4 x 4 squares of `unit` pixels with as many of them black as

@@ -168,27 +168,9 @@ void PixelPaint::squares(const QPainterPath& path, const QBrush& brush, double s
 
 void PixelPaint::clip(const QPainterPath& shape)
 {
-    const QPainterPath steps = inSteps(m_unit).map(shape);
-    const QRect area = steps.boundingRect().toAlignedRect();
     QRegion inside;
-    if (!area.isEmpty()) {
-        QImage mask(area.size(), QImage::Format_Grayscale8);
-        mask.fill(0);
-        QPainter painter(&mask);
-        painter.translate(-area.topLeft());
-        painter.fillPath(steps, Qt::white);
-        painter.end();
-        for (int y = 0; y < mask.height(); ++y) {
-            const uchar* row = mask.constScanLine(y);
-            for (int x = 0; x < mask.width(); ++x) {
-                const int start = x;
-                while (x < mask.width() && row[x] > 127)
-                    ++x;
-                if (x > start)
-                    inside += QRect((area.topLeft() + QPoint(start, y)) * m_unit, QSize((x - start) * m_unit, m_unit));
-            }
-        }
-    }
+    for (const QRect& run : coveredRuns(inSteps(m_unit).map(shape)))
+        inside += QRect(run.topLeft() * m_unit, run.size() * m_unit);
     const QTransform before = m_painter.transform();
     m_painter.setTransform(m_painter.deviceTransform().inverted() * before);
     m_painter.setClipRegion(inside.translated(m_origin), Qt::IntersectClip);
