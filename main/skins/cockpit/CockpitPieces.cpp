@@ -43,11 +43,6 @@ void screw(Canvas& canvas, QPointF centre, double degrees)
         canvas.line(slot.at(side, screwRadius * 0.72), slot.at(side + 0.5, screwRadius * 0.72), flatPen(well, 0.8));
 }
 
-QString percentOf(double fraction)
-{
-    return QString::number(qRound(fraction * 100));
-}
-
 } // namespace
 
 void bezel(Canvas& canvas, const Box& bounds, double corner)
@@ -140,7 +135,7 @@ void RoundGauge::scale(Canvas& canvas, const Gauge& gauge) const
         return;
     const TextStyle number = style.caption().sized(numberSize).coloured(style.ink);
     for (const double place : {0.0, 0.2, 0.4, 0.6, 0.8, 1.0})
-        gauge.numeral(canvas, place, percentOf(place), r - numberDistance, number);
+        gauge.numeral(canvas, place, QString::number(Units::percent(place)), r - numberDistance, number);
 }
 
 Box RoundGauge::draw(Canvas& canvas, const Box& box, double fraction) const
@@ -184,7 +179,8 @@ void UprightScale::marks(Canvas& canvas, const Box& box, const Box& line) const
         canvas.line({line.left() - (isLong ? longTick : shortTick), y}, {line.left(), y},
             flatPen(style.ink, isLong ? longLine : shortLine));
         if (step % 10 == 0)
-            canvas.text(Box(box.left(), y - numberSize / 2, numbers, numberSize), percentOf(place), number);
+            canvas.text(Box(box.left(), y - numberSize / 2, numbers, numberSize),
+                QString::number(Units::percent(place)), number);
     }
 }
 

@@ -32,13 +32,6 @@ const QColor& highlighterOf(const BatteryReading& reading)
     return reading.low ? emptyPink : reading.level < half ? halfOrange : fullGreen;
 }
 
-QPainterPath lineBetween(QPointF from, QPointF to)
-{
-    QPainterPath path(from);
-    path.lineTo(to);
-    return path;
-}
-
 } // namespace
 
 Box CorkSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
@@ -72,10 +65,10 @@ void CorkSkin::level(Canvas& canvas, const Box& box, double fraction, const QCol
     canvas.still(
         u"level"_s, box.inset(-2, -3),
         [&](Canvas& layer) {
-            layer.stroke(lineBetween({from, y + 0.3}, {to, y}), roundPen(style().faint, width * 0.6));
+            layer.stroke(straightLine({{from, y + 0.3}, {to, y}}), roundPen(style().faint, width * 0.6));
             if (const double reached = bounded(fraction); reached > 0)
-                layer.stroke(
-                    lineBetween({from, y}, {from + (to - from) * std::max(0.01, reached), y}), roundPen(colour, width));
+                layer.stroke(straightLine({{from, y}, {from + (to - from) * std::max(0.01, reached), y}}),
+                    roundPen(colour, width));
         },
         std::round(bounded(fraction) * 500), colour);
 }
@@ -102,7 +95,7 @@ void CorkSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& rea
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(style().down, 0.16));
     canvas.fill(areaUnder(lines.lower, lines.middle), faded(style().up, 0.16));
     canvas.still(u"axis"_s, Box(box.x(), lines.middle, box.width(), 0).inset(-3), [&](Canvas& layer) {
-        layer.stroke(lineBetween({box.left(), lines.middle + 0.4}, {box.right(), lines.middle - 0.4}),
+        layer.stroke(straightLine({{box.left(), lines.middle + 0.4}, {box.right(), lines.middle - 0.4}}),
             roundPen(style().soft, axisWidth));
     });
     canvas.stroke(lines.upper, roundPen(style().down, 2));
@@ -144,7 +137,7 @@ void CorkSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) 
                     : index == 1 ? -58
                                  : 90,
                 pitch + 0.8 * static_cast<double>(index), roundPen(colour, line));
-            layer.stroke(lineBetween(piece.topRight(), piece.bottomRight()), roundPen(style().ink, 1));
+            layer.stroke(straightLine({piece.topRight(), piece.bottomRight()}), roundPen(style().ink, 1));
         }
         layer.frame(bar, roundPen(style().ink, line), 2);
     };
@@ -208,7 +201,7 @@ void CorkSkin::eventMark(Canvas& canvas, Box& line, const QColor& colour) const
         u"event"_s, mark.inset(-2, 0),
         [&](Canvas& layer) {
             const double x = mark.center().x();
-            const QPainterPath bar = lineBetween({x - 0.3, mark.top() + 4}, {x + 0.3, mark.bottom() - 4});
+            const QPainterPath bar = straightLine({{x - 0.3, mark.top() + 4}, {x + 0.3, mark.bottom() - 4}});
             if (contrast(colour, layer.ground()) < 3) // or it would be lost on its note
                 layer.stroke(bar, roundPen(faded(style().ink, 0.35), width + 1.6));
             layer.stroke(bar, roundPen(colour, width));
@@ -253,7 +246,7 @@ void CorkSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool 
     const double width = std::min(3.6, column.width() - 0.4);
     const double height = std::max(0.5, column.height() * bounded(fraction) - width);
     const QPointF foot(column.center().x(), column.bottom() - width / 2);
-    canvas.stroke(lineBetween(foot, foot - QPointF(0, height)),
+    canvas.stroke(straightLine({foot, foot - QPointF(0, height)}),
         roundPen(now           ? style().accent
                 : fraction > 0 ? graphite
                                : style().faint,

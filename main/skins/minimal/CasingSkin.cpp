@@ -5,6 +5,7 @@
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
 #include "drawing/Gauge.h"
+#include "drawing/Pens.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,11 +18,6 @@ namespace {
 
 constexpr double ruleWidth = 0.6;
 constexpr double liveMark = 7;
-
-QPen square(const QColor& colour, double width)
-{
-    return {colour, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin};
-}
 
 /// Whether the face measures something that changes by the second.
 bool isLive(WidgetKind kind)
@@ -74,8 +70,8 @@ void CasingSkin::panel(Canvas& canvas, const FaceContext& face) const
         layer.frame(face.bounds, QPen(look().border, look().plateBorder), look().corner);
         const Box marks = face.bounds.inset(place);
         for (const QPointF& centre : {marks.topLeft(), marks.topRight(), marks.bottomLeft(), marks.bottomRight()}) {
-            layer.line(centre - QPointF(arm, 0), centre + QPointF(arm, 0), square(look().soft, 1));
-            layer.line(centre - QPointF(0, arm), centre + QPointF(0, arm), square(look().soft, 1));
+            layer.line(centre - QPointF(arm, 0), centre + QPointF(arm, 0), flatPen(look().soft, 1));
+            layer.line(centre - QPointF(0, arm), centre + QPointF(0, arm), flatPen(look().soft, 1));
         }
     });
 }
@@ -90,7 +86,7 @@ void CasingSkin::heading(Canvas& canvas, Box& content, const FaceContext& face, 
         canvas.fill(mark, look().accent);
         return;
     }
-    canvas.frame(mark, square(look().accent, 1));
+    canvas.frame(mark, flatPen(look().accent, 1));
     canvas.moving(mark, Motion::steady(2), [&](Canvas& layer, double t) {
         if (std::fmod(t, 1) < 0.5)
             layer.fill(mark, look().accent);
@@ -177,14 +173,9 @@ void CasingSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts
 {
     constexpr int count = 24;
     const QList<QBrush> fills = partFills();
-    blocks(canvas, box, count, 1.5, [&](int block) -> QBrush {
-        double place = (block + 0.5) / count;
-        for (qsizetype index = 0; index < std::min(parts.size(), fills.size()); ++index) {
-            place -= parts[index].fraction;
-            if (place < 0)
-                return fills[index];
-        }
-        return look().faint;
+    blocks(canvas, box, count, 1.5, [&](int block) {
+        const std::optional<qsizetype> part = partAt(parts, (block + 0.5) / count);
+        return part ? fills.value(*part, look().faint) : look().faint;
     });
 }
 
@@ -218,7 +209,7 @@ void CasingSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCon
     if (!reading.second)
         return;
     const Box frame = side.cutBottom(24);
-    canvas.frame(frame, square(look().accent, 1.2));
+    canvas.frame(frame, flatPen(look().accent, 1.2));
     const FigureStyle seconds{.face = look().body, .cap = 11, .fill = look().ink, .align = Align::centre};
     canvas.figure(frame, reading.secondText(), {}, seconds);
 }
@@ -302,10 +293,10 @@ void CasingSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Fa
     const PlayerPlaces places = playerPlaces(content, key);
     const Box cover = places.cover.inset(crop);
     artwork(canvas, cover, reading.artwork, 0, look().faint, look().soft);
-    canvas.frame(cover, square(look().ink, 1));
+    canvas.frame(cover, flatPen(look().ink, 1));
     for (const double x : {cover.left(), cover.right()}) {
-        canvas.line({x, cover.top() - crop}, {x, cover.top() - 2}, square(look().soft, 1));
-        canvas.line({x, cover.bottom() + 2}, {x, cover.bottom() + crop}, square(look().soft, 1));
+        canvas.line({x, cover.top() - crop}, {x, cover.top() - 2}, flatPen(look().soft, 1));
+        canvas.line({x, cover.bottom() + 2}, {x, cover.bottom() + crop}, flatPen(look().soft, 1));
     }
     trackLines(canvas, *this, places, reading, style().header().sized(13));
     controls(canvas, places.controls.centred(3 * 42, key), reading.playing,
@@ -313,7 +304,7 @@ void CasingSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Fa
             const Box frame = place.centred(key, key);
             if (middle)
                 canvas.fill(frame, look().accent);
-            canvas.frame(frame, square(middle ? look().accent : look().key, 1));
+            canvas.frame(frame, flatPen(middle ? look().accent : look().key, 1));
             canvas.symbol(frame, symbol, 16, middle ? inkOn(look().accent) : look().ink);
         });
 }

@@ -139,12 +139,8 @@ void HairlineSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& par
 {
     const QList<QBrush> fills = partFills();
     comb(canvas, box, [&](double place) {
-        for (qsizetype index = 0; index < std::min(parts.size(), fills.size()); ++index) {
-            place -= parts[index].fraction;
-            if (place < 0)
-                return fills[index].color();
-        }
-        return look().faint;
+        const std::optional<qsizetype> part = partAt(parts, place);
+        return part ? fills.value(*part, look().faint).color() : look().faint;
     });
 }
 

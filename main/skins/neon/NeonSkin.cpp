@@ -2,6 +2,7 @@
 
 #include "skins/neon/NeonSkin.h"
 
+#include "drawing/Arc.h"
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
 #include "drawing/Gauge.h"
@@ -25,20 +26,6 @@ namespace {
 constexpr double chromeFrom = 44; // height from which figures are of chrome
 constexpr double shadowReach = 8;
 constexpr double hairline = 0.8;
-
-QPainterPath straight(QPointF from, QPointF to)
-{
-    QPainterPath path(from);
-    path.lineTo(to);
-    return path;
-}
-
-QPainterPath circle(QPointF centre, double radius)
-{
-    QPainterPath path;
-    path.addEllipse(centre, radius, radius);
-    return path;
-}
 
 } // namespace
 
@@ -190,7 +177,7 @@ void NeonSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
 
 TextStyle NeonSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
-    canvas.lightAround(circle(cell.center(), 8), shine(style().accent));
+    canvas.lightAround(arc(squareAbout(cell.center(), 8), 0, 1), shine(style().accent));
     return filledDay(canvas, cell, day, style().accent, style().corner);
 }
 
@@ -208,7 +195,7 @@ void NeonSkin::rowLevel(Canvas& canvas, Box& row, double fraction, qsizetype ind
     const QPointF from(track.left(), track.center().y());
     canvas.rule(track, trackColour, hairline);
     if (bounded(fraction) > 0)
-        tube(canvas, straight(from, from + QPointF(track.width() * bounded(fraction), 0)), byTurns(index), 1.2);
+        tube(canvas, straightLine({from, from + QPointF(track.width() * bounded(fraction), 0)}), byTurns(index), 1.2);
 }
 
 void NeonSkin::separator(Canvas& canvas, const Box& row) const
@@ -219,7 +206,7 @@ void NeonSkin::separator(Canvas& canvas, const Box& row) const
 void NeonSkin::eventMark(Canvas& canvas, Box& line, const QColor& colour) const
 {
     const Box bar = line.cutLeft(3).inset(0, 5);
-    tube(canvas, straight({bar.center().x(), bar.top()}, {bar.center().x(), bar.bottom()}), colour, 3);
+    tube(canvas, straightLine({{bar.center().x(), bar.top()}, {bar.center().x(), bar.bottom()}}), colour, 3);
     line.cutLeft(9);
 }
 
@@ -227,7 +214,7 @@ void NeonSkin::checkMark(Canvas& canvas, const Box& box, bool done) const
 {
     const QPointF centre = box.square().center();
     if (!done) {
-        tube(canvas, circle(centre, 6), style().accent, 1.4);
+        tube(canvas, arc(squareAbout(centre, 6), 0, 1), style().accent, 1.4);
         return;
     }
     QPainterPath tick(centre + QPointF(-4, 0));
@@ -246,7 +233,7 @@ void NeonSkin::sessionDot(Canvas& canvas, const Box& box, bool lit) const
     if (lit)
         spark(canvas, box.center(), 3, style().accent);
     else
-        canvas.stroke(circle(box.center(), 2.6), QPen(style().soft, 1));
+        canvas.stroke(arc(squareAbout(box.center(), 2.6), 0, 1), QPen(style().soft, 1));
 }
 
 void NeonSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool now) const
@@ -254,7 +241,7 @@ void NeonSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool 
     const Box bar = Box(column).cutBottom(std::max(1.0, column.height() * fraction));
     if (now)
         canvas.lightAround(
-            straight({bar.center().x(), bar.top()}, {bar.center().x(), bar.bottom()}), shine(style().accent));
+            straightLine({{bar.center().x(), bar.top()}, {bar.center().x(), bar.bottom()}}), shine(style().accent));
     canvas.fill(bar, now ? pale(style().accent) : faded(style().accent, 0.6), 1);
 }
 
