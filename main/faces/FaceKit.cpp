@@ -142,11 +142,20 @@ void partsBar(Canvas& canvas, const Box& box, const QList<Share>& parts, const Q
 void partsKey(
     Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, const QList<QBrush>& fills)
 {
-    constexpr double swatch = 7;
+    constexpr double side = 7;
+    const double corner = std::min(2.0, skin.style().corner / 4);
+    partsKey(canvas, skin, box, parts, side, [&](const Box& swatch, qsizetype index) {
+        canvas.fill(swatch.centred(side, side), fills.value(index), corner);
+    });
+}
+
+void partsKey(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, double width,
+    const DrawSwatch& draw)
+{
     const SkinStyle& style = skin.style();
     for (qsizetype index = 0; index < parts.size(); ++index) {
         Box line = box.row(static_cast<int>(index), static_cast<int>(parts.size()));
-        canvas.fill(line.cutLeft(swatch).centred(swatch, swatch), fills.value(index), std::min(2.0, style.corner / 4));
+        draw(line.cutLeft(width), index);
         line.cutLeft(Bands::gap);
         keyLine(canvas, line, parts[index], style.caption().coloured(style.ink), style.caption());
     }

@@ -59,6 +59,10 @@ void partsBar(Canvas& canvas, const Box& box, const QList<Share>& parts, const Q
 /// One row per part: a swatch, the name, the value.
 void partsKey(
     Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, const QList<QBrush>& fills);
+/// The same with swatches of `width` points that `draw` fills.
+using DrawSwatch = std::function<void(const Box& swatch, qsizetype index)>;
+void partsKey(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, double width,
+    const DrawSwatch& draw);
 /// A part's name and value in one line, the value without its unit where there is no room for both.
 void keyLine(Canvas& canvas, Box line, const Share& part, const TextStyle& name, const TextStyle& value);
 /// Which part a place (0 to 1) of the whole belongs to; none: the rest.
@@ -113,6 +117,8 @@ PlayerPlaces playerPlaces(Box content, double controlsHeight = 26);
 /// Title, artist, progress and times.
 void trackLines(Canvas& canvas, const FaceRenderer& skin, const PlayerPlaces& places, const NowPlayingReading& reading,
     const TextStyle& title);
+/// The time played at the left, that of the whole track at the right.
+void trackTimes(Canvas& canvas, const Box& box, const NowPlayingReading& reading, const TextStyle& style);
 /// Title and artist of a track, one under the other, about the middle of the box.
 void trackTexts(
     Canvas& canvas, const Box& box, const NowPlayingReading& reading, const TextStyle& title, const TextStyle& artist);

@@ -132,8 +132,13 @@ void trackLines(Canvas& canvas, const FaceRenderer& skin, const PlayerPlaces& pl
     const SkinStyle& style = skin.style();
     trackTexts(canvas, places.texts, reading, title, style.caption().sized(std::max(12.0, style.captionSize)));
     skin.level(canvas, places.progress, reading.progress, style.accent);
-    canvas.text(places.times.column(0, 2), reading.elapsed, style.caption());
-    canvas.text(places.times.column(1, 2), reading.total, style.caption().aligned(Align::right));
+    trackTimes(canvas, places.times, reading, style.caption());
+}
+
+void trackTimes(Canvas& canvas, const Box& box, const NowPlayingReading& reading, const TextStyle& style)
+{
+    canvas.text(box.column(0, 2), reading.elapsed, style);
+    canvas.text(box.column(1, 2), reading.total, style.aligned(Align::right));
 }
 
 void controls(Canvas& canvas, const Box& box, bool playing, const DrawKey& draw, bool active)

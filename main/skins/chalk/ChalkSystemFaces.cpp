@@ -62,15 +62,13 @@ void ChalkSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCon
     canvas.still(
         u"parts"_s, bar.inset(-3), [&](Canvas& layer) { shadedBar(layer, bar, shares, style()); }, shares);
     box.cutTop(5);
-    for (qsizetype index = 0; index < std::min<qsizetype>(reading.parts.size(), 3); ++index) {
-        Box line = box.row(static_cast<int>(index), 3);
-        const Box swatch = line.cutLeft(10).centred(10, 10);
+    constexpr double side = 10;
+    partsKey(canvas, *this, box, reading.parts, side, [&](const Box& place, qsizetype index) {
+        const Box swatch = place.centred(side, side);
         canvas.still(
             u"swatch"_s, swatch.inset(-2),
             [&](Canvas& layer) { shaded(layer, swatch, index, partColour(style(), index)); }, index);
-        line.cutLeft(Bands::gap);
-        keyLine(canvas, line, reading.parts[index], style().caption().coloured(style().ink), style().caption());
-    }
+    });
 }
 
 void ChalkSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const

@@ -149,8 +149,7 @@ void CockpitSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const F
     box.cutBottom(4);
     box.cutTop(8);
     level(canvas, box.cutTop(6), reading.progress, style().accent);
-    canvas.text(box.column(0, 2), reading.elapsed, style().caption());
-    canvas.text(box.column(1, 2), reading.total, style().caption().aligned(Align::right));
+    trackTimes(canvas, box, reading, style().caption());
 }
 
 } // namespace ambrelle

@@ -121,9 +121,7 @@ void CorkSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Face
     });
     controls(canvas, *this, box.cutBottom(keyHeight).centred(3 * keyPitch, keyHeight), reading.playing);
     box.cutBottom(8);
-    const Box times = box.cutBottom(footerHeight(style()));
-    canvas.text(times.column(0, 2), reading.elapsed, style().caption());
-    canvas.text(times.column(1, 2), reading.total, style().caption().aligned(Align::right));
+    trackTimes(canvas, box.cutBottom(footerHeight(style())), reading, style().caption());
     pencilLine(canvas, box.cutBottom(14), reading.progress, style().accent, graphite);
     canvas.paragraph(box, reading.artist, style().header().sized(artistSize).wrapped(2), Qt::AlignVCenter);
 }

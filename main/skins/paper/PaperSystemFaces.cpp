@@ -33,15 +33,11 @@ void PaperSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCon
     box.cutTop(2);
     parts(canvas, box.cutTop(9), reading.parts);
     box.cutTop(5);
-    const int count = static_cast<int>(reading.parts.size());
-    for (int index = 0; index < count; ++index) {
-        Box line = box.row(index, count);
-        const Box swatch = line.cutLeft(swatchWidth).centred(swatchWidth, swatchHeight);
+    partsKey(canvas, *this, box, reading.parts, swatchWidth, [&](const Box& place, qsizetype index) {
+        const Box swatch = place.centred(swatchWidth, swatchHeight);
         partInk(canvas, style(), swatch, index);
         canvas.frame(swatch, flatPen(style().ink, Rules::light));
-        line.cutLeft(Bands::gap);
-        keyLine(canvas, line, reading.parts[index], style().caption().coloured(style().ink), style().caption());
-    }
+    });
 }
 
 void PaperSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const

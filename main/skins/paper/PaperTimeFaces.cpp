@@ -171,9 +171,7 @@ void PaperSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Fac
     const Box keys = box.cutBottom(keyHeight);
     controls(canvas, *this, keys.centred(3 * keyPitch, keyHeight), reading.playing);
     box.cutBottom(Bands::gap);
-    const Box times = box.cutBottom(Bands::footer);
-    canvas.text(times.column(0, 2), reading.elapsed, style().caption());
-    canvas.text(times.column(1, 2), reading.total, style().caption().aligned(Align::right));
+    trackTimes(canvas, box.cutBottom(Bands::footer), reading, style().caption());
     level(canvas, box.cutBottom(9), reading.progress, style().accent);
     const double title = canvas.paragraph(box, reading.title, bold(style(), titleSize).wrapped(2));
     box.cutTop(title + 2);

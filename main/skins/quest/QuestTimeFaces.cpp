@@ -79,9 +79,7 @@ void playerProgress(Canvas& canvas, const SkinStyle& style, const Box& box, cons
     const int lit = litOf(reading.progress, count);
     blockBar(canvas, block.cutTop(barHeight), count,
         [&](int index) { return index < lit ? std::optional(style.accent) : std::nullopt; });
-    const Box times = block.cutBottom(line);
-    canvas.text(times.column(0, 2), reading.elapsed, style.caption());
-    canvas.text(times.column(1, 2), reading.total, style.caption().aligned(Align::right));
+    trackTimes(canvas, block.cutBottom(line), reading, style.caption());
 }
 
 } // namespace
