@@ -35,6 +35,35 @@ QJsonObject readObject(const QString& path)
     return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
 }
 
+/// Without those of outputs that have gone; where none or only one was remembered, all.
+QList<ScreenPicture> stillThere(const QList<ScreenPicture>& pictures, const QStringList& known)
+{
+    QList<ScreenPicture> there = pictures;
+    there.removeIf([&](const ScreenPicture& picture) { return !known.contains(picture.connector); });
+    return there.isEmpty() || pictures.size() == 1 ? pictures : there;
+}
+
+/// What to tell Sway; nothing and an error where that cannot be told.
+QString commandsFor(const QList<ScreenPicture>& pictures, const QStringList& known, QString& error)
+{
+    QStringList commands;
+    for (const ScreenPicture& picture : pictures) {
+        error = PictureFile::fault(picture.file);
+        if (error.isEmpty() && !isPlain(picture.file))
+            error = Wording::tr("Sway cannot be told of “%1”: that path has signs with a meaning of their own.")
+                        .arg(picture.file);
+        // An X server inside Sway may have a name of its own for the only screen.
+        const bool isKnown = known.contains(picture.connector);
+        if (error.isEmpty() && !isKnown && known.size() != 1)
+            error = Wording::tr("Sway has no output called “%1”.").arg(picture.connector);
+        if (!error.isEmpty())
+            return {};
+        const QString output = isKnown ? picture.connector : known.first();
+        commands.append(u"output \"%1\" bg \"%2\" fill"_s.arg(output, picture.file));
+    }
+    return commands.join(u"; "_s);
+}
+
 } // namespace
 
 SwayPicture::SwayPicture(const QString& recordFile, const QString& session, std::chrono::milliseconds patience)
@@ -51,7 +80,7 @@ QString SwayPicture::whyNot() const
 
 void SwayPicture::set(const QList<ScreenPicture>& pictures, Done done)
 {
-    m_tools.run([this, pictures] { return show(pictures); }, std::move(done));
+    m_tools.run([this, pictures] { return show(pictures, Gone::fault); }, std::move(done));
 }
 
 void SwayPicture::read(const QString& connector, std::function<void(const QString& file)> done)
@@ -69,52 +98,24 @@ void SwayPicture::giveBack(const QJsonObject& memory, Done done)
     QList<ScreenPicture> pictures;
     for (auto file = memory.begin(); file != memory.end(); ++file)
         pictures.append({file.key(), file->toString()});
-    m_tools.run([this, pictures] { return show(stillThere(pictures)); }, std::move(done));
+    m_tools.run([this, pictures] { return show(pictures, Gone::skipped); }, std::move(done));
 }
 
-/// Without those of outputs that have gone; where none or only one was remembered, all.
-QList<ScreenPicture> SwayPicture::stillThere(const QList<ScreenPicture>& pictures) const
-{
-    QString error; // show() will tell
-    const QStringList known = outputs(error);
-    QList<ScreenPicture> there = pictures;
-    there.removeIf([&](const ScreenPicture& picture) { return !known.contains(picture.connector); });
-    return there.isEmpty() || pictures.size() == 1 ? pictures : there;
-}
-
-QString SwayPicture::show(const QList<ScreenPicture>& pictures) const
+QString SwayPicture::show(const QList<ScreenPicture>& pictures, Gone gone) const
 {
     QString error;
-    const QString commands = commandsFor(pictures, error);
+    const QStringList known = outputs(error);
+    if (!error.isEmpty())
+        return error;
+    const QList<ScreenPicture> wanted = gone == Gone::skipped ? stillThere(pictures, known) : pictures;
+    const QString commands = commandsFor(wanted, known, error);
     if (!error.isEmpty() || commands.isEmpty())
         return error;
     // Sway carries out all of them or, on a fault in one, tells of it.
     const ToolAnswer answer = m_tools.call(swaymsg, {commands});
     if (!answer.failed())
-        note(pictures);
+        note(wanted);
     return answer.error;
-}
-
-QString SwayPicture::commandsFor(const QList<ScreenPicture>& pictures, QString& error) const
-{
-    const QStringList known = outputs(error);
-    QStringList commands;
-    for (const ScreenPicture& picture : pictures) {
-        if (error.isEmpty())
-            error = PictureFile::fault(picture.file);
-        if (error.isEmpty() && !isPlain(picture.file))
-            error = Wording::tr("Sway cannot be told of “%1”: that path has signs with a meaning of their own.")
-                        .arg(picture.file);
-        // An X server inside Sway may have a name of its own for the only screen.
-        const bool isKnown = known.contains(picture.connector);
-        if (error.isEmpty() && !isKnown && known.size() != 1)
-            error = Wording::tr("Sway has no output called “%1”.").arg(picture.connector);
-        if (!error.isEmpty())
-            return {};
-        const QString output = isKnown ? picture.connector : known.first();
-        commands.append(u"output \"%1\" bg \"%2\" fill"_s.arg(output, picture.file));
-    }
-    return commands.join(u"; "_s);
 }
 
 QStringList SwayPicture::outputs(QString& error) const

@@ -25,9 +25,9 @@ public:
 
 private:
     // All of these wait.
-    QList<ScreenPicture> stillThere(const QList<ScreenPicture>& pictures) const;
-    QString show(const QList<ScreenPicture>& pictures) const;
-    QString commandsFor(const QList<ScreenPicture>& pictures, QString& error) const;
+    /// Returns why not. The pictures of outputs that have gone are `skipped` or a fault.
+    enum class Gone { skipped, fault };
+    QString show(const QList<ScreenPicture>& pictures, Gone gone) const;
     QStringList outputs(QString& error) const;
     QJsonObject record() const; ///< the file of each connector
     void note(const QList<ScreenPicture>& pictures) const;
