@@ -9,6 +9,7 @@
 #include "window/look/ActionMenu.h"
 #include "window/look/Button.h"
 #include "window/look/EmptyState.h"
+#include "window/look/Measures.h"
 #include "window/themes/PageTransition.h"
 #include "window/themes/ThemeActions.h"
 #include "window/themes/ThemePage.h"
@@ -23,12 +24,6 @@
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int wideThemes = 900; // from here on the welcome has a picture
-
-} // namespace
 
 ThemesPage::ThemesPage(const WindowContext& context)
     : m_with(context)
@@ -148,7 +143,7 @@ void ThemesPage::showWelcome()
         return;
     if (!m_welcome) {
         m_welcome = new Welcome(m_with);
-        m_welcome->setWide(width() >= wideThemes);
+        m_welcome->setWide(width() >= measures::wideWindow);
         m_grid->setHeader(m_welcome);
         QWidget* before = m_scope;
         for (Button* button : m_welcome->findChildren<Button*>()) {
@@ -168,7 +163,7 @@ void ThemesPage::resizeEvent(QResizeEvent* event)
 {
     Page::resizeEvent(event);
     if (m_welcome)
-        m_welcome->setWide(width() >= wideThemes);
+        m_welcome->setWide(width() >= measures::wideWindow);
 }
 
 void ThemesPage::showChosen()
