@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace ambrelle {
 
@@ -61,6 +62,57 @@ void twoCaptions(Canvas& canvas, const SkinStyle& style, Box& content, const QSt
     canvas.text(content.cutBottom(height), left, text);
 }
 
+double upperLine(const SkinStyle& style)
+{
+    return style.rowSize + style.rowGap - 2;
+}
+
+double lowerLine(const SkinStyle& style)
+{
+    return style.captionSize + 1;
+}
+
+/// A row of one line, or of a row's text over a caption; on ruled paper it goes from rule to rule.
+double heightOf(const SkinStyle& style, bool twoLines)
+{
+    if (style.ruling > 0)
+        return twoLines ? twoLinePitch(style) : style.ruling;
+    return twoLines ? upperLine(style) + lowerLine(style) : rowHeight(style);
+}
+
+/// As many rows of those heights as fit whole, and as much air between them as is left, but on ruled paper.
+void airyRows(
+    Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<double>& heights, const DrawRow& draw)
+{
+    constexpr double most = 8;
+    double used = 0;
+    qsizetype count = 0;
+    while (count < heights.size() && used + heights[count] <= box.height())
+        used += heights[count++];
+    const double left = (box.height() - used) / static_cast<double>(std::max<qsizetype>(1, count));
+    const double air = skin.style().ruling > 0 ? 0 : std::min(left, most);
+    double y = box.y();
+    for (qsizetype index = 0; index < count; ++index) {
+        const Box row(box.x(), y, box.width(), heights[index]);
+        skin.separator(canvas, row.adjusted(0, 0, 0, air / 2));
+        draw(row, index);
+        y += heights[index] + air;
+    }
+}
+
+/// The heights of the rows; levels, which their figures tell as well, go where there is no room for all of them.
+QList<double> deviceHeights(const SkinStyle& style, const DevicesReading& reading, double room)
+{
+    const auto with = [&](bool levels) {
+        QList<double> heights;
+        for (const DevicesReading::Row& device : reading.rows)
+            heights.append(heightOf(style, !device.detail.isEmpty() || (levels && device.level)));
+        return heights;
+    };
+    const QList<double> all = with(true);
+    return std::accumulate(all.begin(), all.end(), 0.0) <= room ? all : with(false);
+}
+
 } // namespace
 
 void drawShared(Canvas& canvas, const FaceRenderer& skin, const FocusReading& reading, const FaceContext& face)
@@ -80,11 +132,13 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
 {
     const SkinStyle& style = skin.style();
     const Box box = skin.framed(canvas, face);
-    rows(box, reading.rows.size(), twoLinePitch(style), [&](const Box& row, qsizetype index) {
+    QList<double> heights;
+    for (const RemindersReading::Row& reminder : reading.rows)
+        heights.append(heightOf(style, !reminder.due.isEmpty()));
+    airyRows(canvas, skin, box, heights, [&](const Box& row, qsizetype index) {
         const RemindersReading::Row& reminder = reading.rows[index];
         Box line = row;
         skin.checkMark(canvas, line.cutLeft(20), reminder.done);
-        skin.separator(canvas, row);
         canvas.hit(row, {FaceAction::Verb::completeReminder, reminder.id});
         line.cutLeft(2);
         const TextStyle text = reminder.done ? skin.doneRow() : style.row();
@@ -93,7 +147,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
             return;
         }
         const QColor due = reminder.overdue ? legible(style.warn, style.ink, style.ground) : style.soft;
-        Box upper = line.cutTop(style.rowSize + style.rowGap - 2);
+        Box upper = line.cutTop(upperLine(style));
         if (reminder.overdue) {
             skin.warning(canvas, upper.cutRight(markSize));
             upper.cutRight(markGap);
@@ -102,7 +156,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
         const TextStyle caption = style.caption().coloured(due);
         const QString time = style.words(reminder.due);
         const bool whole = elided(time, caption, line.width()) == time;
-        canvas.text(line.cutTop(style.captionSize + 1), whole ? time : style.words(reminder.dueDay), caption);
+        canvas.text(line.cutTop(lowerLine(style)), whole ? time : style.words(reminder.dueDay), caption);
     });
 }
 
@@ -206,20 +260,20 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
     const SkinStyle& style = skin.style();
     const Box box = skin.framed(canvas, face);
     constexpr double low = 0.2;
-    rows(box, reading.rows.size(), twoLinePitch(style), [&](const Box& row, qsizetype index) {
+    const QList<double> heights = deviceHeights(style, reading, box.height());
+    airyRows(canvas, skin, box, heights, [&](const Box& row, qsizetype index) {
         const DevicesReading::Row& device = reading.rows[index];
         Box line = row;
-        skin.separator(canvas, row);
+        const bool twoLines = row.height() > heightOf(style, false);
         const QString detail = fitted(device.detail, style.caption(), line.width() - markRoom);
         // A detail too long for its place goes on under the symbol.
         const bool wide = elided(detail, style.caption(), line.width() - markRoom) != detail;
-        const double upperHeight = style.rowSize + style.rowGap - 2;
-        Box upper = wide ? line.cutTop(upperHeight) : line;
+        Box upper = wide ? line.cutTop(upperLine(style)) : line;
         canvas.symbol(upper.cutLeft(18), device.symbol, 16, style.ink);
         upper.cutLeft(markRoom - 18);
-        if (!wide) {
+        if (!wide && twoLines) {
             line = upper;
-            upper = line.cutTop(upperHeight);
+            upper = line.cutTop(upperLine(style));
         }
         if (device.charging) {
             const double bolt = std::max(11.0, style.captionSize);
@@ -230,10 +284,10 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
         if (device.level && *device.level <= low && !device.charging)
             skin.warning(canvas, upper.cutRight(markSize));
         canvas.text(upper, device.name, style.row().elided(Qt::ElideMiddle));
-        const Box below = line.cutTop(style.captionSize + 1);
+        const Box below = line.cutTop(lowerLine(style));
         if (!device.detail.isEmpty())
             canvas.text(below, detail, style.caption());
-        else if (device.level)
+        else if (device.level && twoLines)
             skin.level(canvas, below.centred(below.width(), 4), *device.level, skin.valueColour(*device.level <= low));
     });
 }

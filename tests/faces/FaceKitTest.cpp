@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -35,11 +36,13 @@ struct BareSkin final : FaceRenderer {
     Box plate(Canvas&, const FaceContext& face) const override { return face.bounds.inset(16); }
     void warning(Canvas&, const Box&) const override { ++warnings; }
     void key(Canvas&, const Box& box, const QString&, bool) const override { keys += box; }
+    void level(Canvas&, const Box&, double, const QColor&) const override { ++levels; }
 
     double tilt(const FaceContext&) const override { return degrees; }
 
     double degrees = 0;
     mutable int warnings = 0;
+    mutable int levels = 0;
     mutable QList<QRectF> keys;
 };
 
@@ -81,6 +84,22 @@ TEST_F(FaceKitTest, EveryValueBeyondItsThresholdIsMarkedOnce)
         skin.drawAny(canvas, reading, {.kind = kind, .bounds = Box(0, 0, 170, 170)});
         EXPECT_EQ(skin.warnings, 1) << rawValue(kind).data();
     }
+}
+
+TEST_F(FaceKitTest, ManyDevicesGiveUpTheirLevelsBeforeOneIsLeftOut)
+{
+    const auto levelsOf = [&](int count) {
+        DevicesReading devices;
+        for (int index = 0; index < count; ++index)
+            devices.rows.append({.name = QString::number(index), .percent = u"50%"_s, .level = 0.5});
+        skin.levels = 0;
+        record.clear();
+        skin.drawAny(canvas, devices, {.kind = WidgetKind::devices, .bounds = Box(0, 0, 170, 170)});
+        EXPECT_EQ(std::ranges::count(record, u"50%"_s, &CanvasMark::text), count);
+        return skin.levels;
+    };
+    EXPECT_EQ(levelsOf(3), 3);
+    EXPECT_EQ(levelsOf(5), 0);
 }
 
 TEST_F(FaceKitTest, ASpanLiesInItsTrackWhateverItsEnds)
