@@ -32,6 +32,7 @@ public:
     UserDefaults(const UserDefaults&) = delete;
     UserDefaults& operator=(const UserDefaults&) = delete;
 
+    bool contains(const QString& key) const { return m_values.contains(key); }
     std::optional<bool> boolean(const QString& key) const;
     std::optional<int> integer(const QString& key) const;
     /// An integer counts as a real number; a Boolean does not.

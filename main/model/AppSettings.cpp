@@ -122,8 +122,9 @@ template <typename Settings, typename Visitor> void AppSettings::visitPreference
 QJsonObject AppSettings::snapshot() const
 {
     QJsonObject values;
-    visitPreferences(*this, [&values]<typename T>(const Setting<T>& setting) {
-        values.insert(setting.key(), JsonForm<T>::write(setting()));
+    visitPreferences(*this, [this, &values]<typename T>(const Setting<T>& setting) {
+        if (m_defaults.contains(setting.key()))
+            values.insert(setting.key(), JsonForm<T>::write(setting()));
     });
     return values;
 }
@@ -131,9 +132,12 @@ QJsonObject AppSettings::snapshot() const
 void AppSettings::restore(const QJsonObject& values)
 {
     const UserDefaults::Transaction all(m_defaults);
-    visitPreferences(*this, [&values]<typename T>(Setting<T>& setting) {
-        if (std::optional<T> value = JsonForm<T>::read(values.value(setting.key())))
-            setting.set(std::move(*value));
+    visitPreferences(*this, [this, &values]<typename T>(Setting<T>& setting) {
+        const std::optional<T> value = JsonForm<T>::read(values.value(setting.key()));
+        if (!value)
+            return;
+        setting.set(*value);
+        m_defaults.set(setting.key(), storedForm(*value)); // chosen, also where it is the standard
     });
 }
 

@@ -82,9 +82,9 @@ public:
     Setting<bool> checkForUpdates;
     Setting<bool> installUpdates;
 
-    /// What reset() changes, by key.
+    /// What the user has chosen of what reset() changes, by key; not what is standard because nobody chose.
     QJsonObject snapshot() const;
-    /// Brings back what `snapshot` gave; who listens is told of every setting that changed.
+    /// Makes what `snapshot` gave chosen again; who listens is told of every setting that changed.
     void restore(const QJsonObject& values);
     /// As if the user had never chosen anything, but the own pictures stay. Who listens is told as by `restore`.
     void reset();
