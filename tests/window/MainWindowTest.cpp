@@ -230,6 +230,18 @@ TEST_F(MainWindowTest, TheKeyboardGoesIntoTheBarAndComesBack)
     }
 }
 
+TEST_F(MainWindowTest, ASearchThatCoversTheTabsTakesTheKeyboardInTheirPlace)
+{
+    ToolBar bar(home.model, [] { return QList<ActionItem>(); });
+    bar.resize(640, 56);
+    bar.show();
+    bar.takeFocus();
+    EXPECT_TRUE(qobject_cast<QTabBar*>(bar.focusWidget()));
+    home.model.setSearch(MainTab::themes, u"neon"_s);
+    bar.takeFocus();
+    EXPECT_TRUE(qobject_cast<SearchField*>(bar.focusWidget()));
+}
+
 TEST_F(MainWindowTest, PlacesItsToolsApartAtEveryWidth)
 {
     ToolBar bar(home.model, [] { return QList<ActionItem>(); });

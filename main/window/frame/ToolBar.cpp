@@ -100,7 +100,10 @@ void ToolBar::showModel()
 
 void ToolBar::takeFocus()
 {
-    m_tabs->setFocus(Qt::ShortcutFocusReason);
+    if (m_tabs->isHidden()) // under the search
+        search();
+    else
+        m_tabs->setFocus(Qt::ShortcutFocusReason);
 }
 
 void ToolBar::search()

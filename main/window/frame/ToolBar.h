@@ -20,7 +20,7 @@ public:
     /// The model outlives this.
     ToolBar(MainWindowModel& model, ActionMenu::Items more, QWidget* parent = nullptr);
 
-    void takeFocus(); ///< the chosen tab has it
+    void takeFocus(); ///< the chosen tab has it, or the search that stands over the tabs
     void search(); ///< the keyboard goes to the search
     void openMenu();
 
