@@ -4,6 +4,7 @@
 
 #include "foundation/SerialWorker.h"
 #include "model/SavedTheme.h"
+#include "model/ThemeStore.h"
 #include "wallpapers/DesktopWallpaper.h"
 #include "window/frame/WindowContext.h"
 #include "window/frame/WorkNotice.h"
@@ -82,6 +83,7 @@ private:
     void saveAs(const QString& name, const QString& screen);
     void addSaved(const QString& name, const QString& screen);
     void removeNow(const QUuid& id);
+    void putBack(const ThemeStore::Taken& theme, const QUuid& id, const QString& name);
     void tellRefused();
     void take(const QList<ReadFile>& files);
     void showSaved(const QUuid& id);

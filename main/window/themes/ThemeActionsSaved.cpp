@@ -142,10 +142,18 @@ void ThemeActions::removeNow(const QUuid& id)
         m_with.model.chooseTheme(neighbour < 0 ? std::nullopt : std::optional<ThemeChoice>(before[neighbour].id));
     }
     const std::optional<ThemeStore::Taken> taken = m_with.themes.remove(id);
-    m_with.undo.offer({Wording::tr("“%1” deleted").arg(found->name), [this, id, taken] {
-                           if (taken && m_with.themes.putBack(*taken))
-                               m_with.model.chooseTheme(id);
+    m_with.undo.offer({Wording::tr("“%1” deleted").arg(found->name), [this, id, name = found->name, taken] {
+                           if (taken)
+                               putBack(*taken, id, name);
                        }});
+}
+
+void ThemeActions::putBack(const ThemeStore::Taken& theme, const QUuid& id, const QString& name)
+{
+    if (m_with.themes.putBack(theme))
+        return m_with.model.chooseTheme(id);
+    m_with.undo.fail(Wording::tr("“%1” cannot come back: there is no room for more desktops.").arg(name),
+        [this, theme, id, name] { putBack(theme, id, name); });
 }
 
 /// The list is as the user wants it, and shown so, but would not outlive the program.
