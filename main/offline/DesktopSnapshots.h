@@ -66,8 +66,9 @@ public:
     [[nodiscard]] Ticket borrowSamples(std::function<void(const SampleWorld& samples)> done);
     /// Every skin's miniature, on this thread, in the order of the catalogue.
     void renderPresetsNow();
-    /// Forgets what is on the disk too, failures, miniatures that have not begun, and the samples as soon as nothing is
-    /// drawn any more. What the disk did not take is kept, and what draw() was asked for is still drawn.
+    /// Lets go of pictures that are on the disk as well, and of the samples as soon as nothing is drawn any more;
+    /// forgets failures and miniatures that have not begun. What the disk did not take is kept, and what draw() was
+    /// asked for is still drawn.
     void release();
 
 Q_SIGNALS:

@@ -36,7 +36,7 @@ public:
     void drop(Skin skin);
     /// Whether it could not be made; the picture is then a small blank one.
     bool hasFailed(Skin skin) const { return m_failed.contains(skin); }
-    /// Forgets what is on the disk too, and failures.
+    /// Lets go of pictures that are on the disk as well, and forgets failures.
     void release();
 
     /// The thumbnail from the cache, or made and put there; nobody keeps it. Any thread may call this.
