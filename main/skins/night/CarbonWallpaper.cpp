@@ -35,7 +35,7 @@ void weave(Painting& painting)
         painting.all(), light, [&](QPainter& painter) { painter.fillRect(painting.all(), QBrush(twill(bundle))); });
 }
 
-void sheen(Painting& painting)
+void slantedSheen(Painting& painting)
 {
     painting.fill(nightBand(
         painting.at(0.425, 0.5), 20, 0.25 * painting.width(), {{0, white(0)}, {0.5, white(0.05)}, {1, white(0)}}));
@@ -53,7 +53,7 @@ void rails(Painting& painting)
 void dashboard(Painting& painting)
 {
     weave(painting);
-    sheen(painting);
+    slantedSheen(painting);
     rails(painting);
 }
 
