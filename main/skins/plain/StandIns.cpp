@@ -52,34 +52,4 @@ std::shared_ptr<const FaceRenderer> atlasSkin(const std::optional<QColor>& accen
     return standIn(Skin::atlas, accent);
 }
 
-std::shared_ptr<const FaceRenderer> obsidianSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::obsidian, accent);
-}
-
-std::shared_ptr<const FaceRenderer> midnightSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::midnight, accent);
-}
-
-std::shared_ptr<const FaceRenderer> pulseSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::pulse, accent);
-}
-
-std::shared_ptr<const FaceRenderer> prismSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::prism, accent);
-}
-
-std::shared_ptr<const FaceRenderer> carbonSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::carbon, accent);
-}
-
-std::shared_ptr<const FaceRenderer> velvetSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::velvet, accent);
-}
-
 } // namespace ambrelle
