@@ -26,7 +26,6 @@ public:
     }
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void rowMark(Canvas& canvas, Box& line, qsizetype index) const override;
-    void rowLevel(Canvas&, Box&, double, qsizetype) const override { }
 
 protected:
     void panel(Canvas& layer, const FaceContext& face) const override;

@@ -13,7 +13,9 @@ namespace {
 NightLook obsidianLook()
 {
     constexpr double leastAlpha = 0.94; // keeps the ink's contrast over pure white, as in prism
-    const Typeface bebas{.family = u"Bebas Neue"_s, .weight = 300, .capRatio = 0.71, .cell = 1.06};
+    const auto bebas = [](int weight) {
+        return Typeface{.family = u"Bebas Neue"_s, .weight = weight, .capRatio = 0.71, .cell = 1.06};
+    };
     return {
         .skin = Skin::obsidian,
         .ink = QColor(0xF5, 0xF6, 0xFA),
@@ -24,7 +26,7 @@ NightLook obsidianLook()
         .accent3 = QColor(0x7D, 0xF2, 0xE4),
         .corner = 20,
         .inset = 18,
-        .number = bebas,
+        .number = bebas(300),
         .label = {.family = u"Jura"_s, .weight = 600, .capRatio = 0.7},
         .body = {.family = u"Inter"_s, .weight = 400, .capRatio = 0.73},
         .tracking = 0.6,
@@ -33,7 +35,7 @@ NightLook obsidianLook()
         .up = QColor(0x7D, 0xF2, 0xE4),
         .down = QColor(0xE9, 0xA0, 0xFF),
         .warn = QColor(0xFF, 0x8C, 0x8C),
-        .smallNumber = bebas,
+        .smallNumber = bebas(400), // in lines as thick as those of the large ones
         .unitFace = Typeface{.family = u"Inter Display"_s, .weight = 300, .capRatio = 0.74},
         .lines = {.graph = 1,
             .bead = 2,

@@ -94,13 +94,14 @@ void NightSkin::history(Canvas& canvas, const Box& box, const History& history, 
 void NightSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
 {
     graphGround(canvas, box);
+    constexpr double air = 1.5; // so that two idle lines are seen
+    const double apart = m_look.lines.graph / 2 + air;
     const double end = m_look.lines.bead;
-    const Box room = box.adjusted(0, end, -end, -end);
+    const Box room = box.adjusted(0, end + air, -end, -end - air);
     const MirroredLines lines = mirrored(room, reading.downHistory, reading.upHistory, reading.peak);
     canvas.rule(Box(box.x(), lines.middle - 1, box.width(), 2), m_look.faint, 1);
     Box below = room;
     const Box above = below.cutTop(lines.middle - room.top());
-    const double apart = m_look.lines.graph / 2; // so that two idle lines are seen
     const QPainterPath upper = lines.upper.translated(0, -apart);
     const QPainterPath lower = lines.lower.translated(0, apart);
     graph(canvas, above, upper, lines.middle, m_look.down);
@@ -188,6 +189,12 @@ void NightSkin::draw(Canvas& canvas, const ProcessesReading& reading, const Face
         rowMark(canvas, line, index);
         named(canvas, line, process.name, style().row(), process.percent, rowValue(index));
     });
+}
+
+void NightSkin::draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const
+{
+    const Box box = framed(canvas, face, style().caps(reading.day));
+    eventRows(canvas, *this, box, reading, twoLinePitch(style())); // close, for one event more
 }
 
 void NightSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const

@@ -24,10 +24,13 @@ public:
     void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
     void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
     void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
+    /// Rows tell their share in a mark of the skin's own; nothing.
+    void rowLevel(Canvas&, Box&, double, qsizetype) const override { }
     void cover(Canvas& canvas, const Box& box, const Picture& artwork) const override;
 
     void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const EventsReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 
 protected:

@@ -68,6 +68,7 @@ public:
     using NightSkin::draw;
     using NightSkin::NightSkin;
 
+    FigureStyle figure(double cap) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void charge(Canvas& canvas, const Box& box, const BatteryReading& reading) const override;
     void pictogram(Canvas& canvas, const Box& box, Sky sky) const override;
@@ -135,6 +136,17 @@ void ObsidianSkin::motion(Canvas& canvas, const FaceContext& face) const
                 moving.still(u"edge"_s, strip, draw, static_cast<int>(index));
         });
     }
+}
+
+FigureStyle ObsidianSkin::figure(double cap) const
+{
+    FigureStyle figure = style().figure(cap);
+    figure.unitColour = look().soft;
+    if (cap != look().temperatureCap || !figure.unitFace)
+        return figure;
+    constexpr int hair = 100;
+    figure.unitFace->weight = hair; // a sign as thin as the figure
+    return figure.kerned(); // which changes a few times a day
 }
 
 void ObsidianSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
@@ -251,7 +263,7 @@ void ObsidianSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceC
     canvas.text(footer, reading.tag(), look().caption().aligned(Align::right));
     const Box day = box.cutBottom(lineRoom).centred(box.width(), 2);
     level(canvas, day, reading.dayFraction(), look().accent);
-    const FigureStyle time = style().figure(look().clockCap).kerned();
+    const FigureStyle time = figure(look().clockCap).kerned();
     const double width = canvas.figure(box, reading.time(), {}, time);
     box.cutLeft(width + besideTime);
     const double base = box.center().y() + look().clockCap / 2;

@@ -18,7 +18,6 @@ public:
 
     FigureStyle figure(double cap) const override;
     void rowMark(Canvas& canvas, Box& line, qsizetype index) const override;
-    void rowLevel(Canvas&, Box&, double, qsizetype) const override { }
 
 protected:
     void panel(Canvas& layer, const FaceContext& face) const override;
