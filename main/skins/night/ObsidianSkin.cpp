@@ -168,10 +168,12 @@ void ObsidianSkin::charge(Canvas& canvas, const Box& box, const BatteryReading& 
 void ObsidianSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
 {
     constexpr double line = 1.2;
+    constexpr double air = 0.16; // around the pictures, in parts of their square
     canvas.still(
         u"sky"_s, box.inset(-1),
         [&](Canvas& layer) {
-            const QBrush light = aslant(box.square());
+            const Box square = box.square();
+            const QBrush light = aslant(square.inset(square.width() * air));
             drawPictogram(layer, box, sky,
                 {.sun = light, .moon = light, .cloud = light, .water = light, .bolt = light, .outline = line});
         },
