@@ -231,4 +231,12 @@ std::optional<QString> nearestCity(double latitude, double longitude)
     return nearest->name.toString();
 }
 
+std::optional<CityPosition> positionOf(QStringView city)
+{
+    const auto* found = std::ranges::find(cities, city, &City::name);
+    if (found == cities.end())
+        return std::nullopt;
+    return CityPosition{found->latitude, found->longitude};
+}
+
 } // namespace ambrelle

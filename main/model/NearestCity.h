@@ -12,4 +12,13 @@ namespace ambrelle {
 /// at most forty kilometres away. Nothing elsewhere.
 std::optional<QString> nearestCity(double latitude, double longitude);
 
+/// A place on the earth, degrees, north and east positive.
+struct CityPosition {
+    double latitude = 0;
+    double longitude = 0;
+};
+
+/// Where the big city of that (English) name lies; nothing for others.
+std::optional<CityPosition> positionOf(QStringView city);
+
 } // namespace ambrelle

@@ -128,6 +128,16 @@ TEST(NearestCityTest, NamesThePlaceOrNone)
             << each.what;
 }
 
+TEST(NearestCityTest, KnowsWhereTheCitiesOfClocksLie)
+{
+    for (const WorldCity& city : worldCities()) {
+        const auto position = positionOf(QString::fromUtf8(city.name));
+        ASSERT_TRUE(position) << city.name;
+        EXPECT_EQ(nearestCity(position->latitude, position->longitude), QString::fromUtf8(city.name));
+    }
+    EXPECT_FALSE(positionOf(u"Atlantis"));
+}
+
 TEST(WeatherCodeTest, RangesAreInclusiveAndGapsUnknown)
 {
     const std::pair<const char*, QList<int>> cases[] = {{"Clear", {0}}, {"Mostly Clear", {1}}, {"Partly Cloudy", {2}},
