@@ -55,7 +55,7 @@ RGBA contour(double height, double pixel, double unit)
     return hex(0x8A5A2B, (strong ? 0.6 : 0.36) * line);
 }
 
-RGBA over(const RGBA& below, const RGBA& above)
+RGBA laidOver(const RGBA& below, const RGBA& above)
 {
     return below.mixed(above.withAlpha(1), above.a);
 }
@@ -80,7 +80,7 @@ void landscape(Painting& painting, SeededRandom& random)
         const double pixel = std::max(land.steepness(), 0.12) / h;
         const RGBA ground = shaded(layerTint(land.height, pixel), land);
         const double beach = coverage(std::abs(land.height - shore) / pixel, 1.4 * unit);
-        return over(over(ground, contour(land.height, pixel, unit)), hex(0x2A6C9B, 0.6 * beach));
+        return laidOver(laidOver(ground, contour(land.height, pixel, unit)), hex(0x2A6C9B, 0.6 * beach));
     });
 }
 

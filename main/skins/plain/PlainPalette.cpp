@@ -106,23 +106,6 @@ constexpr std::array palettes{
         .warn = 0xFF7A55,
         .uppercase = true,
         .measures = {.corner = 16, .inset = 18, .titleGap = 6, .titleSize = 11.5, .floor = 11}},
-    PlainPalette{.skin = Skin::atlas,
-        .title = {.family = "Cantarell", .weight = 700, .capRatio = 0.71},
-        .body = {.family = "Cantarell", .weight = 400, .capRatio = 0.71},
-        .number = {.family = "Cantarell", .weight = 400, .capRatio = 0.71},
-        .cell = 0.96,
-        .plate = 0xF8F4E6,
-        .ink = 0x2A2A22,
-        .soft = 0x5C5846,
-        .faint = 0xCDBF9C,
-        .accent = 0xB0461A,
-        .accent2 = 0x2A6C9B,
-        .accent3 = 0x477A3F,
-        .up = 0x2E7648,
-        .down = 0x2A6C9B,
-        .warn = 0xA82E18,
-        .uppercase = true,
-        .measures = {.corner = 2, .inset = 14, .titleGap = 8, .titleSize = 11.5, .floor = 10.5}},
 };
 
 } // namespace

@@ -47,9 +47,4 @@ std::shared_ptr<const FaceRenderer> abyssSkin(const std::optional<QColor>& accen
     return standIn(Skin::abyss, accent);
 }
 
-std::shared_ptr<const FaceRenderer> atlasSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::atlas, accent);
-}
-
 } // namespace ambrelle
