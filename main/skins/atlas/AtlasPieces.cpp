@@ -116,45 +116,56 @@ void legendSign(Canvas& canvas, const SkinStyle& style, const Box& box, Sign sig
         canvas.frame(place, flatPen(style.ink, Lines::hair));
 }
 
-Box compass(Canvas& canvas, const SkinStyle& style, const Box& box, double fraction, const QColor& colour)
+namespace {
+
+constexpr double arcWidth = 3; // of what is reached, along the edge
+constexpr double ringEnd = 13; // of the ring of degrees, from the edge inwards
+
+void degreeRing(Canvas& canvas, const SkinStyle& style, const Gauge& gauge)
 {
     constexpr int ticks = 36;
-    constexpr int quarter = ticks / 4;
-    constexpr double arcWidth = 3;
-    constexpr double ringAt = 5; // from the edge inwards: the ring of degrees, and its inner line
-    constexpr double ringEnd = 13;
-    constexpr double letterAt = 9;
-    constexpr double hidden = 0.024; // turns beside the needle where a letter would be crossed
-    const Box square = box.square();
-    const double reached = bounded(fraction);
-    const Gauge gauge = Gauge::in(square, 0, 360);
-    const Gauge ring = Gauge::in(square.inset(ringAt), 0, 360);
-    const QStringList letters{u"N"_s, u"E"_s, u"S"_s, u"W"_s};
-    canvas.still(u"ring"_s, square, [&](Canvas& layer) {
-        layer.stroke(gauge.arc(0, 1, gauge.radius - arcWidth / 2), QPen(style.faint, 1));
-        layer.stroke(gauge.arc(0, 1, gauge.radius - ringEnd), QPen(style.ink, Lines::hair));
-        ring.ticks(layer, ticks, [&](int index) {
-            const double length = index % quarter == 0 ? 0 : index % 3 == 0 ? 6 : 4;
-            return Tick{length, flatPen(style.soft, 0.7)};
-        });
+    constexpr double begin = 5; // from the edge
+    Gauge ring = gauge;
+    ring.radius -= begin;
+    canvas.stroke(gauge.arc(0, 1, gauge.radius - arcWidth / 2), QPen(style.faint, 1));
+    canvas.stroke(gauge.arc(0, 1, gauge.radius - ringEnd), QPen(style.ink, Lines::hair));
+    ring.ticks(canvas, ticks, [&](int index) {
+        const double length = index % 9 == 0 ? 0 : index % 3 == 0 ? 6 : 4; // none where a letter stands
+        return Tick{length, flatPen(style.soft, 0.7)};
     });
+}
+
+/// North, east, south and west, but for the one that the needle would cross.
+void quarters(Canvas& canvas, const SkinStyle& style, const Gauge& gauge, double needle)
+{
+    constexpr double from = 9; // the edge
+    constexpr double near = 0.024; // turns
+    const QStringList letters{u"N"_s, u"E"_s, u"S"_s, u"W"_s};
     for (int index = 0; index < letters.size(); ++index) {
         const double place = index / 4.0;
-        const double beside = std::abs(reached - place);
-        if (std::min(beside, 1 - beside) > hidden)
-            gauge.numeral(canvas, place, letters[index], gauge.radius - letterAt, scaleText(style).coloured(style.ink));
+        const double beside = std::abs(needle - place);
+        if (std::min(beside, 1 - beside) > near)
+            gauge.numeral(canvas, place, letters[index], gauge.radius - from, scaleText(style).coloured(style.ink));
     }
+}
+
+} // namespace
+
+Box compass(Canvas& canvas, const SkinStyle& style, const Box& box, double fraction, const QColor& colour)
+{
+    const Box square = box.square();
+    const Gauge gauge = Gauge::in(square, 0, 360);
+    const double reached = bounded(fraction);
+    canvas.still(u"ring"_s, square, [&](Canvas& layer) { degreeRing(layer, style, gauge); });
+    quarters(canvas, style, gauge, reached);
     if (reached > 0) {
         const QPainterPath band = gauge.band(0, reached, arcWidth);
         canvas.fill(band, colour);
         canvas.stroke(band, flatPen(style.ink, Lines::hair));
     }
-    gauge.needle(canvas, reached,
-        {.length = gauge.radius - arcWidth,
-            .tail = ringEnd + 2 - gauge.radius,
-            .width = 5,
-            .pointed = true,
-            .fill = colour});
+    Needle needle{.length = gauge.radius - arcWidth, .width = 5, .pointed = true, .fill = colour};
+    needle.tail = ringEnd + 2 - gauge.radius;
+    gauge.needle(canvas, reached, needle);
     return square.inset(ringEnd + 1);
 }
 

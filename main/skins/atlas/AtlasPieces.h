@@ -23,6 +23,7 @@ void measure(Canvas& canvas, const SkinStyle& style, const Box& box, double frac
 void scaleBar(Canvas& canvas, const SkinStyle& style, Box box, int fields, double fraction, const QColor& colour);
 /// The numbers of a scale, the first and the last one at its ends.
 void scaleNumbers(Canvas& canvas, const SkinStyle& style, const Box& box, const QStringList& numbers);
+inline constexpr double numbersLine = 10; ///< their height
 
 /// What the areas and lines of a map stand for.
 enum class Sign { builtUp, water, wood, road, railway };

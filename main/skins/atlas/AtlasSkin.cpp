@@ -25,7 +25,6 @@ using namespace atlas;
 
 namespace {
 
-constexpr double scaleLine = 10; // of the numbers below a scale
 constexpr double fineBar = 4; // a scale bar without a value
 
 /// Shores and the lines of equal depth behind them, darker from one to the next.
@@ -62,11 +61,9 @@ Box AtlasSkin::plate(Canvas& canvas, const FaceContext& face) const
 /// Places bear their names as on the map.
 void AtlasSkin::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
 {
-    constexpr double line = 14;
-    constexpr double nameSize = 15;
     const bool place = face.kind == WidgetKind::weather || face.kind == WidgetKind::disk;
     const bool named = place && title != headerTitle(style(), face.kind);
-    canvas.text(content.cutTop(line), title, named ? placeName(style(), nameSize) : style().header());
+    canvas.text(content.cutTop(headerLine), title, named ? placeName(style(), nameSize) : style().header());
     content.cutTop(style().titleGap);
 }
 
@@ -93,7 +90,7 @@ void AtlasSkin::history(Canvas& canvas, const Box& box, const History& history, 
     const double top = highest <= half ? half : 1;
     Box chart = box;
     const Box base = chart.cutBottom(fineBar);
-    const Box label = chart.cutTop(scaleLine);
+    const Box label = chart.cutTop(numbersLine);
     const double text = canvas.text(label, u"%1%"_s.arg(100 * top), scaleText(style()));
     dottedLeader(canvas, chart.left() + text + 4, chart.right(), label.center().y(), style().soft, 0.8, 3);
 
@@ -135,12 +132,12 @@ void AtlasSkin::charge(Canvas& canvas, const Box& box, const BatteryReading& rea
     constexpr double height = 16;
     constexpr double gap = 2;
     constexpr double symbol = 16;
-    Box block = box.centred(box.width(), std::min(height + gap + scaleLine, box.height()));
+    Box block = box.centred(box.width(), std::min(height + gap + numbersLine, box.height()));
     if (!reading.symbol.isEmpty()) {
         canvas.symbol(block.cutRight(symbol).cutTop(height), reading.symbol, symbol, style().ink);
         block.cutRight(4);
     }
-    const Box numbers = block.cutBottom(scaleLine);
+    const Box numbers = block.cutBottom(numbersLine);
     block.cutBottom(gap);
     scaleBar(canvas, style(), block, fields, reading.level, valueColour(reading.low));
     scaleNumbers(canvas, style(), numbers, {u"0"_s, u"50"_s, u"100%"_s});

@@ -14,6 +14,9 @@ inline const QColor meadow(0xC3, 0xD2, 0xA2); ///< tints of heights: the lowest 
 inline const QColor upland(0xE2, 0xC8, 0x8C);
 inline const QColor sunshine(0xF0, 0xC4, 0x4C);
 
+inline constexpr double headerLine = 14; ///< height, points
+inline constexpr double nameSize = 15; ///< of a place that is a title
+
 /// Widths of the pens that a map is drawn with, points.
 namespace Lines {
 inline constexpr double neat = 1.4; ///< the border

@@ -8,8 +8,6 @@
 #include "skins/atlas/AtlasSkin.h"
 #include "skins/atlas/AtlasStyle.h"
 
-#include <cmath>
-
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -17,9 +15,6 @@ using namespace Qt::StringLiterals;
 using namespace atlas;
 
 namespace {
-
-constexpr double nameSize = 15;
-constexpr double numbersLine = 10;
 
 /// The city and where it lies, or the zone.
 void placeLines(Canvas& canvas, const SkinStyle& style, Box box, const ClockReading& reading)
@@ -93,22 +88,17 @@ void AtlasSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCont
 void AtlasSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceContext& face) const
 {
     const Box box = framed(canvas, face, style().caps(reading.month));
-    const Box first = monthCell(box, reading, 1);
-    const Box last = monthCell(box, reading, reading.days);
-    const int weeks = static_cast<int>(std::lround((last.top() - first.top()) / first.height())) + 1;
-    canvas.text(face.bounds.inset(style().inset).cutTop(14), reading.year, style().caption().aligned(Align::right));
+    canvas.text(
+        face.bounds.inset(style().inset).cutTop(headerLine), reading.year, style().caption().aligned(Align::right));
     canvas.still(
         u"squares"_s, box.inset(-1),
         [&](Canvas& layer) {
-            const Box squares(box.x(), first.top(), box.width(), weeks * first.height());
-            for (int week = 0; week <= weeks; ++week)
-                layer.line({box.left(), squares.top() + week * first.height()},
-                    {box.right(), squares.top() + week * first.height()}, flatPen(style().accent2, Lines::hair));
-            for (int column = 0; column <= 7; ++column)
-                layer.line({box.left() + column * first.width(), squares.top()},
-                    {box.left() + column * first.width(), squares.bottom()}, flatPen(style().accent2, Lines::hair));
+            QPainterPath squares;
+            for (int day = 1; day <= reading.days; ++day)
+                squares.addRect(monthCell(box, reading, day));
+            layer.stroke(squares, flatPen(style().accent2, Lines::hair));
         },
-        weeks);
+        reading.firstColumn, reading.days);
     monthGrid(canvas, *this, box, reading, style().caption(), style().caption().coloured(style().ink));
 }
 
@@ -145,12 +135,13 @@ void AtlasSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Fac
     constexpr double titleSize = 14;
     constexpr double keyPitch = 46;
     constexpr int steps = 4;
+    constexpr double raised = 3; // off the times below
     const PlayerPlaces places = playerPlaces(plate(canvas, face));
     cover(canvas, places.cover, reading.artwork);
     TextStyle title = style().header().sized(titleSize);
     title.face.tracking = 0;
     trackTexts(canvas, places.texts, reading, title, placeName(style(), titleSize));
-    scaleBar(canvas, style(), places.progress, steps, reading.progress, style().accent);
+    scaleBar(canvas, style(), places.progress.moved(0, -raised), steps, reading.progress, style().accent);
     trackTimes(canvas, places.times, reading, style().caption());
     controls(canvas, *this, places.controls.centred(3 * keyPitch, places.controls.height()), reading.playing);
 }
