@@ -36,6 +36,22 @@ void dayScale(Canvas& canvas, const SkinStyle& style, Box box, double fraction)
     scaleBar(canvas, style, box.cutBottom(height), 8, fraction, style.accent);
 }
 
+/// The sides of all days, each of them once.
+QList<QLineF> gridLines(const Box& box, const CalendarReading& reading)
+{
+    constexpr int week = 7;
+    QList<QLineF> lines;
+    for (int day = 1; day <= reading.days; ++day) {
+        const Box cell = monthCell(box, reading, day);
+        lines << QLineF(cell.topLeft(), cell.topRight()) << QLineF(cell.topLeft(), cell.bottomLeft());
+        if ((reading.firstColumn + day) % week == 0 || day == reading.days)
+            lines << QLineF(cell.topRight(), cell.bottomRight());
+        if (day > reading.days - week)
+            lines << QLineF(cell.bottomLeft(), cell.bottomRight());
+    }
+    return lines;
+}
+
 /// A line of one warmth from the day's lowest to its highest, and where it stands now.
 void isotherm(Canvas& canvas, const SkinStyle& style, Box box, const WeatherReading& reading)
 {
@@ -93,10 +109,8 @@ void AtlasSkin::draw(Canvas& canvas, const CalendarReading& reading, const FaceC
     canvas.still(
         u"squares"_s, box.inset(-1),
         [&](Canvas& layer) {
-            QPainterPath squares;
-            for (int day = 1; day <= reading.days; ++day)
-                squares.addRect(monthCell(box, reading, day));
-            layer.stroke(squares, flatPen(style().accent2, Lines::hair));
+            for (const QLineF& line : gridLines(box, reading))
+                layer.line(line.p1(), line.p2(), flatPen(style().accent2, Lines::hair));
         },
         reading.firstColumn, reading.days);
     monthGrid(canvas, *this, box, reading, style().caption(), style().caption().coloured(style().ink));
