@@ -5,6 +5,7 @@
 #include "drawing/Fraction.h"
 #include "drawing/Hatch.h"
 #include "drawing/Pens.h"
+#include "faces/StyledDial.h"
 #include "skins/night/NightSkin.h"
 #include "skins/Skins.h"
 
@@ -20,10 +21,7 @@ public:
     using NightSkin::draw;
     using NightSkin::NightSkin;
 
-    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override
-    {
-        return FaceRenderer::progressDial(canvas, box, fraction, colour);
-    }
+    Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;
     void rowMark(Canvas& canvas, Box& line, qsizetype index) const override;
 
@@ -39,6 +37,15 @@ void CarbonSkin::panel(Canvas& layer, const FaceContext& face) const
     hatch(layer, roundedPath(box, look().corner), 45, weave, flatPen(faded(Qt::white, 0.035), weave / 2));
     layer.frame(box, QPen(faded(Qt::white, 0.18), 1), look().corner);
     layer.fill(Box(box.x() + look().inset, box.bottom() - 3, box.width() * lineShare, 3), look().accent);
+}
+
+Box CarbonSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
+{
+    const StyledDial blocks{.flavor = dial(),
+        .value = colour,
+        .track = look().track,
+        .measures = {.width = look().lines.ring, .count = 28, .slant = 4}};
+    return blocks.draw(canvas, box, fraction);
 }
 
 void CarbonSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
