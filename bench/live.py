@@ -3,7 +3,8 @@
 """Measures the running program on a private display: live.py PROGRAM [CONTESTANT...].
 
 Contestants are "ambrelle" (its default composition), "200 widgets", "needle still" and "needle moving" (one face without
-and with motion at 15 frames a second), and the peers below; without names the first and the peers.
+and with motion at 15 frames a second), the raw name of any theme, with " moving" behind it or without, for its own
+composition, and the peers below; without names the first and the peers.
 
 Every contestant is launched once to lay out its first desktop and then again to be measured: MEASURE seconds after
 SETTLE seconds, in each of three rounds; the table gives medians. With conky
@@ -175,6 +176,12 @@ def desk(kinds, skin, **values):
     return {"interval": 2, "animations": False, "hasLaunchedBefore": True, "widgets.v2": widgets, **values}
 
 
+def composed(name):
+    """Settings of a first start that lays out a theme's composition: "neon", or "neon moving"."""
+    skin, _, moving = name.partition(" ")
+    return {"interval": 2, "animations": moving == "moving", "defaultSkin": skin}
+
+
 def contestants(program):
     """Name: command and settings."""
     command = [str(Path(program).resolve())]
@@ -191,7 +198,7 @@ def contestants(program):
         if shutil.which("conky") and (peers / script).exists():
             entries[name] = ([str(peers / script)], {})
     wanted = sys.argv[2:] or [name for name in entries if name == "ambrelle" or name.startswith("conky")]
-    return {name: entries[name] for name in wanted}
+    return {name: entries.get(name) or (command, composed(name)) for name in wanted}
 
 
 def main():
