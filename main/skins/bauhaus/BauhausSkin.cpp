@@ -27,9 +27,10 @@ namespace {
 constexpr double gutter = 14; // between the bar and the content
 constexpr double wideLift = 5; // by which a last line that reaches the right edge stands higher
 
+/// Smaller below a chart, which takes the whole width.
 double cornerOf(const FaceContext& face)
 {
-    return face.medium() ? cornerMedium : cornerSmall;
+    return face.medium() && face.kind != WidgetKind::network ? cornerMedium : cornerSmall;
 }
 
 /// Kinds whose last line is short and starts at the left, so that it may stand beside the quarter circle.

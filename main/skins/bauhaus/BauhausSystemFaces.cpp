@@ -77,7 +77,7 @@ void BauhausSkin::draw(Canvas& canvas, const NetworkReading& reading, const Face
     header(canvas, box, face, headerTitle(style(), face.kind));
     rates(canvas, *this, box.cutTop(style().rateCap + 4), reading);
     box.cutTop(10);
-    box.setRight(face.bounds.right() - cornerMedium - clearance);
+    box.setBottom(face.bounds.bottom() - cornerSmall - clearance / 2);
     traffic(canvas, box, reading);
 }
 

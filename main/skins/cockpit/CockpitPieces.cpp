@@ -129,9 +129,9 @@ void RoundGauge::scale(Canvas& canvas, const Gauge& gauge) const
     gauge.zone(canvas, 0, 1, bandWidth, style.faint);
     for (const Band& band : bands)
         gauge.zone(canvas, band.from, band.to, bandWidth, band.colour);
-    gauge.ticks(canvas, numbered ? 50 : 20, 5, {longTick, flatPen(style.ink, longLine)},
+    gauge.ticks(canvas, scaled == Scale::small ? 20 : 50, 5, {longTick, flatPen(style.ink, longLine)},
         {shortTick, flatPen(style.ink, shortLine)});
-    if (!numbered)
+    if (scaled != Scale::percent)
         return;
     const TextStyle number = style.caption().sized(numberSize).coloured(style.ink);
     for (const double place : {0.0, 0.2, 0.4, 0.6, 0.8, 1.0})
@@ -150,7 +150,7 @@ Box RoundGauge::draw(Canvas& canvas, const Box& box, double fraction) const
         colours.append(band.colour);
     const auto still = [&](Canvas& layer) {
         scale(layer, gauge);
-        if (numbered)
+        if (scaled != Scale::small)
             window(layer, cutOut);
     };
     canvas.still(u"gauge"_s, box, still, colours);

@@ -37,7 +37,8 @@ struct RoundGauge {
     QList<Band> bands{};
     QColor needle{};
     double seed = 1; ///< needles of one face differ
-    bool numbered = true; ///< in per cent; else a small one, without a window
+    enum class Scale { percent, blank, small };
+    Scale scaled = Scale::percent; ///< with numerals or without; a small one has no window either
 
     /// The largest one in the box; returns the window's place.
     Box draw(Canvas& canvas, const Box& box, double fraction) const;

@@ -56,7 +56,9 @@ void CockpitSkin::header(Canvas& canvas, Box& content, const FaceContext&, const
 
 Box CockpitSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    return RoundGauge{.style = style(), .needle = colour, .seed = 2}.draw(canvas, box, fraction);
+    // Of time, mostly: per cent would be a riddle.
+    return RoundGauge{.style = style(), .needle = colour, .seed = 2, .scaled = RoundGauge::Scale::blank}.draw(
+        canvas, box, fraction);
 }
 
 void CockpitSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const

@@ -111,7 +111,7 @@ void CockpitSkin::draw(Canvas& canvas, const NetworkReading& reading, const Face
             .bands = {{0, 1, colour}},
             .needle = style().accent,
             .seed = upwards ? 2.0 : 1.0,
-            .numbered = false};
+            .scaled = RoundGauge::Scale::small};
         const double now = history.isEmpty() ? 0 : history.last() / reading.peak;
         canvas.symbol(gauge.draw(canvas, place, now), upwards ? u"arrow.up"_s : u"arrow.down"_s, 16, colour);
     };

@@ -15,7 +15,7 @@ using namespace cork;
 
 namespace {
 
-constexpr double pinHeight = 5.5; // of its centre below the upper edge
+constexpr double pinHeight = 2.5; // of its centre below the upper edge
 constexpr double clipInset = 24; // from the right edge
 constexpr double clipRoom = 22; // of the content that a title leaves to it
 

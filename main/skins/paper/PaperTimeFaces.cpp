@@ -92,11 +92,14 @@ void PaperSkin::forecast(Canvas& canvas, const Box& box, const WeatherReading& r
     constexpr double air = 5;
     constexpr double line = 17;
     constexpr double picture = 22;
+    constexpr double today = 3; // of the beam over its column
     const TextStyle figures = style().caption().aligned(Align::centre);
     canvas.frame(box, flatPen(style().ink, Rules::light));
     dayColumns(box, reading, most, 0, [&](Box column, const WeatherReading::Day& day, qsizetype index) {
         if (index > 0)
             columnRule(canvas, Box(column).cutLeft(1).moved(-0.5, 0), style().ink, Rules::hair);
+        if (index == 0)
+            canvas.fill(Box(column).cutTop(today), style().accent);
         column = column.inset(1, air);
         const TextStyle name = note(style()).coloured(index == 0 ? style().accentText() : style().ink);
         canvas.text(column.cutTop(line), day.name, name.aligned(Align::centre));
