@@ -5,6 +5,8 @@
 #include "app/Hosts.h"
 #include "foundation/FreeMemory.h"
 
+#include <QPixmapCache>
+
 namespace ambrelle {
 
 namespace {
@@ -28,6 +30,7 @@ void WindowPictures::release()
     m_shelf.release();
     m_wallpapers.release();
     m_desktops.release();
+    QPixmapCache::clear();
     giveBackFreeMemory();
 }
 

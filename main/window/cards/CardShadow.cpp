@@ -5,12 +5,15 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
+#include <QPixmapCache>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,21 +28,16 @@ constexpr ShadowLayer shadowLayers[]{{1, 2, 0.16}, {4, 14, 0.10}};
 constexpr int shadowReach = 18; // beyond the picture, points
 constexpr int blurReach = 14; // within it
 
-/// One is enough: the cards of a window have one size.
-struct KeptShadow {
-    QSize size;
-    double corner = 0;
-    double pixelRatio = 0;
+/// The pixmap kept under that name, made where it is not. What nobody draws any more the toolkit lets go of.
+template <typename Make> QPixmap keptRim(const QString& name, const Make& make)
+{
     QPixmap pixmap;
-};
-
-struct KeptLine {
-    QSize size;
-    double corner = 0; // device pixels, as its width
-    double width = 0;
-    QColor ink;
-    QPixmap pixmap;
-};
+    if (!QPixmapCache::find(name, &pixmap)) {
+        pixmap = make();
+        QPixmapCache::insert(name, pixmap);
+    }
+    return pixmap;
+}
 
 /// The shadow of a square picture: its corners, and one pixel between them.
 QImage shadowPieces(double corner, double pixelRatio, int reach, int inside)
@@ -127,32 +125,31 @@ void drawRim(
 
 void drawCardShadow(QPainter& painter, const QRectF& area, double corner, double pixelRatio)
 {
-    static KeptShadow kept;
     const QSize size = (area.size() * pixelRatio).toSize();
     const int reach = static_cast<int>(std::ceil(shadowReach * pixelRatio));
     if (size.isEmpty())
         return;
-    if (kept.size != size || kept.corner != corner || kept.pixelRatio != pixelRatio)
-        kept = {size, corner, pixelRatio, shadowAround(size, corner, pixelRatio, reach)};
-    drawRim(painter, area.topLeft(), kept.pixmap, reach, corner, pixelRatio);
+    const QPixmap shadow =
+        keptRim(u"card shadow %1 %2 %3 %4"_s.arg(size.width()).arg(size.height()).arg(corner).arg(pixelRatio),
+            [&] { return shadowAround(size, corner, pixelRatio, reach); });
+    drawRim(painter, area.topLeft(), shadow, reach, corner, pixelRatio);
 }
 
 void drawCardLine(QPainter& painter, const QRectF& area, double corner, const QPen& pen, double pixelRatio)
 {
-    static KeptLine kept;
     const QSize size = (area.size() * pixelRatio).toSize();
     if (size.isEmpty())
         return;
     QColor ink = pen.color();
     ink.setAlphaF(1);
-    const KeptLine wanted{size, corner * pixelRatio, pen.widthF() * pixelRatio, ink, {}};
-    if (kept.size != wanted.size || kept.corner != wanted.corner || kept.width != wanted.width || kept.ink != ink) {
-        kept = wanted;
-        kept.pixmap = lineWithin(size, wanted.corner, wanted.width, ink);
-    }
+    const double round = corner * pixelRatio;
+    const double width = pen.widthF() * pixelRatio;
+    const QPixmap line =
+        keptRim(u"card line %1 %2 %3 %4 %5"_s.arg(size.width()).arg(size.height()).arg(round).arg(width).arg(ink.rgb()),
+            [&] { return lineWithin(size, round, width, ink); });
     const double opacity = painter.opacity();
     painter.setOpacity(opacity * pen.color().alphaF());
-    drawRim(painter, area.topLeft(), kept.pixmap, 0, corner, pixelRatio);
+    drawRim(painter, area.topLeft(), line, 0, corner, pixelRatio);
     painter.setOpacity(opacity);
 }
 
