@@ -20,15 +20,26 @@ QPainterPath circle(double x, double y, double radius)
     return path;
 }
 
-/// A cloud `width` wide whose flat base lies on `base`.
-QPainterPath cloudAt(double left, double base, double width)
+/// Clouds have flat bases, which lie on `base`. Shapes that are united become polygons whose corners are the farther
+/// apart, the smaller they are meanwhile: `detail` is the width of the cloud by then.
+struct Clouds {
+    double detail = side;
+
+    QPainterPath at(double left, double base, double width) const;
+};
+
+QPainterPath Clouds::at(double left, double base, double width) const
 {
-    QPainterPath unit;
-    unit.addRoundedRect(QRectF(0.04, -0.24, 0.92, 0.24), 0.12, 0.12);
-    unit = unit.united(circle(0.24, -0.20, 0.20)).united(circle(0.47, -0.36, 0.27)).united(circle(0.75, -0.24, 0.21));
+    const auto puff = [&](double x, double y, double radius) {
+        return circle(x * detail, y * detail, radius * detail);
+    };
+    QPainterPath whole;
+    whole.addRoundedRect(
+        QRectF(0.04 * detail, -0.24 * detail, 0.92 * detail, 0.24 * detail), 0.12 * detail, 0.12 * detail);
+    whole = whole.united(puff(0.24, -0.20, 0.20)).united(puff(0.47, -0.36, 0.27)).united(puff(0.75, -0.24, 0.21));
     QTransform place = QTransform::fromTranslate(left, base);
-    place.scale(width, width);
-    return place.map(unit.simplified());
+    place.scale(width / detail, width / detail);
+    return place.map(whole.simplified());
 }
 
 QPainterPath raysAt(double x, double y, double inner, double outer)
@@ -123,10 +134,10 @@ void coverWith(Pictogram& picture, const QPainterPath& cloud)
     picture.rays = raysBeside(picture.rays, grown(cloud, 3));
 }
 
-Pictogram make(Sky sky)
+Pictogram make(Sky sky, const Clouds& clouds)
 {
     Pictogram picture;
-    const QPainterPath highCloud = cloudAt(5, 30, 38);
+    const QPainterPath highCloud = clouds.at(5, 30, 38);
     switch (sky) {
     case Sky::clear:
         picture.disc = circle(24, 24, 10);
@@ -136,15 +147,15 @@ Pictogram make(Sky sky)
     case Sky::partly:
         picture.disc = circle(31, 18, 8);
         picture.rays = raysAt(31, 18, 11.5, 15);
-        coverWith(picture, cloudAt(2, 41, 36));
+        coverWith(picture, clouds.at(2, 41, 36));
         break;
     case Sky::partlyNight:
         picture.disc = crescent(32, 17, 11);
-        coverWith(picture, cloudAt(2, 41, 36));
+        coverWith(picture, clouds.at(2, 41, 36));
         break;
-    case Sky::cloudy: picture.cloud = cloudAt(3, 38, 42); break;
+    case Sky::cloudy: picture.cloud = clouds.at(3, 38, 42); break;
     case Sky::fog:
-        picture.cloud = cloudAt(6, 27, 36);
+        picture.cloud = clouds.at(6, 27, 36);
         picture.mist = level({{8, 33, 40, 33}, {12, 39, 36, 39}, {8, 45, 40, 45}});
         break;
     case Sky::drizzle:
@@ -197,9 +208,15 @@ QPainterPath straightened(const QPainterPath& path)
     return result;
 }
 
+Pictogram makeRound(Sky sky)
+{
+    return make(sky, {});
+}
+
 Pictogram makeStraight(Sky sky)
 {
-    Pictogram picture = make(sky);
+    constexpr double coarse = 1;
+    Pictogram picture = make(sky, {.detail = coarse});
     for (QPainterPath* shape : {&picture.disc, &picture.cloud}) {
         if (shape->isEmpty())
             continue;
@@ -222,7 +239,7 @@ const Pictogram& kept(Sky sky, Pictogram (*draw)(Sky), std::array<std::optional<
 const Pictogram& Pictogram::of(Sky sky)
 {
     thread_local std::array<std::optional<Pictogram>, skies> made;
-    return kept(sky, make, made);
+    return kept(sky, makeRound, made);
 }
 
 const Pictogram& Pictogram::straightOf(Sky sky)
