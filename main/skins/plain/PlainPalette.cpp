@@ -10,21 +10,6 @@ namespace ambrelle {
 namespace {
 
 constexpr std::array palettes{
-    PlainPalette{.skin = Skin::grove,
-        .title = {.family = "GFS Didot", .weight = 400, .italic = true, .capRatio = 0.7},
-        .body = {.family = "GFS Didot", .weight = 400, .capRatio = 0.7},
-        .number = {.family = "GFS Didot", .weight = 400, .capRatio = 0.72},
-        .plate = 0x173A2B,
-        .ink = 0xF3ECD8,
-        .soft = 0xBFC8A8,
-        .faint = 0x35593F,
-        .accent = 0xD9B45B,
-        .accent2 = 0x8DB36B,
-        .accent3 = 0xC98F6B,
-        .up = 0xA8CF8A,
-        .down = 0xE6A07A,
-        .warn = 0xF0906A,
-        .measures = {.corner = 18, .inset = 16, .titleGap = 6, .titleSize = 12, .floor = 11}},
     PlainPalette{.skin = Skin::aero,
         .title = {.family = "Cantarell", .weight = 700, .capRatio = 0.71},
         .body = {.family = "Cantarell", .weight = 400, .capRatio = 0.71},
