@@ -91,7 +91,7 @@ TEST_F(FaceKitTest, ManyDevicesGiveUpTheirLevelsBeforeOneIsLeftOut)
     const auto levelsOf = [&](int count) {
         DevicesReading devices;
         for (int index = 0; index < count; ++index)
-            devices.rows.append({.name = QString::number(index), .percent = u"50%"_s, .level = 0.5});
+            devices.rows.append({.name = QString::number(index), .level = 0.5, .percent = u"50%"_s});
         skin.levels = 0;
         record.clear();
         skin.drawAny(canvas, devices, {.kind = WidgetKind::devices, .bounds = Box(0, 0, 170, 170)});
