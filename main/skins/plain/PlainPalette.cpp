@@ -75,22 +75,6 @@ constexpr std::array palettes{
         .warn = 0xFF6A58,
         .uppercase = true,
         .measures = {.corner = 4, .inset = 14, .titleGap = 8, .titleSize = 11.5, .floor = 10.5}},
-    PlainPalette{.skin = Skin::abyss,
-        .title = {.family = "Old Standard TT", .weight = 700, .capRatio = 0.72},
-        .body = {.family = "Routed Gothic", .weight = 400, .capRatio = 0.7},
-        .number = {.family = "Old Standard TT", .weight = 700, .capRatio = 0.75},
-        .plate = 0x0B2530,
-        .ink = 0xF0E2BF,
-        .soft = 0xB3BFA6,
-        .faint = 0x234652,
-        .accent = 0xE0AE57,
-        .accent2 = 0x49E0C2,
-        .accent3 = 0xE8895C,
-        .up = 0x49E0C2,
-        .down = 0xE8895C,
-        .warn = 0xFF7A55,
-        .uppercase = true,
-        .measures = {.corner = 16, .inset = 18, .titleGap = 6, .titleSize = 11.5, .floor = 11}},
 };
 
 } // namespace

@@ -37,9 +37,4 @@ std::shared_ptr<const FaceRenderer> apolloSkin(const std::optional<QColor>& acce
     return standIn(Skin::apollo, accent);
 }
 
-std::shared_ptr<const FaceRenderer> abyssSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::abyss, accent);
-}
-
 } // namespace ambrelle
