@@ -21,8 +21,8 @@ constexpr double trembling = 1; // degrees
 constexpr double numeralSize = 9; // pixels
 
 // Of a gauge, in parts of its radius.
-constexpr double windowTop = 0.56; // below the centre
-constexpr double windowBottom = 1.12;
+constexpr double windowTop = 0.53; // below the centre
+constexpr double windowBottom = 1.03;
 constexpr double windowHalf = 0.74;
 
 constexpr double bezel = 4.5;
@@ -48,7 +48,7 @@ void BrassGauge::scale(Canvas& canvas, const Gauge& gauge) const
     for (int index = 0; index < numerals; ++index)
         texts.append(QString::number(100 * index / (numerals - 1)));
     if (!texts.isEmpty())
-        gauge.numerals(canvas, texts, r - longTick - 8, number);
+        gauge.numerals(canvas, texts, r - longTick - 9, number);
 }
 
 void BrassGauge::point(Canvas& canvas, const Gauge& gauge, double fraction) const
@@ -79,14 +79,14 @@ Box BrassGauge::draw(Canvas& canvas, const Box& box, double fraction) const
     const Gauge gauge{.centre = centre, .radius = r - bezel - (lit ? 4 : 2), .start = -125, .sweep = 250};
     const Box figure(
         centre.x() - r * windowHalf, centre.y() + r * windowTop, 2 * r * windowHalf, r * (windowBottom - windowTop));
-    const QString name = u"gauge %1 %2 %3"_s.arg(steps).arg(numerals).arg(lit);
-    canvas.still(name, box.inset(-3), [&](Canvas& layer) {
+    const auto still = [&](Canvas& layer) {
         const Box inside = porthole(layer, squareAbout(centre, r), bezel, 0);
         layer.disc(centre, inside.width() / 2, radial(centre, inside.width() / 2, {{0, deep.lighter(125)}, {1, well}}));
         const GroundScope ground(layer, deep.lighter(125));
         scale(layer, gauge);
         window(layer, figure.inset(1.6));
-    });
+    };
+    canvas.still(u"gauge"_s, box.inset(-3), still, steps, numerals, lit);
     if (const double reached = bounded(fraction); lit && reached > 0)
         canvas.stroke(gauge.arc(0, reached, gauge.radius + 2), flatPen(phosphor, 2));
     point(canvas, gauge, fraction);

@@ -36,24 +36,33 @@ QBrush ball(QPointF centre, double radius, const QColor& light, const QColor& sh
         {{0, blended(light, Qt::white, 0.35)}, {0.45, light}, {1, shade}});
 }
 
+/// An edge of metal, lit from above.
+QPen bevel(const Box& box)
+{
+    return {
+        downwards(box, {{0, faded(Qt::white, 0.5)}, {0.4, faded(Qt::white, 0.05)}, {1, faded(Qt::black, 0.45)}}), 1};
+}
+
+/// What an edge throws on the ground below it.
+void shadeTop(Canvas& canvas, Box box, double depth, double opacity, double radius)
+{
+    const Box shade = box.cutTop(depth);
+    canvas.fill(shade, wash(shade, Qt::black, opacity, 0), radius);
+}
+
 } // namespace
 
 void riveted(Canvas& canvas, const Box& bounds, double corner)
 {
-    const auto edge = [&](const Box& box, double lit, double shaded) {
-        return QPen(
-            downwards(box, {{0, faded(Qt::white, lit)}, {0.4, faded(Qt::white, 0.05)}, {1, faded(Qt::black, shaded)}}),
-            1);
-    };
     canvas.fill(bounds, turnedBrass(bounds.center()), corner);
-    canvas.frame(bounds, edge(bounds, 0.5, 0.45), corner);
+    canvas.frame(bounds, bevel(bounds), corner);
     const Box face = bounds.inset(rimWidth);
     canvas.fill(face.inset(-1), faded(Qt::black, 0.7), faceRadius + 1);
     canvas.fill(face, deep, faceRadius);
     canvas.fill(face,
         linear(face.topLeft(), face.bottomRight(), {{0, faded(Qt::white, 0.1)}, {0.55, faded(Qt::white, 0)}}),
         faceRadius);
-    canvas.fill(Box(face).cutTop(6), wash(Box(face).cutTop(6), Qt::black, 0.35, 0), faceRadius / 2);
+    shadeTop(canvas, face, 6, 0.35, faceRadius / 2);
     const Box places = bounds.inset(rivetPlace);
     for (const QPointF& place : {places.topLeft(), places.topRight(), places.bottomLeft(), places.bottomRight()})
         rivet(canvas, place, rivetRadius);
@@ -72,12 +81,8 @@ Box porthole(Canvas& canvas, const Box& box, double ring, int bolts)
     const double r = circle.width() / 2;
     canvas.disc(centre + QPointF(0, 1), r, faded(Qt::black, 0.4));
     canvas.disc(centre, r - 0.5, turnedBrass(centre));
-    const auto rim = [&](double inset, double light, double shade) {
-        const Box line = circle.inset(inset);
-        canvas.stroke(
-            arc(line, 0, 1), QPen(downwards(line, {{0, faded(Qt::white, light)}, {1, faded(Qt::black, shade)}}), 1));
-    };
-    rim(1, 0.55, 0.5);
+    canvas.stroke(arc(circle.inset(1), 0, 1), bevel(circle));
+
     const Box inside = circle.inset(ring);
     for (int bolt = 0; bolt < bolts; ++bolt)
         rivet(canvas, pointOn(centre, r - ring / 2, (bolt + 0.5) / bolts), ring * 0.24);
@@ -105,7 +110,7 @@ void window(Canvas& canvas, const Box& box, double radius)
     canvas.fill(
         frame, downwards(frame, {{0, brassLight}, {0.5, brassDark}, {1, brassLight.darker(115)}}), radius + 1.6);
     canvas.fill(box, well, radius);
-    canvas.fill(Box(box).cutTop(4), wash(Box(box).cutTop(4), Qt::black, 0.6, 0), radius / 2);
+    shadeTop(canvas, box, 4, 0.6, radius / 2);
 }
 
 void lamp(Canvas& canvas, QPointF centre, double radius, bool lit)
@@ -123,7 +128,7 @@ void brassPlate(Canvas& canvas, const Box& box)
     canvas.fill(box.moved(0, 1), faded(Qt::black, 0.4), radius);
     canvas.fill(
         box, downwards(box, {{0, strip.lighter(118)}, {0.25, strip.lighter(104)}, {1, strip.darker(108)}}), radius);
-    canvas.frame(box, QPen(downwards(box, {{0, faded(Qt::white, 0.45)}, {1, faded(stamped, 0.5)}}), 1), radius);
+    canvas.frame(box, bevel(box), radius);
 }
 
 void plateEnd(Canvas& canvas, QPointF place, bool lit)

@@ -23,25 +23,15 @@ constexpr double narrowRing = 6;
 constexpr int bolts = 8;
 
 /// A spade hand that points upwards from (0, 0).
-QPainterPath spade(double length, double width)
+QPainterPath spade(double length, double width, double head)
 {
-    const double head = length * 0.3;
+    constexpr double tail = 7;
     const double neck = -length + head;
-    QPainterPath hand(QPointF(-width, length * 0.16));
+    QPainterPath hand(QPointF(-width, tail));
     hand.lineTo(-width * 0.6, neck + head * 0.12);
     hand.cubicTo(-head * 0.62, neck, -head * 0.3, neck - head * 0.5, 0, -length);
     hand.cubicTo(head * 0.3, neck - head * 0.5, head * 0.62, neck, width * 0.6, neck + head * 0.12);
-    hand.lineTo(width, length * 0.16);
-    hand.closeSubpath();
-    return hand;
-}
-
-/// A leaf hand, widest at a third of its length.
-QPainterPath leaf(double length, double width)
-{
-    QPainterPath hand(QPointF(-width * 0.5, length * 0.14));
-    hand.cubicTo(-width * 0.5, -length * 0.1, -width * 1.3, -length * 0.35, 0, -length);
-    hand.cubicTo(width * 1.3, -length * 0.35, width * 0.5, -length * 0.1, width * 0.5, length * 0.14);
+    hand.lineTo(width, tail);
     hand.closeSubpath();
     return hand;
 }
@@ -111,8 +101,8 @@ void chronometer(Canvas& canvas, const SkinStyle& style, const Box& box, int hou
         canvas.fill(placed.translated(1, 1.4), faded(Qt::black, 0.28));
         canvas.fill(placed, blued);
     };
-    hand(spade(r * 0.56, 1.6), (hour % 12 + minute / 60.0) / 12);
-    hand(leaf(r * 0.88, 3), minute / 60.0);
+    hand(spade(r * 0.56, 1.7, r * 0.17), (hour % 12 + minute / 60.0) / 12);
+    hand(spade(r * 0.88, 1.3, r * 0.11), minute / 60.0);
     rivet(canvas, centre, 3);
 }
 
@@ -139,7 +129,7 @@ void sonar(Canvas& canvas, const Box& box, const NetworkReading& reading)
         if (share < 0.02)
             continue;
         const QPointF place = disc.at((index + 0.5) / echoes, disc.radius * (0.22 + 0.6 * std::min(share, 1.0)));
-        canvas.disc(place, 5, halo(place, 5, phosphor, 0.5));
+        canvas.disc(place, 3.6, faded(phosphor, 0.22));
         canvas.disc(place, 1 + 1.4 * std::min(share, 1.0), phosphor);
     }
     RadarSweep{.colour = phosphor, .period = 5}.draw(canvas, inside);

@@ -53,15 +53,16 @@ double AbyssSkin::photoCorner() const
     return faceRadius - 1;
 }
 
-/// Numerals catch the light from above, like what is cast in metal.
+/// Large numerals catch the light from above, like what is cast in metal.
 FigureStyle AbyssSkin::figure(double cap) const
 {
+    constexpr double large = 30;
     QLinearGradient light(0, 0, 0, 1);
     light.setColorAt(0, blended(style().ink, Qt::white, 0.45));
     light.setColorAt(1, blended(style().ink, brassLight, 0.65));
-    FigureStyle figure = style().figure(cap).filled(light).shadowed(faded(Qt::black, 0.5), {0, 1});
+    FigureStyle figure = style().figure(cap);
     figure.unitColour = brassLight;
-    return figure;
+    return cap < large ? figure : figure.filled(light).shadowed(faded(Qt::black, 0.5), {0, 1});
 }
 
 Box AbyssSkin::progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const

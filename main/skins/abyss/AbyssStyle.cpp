@@ -38,7 +38,7 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
         .accent3 = QColor(0xE8, 0x89, 0x5C),
         .clockCap = 46,
         .heroCap = 38,
-        .temperatureCap = 38,
+        .temperatureCap = 36,
         .rateCap = 20,
     };
 }

@@ -16,11 +16,12 @@ namespace {
 
 constexpr double gaugeCap = 20;
 constexpr double markRoom = 14; // of a warning
+constexpr double raised = 3; // of a gauge: nothing stands in the upper corners of a circle
 
 /// The figure in the window of a gauge.
 void inWindow(Canvas& canvas, const FaceRenderer& skin, const Box& window, const Units::Pair& value)
 {
-    constexpr double air = 3;
+    constexpr double air = 2;
     const GroundScope ground(canvas, well);
     const double cap = std::min(gaugeCap, window.height() - 2 * air);
     canvas.figure(window.inset(air, 0), value.value, value.unit, skin.figure(cap).aligned(Align::centre));
@@ -30,13 +31,12 @@ void inWindow(Canvas& canvas, const FaceRenderer& skin, const Box& window, const
 
 void AbyssSkin::draw(Canvas& canvas, const CpuReading& reading, const FaceContext& face) const
 {
-    constexpr double traceWidth = 72;
+
     Box box = framed(canvas, face);
     Box line = box.cutBottom(footerHeight(style()));
-    box.cutBottom(1);
-    box.setTop(box.top() - 1);
-    history(canvas, line.cutRight(traceWidth), reading.history, phosphor);
-    canvas.text(line, reading.load, style().caption());
+    box.setTop(box.top() - raised);
+    line.cutLeft(canvas.text(line, reading.load, style().caption()) + Bands::gap);
+    history(canvas, line, reading.history, phosphor);
     const BrassGauge gauge{.style = style(), .needle = valueColour(reading.high), .red = 0.85};
     inWindow(canvas, *this, gauge.draw(canvas, box, reading.percent / 100.0), reading.figure());
     if (reading.high)
@@ -60,8 +60,7 @@ void AbyssSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceConte
 {
     Box box = framed(canvas, face, reading.name);
     canvas.text(box.cutBottom(footerHeight(style())), reading.freeText(), style().caption().aligned(Align::centre));
-    box.cutBottom(1);
-    box.setTop(box.top() - 1);
+    box.setTop(box.top() - raised);
     const BrassGauge gauge{
         .style = style(), .needle = valueColour(reading.high), .steps = 40, .every = 8, .lit = true, .seed = 3};
     inWindow(canvas, *this, gauge.draw(canvas, box, reading.fraction), reading.figure());

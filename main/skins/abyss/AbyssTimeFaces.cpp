@@ -56,17 +56,20 @@ void AbyssSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCont
 void AbyssSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const
 {
     constexpr double picture = 52;
-    constexpr double temperatureWidth = 84;
+    constexpr double temperatureWidth = 79;
     constexpr int most = 5;
     Box box = plate(canvas, face);
     const Box inside = seaView(canvas, box.cutLeft(box.height()).inset(2), reading.sky);
     pictogram(canvas, inside.centred(picture, picture).moved(0, -8), reading.sky);
     box.cutLeft(gutter);
     header(canvas, box, face, reading.place);
-    Box now = box.cutTop(style().temperatureCap + 6);
-    canvas.figure(now.cutLeft(temperatureWidth), reading.temperature, u"°"_s, figure(style().temperatureCap).kerned());
-    barometer(canvas, style(), now.cutBottom(16), reading);
-    canvas.paragraph(now, reading.description, style().row().sized(12).wrapped(2), Qt::AlignVCenter);
+    Box now = box.cutTop(style().temperatureCap + 8);
+    FigureStyle temperature = figure(style().temperatureCap).kerned();
+    temperature.unitFace = style().body; // whose ring is the smaller one
+    canvas.figure(now.cutLeft(temperatureWidth), reading.temperature, u"°"_s, temperature);
+    if (!reading.high.isEmpty())
+        barometer(canvas, style(), now.cutBottom(16), reading);
+    canvas.paragraph(now, reading.description, style().row().sized(11.5).wrapped(2), Qt::AlignVCenter);
     dayColumns(box.adjusted(0, 2, 0, 4), reading, most, 2,
         [&](const Box& column, const WeatherReading::Day& day, qsizetype) { dayColumn(canvas, *this, column, day); });
 }
