@@ -5,7 +5,6 @@
 #include "drawing/Arc.h"
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
-#include "drawing/Fraction.h"
 #include "drawing/Gradients.h"
 #include "drawing/Hatch.h"
 #include "drawing/Pens.h"
@@ -146,15 +145,6 @@ TextStyle struck(const TextStyle& text)
     return text.coloured(stamped).engraved(faded(Qt::white, 0.3));
 }
 
-void button(Canvas& canvas, QPointF centre, double radius)
-{
-    canvas.disc(centre + QPointF(0, 1.2), radius + 0.6, faded(Qt::black, 0.5));
-    canvas.disc(centre, radius, turnedBrass(centre));
-    canvas.disc(centre, radius - 1.6, brassDark.darker(160));
-    canvas.disc(
-        centre, radius - 2.4, downwards(squareAbout(centre, radius - 2.4), {{0, brassLight}, {1, strip.darker(112)}}));
-}
-
 void groove(Canvas& canvas, const Box& box)
 {
     const Box line = box.centred(box.width(), 1);
@@ -168,33 +158,6 @@ void liquid(Canvas& canvas, const Box& box, const QBrush& brush, qsizetype index
     canvas.fill(box, brush);
     if (index > 0)
         hatch(canvas, roundedPath(box, 0), index == 1 ? 60 : 0, pitch, flatPen(faded(well, 0.6), 1));
-}
-
-void floatGauge(Canvas& canvas, const Box& box, double fraction, const QColor& colour)
-{
-    constexpr double ballRadius = 3.4;
-    const Box groove = box.centred(box.width(), std::min(4.0, box.height()));
-    capsule(canvas, groove, fraction, well, colour);
-    const double way = groove.width() - 2 * ballRadius;
-    const QPointF end(groove.left() + ballRadius + way * bounded(fraction), groove.center().y());
-    rivet(canvas, end, ballRadius);
-}
-
-void ruler(Canvas& canvas, const Box& box, int steps, int every, const QColor& colour)
-{
-    QPainterPath marks;
-    for (int step = 0; step <= steps; ++step) {
-        const double x = box.left() + 0.5 + (box.width() - 1) * step / steps;
-        marks.addRect(QRectF(x - 0.5, box.top(), 1, step % every == 0 ? box.height() : box.height() * 0.55));
-    }
-    canvas.fill(marks, colour);
-}
-
-void pointer(Canvas& canvas, const Box& box, double fraction, const QColor& colour)
-{
-    const QPointF tip(box.left() + box.width() * bounded(fraction), box.top());
-    const double half = box.height() * 0.6;
-    canvas.fill(straightLine({tip, tip + QPointF(half, box.height()), tip + QPointF(-half, box.height())}), colour);
 }
 
 } // namespace ambrelle::abyss

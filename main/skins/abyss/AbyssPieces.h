@@ -26,18 +26,10 @@ void brassPlate(Canvas& canvas, const Box& box);
 void plateEnd(Canvas& canvas, QPointF place, bool lit);
 /// How letters are struck into brass.
 TextStyle struck(const TextStyle& text);
-/// A round push-button of brass.
-void button(Canvas& canvas, QPointF centre, double radius);
 
 /// A groove cut along the middle of the box, lit from above.
 void groove(Canvas& canvas, const Box& box);
 /// A part of a whole as one of three liquids, told apart by more than their colour.
 void liquid(Canvas& canvas, const Box& box, const QBrush& brush, qsizetype index);
-/// A level in its groove, at whose end a float swims.
-void floatGauge(Canvas& canvas, const Box& box, double fraction, const QColor& colour);
-/// Engraved marks along the upper edge of the box, `every` so many a long one.
-void ruler(Canvas& canvas, const Box& box, int steps, int every, const QColor& colour);
-/// A pointer at `fraction` of the box's width, its tip at the upper edge of the box.
-void pointer(Canvas& canvas, const Box& box, double fraction, const QColor& colour);
 
 } // namespace ambrelle::abyss

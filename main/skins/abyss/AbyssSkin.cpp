@@ -5,6 +5,7 @@
 #include "drawing/Arc.h"
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
 #include "drawing/Gradients.h"
 #include "drawing/Pens.h"
 #include "drawing/Plates.h"
@@ -43,16 +44,6 @@ void AbyssSkin::header(Canvas& canvas, Box& content, const FaceContext&, const Q
     groove(canvas, line.adjusted(0, 1, 0, 1));
 }
 
-double AbyssSkin::photoMat() const
-{
-    return rimWidth + 1;
-}
-
-double AbyssSkin::photoCorner() const
-{
-    return faceRadius - 1;
-}
-
 /// Large numerals catch the light from above, like what is cast in metal.
 FigureStyle AbyssSkin::figure(double cap) const
 {
@@ -71,9 +62,13 @@ Box AbyssSkin::progressDial(Canvas& canvas, const Box& box, double fraction, con
     return gauge.draw(canvas, box, fraction);
 }
 
+/// A groove at the end of whose level a float swims.
 void AbyssSkin::level(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const
 {
-    floatGauge(canvas, box, fraction, colour);
+    constexpr double ball = 3.4;
+    const Box track = box.centred(box.width(), std::min(4.0, box.height()));
+    capsule(canvas, track, fraction, well, colour);
+    rivet(canvas, {track.left() + ball + (track.width() - 2 * ball) * bounded(fraction), track.center().y()}, ball);
 }
 
 /// The green trace of an echo sounder.
@@ -169,11 +164,15 @@ void AbyssSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool
         now ? style().accent : faded(phosphor, 0.75), 1);
 }
 
+/// A round push-button of brass.
 void AbyssSkin::key(Canvas& canvas, const Box& box, const QString& symbol, bool middle) const
 {
     const double radius = middle ? 15 : 12.5;
     const Box place = squareAbout(box.center(), radius);
-    canvas.still(u"key"_s, place.inset(-3), [&](Canvas& layer) { button(layer, place.center(), radius); });
+    canvas.still(u"key"_s, place.inset(-3), [&](Canvas& layer) {
+        const Box cap = porthole(layer, place, 2, 0).inset(0.6);
+        layer.disc(cap.center(), cap.width() / 2, downwards(cap, {{0, brassLight}, {1, strip.darker(112)}}));
+    });
     canvas.symbol(place, symbol, middle ? 18 : 15, stamped);
 }
 

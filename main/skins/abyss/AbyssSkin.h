@@ -3,6 +3,7 @@
 #pragma once
 
 #include "faces/FaceRenderer.h"
+#include "skins/abyss/AbyssStyle.h"
 
 #include <optional>
 
@@ -15,8 +16,8 @@ public:
 
     Box plate(Canvas& canvas, const FaceContext& face) const override;
     void header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const override;
-    double photoMat() const override;
-    double photoCorner() const override;
+    double photoMat() const override { return abyss::rimWidth + 1; }
+    double photoCorner() const override { return abyss::faceRadius - 1; }
 
     FigureStyle figure(double cap) const override;
     Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Colours.h"
+#include "drawing/Fraction.h"
 #include "faces/FaceKit.h"
 #include "skins/abyss/AbyssPieces.h"
 #include "skins/abyss/AbyssPortholes.h"
@@ -16,6 +17,17 @@ namespace {
 
 constexpr double gutter = 16;
 
+/// Engraved marks that hang from the upper edge of the box, `every` so many a long one.
+void ruler(Canvas& canvas, const Box& box, int steps, int every)
+{
+    QPainterPath marks;
+    for (int step = 0; step <= steps; ++step) {
+        const double x = box.left() + (box.width() - 1) * step / steps;
+        marks.addRect(QRectF(x, box.top(), 1, step % every == 0 ? box.height() : box.height() * 0.55));
+    }
+    canvas.fill(marks, faded(brassLight, 0.85));
+}
+
 /// Today's low and high as the ends of a scale, now where its pointer is.
 void barometer(Canvas& canvas, const SkinStyle& style, Box box, const WeatherReading& reading)
 {
@@ -23,11 +35,13 @@ void barometer(Canvas& canvas, const SkinStyle& style, Box box, const WeatherRea
     const TextStyle caption = style.caption();
     box.cutLeft(canvas.text(box, reading.low, caption) + air);
     box.cutRight(canvas.text(box, reading.high, caption.coloured(style.ink).aligned(Align::right)) + air);
-    const Box line = box.centred(box.width(), 12);
-    canvas.fill(Box(line.x(), line.y() + 5.5, line.width(), 1), brassLight);
-    ruler(canvas, Box(line).adjusted(0, 0, 0, -6), 10, 5, brassLight);
-    if (reading.nowFraction)
-        pointer(canvas, Box(line).adjusted(2, 6, -2, 1), *reading.nowFraction, style.accent);
+    Box scale = box.centred(box.width(), 12);
+    ruler(canvas, scale.cutTop(6), 10, 5);
+    canvas.fill(scale.cutTop(1), brassLight);
+    if (!reading.nowFraction)
+        return;
+    const QPointF tip(scale.left() + 2 + (scale.width() - 4) * bounded(*reading.nowFraction), scale.top());
+    canvas.fill(straightLine({tip, tip + QPointF(4, 6), tip + QPointF(-4, 6)}), style.accent);
 }
 
 } // namespace
@@ -104,8 +118,8 @@ void AbyssSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Fac
     canvas.still(u"glass"_s, inside, [&](Canvas& layer) { glass(layer, inside); });
     trackTexts(canvas, places.texts, reading, style().header().sized(titleSize), style().caption().sized(12));
     Box scale = places.progress;
-    ruler(canvas, scale.cutBottom(4), 20, 5, faded(brassLight, 0.7));
-    floatGauge(canvas, scale.moved(0, -2), reading.progress, style().accent);
+    ruler(canvas, scale.cutBottom(4), 20, 5);
+    level(canvas, scale.moved(0, -2), reading.progress, style().accent);
     trackTimes(canvas, places.times, reading, style().caption());
     controls(canvas, *this, places.controls.centred(3 * keyPitch, places.controls.height()), reading.playing);
 }
