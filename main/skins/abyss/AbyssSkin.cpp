@@ -125,7 +125,7 @@ PictogramPaint AbyssSkin::pictograms() const
 /// Today in a little porthole.
 TextStyle AbyssSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
-    const TextStyle text = filledDay(canvas, cell, day, style().accent, cell.height());
+    TextStyle text = filledDay(canvas, cell, day, style().accent, cell.height());
     const double radius = std::min({cell.width(), cell.height() + 2, 20.0}) / 2;
     canvas.stroke(arc(squareAbout(cell.center(), radius - 1.6), 0, 1), QPen(faded(text.colour, 0.45), 0.8));
     return text;
