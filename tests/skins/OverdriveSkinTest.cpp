@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+
+#include "skins/overdrive/OverdrivePieces.h"
+#include "skins/overdrive/OverdriveStyle.h"
+#include "skins/SkinRegistry.h"
+#include "skins/Skins.h"
+#include "support/FaceStates.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double period = 7; // seconds between two glitches
+constexpr double seedShift = 1.37;
+constexpr double length = 0.3;
+constexpr double mostAside = 6; // points, ghosts included
+
+double startOfGlitch(WidgetKind kind)
+{
+    return period * 10 - overdrive::glitchSeed(kind) * seedShift;
+}
+
+QImage overdriveAt(const FaceView& face, const Reading& reading, double time, CanvasRecord* record = nullptr)
+{
+    QImage image(face.size().toSize(), QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    face.draw(painter, reading, {.time = time, .record = record});
+    return image;
+}
+
+const QList<WidgetKind> torn{WidgetKind::clock, WidgetKind::cpu, WidgetKind::memory, WidgetKind::disk,
+    WidgetKind::battery, WidgetKind::downloads, WidgetKind::weather};
+
+} // namespace
+
+TEST(OverdriveSkin, ChiefFiguresTearForAMomentAndStandWholeElse)
+{
+    for (const WidgetKind kind : allCases<WidgetKind>()) {
+        const FaceView face = view(Skin::overdrive, kind);
+        const Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
+        const QImage printed = overdriveAt(face, reading, 0);
+        const double start = startOfGlitch(kind);
+        for (const double between : {start - 0.01, start + length + 0.01, start + period / 2})
+            EXPECT_EQ(printed, overdriveAt(face, reading, between)) << rawValue(kind).data();
+        int changed = 0;
+        for (const double within : {0.01, 0.15, 0.29})
+            changed += overdriveAt(face, reading, start + within) == printed ? 0 : 1;
+        EXPECT_EQ(changed, torn.contains(kind) ? 3 : 0) << rawValue(kind).data();
+    }
+}
+
+TEST(OverdriveSkin, SlicesStandBesideTheirFigureWhateverItShows)
+{
+    for (const WidgetKind kind : torn) {
+        const FaceView face = view(Skin::overdrive, kind);
+        for (const FaceState state : {FaceState::sample, FaceState::quiet, FaceState::extreme}) {
+            const Reading reading = stateReading(kind, state, QLocale::c());
+            CanvasRecord still;
+            CanvasRecord all;
+            overdriveAt(face, reading, 0, &still);
+            overdriveAt(face, reading, startOfGlitch(kind) + 0.1, &all);
+            ASSERT_GT(all.size(), still.size());
+            for (const CanvasMark& slice : all.sliced(still.size())) {
+                const bool besideItsFigure = std::ranges::any_of(still, [&](const CanvasMark& mark) {
+                    const QPointF way = slice.ink.topLeft() - mark.ink.topLeft();
+                    return mark.text == slice.text && std::abs(mark.size - slice.size) < 0.01
+                        && mark.ground == slice.ground && std::abs(way.y()) < 0.01 && std::abs(way.x()) <= mostAside;
+                });
+                EXPECT_TRUE(besideItsFigure)
+                    << rawValue(kind).data() << ", state " << static_cast<int>(state) << ": " << qPrintable(slice.text);
+            }
+        }
+    }
+}
+
+TEST(OverdriveSkin, AnAccentReplacesTheYellowOnly)
+{
+    const QColor acid(158, 255, 26);
+    SkinStyle expected = overdrive::makeStyle({});
+    expected.accent = acid;
+    EXPECT_EQ(overdrive::makeStyle(acid), expected);
+    for (const QColor& colour : {expected.up, expected.accent2})
+        EXPECT_EQ(colour, overdrive::cyan);
+    for (const QColor& colour : {expected.down, expected.accent3, expected.warn})
+        EXPECT_EQ(colour, overdrive::red);
+}
+
+TEST(OverdriveSkin, BlocksShowTheLeastAndNothing)
+{
+    const overdrive::BlockRow row{.count = 10};
+    EXPECT_EQ(row.lit(0), 0);
+    EXPECT_EQ(row.lit(std::nan("")), 0);
+    EXPECT_EQ(row.lit(0.001), 1);
+    EXPECT_EQ(row.lit(0.94), 9);
+    EXPECT_EQ(row.lit(1.7), 10);
+}
+
+TEST(OverdriveSkin, TheLastBlocksOfADialAreRedWhenLit)
+{
+    QImage image(120, 120, QImage::Format_ARGB32_Premultiplied);
+    const auto at = [&](double fraction, double degrees) {
+        QPainter painter(&image);
+        Canvas canvas(painter, {});
+        overdriveSkin({})->progressDial(canvas, {0, 0, 120, 120}, fraction, Qt::green);
+        const double radius = 60 - 3 - 5;
+        const double angle = degrees * std::numbers::pi / 180;
+        return image.pixelColor(QPointF(60 + radius * std::sin(angle), 67.5 - radius * std::cos(angle)).toPoint());
+    };
+    const double first = -135 + 270 / 48.0;
+    const double last = 135 - 270 / 48.0;
+    EXPECT_EQ(at(0.5, first), QColor(Qt::green));
+    EXPECT_EQ(at(0.5, last), overdriveSkin({})->style().faint);
+    EXPECT_EQ(at(1, last), overdrive::red);
+    EXPECT_EQ(at(1, first), QColor(Qt::green));
+}
+
+} // namespace ambrelle
