@@ -96,6 +96,27 @@ TEST(OverdriveSkin, AnAccentReplacesTheYellowOnly)
         EXPECT_EQ(colour, overdrive::red);
 }
 
+TEST(OverdriveSkin, SkiesDifferAndStayInTheirBox)
+{
+    QList<QImage> seen;
+    for (int value = 0; value <= static_cast<int>(Sky::unknown); ++value) {
+        QImage image(68, 68, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        Canvas canvas(painter, {});
+        overdrive::skyPicture(canvas, overdrive::makeStyle({}), {10, 10, 48, 48}, static_cast<Sky>(value));
+        painter.end();
+        EXPECT_FALSE(seen.contains(image)) << value;
+        seen.append(image);
+        for (int place = 0; place < image.width(); ++place) {
+            for (const int edge : {6, 61}) {
+                EXPECT_EQ(image.pixelColor(place, edge).alpha(), 0) << value;
+                EXPECT_EQ(image.pixelColor(edge, place).alpha(), 0) << value;
+            }
+        }
+    }
+}
+
 TEST(OverdriveSkin, BlocksShowTheLeastAndNothing)
 {
     const overdrive::BlockRow row{.count = 10};

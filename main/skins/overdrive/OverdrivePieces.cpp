@@ -19,7 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double plateCut = 16; // points
-constexpr double edge = 1.2;
 constexpr double stripHeight = 5;
 constexpr double stripPitch = 12;
 constexpr double serialSize = 9; // pixels
@@ -68,6 +67,14 @@ QList<Slice> slicesOf(const Box& area, double cap, SeededRandom& random)
     return slices;
 }
 
+/// The figure and its unit in one translucent colour.
+FigureStyle ghostOf(const FigureStyle& figure, const QColor& colour)
+{
+    FigureStyle ghost = figure.filled(faded(colour, ghostAlpha));
+    ghost.unitColour.reset();
+    return ghost;
+}
+
 } // namespace
 
 QPainterPath slabPath(const Box& box, double cut)
@@ -81,18 +88,21 @@ QPainterPath slabPath(const Box& box, double cut)
     return path;
 }
 
-void slabFrame(Canvas& canvas, const Box& box, double cut, const QColor& colour, double width)
+void slab(Canvas& canvas, const Box& box, double cut, const QColor& colour, bool lit, double line)
 {
     // A cut that is parallel to the outer one lies nearer to the corner.
-    const double inner = cut - width * (1 - std::sqrt(0.5));
-    canvas.stroke(slabPath(box.inset(width / 2), inner), flatPen(colour, width));
+    const double inner = cut - line * (1 - std::sqrt(0.5));
+    if (lit)
+        canvas.fill(slabPath(box, cut), colour);
+    else
+        canvas.stroke(slabPath(box.inset(line / 2), inner), flatPen(colour, line));
 }
 
 void hazardPlate(Canvas& canvas, const SkinStyle& style, const Box& bounds, const QString& serial)
 {
-    canvas.fill(slabPath(bounds, plateCut), plateColour);
+    slab(canvas, bounds, plateCut, plateColour, true);
     hazardStrip(canvas, Box(bounds).cutTop(stripHeight), style.accent);
-    slabFrame(canvas, bounds, plateCut, style.accent, edge);
+    slab(canvas, bounds, plateCut, style.accent, false);
     const TextStyle number = style.caption().sized(serialSize).coloured(blended(style.faint, style.soft, 0.45));
     stamped(canvas, bounds.bottomLeft() + QPointF(style.inset, -serialRise), number, serial);
 }
@@ -158,18 +168,13 @@ void Glitch::draw(Canvas& canvas, const Box& box, const Units::Pair& value, cons
             moving.mapped(
                 QTransform::fromTranslate(aside, 0), [&] { moving.figure(box, value.value, value.unit, style); });
         };
-        const auto ghost = [&](const QColor& colour) {
-            FigureStyle pale = figure.filled(faded(colour, ghostAlpha));
-            pale.unitColour.reset();
-            return pale;
-        };
         const auto frame = static_cast<std::uint64_t>(*phase * glitchLength * glitchRate);
         SeededRandom random{static_cast<std::uint64_t>(seed) << 8U | frame};
         for (const Slice& slice : slicesOf(area, figure.cap, random)) {
             moving.within(roundedPath(slice.strip, 0), [&] {
                 moving.fill(slice.strip, ground);
-                copy(slice.aside - ghostAside, ghost(cyan));
-                copy(slice.aside + ghostAside, ghost(red));
+                copy(slice.aside - ghostAside, ghostOf(figure, cyan));
+                copy(slice.aside + ghostAside, ghostOf(figure, red));
                 copy(slice.aside, figure);
             });
         }

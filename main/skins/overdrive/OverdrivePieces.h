@@ -10,8 +10,8 @@ namespace ambrelle::overdrive {
 
 /// The box without its lower right corner, `cut` points of either edge.
 QPainterPath slabPath(const Box& box, double cut);
-/// A slab as an outline whose line lies inside the box.
-void slabFrame(Canvas& canvas, const Box& box, double cut, const QColor& colour, double width);
+/// A slab, or while it is not lit its outline, which lies inside the box.
+void slab(Canvas& canvas, const Box& box, double cut, const QColor& colour, bool lit, double line = 1.2);
 
 /// The plate with its hazard strip and, at the lower left, a serial number.
 void hazardPlate(Canvas& canvas, const SkinStyle& style, const Box& bounds, const QString& serial);

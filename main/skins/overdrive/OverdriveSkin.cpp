@@ -26,8 +26,7 @@ using namespace overdrive;
 namespace {
 
 constexpr double bottomInset = 18; // above the serial number
-constexpr double smallCut = 4; // of marks
-constexpr double line = 1.2;
+constexpr double smallCut = 3.5; // of marks
 constexpr double bracketAir = 2; // between a graph and its brackets
 
 } // namespace
@@ -192,7 +191,7 @@ void OverdriveSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
 TextStyle OverdriveSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
     constexpr double size = 19;
-    canvas.fill(slabPath(cell.centred(size, std::min(size, cell.height() + 2)), smallCut), style().accent);
+    slab(canvas, cell.centred(size, std::min(size, cell.height() + 2)), smallCut, style().accent, true);
     canvas.setGround(style().accent);
     return day.coloured(inkOn(style().accent));
 }
@@ -230,12 +229,9 @@ void OverdriveSkin::checkMark(Canvas& canvas, const Box& box, bool done) const
 {
     constexpr double size = 13;
     const Box square = Box(box).cutLeft(size).centred(size, size);
-    if (!done) {
-        slabFrame(canvas, square, smallCut, style().accent, line);
-        return;
-    }
-    canvas.fill(slabPath(square, smallCut), style().accent);
-    canvas.symbol(square, u"checkmark"_s, size - 2, inkOn(style().accent));
+    slab(canvas, square, smallCut, style().accent, done);
+    if (done)
+        canvas.symbol(square, u"checkmark"_s, size - 2, inkOn(style().accent));
 }
 
 TextStyle OverdriveSkin::doneRow() const
@@ -245,11 +241,7 @@ TextStyle OverdriveSkin::doneRow() const
 
 void OverdriveSkin::sessionDot(Canvas& canvas, const Box& box, bool lit) const
 {
-    const Box square = box.centred(9, 8);
-    if (lit)
-        canvas.fill(slabPath(square, smallCut), style().accent);
-    else
-        slabFrame(canvas, square, smallCut, style().soft, 1);
+    slab(canvas, box.centred(9, 8), smallCut, lit ? style().accent : style().soft, lit, 1);
 }
 
 void OverdriveSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool now) const
@@ -272,7 +264,7 @@ void OverdriveSkin::cover(Canvas& canvas, const Box& box, const Picture& artwork
             for (double y = box.top(); y < box.bottom(); y += pitch)
                 layer.fill(Box(box.left(), y, box.width(), pitch / 2), faded(Qt::black, 0.3));
         });
-        slabFrame(layer, box, cut, style().accent, line);
+        slab(layer, box, cut, style().accent, false);
     };
     canvas.still(u"cover"_s, box.inset(-1), still, artwork.image);
 }
@@ -282,10 +274,7 @@ void OverdriveSkin::key(Canvas& canvas, const Box& box, const QString& symbol, b
     constexpr double cut = 7;
     constexpr double size = 17;
     const Box cap = box.centred(30, 22);
-    if (middle)
-        canvas.fill(slabPath(cap, cut), style().accent);
-    else
-        slabFrame(canvas, cap, cut, style().accent, line);
+    slab(canvas, cap, cut, style().accent, middle);
     canvas.symbol(cap, symbol, size, middle ? inkOn(style().accent) : style().ink);
 }
 

@@ -16,14 +16,11 @@ namespace {
 
 // Pictures of 48 by 48 units without a curve.
 
-constexpr double units = 48;
-constexpr double barWidth = 3.4;
-
-/// A shape of a picture. One with an edge hides what is behind it.
+/// A shape of a picture; an outlined one hides what is behind it.
 struct Cut {
     QPainterPath path;
-    QColor fill;
-    QColor edge{};
+    QColor colour;
+    bool outlined = false;
 };
 
 QPainterPath polygon(const QPolygonF& corners)
@@ -44,38 +41,33 @@ QPainterPath octagon(QPointF centre, double radius)
     return polygon(corners);
 }
 
-/// A bar whose ends are cut along the horizontal.
-QPainterPath slash(QPointF from, QPointF to, double width)
+QPainterPath crescent(QPointF centre, double radius)
 {
-    const QPointF half(width / 2, 0);
-    return polygon({from - half, from + half, to + half, to - half});
+    return octagon(centre, radius).subtracted(octagon(centre + QPointF(0.55, -0.35) * radius, radius * 0.86));
 }
 
-/// Bars about a centre, `inner` to `outer` units from it.
-QPainterPath star(QPointF centre, int count, double inner, double outer, double width)
+/// Bars all around between two distances from a centre.
+QPainterPath rays(QPointF centre, int count, double inner, double outer, double width)
 {
     QPainterPath bars;
     for (int bar = 0; bar < count; ++bar) {
-        QTransform turn = QTransform::fromTranslate(centre.x(), centre.y());
-        turn.rotate(180.0 * bar / count * (inner < 0 ? 1 : 2));
         QPainterPath one;
         one.addRect(-width / 2, inner, width, outer - inner);
-        bars.addPath(turn.map(one));
+        bars.addPath(QTransform::fromTranslate(centre.x(), centre.y()).rotate(360.0 * bar / count).map(one));
     }
     bars.setFillRule(Qt::WindingFill);
     return bars;
 }
 
-QList<Cut> sun(QPointF centre, double radius, const QColor& colour)
+/// A bar from the upper edge of a box to its lower one, cut along both, `width` units across.
+QPainterPath slash(QPointF top, QPointF way, double width)
 {
-    return {
-        {octagon(centre, radius), colour}, {star(centre, 8, radius * 1.35, radius * 1.85, barWidth * 0.85), colour}};
+    return polygon({top, top + QPointF(width, 0), top + way + QPointF(width, 0), top + way});
 }
 
-Cut moon(QPointF centre, double radius, const QColor& colour)
+QList<Cut> sun(QPointF centre, double radius, const QColor& colour)
 {
-    const QPointF shadow = centre + QPointF(0.55, -0.35) * radius;
-    return {octagon(centre, radius).subtracted(octagon(shadow, radius * 0.86)), colour};
+    return {{octagon(centre, radius), colour}, {rays(centre, 8, radius * 1.35, radius * 1.85, 2.9), colour}};
 }
 
 /// Hexagons that have grown together, on the level `base`.
@@ -83,39 +75,24 @@ Cut cloud(double left, double base, double width, const QColor& colour)
 {
     const QPolygonF outline{
         {5, 0}, {0, -6.5}, {4, -13}, {10, -13}, {15, -22}, {25, -22}, {30, -14}, {36, -14}, {40, -7}, {36, 0}};
-    QTransform place = QTransform::fromTranslate(left, base);
-    place.scale(width / 40, width / 40);
-    return {place.map(polygon(outline)), plateColour, colour};
+    const QTransform place = QTransform::fromTranslate(left, base).scale(width / 40, width / 40);
+    return {place.map(polygon(outline)), colour, true};
 }
 
-QList<Cut> rain(int count, double length)
+/// Equal shapes in a row under a cloud.
+QList<Cut> falling(int count, double pitch, const QPainterPath& shape)
 {
-    QList<Cut> slashes;
-    for (int drop = 0; drop < count; ++drop) {
-        const QPointF from(27 + (drop - (count - 1) / 2.0) * 10, 34);
-        slashes.append({slash(from, from + QPointF(-length * 0.45, length), barWidth), cyan});
-    }
-    return slashes;
-}
-
-QList<Cut> snow()
-{
-    QList<Cut> flakes;
-    for (const QPointF centre : {QPointF(13, 38), QPointF(24.5, 42), QPointF(36, 38)})
-        flakes.append({star(centre, 3, -4.2, 4.2, 1.8), cyan});
-    return flakes;
+    QList<Cut> shapes;
+    for (int index = 0; index < count; ++index)
+        shapes.append({shape.translated(25 + (index - (count - 1) / 2.0) * pitch, 34), cyan});
+    return shapes;
 }
 
 QList<Cut> fog(const QColor& colour)
 {
     QList<Cut> bars;
-    const QList<QLineF> lines{{12, 12, 44, 12}, {4, 20.5, 38, 20.5}, {10, 29, 45, 29}, {4, 37.5, 30, 37.5}};
-    for (const QLineF& bar : lines) {
-        const QPointF lean(2, 4);
-        bars.append({polygon({bar.p1() + QPointF(lean.x(), 0), bar.p2() + QPointF(lean.x(), 0),
-                         bar.p2() + QPointF(0, lean.y()), bar.p1() + QPointF(0, lean.y())}),
-            colour});
-    }
+    for (const QRectF& bar : {QRectF(12, 11, 31, 4), {4, 20, 33, 4}, {11, 29, 33, 4}, {4, 38, 25, 4}})
+        bars.append({slash(bar.topLeft() + QPointF(2, 0), {-2, bar.height()}, bar.width()), colour});
     return bars;
 }
 
@@ -123,19 +100,19 @@ QList<Cut> cutsOf(const SkinStyle& style, Sky sky)
 {
     const Cut high = cloud(4, 30, 41, style.ink); // with something below it
     const Cut low = cloud(2, 43, 37, style.ink); // with something behind it
-    const Cut bolt{polygon({{27, 31}, {17, 40}, {22.5, 40}, {19, 48}, {31, 37.5}, {25, 37.5}, {30, 31}}), style.accent};
+    const QPolygonF bolt{{27, 31}, {17, 40}, {22.5, 40}, {19, 48}, {31, 37.5}, {25, 37.5}, {30, 31}};
     switch (sky) {
     case Sky::clear: return sun({24, 24}, 11.5, style.accent);
-    case Sky::clearNight: return {moon({22, 26}, 17, style.ink)};
+    case Sky::clearNight: return {{crescent({22, 26}, 17), style.ink}};
     case Sky::partly: return sun({31, 17}, 8.5, style.accent) + QList{low};
-    case Sky::partlyNight: return {moon({33, 17}, 12, style.accent), low};
+    case Sky::partlyNight: return {{crescent({33, 17}, 12), style.ink}, low};
     case Sky::cloudy: return {cloud(3, 36, 42, style.ink)};
     case Sky::fog: return fog(style.ink);
-    case Sky::drizzle: return QList{high} + rain(2, 8);
-    case Sky::rain: return QList{high} + rain(3, 12);
-    case Sky::snow: return QList{high} + snow();
-    case Sky::thunder: return {high, bolt};
-    case Sky::unknown: return {{polygon({{14, 22}, {36, 22}, {34, 27}, {12, 27}}), style.soft}};
+    case Sky::drizzle: return QList{high} + falling(2, 10, slash({0, 0}, {-3.6, 8}, 3.4));
+    case Sky::rain: return QList{high} + falling(3, 10, slash({1, 0}, {-5.4, 12}, 3.4));
+    case Sky::snow: return QList{high} + falling(3, 12, rays({0, 5}, 6, 0, 4.6, 1.8));
+    case Sky::thunder: return {high, {polygon(bolt), style.accent}};
+    case Sky::unknown: return {{slash({14, 22}, {-2, 5}, 22), style.soft}};
     }
     Q_UNREACHABLE();
 }
@@ -144,19 +121,18 @@ QList<Cut> cutsOf(const SkinStyle& style, Sky sky)
 
 void skyPicture(Canvas& canvas, const SkinStyle& style, const Box& box, Sky sky)
 {
-    constexpr double thinnest = 1.4;
     const Box square = box.square();
-    const double scale = square.width() / units;
-    QTransform place = QTransform::fromTranslate(square.x(), square.y());
-    place.scale(scale, scale);
+    const double scale = square.width() / 48;
+    const double line = std::max(1.4, 2.6 * scale);
+    const QTransform place = QTransform::fromTranslate(square.x(), square.y()).scale(scale, scale);
     const auto draw = [&](Canvas& layer) {
         for (const Cut& cut : cutsOf(style, sky)) {
             const QPainterPath shape = place.map(cut.path);
-            if (cut.edge.isValid()) // the ground keeps what is behind apart
-                layer.stroke(shape, flatPen(plateColour, std::max(thinnest, 2.6 * scale) + 3));
-            layer.fill(shape, cut.fill);
-            if (cut.edge.isValid())
-                layer.stroke(shape, flatPen(cut.edge, std::max(thinnest, 2.6 * scale)));
+            layer.fill(shape, cut.outlined ? plateColour : cut.colour);
+            if (!cut.outlined)
+                continue;
+            layer.stroke(shape, flatPen(plateColour, line + 3)); // apart from what is behind
+            layer.stroke(shape, flatPen(cut.colour, line));
         }
     };
     canvas.still(u"sky"_s, square.inset(-2), draw, sky);

@@ -49,7 +49,10 @@ void dayCell(Canvas& canvas, const FaceRenderer& skin, const Box& place, const W
 {
     constexpr double cut = 7;
     constexpr double air = 5;
-    slabFrame(canvas, place, cut, today ? skin.style().accent : skin.style().faint, 1);
+    constexpr double tab = 3;
+    slab(canvas, place, cut, today ? skin.style().accent : skin.style().faint, false, 1);
+    if (today)
+        canvas.fill(Box(place).cutTop(tab), skin.style().accent);
     dayColumn(canvas, skin, place.inset(0, air), day);
 }
 
@@ -57,21 +60,21 @@ void dayCell(Canvas& canvas, const FaceRenderer& skin, const Box& place, const W
 
 void OverdriveSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceContext& face) const
 {
-    constexpr double slabWidth = 210;
-    constexpr double slabHeight = 84;
+    constexpr double signWidth = 210;
+    constexpr double signHeight = 84;
     constexpr double cut = 10;
     Box box = plate(canvas, face);
     header(canvas, box, face, style().caps(reading.weekday));
     const QString place = reading.tag();
     canvas.text(box.cutBottom(footerHeight(style())), place.isEmpty() ? reading.zone : place, style().caption());
-    box = box.centred(box.width(), slabHeight);
-    const Box slab = box.cutLeft(slabWidth);
-    canvas.still(u"slab"_s, slab, [&](Canvas& layer) { layer.fill(slabPath(slab, cut), style().accent); });
+    box = box.centred(box.width(), signHeight);
+    const Box sign = box.cutLeft(signWidth);
+    canvas.still(u"sign"_s, sign, [&](Canvas& layer) { slab(layer, sign, cut, style().accent, true); });
     box.cutLeft(gutter);
     readOuts(canvas, *this, box, reading);
     const GroundScope ground(canvas, style().accent);
     const FigureStyle time = figure(style().clockCap).kerned().aligned(Align::centre).filled(inkOn(style().accent));
-    const Box inside = slab.inset(10, 0);
+    const Box inside = sign.inset(10, 0);
     canvas.figure(inside, reading.time(), {}, time);
     Glitch{.ground = style().accent, .seed = glitchSeed(face.kind)}.draw(canvas, inside, {reading.time(), {}}, time);
 }
@@ -88,8 +91,8 @@ void OverdriveSkin::draw(Canvas& canvas, const WeatherReading& reading, const Fa
     canvas.text(box.cutBottom(rowHeight(style())), reading.description, style().row());
     pictogram(canvas, box.cutRight(picture), reading.sky);
     box.cutRight(Bands::gap);
-    const FigureStyle figure =
-        style().figure(style().temperatureCap).filled(legible(style().accent, style().ink, style().ground, 3));
+    const QColor lit = legible(style().accent, style().ink, style().ground, 3);
+    const FigureStyle figure = style().figure(style().temperatureCap).kerned().filled(lit);
     const Units::Pair degrees{reading.temperature, u"°"_s};
     canvas.figure(box, degrees.value, degrees.unit, figure);
     Glitch{.ground = plateColour, .seed = glitchSeed(face.kind)}.draw(canvas, box, degrees, figure);
