@@ -96,6 +96,22 @@ TEST(OverdriveSkin, AnAccentReplacesTheYellowOnly)
         EXPECT_EQ(colour, overdrive::red);
 }
 
+TEST(OverdriveSkin, PartsOfAWholeDifferInEveryAccent)
+{
+    constexpr double least = 60; // of 441, the way from black to white
+    const auto apart = [](const QBrush& one, const QBrush& other) {
+        const QColor a = one.color();
+        const QColor b = other.color();
+        return std::hypot(a.red() - b.red(), a.green() - b.green(), a.blue() - b.blue());
+    };
+    for (const AccentChoice& choice : accentChoices(Skin::overdrive)) {
+        const QList<QBrush> fills = overdriveSkin(choice.color)->partFills();
+        ASSERT_EQ(fills.size(), 3);
+        for (const auto& [one, other] : {std::pair(0, 1), {0, 2}, {1, 2}})
+            EXPECT_GT(apart(fills[one], fills[other]), least) << qPrintable(choice.name);
+    }
+}
+
 TEST(OverdriveSkin, SkiesDifferAndStayInTheirBox)
 {
     QList<QImage> seen;

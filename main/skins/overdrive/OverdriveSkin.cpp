@@ -162,6 +162,19 @@ void OverdriveSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& pa
     }
 }
 
+/// Ink in place of a colour that the accent would be taken for.
+QList<QBrush> OverdriveSkin::partFills() const
+{
+    const QColor& accent = style().accent;
+    const auto distinct = [&](const QColor& colour) {
+        constexpr int alike = 90; // sum of the differences of all components, 0 to 255 each
+        const int difference = std::abs(colour.red() - accent.red()) + std::abs(colour.green() - accent.green())
+            + std::abs(colour.blue() - accent.blue());
+        return difference < alike ? style().ink : colour;
+    };
+    return {accent, distinct(cyan), distinct(red)};
+}
+
 void OverdriveSkin::charge(Canvas& canvas, const Box& box, const BatteryReading& reading) const
 {
     constexpr double labelSize = 13;

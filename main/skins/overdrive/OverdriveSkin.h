@@ -26,6 +26,7 @@ public:
     void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
     void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
     void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
+    QList<QBrush> partFills() const override;
     void charge(Canvas& canvas, const Box& box, const BatteryReading& reading) const override;
     void pictogram(Canvas& canvas, const Box& box, Sky sky) const override;
     TextStyle todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const override;
