@@ -22,11 +22,6 @@ std::shared_ptr<const FaceRenderer> aeroSkin(const std::optional<QColor>& accent
     return standIn(Skin::aero, accent);
 }
 
-std::shared_ptr<const FaceRenderer> grooveSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::groove, accent);
-}
-
 std::shared_ptr<const FaceRenderer> apolloSkin(const std::optional<QColor>& accent)
 {
     return standIn(Skin::apollo, accent);
