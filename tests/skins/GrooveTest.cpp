@@ -2,6 +2,7 @@
 
 #include "model/Skin.h"
 #include "skins/groove/GroovePieces.h"
+#include "skins/groove/GrooveRecord.h"
 #include "skins/groove/GrooveStyle.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
@@ -23,6 +24,15 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QLocale grooveLocales[] = {QLocale(QLocale::English, QLocale::UnitedStates), QLocale(QLocale::German)};
+
+QImage grooveImage(const FaceView& face, const Reading& reading, double time)
+{
+    QImage image(face.size().toSize(), QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    face.draw(painter, reading, {.time = time});
+    return image;
+}
 
 /// The topmost pixel of that colour in a column, or the image's height.
 int topOf(const QImage& image, int x, const QColor& colour)
@@ -109,6 +119,28 @@ TEST(Groove, StripesKeepTheLevelOfAHistory)
     EXPECT_DOUBLE_EQ(soft.first(), 0);
     EXPECT_DOUBLE_EQ(soft.last(), 1);
     EXPECT_TRUE(groove::softened({}).isEmpty());
+}
+
+TEST(Groove, NothingMovesButARecordThatPlays)
+{
+    for (const WidgetKind kind : allCases<WidgetKind>()) {
+        const FaceView face = view(Skin::groove, kind);
+        QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image);
+        Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
+        auto* const track = std::get_if<NowPlayingReading>(&reading);
+        if (track)
+            track->playing = true;
+        EXPECT_EQ(face.draw(painter, reading, {}).moving.size(), track ? 1 : 0) << rawValue(kind).data();
+        if (!track)
+            continue;
+        const QImage printed = grooveImage(face, reading, 0);
+        EXPECT_NE(grooveImage(face, reading, groove::secondsPerTurn / 3), printed);
+        EXPECT_EQ(grooveImage(face, reading, groove::secondsPerTurn * 4), printed);
+        track->playing = false;
+        EXPECT_TRUE(face.draw(painter, reading, {}).moving.isEmpty());
+        EXPECT_NE(grooveImage(face, reading, 0), printed) << "the arm does not tell that the music stopped";
+    }
 }
 
 } // namespace ambrelle

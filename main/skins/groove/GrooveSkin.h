@@ -43,6 +43,7 @@ public:
     void draw(Canvas& canvas, const DownloadsReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const ProcessesReading& reading, const FaceContext& face) const override;
     void draw(Canvas& canvas, const WeatherReading& reading, const FaceContext& face) const override;
+    void draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const override;
 };
 
 } // namespace ambrelle

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Charts.h"
 #include "faces/FaceKit.h"
 #include "skins/groove/GroovePieces.h"
+#include "skins/groove/GrooveRecord.h"
 #include "skins/groove/GrooveSkin.h"
 #include "skins/groove/GrooveStyle.h"
 
@@ -43,6 +45,26 @@ void GrooveSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceC
     canvas.figure(box, reading.temperature, u"°"_s, figure(style().temperatureCap).kerned());
     dayColumns(days, reading, most, 2,
         [&](const Box& column, const WeatherReading::Day& day, qsizetype) { dayColumn(canvas, *this, column, day); });
+}
+
+void GrooveSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const
+{
+    constexpr double record = 124;
+    constexpr double armRoom = 24;
+    constexpr double keyPitch = 40;
+    constexpr double aside = 12; // the first symbol stands flush left
+    constexpr double pill = 8;
+    constexpr double titleSize = 18;
+    Box box = plate(canvas, face);
+    recordPlayer(canvas, style(), box.cutLeft(record).centred(record, record), reading);
+    box.cutLeft(armRoom);
+    const Box keys = box.cutBottom(keyPitch).cutLeft(3 * keyPitch);
+    controls(canvas, *this, keys.moved(-aside, 0), reading.playing);
+    trackTexts(canvas, box.cutTop(46), reading, style().header().sized(titleSize), style().caption().sized(12));
+    box.cutTop(Bands::gap);
+    capsule(canvas, box.cutTop(pill), reading.progress, recess, style().accent2);
+    box.cutTop(4);
+    trackTimes(canvas, box.cutTop(footerHeight(style())), reading, style().caption());
 }
 
 void GrooveSkin::draw(Canvas& canvas, const NetworkReading& reading, const FaceContext& face) const
