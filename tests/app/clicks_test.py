@@ -13,7 +13,7 @@ from pathlib import Path
 
 import dbus
 
-from program import Session, pointer, shot, wait_for
+from program import Session, pointer, shot, steady, wait_for
 
 SCREEN_HEIGHT = 800
 FACES = {"nowPlaying": (60, 500, 350), "reminders": (60, 200, 170), "focus": (300, 200, 170)}  # left, bottom, width
@@ -105,15 +105,14 @@ def place_of_buttons(player):
 
 def shown(what, other_than):
     """The music widget's picture once it is another one, and stays."""
-    def settled():
-        before = picture("nowPlaying")
-        time.sleep(0.3)
-        return before if before != other_than and picture("nowPlaying") == before else None
-    return wait_for(what, settled)
+    def other():
+        now = picture("nowPlaying")
+        return now if now != other_than else None
+    return steady(what, other)
 
 
 def music(session):
-    nobody = picture("nowPlaying")
+    nobody = steady("music widget", lambda: picture("nowPlaying"), rest=1)
     first = Player(session.home, "one", "two", "three", start=1)
     wait_for("track on the widget", lambda: picture("nowPlaying") != nobody)
     play = place_of_buttons(first)
@@ -177,7 +176,6 @@ def main():
             f"DUE;VALUE=DATE:{due}\r\nX-COLOUR-OF-THE-CAT:black\r\nEND:VTODO\r\nEND:VCALENDAR\r\n".encode())
     session.start()
     wait_for("widgets", lambda: len(session.panels()) == len(FACES))
-    time.sleep(1)  # the services begin after the widgets stand
     music(session)
     reminders(session, folder)
     focus()

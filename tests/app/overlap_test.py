@@ -13,7 +13,7 @@ import time
 
 from Xlib import X, display
 
-from program import Session, pointer, screen_size, shot, wait_for
+from program import Session, pointer, screen_size, shot, steady, wait_for
 
 LIMIT = 0.8 + 0.25  # seconds until a widget has given way, or has come back
 PLACE = (200, 200, 170, 170)  # of the widget, from the upper left corner of the screen
@@ -43,6 +43,13 @@ class OtherProgram:
 def opacity(panel):
     shown = subprocess.run(["xprop", "-id", panel, "_NET_WM_WINDOW_OPACITY"], capture_output=True, text=True).stdout
     return int(shown.partition(" = ")[2]) / 0xFFFFFFFF if " = " in shown else 1.0
+
+
+def is_composited():
+    look = display.Display()
+    owner = look.get_selection_owner(look.intern_atom("_NET_WM_CM_S0"))
+    look.close()
+    return owner != X.NONE
 
 
 def pixel(x, y):
@@ -87,9 +94,8 @@ def run(session, overlap, composited):
         "widgets.v2": [{"kind": "cpu", "skin": "glass", "origin": origin, "pinned": True}]}))
     session.start()
     panel = wait_for("widget", session.windows)[0]
-    time.sleep(1)
     middle = (PLACE[0] + PLACE[2] // 2, PLACE[1] + PLACE[3] - 8)
-    face, other = pixel(*middle), OtherProgram()
+    face, other = steady("face", lambda: pixel(*middle)), OtherProgram()
     times = gives_way_in_time(panel, other, 0.0 if overlap == "hide" else 0.18)
     print(f"{overlap}, {'composited' if composited else 'bare'}: covered after {times[0]:.2f} s, back after {times[1]:.2f} s")
     other.move(120, 150)
@@ -108,7 +114,7 @@ subject = Session()
 run(subject, "fade", False)
 if shutil.which("picom"):
     compositor = subprocess.Popen(["picom", "--config", os.devnull, "--backend", "xrender", "--no-vsync"])
-    time.sleep(1)
+    wait_for("compositor", is_composited)
     run(subject, "fade", True)
     run(subject, "hide", True)
     compositor.terminate()

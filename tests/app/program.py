@@ -26,6 +26,19 @@ def wait_for(what, condition, seconds=PATIENCE):
     sys.exit(f"no {what} within {seconds} s")
 
 
+def steady(what, read, rest=0.4):
+    """What `read` gives, once it is something and has not changed for `rest` seconds."""
+    last, since = None, time.monotonic()
+
+    def settled():
+        nonlocal last, since
+        now = read()
+        if now != last:
+            last, since = now, time.monotonic()
+        return now if now and time.monotonic() - since >= rest else None
+    return wait_for(what, settled)
+
+
 def pointer(*steps):
     subprocess.run(["xdotool", *steps], check=True)
 

@@ -9,7 +9,7 @@ import random
 import subprocess
 import time
 
-from program import Session, screen_size, wait_for
+from program import Session, screen_size, steady, wait_for
 
 STEPS = 50
 SETTLED = 0.8  # seconds; longer than the program waits for screens to come to rest
@@ -80,8 +80,7 @@ def come_home(session, width, height):
     arrange(home)
     session.start()
     wait_for("widgets", lambda: len(session.panels()) == len(WIDGETS))
-    time.sleep(SETTLED)
-    before = panels(session)
+    before = steady("places", lambda: panels(session), SETTLED)
     choice = random.Random(20261122)
     away = again = 0
     for step in range(STEPS):
@@ -115,8 +114,7 @@ def keep_apart(session, width, height):
     session.start()
     wait_for("layout", lambda: len(session.panels()) > 8)
     session.dismiss_welcome()
-    time.sleep(SETTLED)
-    before = panels(session)
+    before = steady("places", lambda: panels(session), SETTLED)
     layout = faces(session)
     assert not heap(layout), heap(layout)
     arrange([("QUARTER", width // 2, height // 2, 0, height // 2)])

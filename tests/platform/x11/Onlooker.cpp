@@ -128,17 +128,11 @@ void Onlooker::setRootPicture(const QImage& picture)
 void Onlooker::dropRootPicture()
 {
     xcb_delete_property(m_connection, m_screen->root, atom("_XROOTPMAP_ID"));
-    setRootColour(qRgb(0, 0, 0));
+    const uint32_t black = 0;
+    xcb_change_window_attributes(m_connection, m_screen->root, XCB_CW_BACK_PIXEL, &black);
+    xcb_clear_area(m_connection, 0, m_screen->root, 0, 0, 0, 0);
     xcb_free_pixmap(m_connection, m_rootPicture);
     m_rootPicture = XCB_PIXMAP_NONE;
-    xcb_flush(m_connection);
-}
-
-void Onlooker::setRootColour(QRgb colour)
-{
-    const uint32_t pixel = colour & 0xFFFFFF;
-    xcb_change_window_attributes(m_connection, m_screen->root, XCB_CW_BACK_PIXEL, &pixel);
-    xcb_clear_area(m_connection, 0, m_screen->root, 0, 0, 0, 0);
     xcb_flush(m_connection);
 }
 

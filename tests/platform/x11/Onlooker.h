@@ -36,7 +36,6 @@ public:
     void setValues(xcb_window_t window, const char* property, xcb_atom_t type, const std::vector<uint32_t>& values);
     void setRootPicture(const QImage& picture); ///< as a wallpaper program does
     void dropRootPicture();
-    void setRootColour(QRgb colour); ///< as plain tools do, which tell nobody
     bool hasPixmap(xcb_pixmap_t pixmap) const; ///< the server still keeps it
     void showDesktop(bool on);
     void fillScreen(xcb_window_t window);
