@@ -69,8 +69,8 @@ Gauge gaugeOf(const PowerSupply& supply)
     const auto rate = [volts](std::optional<qint64> own, std::optional<qint64> other, double factor) {
         // Some drivers count what flows out as negative.
         if (own)
-            return std::optional(std::abs(double(*own)));
-        return other && volts > 0 ? std::optional(std::abs(double(*other)) * factor) : std::nullopt;
+            return std::optional(std::abs(static_cast<double>(*own)));
+        return other && volts > 0 ? std::optional(std::abs(static_cast<double>(*other)) * factor) : std::nullopt;
     };
     if (supply.energy && supply.energyFull.value_or(0) > 0)
         return {*supply.energy, *supply.energyFull, rate(supply.power, supply.current, volts)};
@@ -81,7 +81,7 @@ Gauge gaugeOf(const PowerSupply& supply)
 
 std::optional<int> minutesFor(double amount, std::optional<double> perHour, std::optional<qint64> seconds)
 {
-    double minutes = seconds ? double(*seconds) / 60 : -1;
+    double minutes = seconds ? static_cast<double>(*seconds) / 60 : -1;
     if (!seconds && perHour && *perHour >= 1)
         minutes = std::max(amount, 0.0) / *perHour * 60;
     return minutes >= 0 && minutes <= static_cast<double>(mostMinutes) ? static_cast<int>(std::lround(minutes)) : -1;
