@@ -10,23 +10,6 @@ namespace ambrelle {
 namespace {
 
 constexpr std::array palettes{
-    PlainPalette{.skin = Skin::aero,
-        .title = {.family = "Cantarell", .weight = 700, .capRatio = 0.71},
-        .body = {.family = "Cantarell", .weight = 400, .capRatio = 0.71},
-        .number = {.family = "Cantarell", .weight = 300, .capRatio = 0.71},
-        .cell = 0.95,
-        .plate = 0x063358,
-        .plateAlpha = 0.74,
-        .ink = 0xFFFFFF,
-        .soft = 0xDDF1FF,
-        .faint = 0x5E93BE,
-        .accent = 0x5CC8FF,
-        .accent2 = 0x8BE04A,
-        .accent3 = 0xFFC93A,
-        .up = 0xA4EC66,
-        .down = 0x7FD4FF,
-        .warn = 0xFFB54A,
-        .measures = {.corner = 12, .inset = 14, .titleGap = 6, .titleSize = 12, .floor = 10}},
     PlainPalette{.skin = Skin::apollo,
         .title = {.family = "Routed Gothic Wide", .weight = 400, .capRatio = 0.7},
         .body = {.family = "JetBrains Mono", .weight = 400, .capRatio = 0.73},
