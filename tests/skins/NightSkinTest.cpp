@@ -39,7 +39,7 @@ TEST(NightLook, AnAccentReplacesTheAccentOnly)
 }
 
 /// Where there is strong ink in what `draw` paints about the middle.
-QRect inkOf(const std::function<void(Canvas&)>& draw)
+QRect strongInkOf(const std::function<void(Canvas&)>& draw)
 {
     constexpr int strong = 128; // of 255; light around marks is fainter
     QImage image(200, 60, QImage::Format_ARGB32_Premultiplied);
@@ -64,14 +64,14 @@ TEST(NightSkin, LevelsAndPartsFillTheirBoxAndKeepToIt)
     for (const auto& [skin, make] : nightSkins) {
         const auto renderer = make({});
         for (const double fraction : {0.0, 0.001, 0.5, 1.0, 7.0, nothing}) {
-            const QRect ink = inkOf([&](Canvas& canvas) { renderer->level(canvas, box, fraction, Qt::green); });
+            const QRect ink = strongInkOf([&](Canvas& canvas) { renderer->level(canvas, box, fraction, Qt::green); });
             EXPECT_TRUE(box.toRect().contains(ink)) << rawValue(skin).data() << fraction;
         }
         for (const QList<double>& shares : {QList<double>{0, 0, 0}, {0.5, 0.3, 0.2}, {0.9, 0.6, 0.4}}) {
             QList<Share> parts;
             for (const double share : shares)
                 parts.append(Share{.fraction = share});
-            const QRect ink = inkOf([&](Canvas& canvas) { renderer->parts(canvas, box, parts); });
+            const QRect ink = strongInkOf([&](Canvas& canvas) { renderer->parts(canvas, box, parts); });
             EXPECT_TRUE(box.toRect().contains(ink)) << rawValue(skin).data();
         }
     }
