@@ -13,6 +13,7 @@ namespace ambrelle {
 namespace {
 
 constexpr int figureMaster = 128;
+constexpr QChar figureSpace(0x2007); // as wide as a digit
 constexpr int squareMaster = figureMaster / Typeface::squares; // side of a pixel face's squares
 
 /// One character of a figure at the master size, and how wide its cell is.
@@ -60,6 +61,13 @@ FigureGlyph makeGlyph(const Typeface& face, QChar character)
     glyph.path.addText(0, 0, font, character);
     glyph.path.setFillRule(Qt::WindingFill);
     glyph.advance = QFontMetricsF(font).horizontalAdvance(character);
+    if (glyph.advance <= 0) {
+        // A point that is meant to stand between two digits, where it would touch both.
+        constexpr double air = figureMaster * 0.03;
+        const QRectF ink = glyph.path.boundingRect();
+        glyph.path.translate(air - ink.x(), 0);
+        glyph.advance = ink.width() + 2 * air;
+    }
     return glyph;
 }
 
@@ -83,8 +91,9 @@ double kerning(const Typeface& face, QChar before, QChar after)
     const GlyphKey key = keyOf(face, pair);
     auto found = pairs.find(key);
     if (found == pairs.end()) {
-        const double apart = glyphOf(face, before).advance + glyphOf(face, after).advance;
-        found = pairs.insert(key, QFontMetricsF(fontOf(face, figureMaster)).horizontalAdvance(pair) - apart);
+        const QFontMetricsF metrics(fontOf(face, figureMaster));
+        const double apart = metrics.horizontalAdvance(before) + metrics.horizontalAdvance(after);
+        found = pairs.insert(key, metrics.horizontalAdvance(pair) - apart);
     }
     return *found;
 }
@@ -116,7 +125,7 @@ double setCells(
     for (const QChar character : text) {
         const FigureGlyph& glyph = glyphOf(face, character);
         const double advance = glyph.advance * scale;
-        const bool inCell = setting.tabular && character.isDigit();
+        const bool inCell = setting.tabular && (character.isDigit() || character == figureSpace);
         if (!setting.tabular)
             pen += kerning(face, before, character) * scale;
         before = character;

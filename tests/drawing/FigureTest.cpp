@@ -59,6 +59,23 @@ TEST(Figure, DigitsStayPutWhateverTheyAre)
         EXPECT_DOUBLE_EQ(figurePath(time, {}, light, 1000).width, width) << qPrintable(time);
 }
 
+TEST(Figure, AFigureSpaceIsADigitThatIsNotThere)
+{
+    const FigurePath padded = figurePath(u"\u2007\u200741"_s, {}, light, 1000);
+    EXPECT_DOUBLE_EQ(padded.width, figurePath(u"0041"_s, {}, light, 1000).width);
+    EXPECT_GT(padded.digits.boundingRect().left(), padded.width / 2);
+}
+
+TEST(Figure, APointWithoutAWidthStandsApartFromTheDigits)
+{
+    const FigureStyle segments{.face = {.family = u"DSEG7 Classic"_s, .weight = 700, .capRatio = 1}, .cap = 100};
+    const FigurePath whole = figurePath(u"8.8"_s, {}, segments, 1000);
+    const QPainterPath first = figurePath(u"8"_s, {}, segments, 1000).digits;
+    const QPainterPath dot = figurePath(u"."_s, {}, segments, 1000).digits.translated(whole.places[1], 0);
+    EXPECT_GT(dot.boundingRect().left(), first.boundingRect().right());
+    EXPECT_LT(dot.boundingRect().right(), first.translated(whole.places[2], 0).boundingRect().left());
+}
+
 TEST(Figure, KernedDigitsTakeTheirOwnWidths)
 {
     const FigureStyle kerned = light.kerned();
