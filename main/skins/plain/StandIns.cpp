@@ -17,9 +17,4 @@ std::shared_ptr<const FaceRenderer> standIn(Skin skin, const std::optional<QColo
 
 // One function for each skin that has no painter of its own yet.
 
-std::shared_ptr<const FaceRenderer> apolloSkin(const std::optional<QColor>& accent)
-{
-    return standIn(Skin::apollo, accent);
-}
-
 } // namespace ambrelle
