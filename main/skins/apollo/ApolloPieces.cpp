@@ -22,17 +22,21 @@ namespace {
 const QColor oxide(0x5A, 0x40, 0x30); ///< recording tape
 
 constexpr double windowRadius = 2;
-constexpr double windowAir = 7; // beside digits, points
 constexpr double windowHeight = 12; // beyond that of its digits
 constexpr double unitGap = 5;
 
-constexpr double rail = 4; // width of what the pens run on
 constexpr double nib = 8; // length of a pen
 constexpr double penTremble = 0.8; // points
 constexpr double instrumentRate = 8; // frames a second
 constexpr double idle = 0.002; // below it a pen rests
 
 constexpr double secondsPerTurn = 3;
+
+/// Points beside digits in their window.
+double airOf(const FigureStyle& figure)
+{
+    return std::clamp(figure.cap * 0.2, 3.0, 7.0);
+}
 
 QColor shadow(double opacity)
 {
@@ -47,9 +51,9 @@ QColor light(double opacity)
 void fastener(Canvas& canvas, QPointF centre)
 {
     constexpr double radius = 2;
-    canvas.disc(centre, radius, metalDark.darker(160));
-    canvas.disc(centre + QPointF(0, 0.3), radius - 0.5, metalLight.lighter(125));
-    canvas.line(centre - QPointF(1.2, 0.9), centre + QPointF(1.2, 1.2), flatPen(cut, 0.8));
+    canvas.disc(centre, radius, cut);
+    canvas.disc(centre, radius - 0.5, metalLight.lighter(140));
+    canvas.line(centre - QPointF(1, 0.8), centre + QPointF(1, 0.8), flatPen(cut, 0.7));
 }
 
 /// As many digits as a register has, those before the number unlit.
@@ -168,7 +172,7 @@ void digits(Canvas& canvas, const Box& box, const Units::Pair& value, int places
 {
     canvas.still(u"window"_s, box, [&](Canvas& layer) { window(layer, box); });
     const GroundScope ground(canvas, well);
-    canvas.figure(box.inset(windowAir, 0), padded(value.value, places), value.unit, figure.aligned(Align::right));
+    canvas.figure(box.inset(airOf(figure), 0), padded(value.value, places), value.unit, figure.aligned(Align::right));
 }
 
 Box heroRegister(Canvas& canvas, const FaceRenderer& skin, Box& content, const Units::Pair& value, bool marked,
@@ -177,12 +181,11 @@ Box heroRegister(Canvas& canvas, const FaceRenderer& skin, Box& content, const U
     constexpr double mark = 14;
     const SkinStyle& style = skin.style();
     const FigureStyle figure = skin.figure(cap);
-    TextStyle unit = label(style).sized(std::max(style.captionSize, cap * 0.55));
-    unit.face = unit.face.tracked(0);
+    const TextStyle unit = label(style).sized(std::max(style.captionSize, cap * 0.55));
     const double unitWidth = shape(unit.face, unit.size, value.unit)->width + 1;
     Box band = content.cutTop(cap + windowHeight);
     content.cutTop(style.titleGap);
-    const double wanted = figureWidth(padded(value.value, places), {}, figure, 2 * band.width()) + 2 * windowAir;
+    const double wanted = figureWidth(padded(value.value, places), {}, figure, 2 * band.width()) + 2 * airOf(figure);
     const Box box = band.cutLeft(std::min(wanted, band.width() - unitGap - unitWidth));
     digits(canvas, box, {value.value, {}}, places, figure);
     band.cutLeft(unitGap);
@@ -272,7 +275,7 @@ LampFace lamp(Canvas& canvas, const SkinStyle& style, const Box& box, const std:
     const QColor ground = colour.value_or(well);
     canvas.fill(box, ground, windowRadius);
     if (colour)
-        canvas.fill(box, downwards(box, {{0, light(0.4)}, {0.5, light(0)}, {1, shadow(0.15)}}), windowRadius);
+        canvas.fill(box, downwards(box, {{0, light(0.25)}, {0.4, light(0)}, {1, shadow(0.12)}}), windowRadius);
     canvas.frame(box, QPen(colour ? colour->darker(150) : metalDark, 1), windowRadius);
     return {ground, colour ? inkOn(ground) : style.soft};
 }
@@ -282,9 +285,7 @@ void lamp(
 {
     const LampFace face = lamp(canvas, style, box, colour);
     const GroundScope ground(canvas, face.ground);
-    TextStyle text = label(style).coloured(face.ink).aligned(Align::centre);
-    text.face = text.face.tracked(0);
-    canvas.text(box, letters, text);
+    canvas.text(box, letters, label(style).coloured(face.ink).aligned(Align::centre));
 }
 
 void reels(Canvas& canvas, const Box& box, double progress, bool playing)

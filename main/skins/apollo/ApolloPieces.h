@@ -19,6 +19,8 @@ void digits(Canvas& canvas, const Box& window, const Units::Pair& value, int pla
 Box heroRegister(Canvas& canvas, const FaceRenderer& skin, Box& content, const Units::Pair& value, bool marked,
     double cap, int places = 3);
 
+inline constexpr double rail = 4; ///< width of what the pens of a recorder run on, at its right edge
+
 /// The paper of a chart recorder behind its window, and the rail of its pens; returns where traces run.
 Box chartPaper(Canvas& canvas, const Box& box);
 /// A pen of the recorder, from the rail to the end of its trace. It trembles while there is anything to write.

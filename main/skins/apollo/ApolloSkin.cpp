@@ -42,10 +42,10 @@ Box ApolloSkin::plate(Canvas& canvas, const FaceContext& face) const
 void ApolloSkin::header(Canvas& canvas, Box& content, const FaceContext& face, const QString& title) const
 {
     const Box& bounds = face.bounds;
-    const Box band = Box(bounds.inset(rim, 0)).cutTop(bandDepth);
+    const Box band = Box(bounds.inset(rim - 2, 0)).cutTop(bandDepth);
     canvas.still(u"band"_s, band, [&](Canvas& layer) {
-        layer.fill(band.adjusted(0, rim - 1, 0, 0), downwards(bounds, {{0, metalLight}, {1, metalDark}}));
-        layer.fill(Box(band).cutBottom(1), faded(Qt::black, 0.45));
+        layer.fill(band.adjusted(0, rim - 2, 0, 0), downwards(bounds, {{0, metalLight}, {1, metalDark}}));
+        layer.fill(Box(band.inset(2, 0)).cutBottom(1), faded(Qt::black, 0.45));
     });
     const GroundScope ground(canvas, blended(metalLight, metalDark, bandDepth / bounds.height()));
     canvas.text({content.left(), band.top() + 2, content.width(), bandDepth - 2}, title,
@@ -75,7 +75,7 @@ void ApolloSkin::overPhoto(Canvas& canvas, const FaceContext& face) const
 FigureStyle ApolloSkin::figure(double cap) const
 {
     FigureStyle lit = style().figure(cap).filled(style().accentText()).ghosted(faded(style().accent, unlit));
-    lit.unitColour = style().soft;
+    lit.unitColour = style().accentText();
     return lit;
 }
 
@@ -125,7 +125,7 @@ void ApolloSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& r
     const MirroredLines lines = mirrored(graph, reading.downHistory, reading.upHistory, reading.peak);
     canvas.fill(areaUnder(lines.upper, lines.middle), faded(print, 0.14));
     canvas.fill(areaUnder(lines.lower, lines.middle), faded(redInk, 0.16));
-    canvas.rule(Box(graph.x(), lines.middle - 1, graph.width(), 2), printSoft, 1);
+    canvas.fill(Box(graph.left(), lines.middle - 0.5, box.right() - rail - graph.left(), 1), printSoft);
     graphLine(canvas, lines.upper, print, traceWidth);
     graphLine(canvas, lines.lower, redInk, traceWidth);
     pen(canvas, box, lines.upper.currentPosition(), isWriting(reading.downHistory), 1);
@@ -198,7 +198,7 @@ void ApolloSkin::sessionDot(Canvas& canvas, const Box& box, bool lit) const
 void ApolloSkin::hourBar(Canvas& canvas, const Box& column, double fraction, bool now) const
 {
     const double height = std::max(1.0, column.height() * fraction);
-    canvas.fill(Box(column).cutBottom(height), now ? style().accent2 : style().accent);
+    canvas.fill(Box(column).cutBottom(height), now ? style().accent2 : faded(style().accent, 0.6));
 }
 
 void ApolloSkin::cover(Canvas& canvas, const Box& box, const Picture& picture) const

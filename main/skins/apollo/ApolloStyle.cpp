@@ -6,12 +6,17 @@ namespace ambrelle::apollo {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const Typeface lettering{.family = u"Routed Gothic Wide"_s, .weight = 400, .capRatio = 0.7};
+
+} // namespace
+
 SkinStyle makeStyle(const std::optional<QColor>& accent)
 {
-    const Typeface lettering{.family = u"Routed Gothic Wide"_s, .weight = 400, .capRatio = 0.7};
     return {
         .title = lettering.tracked(1.2),
-        .body = {.family = u"JetBrains Mono"_s, .weight = 500, .capRatio = 0.73},
+        .body = {.family = u"JetBrains Mono"_s, .weight = 500, .capRatio = 0.73, .tracking = -0.1},
         .number = {.family = u"DSEG7 Classic"_s, .weight = 700, .italic = true, .capRatio = 1},
         .ink = QColor(0xE6, 0xEB, 0xDD),
         .soft = QColor(0xA9, 0xB3, 0xA8),
@@ -26,11 +31,11 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
         .warn = QColor(0xFF, 0x6A, 0x58),
         .ground = panel,
         .titleSize = 11,
-        .rowSize = 12,
+        .rowSize = 11,
         .captionSize = 10.5,
         .floor = 10.5,
         .rowPitch = 20,
-        .dialCap = 17,
+        .dialCap = 20,
         .unitFace = lettering,
         .rowGap = 8,
         .accent2 = QColor(0xFF, 0xC8, 0x57),
@@ -43,12 +48,13 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
 
 TextStyle label(const SkinStyle& style)
 {
-    return style.header().sized(style.captionSize).coloured(style.soft);
+    return style.header().faced(lettering).sized(style.captionSize).coloured(style.soft);
 }
 
 TextStyle typed(const SkinStyle& style, bool bold)
 {
-    TextStyle text = style.row().coloured(print);
+    constexpr double size = 12;
+    TextStyle text = style.row().sized(size).coloured(print);
     if (bold)
         text.face.weight = 700;
     return text;

@@ -31,7 +31,7 @@ void ApolloSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCo
 
 void ApolloSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceContext& face) const
 {
-    constexpr double cap = 26;
+    constexpr double cap = 30;
     Box box = framed(canvas, face, reading.name);
     Box line = box.cutBottom(footerHeight(style()));
     if (reading.high)
@@ -42,7 +42,7 @@ void ApolloSkin::draw(Canvas& canvas, const DiskReading& reading, const FaceCont
     const Units::Pair value = reading.figure();
     canvas.figure(inside.centred(inside.width() - 6, cap), value.value, {}, figure(cap).aligned(Align::centre));
     canvas.text(
-        Box(inside).cutBottom(inside.height() * 0.3), value.unit, label(style()).sized(14).aligned(Align::centre));
+        Box(inside).cutBottom(inside.height() * 0.28), value.unit, label(style()).sized(14).aligned(Align::centre));
 }
 
 void ApolloSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const

@@ -15,18 +15,20 @@ namespace {
 
 constexpr double nameHeight = 15; // of an engraved name above its instrument
 
-/// A temperature without its sign, and the sign.
+/// A temperature without its sign, and the sign, which the longest ones leave no room for.
 Units::Pair degrees(const QString& temperature)
 {
-    return {temperature.chopped(temperature.endsWith(u'°') ? 1 : 0), u"°"_s};
+    constexpr qsizetype longest = 3;
+    const QString figure = temperature.chopped(temperature.endsWith(u'°') ? 1 : 0);
+    return {figure, figure.size() > longest ? QString() : u"°"_s};
 }
 
 /// A small register under its name; cuts both.
-void namedRegister(Canvas& canvas, const FaceRenderer& skin, Box& box, const QString& name, const QString& value)
+void namedRegister(Canvas& canvas, const FaceRenderer& skin, Box& box, const QString& name, const Units::Pair& value)
 {
     constexpr double cap = 15;
     canvas.text(box.cutTop(nameHeight), name, label(skin.style()));
-    digits(canvas, box.cutTop(28), {value, {}}, 4, skin.figure(cap));
+    digits(canvas, box.cutTop(28), value, 3, skin.figure(cap));
 }
 
 /// Hours and minutes with their names above them.
@@ -42,7 +44,6 @@ void timeRegister(Canvas& canvas, const FaceRenderer& skin, Box box, const Clock
     const Box names = box.cutTop(nameHeight);
     canvas.still(u"time"_s, box, [&](Canvas& layer) { window(layer, box); });
     const Box place = box.centred(whole, box.height());
-    canvas.text(names, u"GET"_s, name);
     canvas.text(Box(place.left(), names.y(), pair, names.height()), u"HOURS"_s, name.aligned(Align::centre));
     canvas.text(Box(place.right() - pair, names.y(), pair, names.height()), u"MIN"_s, name.aligned(Align::centre));
     canvas.text(names, reading.meridiem, name.coloured(style.accentText()).aligned(Align::right));
@@ -55,10 +56,10 @@ void dayRegisters(Canvas& canvas, const FaceRenderer& skin, Box table, const Wea
 {
     constexpr int most = 5;
     constexpr double cap = 14;
-    constexpr double width = 44;
-    constexpr double gap = 5;
-    constexpr double picture = 20;
-    const TextStyle name = label(skin.style()).aligned(Align::right);
+    constexpr double width = 48;
+    constexpr double gap = 4;
+    constexpr double picture = 18;
+    const TextStyle name = label(skin.style()).aligned(Align::centre);
     if (!reading.days.isEmpty()) {
         Box names = table.cutTop(nameHeight);
         canvas.text(names.cutRight(width), skin.style().caps(Wording::tr("Low", "lowest temperature")), name);
@@ -85,17 +86,17 @@ void ApolloSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCon
     Box box = framed(canvas, face);
     Box line = teletype(canvas, box.cutBottom(stripHeight).inset(0, 4));
     box.cutBottom(style().titleGap);
-    Box side = box.cutRight(sideWidth);
-    box.cutRight(12);
+    Box side = box.cutLeft(sideWidth);
+    box.cutLeft(12);
     timeRegister(canvas, *this, box, reading);
-    namedRegister(canvas, *this, side, u"UTC"_s, reading.utc);
+    namedRegister(canvas, *this, side, u"GET"_s, {QString::number(reading.dayOfYear), u"D"_s});
     side = side.cutBottom(nameHeight + 28);
-    namedRegister(canvas, *this, side, u"DAY"_s, QString::number(reading.dayOfYear));
+    namedRegister(canvas, *this, side, u"UTC"_s, {reading.utc, {}});
     const GroundScope ground(canvas, paper);
     line = line.inset(0, -5);
     line.cutLeft(canvas.text(line, style().caps(reading.dateLine()), typed(style(), true)) + Bands::gap);
     endOfLine(canvas, line, typed(style()));
-    canvas.text(line, reading.tag(), typed(style()).aligned(Align::right));
+    canvas.text(line, reading.tag(), smallPrint(style()).aligned(Align::right));
 }
 
 /// A panel of lamps, one a day, today's lit.
@@ -118,8 +119,8 @@ void ApolloSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceC
     constexpr double picture = 46;
     constexpr double nowWidth = 104;
     Box box = framed(canvas, face, reading.place);
-    dayRegisters(canvas, *this, box.cutRight(152), reading);
-    box.cutRight(16);
+    dayRegisters(canvas, *this, box.cutRight(146), reading);
+    box.cutRight(12);
     const TextStyle name = label(style());
     canvas.text(box.cutTop(nameHeight), style().caps(Wording::tr("Now", "the temperature")), name);
     Box now = box.cutTop(style().temperatureCap + 12);
@@ -131,7 +132,7 @@ void ApolloSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceC
     if (reading.high.isEmpty())
         return;
     const auto extreme = [&](Box place, const QString& title, const QString& value) {
-        digits(canvas, place.cutRight(40), degrees(value), 2, figure(14));
+        digits(canvas, place.cutRight(44), degrees(value), 2, figure(14));
         canvas.text(place, title, name);
     };
     extreme(range.column(0, 2, 8), style().caps(Wording::tr("High", "highest temperature")), reading.high);
