@@ -267,7 +267,7 @@ Box teletype(Canvas& canvas, const Box& box)
 
 void endOfLine(Canvas& canvas, Box& line, const TextStyle& text)
 {
-    canvas.text(line.cutRight(text.size * 0.8), u"/"_s, text.aligned(Align::right));
+    canvas.text(line.cutRight(text.size), u"/"_s, text.aligned(Align::right));
 }
 
 LampFace lamp(Canvas& canvas, const SkinStyle& style, const Box& box, const std::optional<QColor>& colour)

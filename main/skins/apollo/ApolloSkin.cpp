@@ -132,15 +132,21 @@ void ApolloSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& r
     pen(canvas, box, lines.lower.currentPosition(), isWriting(reading.upHistory), 2);
 }
 
+/// The parts step down, so that their ends show in any colours.
 void ApolloSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
     constexpr int count = 24;
+    constexpr double step = 0.22; // of the height
     const QList<QBrush> fills = partFills();
-    const auto brush = [&](int index) {
-        const std::optional<qsizetype> part = partAt(parts, (index + 0.5) / count);
-        return part ? fills.value(*part) : QBrush(faded(style().accent, dark));
+    const Box bar = box.centred(box.width(), std::min(14.0, box.height()));
+    const auto lamps = [&](const std::optional<qsizetype>& shown, double height, const QBrush& brush) {
+        blocks(canvas, Box(bar).cutBottom(height * bar.height()), count, 2,
+            [&](int index) { return partAt(parts, (index + 0.5) / count) == shown ? brush : QBrush(); },
+            {.slant = lean});
     };
-    blocks(canvas, box.centred(box.width(), std::min(12.0, box.height())), count, 2, brush, {.slant = lean});
+    for (qsizetype part = 0; part < parts.size(); ++part)
+        lamps(part, 1 - step * static_cast<double>(part), fills.value(part));
+    lamps(std::nullopt, 1 - step * static_cast<double>(parts.size()), faded(style().accent, dark));
 }
 
 /// Ten lamps of a bus; red when next to nothing is left.

@@ -24,7 +24,7 @@ void ApolloSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCo
     constexpr double cap = 32; // the unit is wide
     Box box = framed(canvas, face);
     heroRegister(canvas, *this, box, reading.figure(), reading.high, cap);
-    parts(canvas, box.cutTop(12), reading.parts);
+    parts(canvas, box.cutTop(14), reading.parts);
     box.cutTop(Bands::gap);
     partsKey(canvas, *this, box, reading.parts, partFills());
 }
