@@ -190,7 +190,7 @@ void ApolloSkin::separator(Canvas& canvas, const Box& row) const
 void ApolloSkin::checkMark(Canvas& canvas, const Box& box, bool done) const
 {
     constexpr double size = 14;
-    const Box square = box.centred(size, size);
+    const Box square = Box(box).cutLeft(size).square();
     const LampFace face = lamp(canvas, style(), square, done ? std::optional(style().accent2) : std::nullopt);
     if (done)
         canvas.symbol(square, u"checkmark"_s, size - 3, face.ink);

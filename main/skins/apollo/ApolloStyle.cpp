@@ -16,7 +16,7 @@ SkinStyle makeStyle(const std::optional<QColor>& accent)
 {
     return {
         .title = lettering.tracked(1.2),
-        .body = {.family = u"JetBrains Mono"_s, .weight = 500, .capRatio = 0.73, .tracking = -0.1},
+        .body = {.family = u"JetBrains Mono"_s, .weight = 500, .capRatio = 0.73, .tracking = -0.15},
         .number = {.family = u"DSEG7 Classic"_s, .weight = 700, .italic = true, .capRatio = 1},
         .ink = QColor(0xE6, 0xEB, 0xDD),
         .soft = QColor(0xA9, 0xB3, 0xA8),
