@@ -2,6 +2,7 @@
 
 #include "skins/apollo/ApolloSkin.h"
 
+#include "drawing/Arc.h"
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
