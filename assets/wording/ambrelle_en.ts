@@ -84,15 +84,15 @@
     </message>
     <message>
         <source>Location access is off. Pick a city from the menu bar: Weather ▸ Set City…</source>
-        <translation>Location access is off. Pick a city from the window's menu: Weather ▸ Set City…</translation>
+        <translation>Location access is off. Pick a city from the More menu: Weather ▸ Set City…</translation>
     </message>
     <message>
         <source>Couldn't get your location. Pick a city from the menu bar: Weather ▸ Set City…</source>
-        <translation>Couldn't get your location. Pick a city from the window's menu: Weather ▸ Set City…</translation>
+        <translation>Couldn't get your location. Pick a city from the More menu: Weather ▸ Set City…</translation>
     </message>
     <message>
         <source>Couldn't find “%1”. Try another name from the menu bar.</source>
-        <translation>Couldn't find “%1”. Try another name from the window's menu.</translation>
+        <translation>Couldn't find “%1”. Try another name from the More menu.</translation>
     </message>
     <message numerus="yes">
         <source>%n hours ago</source>

@@ -181,7 +181,7 @@ wait_for("refusal", lambda: found(lambda part: part.get_name() == "Couldn't chan
 key("Return")
 wait_for("switch that is off", lambda: (box := focused(login)) and not box.get_state_set().contains(Atspi.StateType.CHECKED))
 
-for city, told in (("Nowhere", "Couldn't find “Nowhere”. Try another name from the window's menu."),
+for city, told in (("Nowhere", "Couldn't find “Nowhere”. Try another name from the More menu."),
                    ("Bergen", "Showing weather for Bergen")):
     go("city", "City")
     key("ctrl+a")

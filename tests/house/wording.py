@@ -22,7 +22,7 @@ SENTENCE = re.compile(r"[A-Za-z]{2}[^\s\w]* +[“(%]*[A-Za-z0-9]|\w…")
 TRANSLATED = re.compile(r'(?:Wording::tr\((?:"[^"]*", )?|QT_TRANSLATE_NOOP\("ambrelle",\s*)$')
 # What is said in a terminal or to whoever mends the program, and names of still layers and other kept pictures.
 TECHNICAL = re.compile(
-    r"(?:\b(?:qFatal|complain|fprintf|say)\([^;]*|static_assert\([^;]*|\bexpected = |\bstill\(\s*|\bLayerKey key\(|\bconst QString name = )"
+    r"(?:\b(?:qFatal|complain|fprintf|say)\([^;]*|static_assert\([^;]*|\bexpected = |\bstill\(\s*|\bkeptRim\(\s*|\bLayerKey key\(|\bconst QString name = )"
     r"u?$")
 # Faults in stored and fetched data, formats of dates, desktop entries, a kind of device as another service tells it,
 # names of zones in calendars, the mark of theme files.

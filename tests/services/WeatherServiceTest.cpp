@@ -69,7 +69,7 @@ TEST_F(WeatherServiceTest, AsksForPermissionAndThenForALocation)
     EXPECT_EQ(location.requests, 2);
 
     Q_EMIT location.failed();
-    EXPECT_EQ(status(), "Couldn't get your location. Pick a city from the window's menu: Weather ▸ Set City…");
+    EXPECT_EQ(status(), "Couldn't get your location. Pick a city from the More menu: Weather ▸ Set City…");
     Q_EMIT location.located({60.3929, 5.3241, {}});
     EXPECT_THAT(network.addresses.last().toStdString(), ::testing::HasSubstr("?latitude=60.39&longitude=5.32&"));
     answerForecast();
@@ -90,7 +90,7 @@ TEST_F(WeatherServiceTest, SaysWhenLocationIsOff)
         forbidden.setAuthorization(refusal);
         WeatherService refused(network, forbidden, settings, clock, {});
         refused.start();
-        EXPECT_EQ(refused.status(), u"Location access is off. Pick a city from the window's menu: Weather ▸ Set City…"_s);
+        EXPECT_EQ(refused.status(), u"Location access is off. Pick a city from the More menu: Weather ▸ Set City…"_s);
         EXPECT_EQ(forbidden.requests, 0);
         forbidden.setAuthorization(authorized);
         EXPECT_EQ(forbidden.requests, 1);
@@ -108,7 +108,7 @@ TEST_F(WeatherServiceTest, AChosenCityWinsOverTheLocation)
     EXPECT_EQ(status(), "Looking up Oslo…");
     EXPECT_EQ(network.addresses.size(), 1);
     settings.weatherCity.set({});
-    EXPECT_EQ(status(), "Location access is off. Pick a city from the window's menu: Weather ▸ Set City…");
+    EXPECT_EQ(status(), "Location access is off. Pick a city from the More menu: Weather ▸ Set City…");
 }
 
 TEST_F(WeatherServiceTest, TellsWhyThereIsNoWeather)
@@ -119,7 +119,7 @@ TEST_F(WeatherServiceTest, TellsWhyThereIsNoWeather)
         {noNetwork, "Weather unavailable: The server was not found."},
         {{"[]", {}}, "Weather unavailable: The answer cannot be read."},
         {{"{\"generationtime_ms\": 0.5}", {}}, "Weather unavailable: There is no place “Xyzzy”. Try another name."},
-        {{"{\"results\": []}", {}}, "Couldn't find “Xyzzy”. Try another name from the window's menu."},
+        {{"{\"results\": []}", {}}, "Couldn't find “Xyzzy”. Try another name from the More menu."},
     };
     for (const auto& [answered, sentence] : cases) {
         answer(answered);
@@ -164,7 +164,7 @@ TEST_F(WeatherServiceTest, KeepsTheLastWeatherWhenFetchingFails)
     askAgain();
     answer(R"({"results": []})");
     EXPECT_EQ(service.snapshot(), snapshot);
-    EXPECT_EQ(status(), "Couldn't find “Oslo”. Try another name from the window's menu.");
+    EXPECT_EQ(status(), "Couldn't find “Oslo”. Try another name from the More menu.");
 }
 
 TEST_F(WeatherServiceTest, TheUnitNeedsNoNewPlaceButEveryTwentyMinutesDo)

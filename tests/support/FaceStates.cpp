@@ -28,7 +28,7 @@ QString emptySentence(WidgetKind kind)
 {
     switch (kind) {
     case WidgetKind::weather:
-        return u"Couldn't get your location. Pick a city from the window's menu: Weather ▸ Set City…"_s;
+        return u"Couldn't get your location. Pick a city from the More menu: Weather ▸ Set City…"_s;
     case WidgetKind::events:
         return u"Calendar access is off. Turn it on in System Settings ▸ Privacy & Security ▸ Calendars."_s;
     case WidgetKind::reminders:

@@ -97,7 +97,7 @@ TEST_F(SettingsSectionsTest, TheCityTellsHowItGoes)
         EXPECT_TRUE(QTest::qWaitFor([&] { return !city.text().caption.startsWith(u"Looking"); }));
     };
     answer({.body = R"({"results":[]})"});
-    EXPECT_EQ(city.text().caption, u"Couldn't find “Bergen”. Try another name from the window's menu."_s);
+    EXPECT_EQ(city.text().caption, u"Couldn't find “Bergen”. Try another name from the More menu."_s);
     EXPECT_EQ(entry.field()->text(), u"Bergen"_s);
     save(u"Bargen"_s);
     EXPECT_EQ(network.addresses.size(), 2) << "looked up once";

@@ -48,7 +48,7 @@ protected:
 
     void expectTranslated(const QString& text, const std::string& where) const
     {
-        static const QRegularExpression word(u"[A-Za-z]+"_s);
+        static const QRegularExpression word(u"(?![IVXivx]+\\b)[A-Za-z]+"_s); // no Roman numeral
         for (auto found = word.globalMatch(text); found.hasNext();)
             EXPECT_TRUE(data.contains(found.next().captured(), Qt::CaseInsensitive))
                 << where << ": " << qPrintable(text);
