@@ -105,9 +105,13 @@ NightLook pulseLook()
         .smallNumber = rounded,
         .shadow = 0,
         .lines = {.graph = 2.2, .glow = 0.10, .level = 6, .levelTrack = 6, .ring = 13, .ringTrack = 13, .parts = 12},
+        .rowSize = 13,
+        .floor = 10.5,
         .trackSize = 15,
         .clockCap = 54,
+        .dialCap = 18,
         .coverCorner = 18,
+        .keys = 38,
     };
 }
 

@@ -67,6 +67,7 @@ struct NightLook {
     double dialCap = 20;
     double coverCorner = 12;
     double photoMat = 6;
+    double keys = 26; ///< height of the player's keys
 
     bool operator==(const NightLook&) const = default;
 

@@ -54,9 +54,13 @@ void NightSkin::heading(Canvas& canvas, const Box& line, const FaceContext&, con
 
 void NightSkin::bead(Canvas& canvas, QPointF point, const QColor& colour) const
 {
-    constexpr double light = 2.6; // in radii
-    canvas.disc(point, m_look.lines.bead * light, halo(point, m_look.lines.bead * light, colour, 0.6));
-    canvas.disc(point, m_look.lines.bead, blended(colour, m_look.ink, 0.7));
+    lamp(canvas, point, m_look.lines.bead, colour);
+}
+
+void NightSkin::lamp(Canvas& canvas, QPointF point, double radius, const QColor& colour) const
+{
+    canvas.disc(point, radius * lampLight, halo(point, radius * lampLight, colour, 0.6));
+    canvas.disc(point, radius, blended(colour, m_look.ink, 0.7));
 }
 
 QBrush NightSkin::along(QPointF from, QPointF to, const QColor& colour) const
@@ -141,7 +145,7 @@ Box NightSkin::progressDial(Canvas& canvas, const Box& box, double fraction, con
     canvas.stroke(gauge.arc(0, 1, middle), QPen(m_look.track, lines.ringTrack));
     if (reached > 0) {
         const QPainterPath arc = gauge.arc(0, reached, middle);
-        shine(canvas, arc, colour);
+        shine(canvas, gauge.band(0, reached, lines.ring), colour);
         const bool spread = colour == m_look.accent;
         const QBrush light = spread ? alongArc(gauge.centre, 0, reached, ringSpectrum()) : QBrush(colour);
         canvas.stroke(arc, roundPen(light, lines.ring));
@@ -187,7 +191,7 @@ void NightSkin::draw(Canvas& canvas, const ProcessesReading& reading, const Face
         separator(canvas, row);
         rowLevel(canvas, line, process.fraction, index);
         rowMark(canvas, line, index);
-        named(canvas, line, process.name, style().row(), process.percent, rowValue(index));
+        named(canvas, line, process.name, rowName(), process.percent, rowValue(index));
     });
 }
 
@@ -219,7 +223,7 @@ void NightSkin::forecast(Canvas& canvas, const Box& box, const WeatherReading& r
 void NightSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const FaceContext& face) const
 {
     constexpr double keyPitch = 44;
-    const PlayerPlaces places = playerPlaces(plate(canvas, face));
+    const PlayerPlaces places = playerPlaces(plate(canvas, face), m_look.keys);
     cover(canvas, places.cover, reading.artwork);
     trackLines(canvas, *this, places, reading, style().header().sized(m_look.trackSize));
     controls(canvas, *this, places.controls.centred(3 * keyPitch, places.controls.height()), reading.playing);

@@ -52,16 +52,20 @@ protected:
     virtual void graphGround(Canvas&, const Box&) const { }
     /// The mark on the newest sample, `lines.bead` points to all sides of the point without its light; a bright dot.
     virtual void bead(Canvas& canvas, QPointF point, const QColor& colour) const;
-    /// How the value of a row is set.
+    /// How the name of a row is set, and its value.
+    virtual TextStyle rowName() const { return style().row(); }
     virtual TextStyle rowValue(qsizetype) const { return style().rowValue(); }
     /// The coming days beside the weather of now.
     virtual void forecast(Canvas& canvas, const Box& box, const WeatherReading& reading) const;
 
     // For slots and pieces.
 
+    static constexpr double lampLight = 2.6; ///< how far the light of a lamp reaches, in its radii
     /// A colour along the way: the accent as the spectrum, any other as it is.
     QBrush along(QPointF from, QPointF to, const QColor& colour) const;
     QBrush along(const Box& box, const QColor& colour) const { return along(box.topLeft(), box.topRight(), colour); }
+    /// A bright dot in a light of its colour.
+    void lamp(Canvas& canvas, QPointF point, double radius, const QColor& colour) const;
     /// The light around lines of that colour; draws nothing in a look without.
     void shine(Canvas& canvas, const QPainterPath& path, const QColor& colour) const;
     /// A line of a graph with its light, and its area down or up to `base`.
