@@ -19,6 +19,12 @@ CardHeader::CardHeader(QWidget* view)
     view->installEventFilter(this);
 }
 
+CardHeader::~CardHeader()
+{
+    if (m_contents)
+        m_contents->disconnect(this); // they end with the base, when there is nobody left to tell
+}
+
 void CardHeader::setContents(QWidget* contents)
 {
     if (contents == m_contents)

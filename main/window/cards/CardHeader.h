@@ -14,6 +14,7 @@ class CardHeader final : public QWidget {
 public:
     /// Follows `view`, also into another parent.
     explicit CardHeader(QWidget* view);
+    ~CardHeader() override;
 
     void setContents(QWidget* contents); ///< takes it over; none: nothing is shown
     /// How high the contents want to be at that width, and the gap below; 0 while there are none to show.

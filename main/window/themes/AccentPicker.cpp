@@ -166,7 +166,7 @@ bool AccentPicker::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Enter: m_at = swatch; break;
     case QEvent::Leave:
     case QEvent::FocusOut:
-        if (m_at == swatch)
+        if (m_at == watched)
             m_at = nullptr;
         break;
     default: return QWidget::eventFilter(watched, event);
@@ -187,8 +187,9 @@ void AccentPicker::judge()
 {
     if (m_dialog)
         return; // its own colours are tried
-    const bool counts = isVisible() && m_at && !m_at->isWheel() && !m_at->isChecked();
-    consider(counts ? std::optional(Trial{m_at->accent()}) : std::nullopt);
+    const auto* at = qobject_cast<AccentSwatch*>(m_at);
+    const bool counts = isVisible() && at && !at->isWheel() && !at->isChecked();
+    consider(counts ? std::optional(Trial{at->accent()}) : std::nullopt);
 }
 
 void AccentPicker::consider(const std::optional<Trial>& accent)

@@ -61,7 +61,7 @@ private:
     Skin m_skin = Skin::paper;
     TextLabel* m_sentence;
     QList<AccentSwatch*> m_swatches;
-    QPointer<AccentSwatch> m_at; ///< pointer or keyboard are there
+    QPointer<QObject> m_at; ///< the swatch where pointer or keyboard are
     QPointer<QColorDialog> m_dialog;
     bool m_isShowing = false; ///< what is stored, and nobody chooses
     std::optional<Trial> m_considered; ///< to be tried soon
