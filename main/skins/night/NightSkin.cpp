@@ -74,12 +74,16 @@ void NightSkin::shine(Canvas& canvas, const QPainterPath& path, const QColor& co
         canvas.lightAround(path, {.colour = colour, .strokes = 3, .alpha = m_look.lines.glow, .spread = 3});
 }
 
+QBrush NightSkin::area(const Box& box, const QColor& colour, bool hangs) const
+{
+    constexpr double thin = 0.02;
+    return wash(box, colour, hangs ? thin : m_look.lines.wash, hangs ? m_look.lines.wash : thin);
+}
+
 void NightSkin::graph(Canvas& canvas, const Box& box, const QPainterPath& line, double base, const QColor& colour) const
 {
-    const bool hangs = base <= box.top();
     if (m_look.lines.wash > 0)
-        canvas.fill(areaUnder(line, base),
-            wash(box, colour, hangs ? 0.02 : m_look.lines.wash, hangs ? m_look.lines.wash : 0.02));
+        canvas.fill(areaUnder(line, base), area(box, colour, base <= box.top()));
     shine(canvas, line, colour);
     graphLine(canvas, line, along(box, colour), m_look.lines.graph);
 }

@@ -48,6 +48,8 @@ protected:
     virtual QGradientStops spectrum() const { return {{0, m_look.accent}, {1, m_look.accent}}; }
     /// The same of a ring.
     virtual QGradientStops ringSpectrum() const { return spectrum(); }
+    /// What fills the area of a graph below its line, or above it where it `hangs`; a wash of its colour.
+    virtual QBrush area(const Box& box, const QColor& colour, bool hangs) const;
     /// What graphs stand on; nothing.
     virtual void graphGround(Canvas&, const Box&) const { }
     /// The mark on the newest sample, `lines.bead` points to all sides of the point without its light; a bright dot.
