@@ -137,10 +137,12 @@ NightLook prismLook()
         .up = QColor(0x5F, 0xD0, 0xF5),
         .down = QColor(0xFF, 0x77, 0xA0),
         .warn = QColor(0xFF, 0x7A, 0x7A),
-        .smallNumber = {.family = u"Quicksand Medium"_s, .weight = 400, .capRatio = 0.7, .cell = 0.93},
-        .lines = {.wash = 0.18, .bead = 2.5, .level = 3, .levelTrack = 3, .ring = 7, .ringTrack = 7, .parts = 6},
+        .smallNumber = {.family = u"Quicksand"_s, .weight = 400, .capRatio = 0.7, .cell = 0.93},
+        .lines = {.wash = 0.34, .bead = 2.5, .level = 3, .levelTrack = 3, .ring = 7, .ringTrack = 7, .parts = 6},
+        .rowSize = 12,
         .rowGap = 5.5,
         .clockCap = 72,
+        .rateCap = 22,
         .coverCorner = 14,
     };
 }
