@@ -175,8 +175,11 @@ NightLook carbonLook()
             Typeface{.family = u"Play"_s, .weight = 700, .capRatio = 0.67}, // a slanted degree sign leans far out
         .lines = {.graph = 2, .level = 6, .levelTrack = 6, .ring = 9, .ringTrack = 9, .parts = 10},
         .titleSize = 11.5,
+        .rowSize = 12,
         .trackSize = 16,
+        .clockCap = 64,
         .temperatureCap = 48,
+        .rateCap = 22,
         .coverCorner = 3,
     };
 }
