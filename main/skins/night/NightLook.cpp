@@ -210,7 +210,7 @@ NightLook velvetLook()
         .shadow = 0,
         .lines = {.graph = 1.4,
             .wash = 0.22,
-            .bead = 3,
+            .bead = 4,
             .tipped = true,
             .level = 1,
             .levelTrack = 0.8,
@@ -224,6 +224,10 @@ NightLook velvetLook()
         .trackSize = 17,
         .rowGap = 4,
         .clockCap = 72,
+        .rateCap = 22,
+        .dialCap = 24,
+        .coverCorner = 0, // under the arch
+        .photoMat = 8,
     };
 }
 
