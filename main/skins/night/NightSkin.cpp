@@ -10,6 +10,7 @@
 #include "drawing/Plates.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace ambrelle {
 
@@ -177,6 +178,18 @@ void NightSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts)
     for (qsizetype index = 0; index < parts.size(); ++index)
         piece(whole * bounded(parts[index].fraction), fills.value(index));
     piece(bar.right() + gap - x, m_look.track);
+}
+
+QList<QBrush> NightSkin::partFills() const
+{
+    const auto distinct = [&](const QColor& colour) {
+        constexpr int alike = 90; // sum of the differences of all components, 0 to 255 each
+        const QColor& accent = m_look.accent;
+        const int difference = std::abs(colour.red() - accent.red()) + std::abs(colour.green() - accent.green())
+            + std::abs(colour.blue() - accent.blue());
+        return difference < alike ? m_look.ink : colour;
+    };
+    return {m_look.accent, distinct(m_look.accent2), distinct(m_look.accent3)};
 }
 
 void NightSkin::cover(Canvas& canvas, const Box& box, const Picture& picture) const

@@ -24,6 +24,8 @@ public:
     void history(Canvas& canvas, const Box& box, const History& history, const QColor& colour) const override;
     void traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const override;
     void parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const override;
+    /// The three colours; ink in place of one that the accent would be taken for.
+    QList<QBrush> partFills() const override;
     /// Rows tell their share in a mark of the skin's own; nothing.
     void rowLevel(Canvas&, Box&, double, qsizetype) const override { }
     void cover(Canvas& canvas, const Box& box, const Picture& artwork) const override;
