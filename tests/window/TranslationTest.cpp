@@ -36,7 +36,7 @@ protected:
     QuickMenu& quick = home.quick;
     /// Words that are no texts of the program: lettering of instruments and games among them.
     QStringList data{u"VU"_s, u"UTC"_s, u"GEN"_s, u"BAT"_s, u"HP"_s, u"MP"_s, u"Ambrelle"_s, u"DP"_s, u"E"_s, u"P"_s,
-        u"GET"_s, u"HOURS"_s, u"MIN"_s, u"CHG"_s, u"AC"_s, u"span"_s, u"br"_s};
+        u"GET"_s, u"HOURS"_s, u"MIN"_s, u"CHG"_s, u"AC"_s, u"LAP"_s, u"span"_s, u"br"_s};
 
     TranslationTest()
     {
