@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+
+#include "scenes/Scene.h"
+
+#include <QImage>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace ambrelle {
+
+QRectF Scene::bounds() const
+{
+    QRectF bounds;
+    for (const SceneSprite& sprite : sprites)
+        bounds |= sprite.place();
+    return bounds;
+}
+
+QList<Canvas::MovingArea> Scene::draw(QPainter& painter, const QRectF& area, double time) const
+{
+    const auto pass = [&](Canvas::Pass which) {
+        Canvas canvas(painter, {.pass = which, .time = time, .finish = finish, .manner = manner});
+        for (const SceneSprite& sprite : sprites) {
+            if (sprite.place().intersects(area))
+                sprite.draw(canvas);
+        }
+        return canvas.movingAreas();
+    };
+    QList<Canvas::MovingArea> moving = pass(Canvas::Pass::still);
+    if (!moving.isEmpty())
+        pass(Canvas::Pass::moving);
+    return moving;
+}
+
+QList<QRectF> Scene::changes(const Scene& before, const Scene& after)
+{
+    if (before.finish != after.finish || before.manner != after.manner)
+        return {before.bounds() | after.bounds()};
+    QList<QRectF> changed;
+    QList<bool> stays(before.sprites.size(), false);
+    qsizetype next = 0; // those that stay keep their order, or lie over each other in another way
+    for (const SceneSprite& sprite : after.sprites) {
+        const auto from = before.sprites.begin() + next;
+        const auto same = std::find(from, before.sprites.end(), sprite);
+        if (same == before.sprites.end()) {
+            changed.append(sprite.place());
+            continue;
+        }
+        next = same - before.sprites.begin();
+        stays[next++] = true;
+    }
+    for (qsizetype index = 0; index < before.sprites.size(); ++index) {
+        if (!stays[index])
+            changed.append(before.sprites[index].place());
+    }
+    return changed;
+}
+
+QList<QRectF> Scene::inked(double cell) const
+{
+    const QRectF whole = bounds();
+    const QSize cells(
+        static_cast<int>(std::ceil(whole.right() / cell)) + 1, static_cast<int>(std::ceil(whole.bottom() / cell)) + 1);
+    if (whole.isEmpty() || whole.left() < -cell || whole.top() < -cell)
+        return whole.isEmpty() ? QList<QRectF>() : QList{whole};
+    // Drawn in strips: a picture of the whole screen would be as large as what it is to spare.
+    constexpr int rowsOfStrip = 64;
+    constexpr int perCell = 2; // pixels: a hairline is still seen
+    const double scale = perCell / cell;
+    QList<QRectF> areas;
+    for (int first = 0; first < cells.height(); first += rowsOfStrip) {
+        QImage strip(cells.width() * perCell, rowsOfStrip * perCell, QImage::Format_Alpha8);
+        if (strip.isNull())
+            return {whole};
+        strip.fill(Qt::transparent);
+        QPainter painter(&strip);
+        painter.scale(scale, scale);
+        painter.translate(0, -first * cell);
+        draw(painter, {0, first * cell, cells.width() * cell, rowsOfStrip * cell});
+        painter.end();
+        for (int row = 0; row < rowsOfStrip; ++row) {
+            const auto isInked = [&](int column) {
+                for (int y = row * perCell; y < (row + 1) * perCell; ++y) {
+                    const uchar* line = strip.constScanLine(y) + static_cast<std::ptrdiff_t>(column) * perCell;
+                    if (std::any_of(line, line + perCell, [](uchar alpha) { return alpha > 0; }))
+                        return true;
+                }
+                return false;
+            };
+            for (int column = 0; column < cells.width(); ++column) {
+                const int from = column;
+                while (column < cells.width() && isInked(column))
+                    ++column;
+                if (column > from)
+                    areas.append({from * cell, (first + row) * cell, (column - from) * cell, cell});
+            }
+        }
+    }
+    return areas;
+}
+
+} // namespace ambrelle

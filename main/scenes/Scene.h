@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "drawing/Canvas.h"
+
+#include <memory>
+#include <tuple>
+#include <type_traits>
+#include <typeinfo>
+
+namespace ambrelle {
+
+/// One mark of a scene: what it is called, where it lies, and how it is drawn. A value: two marks that are equal look
+/// equal, so that whoever shows them paints only what is another one.
+class SceneSprite {
+public:
+    /// `place` holds all that `draw` paints. `draw` is called with a canvas and the values, and captures nothing:
+    /// the values are all that the mark depends on, and tell it from others.
+    ///
+    ///     SceneSprite(u"sun"_s, area, [](Canvas& canvas, const Box& box, const QColor& colour) {
+    ///         canvas.fill(box, colour); }, box, style.accent)
+    template <typename Draw, typename... Values>
+    SceneSprite(QString name, const QRectF& place, Draw draw, Values... values)
+        : m_name(std::move(name))
+        , m_place(place)
+        , m_mark(std::make_shared<const MarkOf<Draw, Values...>>(draw, std::move(values)...))
+    {
+        static_assert(std::is_empty_v<Draw>, "what a mark depends on is given as values, not captured");
+    }
+
+    const QString& name() const { return m_name; }
+    const QRectF& place() const { return m_place; } ///< points of the screen, y down
+    void draw(Canvas& canvas) const { m_mark->draw(canvas); }
+
+    bool operator==(const SceneSprite& other) const
+    {
+        return m_name == other.m_name && m_place == other.m_place
+            && (m_mark == other.m_mark || m_mark->equals(*other.m_mark));
+    }
+
+private:
+    struct Mark {
+        Mark() = default;
+        virtual ~Mark() = default;
+        Q_DISABLE_COPY_MOVE(Mark)
+        virtual void draw(Canvas& canvas) const = 0;
+        virtual bool equals(const Mark& other) const = 0;
+    };
+
+    template <typename Draw, typename... Values> struct MarkOf final : Mark {
+        explicit MarkOf(Draw function, Values... given)
+            : drawing(function)
+            , values(std::move(given)...)
+        {
+        }
+        void draw(Canvas& canvas) const override
+        {
+            std::apply([&](const Values&... each) { drawing(canvas, each...); }, values);
+        }
+        bool equals(const Mark& other) const override
+        {
+            return typeid(other) == typeid(MarkOf) && static_cast<const MarkOf&>(other).values == values;
+        }
+
+        Draw drawing;
+        std::tuple<Values...> values;
+    };
+
+    QString m_name;
+    QRectF m_place;
+    std::shared_ptr<const Mark> m_mark;
+};
+
+/// The decorations of one screen, between the desktop and its widgets.
+struct Scene {
+    QList<SceneSprite> sprites; ///< the last lies above the others
+    Finish finish = Finish::smooth;
+    StrokeManner manner = StrokeManner::plain;
+
+    bool operator==(const Scene&) const = default;
+
+    QRectF bounds() const; ///< of all places; null where there are none
+    /// Draws what meets `area`, in points of the screen; what moves as at `time`, 0 while it rests. Gives what moves.
+    QList<Canvas::MovingArea> draw(QPainter& painter, const QRectF& area, double time = 0) const;
+    /// Where the one looks different from the other.
+    static QList<QRectF> changes(const Scene& before, const Scene& after);
+    /// The squares of `cell` points that hold marks, joined to rectangles, in points of the screen.
+    QList<QRectF> inked(double cell) const;
+};
+
+} // namespace ambrelle

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+
+#include "scenes/SceneOrnament.h"
+
+#include "drawing/Pens.h"
+
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QList<SceneItem> pair{{WidgetKind::clock, {200, 200, 170, 170}}, {WidgetKind::cpu, {390, 200, 170, 170}}};
+constexpr QSizeF screen(800, 600);
+
+SceneSprite square(const QString& name, const QRectF& place, const QColor& colour)
+{
+    return {name, place, [](Canvas& canvas, const QRectF& area, const QColor& ink) { canvas.fill(area, ink); }, place,
+        colour};
+}
+
+TEST(SceneTest, TellsWhatLooksDifferent)
+{
+    const SceneSprite red = square(u"a"_s, {0, 0, 10, 10}, Qt::red);
+    const SceneSprite green = square(u"b"_s, {5, 5, 10, 10}, Qt::green);
+    const SceneSprite blue = square(u"c"_s, {40, 0, 10, 10}, Qt::blue);
+    const auto changes = [](const QList<SceneSprite>& before, const QList<SceneSprite>& after) {
+        return Scene::changes({before}, {after});
+    };
+    using Areas = QList<QRectF>;
+    EXPECT_EQ(changes({red, green}, {square(u"a"_s, {0, 0, 10, 10}, Qt::red), green}), Areas());
+    EXPECT_EQ(changes({red, green}, {red, green, blue}), Areas{blue.place()});
+    EXPECT_EQ(changes({red, green, blue}, {red, blue}), Areas{green.place()});
+    EXPECT_EQ(changes({red, green}, {green, red}).size(), 2) << "the other one lies above";
+    EXPECT_EQ(changes({red}, {square(u"a"_s, {0, 0, 10, 10}, Qt::yellow)}), (Areas{red.place(), red.place()}));
+    EXPECT_EQ(changes({red}, {square(u"a"_s, {20, 0, 10, 10}, Qt::red)}), (Areas{{20, 0, 10, 10}, red.place()}));
+    EXPECT_EQ(Scene::changes({{red, blue}}, {{red, blue}, Finish::crisp}), (Areas{{0, 0, 50, 10}}));
+}
+
+TEST(SceneTest, FindsTheSquaresThatHoldMarks)
+{
+    Scene scene{{square(u"a"_s, {10, 10, 20, 4}, Qt::red), square(u"b"_s, {301, 399, 1, 1}, QColor(0, 0, 0, 8))}};
+    QRegion inked;
+    for (const QRectF& area : scene.inked(4))
+        inked += area.toRect();
+    EXPECT_EQ(inked, QRegion(8, 8, 24, 8) + QRegion(300, 396, 4, 4));
+    EXPECT_EQ(Scene().inked(4), QList<QRectF>());
+}
+
+TEST(SceneTest, KeepsStrongMarksOutOfItemsAndTextsApart)
+{
+    SceneOrnament on(pair, screen, std::nullopt);
+    EXPECT_FALSE(on.dot(u"dot"_s, {250, 195}, 6, Qt::black)) << "half inside";
+    EXPECT_TRUE(on.dot(u"dot"_s, {250, 250}, 6, QColor(0, 0, 0, 80))) << "so faint a mark may lie behind a widget";
+    EXPECT_FALSE(on.dot(u"dot"_s, {798, 100}, 6, QColor(0, 0, 0, 80))) << "half off the screen";
+    EXPECT_FALSE(on.line(u"line"_s, {210, 250}, {360, 250}, flatPen(Qt::black, 2))) << "all inside";
+    EXPECT_TRUE(on.line(u"line"_s, {0, 100}, {800, 100}, flatPen(Qt::black, 2)));
+
+    const TextStyle style{.face = {.family = u"Inter"_s}, .size = 14, .colour = Qt::black};
+    EXPECT_FALSE(on.label(u"label"_s, {100, 92, 200, 16}, u"under a line"_s, style));
+    EXPECT_FALSE(on.label(u"label"_s, {100, 40, 30, 16}, u"longer than its box"_s, style));
+    EXPECT_TRUE(on.label(u"label"_s, {100, 40, 200, 16}, u"first"_s, style));
+    EXPECT_FALSE(on.label(u"label"_s, {110, 44, 200, 16}, u"second"_s, style)) << "over another";
+    const qsizetype before = on.scene().sprites.size();
+    EXPECT_TRUE(on.line(u"line"_s, {50, 48}, {300, 48}, flatPen(Qt::black, 2)));
+    const QRectF text = on.scene().sprites[before - 1].place();
+    QImage picture(screen.toSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    Canvas canvas(painter, {});
+    on.scene().sprites[before].draw(canvas);
+    painter.end();
+    EXPECT_NE(picture.pixel(60, 48), 0U);
+    EXPECT_EQ(picture.pixel(text.center().toPoint()), 0U) << "a line stops before a text";
+}
+
+} // namespace
+} // namespace ambrelle
