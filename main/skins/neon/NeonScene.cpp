@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+
+#include "skins/neon/NeonPieces.h"
+#include "skins/neon/NeonStyle.h"
+#include "skins/SceneRecipes.h"
+
+#include <algorithm>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double innerTube = 10; // from the hero, points
+constexpr double outerTube = 18;
+constexpr double heroCorner = 14;
+constexpr double tubeWidth = 2.4;
+constexpr double tubeLight = 6; // of a tube's light beyond its glass, whatever the scale
+constexpr double bend = 12;
+constexpr double besideItems = 14; // of a tube that runs past items
+constexpr double leastGutter = 8; // for a tube to run through
+constexpr double fromEdges = 8; // of the screen
+
+constexpr int stripes = 5;
+constexpr double stripePitch = 8;
+constexpr double thickestStripe = 5;
+constexpr double sunWidth = 0.46; // in parts of the hero's
+
+void addTube(SceneOrnament& on, const QString& name, const QPainterPath& wanted, const QColor& colour)
+{
+    const double width = on.scaled(tubeWidth);
+    const double reach = width / 2 + tubeLight;
+    const QPainterPath path = on.outside(wanted, width, std::max(fromEdges, reach));
+    if (path.isEmpty())
+        return;
+    on.add(
+        name, path.boundingRect().adjusted(-reach, -reach, reach, reach),
+        [](Canvas& canvas, const QPainterPath& glass, const QColor& gas, double thickness) {
+            neon::tube(canvas, glass, gas, thickness);
+        },
+        path, colour, width);
+}
+
+QRectF around(const QRectF& frame, double by)
+{
+    return frame.adjusted(-by, -by, by, by);
+}
+
+/// Where a tube runs below the hero: through the middle of the gutter to what stands there, if there is one.
+double levelBelow(const SceneOrnament& on)
+{
+    const QRectF hero = on.hero().frame;
+    double next = hero.bottom() + 2 * on.scaled(outerTube + tubeWidth);
+    for (const SceneItem& item : on.satellites()) {
+        if (item.frame.top() >= hero.bottom())
+            next = std::min(next, item.frame.top());
+    }
+    return (hero.bottom() + next) / 2;
+}
+
+/// From the hero's lower corner out below the satellites of that side, and up or down past them to where they end.
+void sideTube(SceneOrnament& on, bool isLeft, const QColor& colour)
+{
+    const QRectF hero = on.hero().frame;
+    QRectF beside;
+    for (const SceneItem& item : on.satellites()) {
+        const double x = item.frame.center().x();
+        if (isLeft ? x < hero.left() : x > hero.right())
+            beside |= item.frame;
+    }
+    if (beside.isEmpty())
+        return;
+    const double y = levelBelow(on);
+    const double out = on.scaled(besideItems);
+    const double start = isLeft ? hero.left() - on.scaled(outerTube) : hero.right() + on.scaled(outerTube);
+    const double end = isLeft ? beside.left() - out : beside.right() + out;
+    const double far = std::abs(beside.bottom() - y) > std::abs(beside.top() - y) ? beside.bottom() : beside.top();
+    addTube(on, u"side-tube"_s, bentLine({{start, y}, {end, y}, {end, far}}, on.scaled(bend)), colour);
+}
+
+/// What is left of the sun under the sign: bars that get thinner and fainter.
+void sunset(SceneOrnament& on, const SkinStyle& style)
+{
+    const QRectF hero = on.hero().frame;
+    const double pitch = on.scaled(stripePitch);
+    const double top = hero.bottom() + on.scaled(outerTube + stripePitch);
+    for (int index = 0; index < stripes; ++index) {
+        const double part = static_cast<double>(index) / stripes;
+        const double half = hero.width() * sunWidth / 2 * std::sqrt(1 - part * part);
+        const double y = top + pitch * index;
+        const QColor colour = faded(blended(style.accent3, style.accent, part), 0.85 - 0.5 * part);
+        const QPen pen(colour, on.scaled(thickestStripe) * (1 - 0.7 * part), Qt::SolidLine, Qt::FlatCap);
+        const double x = hero.center().x();
+        if (on.isFree({x - half, y - pitch / 2, 2 * half, pitch}))
+            on.line(u"sunset"_s, {x - half, y}, {x + half, y}, pen);
+    }
+}
+
+} // namespace
+
+/// A sign over a street: the tubes around it, and those that lead to its neighbours.
+Scene neonScene(SceneOrnament on)
+{
+    const SkinStyle style = neon::makeStyle(on.accent());
+    const QRectF hero = on.hero().frame;
+    for (const auto& [distance, colour] : {std::pair(innerTube, style.accent), std::pair(outerTube, style.accent2)}) {
+        const double by = on.scaled(distance);
+        addTube(on, u"sign"_s, roundedPath(around(hero, by), on.scaled(heroCorner) + by), colour);
+    }
+    sideTube(on, true, style.accent);
+    sideTube(on, false, style.accent2);
+    sunset(on, style);
+    return on.scene();
+}
+
+} // namespace ambrelle

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+
+#include "skins/SceneRecipes.h"
+
+#include "drawing/SeededRandom.h"
+#include "model/Composition.h"
+
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+using namespace ambrelle;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Layout {
+    QList<SceneItem> items;
+    QSizeF size;
+};
+
+/// Anything a user can make of a desktop: from one widget to twenty, of all sizes, apart, over each other, across the
+/// screen's edges; every third in a grid.
+Layout randomLayout(std::uint64_t seed)
+{
+    SeededRandom random{seed};
+    constexpr QSizeF sizes[]{{800, 600}, {1440, 900}, {1920, 1080}};
+    constexpr double scales[]{0.5, 0.75, 1, 1.25, 1.5};
+    constexpr double gaps[]{0, 6, 10, 20, 60};
+    Layout layout{{}, sizes[random.next(3)]};
+    const bool isGrid = seed % 3 == 0;
+    const double gap = gaps[random.next(5)];
+    const int count = 1 + static_cast<int>(random.next(seed % 4 == 0 ? 3 : 20));
+    for (int index = 0; index < count; ++index) {
+        const double scale = scales[isGrid ? 2 : random.next(5)];
+        const QSizeF size(170 * scale * (random.next(3) == 0 ? 350.0 / 170 : 1), 170 * scale);
+        const QPointF place = isGrid
+            ? QPointF(40 + index % 5 * (170 + gap), 20 + static_cast<double>(index) / 5 * (170 + gap))
+            : QPointF(random.in(-100, layout.size.width() - 60), random.in(-100, layout.size.height() - 60));
+        layout.items.append({allCases<WidgetKind>()[static_cast<qsizetype>(random.next(20))], {place, size}});
+    }
+    return layout;
+}
+
+QList<Layout> layouts(Skin skin)
+{
+    QList<Layout> all;
+    for (const QSizeF& size : {QSizeF(1440, 900), QSizeF(1920, 1080)}) {
+        Layout own{{}, size};
+        for (const PlacedWidget& widget : Composition::frames(skin, size))
+            own.items.append({widget.config.kind, widget.frame});
+        all.append(own);
+    }
+    all.append({{{WidgetKind::clock, {0, 0, 350, 170}}}, {1440, 900}}); // touching corners
+    all.append({{{WidgetKind::cpu, {1270, 730, 170, 170}}}, {1440, 900}});
+    for (std::uint64_t seed = 1; seed <= 24; ++seed)
+        all.append(randomLayout(seed));
+    return all;
+}
+
+constexpr int spare = 64; // pixels round the screen
+
+QImage pictureOf(const Scene& scene, const QSizeF& size)
+{
+    QImage image(size.toSize() + QSize(2 * spare, 2 * spare), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.translate(spare, spare);
+    scene.draw(painter, QRectF(-spare, -spare, image.width(), image.height()));
+    return image;
+}
+
+/// The strongest opacity inside a rectangle of the screen.
+int strongest(const QImage& image, const QRect& area)
+{
+    const QRect pixels = area.translated(spare, spare) & image.rect();
+    int most = 0;
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = pixels.left(); x <= pixels.right(); ++x)
+            most = std::max(most, qAlpha(line[x]));
+    }
+    return most;
+}
+
+/// Whether nothing is painted outside the places of the marks.
+bool staysInPlace(const Scene& scene, QImage image)
+{
+    QPainter painter(&image);
+    painter.translate(spare, spare);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    for (const SceneSprite& sprite : scene.sprites)
+        painter.fillRect(sprite.place().toAlignedRect(), Qt::black);
+    painter.end();
+    return strongest(image, image.rect().translated(-spare, -spare)) == 0;
+}
+
+class ScenesTest : public testing::TestWithParam<Skin> { };
+
+TEST_P(ScenesTest, LeavesItemsAloneAndStaysOnTheScreen)
+{
+    for (const auto& [items, size] : layouts(GetParam())) {
+        const Scene scene = sceneOf(GetParam(), items, size, std::nullopt);
+        EXPECT_EQ(scene, sceneOf(GetParam(), items, size, std::nullopt));
+        if (scene.sprites.isEmpty())
+            continue;
+        const QImage image = pictureOf(scene, size);
+        EXPECT_EQ(image, pictureOf(sceneOf(GetParam(), items, size, std::nullopt), size));
+        const QRectF screen({0, 0}, size);
+        for (const SceneSprite& sprite : scene.sprites)
+            EXPECT_TRUE(screen.contains(sprite.place())) << qPrintable(sprite.name());
+        EXPECT_TRUE(staysInPlace(scene, image));
+        for (const SceneItem& item : items) {
+            const QRect inside = item.frame.adjusted(1, 1, -1, -1).toAlignedRect().adjusted(1, 1, -1, -1);
+            EXPECT_LE(strongest(image, inside), qCeil(255 * SceneOrnament::strong) + 1)
+                << qPrintable(rawValue(item.kind)) << " at " << item.frame.x() << ", " << item.frame.y();
+        }
+    }
+}
+
+TEST_P(ScenesTest, TellsAllThatADraggedWidgetChanges)
+{
+    Layout layout = layouts(GetParam()).first();
+    Scene shown = sceneOf(GetParam(), layout.items, layout.size, std::nullopt);
+    QImage picture = pictureOf(shown, layout.size);
+    for (const auto& [from, to] :
+        {std::pair(QPointF(0, 0), QPointF(7, 3)), {{7, 3}, {160, -40}}, {{160, -40}, {900, 300}}}) {
+        layout.items.last().frame.translate(to - from);
+        const Scene next = sceneOf(GetParam(), layout.items, layout.size, QColor(Qt::green));
+        QPainter painter(&picture);
+        painter.translate(spare, spare);
+        QRegion changed;
+        for (const QRectF& area : Scene::changes(shown, next))
+            changed += area.toAlignedRect();
+        painter.setClipRegion(changed);
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        painter.fillRect(changed.boundingRect(), Qt::black);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        next.draw(painter, changed.boundingRect());
+        painter.end();
+        EXPECT_EQ(picture, pictureOf(next, layout.size)) << to.x();
+        shown = next;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Skins, ScenesTest, testing::ValuesIn(allCases<Skin>()),
+    [](const auto& tested) { return rawValue(tested.param).toString().toStdString(); });
+
+TEST(SceneRecipes, NothingIsDrawnAroundNothing)
+{
+    for (const Skin skin : allCases<Skin>())
+        EXPECT_TRUE(sceneOf(skin, {}, {1440, 900}).sprites.isEmpty()) << qPrintable(rawValue(skin));
+}
+
+} // namespace
