@@ -5,6 +5,7 @@
 #include "drawing/LayerCache.h"
 #include "model/Composition.h"
 #include "offline/SampleWorld.h"
+#include "skins/SceneRecipes.h"
 #include "skins/SkinRegistry.h"
 #include "wallpapers/Wallpaper.h"
 
@@ -26,6 +27,7 @@ DesktopCanvas DesktopCanvas::of(Skin skin, const SampleWorld& samples)
     DesktopCanvas canvas(skin);
     for (const PlacedWidget& widget : Composition::frames(skin, size))
         canvas.add(widget.config, widget.frame.topLeft(), samples);
+    canvas.surround(skin);
     return canvas;
 }
 
@@ -38,6 +40,7 @@ DesktopCanvas DesktopCanvas::of(const SavedTheme& theme, const SampleWorld& samp
         const QPointF place(widget.fx * size.width(), rest.height() - widget.fy * size.height());
         canvas.add(widget.config, {within(place.x(), rest.width()), within(place.y(), rest.height())}, samples);
     }
+    canvas.surround(theme.dominantSkin());
     return canvas;
 }
 
@@ -45,7 +48,17 @@ void DesktopCanvas::add(const WidgetConfig& config, QPointF place, const SampleW
 {
     const FaceView face = view(config.skin, config.kind);
     auto reading = std::make_shared<const Reading>(samples.readingFor(config, face.showsSeconds()));
-    m_widgets.append({face, FaceLook::of(config), std::move(reading), place});
+    m_widgets.append({face, FaceLook::of(config), std::move(reading), place, config.skin});
+}
+
+void DesktopCanvas::surround(Skin skin)
+{
+    QList<SceneItem> items;
+    for (const Widget& widget : std::as_const(m_widgets)) {
+        if (widget.skin == skin)
+            items.append({widget.view.face().kind, {widget.place, widget.look.size}});
+    }
+    m_scene = sceneOf(skin, items, size);
 }
 
 QImage DesktopCanvas::picture(const QSize& pixels, const Wallpaper& wallpaper, int threads) const
@@ -55,6 +68,7 @@ QImage DesktopCanvas::picture(const QSize& pixels, const Wallpaper& wallpaper, i
         return picture;
     QPainter painter(&picture);
     painter.scale(pixels.width() / size.width(), pixels.height() / size.height());
+    m_scene.draw(painter, {{0, 0}, size});
     drawWidgets(painter);
     return picture;
 }

@@ -4,6 +4,8 @@
 
 #include "faces/FacePainter.h"
 #include "model/SavedTheme.h"
+#include "scenes/Scene.h"
+#include "scenes/SceneLayout.h"
 
 #include <QImage>
 #include <QRectF>
@@ -15,7 +17,8 @@ namespace ambrelle {
 class SampleWorld;
 class Wallpaper;
 
-/// A whole desktop as a picture: a wallpaper, and the widgets on it with sample data. It is made on the main thread,
+/// A whole desktop as a picture: a wallpaper, the widgets on it with sample data, and the scene around most of them. It
+/// is made on the main thread,
 /// with the accents of that moment, and drawn on any.
 class DesktopCanvas {
 public:
@@ -36,6 +39,7 @@ private:
         FaceLook look;
         std::shared_ptr<const Reading> reading;
         QPointF place; ///< of its upper left corner, points of the canvas, y down
+        Skin skin;
     };
 
     explicit DesktopCanvas(Skin wallpaper)
@@ -44,9 +48,11 @@ private:
     }
 
     void add(const WidgetConfig& config, QPointF place, const SampleWorld& samples);
+    void surround(Skin skin); ///< with the skin's scene, once the widgets are there
     void drawWidgets(QPainter& painter) const;
 
     Skin m_wallpaper;
+    Scene m_scene;
     QList<Widget> m_widgets; // the last lies above the others
 };
 

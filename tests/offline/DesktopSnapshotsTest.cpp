@@ -64,7 +64,7 @@ TEST(DesktopCanvasTest, WidgetsStandAtTheirPlacesAtAnyScale)
 {
     const SampleWorld samples(headless, photo());
     SavedTheme theme = savedTheme();
-    theme.widgets = {{WidgetConfig(WidgetKind::cpu, Skin::mono), 0.25, 0.5}};
+    theme.widgets = {{WidgetConfig(WidgetKind::cpu, Skin::glass), 0.25, 0.5}}; // without a scene
     const QRectF expected(360, 900 - 450 - 170, 170, 170);
     for (const QSize pixels : {QSize(360, 225), QSize(720, 450), QSize(1440, 900), QSize(1007, 629)}) {
         const QImage picture = DesktopCanvas::of(theme, samples).picture(pixels, greyWallpaper());
@@ -81,6 +81,24 @@ TEST(DesktopCanvasTest, WidgetsStandAtTheirPlacesAtAnyScale)
     theme.widgets[0].config.opacity = 1;
     EXPECT_GT(painted(DesktopCanvas::of(theme, samples).picture({720, 450}, greyWallpaper())).width(), 165);
     EXPECT_TRUE(DesktopCanvas::of(theme, samples).picture({}, greyWallpaper()).isNull());
+}
+
+TEST(DesktopCanvasTest, TheSceneJoinsWidgetsOfOneSkin)
+{
+    const SampleWorld samples(headless, photo());
+    SavedTheme theme = savedTheme();
+    const auto at = [](double x, Skin skin) { // 280 points from the top
+        return SavedWidget{WidgetConfig(WidgetKind::cpu, skin), x / DesktopCanvas::size.width(), 0.5};
+    };
+    const auto joins = [&](Skin second) {
+        const SavedWidget first = at(200, Skin::paper);
+        const double right = 200 + first.config.size().width();
+        theme.widgets = {first, at(right + 40, second)};
+        const QImage picture = DesktopCanvas::of(theme, samples).picture({1440, 900}, greyWallpaper());
+        return picture.pixel(static_cast<int>(right) + 20, 365) != picture.pixel(0, 0);
+    };
+    EXPECT_TRUE(joins(Skin::paper));
+    EXPECT_FALSE(joins(Skin::glass));
 }
 
 TEST(DesktopCanvasTest, AllSkinsAreDrawnAlikeOnEveryThread)
