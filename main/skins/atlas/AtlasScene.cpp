@@ -29,6 +29,7 @@ constexpr int highest = 1900;
 constexpr double roseWidth = 40;
 constexpr double roseHeight = 51;
 constexpr double roseGap = 14;
+constexpr double roseClear = 28; // of the screen's edge, along which the map's border runs
 
 /// One way from item to item, cut where it passes behind others.
 void route(SceneOrnament& on, const SkinStyle& style, QPointF from, QPointF to)
@@ -45,6 +46,8 @@ bool town(SceneOrnament& on, const SkinStyle& style, QPointF place)
     if (!on.dot(u"town"_s, place, on.scaled(townRadius), style.accent))
         return false;
     on.dot(u"town-core"_s, place, on.scaled(townCore), Qt::white);
+    const double apart = on.scaled(townRadius) + 1;
+    on.reserve(QRectF(place, QSizeF()).adjusted(-apart, -apart, apart, apart));
     return true;
 }
 
@@ -57,23 +60,27 @@ void height(SceneOrnament& on, const SkinStyle& style, QPointF town, int metres)
     const Box line(0, 0, width, size);
     const TextStyle figures = style.caption().sized(size).coloured(style.ink);
     const QString text = QString::number(metres);
-    const std::array places{
-        std::pair(line.moved(town.x() + gap, town.y() - size / 2), Align::left),
-        std::pair(line.moved(town.x() - gap - width, town.y() - size / 2), Align::right),
-        std::pair(line.moved(town.x() - width / 2, town.y() - gap - size), Align::centre),
-        std::pair(line.moved(town.x() - width / 2, town.y() + gap), Align::centre),
-    };
-    for (const auto& [box, align] : places) {
-        if (on.label(u"height"_s, box, text, figures.aligned(align)))
+    const std::array across{std::pair(gap, Align::left), std::pair(-gap - width, Align::right)};
+    for (const double down : {-size / 2, -size - 1, 1.0}) {
+        for (const auto& [right, align] : across) {
+            if (on.label(u"height"_s, line.moved(town.x() + right, town.y() + down), text, figures.aligned(align)))
+                return;
+        }
+    }
+    for (const double down : {-gap - size, gap}) {
+        if (on.label(
+                u"height"_s, line.moved(town.x() - width / 2, town.y() + down), text, figures.aligned(Align::centre)))
             return;
     }
 }
 
-/// The point `distance` points from `from` towards `to`.
-QPointF stepTowards(QPointF from, QPointF to, double distance)
+/// Where a town stands on the way from an item's edge to `to`: clear of the item, also where the way leaves it aslant.
+QPointF beside(const SceneItem& item, QPointF from, QPointF to, double gap)
 {
     const QPointF way = to - from;
-    return from + way * (distance / std::hypot(way.x(), way.y()));
+    const bool isBeside = from.x() <= item.frame.left() + 1 || from.x() >= item.frame.right() - 1;
+    const double leaving = std::abs(isBeside ? way.x() : way.y());
+    return from + way * std::min(0.5, gap / std::max(1.0, leaving));
 }
 
 void atlasRoute(SceneOrnament& on, const SkinStyle& style)
@@ -97,14 +104,12 @@ void atlasRoute(SceneOrnament& on, const SkinStyle& style)
         if (QLineF(leaves, arrives).length() < 5 * gap) { // one town between two neighbours
             towns.append({(leaves + arrives) / 2, metres()});
         } else {
-            towns.append({stepTowards(leaves, arrives, gap), metres()});
-            towns.append({stepTowards(arrives, leaves, gap), metres()});
+            towns.append({beside(stops[index - 1], leaves, arrives, gap), metres()});
+            towns.append({beside(stops[index], arrives, leaves, gap), metres()});
         }
         route(on, style, leaves, arrives);
     }
     towns.removeIf([&](const Town& each) { return !town(on, style, each.place); });
-    for (const Town& each : std::as_const(towns))
-        on.reserve(QRectF(each.place, QSizeF()).adjusted(-5, -5, 5, 5));
     for (const Town& each : std::as_const(towns))
         height(on, style, each.place, each.metres);
 }
@@ -115,13 +120,15 @@ void northArrow(SceneOrnament& on, const SkinStyle& style)
     const QRectF bounds = on.bounds();
     const QSizeF size(on.scaled(roseWidth), on.scaled(roseHeight));
     const double gap = on.scaled(roseGap);
+    const double clear = on.scaled(roseClear);
     const std::array corners{
         QPointF(bounds.right() + gap, bounds.top()),
         QPointF(bounds.right() - size.width(), bounds.top() - gap - size.height()),
     };
     for (const QPointF& corner : corners) {
         const QRectF place(corner, size);
-        if (!on.isFree(place.adjusted(-2, -2, 2, 2)))
+        if (!on.isFree(place.adjusted(-2, -2, 2, 2))
+            || !on.screen().contains(place.adjusted(-clear, -clear, clear, clear)))
             continue;
         on.add(
             u"north"_s, place.adjusted(-2, -2, 2, 2),
