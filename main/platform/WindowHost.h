@@ -110,6 +110,22 @@ public:
     virtual void namesChanged() = 0; ///< of the delegate or its buttons; costs nothing unless they were asked for
 };
 
+/// The window of the decorations on one screen: translucent, below every panel and above the desktop picture and the
+/// desktop's icons, on every workspace, out of every list of windows. The pointer and the focus never come to it. It
+/// goes from the screen when it is destroyed.
+class SceneWindow {
+public:
+    virtual ~SceneWindow() = default;
+
+    virtual void setFrame(const QRectF& frame) = 0; ///< global points; a part of the screen
+    virtual QRectF frame() const = 0;
+    virtual void show() = 0;
+    virtual void update(const QRectF& area) = 0; ///< asks for a paint of that part (window points, y down)
+    /// What stays visible of the window where nothing composites (window points, y down): the desktop's icons show
+    /// beside it. All of it where no areas are given.
+    virtual void setOutline(const QList<QRectF>& areas) = 0;
+};
+
 /// What stands behind the widgets of one screen while they are arranged: draws its window, and hears what ends the
 /// arranging. Any call may end with the window's destruction; nothing is called afterwards.
 class BackdropDelegate {
@@ -148,6 +164,7 @@ public:
     virtual bool isComposited() const = 0; ///< translucent windows blend with what lies below
     virtual std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) = 0;
     virtual std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) = 0;
+    virtual std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) = 0;
 
 Q_SIGNALS:
     /// Displays were added, removed, rearranged or changed in size or scale; given once a change has settled.

@@ -39,6 +39,18 @@ private:
     QRectF m_frame;
 };
 
+class HeadlessScene final : public SceneWindow {
+public:
+    void setFrame(const QRectF& frame) override { m_frame = frame; }
+    QRectF frame() const override { return m_frame; }
+    void show() override { }
+    void update(const QRectF&) override { }
+    void setOutline(const QList<QRectF>&) override { }
+
+private:
+    QRectF m_frame;
+};
+
 } // namespace
 
 QList<ScreenInfo> HeadlessWindowHost::screens() const
@@ -55,6 +67,11 @@ std::unique_ptr<PanelWindow> HeadlessWindowHost::makePanel(PanelDelegate&)
 std::unique_ptr<BackdropWindow> HeadlessWindowHost::makeBackdrop(BackdropDelegate&)
 {
     return std::make_unique<HeadlessBackdrop>();
+}
+
+std::unique_ptr<SceneWindow> HeadlessWindowHost::makeScene(OrnamentDelegate&)
+{
+    return std::make_unique<HeadlessScene>();
 }
 
 } // namespace ambrelle

@@ -18,6 +18,7 @@ public:
     bool isComposited() const override { return false; }
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override;
+    std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) override;
 };
 
 } // namespace ambrelle

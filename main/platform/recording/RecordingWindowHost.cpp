@@ -95,6 +95,29 @@ QImage RecordingBackdrop::picture(double ratio) const
     return image;
 }
 
+RecordingScene::RecordingScene(RecordingWindowHost& host, OrnamentDelegate& delegate)
+    : m_host(&host)
+    , m_delegate(delegate)
+{
+}
+
+RecordingScene::~RecordingScene()
+{
+    if (m_host)
+        m_host->m_scenes.removeOne(this);
+}
+
+QImage RecordingScene::picture(const std::optional<QRectF>& area) const
+{
+    QImage image(m_frame.size().toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    const QRectF painted = area.value_or(QRectF({0, 0}, m_frame.size()));
+    QPainter painter(&image);
+    painter.setClipRect(painted);
+    m_delegate.paint(painter, painted);
+    return image;
+}
+
 RecordingWindowHost::RecordingWindowHost()
 {
     ScreenInfo screen;
@@ -125,6 +148,13 @@ std::unique_ptr<BackdropWindow> RecordingWindowHost::makeBackdrop(BackdropDelega
     auto backdrop = std::make_unique<RecordingBackdrop>(*this, delegate);
     m_backdrops.append(backdrop.get());
     return backdrop;
+}
+
+std::unique_ptr<SceneWindow> RecordingWindowHost::makeScene(OrnamentDelegate& delegate)
+{
+    auto scene = std::make_unique<RecordingScene>(*this, delegate);
+    m_scenes.append(scene.get());
+    return scene;
 }
 
 void RecordingWindowHost::pressKey(Qt::Key key)

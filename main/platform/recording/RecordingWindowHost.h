@@ -89,6 +89,35 @@ private:
     bool m_visible = false;
 };
 
+/// The decorations' window, in memory only.
+class RecordingScene final : public SceneWindow {
+public:
+    RecordingScene(RecordingWindowHost& host, OrnamentDelegate& delegate);
+    ~RecordingScene() override;
+
+    void setFrame(const QRectF& frame) override { m_frame = frame; }
+    QRectF frame() const override { return m_frame; }
+    void show() override { m_visible = true; }
+    void update(const QRectF& area) override { m_updates.append(area); }
+    void setOutline(const QList<QRectF>& areas) override { m_outline = areas; }
+
+    bool isVisible() const { return m_visible; }
+    QList<QRectF> updates() const { return m_updates; } ///< every area asked for since the last clearUpdates()
+    void clearUpdates() { m_updates.clear(); }
+    QList<QRectF> outline() const { return m_outline; }
+    OrnamentDelegate& delegate() const { return m_delegate; }
+    /// What the delegate paints in `area` (window points), on a transparent ground as large as the window.
+    QImage picture(const std::optional<QRectF>& area = std::nullopt) const;
+
+private:
+    QPointer<RecordingWindowHost> m_host;
+    OrnamentDelegate& m_delegate;
+    QRectF m_frame;
+    bool m_visible = false;
+    QList<QRectF> m_updates;
+    QList<QRectF> m_outline;
+};
+
 /// A machine for tests: its screens and its pointer are what the test says, and its windows can be inspected. A
 /// window that changes its level comes to the top of the new one. The pointer goes to the topmost window that hears it,
 /// enters and leaves as it moves, and stays with the pressed window until release.
@@ -101,13 +130,16 @@ public:
     QList<ScreenInfo> screens() const override { return m_screens; }
     QPointF pointer() const override { return m_pointer; }
     QRectF toolkitRect(const QRectF& rect) const override; ///< the main screen's upper left corner is 0, 0
-    bool isComposited() const override { return true; }
+    bool isComposited() const override { return m_composited; }
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override;
+    std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) override;
 
     void setScreens(const QList<ScreenInfo>& screens); ///< tells screensChanged() if the list differs
     QList<RecordingPanel*> panels() const { return m_panels; } ///< those alive, in the order they were made
     QList<RecordingBackdrop*> backdrops() const { return m_backdrops; } ///< likewise
+    QList<RecordingScene*> scenes() const { return m_scenes; } ///< likewise
+    void setComposited(bool composited) { m_composited = composited; } ///< tells nobody
     RecordingBackdrop* focused() const { return m_focused; }
     void pressKey(Qt::Key key); ///< for the backdrop with the focus, if there is one
 
@@ -122,6 +154,7 @@ public:
 private:
     friend class RecordingPanel;
     friend class RecordingBackdrop;
+    friend class RecordingScene;
     void forget(RecordingPanel* panel);
     void raise(RecordingPanel* panel);
     void forget(RecordingBackdrop* backdrop);
@@ -134,6 +167,8 @@ private:
     QList<RecordingPanel*> m_panels;
     QList<RecordingPanel*> m_stacking; ///< the same from bottom to top, within each level
     QList<RecordingBackdrop*> m_backdrops;
+    QList<RecordingScene*> m_scenes;
+    bool m_composited = true;
     RecordingBackdrop* m_focused = nullptr;
     RecordingBackdrop* m_pressedBackdrop = nullptr;
     RecordingPanel* m_hovered = nullptr;

@@ -70,11 +70,23 @@ QRectF X11WindowHost::toolkitRect(const QRectF& rect) const
 std::unique_ptr<PanelWindow> X11WindowHost::makePanel(PanelDelegate& delegate)
 {
     auto panel = std::make_unique<X11Panel>(delegate, *m_parts);
-    panel->onDestroyed = [this](X11Panel* gone) { m_panels.removeOne(gone); };
-    m_panels.append(panel.get());
+    take(*panel);
+    return panel;
+}
+
+std::unique_ptr<SceneWindow> X11WindowHost::makeScene(OrnamentDelegate& delegate)
+{
+    auto scene = std::make_unique<X11Scene>(delegate, *m_parts);
+    take(scene->panel());
+    return scene;
+}
+
+void X11WindowHost::take(X11Panel& panel)
+{
+    panel.onDestroyed = [this](X11Panel* gone) { m_panels.removeOne(gone); };
+    m_panels.append(&panel);
     if (!m_watch && !m_watchStart.isActive())
         m_watchStart.start();
-    return panel;
 }
 
 std::unique_ptr<BackdropWindow> X11WindowHost::makeBackdrop(BackdropDelegate& delegate)

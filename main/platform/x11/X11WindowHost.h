@@ -9,6 +9,7 @@
 #include "platform/x11/window/X11Backdrop.h"
 #include "platform/x11/window/X11Panel.h"
 #include "platform/x11/window/X11Parts.h"
+#include "platform/x11/window/X11Scene.h"
 
 namespace ambrelle {
 
@@ -27,12 +28,14 @@ public:
     /// Only while available; the panel must go before the host.
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override; ///< likewise
+    std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) override; ///< likewise
 
     /// Both only while available. They tell nothing before the first panel has been on the screen for a moment.
     WindowList& windowList() { return *m_windows; }
     SessionVisibility& sessionVisibility() { return m_visibility; }
 
 private:
+    void take(X11Panel& panel);
     void watch();
     void rootPropertyChanged(xcb_atom_t name);
     void groundChanged();
@@ -42,7 +45,7 @@ private:
     void screensSettled();
 
     std::unique_ptr<X11Parts> m_parts;
-    QList<X11Panel*> m_panels;
+    QList<X11Panel*> m_panels; ///< scenes too
     QList<X11Backdrop*> m_backdrops;
     std::unique_ptr<RootWatch> m_watch;
     std::unique_ptr<StackingGuard> m_guard;

@@ -16,7 +16,7 @@ using Kind = StackedWindow::Kind;
 namespace {
 
 /// A letter is a window; several of one kind have different cases.
-const std::map<char, Kind> kinds{{'d', Kind::desktop}, {'l', Kind::lowPanel}, {'L', Kind::lowPanel},
+const std::map<char, Kind> kinds{{'d', Kind::desktop}, {'s', Kind::scene}, {'l', Kind::lowPanel}, {'L', Kind::lowPanel},
     {'w', Kind::window}, {'W', Kind::window}, {'f', Kind::fullScreen}, {'b', Kind::backdrop}, {'h', Kind::highPanel},
     {'H', Kind::highPanel}, {'o', Kind::other}};
 
@@ -65,6 +65,12 @@ TEST(StackPlanTest, PutsPanelsBetweenDesktopAndWindowsOrAboveThem)
         {"no windows", "olhd", "odlh"},
         {"no windows and no desktop", "ohl", "olh"},
         {"no panels", "wdWfo", "wdWfo"},
+        {"a scene that has just appeared", "dlLws", "dslLw"},
+        {"a scene without a desktop", "lLwhs", "slLwh"},
+        {"a scene and no panels", "dws", "dsw"},
+        {"a desktop that opens after the scene", "sldw", "dslw"},
+        {"a scene over a panel that has just appeared", "wsl", "slw"},
+        {"a scene below pinned panels alone", "hs", "sh"},
     };
     for (const Case& each : cases) {
         const std::string after = settled(each.before);

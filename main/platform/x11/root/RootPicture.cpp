@@ -15,6 +15,13 @@ RootPicture::RootPicture(const X11Connection& connection)
 {
 }
 
+bool RootPicture::isThere()
+{
+    if (!m_known)
+        find();
+    return m_pixmap != XCB_PIXMAP_NONE;
+}
+
 bool RootPicture::isOutdated() const
 {
     return m_known && named() != m_named;

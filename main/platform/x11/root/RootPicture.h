@@ -17,6 +17,7 @@ public:
     explicit RootPicture(const X11Connection& connection);
 
     void forget() { m_known = false; } ///< the picture has changed: look for it again when next needed
+    bool isThere(); ///< there is a picture that can be read; may wait for the server
     bool isOutdated() const; ///< another picture was set since it was looked for; waits once for the server
     /// The picture below a rectangle of native pixels of the root window, of the same size and opaque; black where the
     /// picture does not reach, null where there is none. Waits once for the server.

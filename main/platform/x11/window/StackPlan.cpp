@@ -96,6 +96,11 @@ std::vector<StackMove> stackMoves(const std::vector<StackedWindow>& order, xcb_w
     const Place lowest = std::find_if(
         ground == now.end() ? now.begin() : ground, now.end(), isOneOf({window, fullScreen, backdrop, highPanel}));
     plan.moveBetween(lowPanel, ground, lowest);
+
+    const Place floor = last(now, std::ranges::find_if(now, isOneOf({window, fullScreen, backdrop})), {desktop});
+    const Place first = std::find_if(floor == now.end() ? now.begin() : floor, now.end(),
+        isOneOf({lowPanel, window, fullScreen, backdrop, highPanel}));
+    plan.moveBetween(scene, floor, first);
     return std::move(plan.moves);
 }
 

@@ -12,6 +12,7 @@ namespace ambrelle {
 struct StackedWindow {
     enum class Kind {
         desktop, ///< another program's desktop
+        scene, ///< ours, the decorations behind all panels
         lowPanel, ///< ours, of the desktop level
         window, ///< what people work in, ours too
         fullScreen, ///< a window that has the screen for itself
@@ -33,9 +34,9 @@ struct StackMove {
     bool operator==(const StackMove&) const = default;
 };
 
-/// What puts the panels between desktop, windows and full-screen windows, to be done in this order; nothing where they
-/// are there already. `order` begins with the lowest. Panels of one kind keep their order, but for `risen`, which comes
-/// to lie above the others of its kind.
+/// What puts scenes and panels between desktop, windows and full-screen windows, to be done in this order; nothing
+/// where they are there already. `order` begins with the lowest. Panels of one kind keep their order, but for `risen`,
+/// which comes to lie above the others of its kind.
 std::vector<StackMove> stackMoves(const std::vector<StackedWindow>& order, xcb_window_t risen = XCB_WINDOW_NONE);
 
 } // namespace ambrelle

@@ -51,8 +51,13 @@ void StackingGuard::checkManaged()
     const X11Connection& x = m_watch.connection();
     const std::vector<uint32_t> stacking = x.values(x.root(), Atom::clientListStacking);
     const QList<X11Panel*> panels = panelsInOrder(stacking, WindowLevel::desktop);
+    QList<X11Panel*> wanted = panels;
+    const auto firstPanel =
+        std::stable_partition(wanted.begin(), wanted.end(), [](const X11Panel* panel) { return panel->isScene(); });
     if (!panels.isEmpty() && isForeignDesktopAbove(stacking, panels) && mayRestack())
-        restack(panels);
+        restack(wanted);
+    else if (wanted != panels && mayRestack())
+        restack({firstPanel, wanted.end()}); // a scene appeared later than they
     const QList<X11Panel*> raised = panelsInOrder(stacking, WindowLevel::floating);
     if (!raised.isEmpty() && isBackdropAbove(stacking, raised) && mayRestack())
         restack(raised);

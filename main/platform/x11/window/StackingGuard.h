@@ -12,9 +12,9 @@
 
 namespace ambrelle {
 
-/// Keeps panels of the desktop level above the desktop windows of file managers and shells, some of which rise when
-/// they are clicked or start later, and those of the floating level above the backdrops, which get the focus. Where no
-/// window manager keeps panels it keeps them in their place among all windows.
+/// Keeps panels of the desktop level above scenes, and both above the desktop windows of file managers and shells, some
+/// of which rise when they are clicked or start later, and those of the floating level above the backdrops, which get
+/// the focus. Where no window manager keeps panels it keeps them in their place among all windows.
 class StackingGuard final : public QObject {
 public:
     StackingGuard(

@@ -40,9 +40,10 @@ xcb_rectangle_t shapeRectangle(const QRect& rect)
 
 } // namespace
 
-X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts)
+X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank)
     : m_surface(new PanelSurface(delegate, parts))
     , m_parts(parts)
+    , m_rank(rank)
 {
     m_surface->create();
     m_window = static_cast<xcb_window_t>(m_surface->winId());
@@ -65,6 +66,7 @@ X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts)
         place();
     });
     dress();
+    applyShape();
 }
 
 X11Panel::~X11Panel()
@@ -148,11 +150,16 @@ void X11Panel::dress()
     const uint32_t bypassed = m_bypassed ? 1 : 0;
     xcb_change_window_attributes(x.handle(), m_window, XCB_CW_OVERRIDE_REDIRECT, &bypassed);
     describe();
-    const bool floating = m_level == WindowLevel::floating;
-    const bool changesPlace =
-        m_parts.order.set(m_window, floating ? StackedWindow::Kind::highPanel : StackedWindow::Kind::lowPanel);
+    const bool changesPlace = m_parts.order.set(m_window, stackedKind());
     if (m_bypassed) // before it appears, or it would flash up over the windows
         m_parts.order.settle(changesPlace ? m_window : xcb_window_t{XCB_WINDOW_NONE});
+}
+
+StackedWindow::Kind X11Panel::stackedKind() const
+{
+    if (isScene())
+        return StackedWindow::Kind::scene;
+    return m_level == WindowLevel::floating ? StackedWindow::Kind::highPanel : StackedWindow::Kind::lowPanel;
 }
 
 /// Writes what a window manager reads when the window appears. Only raw properties: the toolkit's window flags would
@@ -248,7 +255,8 @@ void X11Panel::setOutline(const QList<RoundedArea>& areas)
 void X11Panel::applyShape()
 {
     const bool bare = !m_parts.compositor.isActive();
-    const bool hidden = bare && m_opacity < leastOpacityShown;
+    // Marks on black would be worse than none.
+    const bool hidden = bare && (m_opacity < leastOpacityShown || (isScene() && !m_parts.picture.isThere()));
     const bool cut = bare && !m_outline.isEmpty();
     xcb_connection_t* connection = m_parts.connection.handle();
     if (!hidden && !cut) {

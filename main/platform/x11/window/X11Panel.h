@@ -16,7 +16,10 @@ namespace ambrelle {
 /// a window manager that keeps no such windows, one that the X server alone knows.
 class X11Panel final : public PanelWindow {
 public:
-    X11Panel(PanelDelegate& delegate, X11Parts& parts);
+    /// A scene stands below all panels of the desktop level, whose level it keeps.
+    enum class Rank { scene, panel };
+
+    X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank = Rank::panel);
     ~X11Panel() override;
 
     void setFrame(const QRectF& frame) override;
@@ -35,6 +38,7 @@ public:
     xcb_window_t window() const { return m_window; }
     PanelSurface& surface() const { return *m_surface; }
     WindowLevel level() const { return m_level; }
+    bool isScene() const { return m_rank == Rank::scene; }
     bool isShown() const { return m_surface->isVisible(); }
     bool isOnScreen() const { return m_surface->isExposed(); } ///< painted at least once since it was shown
     void place(); ///< puts the window where its frame says, after the screens have moved
@@ -51,9 +55,11 @@ private:
     void announce();
     void applyInput();
     void applyShape();
+    StackedWindow::Kind stackedKind() const;
 
     PanelSurface* m_surface; ///< deletes itself once retired
     X11Parts& m_parts;
+    Rank m_rank;
     xcb_window_t m_window;
     QRectF m_frame;
     WindowLevel m_level = WindowLevel::desktop;
