@@ -14,6 +14,7 @@ WidgetManager::WidgetManager(const Collaborators& collaborators)
     , m_store(collaborators.defaults)
     , m_drags(collaborators.host, m_controllers)
     , m_editBackdrops(collaborators.host, collaborators.settings, m_controllers)
+    , m_scenes({collaborators.host, collaborators.settings, collaborators.accents, collaborators.clock}, m_controllers)
     , m_overlap(collaborators.senses, collaborators.settings, collaborators.clock, m_controllers)
     , m_readings(collaborators.feed, m_controllers)
     , m_demand({collaborators.monitor, collaborators.services, collaborators.feed, collaborators.senses.session},
@@ -32,6 +33,7 @@ WidgetManager::WidgetManager(const Collaborators& collaborators)
 void WidgetManager::load()
 {
     open(m_store.load());
+    m_scenes.refresh(); // what appears first lies below the others
     m_stage.play();
     listChanged();
 }
@@ -43,6 +45,7 @@ void WidgetManager::save()
     for (WidgetController* controller : m_controllers)
         controller->rememberDisplay();
     m_store.save(stored());
+    m_scenes.follow();
 }
 
 QList<StoredWidget> WidgetManager::stored() const
@@ -92,6 +95,7 @@ void WidgetManager::ensureAllVisible()
     m_overlap.update();
     demandChanged(); // another screen may have finer pixels
     m_editBackdrops.update();
+    m_scenes.refresh();
     if (placed)
         save();
     for (WidgetController* controller : moved)

@@ -6,6 +6,7 @@
 #include "desktop/DragHelp.h"
 #include "desktop/EditBackdrop.h"
 #include "desktop/OverlapWatcher.h"
+#include "desktop/SceneController.h"
 #include "desktop/WidgetController.h"
 #include "desktop/WidgetDemand.h"
 #include "desktop/WidgetReadings.h"
@@ -95,6 +96,7 @@ public:
     std::optional<Skin> dominantSkin(const ScreenInfo& screen) const { return m_themes.dominantSkin(screen); }
 
     void applyLayer();
+    const SceneController& scenes() const { return m_scenes; } ///< the decorations behind the widgets
     void demandChanged() { m_demand.update(); } ///< tells the services which widgets exist
     void ensureAllVisible(); ///< after the screens changed
     /// Edit mode: widgets come above everything else, with a backdrop on every screen that ends it.
@@ -130,6 +132,7 @@ private:
     WidgetStore m_store;
     DragHelp m_drags;
     EditBackdrops m_editBackdrops;
+    SceneController m_scenes;
     OverlapWatcher m_overlap;
     WidgetReadings m_readings;
     WidgetDemand m_demand;

@@ -67,7 +67,7 @@ QList<QRectF> Scene::inked(double cell) const
         return whole.isEmpty() ? QList<QRectF>() : QList{whole};
     // Drawn in strips: a picture of the whole screen would be as large as what it is to spare.
     constexpr int rowsOfStrip = 64;
-    constexpr int perCell = 2; // pixels: a hairline is still seen
+    constexpr int perCell = 4; // pixels: the faintest mark is still seen
     const double scale = perCell / cell;
     QList<QRectF> areas;
     for (int first = 0; first < cells.height(); first += rowsOfStrip) {

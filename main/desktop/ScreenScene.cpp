@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+
+#include "desktop/ScreenScene.h"
+
+#include "skins/SceneRecipes.h"
+
+#include <QPainter>
+
+namespace ambrelle {
+
+namespace {
+
+constexpr std::chrono::milliseconds settlesAfter{1000};
+constexpr double outlineCell = 4; // points: what is left of the desktop around a mark is no wider
+
+} // namespace
+
+ScreenScene::ScreenScene(WindowHost& host, Clock& clock)
+    : m_host(host)
+    , m_clock(clock)
+{
+}
+
+void ScreenScene::show(const QRectF& screen, const SceneModel& model, const std::optional<QColor>& accent)
+{
+    const bool moved = std::exchange(m_screen, screen) != screen;
+    m_model = model;
+    const Scene scene = sceneOf(model.skin, model.items, screen.size(), accent);
+    if (moved)
+        m_window.reset();
+    if (scene.sprites.isEmpty()) {
+        m_window.reset();
+        m_settling.reset();
+        m_scene = scene;
+    } else if (!m_window) {
+        m_scene = scene;
+        m_window = m_host.makeScene(*this);
+        settle();
+        m_window->show();
+    } else if (scene != m_scene) {
+        change(scene);
+    }
+}
+
+void ScreenScene::change(const Scene& scene)
+{
+    const QList<QRectF> changes = Scene::changes(m_scene, scene);
+    m_scene = scene;
+    if (!m_area.contains(marks()))
+        putOn({{0, 0}, m_screen.size()});
+    for (const QRectF& area : changes)
+        m_window->update(area.translated(-m_area.topLeft()));
+    outline(false);
+    m_settling = m_clock.after(settlesAfter, [this] { settle(); });
+}
+
+/// The screen's part that has marks, in whole points.
+QRectF ScreenScene::marks() const
+{
+    return QRectF(m_scene.bounds().toAlignedRect()) & QRectF({0, 0}, m_screen.size());
+}
+
+void ScreenScene::putOn(const QRectF& area)
+{
+    if (m_window->frame().isValid() && area == m_area)
+        return;
+    m_area = area;
+    m_window->setFrame({m_screen.x() + area.x(), m_screen.bottom() - area.bottom(), area.width(), area.height()});
+    m_window->update({{0, 0}, area.size()});
+}
+
+void ScreenScene::settle()
+{
+    m_settling.reset();
+    putOn(marks());
+    outline(true);
+}
+
+/// Where nothing composites the window shows a copy of the desktop picture, which is to cover as few icons as possible.
+void ScreenScene::outline(bool exactly)
+{
+    QList<QRectF> areas;
+    if (!m_host.isComposited()) {
+        if (exactly)
+            areas = m_scene.inked(outlineCell);
+        else
+            for (const SceneSprite& sprite : std::as_const(m_scene.sprites))
+                areas.append(sprite.place());
+    }
+    for (QRectF& area : areas)
+        area.translate(-m_area.topLeft());
+    m_window->setOutline(areas);
+}
+
+void ScreenScene::paint(QPainter& painter, const QRectF& area)
+{
+    painter.save();
+    painter.translate(-m_area.topLeft());
+    m_scene.draw(painter, area.translated(m_area.topLeft()));
+    painter.restore();
+}
+
+void ScreenScene::appearanceChanged()
+{
+    outline(true);
+    m_window->update({{0, 0}, m_area.size()});
+}
+
+} // namespace ambrelle

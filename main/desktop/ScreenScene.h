@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "foundation/Clock.h"
+#include "model/Skin.h"
+#include "platform/WindowHost.h"
+#include "scenes/Scene.h"
+#include "scenes/SceneOrnament.h"
+
+#include <memory>
+
+namespace ambrelle {
+
+/// What a screen's scene is drawn from, beside the screen's size and the skin's accent.
+struct SceneModel {
+    Skin skin = Skin::glass;
+    QList<SceneOrnament::Item> items;
+
+    bool operator==(const SceneModel&) const = default;
+};
+
+/// The scene of one screen. Its window is there only while there are marks, and no larger than they need once they have
+/// been the same for a moment; while they change it is as large as the screen, which moves no window to and fro.
+class ScreenScene final : public OrnamentDelegate {
+public:
+    ScreenScene(WindowHost& host, Clock& clock);
+
+    void show(const QRectF& screen, const SceneModel& model, const std::optional<QColor>& accent);
+    const SceneModel& model() const { return m_model; }
+
+    void paint(QPainter& painter, const QRectF& area) override;
+    void appearanceChanged() override;
+
+private:
+    QRectF marks() const;
+    void change(const Scene& scene);
+    void putOn(const QRectF& area);
+    void settle();
+    void outline(bool exactly);
+
+    WindowHost& m_host;
+    Clock& m_clock;
+    QRectF m_screen; ///< global points
+    SceneModel m_model;
+    Scene m_scene;
+    QRectF m_area; ///< of the window, points of the screen, y down
+    Ticket m_settling;
+    std::unique_ptr<SceneWindow> m_window; // last: it calls back until it is gone
+};
+
+} // namespace ambrelle

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+
+#include "desktop/Desk.h"
+
+namespace ambrelle {
+namespace {
+
+using enum WidgetKind;
+using namespace std::chrono_literals;
+
+struct SceneControllerTest : DeskTest {
+    QList<RecordingScene*> shown() const
+    {
+        QList<RecordingScene*> shown;
+        for (RecordingScene* scene : desk.host.scenes()) {
+            if (scene->isVisible())
+                shown.append(scene);
+        }
+        return shown;
+    }
+    QList<QList<WidgetKind>> kinds() const ///< of the items of each screen
+    {
+        QList<QList<WidgetKind>> kinds;
+        for (const SceneController::Model& model : desk.manager.scenes().models()) {
+            kinds.append(QList<WidgetKind>());
+            for (const SceneItem& item : model.items)
+                kinds.last().append(item.kind);
+        }
+        return kinds;
+    }
+    using Kinds = QList<QList<WidgetKind>>;
+};
+
+TEST_F(SceneControllerTest, DecoratesTheWidgetsOfTheMostCommonSkin)
+{
+    desk.settings.defaultSkin.set(Skin::kyoto);
+    desk.manager.load();
+    EXPECT_EQ(kinds(), Kinds{{}});
+    EXPECT_EQ(desk.manager.scenes().models().first().skin, Skin::kyoto) << "no widgets";
+    EXPECT_TRUE(desk.host.scenes().isEmpty()) << "and no window";
+
+    WidgetController* first = desk.add(cpu, {300, 300}, Skin::paper);
+    EXPECT_EQ(kinds(), Kinds{{cpu}});
+    ASSERT_EQ(shown().size(), 1);
+    desk.clock.advance(100ms);
+    desk.add(disk, {600, 300}, Skin::glass);
+    desk.clock.advance(100ms);
+    desk.add(memory, {900, 300}, Skin::glass);
+    EXPECT_EQ(kinds(), (Kinds{{disk, memory}}));
+    EXPECT_TRUE(shown().isEmpty()) << "that skin's scene has no marks";
+    desk.clock.advance(100ms);
+    desk.manager.remove(first);
+    desk.clock.advance(100ms);
+    desk.manager.changeSkins([](Skin) { return Skin::neon; });
+    desk.clock.advance(100ms);
+    EXPECT_EQ(desk.manager.scenes().models().first().skin, Skin::neon);
+    ASSERT_EQ(shown().size(), 1);
+
+    desk.settings.showScene.set(false);
+    EXPECT_EQ(kinds(), Kinds{{}});
+    EXPECT_TRUE(shown().isEmpty());
+    desk.settings.showScene.set(true);
+    EXPECT_EQ(shown().size(), 1);
+    desk.clock.advance(100ms);
+    desk.manager.removeAll();
+    desk.clock.advance(100ms);
+    EXPECT_TRUE(shown().isEmpty());
+}
+
+TEST_F(SceneControllerTest, FollowsTheScreens)
+{
+    desk.add(cpu, {1380, 300}, Skin::neon);
+    desk.clock.advance(100ms);
+    EXPECT_EQ(kinds(), Kinds{{cpu}});
+    const ScreenInfo left = desk.host.screens().first();
+    desk.show({left, rightScreen});
+    ASSERT_EQ(kinds(), (Kinds{{cpu}, {cpu}})) << "it lies on both";
+    const QList<SceneController::Model> models = desk.manager.scenes().models();
+    EXPECT_EQ(models[0].items.first().frame.left(), 1380);
+    EXPECT_EQ(models[1].items.first().frame.left(), -60);
+    EXPECT_EQ(shown().size(), 2);
+    for (const RecordingScene* scene : shown())
+        EXPECT_TRUE(left.frame.contains(scene->frame()) || rightScreen.frame.contains(scene->frame()));
+
+    ScreenInfo larger = left;
+    larger.frame = larger.visibleFrame = {0, 0, 1920, 1080};
+    desk.show({larger});
+    EXPECT_EQ(kinds(), Kinds{{cpu}});
+    ASSERT_EQ(shown().size(), 1);
+    EXPECT_EQ(desk.manager.scenes().models().first().items.first().frame.bottom(),
+        1080 - desk.manager.controllers().first()->widgetFrame().top());
+    desk.show({});
+    EXPECT_TRUE(shown().isEmpty());
+    desk.show({left});
+    EXPECT_EQ(shown().size(), 1);
+}
+
+TEST_F(SceneControllerTest, PaintsAnotherAccent)
+{
+    desk.add(clock, {300, 300}, Skin::neon);
+    ASSERT_EQ(shown().size(), 1);
+    const QImage before = shown().first()->picture();
+    shown().first()->clearUpdates();
+    desk.accents.set(QColor(Qt::green), Skin::paper);
+    EXPECT_TRUE(shown().first()->updates().isEmpty()) << "another skin's";
+    desk.accents.set(QColor(Qt::green), Skin::neon);
+    EXPECT_FALSE(shown().first()->updates().isEmpty());
+    EXPECT_NE(shown().first()->picture(), before);
+}
+
+TEST_F(SceneControllerTest, FollowsADragWhereItChangesAndNotTooOften)
+{
+    desk.add(clock, {300, 600}, Skin::paper);
+    desk.clock.advance(2s);
+    desk.add(cpu, {700, 600}, Skin::paper);
+    desk.clock.advance(2s);
+    WidgetController* dragged = desk.add(memory, {900, 300}, Skin::paper);
+    desk.clock.advance(2s);
+    RecordingScene* scene = shown().value(0);
+    ASSERT_TRUE(scene);
+    const QRectF tight = scene->frame();
+    EXPECT_LT(tight.width() * tight.height(), 1440 * 900 / 3) << "no larger than the marks";
+    QImage screen = scene->picture();
+
+    QPointF pointer = dragged->widgetFrame().center();
+    desk.host.press(pointer);
+    scene->clearUpdates();
+    int paints = 0;
+    for (int step = 0; step < 125; ++step) { // a second, at the pace of a mouse
+        pointer += QPointF(-2, 1);
+        desk.host.movePointer(pointer);
+        desk.clock.advance(8ms);
+        paints += scene->updates().isEmpty() ? 0 : 1;
+        for (const QRectF& area : scene->updates())
+            EXPECT_TRUE(QRectF({0, 0}, scene->frame().size()).intersects(area));
+        scene->clearUpdates();
+    }
+    EXPECT_LE(paints, 30);
+    EXPECT_GE(paints, 5) << "it follows";
+    const SceneController::Model model = desk.manager.scenes().models().first();
+    EXPECT_LT(model.items.last().frame.left(), 700) << "where the widget is seen";
+    desk.host.release(pointer);
+    desk.clock.advance(3s);
+    EXPECT_LT(scene->frame().width(), 1440) << "afterwards it is as large as it must";
+    scene->clearUpdates();
+    desk.clock.advance(60s);
+    EXPECT_TRUE(scene->updates().isEmpty());
+}
+
+TEST_F(SceneControllerTest, IsCutToItsMarksWhereNothingComposites)
+{
+    desk.add(clock, {300, 300}, Skin::neon);
+    ASSERT_EQ(shown().size(), 1);
+    EXPECT_TRUE(shown().first()->outline().isEmpty());
+    desk.host.setComposited(false);
+    RecordingScene* scene = shown().first();
+    scene->delegate().appearanceChanged();
+    const QImage picture = scene->picture();
+    QRegion kept;
+    for (const QRectF& area : scene->outline())
+        kept += area.toRect();
+    int lost = 0;
+    qsizetype area = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            lost += qAlpha(picture.pixel(x, y)) > 0 && !kept.contains(QPoint(x, y)) ? 1 : 0;
+    }
+    for (const QRect& rect : kept)
+        area += static_cast<qsizetype>(rect.width()) * rect.height();
+    EXPECT_EQ(lost, 0);
+    EXPECT_LT(area, picture.width() * picture.height() / 2) << "what lies between the marks is not covered";
+}
+
+} // namespace
+} // namespace ambrelle
