@@ -147,8 +147,15 @@ class Session:
         self.ended()
 
     def windows(self):
-        """The program's windows on the screen."""
-        return subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
+        """The program's windows on the screen, but for the scenes behind its widgets."""
+        scenes = self.scenes()
+        return [window for window in self._search() if window not in scenes]
+
+    def scenes(self):
+        return self._search("--all", "--name", "^Ambrelle scene$")
+
+    def _search(self, *more):
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid), *more],
                               capture_output=True, text=True).stdout.split()
 
     def main_windows(self):

@@ -7,9 +7,17 @@
 #include <QEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <utility>
 
 namespace ambrelle {
+
+namespace {
+
+// Painted at once: what a panel needs at twice the usual pixel ratio. Meanwhile this program and the server hold as many.
+constexpr int mostPixels = 1 << 19;
+
+} // namespace
 
 RasterSurface::RasterSurface(X11Parts& parts)
     : m_parts(parts)
@@ -94,7 +102,15 @@ void RasterSurface::flush()
     if (area.isEmpty())
         return;
     const PixelGrid grid(devicePixelRatio());
-    const QSize window = grid.pixels(whole).size();
+    const double pixelsOfRow = area.width() * devicePixelRatio() * devicePixelRatio();
+    const int rows = std::max(1, static_cast<int>(mostPixels / pixelsOfRow) / grid.step()) * grid.step();
+    for (int top = area.top(); top <= area.bottom() && !m_retired; top += rows)
+        flushPart(grid, QRect(area.left(), top, area.width(), rows) & area);
+}
+
+void RasterSurface::flushPart(const PixelGrid& grid, const QRect& area)
+{
+    const QSize window = grid.pixels(QRect({0, 0}, size())).size();
     const QRect part = grid.pixels(area);
     QImage image = m_parts.compositor.isActive() ? m_parts.buffer.blank(window, part)
                                                  : m_parts.picture.ground(m_parts.buffer, nativeCorner(), window, part);

@@ -13,6 +13,8 @@ class QPainter;
 
 namespace ambrelle {
 
+class PixelGrid;
+
 /// A translucent window that is painted part by part, and as finely as its screen of now, over a copy of the desktop
 /// picture where nothing composites. Unlike the toolkit's own kind of raster window it keeps no copy of its pixels. It
 /// may lose its owner at any time, in the middle of an event too.
@@ -48,6 +50,7 @@ protected:
 private:
     bool take(QEvent& event);
     void flush();
+    void flushPart(const PixelGrid& grid, const QRect& area);
 
     X11Parts& m_parts;
     QRegion m_outdated;

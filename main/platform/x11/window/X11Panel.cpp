@@ -18,6 +18,9 @@ namespace {
 // Without a compositor a window is either there or not.
 constexpr double leastOpacityShown = 0.5;
 
+// What tells it from widgets for other programs; no list of windows shows it.
+constexpr auto sceneName = "Ambrelle scene";
+
 // A window manager puts a window that is taken from it back on the root window at a moment of its own.
 constexpr std::chrono::milliseconds handover{200};
 
@@ -45,6 +48,8 @@ X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank)
     , m_parts(parts)
     , m_rank(rank)
 {
+    if (isScene())
+        m_surface->setTitle(QString::fromLatin1(sceneName));
     m_surface->create();
     m_window = static_cast<xcb_window_t>(m_surface->winId());
     QObject::connect(m_surface, &PanelSurface::pixelRatioChanged, m_surface, [this] {
@@ -180,7 +185,7 @@ void X11Panel::describe()
     // The toolkit also offers WM_TAKE_FOCUS, an invitation to move the focus here.
     x.setProperty(m_window, Atom::wmProtocols, XCB_ATOM_ATOM, {x.atom(Atom::wmDeleteWindow), x.atom(Atom::wmPing)});
     x.setText(m_window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, QByteArray("ambrelle\0Ambrelle\0", 18));
-    x.setText(m_window, x.atom(Atom::wmName), x.atom(Atom::utf8String), "Ambrelle");
+    x.setText(m_window, x.atom(Atom::wmName), x.atom(Atom::utf8String), isScene() ? sceneName : "Ambrelle");
 }
 
 /// Says the same once more to the window manager: after a window was hidden it removes the states at a moment of its
