@@ -127,6 +127,8 @@ QPainterPath cutLine(const QPainterPath& line, const QRectF& room, const QList<Q
 bool comesNear(const QPainterPath& line, const QRectF& area, double reach)
 {
     const QRectF grown = area.adjusted(-reach, -reach, reach, reach);
+    if (!grown.intersects(line.controlPointRect().adjusted(-1, -1, 1, 1)))
+        return false;
     for (const QPolygonF& polygon : polygonsOf(line)) {
         for (qsizetype index = 1; index < polygon.size(); ++index) {
             if (inside(polygon[index - 1], polygon[index], grown))
