@@ -152,7 +152,7 @@ class Session:
         return [window for window in self._search() if window not in scenes]
 
     def scenes(self):
-        return self._search("--all", "--name", "^Ambrelle scene$")
+        return self._search("--all", "--name", "^ambrelle-scene$")
 
     def _search(self, *more):
         return subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid), *more],

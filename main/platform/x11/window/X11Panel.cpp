@@ -19,7 +19,7 @@ namespace {
 constexpr double leastOpacityShown = 0.5;
 
 // What tells it from widgets for other programs; no list of windows shows it.
-constexpr auto sceneName = "Ambrelle scene";
+constexpr auto sceneName = "ambrelle-scene";
 
 // A window manager puts a window that is taken from it back on the root window at a moment of its own.
 constexpr std::chrono::milliseconds handover{200};
