@@ -14,7 +14,8 @@ namespace ambrelle {
 
 namespace {
 
-// Painted at once: what a panel needs at twice the usual pixel ratio. Meanwhile this program and the server hold as many.
+// Painted at once: what a panel needs at twice the usual pixel ratio. Meanwhile this program and the server hold as
+// many.
 constexpr int mostPixels = 1 << 19;
 
 } // namespace
