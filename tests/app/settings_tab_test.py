@@ -35,6 +35,7 @@ CONTROLS = [
     ("covers a floating", "Overlap: Fade", "Right", "overlap", "hide"),
     ("lock widget", "Lock Widget Positions", "space", "locked", True),
     ("click a widget", "Click a widget to open its app", "space", "clickToOpen", False),
+    ("rings", "Scene decorations", "space", "showScene", False),
     ("radar", "Animations", "space", "animations", False),
     ("fahren", "Temperature: °C", "Right", "useFahrenheit", True),
     ("minutes focus", "Focus, minutes", "Up", "focusMinutes", 26),

@@ -70,6 +70,9 @@ void DesktopSection::addWidgets(std::function<void()> edit)
 void DesktopSection::addLook()
 {
     addGroup(Wording::tr("Look"));
+    addSwitch({.name = Wording::tr("Scene decorations"),
+                  .caption = Wording::tr("Rings, rules and frames that tie a theme's widgets together")},
+        settings().showScene);
     addSwitch({.name = Wording::tr("Animations"),
                   .caption = Wording::tr("Radar sweeps, flickering tubes and dancing needles. "
                                          "Pauses while widgets are covered")},
