@@ -6,6 +6,7 @@
 #include "drawing/Gradients.h"
 #include "drawing/Pens.h"
 #include "drawing/Plates.h"
+#include "skins/night/NightPieces.h"
 #include "skins/night/NightSkin.h"
 #include "skins/Skins.h"
 
@@ -19,9 +20,6 @@ namespace ambrelle {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QColor prismViolet(0xB5, 0x8C, 0xFF); // what lies in the spectrum between the second colour and the third,
-const QColor prismGreen(0x7B, 0xE3, 0xA1); // and beyond that
 
 constexpr double prismEdge = 1.2;
 constexpr double glassSheen = 0.16;
@@ -87,8 +85,7 @@ private:
 
 QColor PrismSkin::ray(qsizetype index) const
 {
-    const std::array rays{look().accent, blended(look().accent, look().accent2, 0.5), look().accent2, prismViolet,
-        look().accent3, prismGreen};
+    const std::array rays = spectrumOf(look());
     return rays[static_cast<std::size_t>(index) % rays.size()];
 }
 

@@ -6,11 +6,11 @@
 #include "drawing/Fraction.h"
 #include "drawing/Gradients.h"
 #include "drawing/Pens.h"
+#include "skins/night/NightPieces.h"
 #include "skins/night/NightSkin.h"
 #include "skins/Skins.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -33,17 +33,6 @@ double beatAt(double time)
     constexpr double most = 0.12;
     const std::optional<double> phase = time > 0 ? heartbeat.phase(time) : std::nullopt;
     return phase ? 1 + most * std::sin(*phase * std::numbers::pi) : 1;
-}
-
-/// A beat of a heart as wide as the box, on a line at `base`; its spike reaches up to `height`.
-QPolygonF beat(const Box& box, double base, double height)
-{
-    constexpr std::array<QPointF, 13> shape{{{0, 0}, {0.16, 0}, {0.23, 0.10}, {0.30, 0}, {0.38, 0}, {0.43, -0.12},
-        {0.5, 1}, {0.57, -0.26}, {0.62, 0}, {0.70, 0}, {0.78, 0.15}, {0.86, 0}, {1, 0}}};
-    QPolygonF points;
-    for (const QPointF& point : shape)
-        points.append({box.x() + box.width() * point.x(), base - height * point.y()});
-    return points;
 }
 
 /// A fitness watch on the desk: thick rings in red, green and cyan, the load as a heartbeat, rounded figures.
@@ -238,7 +227,7 @@ void PulseSkin::history(Canvas& canvas, const Box& box, const History& history, 
     QList<double> heights = binned(history, count);
     heights.last() = history.isEmpty() ? 0 : history.last();
     const auto polygon = [&](int index, double grown) {
-        return beat(
+        return heartBeat(
             room.column(index, count), base, (base - room.y()) * std::min(1.0, std::sqrt(heights[index]) * grown));
     };
     const auto trace = [&](Canvas& layer, const QPolygonF& points) {

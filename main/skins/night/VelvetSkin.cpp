@@ -6,6 +6,7 @@
 #include "drawing/Gradients.h"
 #include "drawing/Hatch.h"
 #include "drawing/Pens.h"
+#include "skins/night/NightPieces.h"
 #include "skins/night/NightSkin.h"
 #include "skins/Skins.h"
 
@@ -22,17 +23,7 @@ const QColor candle(0xFF, 0xF4, 0xE2);
 constexpr double goldLine = 0.7; // of frames
 constexpr double goldInset = 5; // of the line inside the plate
 constexpr int drops = 10; // of the chandelier
-constexpr double slender = 0.8; // width of a lozenge, in parts of its height
 constexpr double italicLean = 0.2; // of the figures, to the right for each point upwards
-
-QPainterPath lozenge(QPointF centre, double radius, double broad = slender)
-{
-    const QPointF up(0, radius);
-    const QPointF out(radius * broad, 0);
-    QPainterPath path = straightLine({centre - up, centre + out, centre + up, centre - out, centre - up});
-    path.closeSubpath();
-    return path;
-}
 
 /// A drop of cut glass that hangs from `top`.
 QPainterPath dropAt(QPointF top, double length)
