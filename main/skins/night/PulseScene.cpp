@@ -1,12 +1,129 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Charts.h"
+#include "drawing/Gradients.h"
+#include "drawing/Pens.h"
+#include "skins/night/NightPieces.h"
 #include "skins/SceneRecipes.h"
+
+#include <algorithm>
 
 namespace ambrelle {
 
-Scene pulseScene(SceneOrnament /*on*/)
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double traceWidth = 2; // points, as all measures here
+constexpr double traceInk = 0.85;
+constexpr double traceLight = 5; // how far it reaches
+constexpr double traceFades = 90; // over the end of the trace
+
+constexpr double besideHero = 200; // of the trace, where no other item stands there
+constexpr double spikeWidth = 130;
+constexpr double leastSpikeWidth = 46;
+constexpr double spikeHeight = 58;
+constexpr double aroundSpike = 10;
+constexpr double heartSize = 18;
+constexpr double heartGap = 8;
+
+/// A level stretch of the trace.
+struct Stretch {
+    double from;
+    double to;
+
+    double length() const { return to - from; }
+    double middle() const { return (from + to) / 2; }
+};
+
+/// What of it no item stands in, up to `height` above the level and a dip below it.
+QList<Stretch> freeOf(const QList<SceneItem>& items, Stretch whole, double level, double height)
 {
-    return {};
+    const QRectF band(whole.from, level - height, whole.length(), height * (1 + beatDip));
+    QList<Stretch> taken;
+    for (const SceneItem& item : items) {
+        if (item.frame.intersects(band))
+            taken.append({item.frame.left(), item.frame.right()});
+    }
+    std::ranges::sort(taken, {}, &Stretch::from);
+    QList<Stretch> rest;
+    for (const Stretch& each : std::as_const(taken)) {
+        if (each.from > whole.from)
+            rest.append({whole.from, each.from});
+        whole.from = std::max(whole.from, each.to);
+    }
+    if (whole.length() > 0)
+        rest.append(whole);
+    return rest;
+}
+
+/// Which part of the screen the trace runs over.
+Stretch traceOf(const SceneOrnament& on, double level)
+{
+    const QRectF hero = on.hero().frame;
+    const QRectF bounds = on.bounds();
+    const double least = on.scaled(heartSize + heartGap + traceLight);
+    const bool isOpen = !on.isFree({bounds.left(), level, least, 1}); // an item stands where it would begin
+    const double from = std::min(bounds.left() - (isOpen ? 2 * least : 0), hero.left() - on.scaled(besideHero));
+    const double to = std::max(bounds.right(), hero.right() + on.scaled(besideHero));
+    return {std::max(from, 2 * traceLight), std::min(to, on.screen().right() - 2 * traceLight)};
+}
+
+/// One beat in the widest free stretch at that side of the hero; no points where there is no room.
+QPolygonF beatBeside(const SceneOrnament& on, const QList<Stretch>& room, bool isLeft, double level)
+{
+    const QPointF hero = on.hero().frame.center();
+    Stretch widest{0, 0};
+    for (const Stretch& each : room) {
+        if ((isLeft ? each.to <= hero.x() : each.from >= hero.x()) && each.length() > widest.length())
+            widest = each;
+    }
+    const double width = std::min(on.scaled(spikeWidth), widest.length() - 2 * on.scaled(aroundSpike));
+    if (width < on.scaled(leastSpikeWidth))
+        return {};
+    const double height = on.scaled(spikeHeight) * std::min(1.0, 0.4 + 0.6 * width / on.scaled(spikeWidth));
+    return heartBeat({widest.middle() - width / 2, level, width, 0}, level, height);
+}
+
+void addTrace(SceneOrnament& on, const QPainterPath& wanted, const QBrush& brush, const QColor& light)
+{
+    const double width = on.scaled(traceWidth);
+    const double reach = width + traceLight;
+    const QPainterPath path = on.outside(wanted, width, reach + 1);
+    if (path.isEmpty())
+        return;
+    on.add(
+        u"trace"_s, path.boundingRect().adjusted(-reach, -reach, reach, reach),
+        [](Canvas& canvas, const QPainterPath& line, const QPen& pen, const QColor& colour) {
+            canvas.lightAround(line, {.colour = colour, .strokes = 3, .alpha = 0.07, .spread = 2 * traceLight / 3});
+            canvas.stroke(line, pen);
+        },
+        path, roundPen(brush, width), light);
+}
+
+} // namespace
+
+/// The heartbeat of the desktop: it rests behind the widgets and beats at either side of the largest.
+Scene pulseScene(SceneOrnament on)
+{
+    const NightLook look = NightLook::of(Skin::pulse, on.accent());
+    const double level = on.hero().frame.center().y();
+    Stretch whole = traceOf(on, level);
+    const double heart = on.scaled(heartSize);
+    if (on.icon(u"heart"_s, {whole.from + heart / 2 + 1, level}, u"heart.fill"_s, heart, look.accent))
+        whole.from += heart + on.scaled(heartGap);
+    if (whole.length() <= 0)
+        return on.scene();
+    const QList<Stretch> room = freeOf(on.items(), whole, level, on.scaled(spikeHeight));
+    QPolygonF points{{whole.from, level}};
+    points += beatBeside(on, room, true, level);
+    points += beatBeside(on, room, false, level);
+    points.append({whole.to, level});
+    const double fades = std::max(0.0, 1 - on.scaled(traceFades) / whole.length());
+    const QColor ink = faded(look.accent, traceInk);
+    addTrace(on, straightLine(points),
+        linear(points.first(), points.last(), {{0, ink}, {fades, ink}, {1, faded(ink, 0)}}), look.accent);
+    return on.scene();
 }
 
 } // namespace ambrelle
