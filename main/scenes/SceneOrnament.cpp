@@ -99,7 +99,7 @@ bool SceneOrnament::line(const QString& name, const QPainterPath& path, const QP
         return false;
     m_lines.append({kept, half});
     add(
-        name, grown(kept.boundingRect(), reach),
+        name, grown(kept.boundingRect(), reach) & screen(), // what was cut at its edge may be a rounding beyond it
         [](Canvas& canvas, const QPainterPath& course, const QPen& ink) { canvas.stroke(course, ink); }, kept, pen);
     return true;
 }
