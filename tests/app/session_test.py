@@ -24,6 +24,7 @@ def drag_and_kill():
     session.start()
     panels = wait_for("default composition", lambda: len(p := session.panels()) == 12 and p)
     assert len(session.widgets()) == 12, "the first composition was not stored"
+    session.dismiss_welcome()
     x, y, width, height = panels[0]
     grip = (x + MARGIN + 60, y + height - MARGIN - 60)
     hover(*grip)
