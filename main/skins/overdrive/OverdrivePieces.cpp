@@ -31,20 +31,6 @@ constexpr double mostAside = 4; // points by which a slice is moved
 constexpr double ghostAside = 2; // from its slice
 constexpr double ghostAlpha = 0.6;
 
-/// Bars of 45 degrees from edge to edge.
-void hazardStrip(Canvas& canvas, const Box& box, const QColor& colour)
-{
-    canvas.fill(box, Qt::black);
-    QPainterPath bars;
-    for (double x = box.left() - stripPitch; x < box.right(); x += stripPitch) {
-        const Box bar(x, box.top(), stripPitch / 2, box.height());
-        const QPointF lean(box.height(), 0);
-        bars.addPolygon(QPolygonF{
-            bar.bottomLeft(), bar.topLeft() + lean, bar.topRight() + lean, bar.bottomRight(), bar.bottomLeft()});
-    }
-    canvas.fill(bars.intersected(roundedPath(box, 0)), colour);
-}
-
 /// A part of a figure that stands aside, both in points.
 struct Slice {
     Box strip;
@@ -96,6 +82,19 @@ void slab(Canvas& canvas, const Box& box, double cut, const QColor& colour, bool
         canvas.fill(slabPath(box, cut), colour);
     else
         canvas.stroke(slabPath(box.inset(line / 2), inner), flatPen(colour, line));
+}
+
+void hazardStrip(Canvas& canvas, const Box& box, const QColor& colour)
+{
+    canvas.fill(box, Qt::black);
+    QPainterPath bars;
+    for (double x = box.left() - stripPitch; x < box.right(); x += stripPitch) {
+        const Box bar(x, box.top(), stripPitch / 2, box.height());
+        const QPointF lean(box.height(), 0);
+        bars.addPolygon(QPolygonF{
+            bar.bottomLeft(), bar.topLeft() + lean, bar.topRight() + lean, bar.bottomRight(), bar.bottomLeft()});
+    }
+    canvas.fill(bars.intersected(roundedPath(box, 0)), colour);
 }
 
 void hazardPlate(Canvas& canvas, const SkinStyle& style, const Box& bounds, const QString& serial)

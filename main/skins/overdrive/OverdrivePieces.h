@@ -13,6 +13,8 @@ QPainterPath slabPath(const Box& box, double cut);
 /// A slab, or while it is not lit its outline, which lies inside the box.
 void slab(Canvas& canvas, const Box& box, double cut, const QColor& colour, bool lit, double line = 1.2);
 
+/// Bars of 45 degrees, from the upper edge of the box to its lower one.
+void hazardStrip(Canvas& canvas, const Box& box, const QColor& colour);
 /// The plate with its hazard strip and, at the lower left, a serial number.
 void hazardPlate(Canvas& canvas, const SkinStyle& style, const Box& bounds, const QString& serial);
 /// Letters that are stamped on the hardware: an ornament, not recorded. Their baseline starts at `start`.
