@@ -186,6 +186,14 @@ QPainterPath SceneLayout::onScreen(const QPainterPath& line, double fromEdges) c
     return cutLine(line, m_screen.adjusted(fromEdges, fromEdges, -fromEdges, -fromEdges), {}, leastStretch);
 }
 
+QRegion SceneLayout::besideItems(const QRectF& place) const
+{
+    QRegion left((place & m_screen).toAlignedRect());
+    for (const SceneItem& item : m_items)
+        left -= item.frame.toAlignedRect();
+    return left;
+}
+
 QPointF SceneLayout::edge(const SceneItem& item, Qt::Edge side)
 {
     const QRectF& frame = item.frame;

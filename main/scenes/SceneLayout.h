@@ -8,6 +8,7 @@
 #include <QPainterPath>
 #include <QPolygonF>
 #include <QRectF>
+#include <QRegion>
 
 namespace ambrelle {
 
@@ -60,6 +61,10 @@ public:
     QPainterPath outside(const QPainterPath& line, double fromItems, double fromEdges) const;
     QPainterPath onScreen(
         const QPainterPath& line, double fromEdges) const; ///< the same for what may pass behind items
+
+    /// The whole points of a place on the screen that no item covers: for strong marks that reach up to the very edges
+    /// of items, as if they lay behind them.
+    QRegion besideItems(const QRectF& place) const;
 
     /// The middle of a side of the item.
     static QPointF edge(const SceneItem& item, Qt::Edge side);
