@@ -1,12 +1,160 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Ribbon.h"
+#include "skins/groove/GroovePieces.h"
+#include "skins/groove/GrooveStyle.h"
 #include "skins/SceneRecipes.h"
+
+#include <QLineF>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
 
 namespace ambrelle {
 
-Scene grooveScene(SceneOrnament /*on*/)
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double rainbowStripe = 9;
+constexpr double rainbowPitch = 12;
+constexpr double rainbowInset = 85; // from the bounds: through the middles of the outer items
+constexpr double flattest = 60; // height of an arch that is still one
+constexpr double sunRadius = 14;
+constexpr double sunReach = 2.2; // of its rays, in parts of the radius
+constexpr double sunAbove = 6; // of its middle above the item
+constexpr int arcSteps = 96;
+
+QPointF onArch(const QRectF& room, double turn) // from the lower left (0) over the top to the lower right (1)
 {
-    return {};
+    const double angle = std::numbers::pi * turn;
+    return {room.center().x() - std::cos(angle) * room.width() / 2, room.bottom() - std::sin(angle) * room.height()};
+}
+
+bool isBehindItem(const SceneOrnament& on, QPointF point)
+{
+    return std::ranges::any_of(on.items(), [&](const SceneItem& item) { return item.frame.contains(point); });
+}
+
+/// Up from the lower of two points, and level into the other one; straight between points of nearly one height.
+QPolygonF quarter(QPointF from, QPointF to, double least)
+{
+    const QPointF low = from.y() > to.y() ? from : to;
+    const QPointF way = (from.y() > to.y() ? to : from) - low;
+    QPolygonF points;
+    for (int step = 0; step <= arcSteps; ++step) {
+        const double part = static_cast<double>(step) / arcSteps;
+        const double angle = std::numbers::pi / 2 * part;
+        const bool isStraight = std::abs(way.y()) < least;
+        points.append(
+            low + (isStraight ? way * part : QPointF(way.x() * (1 - std::cos(angle)), way.y() * std::sin(angle))));
+    }
+    if (points.first() != from)
+        std::ranges::reverse(points);
+    return points;
+}
+
+/// The middle line of the rainbow, from left to right: an arch that begins and ends behind items, or else a bow from
+/// the outermost item on the left to that on the right.
+QPolygonF rainbowLine(const SceneOrnament& on)
+{
+    const double inset = on.scaled(rainbowInset);
+    const QRectF room = on.bounds().adjusted(inset, inset, -inset, -inset);
+    const double least = on.scaled(flattest);
+    if (room.width() > least && room.height() > least && isBehindItem(on, onArch(room, 0))
+        && isBehindItem(on, onArch(room, 1))) {
+        QPolygonF points;
+        for (int step = 0; step <= arcSteps; ++step)
+            points.append(onArch(room, static_cast<double>(step) / arcSteps));
+        return points;
+    }
+    const auto middle = [](const SceneItem& item) { return item.frame.center().x(); };
+    const QPointF left = std::ranges::min_element(on.items(), {}, middle)->frame.center();
+    const QPointF right = (std::ranges::max_element(on.items(), {}, [&](const SceneItem& item) {
+        return std::pair(middle(item), item.frame.center().y()); // of a column the lowest
+    }))->frame.center();
+    return quarter(left, right, least);
+}
+
+/// The line moved to its left by so many points.
+QPolygonF beside(const QPolygonF& line, double by)
+{
+    QPolygonF moved;
+    for (qsizetype index = 0; index < line.size(); ++index) {
+        const QLineF way(line[std::max<qsizetype>(index - 1, 0)], line[std::min(index + 1, line.size() - 1)]);
+        const double length = std::max(0.001, way.length());
+        moved.append(line[index] + QPointF(way.dy(), -way.dx()) * (by / length));
+    }
+    return moved;
+}
+
+void rainbow(SceneOrnament& on, const SkinStyle& style)
+{
+    const QPolygonF line = rainbowLine(on);
+    if (QLineF(line.first(), line.last()).length() < on.scaled(flattest))
+        return;
+    double by = on.scaled(rainbowPitch);
+    for (const QColor& colour : groove::stripes(style, style.accent)) {
+        const QPainterPath stripe = ribbon(beside(line, by), on.scaled(rainbowStripe), true);
+        const QRectF place = stripe.boundingRect().adjusted(-1, -1, 1, 1) & on.screen();
+        if (!place.isEmpty())
+            on.add(
+                u"stripe"_s, place,
+                [](Canvas& canvas, const QPainterPath& shape, const QRegion& free, const QRegion& behind,
+                    const QColor& paint) {
+                    canvas.paint([&](QPainter& painter) {
+                        painter.setClipRegion(behind, Qt::IntersectClip); // shows beside the round corners of plates
+                        canvas.fill(shape, faded(paint, SceneOrnament::strong));
+                    });
+                    canvas.paint([&](QPainter& painter) {
+                        painter.setClipRegion(free, Qt::IntersectClip);
+                        canvas.fill(shape, paint);
+                    });
+                },
+                stripe, on.besideItems(place), QRegion(place.toAlignedRect()) - on.besideItems(place), colour);
+        by -= on.scaled(rainbowPitch);
+    }
+}
+
+/// Rises behind the upper edge of the hero.
+void sunrise(SceneOrnament& on, const SkinStyle& style)
+{
+    const QRectF hero = on.hero().frame;
+    const double radius = on.scaled(sunRadius);
+    const double reach = radius * sunReach;
+    const double above = on.scaled(sunAbove);
+    for (const double part : {0.5, 0.25, 0.75}) {
+        const QPointF centre(hero.left() + hero.width() * part, hero.top() - above);
+        const QRectF place(centre.x() - reach, centre.y() - reach, 2 * reach, reach + above);
+        if (!on.isFree(place))
+            continue;
+        on.add(
+            u"sun"_s, place,
+            [](Canvas& canvas, const QRectF& sky, QPointF middle, double size, const QColor& disc, const QColor& rays) {
+                canvas.within(
+                    [&] {
+                        QPainterPath edge;
+                        edge.addRect(sky);
+                        return edge;
+                    }(),
+                    [&] { groove::sunburst(canvas, middle, size, disc, rays); });
+            },
+            place, centre, radius, style.accent2, style.accent);
+        return;
+    }
+}
+
+} // namespace
+
+/// A rainbow over the room that runs behind the widgets, and a sun that rises behind the largest one.
+Scene grooveScene(SceneOrnament on)
+{
+    const SkinStyle style = groove::makeStyle(on.accent());
+    rainbow(on, style);
+    sunrise(on, style);
+    return on.scene();
 }
 
 } // namespace ambrelle
