@@ -168,6 +168,49 @@ aaaaa
         {{'a', colour}}};
 }
 
+const Sprite& chest()
+{
+    static const Sprite sprite(R"(
+..kkkkkkkkkk..
+.kllllllllllk.
+klyllyllyllylk
+kbybbybbybbybk
+kbybbybbybbybk
+kkkkkkyykkkkkk
+kyyyykyykyyyyk
+kbbbbkookbbbbk
+kbbbbbkkbbbbbk
+kbbbbbbbbbbbbk
+kttttttttttttk
+kkkkkkkkkkkkkk)",
+        {{'k', night}, {'b', QColor(0x9A, 0x5F, 0x2E)}, {'l', QColor(0xC9, 0x86, 0x45)},
+            {'t', QColor(0x6E, 0x3F, 0x1E)}, {'y', sunlight}, {'o', ember}});
+    return sprite;
+}
+
+const Sprite& flag()
+{
+    static const Sprite sprite(R"(
+kkk........
+kwkkkkk....
+kwkrrrrkkk.
+kwkrrrrrrrk
+kwkrrrrrrdk
+kwkrrrrrdk.
+kwkrrrrrrk.
+kwkdrrrrrrk
+kwkkkddrrdk
+kwk..kkkkk.
+kwk........
+kwk........
+kgk........
+kgk........
+kgk........
+kkk........)",
+        spritePalette());
+    return sprite;
+}
+
 void bob(Canvas& canvas, const Sprite& sprite, const Box& box, double pixel, QPointF step, bool alive)
 {
     if (!alive) {

@@ -25,6 +25,10 @@ Sprite tick(const QColor& colour);
 /// A mark of 5 x 3 pixels that there is more to read.
 Sprite more(const QColor& colour);
 
+/// A chest of 14 x 12 pixels, and a flag on a pole of 11 x 16: places of the map that the scene draws.
+const Sprite& chest();
+const Sprite& flag();
+
 /// The sprite about the middle of the box, moved by `step` points in every second frame; only `alive` ones move.
 void bob(Canvas& canvas, const Sprite& sprite, const Box& box, double pixel, QPointF step, bool alive = true);
 
