@@ -32,18 +32,16 @@ constexpr double cutOutTop = 0.62; // of the window below the centre, in parts o
 constexpr double cutOutBottom = 1.1;
 constexpr double cutOutWidth = 1.18;
 
-/// A cross-slotted screw; no two of them stand alike.
-void screw(Canvas& canvas, QPointF centre, double degrees)
-{
-    const QPointF light = centre - QPointF(0.8, 0.9);
-    canvas.disc(centre, screwRadius + 0.5, faded(Qt::black, 0.55));
-    canvas.disc(centre, screwRadius, radial(centre, screwRadius, light, {{0, rim.lighter(175)}, {1, rim.darker(120)}}));
-    const Gauge slot{.centre = centre, .radius = screwRadius, .start = degrees, .sweep = 360};
-    for (const double side : {0.0, 0.25})
-        canvas.line(slot.at(side, screwRadius * 0.72), slot.at(side + 0.5, screwRadius * 0.72), flatPen(well, 0.8));
-}
-
 } // namespace
+
+void screw(Canvas& canvas, QPointF centre, double radius, double degrees)
+{
+    canvas.disc(centre, radius + 0.5, faded(Qt::black, 0.55));
+    canvas.disc(centre, radius, downwards(squareAbout(centre, radius), {{0, rim.lighter(165)}, {1, rim.darker(120)}}));
+    const Gauge slot{.centre = centre, .radius = radius, .start = degrees, .sweep = 360};
+    for (const double side : {0.0, 0.25})
+        canvas.line(slot.at(side, radius * 0.72), slot.at(side + 0.5, radius * 0.72), flatPen(well, 0.8));
+}
 
 void bezel(Canvas& canvas, const Box& bounds, double corner)
 {
@@ -59,10 +57,10 @@ void bezel(Canvas& canvas, const Box& bounds, double corner)
     canvas.frame(
         face, QPen(downwards(face, {{0, faded(Qt::black, 0.75)}, {1, faded(Qt::black, 0.25)}}), 1), faceRadius);
     const Box screws = bounds.inset(screwPlace);
-    screw(canvas, screws.topLeft(), 22);
-    screw(canvas, screws.topRight(), 61);
-    screw(canvas, screws.bottomLeft(), 5);
-    screw(canvas, screws.bottomRight(), 38);
+    screw(canvas, screws.topLeft(), screwRadius, 22); // no two of them stand alike
+    screw(canvas, screws.topRight(), screwRadius, 61);
+    screw(canvas, screws.bottomLeft(), screwRadius, 5);
+    screw(canvas, screws.bottomRight(), screwRadius, 38);
 }
 
 void window(Canvas& canvas, const Box& box, double radius)

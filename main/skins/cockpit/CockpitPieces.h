@@ -7,6 +7,8 @@
 
 namespace ambrelle::cockpit {
 
+/// A cross-slotted screw, turned by `degrees`.
+void screw(Canvas& canvas, QPointF centre, double radius, double degrees);
 /// The grey bezel with its four screws around the black face.
 void bezel(Canvas& canvas, const Box& bounds, double corner);
 /// Something let into the panel: dark, with a sunken edge. Part of a still layer where it does not change.

@@ -1,12 +1,210 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Gradients.h"
+#include "drawing/Pens.h"
+#include "drawing/Plates.h"
+#include "drawing/SeededRandom.h"
+#include "skins/cockpit/CockpitPieces.h"
 #include "skins/SceneRecipes.h"
+
+#include <algorithm>
+#include <array>
 
 namespace ambrelle {
 
-Scene cockpitScene(SceneOrnament /*on*/)
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double sheetMargin = 26; // around its items
+constexpr double sheetCorner = 14;
+constexpr double litEdgeWidth = 1.5;
+constexpr double besideScreen = 6; // that stays of the desktop around a sheet
+constexpr int shadowSteps = 8;
+constexpr double shadowReach = 9; // whatever the scale
+const QColor sheetTop(0x2C, 0x32, 0x38);
+const QColor sheetBottom(0x1F, 0x24, 0x29);
+
+constexpr double sheetScrew = 3.2; // radius
+constexpr double sheetScrewPlace = 12; // from both edges
+
+constexpr double engravedSize = 9;
+constexpr double leastEngraved = 7; // points of the screen
+constexpr double engravedAbove = 9.5; // from a row to the middle of its name
+constexpr std::array rowNames{"FLIGHT", "ENGINE", "RADIO", "NAV"};
+
+constexpr double lampWidth = 34;
+constexpr double lampHeight = 12;
+constexpr double lampGap = 4;
+constexpr double lampAbove = 6.5; // of the strip above its item
+constexpr double lampLetters = 7.5;
+constexpr std::array lampNames{"FUEL", "HYD", "GEN", "ICE", "DOOR", "APU"};
+constexpr int litLamp = 2;
+
+QRectF outset(const QRectF& area, double by)
 {
-    return {};
+    return area.adjusted(-by, -by, by, by);
+}
+
+/// One for all items that stand so near that theirs would meet.
+QList<QRectF> sheets(const SceneOrnament& on)
+{
+    QList<QRectF> areas;
+    for (const SceneItem& item : on.items()) {
+        QRectF area = outset(item.frame, on.scaled(sheetMargin));
+        const auto meeting = [&] {
+            return std::ranges::find_if(areas, [&](const QRectF& other) { return other.intersects(area); });
+        };
+        for (auto other = meeting(); other != areas.end(); other = meeting()) {
+            area |= *other;
+            areas.erase(other);
+        }
+        areas.append(area);
+    }
+    for (QRectF& area : areas)
+        area &= outset(on.screen(), -std::max(besideScreen, shadowReach));
+    areas.removeIf([](const QRectF& area) { return area.isEmpty(); });
+    return areas;
+}
+
+struct Sheet {
+    Box box;
+    QList<QRectF> instruments;
+    QList<QPointF> screws;
+    QRegion metal; ///< what the instruments leave of it
+    double unit;
+
+    bool operator==(const Sheet&) const = default;
+};
+
+void drawSheet(Canvas& canvas, const Sheet& sheet)
+{
+    const double corner = sheetCorner * sheet.unit;
+    canvas.paint([&](QPainter& painter) { // beside the round corners of their bezels
+        painter.setClipRegion(QRegion(sheet.box.toAlignedRect()) - sheet.metal, Qt::IntersectClip);
+        canvas.fill(sheet.box, faded(Qt::black, SceneOrnament::strong), corner);
+    });
+    canvas.paint([&](QPainter& painter) {
+        painter.setClipRegion(sheet.metal, Qt::IntersectClip);
+        dropShadow(canvas, sheet.box, corner, Qt::black, 0.05, shadowSteps, 3);
+        canvas.fill(sheet.box, downwards(sheet.box, {{0, sheetTop}, {1, sheetBottom}}), corner);
+        const double edge = litEdgeWidth * sheet.unit;
+        const double height = sheet.box.height();
+        canvas.frame(sheet.box,
+            QPen(downwards(sheet.box,
+                     {{0, faded(Qt::white, 0.34)}, {std::min(0.5, corner / height), faded(Qt::white, 0.07)},
+                         {1, faded(Qt::black, 0.45)}}),
+                edge),
+            corner);
+        for (const QRectF& frame : sheet.instruments) {
+            const Box cut = outset(frame, 1.5 * sheet.unit);
+            canvas.fill(cut,
+                downwards(cut, {{0, faded(Qt::black, 0.6)}, {0.9, faded(Qt::black, 0.4)}, {1, faded(Qt::white, 0.16)}}),
+                2);
+        }
+        SeededRandom random{seedOf(u"cockpit")};
+        for (const QPointF& place : sheet.screws)
+            cockpit::screw(canvas, place, sheetScrew * sheet.unit, random.in(0, 90));
+    });
+}
+
+/// Where the lights above the largest instrument stand.
+QRectF lampStrip(const SceneOrnament& on)
+{
+    const double count = static_cast<double>(lampNames.size());
+    const QSizeF size(on.scaled(count * (lampWidth + lampGap) - lampGap), on.scaled(lampHeight));
+    const QRectF hero = on.hero().frame;
+    return {{hero.center().x() - size.width() / 2, hero.top() - on.scaled(lampAbove) - size.height()}, size};
+}
+
+/// In the corners and the middles of the edges, where nothing else is.
+QList<QPointF> screwPlaces(const SceneOrnament& on, const QRectF& area)
+{
+    const double clear = on.scaled(sheetScrew) + 3;
+    const QRectF line = outset(area, -on.scaled(sheetScrewPlace));
+    QList<QPointF> places;
+    for (const double x : {line.left(), line.center().x(), line.right()}) {
+        for (const double y : {line.top(), line.center().y(), line.bottom()}) {
+            const QRectF place = outset({x, y, 0, 0}, clear);
+            if (!place.contains(line.center()) && on.isFree(place) && !lampStrip(on).intersects(place))
+                places.append({x, y});
+        }
+    }
+    return places;
+}
+
+void addSheet(SceneOrnament& on, const QRectF& area)
+{
+    Sheet sheet{area, {}, screwPlaces(on, area), on.besideItems(outset(area, shadowReach)), on.scaled(1)};
+    for (const SceneItem& item : on.items()) {
+        if (item.frame.intersects(area))
+            sheet.instruments.append(item.frame);
+    }
+    on.add(
+        u"sheet"_s, outset(area, shadowReach), [](Canvas& canvas, const Sheet& drawn) { drawSheet(canvas, drawn); },
+        sheet);
+}
+
+/// Warning lights above the largest instrument, all but one dark.
+void annunciators(SceneOrnament& on, const SkinStyle& style)
+{
+    const QRectF strip = lampStrip(on);
+    if (!on.isFree(outset(strip, 1)))
+        return;
+    on.reserve(outset(strip, on.scaled(lampGap)));
+    on.add(
+        u"annunciators"_s, outset(strip, 1),
+        [](Canvas& canvas, const Box& box, const Typeface& face, double unit, const QColor& light) {
+            Box rest = box;
+            for (int index = 0; index < static_cast<int>(lampNames.size()); ++index) {
+                const Box lamp = rest.cutLeft(lampWidth * unit);
+                rest.cutLeft(lampGap * unit);
+                const bool isLit = index == litLamp;
+                cockpit::annunciator(canvas, lamp, isLit ? std::optional(light) : std::nullopt);
+                canvas.text(lamp, QString::fromLatin1(lampNames.at(static_cast<std::size_t>(index))),
+                    {.face = face,
+                        .size = lampLetters * unit,
+                        .colour = isLit ? light : faded(cockpit::unlit, 0.75),
+                        .align = Align::centre});
+            }
+        },
+        Box(strip), style.body, on.scaled(1), cockpit::green);
+}
+
+void engrave(SceneOrnament& on, const SkinStyle& style, const QString& text, QPointF start)
+{
+    const double size = std::max(leastEngraved, on.scaled(engravedSize));
+    const double width = shape(style.title, size, text)->width + 2;
+    const QRectF place(start.x(), start.y() - size / 2, width, size);
+    if (!on.isFree(place))
+        return;
+    on.reserve(place);
+    on.add(
+        u"name"_s, outset(place, 2) & on.screen(),
+        [](Canvas& canvas, const Box& line, const QString& letters, const Typeface& face, double height,
+            const QColor& ink) {
+            canvas.text(
+                line, letters, {.face = face, .size = height, .colour = ink, .engraving = faded(Qt::black, 0.6)});
+        },
+        Box(place), text, style.title, size, style.soft);
+}
+
+} // namespace
+
+/// The panel that instruments are let into, with the names of its rows and the lights above the largest one.
+Scene cockpitScene(SceneOrnament on)
+{
+    const SkinStyle style = cockpit::makeStyle(on.accent());
+    for (const QRectF& area : sheets(on))
+        addSheet(on, area);
+    annunciators(on, style);
+    std::size_t row = 0;
+    for (const QList<SceneItem>& items : on.rows()) {
+        const QRectF& first = items.first().frame;
+        engrave(on, style, QString::fromLatin1(rowNames.at(row++ % rowNames.size())),
+            {first.left() + 2, first.top() - on.scaled(engravedAbove)});
+    }
+    return on.scene();
 }
 
 } // namespace ambrelle
