@@ -28,7 +28,8 @@ constexpr double leadWidth = 4;
 constexpr double plugLength = 7;
 constexpr double plugWidth = 6;
 constexpr double jackRadius = 4.6;
-constexpr double leastWay = 24; // between the ends of a lead
+constexpr double leastWay = 15; // across, between the ends of a lead
+constexpr double steepest = 2.5; // way down in parts of that across
 constexpr double leadReach = 8; // of what is painted around its line
 const QColor rubber(0x1A, 0x12, 0x0B);
 
@@ -92,7 +93,8 @@ bool addLead(SceneOrnament& on, const Lead& lead)
     const double reach = leadReach * lead.unit;
     const QRectF place =
         line.boundingRect().united(QRectF(lead.from, lead.to).normalized()).adjusted(-reach, -reach, reach, reach);
-    if (std::abs(lead.to.x() - lead.from.x()) < leastWay * lead.unit * (lead.endsOnRail ? 0.6 : 0.7)
+    const QPointF way = lead.to - lead.from;
+    if (std::abs(way.x()) < leastWay * lead.unit || std::abs(way.y()) > steepest * std::abs(way.x())
         || !on.screen().contains(place))
         return false;
     for (const SceneItem& item : on.items()) {
