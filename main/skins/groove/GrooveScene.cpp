@@ -90,9 +90,8 @@ QPolygonF beside(const QPolygonF& line, double by)
     return moved;
 }
 
-void rainbow(SceneOrnament& on, const SkinStyle& style)
+void rainbow(SceneOrnament& on, const SkinStyle& style, const QPolygonF& line)
 {
-    const QPolygonF line = rainbowLine(on);
     if (QLineF(line.first(), line.last()).length() < on.scaled(flattest))
         return;
     double by = on.scaled(rainbowPitch);
@@ -119,7 +118,7 @@ void rainbow(SceneOrnament& on, const SkinStyle& style)
 }
 
 /// Rises behind the upper edge of the hero.
-void sunrise(SceneOrnament& on, const SkinStyle& style)
+void sunrise(SceneOrnament& on, const SkinStyle& style, const QPolygonF& line)
 {
     const QRectF hero = on.hero().frame;
     const double radius = on.scaled(sunRadius);
@@ -128,7 +127,8 @@ void sunrise(SceneOrnament& on, const SkinStyle& style)
     for (const double part : {0.5, 0.25, 0.75}) {
         const QPointF centre(hero.left() + hero.width() * part, hero.top() - above);
         const QRectF place(centre.x() - reach, centre.y() - reach, 2 * reach, reach + above);
-        if (!on.isFree(place))
+        const QRectF clear = place.adjusted(-reach, -reach, reach, reach);
+        if (!on.isFree(place) || std::ranges::any_of(line, [&](QPointF point) { return clear.contains(point); }))
             continue;
         on.add(
             u"sun"_s, place,
@@ -152,8 +152,9 @@ void sunrise(SceneOrnament& on, const SkinStyle& style)
 Scene grooveScene(SceneOrnament on)
 {
     const SkinStyle style = groove::makeStyle(on.accent());
-    rainbow(on, style);
-    sunrise(on, style);
+    const QPolygonF line = rainbowLine(on);
+    rainbow(on, style, line);
+    sunrise(on, style, line);
     return on.scene();
 }
 
