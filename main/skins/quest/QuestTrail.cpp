@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::array<QPoint, 4> steps{QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)};
 
+constexpr double longWay = 1.5; // in parts of that from middle to middle
+
 } // namespace
 
 QuestTrail::QuestTrail(const SceneLayout& layout, double pitch, double half)
@@ -45,6 +47,7 @@ QList<QPoint> QuestTrail::link(const QRectF& from, const QRectF& to)
 {
     const QRect target = cells(to, m_half + m_pitch);
     const QRect start = cells(from, m_half + m_pitch);
+    const double apart = (to.center() - from.center()).manhattanLength();
     QList<int> cameBy(m_ground.size(), -1); // steps' indices; those of the start have one more
     std::deque<QPoint> waiting;
     for (int y = start.top(); y <= start.bottom(); ++y) {
@@ -66,6 +69,8 @@ QList<QPoint> QuestTrail::link(const QRectF& from, const QRectF& to)
                 cell -= steps.at(static_cast<std::size_t>(step));
                 way.prepend(cell);
             }
+            if (static_cast<double>(way.size()) > longWay * apart / m_pitch)
+                return {};
             for (const QPoint& each : std::as_const(way))
                 m_ground[indexOf(each)] = Ground::trodden;
             return way;

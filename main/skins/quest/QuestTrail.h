@@ -18,7 +18,7 @@ public:
     /// Nothing stands there.
     void block(const QRectF& area);
 
-    /// The squares from beside the one frame to beside the other; none where no way is free.
+    /// The squares from beside the one frame to beside the other; none where no way is free but a long way round.
     QList<QPoint> link(const QRectF& from, const QRectF& to);
     QPointF centre(QPoint cell) const { return (QPointF(cell) + QPointF(0.5, 0.5)) * m_pitch; }
 
