@@ -8,6 +8,7 @@
 #include "drawing/Gradients.h"
 #include "drawing/Pens.h"
 #include "drawing/Plates.h"
+#include "drawing/Ribbon.h"
 #include "faces/FaceKit.h"
 
 #include <algorithm>
@@ -46,14 +47,6 @@ QColor shadow(double opacity)
 QColor light(double opacity)
 {
     return faded(Qt::white, opacity);
-}
-
-void fastener(Canvas& canvas, QPointF centre)
-{
-    constexpr double radius = 2;
-    canvas.disc(centre, radius, cut);
-    canvas.disc(centre, radius - 0.5, metalLight.lighter(140));
-    canvas.line(centre - QPointF(1, 0.8), centre + QPointF(1, 0.8), flatPen(cut, 0.7));
 }
 
 /// As many digits as a register has, those before the number unlit.
@@ -159,7 +152,15 @@ void console(Canvas& canvas, const FaceContext& face, double corner)
     if (!face.medium())
         return;
     for (const double place : {0.12, 0.88})
-        fastener(canvas, {bounds.left() + bounds.width() * place, bounds.bottom() - rim / 2});
+        fastener(canvas, {bounds.left() + bounds.width() * place, bounds.bottom() - rim / 2}, 2);
+}
+
+void fastener(Canvas& canvas, QPointF centre, double radius)
+{
+    const QPointF slot = QPointF(0.5, 0.4) * radius;
+    canvas.disc(centre, radius, cut);
+    canvas.disc(centre, radius * 0.75, metalLight.lighter(140));
+    canvas.fill(ribbon({centre - slot, centre + slot}, radius * 0.35), cut);
 }
 
 void window(Canvas& canvas, const Box& box)

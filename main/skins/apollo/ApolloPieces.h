@@ -9,6 +9,8 @@ namespace ambrelle::apollo {
 
 /// The metal rim about the dark face; wide plates hang on two fasteners.
 void console(Canvas& canvas, const FaceContext& face, double corner);
+/// A quarter-turn screw in its hole.
+void fastener(Canvas& canvas, QPointF centre, double radius);
 /// Something let into the face: dark, with a sunken edge.
 void window(Canvas& canvas, const Box& box);
 
