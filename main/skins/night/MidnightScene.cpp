@@ -22,7 +22,7 @@ constexpr double portRadius = 3;
 constexpr double portGap = 2; // between an item and its port
 constexpr double narrow = 20; // way between two items, from which on ports are smaller
 constexpr double shortest = 8;
-constexpr double steepest = 2; // descent in parts of the way
+constexpr double steepestFlow = 2; // descent in parts of the way
 constexpr double fromOthers = 4; // of a flow that passes an item
 
 /// A flow from the right edge of one item to the left edge of another.
@@ -36,7 +36,7 @@ struct Flow {
     double effort(double least) const
     {
         const QPointF way = end() - start();
-        if (way.x() < least || std::abs(way.y()) > steepest * way.x())
+        if (way.x() < least || std::abs(way.y()) > steepestFlow * way.x())
             return std::numeric_limits<double>::infinity();
         return way.x() + 2 * std::abs(way.y());
     }

@@ -29,7 +29,7 @@ constexpr double rayInk = 0.35;
 constexpr double rayEndInk = 0.2;
 constexpr double leastInside = 30; // the hero, where the rays part, from its right side
 constexpr double mostInside = 120;
-constexpr double steepest = 60; // degrees to an item that a ray is led to
+constexpr double steepestRay = 60; // degrees to an item that a ray is led to
 constexpr double leastApart = 2.4; // where they leave the hero: rays never lie over each other
 constexpr double underItems = 7; // how far they run below the edges of plates, whose corners are round
 constexpr double freeSpread = 8; // the same where they are led nowhere
@@ -61,7 +61,7 @@ QList<SceneItem> screensOf(const SceneOrnament& on)
     const auto degrees = [side](const SceneItem& item) { return degreesOf(item.frame.center() - side); };
     QList<SceneItem> items = on.satellites();
     items.removeIf(
-        [&](const SceneItem& item) { return item.frame.left() <= side.x() || std::abs(degrees(item)) > steepest; });
+        [&](const SceneItem& item) { return item.frame.left() <= side.x() || std::abs(degrees(item)) > steepestRay; });
     std::ranges::stable_sort(items, {}, degrees);
     return items;
 }
