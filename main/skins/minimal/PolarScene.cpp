@@ -40,7 +40,7 @@ constexpr double rayWidth = 22; // from one ray to the next
 /// How bright the rays are at the strips from the left end to the right one, 0 to 1; both ends fade out.
 QList<double> brightness(double width)
 {
-    SeededRandom random{seedOf(u"polar aurora")};
+    SeededRandom random{seedOf(u"polar-aurora")};
     const int count = static_cast<int>(width / rayPitch);
     QList<double> strips;
     double before = random.in(0.5, 1);
