@@ -153,8 +153,9 @@ void SceneOrnament::dotGrid(
             QList<GridDot> dots;
             QRectF place;
             for (int index = 0; index < dotsOfBlock * dotsOfBlock; ++index) {
-                const QPointF centre(column * block + (index % dotsOfBlock + 0.5) * pitch,
-                    row * block + (index / dotsOfBlock + 0.5) * pitch);
+                const int across = index % dotsOfBlock;
+                const int down = index / dotsOfBlock;
+                const QPointF centre(column * block + (across + 0.5) * pitch, row * block + (down + 0.5) * pitch);
                 const double depth = std::min({centre.x() - area.left(), area.right() - centre.x(),
                     centre.y() - area.top(), area.bottom() - centre.y()});
                 const double level = fade > 0 ? std::clamp(depth / fade, 0.0, 1.0) : 1.0;
