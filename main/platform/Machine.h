@@ -21,7 +21,9 @@ class InputMonitor;
 class LocationSource;
 class LoginItem;
 class PlayerSource;
+class ProgramFolder;
 class ProgramLauncher;
+class ReleaseServer;
 class SessionVisibility;
 class SystemAppearance;
 class TrayPresence;
@@ -59,6 +61,8 @@ public:
         PlayerSource& players;
         CalendarStore& calendars;
         QStringList desktopNames; ///< of the running desktop, from the special to the general; may be empty
+        std::shared_ptr<ReleaseServer> releases{}; ///< none: nobody offers newer programs
+        std::shared_ptr<ProgramFolder> programFolder{}; ///< likewise
     };
 
     Machine() = default;
