@@ -6,12 +6,12 @@
 #include "drawing/Gauge.h"
 #include "drawing/Gradients.h"
 #include "drawing/Pens.h"
+#include "skins/night/CarbonPieces.h"
 #include "skins/night/NightSkin.h"
 #include "skins/Skins.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace ambrelle {
 
@@ -19,73 +19,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double carbonSlant = 15; // degrees by which blocks and boxes lean
 constexpr double amberFrom = 0.6; // of a load, on the tachometer
 constexpr double redLine = 0.85;
 constexpr double barPitch = 5;
-constexpr double barGap = 1.5;
 
 constexpr int lampCount = 5;
 constexpr double lampPitch = 9;
 constexpr double chaseRate = 10; // lamps a second
-
-double leanOf(double height)
-{
-    return std::tan(carbonSlant * std::numbers::pi / 180) * height;
-}
-
-/// The box leaning to the right: its foot begins at the lower left corner, its upper edge ends at the upper right one.
-QPainterPath leaning(const Box& box)
-{
-    const QPointF lean(leanOf(box.height()), 0);
-    QPainterPath path = straightLine(
-        {box.topLeft() + lean, box.topRight(), box.bottomRight() - lean, box.bottomLeft(), box.topLeft() + lean});
-    path.closeSubpath();
-    return path;
-}
-
-/// A row of blocks through the middle of the box, at most `height` points high.
-void leaningBlocks(
-    Canvas& canvas, const Box& box, double height, int count, const std::function<QBrush(int index)>& brushOf)
-{
-    const Box row = box.centred(box.width(), std::min(height, box.height()));
-    blocks(canvas, row, count, barGap, brushOf, {.slant = carbonSlant});
-}
-
-/// All that leans about the middle of the box by so many degrees.
-QTransform shearAbout(const Box& box, double degrees)
-{
-    QTransform shear = QTransform::fromTranslate(box.center().x(), box.center().y());
-    shear.shear(-std::tan(degrees * std::numbers::pi / 180), 0);
-    return shear.translate(-box.center().x(), -box.center().y());
-}
-
-/// Bars of samples on the lower edge of the box, or hanging from the upper one, where `top` is the full height; none is
-/// lower than a line.
-void bars(
-    Canvas& canvas, const Box& box, const QList<double>& samples, double top, const QBrush& fill, bool hanging = false)
-{
-    const int count = static_cast<int>(samples.size());
-    for (int index = 0; index < count; ++index) {
-        Box column = box.column(index, count, barGap);
-        const double height = std::max(1.0, column.height() * bounded(samples[index] / top));
-        canvas.fill(hanging ? column.cutTop(height) : column.cutBottom(height), fill);
-    }
-}
-
-/// A twill of fibre bundles, each going over two and under two others: the parts that lie above.
-QPainterPath twillIn(const Box& box)
-{
-    constexpr double bundle = 2;
-    constexpr int repeat = 4;
-    QPainterPath path;
-    for (int row = 0; row * bundle < box.height(); ++row) {
-        const double shift = (row % repeat) * bundle;
-        for (double x = box.left() - shift; x < box.right(); x += repeat * bundle)
-            path.addRect(Box(x, box.top() + row * bundle, 2 * bundle, bundle) & box);
-    }
-    return path;
-}
 
 /// A race car's dash: carbon weave, heavy slanted figures, rows of blocks and a red line.
 class CarbonSkin final : public NightSkin {
@@ -134,7 +74,7 @@ void CarbonSkin::panel(Canvas& layer, const FaceContext& face) const
     constexpr double weave = 0.035;
     constexpr double lineShare = 0.4; // of the lower edge
     const Box& box = face.bounds;
-    layer.within(roundedPath(box, look().corner), [&] { layer.fill(twillIn(box), faded(Qt::white, weave)); });
+    layer.within(roundedPath(box, look().corner), [&] { layer.fill(carbon::twillIn(box), faded(Qt::white, weave)); });
     layer.frame(box, QPen(faded(Qt::white, 0.18), 1), look().corner);
     layer.fill(Box(box.x() + look().inset, box.bottom() - 3, box.width() * lineShare, 3), look().accent);
 }
@@ -166,7 +106,7 @@ void CarbonSkin::level(Canvas& canvas, const Box& box, double fraction, const QC
     constexpr double pitch = 4;
     const int count = static_cast<int>(box.width() / pitch);
     const int lit = litOf(fraction, count);
-    leaningBlocks(
+    carbon::leaningBlocks(
         canvas, box, look().lines.level, count, [&](int index) { return index < lit ? colour : look().track; });
 }
 
@@ -177,9 +117,9 @@ void CarbonSkin::history(Canvas& canvas, const Box& box, const History& history,
     const QBrush zones = linear(box.bottomLeft(), box.topLeft(),
         {{amberFrom, zone(0)}, {amberFrom + 0.01, zone(amberFrom)}, {redLine, zone(amberFrom)},
             {redLine + 0.01, zone(redLine)}});
-    bars(canvas, box, heights, 1, zones);
+    carbon::bars(canvas, box, heights, 1, zones);
     if (!heights.isEmpty())
-        bars(canvas, box.column(count - 1, count, barGap), {heights.last()}, 1, look().ink);
+        carbon::bars(canvas, box.column(count - 1, count, carbon::barGap), {heights.last()}, 1, look().ink);
 }
 
 void CarbonSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& reading) const
@@ -194,15 +134,15 @@ void CarbonSkin::traffic(Canvas& canvas, const Box& box, const NetworkReading& r
     Box below = box;
     const Box above = below.cutTop((box.height() - axis) * share);
     canvas.rule(below.cutTop(axis), look().soft, 1);
-    bars(canvas, above, reading.downHistory, whole * share, look().down);
-    bars(canvas, below, reading.upHistory, whole * (1 - share), look().up, true);
+    carbon::bars(canvas, above, reading.downHistory, whole * share, look().down);
+    carbon::bars(canvas, below, reading.upHistory, whole * (1 - share), look().up, true);
 }
 
 void CarbonSkin::parts(Canvas& canvas, const Box& box, const QList<Share>& parts) const
 {
     const QList<QBrush> fills = partFills();
     const int count = static_cast<int>(box.width() / barPitch);
-    leaningBlocks(canvas, box, look().lines.parts, count, [&](int index) {
+    carbon::leaningBlocks(canvas, box, look().lines.parts, count, [&](int index) {
         const std::optional<qsizetype> part = partAt(parts, (index + 0.5) / count);
         return part ? fills.value(*part) : QBrush(look().track);
     });
@@ -222,7 +162,7 @@ void CarbonSkin::charge(Canvas& canvas, const Box& box, const BatteryReading& re
     }
     const QColor& fuel = reading.level < last ? look().warn : reading.level < reserve ? look().accent2 : look().accent3;
     const int lit = std::max(litOf(reading.level, count), reading.level > 0 ? 1 : 0);
-    leaningBlocks(canvas, line, height, count, [&](int index) { return index < lit ? fuel : look().track; });
+    carbon::leaningBlocks(canvas, line, height, count, [&](int index) { return index < lit ? fuel : look().track; });
 }
 
 void CarbonSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
@@ -232,7 +172,7 @@ void CarbonSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
     const PictogramPaint paint{
         .sun = by.accent2, .moon = by.ink, .cloud = by.soft, .water = by.ink, .bolt = by.accent2};
     const auto draw = [&](Canvas& layer) {
-        layer.mapped(shearAbout(box, degrees), [&] { drawPictogram(layer, box, sky, paint); });
+        layer.mapped(carbon::shearAbout(box, degrees), [&] { drawPictogram(layer, box, sky, paint); });
     };
     canvas.still(u"sky"_s, box.inset(-2), draw, static_cast<int>(sky));
 }
@@ -240,20 +180,20 @@ void CarbonSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
 TextStyle CarbonSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
     const double height = std::min(cell.height() + 1, 17.0);
-    slab(canvas, cell.centred(cell.width() + leanOf(height) / 2, height), true);
+    slab(canvas, cell.centred(cell.width() + carbon::leanOf(height) / 2, height), true);
     canvas.setGround(look().accent);
     return day.coloured(inkOn(look().accent));
 }
 
 void CarbonSkin::rowMark(Canvas& canvas, Box& line, qsizetype index) const
 {
-    canvas.fill(leaning(line.inset(0, 1.5)), faded(Qt::white, 0.05));
+    canvas.fill(carbon::leaning(line.inset(0, 1.5)), faded(Qt::white, 0.05));
     line.cutLeft(2);
     line.cutRight(Bands::gap);
     const Box block = line.cutLeft(21).centred(21, 14);
     const QColor fill = index == 0 ? look().accent : look().faint;
     const GroundScope ground(canvas, fill);
-    canvas.fill(leaning(block), fill);
+    canvas.fill(carbon::leaning(block), fill);
     canvas.text(
         block, u"P%1"_s.arg(index + 1), style().header().sized(10.5).coloured(inkOn(fill)).aligned(Align::centre));
     line.cutLeft(Bands::gap);
@@ -266,7 +206,7 @@ TextStyle CarbonSkin::rowValue(qsizetype index) const
 
 void CarbonSkin::eventMark(Canvas& canvas, Box& line, const QColor& colour) const
 {
-    canvas.fill(leaning(line.cutLeft(9).inset(0, 4)), colour);
+    canvas.fill(carbon::leaning(line.cutLeft(9).inset(0, 4)), colour);
     line.cutLeft(5);
 }
 
@@ -274,9 +214,9 @@ void CarbonSkin::slab(Canvas& canvas, const Box& box, bool full) const
 {
     constexpr double line = 1.1;
     if (full)
-        canvas.fill(leaning(box), look().accent);
+        canvas.fill(carbon::leaning(box), look().accent);
     else
-        canvas.stroke(leaning(box.inset(line / 2)), flatPen(look().soft, line));
+        canvas.stroke(carbon::leaning(box.inset(line / 2)), flatPen(look().soft, line));
 }
 
 void CarbonSkin::checkMark(Canvas& canvas, const Box& box, bool done) const
@@ -295,7 +235,7 @@ void CarbonSkin::hourBar(Canvas& canvas, const Box& column, double fraction, boo
 {
     if (now)
         canvas.fill(column, look().faint);
-    bars(canvas, column, {fraction}, 1, now ? look().accent : look().soft);
+    carbon::bars(canvas, column, {fraction}, 1, now ? look().accent : look().soft);
 }
 
 void CarbonSkin::cover(Canvas& canvas, const Box& box, const Picture& picture) const
@@ -311,8 +251,9 @@ void CarbonSkin::key(Canvas& canvas, const Box& box, const QString& symbol, bool
 {
     constexpr double size = 24;
     if (middle)
-        slab(canvas, box.centred(box.width() + leanOf(box.height()) / 2, box.height()), true);
-    const QPainterPath path = shearAbout(box, carbonSlant).map(symbolIn(box, symbol, middle ? size - 4 : size));
+        slab(canvas, box.centred(box.width() + carbon::leanOf(box.height()) / 2, box.height()), true);
+    const QPainterPath path =
+        carbon::shearAbout(box, carbon::slant).map(symbolIn(box, symbol, middle ? size - 4 : size));
     canvas.fill(path, middle ? inkOn(look().accent) : look().ink);
 }
 
@@ -423,8 +364,8 @@ void CarbonSkin::stint(Canvas& canvas, const Box& track, const WeatherReading::D
     const QBrush compounds = across(track,
         {{third, look().ink}, {third + 0.01, look().accent2}, {2 * third, look().accent2},
             {2 * third + 0.01, look().accent}});
-    canvas.fill(leaning(track), look().faint);
-    canvas.fill(leaning(span(track, day.lowFraction, day.highFraction)), compounds);
+    canvas.fill(carbon::leaning(track), look().faint);
+    canvas.fill(carbon::leaning(span(track, day.lowFraction, day.highFraction)), compounds);
 }
 
 } // namespace
