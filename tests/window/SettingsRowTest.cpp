@@ -94,7 +94,7 @@ TEST_F(SettingsRowTest, AValueNobodyOffersIsShownAndKept)
     SettingsSection section(settings);
     section.addChoice<int>({.name = u"Restart"_s}, settings.downloadResetMinutes, {{0, u"Never"_s}, {60, u"Hourly"_s}},
         [](const int& minutes) { return u"Every %1 minutes"_s.arg(minutes); });
-    section.addNumber({.name = u"Focus"_s}, settings.focusMinutes, {1, 180, u" min"_s});
+    section.addNumber({.name = u"Focus"_s}, settings.focusMinutes, {1, 180, u"%1 min"_s});
     auto* box = section.findChild<QComboBox*>();
     EXPECT_EQ(box->currentText(), u"Every 45 minutes"_s);
     EXPECT_TRUE(changed.isEmpty()) << "showing a value wrote one";
@@ -116,8 +116,9 @@ TEST_F(SettingsRowTest, AValueNobodyOffersIsShownAndKept)
 TEST_F(SettingsRowTest, NumbersAreTakenWhenTheyAreWhole)
 {
     SettingsSection section(settings);
-    section.addNumber({.name = u"Focus"_s, .spoken = u"Focus, minutes"_s}, settings.focusMinutes, {1, 180, u" min"_s});
+    section.addNumber({.name = u"Focus"_s, .spoken = u"Focus, minutes"_s}, settings.focusMinutes, {1, 180, u"%1 min"_s});
     auto* number = section.findChild<NumberField*>();
+    EXPECT_EQ(number->text(), u"25 min"_s);
     auto* entry = number->findChild<QLineEdit*>();
     entry->selectAll();
     for (const QChar digit : u"45"_s)

@@ -56,7 +56,7 @@ void FocusSection::addLengths()
     constexpr int longestFocus = 180;
     constexpr int longestBreak = 60;
     constexpr int longestLongBreak = 120;
-    const QString suffix = Wording::tr(" min");
+    const QString minutes = Wording::tr("%1 min");
     addGroup();
     const auto addLength = [&](FocusTimer::Phase phase, const QString& caption, Setting<int>& setting, int most) {
         const QString name = title(phase);
@@ -64,7 +64,7 @@ void FocusSection::addLengths()
                       .caption = caption,
                       .spoken = Wording::tr("%1, minutes", "what lasts so long").arg(name),
                       .keywords = {Wording::tr("minutes"), Wording::tr("length")}},
-            setting, {1, most, suffix});
+            setting, {1, most, minutes});
     };
     addLength(FocusTimer::Phase::focus, {}, settings().focusMinutes, longestFocus);
     addLength(FocusTimer::Phase::shortBreak, {}, settings().breakMinutes, longestBreak);

@@ -16,6 +16,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int entryWidth = 200;
@@ -27,7 +29,8 @@ NumberField::NumberField(const RowRange& range, QWidget* parent)
     : QSpinBox(parent)
 {
     setRange(range.least, range.most);
-    setSuffix(range.suffix);
+    setPrefix(range.sentence.section(u"%1"_s, 0, 0));
+    setSuffix(range.sentence.section(u"%1"_s, 1));
     setKeyboardTracking(false);
     setFocusPolicy(Qt::StrongFocus); // not by the wheel
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_typed = true; });

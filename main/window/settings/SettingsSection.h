@@ -23,7 +23,7 @@ template <typename T> struct RowChoice {
 struct RowRange {
     int least;
     int most;
-    QString suffix;
+    QString sentence; ///< how the field shows a number, in the place of %1
 };
 
 /// A section of the settings screen: groups of rows, one below the other. A control writes its setting at once, and
