@@ -18,24 +18,40 @@ QuickMenu::QuickMenu(Collaborators collaborators)
 
 QList<ActionItem> QuickMenu::items() const
 {
+    using enum QuickAction;
+    const QList<QList<QuickAction>> groups{
+        {update}, {openWindow, themes, addWidgets}, {toggleFocus}, {edit, lock}, {settings, checkForUpdates, quit}};
     QList<ActionItem> items;
-    if (const std::optional<ActionItem> update = updateItem())
-        items += {*update, ActionItem::separator()};
-    items += openItem();
-    items += tabItem(Wording::tr("Themes"), u"rectangle.on.rectangle.angled"_s, MainTab::themes);
-    items += tabItem(Wording::tr("Add Widgets"), u"plus.square.on.square"_s, MainTab::widgets);
-    items += ActionItem::separator();
-    items += focusItem();
-    items += ActionItem::separator();
-    items += editItem();
-    items += lockItem();
-    items += ActionItem::separator();
-    items += tabItem(Wording::tr("Settings"), u"gearshape"_s, MainTab::settings);
-    items.last().key = QKeySequence(Qt::CTRL | Qt::Key_Comma);
-    if (const std::optional<ActionItem> check = checkItem())
-        items += *check;
-    items += quitItem();
+    for (const auto& group : groups) {
+        if (!items.isEmpty())
+            items += ActionItem::separator();
+        for (const QuickAction action : group) {
+            if (const std::optional<ActionItem> offered = item(action))
+                items += *offered;
+        }
+    }
     return items;
+}
+
+std::optional<ActionItem> QuickMenu::item(QuickAction action) const
+{
+    switch (action) {
+    case QuickAction::openWindow: return openItem();
+    case QuickAction::themes:
+        return tabItem(Wording::tr("Themes"), u"rectangle.on.rectangle.angled"_s, MainTab::themes);
+    case QuickAction::addWidgets:
+        return tabItem(Wording::tr("Add Widgets"), u"plus.square.on.square"_s, MainTab::widgets);
+    case QuickAction::toggleFocus: return focusItem();
+    case QuickAction::skip: return skipItem();
+    case QuickAction::reset: return resetItem();
+    case QuickAction::edit: return editItem();
+    case QuickAction::lock: return lockItem();
+    case QuickAction::settings: return settingsItem();
+    case QuickAction::checkForUpdates: return checkItem();
+    case QuickAction::update: return updateItem();
+    case QuickAction::quit: return quitItem();
+    }
+    return std::nullopt;
 }
 
 QuickMenu::Updates QuickMenu::updates() const
@@ -77,6 +93,13 @@ ActionItem QuickMenu::tabItem(const QString& title, const QString& symbol, MainT
     return {.title = title, .symbol = symbol, .handler = [open = m_with.open, tab] { open(tab); }};
 }
 
+ActionItem QuickMenu::settingsItem() const
+{
+    ActionItem item = tabItem(Wording::tr("Settings"), u"gearshape"_s, MainTab::settings);
+    item.key = QKeySequence(Qt::CTRL | Qt::Key_Comma);
+    return item;
+}
+
 ActionItem QuickMenu::focusItem() const
 {
     FocusTimer& focus = m_with.focus;
@@ -85,16 +108,24 @@ ActionItem QuickMenu::focusItem() const
         .handler = [&focus] { focus.toggle(); }};
 }
 
-QList<ActionItem> QuickMenu::focusItems() const
+ActionItem QuickMenu::skipItem() const
 {
     FocusTimer& focus = m_with.focus;
-    return {focusItem(),
-        {.title = Wording::tr("Skip %1").arg(title(focus.phase())),
-            .symbol = u"forward.fill"_s,
-            .handler = [&focus] { focus.skip(); }},
-        {.title = Wording::tr("Reset Timer"), .symbol = u"arrow.counterclockwise"_s, .handler = [&focus] {
-             focus.reset();
-         }}};
+    return {.title = Wording::tr("Skip %1").arg(title(focus.phase())),
+        .symbol = u"forward.fill"_s,
+        .handler = [&focus] { focus.skip(); }};
+}
+
+ActionItem QuickMenu::resetItem() const
+{
+    return {.title = Wording::tr("Reset Timer"),
+        .symbol = u"arrow.counterclockwise"_s,
+        .handler = [&focus = m_with.focus] { focus.reset(); }};
+}
+
+QList<ActionItem> QuickMenu::focusItems() const
+{
+    return {focusItem(), skipItem(), resetItem()};
 }
 
 ActionItem QuickMenu::editItem() const

@@ -4,12 +4,54 @@
 
 #include "desktop/ActionItem.h"
 #include "desktop/MainTab.h"
+#include "model/RawEnum.h"
 
 namespace ambrelle {
 
 class AppSettings;
 class FocusTimer;
 class WidgetManager;
+
+/// What the quick menu offers, and others outside the program by name: the command line, the message bus, the desktop's
+/// menu of programs.
+enum class QuickAction {
+    openWindow,
+    themes,
+    addWidgets,
+    toggleFocus, ///< starts or pauses the focus timer
+    skip, ///< to the timer's next period
+    reset, ///< the timer
+    edit, ///< begins or ends
+    lock, ///< or unlock
+    settings,
+    checkForUpdates,
+    update,
+    quit,
+};
+
+namespace tables {
+using namespace Qt::StringLiterals;
+struct QuickActionRow {
+    QuickAction value;
+    QLatin1StringView raw;
+};
+inline constexpr std::array quickActionRows = std::to_array<QuickActionRow>({
+    {QuickAction::openWindow, "open-window"_L1},
+    {QuickAction::themes, "themes"_L1},
+    {QuickAction::addWidgets, "add-widgets"_L1},
+    {QuickAction::toggleFocus, "toggle-focus"_L1},
+    {QuickAction::skip, "skip"_L1},
+    {QuickAction::reset, "reset"_L1},
+    {QuickAction::edit, "edit"_L1},
+    {QuickAction::lock, "lock"_L1},
+    {QuickAction::settings, "settings"_L1},
+    {QuickAction::checkForUpdates, "check-for-updates"_L1},
+    {QuickAction::update, "update"_L1},
+    {QuickAction::quit, "quit"_L1},
+});
+} // namespace tables
+
+template <> inline constexpr auto rawRows<QuickAction> = tables::quickActionRows;
 
 /// The quick actions: the menu of the tray item, offered in the main window too, where a desktop has no tray.
 class QuickMenu {
@@ -36,18 +78,23 @@ public:
 
     /// The lines as things stand now; they are not kept up to date.
     QList<ActionItem> items() const;
+    /// One of them, or of the focus timer's; none while it is not offered.
+    std::optional<ActionItem> item(QuickAction action) const;
 
     ActionItem openItem() const;
     std::optional<ActionItem> updateItem() const; ///< none: there is nothing newer
     std::optional<ActionItem> checkItem() const; ///< none: nobody knows where to look
     ActionItem quitItem() const;
-    ActionItem focusItem() const; ///< starts or pauses the focus timer
+    ActionItem focusItem() const;
     ActionItem editItem() const;
     ActionItem lockItem() const;
     QList<ActionItem> focusItems() const; ///< of the focus timer, with what its widget has no button for
 
 private:
     ActionItem tabItem(const QString& title, const QString& symbol, MainTab tab) const;
+    ActionItem settingsItem() const;
+    ActionItem skipItem() const;
+    ActionItem resetItem() const;
     Updates updates() const;
 
     Collaborators m_with;

@@ -71,6 +71,23 @@ TEST_F(Menu, LinesDoWhatTheySay)
     }
 }
 
+TEST_F(Menu, EveryLineHasAName)
+{
+    updates = {.found = u"2"_s, .enabled = true};
+    QStringList named;
+    for (const QuickAction action : allCases<QuickAction>()) {
+        EXPECT_EQ(parse<QuickAction>(QString(rawValue(action))), action) << "two have this name";
+        const auto item = quick.item(action);
+        ASSERT_TRUE(item) << rawValue(action).data();
+        named += item->title;
+    }
+    for (const ActionItem& line : quick.items() + quick.focusItems())
+        EXPECT_TRUE(line.isSeparator() || named.contains(line.title)) << qPrintable(line.title);
+    updates = {};
+    EXPECT_FALSE(quick.item(QuickAction::update)) << "there is none";
+    EXPECT_FALSE(quick.item(QuickAction::checkForUpdates)) << "nobody knows where";
+}
+
 TEST_F(Menu, TheFocusWidgetsMenuSkipsAndResets)
 {
     FocusTimer& focus = desk.services.live.focus;
