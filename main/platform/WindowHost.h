@@ -11,6 +11,7 @@
 #include <memory>
 
 class QPainter;
+class QWindow;
 
 namespace ambrelle {
 
@@ -165,6 +166,12 @@ public:
     virtual std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) = 0;
     virtual std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) = 0;
     virtual std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) = 0;
+
+    /// Somebody asked for `window`, one of the toolkit's, and the desktop gave them `token` for it: the window may take
+    /// the focus. To be called before the window is shown or comes forward. True: it comes forward by this already.
+    virtual bool admit(QWindow& /*window*/, const QString& /*token*/) { return false; }
+    /// What was asked for with `token` is done: the desktop need not wait for a window, or for another one.
+    virtual void dismiss(const QString& /*token*/) { }
 
 Q_SIGNALS:
     /// Displays were added, removed, rearranged or changed in size or scale; given once a change has settled.

@@ -11,6 +11,8 @@
 
 namespace ambrelle {
 
+using namespace Qt::StringLiterals;
+
 class RecordingWindowHost;
 
 /// A window that exists in memory only: it remembers what it was told and can be looked at.
@@ -135,6 +137,14 @@ public:
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override;
     std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) override;
 
+    bool admit(QWindow&, const QString& token) override
+    {
+        m_tokens.append(u"admit "_s + token);
+        return false;
+    }
+    void dismiss(const QString& token) override { m_tokens.append(u"dismiss "_s + token); }
+    QStringList tokens() const { return m_tokens; } ///< what was done with them, in order
+
     void setScreens(const QList<ScreenInfo>& screens); ///< tells screensChanged() if the list differs
     QList<RecordingPanel*> panels() const { return m_panels; } ///< those alive, in the order they were made
     QList<RecordingBackdrop*> backdrops() const { return m_backdrops; } ///< likewise
@@ -164,6 +174,7 @@ private:
 
     QList<ScreenInfo> m_screens;
     QPointF m_pointer;
+    QStringList m_tokens;
     QList<RecordingPanel*> m_panels;
     QList<RecordingPanel*> m_stacking; ///< the same from bottom to top, within each level
     QList<RecordingBackdrop*> m_backdrops;

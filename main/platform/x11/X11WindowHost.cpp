@@ -5,9 +5,11 @@
 #include "foundation/Wording.h"
 #include "platform/x11/connection/ToolkitConnection.h"
 #include "platform/x11/window/PanelAccess.h"
+#include "platform/x11/window/StartupToken.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCursor>
+#include <QWindow>
 
 #include <algorithm>
 #include <chrono>
@@ -99,6 +101,23 @@ std::unique_ptr<BackdropWindow> X11WindowHost::makeBackdrop(BackdropDelegate& de
     };
     m_backdrops.append(backdrop.get());
     return backdrop;
+}
+
+bool X11WindowHost::admit(QWindow& window, const QString& token)
+{
+    if (!m_parts)
+        return false;
+    const StartupToken startup(m_parts->connection, token);
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    startup.mark(id);
+    // A window that is not on the screen yet gets the focus when the window manager puts it there.
+    return window.isVisible() && m_parts->manager.window() != XCB_WINDOW_NONE && startup.activate(id);
+}
+
+void X11WindowHost::dismiss(const QString& token)
+{
+    if (m_parts)
+        StartupToken(m_parts->connection, token).end();
 }
 
 void X11WindowHost::watch()

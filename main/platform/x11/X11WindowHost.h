@@ -30,6 +30,9 @@ public:
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override; ///< likewise
     std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) override; ///< likewise
 
+    bool admit(QWindow& window, const QString& token) override;
+    void dismiss(const QString& token) override;
+
     /// Both only while available. They tell nothing before the first panel has been on the screen for a moment.
     WindowList& windowList() { return *m_windows; }
     SessionVisibility& sessionVisibility() { return m_visibility; }

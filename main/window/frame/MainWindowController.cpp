@@ -50,13 +50,13 @@ void MainWindowController::toggle()
         show();
 }
 
-void MainWindowController::show(MainTab tab)
+void MainWindowController::show(MainTab tab, const QString& token)
 {
     m_with.model.setTab(tab);
-    show();
+    show(token);
 }
 
-void MainWindowController::show()
+void MainWindowController::show(const QString& token)
 {
     m_forgetting = {};
     if (!isVisible())
@@ -66,10 +66,23 @@ void MainWindowController::show()
         connect(m_window.get(), &MainWindow::closed, this, &MainWindowController::closed, Qt::QueuedConnection);
         place();
     }
+    comeForward(token);
+}
+
+void MainWindowController::comeForward(const QString& token)
+{
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    bool isAdmitted = false;
+    if (!token.isEmpty()) {
+        m_window->winId(); // there is no handle before
+        isAdmitted = m_with.host.admit(*m_window->windowHandle(), token);
+    }
     m_window->show();
     m_window->raise();
-    m_window->activateWindow();
+    if (!isAdmitted)
+        m_window->activateWindow();
+    if (!token.isEmpty())
+        m_with.host.dismiss(token);
 }
 
 void MainWindowController::place()

@@ -19,7 +19,7 @@ class MainWindowController : public QObject {
 public:
     struct Collaborators {
         MainWindowModel& model;
-        const WindowHost& host;
+        WindowHost& host;
         Clock& clock;
         std::function<std::unique_ptr<MainWindow>()> make;
     };
@@ -31,14 +31,16 @@ public:
     MainWindow* window() const { return m_window.get(); } ///< null while it is closed
 
     void toggle();
-    void show(); ///< on the tab it last showed
-    void show(MainTab tab);
+    /// On the tab it last showed. With the token of whoever asked for it the window may take the focus.
+    void show(const QString& token = {});
+    void show(MainTab tab, const QString& token = {});
 
 Q_SIGNALS:
     void forgotten(); ///< the window has been closed for a minute: what it left behind may go
 
 private:
     void place();
+    void comeForward(const QString& token);
     void noteSize();
     void closed();
 

@@ -22,6 +22,9 @@ enum class Atom {
     restackWindow,
     rootPixmap,
     showingDesktop,
+    startupId,
+    startupInfo, ///< goes on with a message
+    startupInfoBegin,
     stateAbove,
     stateBelow,
     stateDemandsAttention,
@@ -47,6 +50,7 @@ enum class Atom {
     typeToolbar,
     typeTooltip,
     typeUtility,
+    userTime,
     utf8String,
     wmDeleteWindow,
     wmDesktop,
