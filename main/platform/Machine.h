@@ -21,6 +21,7 @@ class InputMonitor;
 class LocationSource;
 class LoginItem;
 class PlayerSource;
+class ProgramDoor;
 class ProgramFolder;
 class ProgramLauncher;
 class ReleaseServer;
@@ -60,6 +61,7 @@ public:
         LocationSource& location;
         PlayerSource& players;
         CalendarStore& calendars;
+        ProgramDoor& door;
         QStringList desktopNames; ///< of the running desktop, from the special to the general; may be empty
         std::shared_ptr<ReleaseServer> releases{}; ///< none: nobody offers newer programs
         std::shared_ptr<ProgramFolder> programFolder{}; ///< likewise

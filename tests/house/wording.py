@@ -25,8 +25,8 @@ TECHNICAL = re.compile(
     r"(?:\b(?:qFatal|complain|fprintf|say)\([^;]*|static_assert\([^;]*|\bexpected = |\bstill\(\s*|\bkeptRim\(\s*|\bLayerKey key\(|\bconst QString name = )"
     r"u?$")
 # Faults in stored and fetched data, formats of dates, desktop entries, a kind of device as another service tells it,
-# names of zones in calendars, the mark of theme files.
-FORMAT = re.compile(r"expected |[dMy, ]+$|\[Desktop Entry\]|Ambrelle Theme$|remote control$|Standard Time$|Time \(US")
+# names of zones in calendars, the mark of theme files, words of the message bus and of startup notification.
+FORMAT = re.compile(r"expected |[dMy, ]+$|\[Desktop Entry\]|Ambrelle Theme$|remote control$|Standard Time$|Time \(US|D-Bus Interface$|remove: ID=")
 # Places of nothing but such texts, or of contents where a language would choose its own.
 EXEMPT = {
     "app/": "said in a terminal, before there is a desktop or without one",

@@ -35,6 +35,7 @@ Machine::Ports HeadlessMachine::ports()
         .location = m_live.location,
         .players = m_live.players,
         .calendars = m_live.calendars,
+        .door = m_live.door,
         .desktopNames = {},
     };
 }

@@ -10,6 +10,7 @@
 #include "platform/InputMonitor.h"
 #include "platform/LocationSource.h"
 #include "platform/PlayerSource.h"
+#include "platform/ProgramDoor.h"
 
 namespace ambrelle {
 
@@ -123,6 +124,14 @@ public:
     double metresPerPoint() const override { return usualMetresPerPoint; }
 };
 
+/// A program that nobody calls.
+class HeadlessDoor final : public ProgramDoor {
+public:
+    bool isAvailable() const override { return false; }
+    QString whyNot() const override { return Wording::tr("This mode is not called by other programs."); }
+    void open() override { }
+};
+
 /// A machine that has nothing to tell the live services.
 struct HeadlessPorts {
     HeadlessHttpClient http;
@@ -132,6 +141,7 @@ struct HeadlessPorts {
     HeadlessAnnouncer announcer;
     HeadlessDevices devices;
     HeadlessInputMonitor input;
+    HeadlessDoor door;
 };
 
 } // namespace ambrelle

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/calendar/FolderCalendarStore.h"
+#include "platform/linux/bus/ApplicationDoor.h"
 #include "platform/linux/bus/AssistanceSwitch.h"
 #include "platform/linux/bus/BluezDevices.h"
 #include "platform/linux/bus/BusSessionVisibility.h"
@@ -43,6 +44,7 @@ struct LinuxSystem {
     GeoClueLocation location;
     MprisPlayers players;
     FolderCalendarStore calendars;
+    ApplicationDoor door;
     DesktopAnnouncer announcer;
     BluezDevices bluetooth;
     UPowerDevices power;

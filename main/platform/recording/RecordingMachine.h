@@ -5,6 +5,7 @@
 #include "foundation/ManualClock.h"
 #include "platform/LoginItem.h"
 #include "platform/Machine.h"
+#include "platform/ProgramDoor.h"
 #include "platform/ProgramLauncher.h"
 #include "platform/recording/RecordingAnnouncer.h"
 #include "platform/recording/RecordingAppearance.h"
@@ -83,6 +84,16 @@ public:
     int starts = 0;
 };
 
+/// A way in from outside through which the test comes itself, by the signals.
+class RecordingDoor final : public ProgramDoor {
+public:
+    bool isAvailable() const override { return opens > 0; }
+    QString whyNot() const override { return opens > 0 ? QString() : u"The test has not opened it."_s; }
+    void open() override { ++opens; }
+
+    int opens = 0;
+};
+
 /// A whole machine in the hands of a test.
 class RecordingMachine final : public Machine {
 public:
@@ -103,6 +114,7 @@ public:
     RecordingLocation location;
     RecordingPlayers players;
     RecordingCalendarStore calendars;
+    RecordingDoor door;
     QStringList desktopNames;
 
     Ports ports() override
@@ -125,6 +137,7 @@ public:
             .location = location,
             .players = players,
             .calendars = calendars,
+            .door = door,
             .desktopNames = desktopNames,
         };
     }

@@ -73,6 +73,7 @@ Machine::Ports X11Machine::ports()
         .location = m_system.location,
         .players = m_system.players,
         .calendars = m_system.calendars,
+        .door = m_system.door,
         .desktopNames = m_system.session.names(),
     };
 }
