@@ -7,6 +7,7 @@
 #include "app/UserFolders.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
+#include "platform/ProgramDoor.h"
 #include "platform/WindowHost.h"
 #include "services/ServicePorts.h"
 #include "skins/WallpaperRecipes.h"
@@ -81,6 +82,27 @@ void AppDelegate::start()
         firstLaunch();
     connect(&m_settings, &AppSettings::changed, this, &AppDelegate::settingChanged);
     connect(&m_ports.windows, &WindowHost::screensChanged, this, &AppDelegate::screensChanged);
+}
+
+void AppDelegate::started(const StartRequest& request)
+{
+    if (!request.files.isEmpty() || !request.action.isEmpty())
+        carryOut(request);
+    else if (!request.token.isEmpty())
+        m_ports.windows.dismiss(request.token);
+}
+
+void AppDelegate::openDoor()
+{
+    ProgramDoor& door = m_ports.door;
+    connect(&door, &ProgramDoor::activated, this, [this](const QString& token) { carryOut({.token = token}); });
+    connect(&door, &ProgramDoor::filesGiven, this,
+        [this](const QStringList& files, const QString& token) { carryOut({.files = files, .token = token}); });
+    connect(&door, &ProgramDoor::actionWanted, this, [this](const QString& name, const QString& token) {
+        if (!name.isEmpty())
+            carryOut({.action = name, .token = token});
+    });
+    door.open();
 }
 
 void AppDelegate::settingChanged(const QString& key)

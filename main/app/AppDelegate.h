@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "app/StartRequest.h"
 #include "app/UserInterface.h"
 #include "app/WidgetActions.h"
 #include "app/WindowPictures.h"
@@ -32,8 +33,12 @@ public:
     ~AppDelegate() override;
 
     void start();
-    /// The program was asked to show itself, maybe with theme files.
-    void reopen(const QStringList& files) { m_interface.reopen(files); }
+    /// The widgets stand: what this start is for is carried out, if it is for anything but the widgets.
+    void started(const StartRequest& request);
+    /// Another start or another program asks for something.
+    void carryOut(const StartRequest& request) { m_interface.carryOut(request); }
+    /// From now on other programs can ask.
+    void openDoor();
 
 private:
     void firstLaunch();

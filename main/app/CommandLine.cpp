@@ -2,6 +2,8 @@
 
 #include "app/CommandLine.h"
 
+#include "desktop/QuickMenu.h"
+
 #include <array>
 #include <optional>
 
@@ -17,6 +19,8 @@ struct BatchOption {
     QLatin1StringView flag;
     Mode mode;
 };
+
+constexpr QLatin1StringView actionOption = "--action"_L1;
 
 // In the order in which they are looked for.
 constexpr std::array batchOptions{
@@ -37,6 +41,14 @@ std::optional<Mode> batchMode(const QString& argument)
 bool isSessionOption(const QString& argument)
 {
     return argument == "-session"_L1 || argument == "--session"_L1;
+}
+
+QString actionNames()
+{
+    QStringList names;
+    for (const QuickAction action : allCases<QuickAction>())
+        names.append(rawValue(action));
+    return names.join(u", "_s);
 }
 
 bool isOption(const QString& argument)
@@ -64,6 +76,10 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         if (isSessionOption(word)) {
             desktop.isRestored = true;
             ++i;
+        } else if (word == actionOption) {
+            desktop.action = words.value(++i);
+            if (!ambrelle::parse<QuickAction>(desktop.action))
+                return {.mode = Mode::unknownAction, .option = desktop.action};
         } else if (!isOption(word)) {
             desktop.files.append(word);
         } else if (!batchMode(word)) {
@@ -80,6 +96,10 @@ QString CommandLine::helpText()
     return uR"(Usage: ambrelle [OPTION] [FILE...]
 Live widgets on the desktop, in thirty themes. A program that already runs takes the FILEs over.
 
+  --action NAME               have the program that runs do this, or start it to
+                              do so: open-window, themes, add-widgets, settings,
+                              edit, lock, toggle-focus, skip, reset,
+                              check-for-updates, update or quit
   --render-previews FOLDER    write a picture of every theme into FOLDER and exit
   --render-wallpapers FOLDER  write the wallpaper of every theme into FOLDER and exit
   -h, --help                  show this text and exit
@@ -96,6 +116,12 @@ Settings and widgets are kept in $XDG_CONFIG_HOME/ambrelle/defaults.json.
 QString CommandLine::unknownOptionText(const QString& option)
 {
     return u"ambrelle: unknown option “%1”. Try “ambrelle --help”."_s.arg(option);
+}
+
+QString CommandLine::unknownActionText(const QString& action)
+{
+    const QString problem = action.isEmpty() ? u"“--action” wants a name"_s : u"unknown action “%1”"_s.arg(action);
+    return u"ambrelle: %1. The actions are %2."_s.arg(problem, actionNames());
 }
 
 } // namespace ambrelle

@@ -9,22 +9,24 @@ namespace ambrelle {
 
 /// What the program is asked to do.
 struct CommandLine {
-    enum class Mode { desktop, renderPreviews, renderWallpapers, help, version, unknownOption };
+    enum class Mode { desktop, renderPreviews, renderWallpapers, help, version, unknownOption, unknownAction };
 
     Mode mode = Mode::desktop;
     QString folder; ///< where a batch mode writes
     QStringList files; ///< theme files handed to the desktop, as given
-    QString option; ///< the unknown one
+    QString action; ///< what the desktop is to do, by the name of a QuickAction
+    QString option; ///< the unknown one, or the unknown action; an empty one was not given
     bool isRestored = false; ///< the desktop starts it with the rest of an earlier session
 
     bool operator==(const CommandLine&) const = default;
 
     /// `arguments` without the program's name. Options are exact words; the first one that asks for a mode wins. A
-    /// batch mode that comes last, without its folder, is ignored. After "--" everything is a file. What a session
-    /// manager adds when it starts a program again is understood.
+    /// batch mode that comes last, without its folder, is ignored. Of actions the last one counts. After "--"
+    /// everything is a file. What a session manager adds when it starts a program again is understood.
     static CommandLine parse(const QStringList& arguments);
     static QString helpText();
     static QString unknownOptionText(const QString& option);
+    static QString unknownActionText(const QString& action);
 };
 
 } // namespace ambrelle

@@ -6,8 +6,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QThread>
@@ -33,27 +31,6 @@ constexpr int patience = 5000; // milliseconds that a started message may take
 constexpr char taken = '+'; // the answer to a message
 const QString socketName = u"socket"_s;
 const QString lockName = u"lock"_s;
-
-QByteArray encoded(const QStringList& files)
-{
-    QStringList absolute;
-    for (const QString& file : files)
-        absolute.append(QFileInfo(file).absoluteFilePath());
-    return QJsonDocument(QJsonArray::fromStringList(absolute)).toJson(QJsonDocument::Compact) + '\n';
-}
-
-std::optional<QStringList> decoded(const QByteArray& message)
-{
-    const QJsonDocument document = QJsonDocument::fromJson(message);
-    if (!document.isArray())
-        return std::nullopt;
-    QStringList files;
-    for (const QJsonValue& value : document.array()) {
-        if (value.isString() && QFileInfo(value.toString()).isAbsolute())
-            files.append(value.toString());
-    }
-    return files;
-}
 
 } // namespace
 
@@ -143,19 +120,19 @@ void SingleInstance::read(QLocalSocket* socket)
             socket->abort();
         return;
     }
-    const std::optional<QStringList> files = decoded(socket->readLine());
-    if (!files) {
+    const std::optional<StartRequest> request = StartRequest::decoded(socket->readLine());
+    if (!request) {
         socket->abort();
         return;
     }
     socket->write(&taken, 1);
     socket->disconnectFromServer();
-    Q_EMIT activated(*files);
+    Q_EMIT activated(*request);
 }
 
-bool SingleInstance::handOver(const QStringList& files, int milliseconds)
+bool SingleInstance::handOver(const StartRequest& request, int milliseconds)
 {
-    const QByteArray message = encoded(files);
+    const QByteArray message = request.encoded();
     if (message.size() > longestMessage)
         return false;
     QElapsedTimer time;

@@ -2,8 +2,9 @@
 
 #pragma once
 
+#include "app/StartRequest.h"
+
 #include <QObject>
-#include <QStringList>
 
 #include <memory>
 
@@ -13,7 +14,7 @@ class QLocalSocket;
 namespace ambrelle {
 
 /// Sees to it that one program runs per user and session folder. A lock that dies with its process says who is the
-/// first; the others hand their files to the first over a socket and end.
+/// first; the others hand what they were asked to do to the first over a socket and end.
 class SingleInstance : public QObject {
     Q_OBJECT
 public:
@@ -22,7 +23,7 @@ public:
     enum class Role {
         first,
         second,
-        alone, ///< no private folder could be made: the program runs, but nobody can hand it files
+        alone, ///< no private folder could be made: the program runs, but nobody can hand it anything
     };
 
     /// Takes the lock at once, without an application object, in `folder` (made when missing, for this user only).
@@ -32,9 +33,9 @@ public:
     Role role() const { return m_role; }
     /// The first: hears the others from now on. False when the socket cannot be opened.
     bool listen();
-    /// A second: hands the files over and waits for the answer; false when the first does not take them. Should the
+    /// A second: hands the request over and waits for the answer; false when the first does not take it. Should the
     /// first end meanwhile, this is the first from then on, which the role tells.
-    bool handOver(const QStringList& files, int milliseconds = 5000);
+    bool handOver(const StartRequest& request, int milliseconds = 5000);
     /// The lock lasts as long as the process from now on: nobody else becomes the first while it still flushes.
     void keepLock();
 
@@ -42,8 +43,7 @@ public:
     static QString standardFolder();
 
 Q_SIGNALS:
-    /// Another start of the program; `files` are absolute paths, maybe none.
-    void activated(const QStringList& files);
+    void activated(const StartRequest& request); ///< another start of the program
 
 private:
     bool openFolder() const;

@@ -3,11 +3,13 @@
 #include "app/UserInterface.h"
 
 #include "app/Information.h"
+#include "app/StartRequest.h"
 #include "app/UserFolders.h"
 #include "app/WindowPictures.h"
 #include "model/AppSettings.h"
 #include "platform/SystemAppearance.h"
 #include "platform/TrayPresence.h"
+#include "platform/WindowHost.h"
 #include "window/frame/MainWindow.h"
 #include "window/look/AppLook.h"
 #include "window/WindowMaker.h"
@@ -15,6 +17,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+
+#include <utility>
 
 namespace ambrelle {
 
@@ -55,7 +59,8 @@ ProgramFacts programFacts()
 } // namespace
 
 UserInterface::UserInterface(const Collaborators& with)
-    : m_appearance(with.ports.appearance)
+    : m_host(with.ports.windows)
+    , m_appearance(with.ports.appearance)
     , m_trays(with.ports.trays)
     , m_clock(with.ports.clock)
     , m_quickMenu({.manager = with.manager,
@@ -133,22 +138,37 @@ void UserInterface::showCalendars()
     open(MainTab::settings);
 }
 
-void UserInterface::reopen(const QStringList& files)
+void UserInterface::carryOut(const StartRequest& request)
 {
-    QStringList paths;
-    for (const QString& file : files)
-        paths += QFileInfo(file).absoluteFilePath();
-    m_model.addHandedFiles(paths);
-    open({});
+    m_token = request.token;
+    if (!request.files.isEmpty() || request.action.isEmpty()) {
+        QStringList paths;
+        for (const QString& file : request.files)
+            paths += QFileInfo(file).absoluteFilePath();
+        m_model.addHandedFiles(paths);
+        open({});
+    }
+    if (!request.action.isEmpty())
+        perform(request.action);
+    if (const QString unused = std::exchange(m_token, {}); !unused.isEmpty())
+        m_host.dismiss(unused);
+}
+
+void UserInterface::perform(const QString& action)
+{
+    const auto known = parse<QuickAction>(action);
+    const std::optional<ActionItem> item = known ? m_quickMenu.item(*known) : std::nullopt;
+    if (item && item->handler)
+        item->handler();
 }
 
 void UserInterface::open(std::optional<MainTab> tab)
 {
     followAppearance(); // it may be wanted before the tray is
     if (tab)
-        m_mainWindow.show(*tab);
+        m_mainWindow.show(*tab, std::exchange(m_token, {}));
     else
-        m_mainWindow.show();
+        m_mainWindow.show(std::exchange(m_token, {}));
 }
 
 void UserInterface::followAppearance()

@@ -19,6 +19,7 @@
 
 namespace ambrelle {
 
+struct StartRequest;
 class TrayPresence;
 class UserDefaults;
 class WindowPictures;
@@ -48,13 +49,15 @@ public:
     /// The weather's city and the calendars, where the settings of them are.
     void askForCity();
     void showCalendars();
-    /// The program was started again, maybe with theme files.
-    void reopen(const QStringList& files);
+    /// Opens the files in the main window, then performs the action; opens the window alone when there is neither.
+    void carryOut(const StartRequest& request);
 
 private:
+    void perform(const QString& action);
     void open(std::optional<MainTab> tab);
     void followAppearance();
 
+    WindowHost& m_host;
     SystemAppearance& m_appearance;
     QList<TrayPresence*> m_trays;
     Clock& m_clock;
@@ -71,6 +74,7 @@ private:
     WidgetContextMenu m_widgetMenu;
     WidgetSettings m_widgetSettings;
     StatusItemController m_statusItem;
+    QString m_token; ///< of what is being carried out
     Ticket m_start;
     Ticket m_welcome;
 };

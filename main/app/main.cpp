@@ -10,8 +10,10 @@
 #include "app/Information.h"
 #include "app/SessionEnd.h"
 #include "app/SingleInstance.h"
+#include "app/StartRequest.h"
 #include "app/UserFolders.h"
 #include "app/WordingFile.h"
+#include "desktop/QuickMenu.h"
 #include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
@@ -50,10 +52,10 @@ int complain(const QString& sentence, int status = EXIT_FAILURE)
 }
 
 /// The status to end with; none when the other has just ended, so that this start takes its place.
-std::optional<int> handOver(SingleInstance& instance, const QStringList& files, int& argc, char** argv)
+std::optional<int> handOver(SingleInstance& instance, const StartRequest& request, int& argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    if (instance.handOver(files))
+    if (instance.handOver(request))
         return EXIT_SUCCESS;
     if (instance.role() == SingleInstance::Role::first)
         return std::nullopt;
@@ -73,13 +75,16 @@ Machine::Wishes machineWishes()
 
 int runDesktop(const CommandLine& commandLine, int argc, char** argv)
 {
+    const StartRequest request{commandLine.files, commandLine.action, StartRequest::takeToken()};
     SingleInstance instance;
     if (instance.role() == SingleInstance::Role::second && commandLine.isRestored)
         return EXIT_SUCCESS; // the login item was faster; nobody asked for a window
     if (instance.role() == SingleInstance::Role::second) {
-        if (const std::optional<int> status = handOver(instance, commandLine.files, argc, argv))
+        if (const std::optional<int> status = handOver(instance, request, argc, argv))
             return *status;
     }
+    if (request.action == rawValue(QuickAction::quit))
+        return EXIT_SUCCESS; // nothing runs that could
     instance.keepLock(); // settings are flushed after this function
     const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
     if (!choice.whyNot.isEmpty())
@@ -102,10 +107,11 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
         return complain(u"Ambrelle cannot show widgets on this display."_s);
     AppDelegate delegate(*machine, {UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared()});
     delegate.start();
-    QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::reopen);
-    if (!commandLine.files.isEmpty())
-        delegate.reopen(commandLine.files);
-    // The widgets come first; nobody waits for the socket.
+    QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::carryOut);
+    QMetaObject::invokeMethod(
+        &delegate, [&] { delegate.started(request); }, Qt::QueuedConnection);
+    // The widgets come first; nobody waits for the socket, and hardly anybody for the name.
+    QMetaObject::invokeMethod(&delegate, &AppDelegate::openDoor, Qt::QueuedConnection);
     QMetaObject::invokeMethod(&instance, &SingleInstance::listen, Qt::QueuedConnection);
     const int status = QCoreApplication::exec();
     EndingDeadline::start();
@@ -139,6 +145,8 @@ int main(int argc, char** argv)
         return EXIT_SUCCESS;
     case CommandLine::Mode::unknownOption:
         return complain(CommandLine::unknownOptionText(commandLine.option), wrongUse);
+    case CommandLine::Mode::unknownAction:
+        return complain(CommandLine::unknownActionText(commandLine.option), wrongUse);
     case CommandLine::Mode::renderPreviews:
     case CommandLine::Mode::renderWallpapers: return runBatch(commandLine, argc, argv);
     case CommandLine::Mode::desktop: return runDesktop(commandLine, argc, argv);

@@ -2,11 +2,14 @@
 
 #include "app/CommandLine.h"
 
+#include "desktop/QuickMenu.h"
+
 #include <gtest/gtest.h>
 
 namespace ambrelle {
 namespace {
 
+using namespace Qt::StringLiterals;
 using Mode = CommandLine::Mode;
 
 TEST(CommandLine, ChoosesWhatToDo)
@@ -33,6 +36,12 @@ TEST(CommandLine, ChoosesWhatToDo)
         {"-session 10a_17 a.ambrelle", {.files = {"a.ambrelle"}, .isRestored = true}},
         {"--session", {.isRestored = true}},
         {"-session 10a_17 -x", {.mode = Mode::unknownOption, .option = "-x"}},
+        {"--action edit a.ambrelle", {.files = {"a.ambrelle"}, .action = "edit"}},
+        {"--action edit --action lock", {.action = "lock"}},
+        {"--action Edit", {.mode = Mode::unknownAction, .option = "Edit"}},
+        {"--action --help", {.mode = Mode::help}},
+        {"--action", {.mode = Mode::unknownAction}},
+        {"-- --action edit", {.files = {"--action", "edit"}}},
         {"-- -session 10a_17", {.files = {"-session", "10a_17"}}},
     };
     for (const Case& c : cases) {
@@ -40,6 +49,16 @@ TEST(CommandLine, ChoosesWhatToDo)
         EXPECT_EQ(CommandLine::parse(words), c.expected) << c.words;
     }
     EXPECT_EQ(CommandLine::parse({QString()}), CommandLine()) << "an empty word is no file";
+}
+
+TEST(CommandLine, NamesEveryAction)
+{
+    for (const QuickAction action : allCases<QuickAction>()) {
+        const QString name = rawValue(action);
+        EXPECT_EQ(CommandLine::parse({u"--action"_s, name}).action, name);
+        EXPECT_TRUE(CommandLine::helpText().contains(name)) << qPrintable(name);
+        EXPECT_TRUE(CommandLine::unknownActionText(u"x"_s).contains(name)) << qPrintable(name);
+    }
 }
 
 } // namespace

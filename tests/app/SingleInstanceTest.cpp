@@ -25,20 +25,20 @@ using Role = SingleInstance::Role;
 struct SingleInstanceTest : ::testing::Test {
     QTemporaryDir temporary;
     QString folder = temporary.filePath(u"ambrelle"_s);
-    QList<QStringList> heard;
+    QList<StartRequest> heard;
 
     void hear(SingleInstance& instance)
     {
         QObject::connect(&instance, &SingleInstance::activated, &instance,
-            [this](const QStringList& files) { heard.append(files); });
+            [this](const StartRequest& request) { heard.append(request); });
     }
     /// Runs a second start in a thread of its own, and the first meanwhile.
-    bool second(const QStringList& files) const
+    bool second(const StartRequest& request) const
     {
         std::atomic<int> result = -1;
         std::thread other([&] {
             SingleInstance instance(folder);
-            result = instance.role() == Role::second && instance.handOver(files, 3000);
+            result = instance.role() == Role::second && instance.handOver(request, 3000);
         });
         while (result < 0)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
@@ -57,16 +57,17 @@ struct SingleInstanceTest : ::testing::Test {
     }
 };
 
-TEST_F(SingleInstanceTest, HandsFilesOverAsAbsolutePaths)
+TEST_F(SingleInstanceTest, HandsOverWhatItWasStartedFor)
 {
     SingleInstance first(folder);
     ASSERT_EQ(first.role(), Role::first);
     ASSERT_TRUE(first.listen());
     hear(first);
-    EXPECT_TRUE(second({u"my theme.ambrelle"_s, u"/tmp/\u00E9.ambrelle"_s}));
-    EXPECT_TRUE(second({}));
-    const QList<QStringList> expected{
-        {QDir::current().absoluteFilePath(u"my theme.ambrelle"_s), u"/tmp/\u00E9.ambrelle"_s}, {}};
+    EXPECT_TRUE(second({.files = {u"my theme.ambrelle"_s, u"/tmp/\u00E9.ambrelle"_s}}));
+    EXPECT_TRUE(second({.action = u"edit"_s, .token = u"host_TIME12"_s}));
+    const QList<StartRequest> expected{
+        {.files = {QDir::current().absoluteFilePath(u"my theme.ambrelle"_s), u"/tmp/\u00E9.ambrelle"_s}},
+        {.action = u"edit"_s, .token = u"host_TIME12"_s}};
     EXPECT_EQ(heard, expected);
 }
 
@@ -75,7 +76,7 @@ TEST_F(SingleInstanceTest, WaitsForAFirstThatHasNotOpenedItsSocketYet)
     SingleInstance first(folder);
     hear(first);
     QMetaObject::invokeMethod(&first, &SingleInstance::listen, Qt::QueuedConnection);
-    EXPECT_TRUE(second({u"/a"_s}));
+    EXPECT_TRUE(second({.files = {u"/a"_s}}));
     EXPECT_EQ(heard.size(), 1);
 }
 
@@ -94,7 +95,7 @@ TEST_F(SingleInstanceTest, TakesOverFromAKilledProgramWhateverItLeft)
     EXPECT_EQ(next.role(), Role::first);
     EXPECT_TRUE(next.listen());
     hear(next);
-    EXPECT_TRUE(second({u"/a"_s}));
+    EXPECT_TRUE(second({.files = {u"/a"_s}}));
 }
 
 TEST_F(SingleInstanceTest, FollowsAFirstThatEndsInsteadOfAnswering)
@@ -106,7 +107,7 @@ TEST_F(SingleInstanceTest, FollowsAFirstThatEndsInsteadOfAnswering)
         SingleInstance next(folder);
         ASSERT_EQ(next.role(), Role::second);
         bool handedOver = true;
-        std::thread other([&] { handedOver = next.handOver({u"/a"_s}, 10000); });
+        std::thread other([&] { handedOver = next.handOver({.files = {u"/a"_s}}, 10000); });
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         first.reset();
         other.join();
@@ -124,7 +125,7 @@ TEST_F(SingleInstanceTest, DropsMessagesThatAreNone)
     EXPECT_EQ(send(QByteArray(SingleInstance::longestMessage + 10, '[')), QByteArray());
     EXPECT_TRUE(heard.isEmpty());
     EXPECT_EQ(send("[\"relative\", 7, \"/absolute\"]\n"), "+");
-    EXPECT_EQ(heard, (QList<QStringList>{{u"/absolute"_s}}));
+    EXPECT_EQ(heard, (QList<StartRequest>{{.files = {u"/absolute"_s}}}));
 }
 
 TEST_F(SingleInstanceTest, KeepsToAPrivateFolder)

@@ -225,6 +225,40 @@ TEST_F(StartUp, LooksForTheTrayOnceTheWidgetsArePainted)
     EXPECT_EQ(program.machine.tray.starts, 1);
 }
 
+TEST_F(StartUp, DoesWhatItIsAskedForFromOutside)
+{
+    store({{WidgetKind::clock, Skin::glass}});
+    Program program(defaults);
+    program.delegate.start();
+    RecordingDoor& door = program.machine.door;
+    EXPECT_EQ(door.opens, 0) << "nobody waits for it";
+    program.delegate.openDoor();
+    EXPECT_EQ(door.opens, 1);
+    const auto tokens = [&] { return program.machine.windows.tokens(); };
+    program.delegate.started({});
+    Q_EMIT door.actionWanted(u"explode"_s, {});
+    Q_EMIT door.actionWanted({}, {});
+    Q_EMIT door.actionWanted(u"update"_s, {}); // there is none
+    EXPECT_FALSE(mainWindow());
+    EXPECT_THAT(tokens(), IsEmpty());
+    program.delegate.started({.token = u"t1"_s});
+    Q_EMIT door.actionWanted(u"lock"_s, u"t2"_s);
+    EXPECT_TRUE(program.settings.locked());
+    EXPECT_FALSE(mainWindow());
+    EXPECT_THAT(tokens(), ElementsAre(u"dismiss t1"_s, u"dismiss t2"_s)) << "the desktop waits for a window";
+
+    Q_EMIT door.actionWanted(u"settings"_s, u"t3"_s);
+    ASSERT_TRUE(mainWindow());
+    EXPECT_EQ(mainWindow()->findChild<TabStrip*>()->currentIndex(), static_cast<int>(MainTab::settings));
+    EXPECT_THAT(tokens().mid(2), ElementsAre(u"admit t3"_s, u"dismiss t3"_s));
+    mainWindow()->close();
+    ASSERT_TRUE(waitUntil([] { return mainWindow() == nullptr; }));
+    Q_EMIT door.activated({});
+    EXPECT_TRUE(mainWindow());
+    Q_EMIT door.filesGiven({home.filePath(u"none.ambrelle"_s)}, u"t4"_s);
+    EXPECT_EQ(tokens().size(), 6);
+}
+
 TEST_F(StartUp, QuitsFromItsWindowAndLeavesNothingOpen)
 {
     RecordingMachine machine;
@@ -234,7 +268,7 @@ TEST_F(StartUp, QuitsFromItsWindowAndLeavesNothingOpen)
     {
         AppDelegate delegate(machine, {defaults, settings, accents});
         delegate.start();
-        delegate.reopen({});
+        delegate.carryOut({});
         QAction* quit = nullptr;
         for (QWidget* window : QApplication::topLevelWidgets()) {
             for (auto* menu : window->findChildren<ActionMenu*>()) {
