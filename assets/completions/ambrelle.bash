@@ -1,0 +1,26 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash
+# Completion of ambrelle for bash; the options are those of its help.
+
+_ambrelle() {
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
+    case $before in
+    --render-previews | --render-wallpapers)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -d -- "$word")
+        return
+        ;;
+    esac
+    if [[ $word == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$("${COMP_WORDS[0]}" --help 2>/dev/null |
+            sed -n 's/^  \(-[a-z], \)\{0,1\}\(--[a-z-]*\).*/\2/p')" -- "$word")
+    else
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(
+            compgen -d -- "$word"
+            compgen -f -X '!*.ambrelle' -- "$word"
+        )
+    fi
+}
+
+complete -F _ambrelle ambrelle

@@ -1,0 +1,7 @@
+# SPDX-License-Identifier: MIT
+complete -c ambrelle -f
+complete -c ambrelle -k -a '(__fish_complete_suffix .ambrelle | string match -r ".*(?:/|\\.ambrelle)(?:\\t.*)?\$")'
+complete -c ambrelle -l render-previews -x -a '(__fish_complete_directories)' -d 'Write a picture of every theme and exit'
+complete -c ambrelle -l render-wallpapers -x -a '(__fish_complete_directories)' -d 'Write the wallpaper of every theme and exit'
+complete -c ambrelle -s h -l help -d 'List the options and exit'
+complete -c ambrelle -l version -d 'Show the version and exit'
