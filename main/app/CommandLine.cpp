@@ -70,6 +70,10 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         return {.mode = Mode::help};
     if (words.contains("--version"_L1))
         return {.mode = Mode::version};
+    if (words.contains("--register"_L1))
+        return {.mode = Mode::enterMenu};
+    if (words.contains("--unregister"_L1))
+        return {.mode = Mode::leaveMenu};
     CommandLine desktop;
     for (qsizetype i = 0; i < words.size(); ++i) {
         const QString& word = words.at(i);
@@ -102,6 +106,9 @@ Live widgets on the desktop, in thirty themes. A program that already runs takes
                               check-for-updates, update or quit
   --render-previews FOLDER    write a picture of every theme into FOLDER and exit
   --render-wallpapers FOLDER  write the wallpaper of every theme into FOLDER and exit
+  --register                  put this copy into the desktop's menu of programs,
+                              for this user, and exit
+  --unregister                take it out again and exit
   -h, --help                  show this text and exit
   --version                   show the version and exit
 

@@ -9,7 +9,17 @@ namespace ambrelle {
 
 /// What the program is asked to do.
 struct CommandLine {
-    enum class Mode { desktop, renderPreviews, renderWallpapers, help, version, unknownOption, unknownAction };
+    enum class Mode {
+        desktop,
+        renderPreviews,
+        renderWallpapers,
+        enterMenu,
+        leaveMenu,
+        help,
+        version,
+        unknownOption,
+        unknownAction
+    };
 
     Mode mode = Mode::desktop;
     QString folder; ///< where a batch mode writes

@@ -18,6 +18,7 @@
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
 #include "platform/linux/desktop/Fonts.h"
+#include "platform/linux/desktop/MenuRegistration.h"
 
 #include <QApplication>
 #include <QDir>
@@ -127,6 +128,17 @@ int runBatch(const CommandLine& commandLine, int argc, char** argv)
     return runBatchMode(commandLine);
 }
 
+int runRegistration(CommandLine::Mode mode)
+{
+    const MenuRegistration registration(MenuRegistration::Places::standard());
+    const bool enters = mode == CommandLine::Mode::enterMenu;
+    const MenuRegistration::Outcome outcome = enters ? registration.add() : registration.remove();
+    QTextStream out(stdout);
+    for (const QString& file : outcome.files)
+        out << (enters ? u"wrote "_s : u"removed "_s) << file << '\n';
+    return outcome.fault.isEmpty() ? EXIT_SUCCESS : complain(outcome.fault);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -149,6 +161,8 @@ int main(int argc, char** argv)
         return complain(CommandLine::unknownActionText(commandLine.option), wrongUse);
     case CommandLine::Mode::renderPreviews:
     case CommandLine::Mode::renderWallpapers: return runBatch(commandLine, argc, argv);
+    case CommandLine::Mode::enterMenu:
+    case CommandLine::Mode::leaveMenu: return runRegistration(commandLine.mode);
     case CommandLine::Mode::desktop: return runDesktop(commandLine, argc, argv);
     }
     return EXIT_FAILURE;
