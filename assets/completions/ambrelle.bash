@@ -5,6 +5,13 @@
 _ambrelle() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
     case $before in
+    --action)
+        # The names in the help, between the colon and the next option.
+        mapfile -t COMPREPLY < <(compgen -W "$("${COMP_WORDS[0]}" --help 2>/dev/null |
+            sed -n '/^  --action /,/^  --render/p' | tr '\n' ' ' |
+            sed 's/.*: *//; s/ --render.*//; s/,/ /g; s/ or / /')" -- "$word")
+        return
+        ;;
     --render-previews | --render-wallpapers)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")

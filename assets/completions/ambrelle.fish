@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 complete -c ambrelle -f
 complete -c ambrelle -k -a '(__fish_complete_suffix .ambrelle | string match -r ".*(?:/|\\.ambrelle)(?:\\t.*)?\$")'
+complete -c ambrelle -l action -x -a 'open-window themes add-widgets settings edit lock toggle-focus skip reset check-for-updates update quit' -d 'Have the running program do something'
 complete -c ambrelle -l render-previews -x -a '(__fish_complete_directories)' -d 'Write a picture of every theme and exit'
 complete -c ambrelle -l render-wallpapers -x -a '(__fish_complete_directories)' -d 'Write the wallpaper of every theme and exit'
 complete -c ambrelle -l register -d 'Put this copy into the menu of programs and exit'

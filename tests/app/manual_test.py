@@ -31,6 +31,12 @@ def options():
     return {name: argument.lower() for name, argument in listed}
 
 
+def actions():
+    """Their names, in its help."""
+    (listed,) = re.findall(r"^  --action NAME .*?:(.*?)(?=^  -)", told(PROGRAM, "--help"), re.MULTILINE | re.DOTALL)
+    return re.findall(r"[a-z-]+(?=,|$| or)|(?<=or )[a-z-]+", listed.strip(), re.MULTILINE)
+
+
 def needs(tool):
     return unittest.skipUnless(shutil.which(tool), f"{tool} is not installed")
 
@@ -64,6 +70,7 @@ class Manual(unittest.TestCase):
 
         self.assertEqual(completed("--"), sorted(f"--{name}" for name in self.options))
         self.assertEqual(completed("--render-p"), ["--render-previews"])
+        self.assertEqual(completed("--action", ""), sorted(actions()))
         self.with_files(lambda folder: (
             self.assertEqual(completed("", cwd=folder), ["a theme.ambrelle", "pictures"]),
             self.assertEqual(completed("--render-previews", "p", cwd=folder), ["pictures"])))
@@ -86,6 +93,19 @@ class Manual(unittest.TestCase):
         self.assertTrue(text.startswith("#compdef ambrelle\n"))
         known = {name: bool(argument) for name, argument in re.findall(r"--([\w-]+)}?'?\[[^]]*\](:)?", text)}
         self.assertEqual(known, {name: bool(argument) for name, argument in self.options.items()})
+
+    def test_everybody_knows_the_same_actions(self):
+        names = actions()
+        self.assertLessEqual({"open-window", "quit"}, set(names))
+        page = (ASSETS / "ambrelle.1").read_text()
+        explained = page[page.index(".It Fl -action"):page.index(".It Fl -render-previews")]
+        listed = re.findall(r"[a-z-]+", " ".join(re.findall(r"^\.Cm (.*)", explained, re.MULTILINE)))
+        self.assertEqual(listed, names)
+        for file, pattern in (("_ambrelle", r":action:\((.*?)\)"), ("ambrelle.fish", r"-l action -x -a '(.*?)'")):
+            (known,) = re.findall(pattern, (ASSETS / "completions" / file).read_text())
+            self.assertEqual(known.split(), names, file)
+        entry = (ASSETS / "org.ambrelle.Ambrelle.desktop").read_text()
+        self.assertLessEqual(set(re.findall(r"^Exec=ambrelle --action (.*)", entry, re.MULTILINE)), set(names))
 
     def test_what_the_desktop_starts_is_understood(self):
         entry = (ASSETS / "org.ambrelle.Ambrelle.desktop").read_text()
