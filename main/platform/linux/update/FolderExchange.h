@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/linux/update/FolderJournal.h"
+#include "platform/linux/update/WorkFolder.h"
+
+namespace ambrelle {
+
+/// Two folders on the same file system change places, at once or not at all; on the disk when this gives true. Where it
+/// gives false they are where they were.
+bool exchangeFolders(const QString& first, const QString& second);
+
+/// The former program gets its place back; the journal says from then on that the newer one was rejected. False: that
+/// did not work, and the newer one still stands there.
+bool bringFormerBack(const QString& rootPath, const WorkFolder& folder, FolderJournal journal);
+
+/// The newer program has proved itself. What the user put into the former one's folder is kept, beside the program's
+/// folder and named after both; then nothing leads back any more. False: things are as they were.
+bool confirmNewer(const QString& rootPath, const WorkFolder& folder, const FolderJournal& journal);
+
+/// Whether there are files in the folder of a program that do not belong to it.
+bool hasForeignFiles(const QString& folder);
+
+} // namespace ambrelle

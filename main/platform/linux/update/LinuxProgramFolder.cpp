@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/linux/update/LinuxProgramFolder.h"
+
+#include "platform/linux/kernel/RunningProgram.h"
+#include "platform/linux/update/FolderStaging.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace ambrelle {
+
+LinuxProgramFolder::LinuxProgramFolder(ProgramRoot root, QString rejectedVersion)
+    : m_root(std::move(root))
+    , m_rejectedVersion(std::move(rejectedVersion))
+{
+}
+
+std::shared_ptr<ProgramFolder> LinuxProgramFolder::ofRunningProgram(const QString& rejectedVersion)
+{
+    const std::optional<ProgramRoot> root = ProgramRoot::of(runningProgram());
+    return root ? std::make_shared<LinuxProgramFolder>(*root, rejectedVersion) : nullptr;
+}
+
+bool LinuxProgramFolder::isWritable() const
+{
+    return QFileInfo(m_root.parent()).isWritable();
+}
+
+std::unique_ptr<StagedProgram> LinuxProgramFolder::stage(Purpose purpose)
+{
+    if (purpose == Purpose::rehearsal)
+        return FolderStaging::apart(m_root);
+    std::unique_ptr<WorkFolder> work = m_root.isUnchanged() ? WorkFolder::make(m_root.path) : nullptr;
+    // A journal tells of an exchange that is not settled yet: the way back is not to be cut off.
+    if (!work || QFileInfo::exists(work->journal()))
+        return nullptr;
+    work->clear();
+    return FolderStaging::beside(m_root, std::move(work));
+}
+
+} // namespace ambrelle
