@@ -2,8 +2,10 @@
 
 #include "app/EndingDeadline.h"
 
+#include "app/Relaunch.h"
 #include "foundation/SerialWorker.h"
 #include "foundation/SettingsFile.h"
+#include "platform/linux/update/ProbationGuard.h"
 
 #include <atomic>
 #include <csignal>
@@ -26,6 +28,7 @@ std::atomic<bool> isStarted = false;
 
 void endNow(int)
 {
+    Relaunch::carryOutAtOnce();
     ::_exit(EXIT_SUCCESS);
 }
 
@@ -44,6 +47,7 @@ void EndingDeadline::start()
 {
     if (isStarted.exchange(true))
         return;
+    ProbationGuard::dismiss();
     SerialWorker::limitPatience(shareOfWork);
     if (!isReady)
         return;

@@ -27,6 +27,13 @@ Environment::Environment(const QByteArray& plugin)
     put(platformName, plugin);
 }
 
+Environment::~Environment()
+{
+    const QList<Variable> replaced = m_replaced;
+    for (const Variable& variable : replaced)
+        restore(variable.name);
+}
+
 void Environment::put(const char* name, const QByteArray& value)
 {
     m_replaced.append({name, qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray()});

@@ -13,6 +13,7 @@ class Environment final : public QObject {
 public:
     /// `plugin`: the toolkit's platform plugin to run on.
     explicit Environment(const QByteArray& plugin);
+    ~Environment() override; ///< what is not restored yet is now
 
     /// The platform plugin that the user asks for; empty: none in particular.
     static QByteArray wishedPlugin();

@@ -6,8 +6,10 @@
 #include "app/EndingDeadline.h"
 #include "app/EndingSignals.h"
 #include "app/Environment.h"
+#include "app/FirstStarts.h"
 #include "app/Hosts.h"
 #include "app/Information.h"
+#include "app/Relaunch.h"
 #include "app/SessionEnd.h"
 #include "app/SingleInstance.h"
 #include "app/StartRequest.h"
@@ -19,6 +21,8 @@
 #include "model/ThemeAccent.h"
 #include "platform/linux/desktop/Fonts.h"
 #include "platform/linux/desktop/MenuRegistration.h"
+#include "platform/linux/kernel/RunningProgram.h"
+#include "platform/linux/update/ProbationGuard.h"
 
 #include <QApplication>
 #include <QDir>
@@ -63,7 +67,7 @@ std::optional<int> handOver(SingleInstance& instance, const StartRequest& reques
     return complain(u"Ambrelle is already running, but does not answer."_s);
 }
 
-Machine::Wishes machineWishes()
+Machine::Wishes machineWishes(const FirstStarts& firstStarts)
 {
     const QString folder = UserFolders::wallpapers();
     QDir().mkpath(folder);
@@ -71,11 +75,15 @@ Machine::Wishes machineWishes()
     return {.calendarFolders = defaults.strings(calendarFoldersKey).value_or(QStringList()),
         .keepCalendarFolders = [&defaults](const QStringList& folders) { defaults.set(calendarFoldersKey, folders); },
         .addresses = defaults.strings(addressesKey).value_or(QStringList()),
-        .noteFolder = folder};
+        .noteFolder = folder,
+        .rejectedVersion = firstStarts.rejectedVersion(defaults)};
 }
 
 int runDesktop(const CommandLine& commandLine, int argc, char** argv)
 {
+    ProbationGuard::openStandardDescriptors();
+    const QString program = runningProgram();
+    Relaunch::prepare(program);
     const StartRequest request{commandLine.files, commandLine.action, StartRequest::takeToken()};
     SingleInstance instance;
     if (instance.role() == SingleInstance::Role::second && commandLine.isRestored)
@@ -87,6 +95,7 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     if (request.action == rawValue(QuickAction::quit))
         return EXIT_SUCCESS; // nothing runs that could
     instance.keepLock(); // settings are flushed after this function
+    FirstStarts firstStarts(program, argv);
     const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
     if (!choice.whyNot.isEmpty())
         return complain(choice.whyNot);
@@ -103,11 +112,12 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     EndingDeadline::prepare();
     const EndingSignals signals;
     QObject::connect(&signals, &EndingSignals::received, &application, [] { QCoreApplication::exit(); });
-    const std::unique_ptr<Machine> machine = choice.host.make(machineWishes());
+    const std::unique_ptr<Machine> machine = choice.host.make(machineWishes(firstStarts));
     if (!machine)
         return complain(u"Ambrelle cannot show widgets on this display."_s);
     AppDelegate delegate(*machine, {UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared()});
     delegate.start();
+    firstStarts.proceed(machine->ports().clock, UserDefaults::shared());
     QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::carryOut);
     QMetaObject::invokeMethod(
         &delegate, [&] { delegate.started(request); }, Qt::QueuedConnection);
@@ -115,6 +125,9 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     QMetaObject::invokeMethod(&delegate, &AppDelegate::openDoor, Qt::QueuedConnection);
     QMetaObject::invokeMethod(&instance, &SingleInstance::listen, Qt::QueuedConnection);
     const int status = QCoreApplication::exec();
+    firstStarts.end();
+    if (status == relaunchStatus)
+        Relaunch::arrange();
     EndingDeadline::start();
     return status;
 }
@@ -163,7 +176,12 @@ int main(int argc, char** argv)
     case CommandLine::Mode::renderWallpapers: return runBatch(commandLine, argc, argv);
     case CommandLine::Mode::enterMenu:
     case CommandLine::Mode::leaveMenu: return runRegistration(commandLine.mode);
-    case CommandLine::Mode::desktop: return runDesktop(commandLine, argc, argv);
+    case CommandLine::Mode::desktop: {
+        const int status = runDesktop(commandLine, argc, argv);
+        if (status == relaunchStatus)
+            Relaunch::carryOut();
+        return status;
+    }
     }
     return EXIT_FAILURE;
 }

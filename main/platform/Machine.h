@@ -40,6 +40,7 @@ public:
         std::function<void(const QStringList& folders)> keepCalendarFolders{}; ///< called when the user changes them
         QStringList addresses; ///< the user's, of mail: tells which invitations were declined
         QString noteFolder; ///< exists; takes notes on what the desktop itself cannot tell
+        QString rejectedVersion{}; ///< of the program: it did not get through its first start here
     };
 
     /// Every port there is. They live as long as the machine; nothing is opened or asked before somebody asks them.

@@ -20,6 +20,7 @@ LinuxSystem::LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture
     , programs(session.names())
     , loginItem(runningProgram())
     , desktopPicture(chooseDesktopPicture(session, wishes.noteFolder, hostsPicture))
+    , programFolder(LinuxProgramFolder::ofRunningProgram(wishes.rejectedVersion))
 {
     QObject::connect(&routes, &RouteWatch::wayOutCame, &http, &HttpClient::networkCame);
     setYieldToOthers(lowerThreadPriority);

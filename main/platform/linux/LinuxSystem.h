@@ -20,6 +20,7 @@
 #include "platform/linux/kernel/LinuxSources.h"
 #include "platform/linux/kernel/RouteWatch.h"
 #include "platform/linux/kernel/SystemClock.h"
+#include "platform/linux/update/LinuxProgramFolder.h"
 #include "platform/Machine.h"
 #include "platform/network/QtHttpClient.h"
 
@@ -51,6 +52,7 @@ struct LinuxSystem {
     DesktopPrograms programs;
     AutostartEntry loginItem;
     std::unique_ptr<DesktopPicture> desktopPicture;
+    std::shared_ptr<ProgramFolder> programFolder; ///< none: the program is not to be replaced here
 };
 
 } // namespace ambrelle

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "foundation/SerialWorker.h"
+#include "foundation/Ticket.h"
+#include "platform/linux/update/Probation.h"
+
+#include <QObject>
+
+#include <chrono>
+#include <memory>
+
+namespace ambrelle {
+
+class Clock;
+class UserDefaults;
+
+/// Sees the program through its first starts in the place of a former version, and clears away what updates leave.
+class FirstStarts : public QObject {
+    Q_OBJECT
+public:
+    /// A version that has run for so long gets through.
+    static constexpr std::chrono::seconds probationTime{10};
+
+    /// Before there are threads, and once it is known that nobody else shows widgets. The process may become another
+    /// one here, with the same arguments. `program` is the running file.
+    FirstStarts(QString program, char** arguments);
+    ~FirstStarts() override; ///< an orderly end
+
+    /// The version that did not get through its first start here, also at an earlier start; empty when none did.
+    QString rejectedVersion(UserDefaults& defaults) const;
+    /// The widgets stand.
+    void proceed(Clock& clock, UserDefaults& defaults);
+    /// The program ends because somebody asked it to: whatever happens now is no crash.
+    void end();
+
+private:
+    void settle();
+
+    const QString m_program;
+    const QString m_version;
+    Probation::Found m_found;
+    Ticket m_confirmation;
+    std::unique_ptr<SerialWorker> m_worker; // not before there is something to do
+};
+
+} // namespace ambrelle
