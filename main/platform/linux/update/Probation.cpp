@@ -41,7 +41,8 @@ bool isCopyThere(const WorkFolder& work, const FolderJournal& journal)
 }
 
 /// Gives the former version its place back and becomes it. Returns only where that fails.
-Found rollBack(const ProgramRoot& root, std::unique_ptr<WorkFolder> work, FolderJournal journal, char** arguments)
+Found rollBack(
+    const ProgramRoot& root, std::unique_ptr<WorkFolder> work, const FolderJournal& journal, char** arguments)
 {
     if (!isCopyThere(*work, journal)) {
         FolderJournal::remove(*work);
