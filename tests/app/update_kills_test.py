@@ -3,8 +3,8 @@
 """Kills an update at every step: update_kills_test.py PROGRAM REPLACEMENT HELPER [ROUNDS [STRIDE [SEED]]].
 
 At each call of the system that changes anything, of every process that takes part: the former version, the helper
-that unpacks, the newer version and its guard, with a newer version that works and with one that crashes. Calls that are
-made hundreds of times are tried in steps of STRIDE. And ROUNDS times at random moments, every other time all of them at once. Afterwards
+that unpacks, the newer version, its guard and the start after it, with a newer version that works and with one that crashes. With a STRIDE
+of 1 every call is tried, but those that are made hundreds of times; else one in as many. And ROUNDS times at random moments, every other time all of them at once. Afterwards
 one of the two versions stands in the folder, whole, and the next starts leave nothing behind.
 """
 import contextlib
@@ -23,18 +23,19 @@ from installed import OLD, Archive, Installed, digest, lay_out
 from program import PATIENCE, wait_for
 
 ROUNDS = int(sys.argv[4]) if len(sys.argv) > 4 else 8
-STRIDE = int(sys.argv[5]) if len(sys.argv) > 5 else 150
+STRIDE = int(sys.argv[5]) if len(sys.argv) > 5 else 5
 SEED = int(sys.argv[6]) if len(sys.argv) > 6 else random.randrange(10**6)
 RARE = ["mkdir", "rename", "renameat2", "fsync", "syncfs", "unlink", "rmdir", "execve", "setsid", "socketpair"]
 FREQUENT = ["openat", "write"]
 dice = random.Random(SEED)
 
 
-def live(session, archive, call, count, is_crashing):
-    """One update under the eyes of a tracer that kills whoever makes that call for that time. Whether it killed."""
+def live(session, command, call, count, is_crashing=False):
+    """One life of a program under the eyes of a tracer that kills whoever makes that call for that time. Whether it
+    killed."""
     log = session.home / "trace"
     tracer = session.run(["strace", "-f", "-q", "-o", log, "-e", f"trace={call}", "-e",
-                          f"inject={call}:signal=KILL:when={count}", "env", *session.command(archive)])
+                          f"inject={call}:signal=KILL:when={count}", "env", *command])
     told = set()
     end = time.monotonic() + PATIENCE
     while tracer.poll() is None:
@@ -52,12 +53,13 @@ def at_every_call(template, archive):
     whole, runs, kills = digest(template), 0, 0
     for call in RARE + FREQUENT:
         for is_crashing in (False, True):
-            count, stride = 1, STRIDE if call in FREQUENT else 1
+            stride = STRIDE * (40 if call in FREQUENT else 1)
+            count = 1 + dice.randrange(stride)
             while True:
                 session = Installed(template)
                 session.env["QT_QPA_PLATFORM"] = "offscreen"
                 try:
-                    killed = live(session, archive, call, count, is_crashing)
+                    killed = live(session, session.command(archive), call, count, is_crashing)
                     session.check(whole, archive.whole)
                 except BaseException:
                     print(call, count, is_crashing, (session.home / "output").read_text(), file=sys.stderr)
@@ -67,9 +69,9 @@ def at_every_call(template, archive):
                 runs, kills = runs + 1, kills + killed
                 if not killed:
                     break
-                count += stride if stride == 1 else 1 + dice.randrange(2 * stride - 1)
-            print(f"{call}{', crashing' if is_crashing else ''}: {count - 1 if stride == 1 else count}", flush=True)
-    assert kills > 20, "the tracer does not kill"
+                count += 1 + dice.randrange(2 * stride - 1)
+            print(f"{call}{', with a crash' if is_crashing else ''}: up to {count}", flush=True)
+    assert kills > 10 // STRIDE, "the tracer does not kill"
     print(f"killed at {kills} calls in {runs} lives", flush=True)
 
 
@@ -87,7 +89,8 @@ def at_every_call_of_the_guard(template, archive):
     """Which makes the same calls as the others, but later: it has to have a tracer of its own."""
     whole, kills = digest(template), 0
     for call in ("openat", "fsync", "rename", "renameat2", "write", "execve"):
-        for count in range(1, 100):
+        count = 1 + dice.randrange(STRIDE)
+        while True:
             session = Installed(template)
             session.env["QT_QPA_PLATFORM"] = "offscreen"
             log = session.home / "trace"
@@ -110,10 +113,38 @@ def at_every_call_of_the_guard(template, archive):
                 raise
             finally:
                 session.close()
-            if not killed or call == "openat" and count > 20:
+            if not killed:
                 break
-    assert kills > 8, "the tracer does not kill"
-    print(f"killed the guard at {kills} calls")
+            stride = STRIDE * (5 if call in FREQUENT else 1)
+            count += 1 + dice.randrange(2 * stride - 1)
+    assert kills > 10 // STRIDE, "the tracer does not kill"
+    print(f"killed the guard at {kills} calls", flush=True)
+
+
+def at_every_call_of_the_next_start(template, archive):
+    """Which removes the former version, and ends before that is done as well as after it."""
+    kills = 0
+    for call in ("unlink", "rmdir", "unlinkat", "fsync"):
+        count = 1 + dice.randrange(STRIDE)
+        while True:
+            session = Installed(template)
+            session.env["QT_QPA_PLATFORM"] = "offscreen"
+            try:
+                session.run(session.command(archive))
+                session.quit(wait_for("newer version", session.running))
+                assert not session.is_tidy()
+                killed = live(session, [session.program], call, count)
+                session.check(archive.whole)
+                kills += killed
+            except BaseException:
+                print("next start", call, count, (session.home / "output").read_text(), file=sys.stderr)
+                raise
+            finally:
+                session.close()
+            if not killed:
+                break
+            count += 1 + dice.randrange(2 * STRIDE - 1)
+    print(f"killed the next start at {kills} calls", flush=True)
 
 
 def at_random_moments(template, archive):
@@ -145,7 +176,7 @@ def at_random_moments(template, archive):
         finally:
             session.close()
     print(f"killed {ROUNDS + 1} times within {longest:.1f} s: {found[whole]} times the former version stood there, "
-          f"{found[archive.whole]} times the newer one")
+          f"{found[archive.whole]} times the newer one", flush=True)
 
 
 def main():
@@ -160,6 +191,7 @@ def main():
     archive = Archive(shop)
     at_random_moments(template, archive)
     at_every_call_of_the_guard(template, archive)
+    at_every_call_of_the_next_start(template, archive)
     at_every_call(template, archive)
     shutil.rmtree(shop)
 

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+
+#include "app/Relaunch.h"
+#include "app/EndingDeadline.h"
+#include "app/Environment.h"
+#include "support/TestFolder.h"
+#include "support/Variable.h"
+
+#include <string>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace ambrelle {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(RelaunchTest, AnEndThatHangsIsCutShortByIt)
+{
+    const TestFolder folder;
+    const QString program = folder.writeScript(u"Ambrelle/bin/ambrelle"_s,
+        "while read -r name mask; do [ $name = SigBlk: ] && echo $# $$ $mask; done < /proc/$$/status > \"$0.told\"\n:");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        Relaunch::prepare(program);
+        EndingDeadline::prepare();
+        Relaunch::arrange();
+        EndingDeadline::start();
+        while (true)
+            ::pause();
+    }
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(folder.read(u"Ambrelle/bin/ambrelle.told"_s).toStdString(),
+        "0 " + std::to_string(child) + " 0000000000000000\n");
+}
+
+TEST(RelaunchTest, WhatTheToolkitWasToldIsUntold)
+{
+    const test::Variable set("QT_QPA_UPDATE_IDLE_TIME", "7");
+    const test::Variable other("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("QT_XCB_GL_INTEGRATION");
+    {
+        Environment environment("xcb");
+        EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "xcb");
+        EXPECT_NE(qgetenv("QT_QPA_UPDATE_IDLE_TIME"), "7");
+        environment.restore(); // and no window was ever painted
+    }
+    EXPECT_EQ(qgetenv("QT_QPA_UPDATE_IDLE_TIME"), "7");
+    EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "offscreen");
+    EXPECT_FALSE(qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"));
+}
+
+} // namespace
+} // namespace ambrelle
