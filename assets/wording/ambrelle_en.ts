@@ -95,6 +95,13 @@
         <translation>Couldn't find “%1”. Try another name from the More menu.</translation>
     </message>
     <message numerus="yes">
+        <source>%n minutes ago</source>
+        <translation>
+            <numerusform>%n minute ago</numerusform>
+            <numerusform>%n minutes ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n hours ago</source>
         <translation>
             <numerusform>%n hour ago</numerusform>

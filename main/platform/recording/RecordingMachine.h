@@ -16,6 +16,8 @@
 #include "platform/recording/RecordingInputMonitor.h"
 #include "platform/recording/RecordingLocation.h"
 #include "platform/recording/RecordingPlayers.h"
+#include "platform/recording/RecordingProgramFolder.h"
+#include "platform/recording/RecordingReleaseServer.h"
 #include "platform/recording/RecordingSessionVisibility.h"
 #include "platform/recording/RecordingSources.h"
 #include "platform/recording/RecordingWindowHost.h"
@@ -116,6 +118,8 @@ public:
     RecordingCalendarStore calendars;
     RecordingDoor door;
     QStringList desktopNames;
+    std::shared_ptr<RecordingReleaseServer> releases = std::make_shared<RecordingReleaseServer>();
+    std::shared_ptr<RecordingProgramFolder> programFolder = std::make_shared<RecordingProgramFolder>();
 
     Ports ports() override
     {
@@ -139,6 +143,8 @@ public:
             .calendars = calendars,
             .door = door,
             .desktopNames = desktopNames,
+            .releases = releases,
+            .programFolder = programFolder,
         };
     }
 };
