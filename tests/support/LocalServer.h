@@ -4,6 +4,7 @@
 
 #include "support/WaitUntil.h"
 
+#include <QByteArrayList>
 #include <QCoreApplication>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -51,18 +52,42 @@ public:
         };
     }
 
+    /// Those bytes and nothing else; the connection stays.
+    static Play raw(const QByteArray& bytes)
+    {
+        return [bytes](QTcpSocket& socket) { socket.write(bytes); };
+    }
+    /// Sends the body in drops of two bytes.
+    static Play dripping(const QByteArray& head, const QByteArray& body)
+    {
+        return [head, body](QTcpSocket& socket) {
+            socket.write(head);
+            auto* drip = new QTimer(&socket);
+            QObject::connect(drip, &QTimer::timeout, &socket, [&socket, body, sent = qsizetype{0}]() mutable {
+                socket.write(body.mid(sent, 2));
+                sent += 2;
+            });
+            drip->start(20);
+        };
+    }
+
     Play play = answer({}); ///< what every request is answered with
     QList<QByteArray> targets; ///< path and query of all requests, as they came
+    QByteArrayList headers; ///< of the last request, as they came
 
 private:
     void hear(QTcpSocket& socket)
     {
         while (socket.canReadLine()) {
             const QByteArray line = socket.readLine().trimmed();
-            if (line.startsWith("GET "))
+            if (line.startsWith("GET ")) {
                 targets.append(line.split(' ').at(1));
-            else if (line.isEmpty())
+                headers.clear();
+            } else if (!line.isEmpty()) {
+                headers.append(line);
+            } else {
                 play(socket);
+            }
         }
     }
 

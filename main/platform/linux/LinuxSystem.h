@@ -22,6 +22,7 @@
 #include "platform/linux/kernel/SystemClock.h"
 #include "platform/linux/update/LinuxProgramFolder.h"
 #include "platform/Machine.h"
+#include "platform/network/HttpsReleaseServer.h"
 #include "platform/network/QtHttpClient.h"
 
 namespace ambrelle {
@@ -41,6 +42,7 @@ struct LinuxSystem {
     SessionInputMonitor input; ///< for hosts that cannot see the pointer outside their windows
     StatusNotifierTray tray;
     QtHttpClient http;
+    std::shared_ptr<ReleaseServer> releases = std::make_shared<HttpsReleaseServer>();
     RouteWatch routes;
     GeoClueLocation location;
     MprisPlayers players;

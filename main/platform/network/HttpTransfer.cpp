@@ -3,6 +3,7 @@
 #include "platform/network/HttpTransfer.h"
 
 #include "foundation/Wording.h"
+#include "platform/network/BareRequest.h"
 
 #include <QHostInfo>
 #include <QNetworkReply>
@@ -16,25 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int mostRedirects = 5;
-
 bool isThisMachine(const QString& host)
 {
     return host == "localhost"_L1 || QHostAddress(host).isLoopback();
-}
-
-QNetworkRequest requestFor(const QUrl& url)
-{
-    QNetworkRequest request(url);
-    request.setHeader(QNetworkRequest::UserAgentHeader, u"Ambrelle"_s);
-    // Followed here, one request each: the module's own way loses the answer when the server closes the connection.
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    // Single documents gain nothing by it.
-    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-    for (const auto attribute : {QNetworkRequest::CookieLoadControlAttribute,
-             QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::AuthenticationReuseAttribute})
-        request.setAttribute(attribute, QNetworkRequest::Manual);
-    return request;
 }
 
 } // namespace
@@ -69,7 +54,7 @@ void HttpTransfer::request(const QUrl& url)
     m_reply = nullptr;
     m_addresses.clear();
     if (!m_mayConnect)
-        send(requestFor(url));
+        send(bareRequest(url));
     else if (const QHostAddress literal(url.host()); !literal.isNull())
         QMetaObject::invokeMethod( // an answer always comes later
             this, [this, literal] { choose({literal}); }, Qt::QueuedConnection);
@@ -108,7 +93,7 @@ bool HttpTransfer::connectToNext()
         return false;
     QUrl target = m_url;
     target.setHost(m_addresses.takeFirst().toString());
-    QNetworkRequest request = requestFor(target);
+    QNetworkRequest request = bareRequest(target);
     request.setPeerVerifyName(m_url.host());
     request.setRawHeader("Host", m_url.authority(QUrl::FullyEncoded).section(u'@', -1).toLatin1());
     send(request);

@@ -75,6 +75,7 @@ Machine::Ports X11Machine::ports()
         .calendars = m_system.calendars,
         .door = m_system.door,
         .desktopNames = m_system.session.names(),
+        .releases = m_system.releases,
         .programFolder = m_system.programFolder,
     };
 }

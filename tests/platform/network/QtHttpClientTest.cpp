@@ -4,16 +4,9 @@
 
 #include "platform/network/HttpTransfer.h"
 #include "support/AnswerOf.h"
-#include "support/LocalServer.h"
+#include "support/SecureServer.h"
 
-#include <QFile>
 #include <QNetworkInterface>
-#include <QProcess>
-#include <QSslConfiguration>
-#include <QSslKey>
-#include <QSslServer>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 
 namespace ambrelle {
 
@@ -35,25 +28,6 @@ HttpAnswer fetchPublic(HttpClient& client, const QUrl& url)
 {
     QObject context;
     return answerOf<HttpAnswer>([&](const auto& take) { client.getPublic(url, mostBytes, &context, take); });
-}
-
-LocalServer::Play raw(const QByteArray& bytes)
-{
-    return [bytes](QTcpSocket& socket) { socket.write(bytes); };
-}
-
-/// Sends the body in drops of two bytes.
-LocalServer::Play dripping(const QByteArray& head, const QByteArray& body)
-{
-    return [head, body](QTcpSocket& socket) {
-        socket.write(head);
-        auto* drip = new QTimer(&socket);
-        QObject::connect(drip, &QTimer::timeout, &socket, [&socket, body, sent = qsizetype{0}]() mutable {
-            socket.write(body.mid(sent, 2));
-            sent += 2;
-        });
-        drip->start(20);
-    };
 }
 
 LocalServer::Play packed(const QByteArray& body)
@@ -139,12 +113,14 @@ TEST(QtHttpClientTest, AnswersWithTheBodyOrASentence)
     };
     const Case cases[] = {
         {"a document", LocalServer::answer("{}"), {"{}", {}}},
-        {"a document in drops", dripping(head + "Content-Length: 8\r\n\r\n", "[1, 2,3]"), {"[1, 2,3]", {}}},
+        {"a document in drops", LocalServer::dripping(head + "Content-Length: 8\r\n\r\n", "[1, 2,3]"),
+            {"[1, 2,3]", {}}},
         {"a body as large as allowed", LocalServer::answer(full), {full, {}}},
         {"a larger one, announced", LocalServer::answer(full + 'x'), {{}, u"The server's answer is too large."_s}},
-        {"announced huge, and nothing comes", raw(head + "Content-Length: 999999999999\r\n\r\n"),
+        {"announced huge, and nothing comes", LocalServer::raw(head + "Content-Length: 999999999999\r\n\r\n"),
             {{}, u"The server did not answer in time."_s}},
-        {"a larger one, not announced", raw(head + "\r\n" + full + full), {{}, u"The server's answer is too large."_s}},
+        {"a larger one, not announced", LocalServer::raw(head + "\r\n" + full + full),
+            {{}, u"The server's answer is too large."_s}},
         {"a packed document", packed("[1]"), {"[1]", {}}},
         {"a small pack of much", packed(QByteArray(8'000'000, ' ')), {{}, u"The server's answer is too large."_s}},
         {"a way that leads nowhere", LocalServer::answer("?", "302 Found"),
@@ -154,7 +130,7 @@ TEST(QtHttpClientTest, AnswersWithTheBodyOrASentence)
         {"a demand for a password", LocalServer::answer({}, "401 No", "WWW-Authenticate: Basic realm=\"x\"\r\n"),
             {{}, u"The server answered with error 401."_s}},
         {"silence", [](QTcpSocket&) {}, {{}, u"The server did not answer in time."_s}},
-        {"half a document, then silence", raw(head + "Content-Length: 10\r\n\r\n12345"),
+        {"half a document, then silence", LocalServer::raw(head + "Content-Length: 10\r\n\r\n12345"),
             {{}, u"The server did not answer in time."_s}},
         {"half a document, then the end",
             [&](QTcpSocket& socket) {
@@ -166,8 +142,10 @@ TEST(QtHttpClientTest, AnswersWithTheBodyOrASentence)
             {{}, u"The server points to an address that is not secure."_s}},
         {"a way to a file", LocalServer::answer({}, "302 Found", "Location: file:///etc/passwd\r\n"),
             {{}, u"The server points to an address that is not secure."_s}},
-        {"drops for many seconds", dripping(head + "\r\n", full + full), {{}, u"The server did not answer in time."_s}},
-        {"no HTTP at all", raw("SSH-2.0-Server\r\n"), {{}, u"The server 127.0.0.1 broke the connection off."_s}},
+        {"drops for many seconds", LocalServer::dripping(head + "\r\n", full + full),
+            {{}, u"The server did not answer in time."_s}},
+        {"no HTTP at all", LocalServer::raw("SSH-2.0-Server\r\n"),
+            {{}, u"The server 127.0.0.1 broke the connection off."_s}},
     };
     LocalServer server;
     QtHttpClient patient(60s);
@@ -236,47 +214,8 @@ TEST(QtHttpClientTest, HoldsNothingOnceItIsIdle)
     EXPECT_TRUE(client.isIdle());
 }
 
-/// A server with a certificate of its own making.
-class SecureHttpTest : public ::testing::Test {
+class SecureHttpTest : public SecureServerTest {
 protected:
-    void SetUp() override
-    {
-        const QString openssl = QStandardPaths::findExecutable(u"openssl"_s);
-        if (openssl.isEmpty() || !QSslSocket::supportsSsl())
-            GTEST_SKIP() << "openssl is not installed";
-        const QString key = folder.filePath(u"key"_s);
-        const QString certificate = folder.filePath(u"certificate"_s);
-        ASSERT_EQ(QProcess::execute(openssl,
-                      {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s, u"ec_paramgen_curve:prime256v1"_s,
-                          u"-nodes"_s, u"-subj"_s, u"/CN=localhost"_s, u"-addext"_s, u"subjectAltName=IP:127.0.0.1"_s,
-                          u"-days"_s, u"2"_s, u"-keyout"_s, key, u"-out"_s, certificate}),
-            0);
-        QFile keyFile(key);
-        ASSERT_TRUE(keyFile.open(QIODevice::ReadOnly));
-        certificates = QSslCertificate::fromPath(certificate);
-        ASSERT_EQ(certificates.size(), 1);
-        QSslConfiguration configuration;
-        configuration.setPrivateKey(QSslKey(&keyFile, QSsl::Ec));
-        configuration.setLocalCertificate(certificates.first());
-        auto server = std::make_unique<QSslServer>();
-        server->setSslConfiguration(configuration);
-        secure = std::make_unique<LocalServer>(std::move(server), u"https"_s);
-        secure->play = LocalServer::answer("safe");
-    }
-    void TearDown() override { QSslConfiguration::setDefaultConfiguration(before); }
-
-    void trust()
-    {
-        QSslConfiguration configuration = before;
-        configuration.addCaCertificates(certificates);
-        QSslConfiguration::setDefaultConfiguration(configuration);
-    }
-
-    QTemporaryDir folder;
-    QList<QSslCertificate> certificates;
-    QSslConfiguration before = QSslConfiguration::defaultConfiguration();
-    std::unique_ptr<LocalServer> secure;
-    LocalServer plain;
     QtHttpClient client{60s};
 };
 
