@@ -4,6 +4,7 @@
 
 #include "app/FaceActions.h"
 #include "app/Information.h"
+#include "app/Relaunch.h"
 #include "app/UserFolders.h"
 #include "model/AppSettings.h"
 #include "model/ThemeAccent.h"
@@ -39,9 +40,15 @@ ImageDiskCache thumbnailCache()
     return {UserFolders::previews(), Information::read().build};
 }
 
+StagedProgram::Identity runningProgramIdentity()
+{
+    const Information information = Information::read();
+    return {information.identifier, information.version};
+}
+
 } // namespace
 
-AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
+AppDelegate::AppDelegate(Machine& machine, const Stores& stores, const Updater::Trust& updates)
     : m_ports(machine.ports())
     , m_settings(stores.settings)
     , m_monitor(m_ports.sources, m_ports.clock)
@@ -57,8 +64,15 @@ AppDelegate::AppDelegate(Machine& machine, const Stores& stores)
     , m_shuffle(m_wallpaper)
     , m_automation(m_settings, m_monitor, m_ports.clock, [this] { m_shuffle.shuffle(m_settings.customWallpapers()); })
     , m_follower(m_ports.appearance, m_settings, m_manager, m_wallpaper, m_ports.clock)
+    , m_updater({.settings = m_settings,
+                    .clock = m_ports.clock,
+                    .server = m_ports.releases,
+                    .folder = m_ports.programFolder,
+                    .isInUse = [this] { return isInUse(); },
+                    .relaunch = [] { QCoreApplication::exit(relaunchStatus); }},
+          updates, runningProgramIdentity())
     , m_interface({stores.defaults, m_settings, stores.accents, m_ports, m_manager, m_wallpaper, m_pictures, m_monitor,
-          m_services, m_feed})
+          m_services, m_feed, m_updater})
 {
 }
 
@@ -76,6 +90,7 @@ void AppDelegate::start()
     m_interface.start();
     m_automation.start();
     m_follower.start();
+    m_updater.start();
     if (m_settings.hasLaunchedBefore())
         m_wallpaper.restore([this](Skin skin) { return m_follower.fitting(skin); });
     else
@@ -103,6 +118,12 @@ void AppDelegate::openDoor()
             carryOut({.action = name, .token = token});
     });
     door.open();
+}
+
+/// A restart would take something away from who sits there.
+bool AppDelegate::isInUse() const
+{
+    return m_interface.isWindowVisible() || m_services.focus.isRunning();
 }
 
 void AppDelegate::settingChanged(const QString& key)

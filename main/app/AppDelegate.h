@@ -13,6 +13,7 @@
 #include "services/Automation.h"
 #include "services/LiveServices.h"
 #include "services/SystemMonitor.h"
+#include "updates/Updater.h"
 #include "wallpapers/DesktopWallpaper.h"
 #include "wallpapers/WallpaperShuffle.h"
 
@@ -28,8 +29,8 @@ public:
         ThemeAccent& accents;
     };
 
-    /// The machine and the stores outlive the application.
-    AppDelegate(Machine& machine, const Stores& stores);
+    /// The machine and the stores outlive the application. `updates` says whom to believe about newer releases.
+    AppDelegate(Machine& machine, const Stores& stores, const Updater::Trust& updates = {});
     ~AppDelegate() override;
 
     void start();
@@ -44,6 +45,7 @@ private:
     void firstLaunch();
     void screensChanged();
     void settingChanged(const QString& key);
+    bool isInUse() const;
     void clicked(const WidgetController& widget, const FaceAction& action);
 
     const Machine::Ports m_ports;
@@ -59,6 +61,7 @@ private:
     WallpaperShuffle m_shuffle;
     Automation m_automation;
     AppearanceFollower m_follower;
+    Updater m_updater;
     UserInterface m_interface;
 };
 

@@ -50,6 +50,7 @@ Information Information::read()
     information.identifier = values.value(u"identifier"_s).toString(information.identifier);
     information.version = values.value(u"version"_s).toString(information.version);
     information.build = values.value(u"build"_s).toInt();
+    information.updateFeed = values.value(u"AMUpdateFeedURL"_s).toString();
     const QJsonObject addresses = values.value(u"addresses"_s).toObject();
     information.forecastBase =
         qEnvironmentVariable("AMBRELLE_FORECAST_BASE", addresses.value(u"forecast"_s).toString());

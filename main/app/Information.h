@@ -13,6 +13,7 @@ struct Information {
     int build = 0;
     QString forecastBase; ///< addresses of the weather's endpoints; empty: the usual ones
     QString geocodingBase;
+    QString updateFeed; ///< where newer releases are told of; empty: this copy is updated by others
 
     /// Of the running program; the version alone where the file is missing. The environment variables
     /// AMBRELLE_FORECAST_BASE and AMBRELLE_GEOCODING_BASE stand above the file's addresses.

@@ -10,6 +10,7 @@
 #include "platform/SystemAppearance.h"
 #include "platform/TrayPresence.h"
 #include "platform/WindowHost.h"
+#include "updates/Updater.h"
 #include "window/frame/MainWindow.h"
 #include "window/look/AppLook.h"
 #include "window/WindowMaker.h"
@@ -63,12 +64,14 @@ UserInterface::UserInterface(const Collaborators& with)
     , m_appearance(with.ports.appearance)
     , m_trays(with.ports.trays)
     , m_clock(with.ports.clock)
+    , m_updater(with.updater)
     , m_quickMenu({.manager = with.manager,
           .settings = with.settings,
           .focus = with.services.focus,
           .open = [this](std::optional<MainTab> tab) { open(tab); },
           // Not quit(): it would ask the panels first, and they refuse to be closed by a window manager.
-          .quit = [] { QCoreApplication::exit(); }})
+          .quit = [] { QCoreApplication::exit(); },
+          .updates = [this] { return updates(); }})
     , m_model(with.defaults)
     , m_undo(with.ports.clock)
     , m_themes(with.defaults)
@@ -96,6 +99,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .programs = with.ports.programs,
           .clock = with.ports.clock,
           .quickMenu = m_quickMenu,
+          .updater = with.updater,
           .facts = m_facts}
     , m_themeActions(m_context)
     , m_mainWindow({m_model, with.ports.windows, with.ports.clock, [this] { return makeMainWindow(m_context); }})
@@ -135,6 +139,32 @@ void UserInterface::askForCity()
 void UserInterface::showCalendars()
 {
     m_model.setSettingsChapter(SettingsChapter::calendars);
+    open(MainTab::settings);
+}
+
+QuickMenu::Updates UserInterface::updates()
+{
+    const std::optional<Release> found = m_updater.isEnabled() ? m_updater.available() : std::nullopt;
+    return {.found = found ? std::optional(found->version) : std::nullopt,
+        .enabled = m_updater.isEnabled(),
+        .busy = m_updater.isBusy(),
+        .install =
+            [this] {
+                m_updater.install();
+                showUpdates();
+            },
+        .check =
+            [this] {
+                m_updater.check();
+                showUpdates();
+            }};
+}
+
+/// Who asks in a menu learns there what came of it.
+void UserInterface::showUpdates()
+{
+    m_model.setSearch(MainTab::settings, {});
+    m_model.setSettingsChapter(SettingsChapter::updates);
     open(MainTab::settings);
 }
 

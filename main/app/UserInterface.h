@@ -21,6 +21,7 @@ namespace ambrelle {
 
 struct StartRequest;
 class TrayPresence;
+class Updater;
 class UserDefaults;
 class WindowPictures;
 
@@ -38,6 +39,7 @@ public:
         SystemMonitor& monitor;
         LiveServices& services;
         const ReadingFeed& feed;
+        Updater& updater;
     };
 
     explicit UserInterface(const Collaborators& collaborators);
@@ -49,6 +51,7 @@ public:
     /// The weather's city and the calendars, where the settings of them are.
     void askForCity();
     void showCalendars();
+    bool isWindowVisible() const { return m_mainWindow.isVisible(); } ///< the main one
     /// Opens the files in the main window, then performs the action; opens the window alone when there is neither.
     void carryOut(const StartRequest& request);
 
@@ -56,11 +59,14 @@ private:
     void perform(const QString& action);
     void open(std::optional<MainTab> tab);
     void followAppearance();
+    QuickMenu::Updates updates();
+    void showUpdates();
 
     WindowHost& m_host;
     SystemAppearance& m_appearance;
     QList<TrayPresence*> m_trays;
     Clock& m_clock;
+    Updater& m_updater;
     QuickMenu m_quickMenu;
     MainWindowModel m_model;
     SheetQueue m_sheets;

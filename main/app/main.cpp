@@ -13,6 +13,7 @@
 #include "app/SessionEnd.h"
 #include "app/SingleInstance.h"
 #include "app/StartRequest.h"
+#include "app/UpdateKeys.h"
 #include "app/UserFolders.h"
 #include "app/WordingFile.h"
 #include "desktop/QuickMenu.h"
@@ -79,6 +80,11 @@ Machine::Wishes machineWishes(const FirstStarts& firstStarts)
         .rejectedVersion = firstStarts.rejectedVersion(defaults)};
 }
 
+Updater::Trust updateTrust()
+{
+    return {QUrl(Information::read().updateFeed, QUrl::StrictMode), updateKeys()};
+}
+
 int runDesktop(const CommandLine& commandLine, int argc, char** argv)
 {
     ProbationGuard::openStandardDescriptors();
@@ -115,7 +121,8 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     const std::unique_ptr<Machine> machine = choice.host.make(machineWishes(firstStarts));
     if (!machine)
         return complain(u"Ambrelle cannot show widgets on this display."_s);
-    AppDelegate delegate(*machine, {UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared()});
+    AppDelegate delegate(
+        *machine, {UserDefaults::shared(), AppSettings::shared(), ThemeAccent::shared()}, updateTrust());
     delegate.start();
     firstStarts.proceed(machine->ports().clock, UserDefaults::shared());
     QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::carryOut);

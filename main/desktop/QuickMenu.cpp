@@ -64,9 +64,20 @@ std::optional<ActionItem> QuickMenu::updateItem() const
     const Updates updates = this->updates();
     if (!updates.found)
         return std::nullopt;
-    return ActionItem{.title = Wording::tr("Update to Ambrelle %1").arg(*updates.found),
+    return ActionItem{.title = updateTitle(*updates.found),
         .symbol = u"arrow.down.circle"_s,
-        .handler = updates.install};
+        .handler = updates.install,
+        .enabled = !updates.busy};
+}
+
+QString QuickMenu::updateTitle(const QString& version)
+{
+    return Wording::tr("Update to Ambrelle %1").arg(version);
+}
+
+QString QuickMenu::checkTitle()
+{
+    return Wording::tr("Check for Updates…");
 }
 
 std::optional<ActionItem> QuickMenu::checkItem() const
@@ -74,7 +85,7 @@ std::optional<ActionItem> QuickMenu::checkItem() const
     const Updates updates = this->updates();
     if (!updates.enabled)
         return std::nullopt;
-    return ActionItem{.title = Wording::tr("Check for Updates…"), .handler = updates.check};
+    return ActionItem{.title = checkTitle(), .handler = updates.check, .enabled = !updates.busy};
 }
 
 ActionItem QuickMenu::quitItem() const

@@ -60,6 +60,7 @@ public:
     struct Updates {
         std::optional<QString> found; ///< a newer version that can be installed
         bool enabled = false; ///< whether it is known where to look
+        bool busy = false; ///< something of the kind is under way
         std::function<void()> install;
         std::function<void()> check;
     };
@@ -82,7 +83,9 @@ public:
     std::optional<ActionItem> item(QuickAction action) const;
 
     ActionItem openItem() const;
+    static QString updateTitle(const QString& version);
     std::optional<ActionItem> updateItem() const; ///< none: there is nothing newer
+    static QString checkTitle();
     std::optional<ActionItem> checkItem() const; ///< none: nobody knows where to look
     ActionItem quitItem() const;
     ActionItem focusItem() const;

@@ -19,8 +19,9 @@ using namespace Qt::StringLiterals;
 
 /// The whole program on a machine of its own. Its store may be another one's, which is what a restart finds.
 struct Program {
-    explicit Program(UserDefaults& store)
+    explicit Program(UserDefaults& store, const Updater::Trust& updates = {})
         : defaults(store)
+        , delegate(machine, {defaults, settings, accents}, updates)
     {
     }
 
@@ -28,7 +29,7 @@ struct Program {
     RecordingMachine machine;
     AppSettings settings{defaults};
     ThemeAccent accents{defaults};
-    AppDelegate delegate{machine, {defaults, settings, accents}};
+    AppDelegate delegate;
 };
 
 struct StartUp : testing::Test {

@@ -47,6 +47,9 @@ TEST_F(Menu, LinesFollowTheStateOfNow)
         u"Update to Ambrelle 2.1|-|Open Ambrelle|Themes|Add Widgets|-|Pause Focus|-|Edit & Move Widgets|"
         "Lock Widget Positions|-|Settings|Check for Updates…|Quit Ambrelle"_s);
     desk.services.live.focus.skip();
+    updates.busy = true;
+    for (const QString& line : {u"Update to Ambrelle 2.1"_s, u"Check for Updates…"_s})
+        EXPECT_FALSE(find(quick.items(), line).enabled) << "one thing at a time";
     find(quick.items(), u"Start Break"_s).handler();
     EXPECT_TRUE(desk.services.live.focus.isRunning());
 }

@@ -16,7 +16,8 @@ struct SettingsDesk : WindowTest {
     QStringList changed;
     AppSettings& settings = home.desk.settings;
 
-    SettingsDesk()
+    explicit SettingsDesk(Updater::Trust trust = {})
+        : WindowTest(std::move(trust))
     {
         QObject::connect(&settings, &AppSettings::changed, &settings, [this](const QString& key) { changed += key; });
     }

@@ -211,26 +211,6 @@ TEST_F(SettingsSectionsTest, FocusWorksTheTimerAndSetsItsLengths)
     EXPECT_FALSE(settings.focusSound());
 }
 
-TEST_F(SettingsSectionsTest, UpdatesAreSetOnlyWhereTheyAreLookedFor)
-{
-    EXPECT_EQ(names(page(SettingsChapter::updates)), QStringList{u"Version 1.0"_s});
-    home.window.toggle();
-    QCoreApplication::processEvents();
-    int checks = 0;
-    home.updates = {.found = u"2.0"_s, .enabled = true, .install = [] {}, .check = [&] { ++checks; }};
-    SettingsPage& shown = page(SettingsChapter::updates);
-    button(shown, u"Update to Ambrelle 2.0"_s);
-    button(shown, u"Check for Updates…"_s).click();
-    EXPECT_EQ(checks, 1);
-    row(shown, u"Install automatically"_s).work();
-    EXPECT_FALSE(settings.installUpdates());
-    row(shown, u"Check automatically"_s).work();
-    EXPECT_FALSE(settings.checkForUpdates());
-    EXPECT_FALSE(control<QCheckBox>(shown, u"Install automatically"_s).isEnabled());
-    const auto* list = shown.findChild<SettingsList*>();
-    EXPECT_EQ(list->model()->index(5, 0).data(Qt::AccessibleDescriptionRole), u"Update to Ambrelle 2.0"_s);
-}
-
 TEST_F(SettingsSectionsTest, AboutOpensFoldersAndResetsWithAWayBack)
 {
     SettingsPage& shown = page(SettingsChapter::about);

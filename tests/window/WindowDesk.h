@@ -7,6 +7,7 @@
 #include "model/ThemeStore.h"
 #include "platform/headless/HeadlessMachine.h"
 #include "platform/recording/RecordingMachine.h"
+#include "updates/Updater.h"
 #include "wallpapers/WallpaperStore.h"
 #include "window/cards/PictureShelf.h"
 #include "window/cards/StorePictures.h"
@@ -28,8 +29,16 @@ namespace ambrelle {
 
 /// A whole desktop in memory, and all that the main window of it needs.
 struct WindowDesk {
-    explicit WindowDesk(UserDefaults& store)
+    /// Without a feed and keys the program is not updated.
+    explicit WindowDesk(UserDefaults& store, Updater::Trust trust = {})
         : desk(store)
+        , updater({.settings = desk.settings,
+                      .clock = desk.clock,
+                      .server = releases,
+                      .folder = programFolder,
+                      .isInUse = [] { return true; },
+                      .relaunch = [this] { ++relaunches; }},
+              std::move(trust), {u"org.ambrelle.Ambrelle"_s, u"1.0"_s})
     {
     }
 
@@ -43,6 +52,10 @@ struct WindowDesk {
     PictureShelf shelf{pictures};
     RecordingLoginItem login;
     RecordingPrograms programs;
+    std::shared_ptr<RecordingReleaseServer> releases = std::make_shared<RecordingReleaseServer>();
+    std::shared_ptr<RecordingProgramFolder> programFolder = std::make_shared<RecordingProgramFolder>();
+    int relaunches = 0;
+    Updater updater;
     QuickMenu::Updates updates;
     QuickMenu quick{
         {.manager = desk.manager, .settings = desk.settings, .focus = desk.services.live.focus, .updates = [this] {
@@ -84,6 +97,7 @@ struct WindowDesk {
         .programs = programs,
         .clock = desk.clock,
         .quickMenu = quick,
+        .updater = updater,
         .facts = facts};
     ThemeActions themeActions{context};
     MainWindowController window{{model, desk.host, desk.clock, [this] { return makeMainWindow(context); }}};
@@ -91,8 +105,12 @@ struct WindowDesk {
 
 struct WindowTest : testing::Test {
     UserDefaults store = UserDefaults::temporary();
-    WindowDesk home{store};
+    WindowDesk home;
 
+    explicit WindowTest(Updater::Trust trust = {})
+        : home(store, std::move(trust))
+    {
+    }
     ~WindowTest() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     MainWindow& opened(MainTab tab = MainTab::themes)

@@ -24,6 +24,7 @@ class ThemeAccent;
 class ThemeActions;
 class ThemeStore;
 class UndoKeeper;
+class Updater;
 class WallpaperStore;
 class WidgetManager;
 class WindowHost;
@@ -54,6 +55,7 @@ struct WindowContext {
     ProgramLauncher& programs;
     Clock& clock;
     const QuickMenu& quickMenu;
+    Updater& updater;
     const ProgramFacts& facts;
 };
 

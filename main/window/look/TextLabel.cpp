@@ -5,6 +5,8 @@
 #include <QEvent>
 #include <QStyle>
 
+#include <utility>
+
 namespace ambrelle {
 
 TextLabel::TextLabel(TextRole role, const QString& text, QWidget* parent)
@@ -38,8 +40,8 @@ void TextLabel::changeEvent(QEvent* event)
 
 void TextLabel::setTone(Tone tone)
 {
-    m_tone = tone;
-    dress();
+    if (std::exchange(m_tone, tone) != tone)
+        dress();
 }
 
 void TextLabel::dress()

@@ -6,6 +6,7 @@
 #include "desktop/WidgetManager.h"
 #include "foundation/Wording.h"
 #include "services/LiveServices.h"
+#include "updates/Updater.h"
 #include "window/frame/SearchWords.h"
 #include "window/look/AppLook.h"
 #include "window/look/Measures.h"
@@ -55,6 +56,7 @@ SettingsPage::SettingsPage(const WindowContext& context)
     connect(m_column, &SettingsColumn::searchCleared, this, [this] { m_with.model.setSearch(MainTab::settings, {}); });
     connect(&m_with.model, &MainWindowModel::changed, this, &SettingsPage::showModel);
     connect(&AppLook::shared(), &AppLook::changed, this, &SettingsPage::arrange);
+    connect(&m_with.updater, &Updater::changed, this, &SettingsPage::showNews);
     showModel();
 }
 
@@ -154,8 +156,8 @@ void SettingsPage::openCalendars()
 
 void SettingsPage::showNews()
 {
-    const auto update = m_with.quickMenu.updateItem();
-    m_list->setNews(SettingsChapter::updates, update ? update->title : QString());
+    const auto found = m_with.updater.isEnabled() ? m_with.updater.available() : std::nullopt;
+    m_list->setNews(SettingsChapter::updates, found ? QuickMenu::updateTitle(found->version) : QString());
 }
 
 void SettingsPage::takeFocus(bool)

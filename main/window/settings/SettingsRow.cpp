@@ -87,8 +87,9 @@ void SettingsRow::nameControl()
         m_name->setBuddy(control); // here a drop-down's own name is its value
 }
 
-void SettingsRow::setName(const QString& name)
+void SettingsRow::setName(const QString& name, bool failure)
 {
+    m_name->setTone(failure ? TextLabel::Tone::danger : TextLabel::Tone::text);
     if (std::exchange(m_text.name, name) == name)
         return;
     m_name->setText(breakable(name));
@@ -170,6 +171,11 @@ void SettingsRow::mouseReleaseEvent(QMouseEvent* event)
 void SettingsRow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    arrange();
+}
+
+void SettingsRow::arrange()
+{
     if (!m_control)
         return;
     const int wanted = m_control->sizeHint().width() + 2 * rowSide + rowGap + AppLook::shared().scaled(leastTextWidth);

@@ -29,12 +29,13 @@ public:
 
     const RowText& text() const { return m_text; }
     QWidget* control() const { return m_control; }
-    void setName(const QString& name); ///< as it is seen
+    void setName(const QString& name, bool failure = false); ///< as it is seen
     void setCaption(const QString& caption, bool failure = false);
     void setLead(QWidget* lead); ///< before the texts
     void setLeastHeight(int points);
     /// Disables the control and tells `why` as its tool tip; empty: enables it.
     void setUnavailable(const QString& why);
+    void arrange(); ///< anew: the control may need another room
 
     void work(); ///< as a click on the name does
 
