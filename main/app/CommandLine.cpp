@@ -18,6 +18,7 @@ using Mode = CommandLine::Mode;
 struct BatchOption {
     QLatin1StringView flag;
     Mode mode;
+    bool takesFolder = true;
 };
 
 constexpr QLatin1StringView actionOption = "--action"_L1;
@@ -26,6 +27,7 @@ constexpr QLatin1StringView actionOption = "--action"_L1;
 constexpr std::array batchOptions{
     BatchOption{"--render-previews"_L1, Mode::renderPreviews},
     BatchOption{"--render-wallpapers"_L1, Mode::renderWallpapers},
+    BatchOption{"--check-update"_L1, Mode::checkUpdate, false},
 };
 
 std::optional<Mode> batchMode(const QString& argument)
@@ -63,6 +65,8 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     const QStringList words = arguments.mid(0, arguments.indexOf(u"--"_s));
     for (const BatchOption& option : batchOptions) {
         const qsizetype place = words.indexOf(option.flag);
+        if (place >= 0 && !option.takesFolder)
+            return {.mode = option.mode};
         if (place >= 0 && place + 1 < words.size())
             return {.mode = option.mode, .folder = words.at(place + 1)};
     }
@@ -106,6 +110,8 @@ Live widgets on the desktop, in thirty themes. A program that already runs takes
                               check-for-updates, update or quit
   --render-previews FOLDER    write a picture of every theme into FOLDER and exit
   --render-wallpapers FOLDER  write the wallpaper of every theme into FOLDER and exit
+  --check-update              look for a newer version, download and verify it,
+                              install nothing, and exit
   --register                  put this copy into the desktop's menu of programs,
                               for this user, and exit
   --unregister                take it out again and exit

@@ -13,6 +13,7 @@ struct CommandLine {
         desktop,
         renderPreviews,
         renderWallpapers,
+        checkUpdate,
         enterMenu,
         leaveMenu,
         help,

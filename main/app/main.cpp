@@ -13,6 +13,7 @@
 #include "app/SessionEnd.h"
 #include "app/SingleInstance.h"
 #include "app/StartRequest.h"
+#include "app/UpdateCheck.h"
 #include "app/UpdateKeys.h"
 #include "app/UserFolders.h"
 #include "app/WordingFile.h"
@@ -23,7 +24,9 @@
 #include "platform/linux/desktop/Fonts.h"
 #include "platform/linux/desktop/MenuRegistration.h"
 #include "platform/linux/kernel/RunningProgram.h"
+#include "platform/linux/update/LinuxProgramFolder.h"
 #include "platform/linux/update/ProbationGuard.h"
+#include "platform/network/HttpsReleaseServer.h"
 
 #include <QApplication>
 #include <QDir>
@@ -159,6 +162,14 @@ int runRegistration(CommandLine::Mode mode)
     return outcome.fault.isEmpty() ? EXIT_SUCCESS : complain(outcome.fault);
 }
 
+int runUpdateCheck(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const Information information = Information::read();
+    return checkForUpdate(std::make_shared<HttpsReleaseServer>(), LinuxProgramFolder::ofRunningProgram({}),
+        updateTrust(), {information.identifier, information.version});
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -181,6 +192,7 @@ int main(int argc, char** argv)
         return complain(CommandLine::unknownActionText(commandLine.option), wrongUse);
     case CommandLine::Mode::renderPreviews:
     case CommandLine::Mode::renderWallpapers: return runBatch(commandLine, argc, argv);
+    case CommandLine::Mode::checkUpdate: return runUpdateCheck(argc, argv);
     case CommandLine::Mode::enterMenu:
     case CommandLine::Mode::leaveMenu: return runRegistration(commandLine.mode);
     case CommandLine::Mode::desktop: {

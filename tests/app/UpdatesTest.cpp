@@ -4,6 +4,7 @@
 #include "app/Program.h"
 #include "app/Relaunch.h"
 #include "app/StartRequest.h"
+#include "app/UpdateCheck.h"
 #include "support/WaitUntil.h"
 #include "window/frame/MainWindow.h"
 #include "window/look/ActionMenu.h"
@@ -136,6 +137,20 @@ TEST_F(UpdatesTest, WhoAsksInTheMenuIsAnswered)
     machine().programFolder->writable = true;
     EXPECT_EQ(loopAfter([] { line(u"Update to Ambrelle 999.0"_s)->trigger(); }), relaunchStatus);
     EXPECT_TRUE(isExchanged()) << "the window is open, but the user commands it";
+}
+
+TEST_F(UpdatesTest, TheCommandPrintsOneLine)
+{
+    const auto printed = [this](const Updater::Trust& trust) {
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(
+            checkForUpdate(machine().releases, machine().programFolder, trust, {u"org.ambrelle.Ambrelle"_s, u"1.0"_s}),
+            0);
+        return testing::internal::GetCapturedStdout();
+    };
+    EXPECT_EQ(printed({}), "This copy of Ambrelle doesn't update itself (this is 1.0)\n");
+    EXPECT_EQ(printed(feedTrust), "Version 999.0 downloaded, verified and unpacked at /tmp/Ambrelle-update-1\n");
+    EXPECT_FALSE(mainWindow());
 }
 
 } // namespace
