@@ -4,6 +4,7 @@ complete -c ambrelle -k -a '(__fish_complete_suffix .ambrelle | string match -r 
 complete -c ambrelle -l action -x -a 'open-window themes add-widgets settings edit lock toggle-focus skip reset check-for-updates update quit' -d 'Have the running program do something'
 complete -c ambrelle -l render-previews -x -a '(__fish_complete_directories)' -d 'Write a picture of every theme and exit'
 complete -c ambrelle -l render-wallpapers -x -a '(__fish_complete_directories)' -d 'Write the wallpaper of every theme and exit'
+complete -c ambrelle -l check-update -d 'Look for a newer version, verify it, install nothing and exit'
 complete -c ambrelle -l register -d 'Put this copy into the menu of programs and exit'
 complete -c ambrelle -l unregister -d 'Take this copy out of the menu and exit'
 complete -c ambrelle -s h -l help -d 'List the options and exit'
