@@ -13,11 +13,6 @@ constexpr qint64 referenceDate = 978307200; // 2001-01-01 00:00 UTC in seconds a
 constexpr double timeError = 0.01; // milliseconds: what times of so many seconds are rounded by
 constexpr double oneFrame = 0.001; // parts due within a millisecond are drawn together
 
-bool isSameArea(const Canvas::MovingArea& one, const Canvas::MovingArea& other)
-{
-    return one.area == other.area && one.motion == other.motion;
-}
-
 } // namespace
 
 FaceMotion::FaceMotion(Clock& clock, std::function<void(const QRectF&)> repaint)
@@ -50,7 +45,7 @@ void FaceMotion::drawn(const Areas& areas, const QRectF& painted)
     const double now = m_clock.elapsed();
     QList<Part> parts;
     for (const Canvas::MovingArea& area : areas) {
-        const auto known = std::ranges::find_if(m_parts, [&](const Part& part) { return isSameArea(part.area, area); });
+        const auto known = std::ranges::find_if(m_parts, [&](const Part& part) { return part.area == area; });
         // A part that was not drawn keeps its moment, however often its neighbours are drawn.
         const bool waits = known != m_parts.end() && !known->area.area.intersects(painted);
         parts.append({area, waits ? known->due : now + area.motion.next(t) - t});

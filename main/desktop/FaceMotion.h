@@ -7,7 +7,7 @@
 
 namespace ambrelle {
 
-/// Decides when the moving parts of a face are drawn again. After every drawing it waits for the next moment of the
+/// Decides when the moving parts of a face, or of a scene, are drawn again. After every drawing it waits for the next moment of the
 /// part that is due first; nothing wakes up while motion is paused or a burst is over.
 class FaceMotion {
 public:

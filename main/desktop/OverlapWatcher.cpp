@@ -3,6 +3,7 @@
 #include "desktop/OverlapWatcher.h"
 
 #include "desktop/OverlapRule.h"
+#include "desktop/SceneController.h"
 #include "desktop/WidgetController.h"
 #include "foundation/Clock.h"
 #include "model/AppSettings.h"
@@ -22,12 +23,13 @@ constexpr std::chrono::milliseconds ghostLook{800};
 
 } // namespace
 
-OverlapWatcher::OverlapWatcher(
-    const Senses& senses, const AppSettings& settings, Clock& clock, const QList<WidgetController*>& widgets)
+OverlapWatcher::OverlapWatcher(const Senses& senses, const AppSettings& settings, Clock& clock,
+    const QList<WidgetController*>& widgets, const SceneController& scenes)
     : m_senses(senses)
     , m_settings(settings)
     , m_clock(clock)
     , m_widgets(widgets)
+    , m_scenes(scenes)
 {
     connect(&m_senses.windows, &WindowList::changed, this, &OverlapWatcher::check);
     connect(&m_senses.session, &SessionVisibility::changed, this, &OverlapWatcher::update);
@@ -42,7 +44,8 @@ bool OverlapWatcher::mayFade() const
 bool OverlapWatcher::mayPause() const
 {
     return m_settings.animations() && !m_settings.editing()
-        && std::ranges::any_of(m_widgets, [](const WidgetController* widget) { return widget->moves(); });
+        && (std::ranges::any_of(m_widgets, [](const WidgetController* widget) { return widget->moves(); })
+            || std::ranges::any_of(m_scenes.scenes(), [](const auto& scene) { return scene->moves(); }));
 }
 
 void OverlapWatcher::update()
@@ -57,6 +60,10 @@ void OverlapWatcher::update()
             widget->setFaded(false, false);
         if (starts || !pauses || !seen)
             widget->setOccluded(!seen);
+    }
+    if (starts || !pauses || !seen) {
+        for (const auto& scene : m_scenes.scenes())
+            scene->setOccluded(!seen);
     }
     if (needed != m_watching)
         m_senses.windows.setWatching(needed);
@@ -91,6 +98,12 @@ void OverlapWatcher::judge(const QList<OnscreenWindow>& windows)
             widget->setFaded(over, m_settings.overlap() == OverlapBehavior::hide);
         if (pauses)
             widget->setOccluded(over || OverlapRule::isUnder(widget->widgetFrame(), windows));
+    }
+    if (!pauses)
+        return;
+    for (const auto& scene : m_scenes.scenes()) {
+        scene->setOccluded(std::ranges::all_of(
+            scene->movingPlaces(), [&](const QRectF& place) { return OverlapRule::isUnder(place, windows); }));
     }
 }
 

@@ -11,13 +11,14 @@ namespace ambrelle {
 
 class AppSettings;
 class Clock;
+class SceneController;
 class SessionVisibility;
 class WidgetController;
 class WindowList;
 struct OnscreenWindow;
 
-/// Sees to it that raised widgets give way to the windows they lie over, and that nothing moves on a widget nobody
-/// sees. Watches windows only while that matters for some widget.
+/// Sees to it that raised widgets give way to the windows they lie over, and that nothing moves on a widget or in a
+/// scene nobody sees. Watches windows only while that matters.
 class OverlapWatcher : public QObject {
 public:
     struct Senses {
@@ -26,11 +27,11 @@ public:
     };
 
     /// `widgets` may change; update() follows.
-    OverlapWatcher(
-        const Senses& senses, const AppSettings& settings, Clock& clock, const QList<WidgetController*>& widgets);
+    OverlapWatcher(const Senses& senses, const AppSettings& settings, Clock& clock,
+        const QList<WidgetController*>& widgets, const SceneController& scenes);
 
-    /// After any change of the widgets, of where they are, or of what the settings say about them: starts or stops
-    /// watching, and restores widgets that need no watching.
+    /// After any change of the widgets and the scenes behind them, of where they are, or of what the settings say about
+    /// them: starts or stops watching, and restores widgets that need no watching.
     void update();
     void check(); ///< looks at the windows of now; does nothing while their list cannot be had
 
@@ -43,6 +44,7 @@ private:
     const AppSettings& m_settings;
     Clock& m_clock;
     const QList<WidgetController*>& m_widgets;
+    const SceneController& m_scenes;
     bool m_watching = false;
     Ticket m_soon;
     Ticket m_again;

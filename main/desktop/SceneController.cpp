@@ -22,6 +22,10 @@ SceneController::SceneController(const Collaborators& collaborators, const QList
     connect(&m_with.settings, &AppSettings::changed, this, [this](const QString& key) {
         if (key == m_with.settings.showScene.key() || key == m_with.settings.defaultSkin.key())
             refresh();
+        if (key == m_with.settings.animations.key()) {
+            for (const std::unique_ptr<ScreenScene>& scene : m_scenes)
+                scene->setMotionActive(m_with.settings.animations());
+        }
     });
     connect(&m_with.accents, &ThemeAccent::changed, this, &SceneController::refresh);
 }
@@ -36,11 +40,14 @@ SceneController::Model SceneController::model(
 void SceneController::refresh()
 {
     m_isOutdated = false;
+    const QList<QRectF> moved = movingPlaces();
     const QList<ScreenInfo> screens = m_with.host.screens();
     if (m_scenes.size() != static_cast<std::size_t>(screens.size())) {
         m_scenes.clear();
         for (qsizetype index = 0; index < screens.size(); ++index)
             m_scenes.push_back(std::make_unique<ScreenScene>(m_with.host, m_with.clock));
+        for (const std::unique_ptr<ScreenScene>& scene : m_scenes)
+            scene->setMotionActive(m_with.settings.animations());
     }
     QList<WidgetConfig> widgets;
     for (const WidgetController* widget : m_widgets)
@@ -50,6 +57,16 @@ void SceneController::refresh()
         const Model now = model(widgets, screen, m_with.settings.showScene(), m_with.settings.defaultSkin());
         m_scenes[index]->show(screen, now, m_with.accents.color(now.skin));
     }
+    if (movingPlaces() != moved)
+        Q_EMIT motionChanged();
+}
+
+QList<QRectF> SceneController::movingPlaces() const
+{
+    QList<QRectF> places;
+    for (const std::unique_ptr<ScreenScene>& scene : m_scenes)
+        places += scene->movingPlaces();
+    return places;
 }
 
 void SceneController::follow()

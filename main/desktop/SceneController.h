@@ -17,6 +17,7 @@ class WidgetController;
 
 /// The scenes behind the widgets, one for each screen, all of the skin of most widgets. Main thread only.
 class SceneController : public QObject {
+    Q_OBJECT
 public:
     using Model = SceneModel;
     struct Collaborators {
@@ -35,13 +36,19 @@ public:
     /// The same, at most thirty times a second: for what changes many times on end.
     void follow();
 
+    const std::vector<std::unique_ptr<ScreenScene>>& scenes() const { return m_scenes; } ///< one for each screen
     QList<Model> models() const; ///< in the order of the host's screens
 
     /// What a screen shows: the skin of most of all widgets, also of those on other screens (`fallback` where there are
     /// none), and where `isShown` the widgets of that skin on this one.
     static Model model(const QList<WidgetConfig>& widgets, const QRectF& screen, bool isShown, Skin fallback);
 
+Q_SIGNALS:
+    void motionChanged(); ///< marks move elsewhere than before, or some began or ceased to
+
 private:
+    QList<QRectF> movingPlaces() const;
+
     Collaborators m_with;
     const QList<WidgetController*>& m_widgets;
     std::vector<std::unique_ptr<ScreenScene>> m_scenes;

@@ -18,6 +18,7 @@ constexpr double outlineCell = 4; // points: what is left of the desktop around 
 ScreenScene::ScreenScene(WindowHost& host, Clock& clock)
     : m_host(host)
     , m_clock(clock)
+    , m_motion(clock, [this](const QRectF& area) { repaint(area); })
 {
 }
 
@@ -32,6 +33,7 @@ void ScreenScene::show(const QRectF& screen, const SceneModel& model, const std:
         m_window.reset();
         m_settling.reset();
         m_scene = scene;
+        m_motion.drawn({}, {});
     } else if (!m_window) {
         m_scene = scene;
         m_window = m_host.makeScene(*this);
@@ -42,6 +44,44 @@ void ScreenScene::show(const QRectF& screen, const SceneModel& model, const std:
     }
 }
 
+QList<QRectF> ScreenScene::movingPlaces() const
+{
+    QList<QRectF> places;
+    for (const Canvas::MovingArea& each : m_scene.moving()) {
+        const QRectF& area = each.area;
+        places.append({m_screen.x() + area.x(), m_screen.bottom() - area.bottom(), area.width(), area.height()});
+    }
+    return places;
+}
+
+void ScreenScene::setMotionActive(bool active)
+{
+    m_motionActive = active;
+    applyMotion();
+}
+
+void ScreenScene::setOccluded(bool occluded)
+{
+    m_occluded = occluded;
+    applyMotion();
+}
+
+void ScreenScene::applyMotion()
+{
+    const bool active = m_motionActive && !m_occluded;
+    if (active == m_motion.isActive())
+        return;
+    m_motion.setActive(active);
+    for (const Canvas::MovingArea& each : m_scene.moving())
+        repaint(each.area);
+}
+
+void ScreenScene::repaint(const QRectF& area)
+{
+    if (m_window)
+        m_window->update(area.translated(-m_area.topLeft()));
+}
+
 void ScreenScene::change(const Scene& scene)
 {
     const QList<QRectF> changes = Scene::changes(m_scene, scene);
@@ -49,7 +89,7 @@ void ScreenScene::change(const Scene& scene)
     if (!m_area.contains(marks()))
         putOn({{0, 0}, m_screen.size()});
     for (const QRectF& area : changes)
-        m_window->update(area.translated(-m_area.topLeft()));
+        repaint(area);
     outline(false);
     m_settling = m_clock.after(settlesAfter, [this] { settle(); });
 }
@@ -96,8 +136,10 @@ void ScreenScene::paint(QPainter& painter, const QRectF& area)
 {
     painter.save();
     painter.translate(-m_area.topLeft());
-    m_scene.draw(painter, area.translated(m_area.topLeft()));
+    const QRectF painted = area.translated(m_area.topLeft());
+    m_scene.draw(painter, painted, m_motion.time());
     painter.restore();
+    m_motion.drawn(m_scene.moving(), painted);
 }
 
 void ScreenScene::appearanceChanged()

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "desktop/FaceMotion.h"
 #include "foundation/Clock.h"
 #include "model/Skin.h"
 #include "platform/WindowHost.h"
@@ -21,7 +22,8 @@ struct SceneModel {
 };
 
 /// The scene of one screen. Its window is there only while there are marks, and no larger than they need once they have
-/// been the same for a moment; while they change it is as large as the screen, which moves no window to and fro.
+/// been the same for a moment; while they change it is as large as the screen, which moves no window to and fro. Its
+/// marks move only while they are told to.
 class ScreenScene final : public OrnamentDelegate {
 public:
     ScreenScene(WindowHost& host, Clock& clock);
@@ -29,11 +31,19 @@ public:
     void show(const QRectF& screen, const SceneModel& model, const std::optional<QColor>& accent);
     const SceneModel& model() const { return m_model; }
 
+    bool moves() const { return !m_scene.moving().isEmpty(); } ///< some marks do, at rest or not
+    QList<QRectF> movingPlaces() const; ///< where marks move, at rest or not; global points
+    void setMotionActive(bool active);
+    /// Nobody sees the marks that move: they rest meanwhile.
+    void setOccluded(bool occluded);
+
     void paint(QPainter& painter, const QRectF& area) override;
     void appearanceChanged() override;
 
 private:
     QRectF marks() const;
+    void applyMotion();
+    void repaint(const QRectF& area);
     void change(const Scene& scene);
     void putOn(const QRectF& area);
     void settle();
@@ -41,6 +51,9 @@ private:
 
     WindowHost& m_host;
     Clock& m_clock;
+    FaceMotion m_motion;
+    bool m_motionActive = false;
+    bool m_occluded = false;
     QRectF m_screen; ///< global points
     SceneModel m_model;
     Scene m_scene;

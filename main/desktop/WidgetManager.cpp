@@ -15,7 +15,7 @@ WidgetManager::WidgetManager(const Collaborators& collaborators)
     , m_drags(collaborators.host, m_controllers)
     , m_editBackdrops(collaborators.host, collaborators.settings, m_controllers)
     , m_scenes({collaborators.host, collaborators.settings, collaborators.accents, collaborators.clock}, m_controllers)
-    , m_overlap(collaborators.senses, collaborators.settings, collaborators.clock, m_controllers)
+    , m_overlap(collaborators.senses, collaborators.settings, collaborators.clock, m_controllers, m_scenes)
     , m_readings(collaborators.feed, m_controllers)
     , m_demand({collaborators.monitor, collaborators.services, collaborators.feed, collaborators.senses.session},
           m_controllers)
@@ -24,6 +24,7 @@ WidgetManager::WidgetManager(const Collaborators& collaborators)
               collaborators.wallpaper})
 {
     connect(&m_with.settings, &AppSettings::changed, this, &WidgetManager::settingChanged);
+    connect(&m_scenes, &SceneController::motionChanged, &m_overlap, &OverlapWatcher::update);
     connect(&m_with.accents, &ThemeAccent::changed, this, [this] {
         for (WidgetController* controller : m_controllers)
             controller->renewView();

@@ -51,6 +51,8 @@ public:
     struct MovingArea {
         QRectF area;
         Motion motion;
+
+        bool operator==(const MovingArea&) const = default;
     };
 
     Canvas(QPainter& painter, const Setup& setup);

@@ -10,6 +10,14 @@
 
 namespace ambrelle {
 
+QRectF SceneSprite::united(const QList<QRectF>& areas)
+{
+    QRectF whole;
+    for (const QRectF& area : areas)
+        whole |= area;
+    return whole;
+}
+
 QRectF Scene::bounds() const
 {
     QRectF bounds;
@@ -18,20 +26,21 @@ QRectF Scene::bounds() const
     return bounds;
 }
 
-QList<Canvas::MovingArea> Scene::draw(QPainter& painter, const QRectF& area, double time) const
+QList<Canvas::MovingArea> Scene::moving() const
 {
-    const auto pass = [&](Canvas::Pass which) {
-        Canvas canvas(painter, {.pass = which, .time = time, .finish = finish, .manner = manner});
-        for (const SceneSprite& sprite : sprites) {
-            if (sprite.place().intersects(area))
-                sprite.draw(canvas);
-        }
-        return canvas.movingAreas();
-    };
-    QList<Canvas::MovingArea> moving = pass(Canvas::Pass::still);
-    if (!moving.isEmpty())
-        pass(Canvas::Pass::moving);
-    return moving;
+    QList<Canvas::MovingArea> all;
+    for (const SceneSprite& sprite : sprites)
+        all += sprite.moving();
+    return all;
+}
+
+void Scene::draw(QPainter& painter, const QRectF& area, double time) const
+{
+    Canvas canvas(painter, {.finish = finish, .manner = manner});
+    for (const SceneSprite& sprite : sprites) {
+        if (sprite.place().intersects(area))
+            sprite.draw(canvas, time);
+    }
 }
 
 QList<QRectF> Scene::changes(const Scene& before, const Scene& after)
@@ -69,6 +78,7 @@ QList<QRectF> Scene::inked(double cell) const
     constexpr int rowsOfStrip = 64;
     constexpr int perCell = 4; // pixels: the faintest mark is still seen
     const double scale = perCell / cell;
+    const QList<Canvas::MovingArea> everywhere = moving();
     QList<QRectF> areas;
     for (int first = 0; first < cells.height(); first += rowsOfStrip) {
         QImage strip(cells.width() * perCell, rowsOfStrip * perCell, QImage::Format_Alpha8);
@@ -79,6 +89,8 @@ QList<QRectF> Scene::inked(double cell) const
         painter.scale(scale, scale);
         painter.translate(0, -first * cell);
         draw(painter, {0, first * cell, cells.width() * cell, rowsOfStrip * cell});
+        for (const Canvas::MovingArea& each : everywhere)
+            painter.fillRect(each.area, Qt::black);
         painter.end();
         for (int row = 0; row < rowsOfStrip; ++row) {
             const auto isInked = [&](int column) {

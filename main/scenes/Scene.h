@@ -11,8 +11,8 @@
 
 namespace ambrelle {
 
-/// One mark of a scene: what it is called, where it lies, and how it is drawn. A value: two marks that are equal look
-/// equal, so that whoever shows them paints only what is another one.
+/// One mark of a scene: what it is called, where it lies, how it moves, if it does, and how it is drawn. A value: two
+/// marks that are equal look equal, so that whoever shows them paints only what is another one.
 class SceneSprite {
 public:
     /// `place` holds all that `draw` paints. `draw` is called with a canvas and the values, and captures nothing:
@@ -24,18 +24,29 @@ public:
     SceneSprite(QString name, const QRectF& place, Draw draw, Values... values)
         : m_name(std::move(name))
         , m_place(place)
-        , m_mark(std::make_shared<const MarkOf<Draw, Values...>>(draw, std::move(values)...))
+        , m_mark(std::make_shared<const MarkOf<Draw, false, Values...>>(draw, std::move(values)...))
     {
-        static_assert(std::is_empty_v<Draw>, "what a mark depends on is given as values, not captured");
+    }
+    /// A mark that moves inside `areas`, which hold all of it. `draw` is given the time after the canvas, in seconds
+    /// since 2001-01-01 00:00 UTC; at 0 the mark looks complete.
+    template <typename Draw, typename... Values>
+    SceneSprite(QString name, const QList<QRectF>& areas, const Motion& motion, Draw draw, Values... values)
+        : m_name(std::move(name))
+        , m_place(united(areas))
+        , m_mark(std::make_shared<const MarkOf<Draw, true, Values...>>(draw, std::move(values)...))
+    {
+        for (const QRectF& area : areas)
+            m_moving.append({area, motion});
     }
 
     const QString& name() const { return m_name; }
     const QRectF& place() const { return m_place; } ///< points of the screen, y down
-    void draw(Canvas& canvas) const { m_mark->draw(canvas); }
+    const QList<Canvas::MovingArea>& moving() const { return m_moving; } ///< nothing while it stands still
+    void draw(Canvas& canvas, double time) const { m_mark->draw(canvas, time); }
 
     bool operator==(const SceneSprite& other) const
     {
-        return m_name == other.m_name && m_place == other.m_place
+        return m_name == other.m_name && m_place == other.m_place && m_moving == other.m_moving
             && (m_mark == other.m_mark || m_mark->equals(*other.m_mark));
     }
 
@@ -44,19 +55,27 @@ private:
         Mark() = default;
         virtual ~Mark() = default;
         Q_DISABLE_COPY_MOVE(Mark)
-        virtual void draw(Canvas& canvas) const = 0;
+        virtual void draw(Canvas& canvas, double time) const = 0;
         virtual bool equals(const Mark& other) const = 0;
     };
 
-    template <typename Draw, typename... Values> struct MarkOf final : Mark {
+    template <typename Draw, bool Moves, typename... Values> struct MarkOf final : Mark {
+        static_assert(std::is_empty_v<Draw>, "what a mark depends on is given as values, not captured");
+
         explicit MarkOf(Draw function, Values... given)
             : drawing(function)
             , values(std::move(given)...)
         {
         }
-        void draw(Canvas& canvas) const override
+        void draw(Canvas& canvas, [[maybe_unused]] double time) const override
         {
-            std::apply([&](const Values&... each) { drawing(canvas, each...); }, values);
+            const auto with = [&](const Values&... each) {
+                if constexpr (Moves)
+                    drawing(canvas, time, each...);
+                else
+                    drawing(canvas, each...);
+            };
+            std::apply(with, values);
         }
         bool equals(const Mark& other) const override
         {
@@ -67,8 +86,11 @@ private:
         std::tuple<Values...> values;
     };
 
+    static QRectF united(const QList<QRectF>& areas);
+
     QString m_name;
     QRectF m_place;
+    QList<Canvas::MovingArea> m_moving;
     std::shared_ptr<const Mark> m_mark;
 };
 
@@ -81,11 +103,13 @@ struct Scene {
     bool operator==(const Scene&) const = default;
 
     QRectF bounds() const; ///< of all places; null where there are none
-    /// Draws what meets `area`, in points of the screen; what moves as at `time`, 0 while it rests. Gives what moves.
-    QList<Canvas::MovingArea> draw(QPainter& painter, const QRectF& area, double time = 0) const;
+    QList<Canvas::MovingArea> moving() const; ///< where its marks move, and how
+    /// Draws what meets `area`, in points of the screen; what moves as at `time`, 0 while it rests.
+    void draw(QPainter& painter, const QRectF& area, double time = 0) const;
     /// Where the one looks different from the other.
     static QList<QRectF> changes(const Scene& before, const Scene& after);
-    /// The squares of `cell` points that hold marks, joined to rectangles, in points of the screen.
+    /// The squares of `cell` points that hold marks, or where one may move to, joined to rectangles, in points of the
+    /// screen.
     QList<QRectF> inked(double cell) const;
 };
 

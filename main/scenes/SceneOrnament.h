@@ -35,6 +35,13 @@ public:
         m_scene.sprites.append(SceneSprite(numbered(name), place, draw, std::move(values)...));
     }
 
+    /// The same for a mark that moves inside `areas`.
+    template <typename Draw, typename... Values>
+    void addMoving(const QString& name, const QList<QRectF>& areas, const Motion& motion, Draw draw, Values... values)
+    {
+        m_scene.sprites.append(SceneSprite(numbered(name), areas, motion, draw, std::move(values)...));
+    }
+
     bool dot(const QString& name, QPointF centre, double radius, const QColor& colour);
     bool line(const QString& name, QPointF from, QPointF to, const QPen& pen);
     bool line(const QString& name, const QPainterPath& path, const QPen& pen);

@@ -147,6 +147,62 @@ TEST_F(SceneControllerTest, FollowsADragWhereItChangesAndNotTooOften)
     EXPECT_TRUE(scene->updates().isEmpty());
 }
 
+TEST_F(SceneControllerTest, MovesOnlyWhileSomebodySeesIt)
+{
+    desk.settings.overlap.set(OverlapBehavior::show);
+    WidgetController* widget = desk.add(clock, {600, 400}, Skin::pulse);
+    desk.clock.advance(2s);
+    RecordingScene* scene = shown().value(0);
+    ASSERT_TRUE(scene);
+    const QRectF whole({0, 0}, scene->frame().size());
+    scene->picture();
+    const auto frames = [&] { // in five seconds, in which the heart beats twice
+        int count = 0;
+        scene->clearUpdates();
+        for (int step = 0; step < 500; ++step) {
+            desk.clock.advance(10ms);
+            for (const QRectF& area : scene->updates()) {
+                EXPECT_LT(area.width() * area.height(), whole.width() * whole.height() / 4) << "only what moves";
+                scene->picture(area);
+            }
+            count += scene->updates().isEmpty() ? 0 : 1;
+            scene->clearUpdates();
+        }
+        return count;
+    };
+    struct Step {
+        const char* what;
+        std::function<void()> take;
+        bool moves;
+        bool isWatched;
+    };
+    const QRectF screen(0, 0, 1440, 900);
+    const Step steps[] = {
+        {"in sight", [] {}, true, true},
+        {"partly covered", [&] { desk.windows.show({{screen.adjusted(0, 0, -720, 0)}}); }, true, true},
+        {"wholly covered", [&] { desk.windows.show({{screen}}); }, false, true},
+        {"in sight again", [&] { desk.windows.show({}); }, true, true},
+        {"locked", [&] { desk.session.setVisible(false); }, false, false},
+        {"unlocked", [&] { desk.session.setVisible(true); }, true, true},
+        {"nothing shall move", [&] { desk.settings.animations.set(false); }, false, false},
+        {"all may move again", [&] { desk.settings.animations.set(true); }, true, true},
+        {"a scene that is still", [&] { widget->setSkin(Skin::paper); }, false, false},
+        {"and back", [&] { widget->setSkin(Skin::pulse); }, true, true},
+    };
+    for (const Step& step : steps) {
+        step.take();
+        desk.clock.advance(2s); // what changed settles
+        scene->picture();
+        const int count = frames();
+        EXPECT_EQ(count > 20, step.moves) << step.what << ": " << count;
+        EXPECT_TRUE(step.moves || count == 0) << step.what << ": " << count;
+        EXPECT_LT(count, 40) << step.what << ": still between two beats";
+        EXPECT_EQ(desk.windows.isWatched, step.isWatched) << step.what;
+    }
+    desk.settings.animations.set(false);
+    EXPECT_FALSE(scene->updates().isEmpty()) << "it comes to rest";
+}
+
 TEST_F(SceneControllerTest, IsCutToItsMarksWhereNothingComposites)
 {
     desk.add(clock, {300, 300}, Skin::neon);

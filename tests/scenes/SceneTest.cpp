@@ -71,7 +71,7 @@ TEST(SceneTest, KeepsStrongMarksOutOfItemsAndTextsApart)
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     Canvas canvas(painter, {});
-    on.scene().sprites[before].draw(canvas);
+    on.scene().sprites[before].draw(canvas, 0);
     painter.end();
     EXPECT_NE(picture.pixel(60, 48), 0U);
     EXPECT_EQ(picture.pixel(text.center().toPoint()), 0U) << "a line stops before a text";

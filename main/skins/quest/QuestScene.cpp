@@ -128,16 +128,14 @@ void snake(SceneOrnament& on, const QList<QPointF>& way)
     for (const QPointF& centre : room)
         place |= QRectF(centre, QSizeF())
                      .adjusted(-stonePitch * unit, -stonePitch * unit, stonePitch * unit, stonePitch * unit);
-    on.add(
-        u"snake"_s, place & on.screen(),
-        [](Canvas& canvas, const QRectF& area, const QList<QPointF>& course, double scale) {
-            canvas.moving(area, Motion::steady(snakeRate), [&](Canvas& frame, double time) {
-                const double count = static_cast<double>(snakeSteps.size());
-                const auto index = static_cast<std::size_t>(std::fmod(std::floor(time * snakeRate), count));
-                drawSnake(frame, course, snakeSteps.at(index), scale);
-            });
+    on.addMoving(
+        u"snake"_s, {place & on.screen()}, Motion::steady(snakeRate),
+        [](Canvas& canvas, double time, const QList<QPointF>& course, double scale) {
+            const double count = static_cast<double>(snakeSteps.size());
+            const auto index = static_cast<std::size_t>(std::fmod(std::floor(time * snakeRate), count));
+            drawSnake(canvas, course, snakeSteps.at(index), scale);
         },
-        place & on.screen(), room, unit);
+        room, unit);
 }
 
 } // namespace
