@@ -18,6 +18,24 @@ namespace {
 // many.
 constexpr int mostPixels = 1 << 19;
 
+// Pixels whose painting costs about as much as one painting more.
+constexpr qint64 pixelsOfPart = 40'000;
+
+/// What to paint in one go: all that is outdated, or by itself what lies far apart.
+QList<QRect> partsOf(const QRegion& outdated, double pixelRatio)
+{
+    const auto pixels = [pixelRatio](const QRect& area) {
+        return static_cast<qint64>(static_cast<double>(area.width()) * area.height() * pixelRatio * pixelRatio);
+    };
+    const QRect whole = outdated.boundingRect();
+    qint64 spared = pixels(whole);
+    for (const QRect& each : outdated)
+        spared -= pixels(each);
+    if (spared <= pixelsOfPart * (outdated.rectCount() - 1))
+        return {whole};
+    return {outdated.begin(), outdated.end()};
+}
+
 } // namespace
 
 RasterSurface::RasterSurface(X11Parts& parts)
@@ -99,7 +117,12 @@ void RasterSurface::flush()
     const QRect whole({0, 0}, size());
     if (!isExposed() || whole.isEmpty())
         return;
-    const QRect area = std::exchange(m_outdated, QRegion()).boundingRect() & whole;
+    for (const QRect& area : partsOf(std::exchange(m_outdated, QRegion()) & whole, devicePixelRatio()))
+        flushArea(area);
+}
+
+void RasterSurface::flushArea(const QRect& area)
+{
     if (area.isEmpty())
         return;
     const PixelGrid grid(devicePixelRatio());

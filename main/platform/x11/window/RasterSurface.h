@@ -50,6 +50,7 @@ protected:
 private:
     bool take(QEvent& event);
     void flush();
+    void flushArea(const QRect& area);
     void flushPart(const PixelGrid& grid, const QRect& area);
 
     X11Parts& m_parts;
