@@ -30,9 +30,6 @@ constexpr double socketSize = 4;
 constexpr double socketGap = 6;
 constexpr double spill = 4; // of the sign's light beyond the plate
 constexpr double spillInside = 11;
-constexpr double flickerPeriod = 9; // seconds
-constexpr double flickerLength = 0.35;
-constexpr double flickerRate = 28; // frames a second
 
 constexpr double lean = 12; // degrees
 
@@ -58,6 +55,12 @@ QPainterPath signPath(const Box& box, double radius)
     return path;
 }
 
+/// Gas that is `lit` when it burns fully, in a tube of that colour.
+QColor burning(const QColor& tube, const QColor& lit, double brightness)
+{
+    return blended(blended(plateColour, tube, 0.4), lit, brightness);
+}
+
 void burningSign(Canvas& canvas, const Box& face, double corner, const QColor& colour, double brightness)
 {
     const Box box = face.inset(signInset);
@@ -65,7 +68,7 @@ void burningSign(Canvas& canvas, const Box& face, double corner, const QColor& c
     canvas.lightAround(path, lightOf(colour, signWidth, brightness));
     // The glass itself.
     canvas.lightAround(path, {.colour = colour, .strokes = 4, .alpha = 0.14 * brightness, .spread = 1.5});
-    canvas.stroke(path, roundPen(blended(blended(plateColour, colour, 0.4), pale(colour), brightness), signWidth));
+    canvas.stroke(path, roundPen(burning(colour, pale(colour), brightness), signWidth));
     const QPointF first = path.elementAt(0);
     const QPointF last = path.currentPosition();
     for (const QPointF end : {first - QPointF(socketSize / 2, 0), last + QPointF(socketSize / 2, 0)}) {
@@ -84,8 +87,8 @@ void tube(Canvas& canvas, const QPainterPath& path, const QColor& colour, double
         canvas.stroke(path, roundPen(blended(colour, pale(colour), 0.5), width));
         return;
     }
-    canvas.stroke(path, roundPen(colour, width));
-    canvas.stroke(path, roundPen(pale(colour), width * coreShare));
+    canvas.stroke(path, roundPen(burning(colour, colour, brightness), width));
+    canvas.stroke(path, roundPen(burning(colour, pale(colour), brightness), width * coreShare));
 }
 
 void levelTube(Canvas& canvas, const Box& box, double fraction, const QColor& unlit, const QColor& colour)

@@ -7,6 +7,11 @@
 
 namespace ambrelle::neon {
 
+// Of a tube with a loose contact, now and then.
+constexpr double flickerPeriod = 9; // seconds
+constexpr double flickerLength = 0.35;
+constexpr double flickerRate = 28; // frames a second
+
 /// A bent tube: light around it, the glass in its colour, the pale gas inside. `brightness` below 1: it flickers.
 void tube(Canvas& canvas, const QPainterPath& path, const QColor& colour, double width, double brightness = 1);
 /// A straight tube over its unlit glass, lit up to `fraction`.

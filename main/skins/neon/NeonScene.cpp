@@ -17,6 +17,7 @@ constexpr double outerTube = 18;
 constexpr double heroCorner = 14;
 constexpr double tubeWidth = 2.4;
 constexpr double tubeLight = 6; // of a tube's light beyond its glass, whatever the scale
+constexpr int signSeed = 41; // of the inner tube: they flicker at moments of their own
 constexpr double bend = 12;
 constexpr double besideItems = 14; // of a tube that runs past items
 constexpr double leastGutter = 8; // for a tube to run through
@@ -27,11 +28,25 @@ constexpr double stripePitch = 8;
 constexpr double thickestStripe = 5;
 constexpr double sunWidth = 0.46; // in parts of the hero's
 
+QRectF around(const QRectF& frame, double by)
+{
+    return frame.adjusted(-by, -by, by, by);
+}
+
+double reachOf(const SceneOrnament& on)
+{
+    return on.scaled(tubeWidth) / 2 + tubeLight;
+}
+
+QPainterPath roomFor(const SceneOrnament& on, const QPainterPath& tube)
+{
+    return on.outside(tube, on.scaled(tubeWidth), std::max(fromEdges, reachOf(on)));
+}
+
 void addTube(SceneOrnament& on, const QString& name, const QPainterPath& wanted, const QColor& colour)
 {
-    const double width = on.scaled(tubeWidth);
-    const double reach = width / 2 + tubeLight;
-    const QPainterPath path = on.outside(wanted, width, std::max(fromEdges, reach));
+    const double reach = reachOf(on);
+    const QPainterPath path = roomFor(on, wanted);
     if (path.isEmpty())
         return;
     on.add(
@@ -39,12 +54,32 @@ void addTube(SceneOrnament& on, const QString& name, const QPainterPath& wanted,
         [](Canvas& canvas, const QPainterPath& glass, const QColor& gas, double thickness) {
             neon::tube(canvas, glass, gas, thickness);
         },
-        path, colour, width);
+        path, colour, on.scaled(tubeWidth));
 }
 
-QRectF around(const QRectF& frame, double by)
+/// A tube around the hero that flickers now and then. It lies along four sides, and what they enclose stands still.
+void addSign(SceneOrnament& on, double distance, const QColor& colour, int seed)
 {
-    return frame.adjusted(-by, -by, by, by);
+    const QRectF box = around(on.hero().frame, on.scaled(distance));
+    const double corner = on.scaled(heroCorner + distance);
+    const QPainterPath path = roomFor(on, roundedPath(box, corner));
+    const double reach = reachOf(on);
+    const double inwards = reach + corner * 0.3; // an arc leaves both of its sides by so much
+    const QRectF outer = around(path.boundingRect(), reach);
+    Box rest = around(box, reach);
+    QList<QRectF> sides{rest.cutTop(reach + inwards), rest.cutBottom(reach + inwards), rest.cutLeft(reach + inwards),
+        rest.cutRight(reach + inwards)};
+    for (QRectF& side : sides)
+        side &= outer;
+    sides.removeIf([](const QRectF& side) { return side.isEmpty(); });
+    if (path.isEmpty())
+        return;
+    on.addMoving(
+        u"sign"_s, sides, Motion::bursts(neon::flickerPeriod, seed, neon::flickerLength, neon::flickerRate),
+        [](Canvas& canvas, double time, const QPainterPath& glass, const QColor& gas, double thickness, int place) {
+            neon::tube(canvas, glass, gas, thickness, Wave::flicker(time, place, neon::flickerPeriod));
+        },
+        path, colour, on.scaled(tubeWidth), seed);
 }
 
 /// Where a tube runs below the hero: through the middle of the gutter to what stands there, if there is one.
@@ -103,11 +138,8 @@ void sunset(SceneOrnament& on, const SkinStyle& style)
 Scene neonScene(SceneOrnament on)
 {
     const SkinStyle style = neon::makeStyle(on.accent());
-    const QRectF hero = on.hero().frame;
-    for (const auto& [distance, colour] : {std::pair(innerTube, style.accent), std::pair(outerTube, style.accent2)}) {
-        const double by = on.scaled(distance);
-        addTube(on, u"sign"_s, roundedPath(around(hero, by), on.scaled(heroCorner) + by), colour);
-    }
+    addSign(on, innerTube, style.accent, signSeed);
+    addSign(on, outerTube, style.accent2, signSeed + 1);
     sideTube(on, true, style.accent);
     sideTube(on, false, style.accent2);
     sunset(on, style);

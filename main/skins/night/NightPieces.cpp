@@ -5,6 +5,9 @@
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
 
+#include <cmath>
+#include <numbers>
+
 namespace ambrelle {
 
 QPolygonF heartBeat(const Box& box, double base, double height)
@@ -15,6 +18,12 @@ QPolygonF heartBeat(const Box& box, double base, double height)
     for (const QPointF& point : shape)
         points.append({box.x() + box.width() * point.x(), base - height * point.y()});
     return points;
+}
+
+double beatAt(double time)
+{
+    const std::optional<double> phase = time > 0 ? heartbeat.phase(time) : std::nullopt;
+    return phase ? 1 + beatSwell * std::sin(*phase * std::numbers::pi) : 1;
 }
 
 std::array<QColor, 6> spectrumOf(const NightLook& look)

@@ -22,7 +22,7 @@ constexpr double traceFades = 90; // over the end of the trace
 constexpr double besideHero = 200; // of the trace, where no other item stands there
 constexpr double spikeWidth = 130;
 constexpr double leastSpikeWidth = 46;
-constexpr double spikeHeight = 58;
+constexpr double spikeHeight = 58; // as it beats
 constexpr double aroundSpike = 10;
 constexpr double heartSize = 18;
 constexpr double heartGap = 8;
@@ -81,24 +81,84 @@ QPolygonF beatBeside(const SceneOrnament& on, const QList<Stretch>& room, bool i
     const double width = std::min(on.scaled(spikeWidth), widest.length() - 2 * on.scaled(aroundSpike));
     if (width < on.scaled(leastSpikeWidth))
         return {};
-    const double height = on.scaled(spikeHeight) * std::min(1.0, 0.4 + 0.6 * width / on.scaled(spikeWidth));
+    const double height =
+        on.scaled(spikeHeight) / (1 + beatSwell) * std::min(1.0, 0.4 + 0.6 * width / on.scaled(spikeWidth));
     return heartBeat({widest.middle() - width / 2, level, width, 0}, level, height);
 }
 
-void addTrace(SceneOrnament& on, const QPainterPath& wanted, const QBrush& brush, const QColor& light)
+/// Of a line, what lies in `room`: one line may be drawn in pieces that meet there.
+void drawTrace(Canvas& canvas, const QPainterPath& line, const QRectF& room, const QPen& pen, const QColor& light)
 {
-    const double width = on.scaled(traceWidth);
-    const double reach = width + traceLight;
-    const QPainterPath path = on.outside(wanted, width, reach + 1);
-    if (path.isEmpty())
+    canvas.paint([&](QPainter& painter) {
+        painter.setClipRect(room, Qt::IntersectClip);
+        canvas.lightAround(line, {.colour = light, .strokes = 3, .alpha = 0.07, .spread = 2 * traceLight / 3});
+        canvas.stroke(line, pen);
+    });
+}
+
+double traceReach(const SceneOrnament& on)
+{
+    return on.scaled(traceWidth) + traceLight;
+}
+
+void addTrace(SceneOrnament& on, const QPolygonF& points, const QRectF& room, const QPen& pen, const QColor& light)
+{
+    const double reach = traceReach(on);
+    const QPainterPath path = on.outside(straightLine(points), on.scaled(traceWidth), reach + 1);
+    const QRectF place = path.boundingRect().adjusted(-reach, -reach, reach, reach) & room;
+    if (path.isEmpty() || place.isEmpty())
         return;
     on.add(
-        u"trace"_s, path.boundingRect().adjusted(-reach, -reach, reach, reach),
-        [](Canvas& canvas, const QPainterPath& line, const QPen& pen, const QColor& colour) {
-            canvas.lightAround(line, {.colour = colour, .strokes = 3, .alpha = 0.07, .spread = 2 * traceLight / 3});
-            canvas.stroke(line, pen);
+        u"trace"_s, place,
+        [](Canvas& canvas, const QPainterPath& line, const QRectF& seen, const QPen& ink, const QColor& colour) {
+            drawTrace(canvas, line, seen, ink, colour);
         },
-        path, roundPen(brush, width), light);
+        path, place, pen, light);
+}
+
+/// Where the newest beat swells with the heart; none where something is in its way.
+std::optional<QRectF> roomOfBeat(const SceneOrnament& on, const QPolygonF& beat)
+{
+    if (beat.isEmpty())
+        return std::nullopt;
+    const double reach = traceReach(on) + 1;
+    const double grows = beat.boundingRect().height() * beatSwell;
+    const QRectF room = beat.boundingRect().adjusted(0, -grows - reach, 0, grows + reach).toAlignedRect();
+    return on.isFree(room) ? std::optional(room) : std::nullopt;
+}
+
+void addBeat(SceneOrnament& on, const QPolygonF& beat, const QRectF& room, const QPen& pen, const QColor& light)
+{
+    const double reach = 2 * traceReach(on); // the line goes on beyond both edges of the room
+    const double level = beat.first().y();
+    QPolygonF points{{beat.first().x() - reach, level}};
+    points += beat;
+    points.append({beat.last().x() + reach, level});
+    on.addMoving(
+        u"beat"_s, {room}, heartbeat,
+        [](Canvas& canvas, double time, QPolygonF line, const QRectF& seen, const QPen& ink, const QColor& colour) {
+            const double rest = line.first().y();
+            for (QPointF& point : line)
+                point.setY(rest + (point.y() - rest) * beatAt(time));
+            drawTrace(canvas, straightLine(line), seen, ink, colour);
+        },
+        points, room, pen, light);
+}
+
+bool addHeart(SceneOrnament& on, QPointF centre, double size, const QColor& colour)
+{
+    const double half = size * (1 + beatSwell) / 2 + 1;
+    const QRectF place(centre.x() - half, centre.y() - half, 2 * half, 2 * half);
+    if (!on.isFree(place))
+        return false;
+    on.reserve(place);
+    on.addMoving(
+        u"heart"_s, {place}, heartbeat,
+        [](Canvas& canvas, double time, const QRectF& where, double across, const QColor& ink) {
+            canvas.symbol(where, u"heart.fill"_s, across * beatAt(time), ink);
+        },
+        place, size, colour);
+    return true;
 }
 
 } // namespace
@@ -110,19 +170,28 @@ Scene pulseScene(SceneOrnament on)
     const double level = on.hero().frame.center().y();
     Stretch whole = traceOf(on, level);
     const double heart = on.scaled(heartSize);
-    if (on.icon(u"heart"_s, {whole.from + heart / 2 + 1, level}, u"heart.fill"_s, heart, look.accent))
+    if (addHeart(on, {whole.from + heart / 2 + 1, level}, heart, look.accent))
         whole.from += heart + on.scaled(heartGap);
     if (whole.length() <= 0)
         return on.scene();
     const QList<Stretch> room = freeOf(on.items(), whole, level, on.scaled(spikeHeight));
     QPolygonF points{{whole.from, level}};
-    points += beatBeside(on, room, true, level);
-    points += beatBeside(on, room, false, level);
+    const QPolygonF older = beatBeside(on, room, true, level);
+    const QPolygonF newer = beatBeside(on, room, false, level);
+    points += older + newer;
     points.append({whole.to, level});
     const double fades = std::max(0.0, 1 - on.scaled(traceFades) / whole.length());
     const QColor ink = faded(look.accent, traceInk);
-    addTrace(on, straightLine(points),
-        linear(points.first(), points.last(), {{0, ink}, {fades, ink}, {1, faded(ink, 0)}}), look.accent);
+    const QPen pen = roundPen(
+        linear(points.first(), points.last(), {{0, ink}, {fades, ink}, {1, faded(ink, 0)}}), on.scaled(traceWidth));
+    const QPolygonF& newest = newer.isEmpty() ? older : newer;
+    QRectF rest = on.screen();
+    if (const std::optional<QRectF> place = roomOfBeat(on, newest)) {
+        addTrace(on, points, QRectF(rest.topLeft(), QPointF(place->left(), rest.bottom())), pen, look.accent);
+        addBeat(on, newest, *place, pen, look.accent);
+        rest.setLeft(place->right());
+    }
+    addTrace(on, points, rest, pen, look.accent);
     return on.scene();
 }
 

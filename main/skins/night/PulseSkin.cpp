@@ -25,16 +25,6 @@ const QColor pulseAmber(0xFF, 0xC2, 0x33); // of the sun, and of mild days
 constexpr double unlit = 0.2; // opacity of the empty part of rings and levels
 constexpr double ringGap = 3;
 
-const Motion heartbeat = Motion::bursts(2.4, 1, 0.5, 24);
-
-/// How much larger than at rest what beats is.
-double beatAt(double time)
-{
-    constexpr double most = 0.12;
-    const std::optional<double> phase = time > 0 ? heartbeat.phase(time) : std::nullopt;
-    return phase ? 1 + most * std::sin(*phase * std::numbers::pi) : 1;
-}
-
 /// A fitness watch on the desk: thick rings in red, green and cyan, the load as a heartbeat, rounded figures.
 class PulseSkin final : public NightSkin {
 public:
