@@ -47,6 +47,27 @@ QRectF rectOf(const Span& along, const Span& across, Qt::Orientation direction)
     return direction == Qt::Horizontal ? rect : QRectF(rect.y(), rect.x(), rect.height(), rect.width());
 }
 
+/// The points that lie wholly inside round corners, and a point away from them.
+QRegion roundedRegion(const QRect& rect, double radius)
+{
+    if (radius <= 0)
+        return rect;
+    const int height = std::min(static_cast<int>(std::ceil(radius)), rect.height() / 2);
+    const auto row = [&](int index) {
+        const double rise = radius - index;
+        const int cut =
+            static_cast<int>(std::ceil(radius - std::sqrt(std::max(0.0, radius * radius - rise * rise)))) + 1;
+        return QRect(rect.left() + cut, rect.top() + index, rect.width() - 2 * cut, 1);
+    };
+    QRegion region = rect.adjusted(0, height, 0, -height);
+    for (int index = 0; index < height; ++index) {
+        const QRect above = row(index);
+        region += above;
+        region += above.translated(0, rect.height() - 1 - 2 * index);
+    }
+    return region;
+}
+
 Qt::Orientation acrossOf(Qt::Orientation direction)
 {
     return direction == Qt::Horizontal ? Qt::Vertical : Qt::Horizontal;
@@ -186,12 +207,17 @@ QPainterPath SceneLayout::onScreen(const QPainterPath& line, double fromEdges) c
     return cutLine(line, m_screen.adjusted(fromEdges, fromEdges, -fromEdges, -fromEdges), {}, leastStretch);
 }
 
-QRegion SceneLayout::besideItems(const QRectF& place) const
+QRegion SceneLayout::besideItems(const QRectF& place, double corner) const
 {
     QRegion left((place & m_screen).toAlignedRect());
     for (const SceneItem& item : m_items)
-        left -= item.frame.toAlignedRect();
+        left -= roundedRegion(item.frame.toAlignedRect(), ofFace(item, corner));
     return left;
+}
+
+double SceneLayout::ofFace(const SceneItem& item, double points)
+{
+    return item.frame.height() / designHeight * points;
 }
 
 QPointF SceneLayout::edge(const SceneItem& item, Qt::Edge side)

@@ -63,8 +63,11 @@ public:
         const QPainterPath& line, double fromEdges) const; ///< the same for what may pass behind items
 
     /// The whole points of a place on the screen that no item covers: for strong marks that reach up to the very edges
-    /// of items, as if they lay behind them.
-    QRegion besideItems(const QRectF& place) const;
+    /// of items, as if they lay behind them. Items whose faces leave their corners open give these, up to a pixel
+    /// below the edge of the face; `corner` is the radius at a face's scale of 1.
+    QRegion besideItems(const QRectF& place, double corner = 0) const;
+    /// A measure of the item's own face at scale 1, in points of the screen.
+    static double ofFace(const SceneItem& item, double points);
 
     /// The middle of a side of the item.
     static QPointF edge(const SceneItem& item, Qt::Edge side);

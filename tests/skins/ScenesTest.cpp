@@ -62,13 +62,13 @@ QList<Layout> layouts(Skin skin)
 
 constexpr int spare = 64; // pixels round the screen
 
-QImage pictureOf(const Scene& scene, const QSizeF& size)
+QImage pictureOf(const Scene& scene, const QSizeF& size, double time = 0)
 {
     QImage image(size.toSize() + QSize(2 * spare, 2 * spare), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.translate(spare, spare);
-    scene.draw(painter, QRectF(-spare, -spare, image.width(), image.height()));
+    scene.draw(painter, QRectF(-spare, -spare, image.width(), image.height()), time);
     return image;
 }
 
@@ -83,6 +83,34 @@ int strongest(const QImage& image, const QRect& area)
             most = std::max(most, qAlpha(line[x]));
     }
     return most;
+}
+
+/// Moments at which a mark looks other than at rest.
+QList<double> momentsOf(const Motion& motion)
+{
+    constexpr double start = 3600;
+    QList<double> moments;
+    for (double time = start; moments.size() < 3; time += 1 / motion.fps) {
+        if (motion.period <= 0 || motion.phase(time))
+            moments.append(time);
+    }
+    return moments;
+}
+
+/// What an item's face is sure to cover: two rectangles that leave its corners out where those are round.
+QList<QRect> coveredBy(const SceneItem& item, double corner)
+{
+    const double radius = corner * item.frame.height() / 170 + (corner > 0 ? 2 : 0);
+    const auto inset = [&](double x, double y) {
+        return item.frame.adjusted(1 + x, 1 + y, -1 - x, -1 - y).toAlignedRect().adjusted(1, 1, -1, -1);
+    };
+    return {inset(radius, 0), inset(0, radius)};
+}
+
+/// The corners beside whose curves a skin's marks may go on: those of instruments that are let into a panel.
+double openCorner(Skin skin)
+{
+    return skin == Skin::cockpit ? 10 : 0;
 }
 
 /// Whether nothing is painted outside the places of the marks.
@@ -113,9 +141,10 @@ TEST_P(ScenesTest, LeavesItemsAloneAndStaysOnTheScreen)
             EXPECT_TRUE(screen.contains(sprite.place())) << qPrintable(sprite.name());
         EXPECT_TRUE(staysInPlace(scene, image));
         for (const SceneItem& item : items) {
-            const QRect inside = item.frame.adjusted(1, 1, -1, -1).toAlignedRect().adjusted(1, 1, -1, -1);
-            EXPECT_LE(strongest(image, inside), qCeil(255 * SceneOrnament::strong) + 1)
-                << qPrintable(rawValue(item.kind)) << " at " << item.frame.x() << ", " << item.frame.y();
+            for (const QRect& inside : coveredBy(item, openCorner(GetParam()))) {
+                EXPECT_LE(strongest(image, inside), qCeil(255 * SceneOrnament::strong) + 1)
+                    << qPrintable(rawValue(item.kind)) << " at " << item.frame.x() << ", " << item.frame.y();
+            }
         }
     }
 }
@@ -145,8 +174,50 @@ TEST_P(ScenesTest, TellsAllThatADraggedWidgetChanges)
     }
 }
 
+TEST_P(ScenesTest, MovesInsideItsAreasAndOutsideItems)
+{
+    for (const auto& [items, size] : layouts(GetParam()).first(12)) {
+        const Scene scene = sceneOf(GetParam(), items, size, std::nullopt);
+        if (scene.moving().isEmpty())
+            continue;
+        const QImage rest = pictureOf(scene, size);
+        for (const double time : momentsOf(scene.moving().first().motion)) {
+            QImage picture = pictureOf(scene, size, time);
+            for (const SceneItem& item : items) {
+                for (const QRect& inside : coveredBy(item, 0))
+                    EXPECT_LE(strongest(picture, inside), qCeil(255 * SceneOrnament::strong) + 1) << time;
+            }
+            QPainter painter(&picture);
+            painter.setCompositionMode(QPainter::CompositionMode_Source);
+            for (const Canvas::MovingArea& each : scene.moving()) {
+                const QRect pixels = each.area.toAlignedRect().translated(spare, spare);
+                painter.drawImage(pixels, rest, pixels);
+            }
+            painter.end();
+            EXPECT_EQ(picture, rest) << time;
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Skins, ScenesTest, testing::ValuesIn(allCases<Skin>()),
     [](const auto& tested) { return rawValue(tested.param).toString().toStdString(); });
+
+TEST(SceneRecipes, SomeScenesMove)
+{
+    QList<Skin> moving;
+    for (const Skin skin : allCases<Skin>()) {
+        const auto [items, size] = layouts(skin).first();
+        const Scene scene = sceneOf(skin, items, size, std::nullopt);
+        if (scene.moving().isEmpty())
+            continue;
+        moving.append(skin);
+        const QImage rest = pictureOf(scene, size);
+        const QList<double> moments = momentsOf(scene.moving().first().motion);
+        EXPECT_TRUE(std::ranges::any_of(moments, [&](double time) { return pictureOf(scene, size, time) != rest; }))
+            << qPrintable(rawValue(skin));
+    }
+    EXPECT_EQ(moving, (QList{Skin::neon, Skin::quest, Skin::pulse}));
+}
 
 TEST(SceneRecipes, NothingIsDrawnAroundNothing)
 {

@@ -25,6 +25,7 @@ constexpr double shadowReach = 9; // whatever the scale
 const QColor sheetTop(0x2C, 0x32, 0x38);
 const QColor sheetBottom(0x1F, 0x24, 0x29);
 
+constexpr double recessGap = 1.5; // around what is let into a sheet
 constexpr double sheetScrew = 3.2; // radius
 constexpr double sheetScrewPlace = 12; // from both edges
 
@@ -67,9 +68,17 @@ QList<QRectF> sheets(const SceneOrnament& on)
     return areas;
 }
 
+/// The edge that an instrument is let into.
+struct Recess {
+    QRectF area;
+    double corner;
+
+    bool operator==(const Recess&) const = default;
+};
+
 struct Sheet {
     Box box;
-    QList<QRectF> instruments;
+    QList<Recess> instruments;
     QList<QPointF> screws;
     QRegion metal; ///< what the instruments leave of it
     double unit;
@@ -80,10 +89,6 @@ struct Sheet {
 void drawSheet(Canvas& canvas, const Sheet& sheet)
 {
     const double corner = sheetCorner * sheet.unit;
-    canvas.paint([&](QPainter& painter) { // beside the round corners of their bezels
-        painter.setClipRegion(QRegion(sheet.box.toAlignedRect()) - sheet.metal, Qt::IntersectClip);
-        canvas.fill(sheet.box, faded(Qt::black, SceneOrnament::strong), corner);
-    });
     canvas.paint([&](QPainter& painter) {
         painter.setClipRegion(sheet.metal, Qt::IntersectClip);
         dropShadow(canvas, sheet.box, corner, Qt::black, 0.05, shadowSteps, 3);
@@ -96,11 +101,11 @@ void drawSheet(Canvas& canvas, const Sheet& sheet)
                          {1, faded(Qt::black, 0.45)}}),
                 edge),
             corner);
-        for (const QRectF& frame : sheet.instruments) {
-            const Box cut = outset(frame, 1.5 * sheet.unit);
+        for (const Recess& recess : sheet.instruments) {
+            const Box cut = recess.area;
             canvas.fill(cut,
                 downwards(cut, {{0, faded(Qt::black, 0.6)}, {0.9, faded(Qt::black, 0.4)}, {1, faded(Qt::white, 0.16)}}),
-                2);
+                recess.corner);
         }
         SeededRandom random{seedOf(u"cockpit")};
         for (const QPointF& place : sheet.screws)
@@ -133,12 +138,13 @@ QList<QPointF> screwPlaces(const SceneOrnament& on, const QRectF& area)
     return places;
 }
 
-void addSheet(SceneOrnament& on, const QRectF& area)
+void addSheet(SceneOrnament& on, const QRectF& area, double bezel)
 {
-    Sheet sheet{area, {}, screwPlaces(on, area), on.besideItems(outset(area, shadowReach)), on.scaled(1)};
+    Sheet sheet{area, {}, screwPlaces(on, area), on.besideItems(outset(area, shadowReach), bezel), on.scaled(1)};
+    const double gap = on.scaled(recessGap);
     for (const SceneItem& item : on.items()) {
         if (item.frame.intersects(area))
-            sheet.instruments.append(item.frame);
+            sheet.instruments.append({outset(item.frame, gap), SceneOrnament::ofFace(item, bezel) + gap});
     }
     on.add(
         u"sheet"_s, outset(area, shadowReach), [](Canvas& canvas, const Sheet& drawn) { drawSheet(canvas, drawn); },
@@ -196,7 +202,7 @@ Scene cockpitScene(SceneOrnament on)
 {
     const SkinStyle style = cockpit::makeStyle(on.accent());
     for (const QRectF& area : sheets(on))
-        addSheet(on, area);
+        addSheet(on, area, style.corner);
     annunciators(on, style);
     std::size_t row = 0;
     for (const QList<SceneItem>& items : on.rows()) {
