@@ -18,22 +18,18 @@ namespace {
 // many.
 constexpr int mostPixels = 1 << 19;
 
-// Pixels whose painting costs about as much as one painting more.
-constexpr qint64 pixelsOfPart = 40'000;
+// Points whose painting costs about as much as one painting more.
+constexpr qint64 pointsOfPart = 40'000;
 
-/// What to paint in one go: all that is outdated, or by itself what lies far apart.
-QList<QRect> partsOf(const QRegion& outdated, double pixelRatio)
+qint64 areaOf(const QRect& rect)
 {
-    const auto pixels = [pixelRatio](const QRect& area) {
-        return static_cast<qint64>(static_cast<double>(area.width()) * area.height() * pixelRatio * pixelRatio);
-    };
-    const QRect whole = outdated.boundingRect();
-    qint64 spared = pixels(whole);
-    for (const QRect& each : outdated)
-        spared -= pixels(each);
-    if (spared <= pixelsOfPart * (outdated.rectCount() - 1))
-        return {whole};
-    return {outdated.begin(), outdated.end()};
+    return static_cast<qint64>(rect.width()) * rect.height();
+}
+
+/// Whether both are painted sooner in one go than one after the other.
+bool belongTogether(const QRect& one, const QRect& other)
+{
+    return areaOf(one | other) - areaOf(one) - areaOf(other) < pointsOfPart;
 }
 
 } // namespace
@@ -49,7 +45,16 @@ RasterSurface::RasterSurface(X11Parts& parts)
 
 void RasterSurface::update(const QRect& area)
 {
-    m_outdated |= area;
+    if (area.isEmpty())
+        return;
+    QRect part = area;
+    const auto near = [&part](const QRect& other) { return belongTogether(part, other); };
+    for (auto other = std::ranges::find_if(m_outdated, near); other != m_outdated.end();
+         other = std::ranges::find_if(m_outdated, near)) {
+        part |= *other;
+        m_outdated.erase(other);
+    }
+    m_outdated.append(part);
     requestUpdate();
 }
 
@@ -91,7 +96,7 @@ bool RasterSurface::take(QEvent& event)
     switch (event.type()) {
     case QEvent::UpdateRequest: flush(); return true;
     case QEvent::Paint: // the server has lost what it showed
-        m_outdated = QRect({0, 0}, size());
+        m_outdated = {QRect({0, 0}, size())};
         flush();
         return true;
     default: return QWindow::event(&event);
@@ -117,8 +122,10 @@ void RasterSurface::flush()
     const QRect whole({0, 0}, size());
     if (!isExposed() || whole.isEmpty())
         return;
-    for (const QRect& area : partsOf(std::exchange(m_outdated, QRegion()) & whole, devicePixelRatio()))
-        flushArea(area);
+    for (const QRect& part : std::exchange(m_outdated, {})) {
+        if (!m_retired)
+            flushArea(part & whole);
+    }
 }
 
 void RasterSurface::flushArea(const QRect& area)

@@ -4,7 +4,8 @@
 
 #include "platform/x11/window/X11Parts.h"
 
-#include <QRegion>
+#include <QList>
+#include <QRect>
 #include <QWindow>
 
 #include <functional>
@@ -54,7 +55,7 @@ private:
     void flushPart(const PixelGrid& grid, const QRect& area);
 
     X11Parts& m_parts;
-    QRegion m_outdated;
+    QList<QRect> m_outdated; ///< parts that are each painted in one go
     int m_delivering = 0;
     bool m_retired = false;
     bool m_appeared = false;
