@@ -102,7 +102,11 @@ void Canvas::lightAround(const QPainterPath& path, const InkGlow& glow)
         opacities[cover] = 1 - std::pow(1 - glow.alpha, glow.strokes * static_cast<double>(cover) / 255);
     const QTransform device = m_painter->deviceTransform();
     const double across = reach * std::sqrt(std::abs(device.determinant()));
-    InkMask mask(devicePixels(*m_painter, path.boundingRect().adjusted(-reach, -reach, reach, reach)), across);
+    const QRect pixels = devicePixels(*m_painter, path.boundingRect().adjusted(-reach, -reach, reach, reach));
+    const QRect seen = m_painter->hasClipping() ? devicePixels(*m_painter, m_painter->clipBoundingRect()) : pixels;
+    if (!pixels.intersects(seen))
+        return;
+    InkMask mask(pixels, across, seen);
     for (const QPolygonF& line : device.map(path).toSubpathPolygons())
         mask.add(line, QList<double>(line.size(), across));
     paintDeviceImage(*m_painter, mask.pixels().topLeft(), mask.tinted(glow.colour, opacities));

@@ -17,7 +17,12 @@ namespace ambrelle {
 class InkMask {
 public:
     /// At the sides of a line the cover falls to nothing within `edge` pixels, half of them inside the line.
-    explicit InkMask(const QRect& pixels, double edge = 1);
+    explicit InkMask(const QRect& pixels, double edge = 1)
+        : InkMask(pixels, edge, pixels)
+    {
+    }
+    /// Only the part of it that is `seen`, which is as in the whole.
+    InkMask(const QRect& pixels, double edge, const QRect& seen);
 
     const QRect& pixels() const { return m_pixels; }
     /// Covers a line; all in device pixels, a width for each point.
@@ -30,6 +35,7 @@ public:
 private:
     void addPiece(QPointF from, QPointF to, double fromRadius, double toRadius);
 
+    QPoint m_origin; ///< lines are counted from there, whatever is seen: sums round alike
     QRect m_pixels;
     double m_edge;
     QList<uchar> m_cover;
