@@ -156,7 +156,7 @@ TEST_F(SceneControllerTest, MovesOnlyWhileSomebodySeesIt)
     ASSERT_TRUE(scene);
     const QRectF whole({0, 0}, scene->frame().size());
     scene->picture();
-    const auto frames = [&] { // in five seconds, in which the heart beats twice
+    const auto frames = [&] { // in five seconds, in which the heart beats once or twice
         int count = 0;
         scene->clearUpdates();
         for (int step = 0; step < 500; ++step) {
@@ -194,9 +194,9 @@ TEST_F(SceneControllerTest, MovesOnlyWhileSomebodySeesIt)
         desk.clock.advance(2s); // what changed settles
         scene->picture();
         const int count = frames();
-        EXPECT_EQ(count > 20, step.moves) << step.what << ": " << count;
+        EXPECT_EQ(count > 3, step.moves) << step.what << ": " << count;
         EXPECT_TRUE(step.moves || count == 0) << step.what << ": " << count;
-        EXPECT_LT(count, 40) << step.what << ": still between two beats";
+        EXPECT_LT(count, 13) << step.what << ": still between two beats";
         EXPECT_EQ(desk.windows.isWatched, step.isWatched) << step.what;
     }
     desk.settings.animations.set(false);

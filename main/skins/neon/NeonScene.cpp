@@ -17,7 +17,10 @@ constexpr double outerTube = 18;
 constexpr double heroCorner = 14;
 constexpr double tubeWidth = 2.4;
 constexpr double tubeLight = 6; // of a tube's light beyond its glass, whatever the scale
-constexpr int signSeed = 41; // of the inner tube: they flicker at moments of their own
+// The sign's inner tube flickers less often than plates do, and more coarsely: what is painted for it is longer.
+constexpr int signSeed = 41;
+constexpr double signPeriod = 18; // seconds
+constexpr double signRate = 14; // frames a second
 constexpr double bend = 12;
 constexpr double besideItems = 14; // of a tube that runs past items
 constexpr double leastGutter = 8; // for a tube to run through
@@ -58,7 +61,7 @@ void addTube(SceneOrnament& on, const QString& name, const QPainterPath& wanted,
 }
 
 /// A tube around the hero that flickers now and then. It lies along four sides, and what they enclose stands still.
-void addSign(SceneOrnament& on, double distance, const QColor& colour, int seed)
+void addSign(SceneOrnament& on, double distance, const QColor& colour)
 {
     const QRectF box = around(on.hero().frame, on.scaled(distance));
     const double corner = on.scaled(heroCorner + distance);
@@ -75,11 +78,11 @@ void addSign(SceneOrnament& on, double distance, const QColor& colour, int seed)
     if (path.isEmpty())
         return;
     on.addMoving(
-        u"sign"_s, sides, Motion::bursts(neon::flickerPeriod, seed, neon::flickerLength, neon::flickerRate),
-        [](Canvas& canvas, double time, const QPainterPath& glass, const QColor& gas, double thickness, int place) {
-            neon::tube(canvas, glass, gas, thickness, Wave::flicker(time, place, neon::flickerPeriod));
+        u"sign"_s, sides, Motion::bursts(signPeriod, signSeed, neon::flickerLength, signRate),
+        [](Canvas& canvas, double time, const QPainterPath& glass, const QColor& gas, double thickness) {
+            neon::tube(canvas, glass, gas, thickness, Wave::flicker(time, signSeed, signPeriod));
         },
-        path, colour, on.scaled(tubeWidth), seed);
+        path, colour, on.scaled(tubeWidth));
 }
 
 /// Where a tube runs below the hero: through the middle of the gutter to what stands there, if there is one.
@@ -138,8 +141,9 @@ void sunset(SceneOrnament& on, const SkinStyle& style)
 Scene neonScene(SceneOrnament on)
 {
     const SkinStyle style = neon::makeStyle(on.accent());
-    addSign(on, innerTube, style.accent, signSeed);
-    addSign(on, outerTube, style.accent2, signSeed + 1);
+    addSign(on, innerTube, style.accent);
+    const double outer = on.scaled(outerTube);
+    addTube(on, u"sign"_s, roundedPath(around(on.hero().frame, outer), on.scaled(heroCorner) + outer), style.accent2);
     sideTube(on, true, style.accent);
     sideTube(on, false, style.accent2);
     sunset(on, style);

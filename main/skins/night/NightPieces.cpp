@@ -20,9 +20,9 @@ QPolygonF heartBeat(const Box& box, double base, double height)
     return points;
 }
 
-double beatAt(double time)
+double beatAt(double time, const Motion& motion)
 {
-    const std::optional<double> phase = time > 0 ? heartbeat.phase(time) : std::nullopt;
+    const std::optional<double> phase = time > 0 ? motion.phase(time) : std::nullopt;
     return phase ? 1 + beatSwell * std::sin(*phase * std::numbers::pi) : 1;
 }
 

@@ -20,7 +20,8 @@ QPolygonF heartBeat(const Box& box, double base, double height);
 constexpr double beatDip = 0.26; ///< how far a beat falls below its line, in parts of its height
 const Motion heartbeat = Motion::bursts(2.4, 1, 0.5, 24);
 constexpr double beatSwell = 0.12; ///< how much larger than at rest something gets as it beats
-double beatAt(double time); ///< how large it is, in parts of its size at rest
+/// How large it is, in parts of its size at rest.
+double beatAt(double time, const Motion& motion = heartbeat);
 
 /// Prism: the colours that white falls into, one after the other.
 constexpr QColor prismViolet(0xB5, 0x8C, 0xFF); ///< what lies in the spectrum between the second colour and the third,

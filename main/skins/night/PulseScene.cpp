@@ -19,6 +19,9 @@ constexpr double traceInk = 0.85;
 constexpr double traceLight = 5; // how far it reaches
 constexpr double traceFades = 90; // over the end of the trace
 
+// Every second beat of the faces', in fewer frames: more is painted for it.
+const Motion sceneBeat = Motion::bursts(4.8, 1, 0.5, 8);
+
 constexpr double besideHero = 200; // of the trace, where no other item stands there
 constexpr double spikeWidth = 130;
 constexpr double leastSpikeWidth = 46;
@@ -135,11 +138,11 @@ void addBeat(SceneOrnament& on, const QPolygonF& beat, const QRectF& room, const
     points += beat;
     points.append({beat.last().x() + reach, level});
     on.addMoving(
-        u"beat"_s, {room}, heartbeat,
+        u"beat"_s, {room}, sceneBeat,
         [](Canvas& canvas, double time, QPolygonF line, const QRectF& seen, const QPen& ink, const QColor& colour) {
             const double rest = line.first().y();
             for (QPointF& point : line)
-                point.setY(rest + (point.y() - rest) * beatAt(time));
+                point.setY(rest + (point.y() - rest) * beatAt(time, sceneBeat));
             drawTrace(canvas, straightLine(line), seen, ink, colour);
         },
         points, room, pen, light);
@@ -153,9 +156,9 @@ bool addHeart(SceneOrnament& on, QPointF centre, double size, const QColor& colo
         return false;
     on.reserve(place);
     on.addMoving(
-        u"heart"_s, {place}, heartbeat,
+        u"heart"_s, {place}, sceneBeat,
         [](Canvas& canvas, double time, const QRectF& where, double across, const QColor& ink) {
-            canvas.symbol(where, u"heart.fill"_s, across * beatAt(time), ink);
+            canvas.symbol(where, u"heart.fill"_s, across * beatAt(time, sceneBeat), ink);
         },
         place, size, colour);
     return true;
