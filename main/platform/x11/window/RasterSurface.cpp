@@ -19,7 +19,7 @@ namespace {
 constexpr int mostPixels = 1 << 19;
 
 // Points whose painting costs about as much as one painting more.
-constexpr qint64 pointsOfPart = 40'000;
+constexpr qint64 pointsOfPart = 60'000; // no less than most widgets have
 
 qint64 areaOf(const QRect& rect)
 {
