@@ -33,6 +33,8 @@ def painted(running, file):
     file.unlink(missing_ok=True)
     running.send_signal(signal.SIGUSR1)
     while not (told := read(file)).endswith("\n"):
+        if running.poll() is not None:
+            sys.exit(f"the program ended with {running.returncode}")
         time.sleep(0.01)
     return list(map(int, told.split()))
 
