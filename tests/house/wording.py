@@ -32,10 +32,13 @@ EXEMPT = {
     "app/": "said in a terminal, before there is a desktop or without one",
     "foundation/SettingsFile.cpp": "said in a terminal",
     "model/NearestCity.cpp": "a gazetteer, as a geocoder's answers are",
+    "platform/linux/desktop/MenuRegistration.cpp": "said in a terminal",
+    "platform/linux/update/FolderExchange.cpp": "the name of a folder",
     "platform/mac/ScriptPlayers.cpp": "programs for another interpreter",
     "platform/recording/": "tests",
     "platform/x11/X11Machine.cpp": "said in a terminal, before the toolkit runs",
     "services/Quotes.cpp": "quotations, and English words with their pronunciation",
+    "unpacking/": "said by one program to another",
 }
 
 
