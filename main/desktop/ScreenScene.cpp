@@ -125,7 +125,7 @@ void ScreenScene::outline(bool exactly)
             areas = m_scene.inked(outlineCell);
         else
             for (const SceneSprite& sprite : std::as_const(m_scene.sprites))
-                areas.append(sprite.place());
+                areas += sprite.areas();
     }
     for (QRectF& area : areas)
         area.translate(-m_area.topLeft());

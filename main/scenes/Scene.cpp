@@ -10,10 +10,10 @@
 
 namespace ambrelle {
 
-QRectF SceneSprite::united(const QList<QRectF>& areas)
+QRectF SceneSprite::place() const
 {
     QRectF whole;
-    for (const QRectF& area : areas)
+    for (const QRectF& area : m_areas)
         whole |= area;
     return whole;
 }
@@ -37,8 +37,9 @@ QList<Canvas::MovingArea> Scene::moving() const
 void Scene::draw(QPainter& painter, const QRectF& area, double time) const
 {
     Canvas canvas(painter, {.finish = finish, .manner = manner});
+    const auto isThere = [&area](const QRectF& part) { return part.intersects(area); };
     for (const SceneSprite& sprite : sprites) {
-        if (sprite.place().intersects(area))
+        if (std::ranges::any_of(sprite.areas(), isThere))
             sprite.draw(canvas, time);
     }
 }
@@ -54,7 +55,7 @@ QList<QRectF> Scene::changes(const Scene& before, const Scene& after)
         const auto from = before.sprites.begin() + next;
         const auto same = std::find(from, before.sprites.end(), sprite);
         if (same == before.sprites.end()) {
-            changed.append(sprite.place());
+            changed += sprite.areas();
             continue;
         }
         next = same - before.sprites.begin();
@@ -62,7 +63,7 @@ QList<QRectF> Scene::changes(const Scene& before, const Scene& after)
     }
     for (qsizetype index = 0; index < before.sprites.size(); ++index) {
         if (!stays[index])
-            changed.append(before.sprites[index].place());
+            changed += before.sprites[index].areas();
     }
     return changed;
 }

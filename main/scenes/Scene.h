@@ -22,8 +22,15 @@ public:
     ///         canvas.fill(box, colour); }, box, style.accent)
     template <typename Draw, typename... Values>
     SceneSprite(QString name, const QRectF& place, Draw draw, Values... values)
+        : SceneSprite(std::move(name), QList{place}, draw, std::move(values)...)
+    {
+    }
+    /// A mark with much air in it: `areas` hold all of it, and leave most of the air out.
+    template <typename Draw, typename... Values>
+    requires(!std::is_same_v<Draw, Motion>)
+        SceneSprite(QString name, const QList<QRectF>& areas, Draw draw, Values... values)
         : m_name(std::move(name))
-        , m_place(place)
+        , m_areas(areas)
         , m_mark(std::make_shared<const MarkOf<Draw, false, Values...>>(draw, std::move(values)...))
     {
     }
@@ -32,7 +39,7 @@ public:
     template <typename Draw, typename... Values>
     SceneSprite(QString name, const QList<QRectF>& areas, const Motion& motion, Draw draw, Values... values)
         : m_name(std::move(name))
-        , m_place(united(areas))
+        , m_areas(areas)
         , m_mark(std::make_shared<const MarkOf<Draw, true, Values...>>(draw, std::move(values)...))
     {
         for (const QRectF& area : areas)
@@ -40,13 +47,14 @@ public:
     }
 
     const QString& name() const { return m_name; }
-    const QRectF& place() const { return m_place; } ///< points of the screen, y down
+    const QList<QRectF>& areas() const { return m_areas; } ///< points of the screen, y down
+    QRectF place() const; ///< all of them
     const QList<Canvas::MovingArea>& moving() const { return m_moving; } ///< nothing while it stands still
     void draw(Canvas& canvas, double time) const { m_mark->draw(canvas, time); }
 
     bool operator==(const SceneSprite& other) const
     {
-        return m_name == other.m_name && m_place == other.m_place && m_moving == other.m_moving
+        return m_name == other.m_name && m_areas == other.m_areas && m_moving == other.m_moving
             && (m_mark == other.m_mark || m_mark->equals(*other.m_mark));
     }
 
@@ -86,10 +94,8 @@ private:
         std::tuple<Values...> values;
     };
 
-    static QRectF united(const QList<QRectF>& areas);
-
     QString m_name;
-    QRectF m_place;
+    QList<QRectF> m_areas;
     QList<Canvas::MovingArea> m_moving;
     std::shared_ptr<const Mark> m_mark;
 };

@@ -72,6 +72,34 @@ bool SceneOrnament::isFreeOfLines(const QRectF& area) const
         m_lines, [&](const Drawn& line) { return comesNear(line.path, area, line.reach + softEdge); });
 }
 
+/// Rectangles that follow the path through the screen and hold little else.
+QList<QRectF> SceneOrnament::areasAlong(const QPainterPath& path, double reach) const
+{
+    constexpr double stretch = 64; // points: a slanting line is cut into pieces no longer
+    const auto sizeOf = [](const QRectF& area) { return area.width() * area.height(); };
+    QList<QRectF> areas;
+    const auto append = [&](QPointF from, QPointF to) {
+        const QRectF piece =
+            grown(QRectF(from, to).normalized(), reach) & screen(); // a cut may be a rounding beyond it
+        if (piece.isEmpty())
+            return;
+        const QRectF both = areas.isEmpty() ? QRectF() : areas.last() | piece;
+        if (!areas.isEmpty() && sizeOf(both) <= sizeOf(areas.last()) + sizeOf(piece))
+            areas.last() = both;
+        else
+            areas.append(piece);
+    };
+    for (const QPolygonF& line : path.toSubpathPolygons()) {
+        for (qsizetype i = 1; i < line.size(); ++i) {
+            const QLineF whole(line[i - 1], line[i]);
+            const int count = static_cast<int>(whole.length() / stretch) + 1;
+            for (int part = 0; part < count; ++part)
+                append(whole.pointAt(static_cast<double>(part) / count), whole.pointAt((part + 1.0) / count));
+        }
+    }
+    return areas;
+}
+
 bool SceneOrnament::dot(const QString& name, QPointF centre, double radius, const QColor& colour)
 {
     const QRectF place = grown(around(centre, radius), softEdge);
@@ -98,8 +126,8 @@ bool SceneOrnament::line(const QString& name, const QPainterPath& path, const QP
     if (kept.isEmpty())
         return false;
     m_lines.append({kept, half});
-    add(
-        name, grown(kept.boundingRect(), reach) & screen(), // what was cut at its edge may be a rounding beyond it
+    addAlong(
+        name, kept, reach,
         [](Canvas& canvas, const QPainterPath& course, const QPen& ink) { canvas.stroke(course, ink); }, kept, pen);
     return true;
 }

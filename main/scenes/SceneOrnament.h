@@ -35,6 +35,13 @@ public:
         m_scene.sprites.append(SceneSprite(numbered(name), place, draw, std::move(values)...));
     }
 
+    /// The same for a mark along a line: it reaches so far beyond the path.
+    template <typename Draw, typename... Values>
+    void addAlong(const QString& name, const QPainterPath& path, double reach, Draw draw, Values... values)
+    {
+        m_scene.sprites.append(SceneSprite(numbered(name), areasAlong(path, reach), draw, std::move(values)...));
+    }
+
     /// The same for a mark that moves inside `areas`.
     template <typename Draw, typename... Values>
     void addMoving(const QString& name, const QList<QRectF>& areas, const Motion& motion, Draw draw, Values... values)
@@ -56,6 +63,7 @@ public:
 
 private:
     QString numbered(const QString& name);
+    QList<QRectF> areasAlong(const QPainterPath& path, double reach) const;
     bool isFreeOfLines(const QRectF& area) const;
 
     struct Drawn {

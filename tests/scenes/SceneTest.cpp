@@ -40,6 +40,37 @@ TEST(SceneTest, TellsWhatLooksDifferent)
     EXPECT_EQ(Scene::changes({{red, blue}}, {{red, blue}, Finish::crisp}), (Areas{{0, 0, 50, 10}}));
 }
 
+TEST(SceneTest, RepaintsALineOnlyWhereItRuns)
+{
+    SceneOrnament on({}, {1000, 1000}, std::nullopt);
+    QPainterPath path({100, 100});
+    path.lineTo(900, 100);
+    path.lineTo(900, 500);
+    path.lineTo(300, 900);
+    ASSERT_TRUE(on.line(u"line"_s, path, flatPen(Qt::black, 2)));
+    const QRegion whole = [&] {
+        QRegion region;
+        for (const QRectF& area : on.scene().sprites[0].areas())
+            region += area.toAlignedRect();
+        return region;
+    }();
+    int pixels = 0;
+    for (const QRect& rect : whole)
+        pixels += rect.width() * rect.height();
+    EXPECT_LT(pixels, 60'000) << "of 640'000 around it";
+    QImage image(1000, 1000, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    on.scene().draw(painter, {0, 0, 1000, 1000});
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    for (const QRect& rect : whole)
+        painter.fillRect(rect, Qt::black);
+    painter.end();
+    QImage empty = image;
+    empty.fill(Qt::transparent);
+    EXPECT_EQ(image, empty) << "some of it lies beside its areas";
+}
+
 TEST(SceneTest, FindsTheSquaresThatHoldMarks)
 {
     Scene scene{{square(u"a"_s, {10, 10, 20, 4}, Qt::red), square(u"b"_s, {301, 399, 1, 1}, QColor(0, 0, 0, 8))}};

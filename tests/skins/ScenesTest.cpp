@@ -120,7 +120,8 @@ bool staysInPlace(const Scene& scene, QImage image)
     painter.translate(spare, spare);
     painter.setCompositionMode(QPainter::CompositionMode_Clear);
     for (const SceneSprite& sprite : scene.sprites)
-        painter.fillRect(sprite.place().toAlignedRect(), Qt::black);
+        for (const QRectF& area : sprite.areas())
+            painter.fillRect(area.toAlignedRect(), Qt::black);
     painter.end();
     return strongest(image, image.rect().translated(-spare, -spare)) == 0;
 }

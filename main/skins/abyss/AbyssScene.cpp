@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Arc.h"
+#include "drawing/Charts.h"
 #include "drawing/Colours.h"
 #include "drawing/Gradients.h"
 #include "drawing/Pens.h"
@@ -115,8 +116,8 @@ bool addPipe(SceneOrnament& on, const QPolygonF& run)
     }
     for (qsizetype index = 1; index < run.size(); ++index)
         on.reserve(roomOf(run[index - 1], run[index], half));
-    on.add(
-        u"pipe"_s, run.boundingRect().adjusted(-half, -half, half, half) & on.screen(),
+    on.addAlong(
+        u"pipe"_s, straightLine(run), half,
         [](Canvas& canvas, const QPolygonF& course, double unit) { drawPipe(canvas, course, unit); }, run,
         on.scaled(1));
     return true;

@@ -145,8 +145,8 @@ void constellation(SceneOrnament& on)
         link.lineTo(gap.p2());
         link = on.outside(link, 1, 4);
         if (!link.isEmpty())
-            on.add(
-                u"link"_s, link.boundingRect().adjusted(-3, -3, 3, 3),
+            on.addAlong(
+                u"link"_s, link, 3,
                 [](Canvas& canvas, const QPainterPath& way, const QPen& ink) { canvas.stroke(way, ink); }, link, pen);
         if (gap.length() < 5 * apart) {
             on.dot(u"link-star"_s, gap.center(), on.scaled(linkDot), faded(Qt::white, linkStarInk));

@@ -52,8 +52,8 @@ void addTube(SceneOrnament& on, const QString& name, const QPainterPath& wanted,
     const QPainterPath path = roomFor(on, wanted);
     if (path.isEmpty())
         return;
-    on.add(
-        name, path.boundingRect().adjusted(-reach, -reach, reach, reach),
+    on.addAlong(
+        name, path, reach,
         [](Canvas& canvas, const QPainterPath& glass, const QColor& gas, double thickness) {
             neon::tube(canvas, glass, gas, thickness);
         },

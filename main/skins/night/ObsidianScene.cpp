@@ -99,8 +99,8 @@ QList<QPainterPath> addThread(SceneOrnament& on, const QPainterPath& part, const
         for (const QPolygonF& stretch : shown.toSubpathPolygons())
             stretches.append(straightLine(stretch));
     for (const QPainterPath& stretch : std::as_const(stretches)) {
-        on.add(
-            u"thread"_s, stretch.boundingRect().adjusted(-reach, -reach, reach, reach) & on.screen(),
+        on.addAlong(
+            u"thread"_s, stretch, reach,
             [](Canvas& canvas, const QPainterPath& way, const QBrush& colour, const QBrush& around, double scale) {
                 canvas.stroke(way, QPen(around, lightWidth * scale, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
                 canvas.stroke(way, QPen(colour, threadWidth * scale, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));

@@ -140,8 +140,8 @@ void rays(SceneOrnament& on, const NightLook& look)
         const QColor colour = spectrumOf(look)[static_cast<std::size_t>(index)];
         const double last = aims[index].frame.contains(ray.p2()) ? rayEndInk : 0;
         const QBrush light = linear(ray.p1(), ray.p2(), {{0, faded(colour, rayInk)}, {1, faded(colour, last)}});
-        on.add(
-            u"ray"_s, kept.boundingRect().adjusted(-reach, -reach, reach, reach),
+        on.addAlong(
+            u"ray"_s, kept, reach,
             [](Canvas& canvas, const QPainterPath& course, const QPen& pen) { canvas.stroke(course, pen); }, kept,
             flatPen(light, width));
     }

@@ -4,8 +4,8 @@
 
 #include "platform/x11/window/PixelGrid.h"
 
-#include <QEvent>
 #include <QPainter>
+#include <QPaintEvent>
 
 #include <algorithm>
 #include <utility>
@@ -95,8 +95,9 @@ bool RasterSurface::take(QEvent& event)
 {
     switch (event.type()) {
     case QEvent::UpdateRequest: flush(); return true;
-    case QEvent::Paint: // the server has lost what it showed
-        m_outdated = {QRect({0, 0}, size())};
+    case QEvent::Paint: // the server has lost what it showed there
+        for (const QRect& part : static_cast<QPaintEvent&>(event).region())
+            update(part);
         flush();
         return true;
     default: return QWindow::event(&event);
