@@ -52,16 +52,6 @@ std::size_t bytesOf(QSize size)
     return static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) * pixelBytes;
 }
 
-std::size_t rowBytes(const QRect& part)
-{
-    return bytesOf({part.width(), 1});
-}
-
-uint8_t* pixelsAt(QImage& image, int x, int y)
-{
-    return image.scanLine(y) + static_cast<std::ptrdiff_t>(x) * pixelBytes;
-}
-
 } // namespace
 
 PaintBuffer::PaintBuffer()
@@ -76,33 +66,28 @@ PaintBuffer::~PaintBuffer()
     xcb_disconnect(m_connection);
 }
 
-QImage PaintBuffer::image(QSize size, QImage::Format format, std::size_t more)
+QImage PaintBuffer::image(QSize size, QImage::Format format)
 {
-    if (size.isEmpty() || !reserve(bytesOf(size) + more))
+    if (size.isEmpty() || !reserve(bytesOf(size)))
         return {};
     return {m_memory, size.width(), size.height(), size.width() * pixelBytes, format};
 }
 
-QImage PaintBuffer::blank(QSize window, const QRect& part)
+QImage PaintBuffer::blank(QSize size)
 {
     awaitReading();
-    QImage blank = image(window, QImage::Format_ARGB32_Premultiplied);
-    for (int row = part.top(); row <= part.bottom() && !blank.isNull(); ++row)
-        std::memset(pixelsAt(blank, part.left(), row), 0, rowBytes(part));
+    QImage blank = image(size, QImage::Format_ARGB32_Premultiplied);
+    if (!blank.isNull())
+        blank.fill(Qt::transparent);
     return blank;
 }
 
-QImage PaintBuffer::copy(xcb_pixmap_t pixmap, QPoint corner, QSize window, const QRect& part)
+QImage PaintBuffer::copy(xcb_pixmap_t pixmap, const QRect& area)
 {
-    QImage copy = image(window, QImage::Format_RGB32, bytesOf(part.size()));
-    if (copy.isNull())
-        return {};
-    const uint8_t* fetched = m_memory + bytesOf(window);
-    if (!fetch(pixmap, part.translated(corner), m_memory + bytesOf(window)))
+    QImage copy = image(area.size(), QImage::Format_RGB32);
+    if (copy.isNull() || !fetch(pixmap, area))
         return {};
     m_beingRead = false; // the server answers in the order of the requests
-    for (int row = part.top(); row <= part.bottom(); ++row, fetched += rowBytes(part))
-        std::memcpy(pixelsAt(copy, part.left(), row), fetched, rowBytes(part));
     return copy;
 }
 
@@ -113,38 +98,36 @@ void PaintBuffer::awaitReading()
     const Reply answer(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
-bool PaintBuffer::fetch(xcb_pixmap_t pixmap, const QRect& from, uint8_t* to)
+bool PaintBuffer::fetch(xcb_pixmap_t pixmap, const QRect& from)
 {
     const auto x = static_cast<int16_t>(from.x());
     const auto y = static_cast<int16_t>(from.y());
     const auto width = static_cast<uint16_t>(from.width());
     const auto height = static_cast<uint16_t>(from.height());
     if (m_segment != XCB_NONE) {
-        const auto cookie = xcb_shm_get_image(m_connection, pixmap, x, y, width, height, ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP,
-            m_segment, static_cast<uint32_t>(to - m_memory));
+        const auto cookie =
+            xcb_shm_get_image(m_connection, pixmap, x, y, width, height, ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP, m_segment, 0);
         return Reply(xcb_shm_get_image_reply(m_connection, cookie, nullptr)) != nullptr;
     }
     const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, x, y, width, height, ~0U);
     const Reply reply(xcb_get_image_reply(m_connection, cookie, nullptr));
     if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < bytesOf(from.size()))
         return false;
-    std::memcpy(to, xcb_get_image_data(reply.get()), bytesOf(from.size()));
+    std::memcpy(m_memory, xcb_get_image_data(reply.get()), bytesOf(from.size()));
     return true;
 }
 
-void PaintBuffer::show(const QImage& image, const QRect& part, xcb_window_t window)
+void PaintBuffer::show(const QImage& image, QPoint place, xcb_window_t window)
 {
     learnDepth(window);
     if (m_segment == XCB_NONE || m_depth < 24) {
-        const QImage sent = image.copy(part);
-        send(m_depth < 24 ? sent.convertToFormat(QImage::Format_RGB16) : sent, window, part.topLeft());
+        send(m_depth < 24 ? image.convertToFormat(QImage::Format_RGB16) : image, window, place);
     } else {
-        const auto x = static_cast<int16_t>(part.x());
-        const auto y = static_cast<int16_t>(part.y());
-        xcb_shm_put_image(m_connection, window, m_context, static_cast<uint16_t>(image.width()),
-            static_cast<uint16_t>(image.height()), static_cast<uint16_t>(x), static_cast<uint16_t>(y),
-            static_cast<uint16_t>(part.width()), static_cast<uint16_t>(part.height()), x, y, m_depth,
-            XCB_IMAGE_FORMAT_Z_PIXMAP, 0, m_segment, 0);
+        const auto width = static_cast<uint16_t>(image.width());
+        const auto height = static_cast<uint16_t>(image.height());
+        xcb_shm_put_image(m_connection, window, m_context, width, height, 0, 0, width, height,
+            static_cast<int16_t>(place.x()), static_cast<int16_t>(place.y()), m_depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0,
+            m_segment, 0);
         m_beingRead = true;
     }
     xcb_flush(m_connection);

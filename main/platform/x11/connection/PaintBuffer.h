@@ -17,18 +17,18 @@ public:
     ~PaintBuffer();
     Q_DISABLE_COPY_MOVE(PaintBuffer)
 
-    /// The pixels of a window, to be painted on within `part` until show(): transparent there, anything elsewhere.
-    /// Waits until the server has read what was shown before. Null when there is no memory.
-    QImage blank(QSize window, const QRect& part);
-    /// The same for a window at `corner` over a pixmap of 24 or 32 bits a pixel, which reaches below the whole part: an
-    /// opaque copy of the pixmap there. Waits for the server; null when the pixmap cannot be read.
-    QImage copy(xcb_pixmap_t pixmap, QPoint corner, QSize window, const QRect& part);
-    /// Puts what was painted into the window, which the server knows.
-    void show(const QImage& image, const QRect& part, xcb_window_t window);
+    /// So many pixels to be painted on until show(): transparent. Waits until the server has read what was shown
+    /// before. Null when there is no memory.
+    QImage blank(QSize size);
+    /// The same over a pixmap of 24 or 32 bits a pixel that has all of the area: an opaque copy of it. Waits for the
+    /// server; null when the pixmap cannot be read.
+    QImage copy(xcb_pixmap_t pixmap, const QRect& area);
+    /// Puts what was painted into the window at that place, which the server knows.
+    void show(const QImage& image, QPoint place, xcb_window_t window);
 
 private:
-    QImage image(QSize size, QImage::Format format, std::size_t more = 0);
-    bool fetch(xcb_pixmap_t pixmap, const QRect& from, uint8_t* to);
+    QImage image(QSize size, QImage::Format format);
+    bool fetch(xcb_pixmap_t pixmap, const QRect& from);
     void awaitReading();
     bool reserve(std::size_t bytes);
     bool share(std::size_t bytes);

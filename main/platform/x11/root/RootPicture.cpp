@@ -50,18 +50,17 @@ void RootPicture::find()
     m_bounds = QRect(0, 0, size->width, size->height);
 }
 
-QImage RootPicture::ground(PaintBuffer& buffer, QPoint corner, QSize window, const QRect& part)
+QImage RootPicture::ground(PaintBuffer& buffer, const QRect& area)
 {
     if (!m_known)
         find();
-    const QRect below = part.translated(corner);
-    if (m_pixmap != XCB_PIXMAP_NONE && m_bounds.contains(below)) {
-        if (QImage copy = buffer.copy(m_pixmap, corner, window, part); !copy.isNull())
+    if (m_pixmap != XCB_PIXMAP_NONE && m_bounds.contains(area)) {
+        if (QImage copy = buffer.copy(m_pixmap, area); !copy.isNull())
             return copy;
     }
-    QImage blank = buffer.blank(window, part);
+    QImage blank = buffer.blank(area.size());
     if (!blank.isNull())
-        QPainter(&blank).drawImage(part.topLeft(), this->part(below));
+        QPainter(&blank).drawImage(QPoint(), part(area));
     return blank;
 }
 

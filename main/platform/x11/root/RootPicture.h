@@ -22,9 +22,9 @@ public:
     /// The picture below a rectangle of native pixels of the root window, of the same size and opaque; black where the
     /// picture does not reach, null where there is none. Waits once for the server.
     QImage part(const QRect& area);
-    /// The same for a part of a window at `corner`, in the buffer's pixels of that window, to be painted on;
-    /// transparent where there is no picture, null where there is no memory.
-    QImage ground(PaintBuffer& buffer, QPoint corner, QSize window, const QRect& part);
+    /// The same in the buffer's pixels, to be painted on; transparent where there is no picture, null where there is no
+    /// memory.
+    QImage ground(PaintBuffer& buffer, const QRect& area);
 
 private:
     xcb_pixmap_t named() const;

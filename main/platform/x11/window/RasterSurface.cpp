@@ -142,18 +142,19 @@ void RasterSurface::flushArea(const QRect& area)
 
 void RasterSurface::flushPart(const PixelGrid& grid, const QRect& area)
 {
-    const QSize window = grid.pixels(QRect({0, 0}, size())).size();
     const QRect part = grid.pixels(area);
-    QImage image = m_parts.compositor.isActive() ? m_parts.buffer.blank(window, part)
-                                                 : m_parts.picture.ground(m_parts.buffer, nativeCorner(), window, part);
+    QImage image = m_parts.compositor.isActive()
+        ? m_parts.buffer.blank(part.size())
+        : m_parts.picture.ground(m_parts.buffer, part.translated(nativeCorner()));
     if (image.isNull())
         return;
     image.setDevicePixelRatio(devicePixelRatio());
     QPainter painter(&image);
+    painter.translate(-grid.points(part).topLeft());
     painter.setClipRect(grid.points(part));
     paint(painter, area);
     painter.end();
-    m_parts.buffer.show(image, part, static_cast<xcb_window_t>(winId()));
+    m_parts.buffer.show(image, part.topLeft(), static_cast<xcb_window_t>(winId()));
 }
 
 } // namespace ambrelle
