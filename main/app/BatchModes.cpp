@@ -2,6 +2,7 @@
 
 #include "app/BatchModes.h"
 
+#include "app/BatchSurroundings.h"
 #include "app/Hosts.h"
 #include "app/Information.h"
 #include "app/WallpaperBatch.h"
@@ -10,6 +11,7 @@
 #include "skins/WallpaperRecipes.h"
 #include "wallpapers/WallpaperStore.h"
 
+#include <QGuiApplication>
 #include <QTextStream>
 
 #include <cstdlib>
@@ -20,36 +22,54 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString skinNames()
+using Mode = CommandLine::Mode;
+
+template <typename E> QString namesOf()
 {
     QStringList names;
-    for (const Skin skin : allCases<Skin>())
-        names.append(rawValue(skin));
+    for (const E each : allCases<E>())
+        names.append(rawValue(each));
     return names.join(u", "_s);
 }
 
-int renderPreviews(const Wallpaper& wallpaper, const QString& folder, std::optional<Skin> only)
+/// The skins that SKIN leaves; nothing after a sentence where it names none.
+std::optional<QList<Skin>> wantedSkins()
 {
-    // Not from the cache of the desktop: what is in there was packed with losses.
+    const QString name = qEnvironmentVariable("SKIN");
+    if (const std::optional<Skin> only = parse<Skin>(name))
+        return QList{*only};
+    if (!name.isEmpty()) {
+        QTextStream(stderr) << u"ambrelle: SKIN names no theme: “%1”. The themes are %2.\n"_s.arg(
+            name, namesOf<Skin>());
+        return std::nullopt;
+    }
+    const auto every = allCases<Skin>();
+    return QList<Skin>(every.begin(), every.end());
+}
+
+int renderPreviews(const QString& folder, const QList<Skin>& skins, const Wallpaper& wallpaper)
+{
     const SampleWorld samples(
         makeHeadlessMachine, wallpaper.picture(WallpaperStore::samplePhoto, WallpaperStore::pixels));
-    return PreviewRenderer::run(folder, only, samples.feed(), wallpaper);
+    return PreviewRenderer::run(folder, skins, samples, wallpaper);
 }
 
 } // namespace
 
-int runBatchMode(const CommandLine& commandLine)
+int runBatchMode(const CommandLine& commandLine, int& argc, char** argv)
 {
-    const QString name = qEnvironmentVariable("SKIN");
-    const std::optional<Skin> only = parse<Skin>(name);
-    if (!name.isEmpty() && !only) {
-        QTextStream(stderr) << u"ambrelle: SKIN names no theme: “%1”. The themes are %2.\n"_s.arg(name, skinNames());
+    const std::optional<QList<Skin>> skins = wantedSkins();
+    if (!skins)
         return EXIT_FAILURE;
-    }
+    BatchSurroundings::prepare("offscreen");
+    const QGuiApplication application(argc, argv);
+    BatchSurroundings::dress();
     const Wallpaper wallpaper(wallpaperRecipe, dataFile(u"Wallpapers"_s));
-    if (commandLine.mode == CommandLine::Mode::renderWallpapers)
-        return renderWallpapers(wallpaper, commandLine.folder, only);
-    return renderPreviews(wallpaper, commandLine.folder, only);
+    switch (commandLine.mode) {
+    case Mode::renderPreviews: return renderPreviews(commandLine.folder, *skins, wallpaper);
+    case Mode::renderWallpapers: return renderWallpapers(wallpaper, commandLine.folder, *skins);
+    default: return EXIT_FAILURE;
+    }
 }
 
 } // namespace ambrelle

@@ -6,7 +6,7 @@
 
 namespace ambrelle {
 
-/// Carries a batch mode out and gives the exit status.
-int runBatchMode(const CommandLine& commandLine);
+/// Carries a batch mode out and gives the exit status. There is no application object yet.
+int runBatchMode(const CommandLine& commandLine, int& argc, char** argv);
 
 } // namespace ambrelle

@@ -4,6 +4,7 @@
 
 #include "desktop/QuickMenu.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -27,7 +28,10 @@ constexpr QLatin1StringView actionOption = "--action"_L1;
 constexpr std::array batchOptions{
     BatchOption{"--render-previews"_L1, Mode::renderPreviews},
     BatchOption{"--render-wallpapers"_L1, Mode::renderWallpapers},
+    BatchOption{"--render-window"_L1, Mode::renderWindow},
+    BatchOption{"--render-ui"_L1, Mode::renderInterface},
     BatchOption{"--check-update"_L1, Mode::checkUpdate, false},
+    BatchOption{"--export-site"_L1, Mode::exportSite},
 };
 
 std::optional<Mode> batchMode(const QString& argument)
@@ -99,6 +103,12 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     return desktop;
 }
 
+bool CommandLine::isBatch() const
+{
+    return std::ranges::any_of(
+        batchOptions, [this](const BatchOption& option) { return option.mode == mode && option.takesFolder; });
+}
+
 QString CommandLine::helpText()
 {
     return uR"(Usage: ambrelle [OPTION] [FILE...]
@@ -110,17 +120,22 @@ Live widgets on the desktop, in thirty themes. A program that already runs takes
                               check-for-updates, update or quit
   --render-previews FOLDER    write a picture of every theme into FOLDER and exit
   --render-wallpapers FOLDER  write the wallpaper of every theme into FOLDER and exit
+  --render-window FOLDER      write live widgets, captured from a display, into FOLDER and exit
+  --render-ui FOLDER          write desktops and the main window into FOLDER and exit
   --check-update              look for a newer version, download and verify it,
                               install nothing, and exit
+  --export-site FOLDER        write the catalogue of themes for a site into FOLDER and exit
   --register                  put this copy into the desktop's menu of programs,
                               for this user, and exit
   --unregister                take it out again and exit
   -h, --help                  show this text and exit
   --version                   show the version and exit
 
-Environment of --render-previews and --render-wallpapers:
-  SKIN           the one theme to render, by its name in lower case
-  WIDTH, HEIGHT  pixels of a wallpaper; 2880 and 1800 unless given
+Environment of these:
+  SKIN               the one theme to render, by its name, as in “fieldDark”
+  WIDTH, HEIGHT      pixels of --render-wallpapers; 2880 and 1800 unless given
+  KINDS              widgets of --render-window, as in “clock,cpu”; those of the theme's layout unless given
+  SOURCE_DATE_EPOCH  when --export-site says that it was made, in seconds since 1970
 
 Settings and widgets are kept in $XDG_CONFIG_HOME/ambrelle/defaults.json.
 )"_s;

@@ -13,13 +13,16 @@ struct CommandLine {
         desktop,
         renderPreviews,
         renderWallpapers,
+        renderWindow,
+        renderInterface,
         checkUpdate,
+        exportSite,
         enterMenu,
         leaveMenu,
         help,
         version,
         unknownOption,
-        unknownAction
+        unknownAction,
     };
 
     Mode mode = Mode::desktop;
@@ -30,6 +33,8 @@ struct CommandLine {
     bool isRestored = false; ///< the desktop starts it with the rest of an earlier session
 
     bool operator==(const CommandLine&) const = default;
+
+    bool isBatch() const; ///< makes pictures and ends
 
     /// `arguments` without the program's name. Options are exact words; the first one that asks for a mode wins. A
     /// batch mode that comes last, without its folder, is ignored. Of actions the last one counts. After "--"

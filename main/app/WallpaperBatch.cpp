@@ -2,26 +2,15 @@
 
 #include "app/WallpaperBatch.h"
 
-#include "foundation/WholeFile.h"
+#include "offline/BatchOutput.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QTextStream>
-
-#include <cstdlib>
-#include <unistd.h>
 
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-int refuse(const QString& sentence)
-{
-    QTextStream(stderr) << "ambrelle: " << sentence << '\n';
-    return EXIT_FAILURE;
-}
 
 /// The number of pixels that the environment variable names, or `usual` without it; nothing when it is no such number.
 std::optional<int> pixels(const char* variable, int usual)
@@ -42,58 +31,33 @@ QString badSize(const char* variable)
         .arg(qEnvironmentVariable(variable));
 }
 
-/// One line that is written over and over, where a person looks at it.
-class Progress {
-public:
-    void show(qsizetype number, qsizetype count, Skin skin) const
-    {
-        if (m_shown)
-            QTextStream(stderr) << "\r\033[K" << number << '/' << count << ' ' << title(skin);
-    }
-    void clear() const
-    {
-        if (m_shown)
-            QTextStream(stderr) << "\r\033[K";
-    }
-
-private:
-    bool m_shown = isatty(STDOUT_FILENO) && isatty(STDERR_FILENO);
-};
-
 } // namespace
 
-int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, std::optional<Skin> only)
+int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, const QList<Skin>& skins)
 {
+    BatchOutput output(folder, skins.size());
     const std::optional<int> width = pixels("WIDTH", 2880);
     const std::optional<int> height = pixels("HEIGHT", 1800);
     if (!width || !height)
-        return refuse(badSize(width ? "HEIGHT" : "WIDTH"));
-    const QDir directory(folder);
-    if (!directory.mkpath(u"."_s))
-        return refuse(u"The folder “%1” cannot be made."_s.arg(folder));
-
-    const auto every = allCases<Skin>();
-    const QList<Skin> skins = only ? QList{*only} : QList<Skin>(every.begin(), every.end());
-    const Progress progress;
-    QTextStream out(stdout);
-    for (qsizetype i = 0; i < skins.size(); ++i) {
-        const Skin skin = skins[i];
-        progress.show(i + 1, skins.size(), skin);
+        output.refuse(badSize(width ? "HEIGHT" : "WIDTH"));
+    else
+        output.open();
+    for (const Skin skin : skins) {
+        if (output.isStopped())
+            break;
+        output.begin(title(skin));
         QElapsedTimer timer;
         timer.start();
         const QByteArray png = wallpaper.png(skin, {*width, *height});
-        const QString path = directory.filePath(rawValue(skin) + u".png"_s);
-        const QString reason = png.isEmpty() ? QString() : writeWhole(path, png);
-        progress.clear();
-        if (png.isEmpty())
-            return refuse(u"There is not enough memory for %1 by %2 pixels."_s.arg(*width).arg(*height));
-        if (!reason.isEmpty())
-            return refuse(u"“%1” cannot be written: %2."_s.arg(path, reason));
-        out << QString::asprintf(
-            "%s %.2fs\n", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9);
-        out.flush();
+        if (png.isEmpty()) {
+            output.refuse(u"There is not enough memory for %1 by %2 pixels."_s.arg(*width).arg(*height));
+            break;
+        }
+        output.add(rawValue(skin) + u".png"_s, png);
+        output.tell(QString::asprintf(
+            "%s %.2fs", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9));
     }
-    return EXIT_SUCCESS;
+    return output.finish();
 }
 
 } // namespace ambrelle

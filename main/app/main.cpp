@@ -2,6 +2,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/BatchModes.h"
+#include "app/BatchSurroundings.h"
 #include "app/CommandLine.h"
 #include "app/EndingDeadline.h"
 #include "app/EndingSignals.h"
@@ -142,15 +143,6 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     return status;
 }
 
-int runBatch(const CommandLine& commandLine, int argc, char** argv)
-{
-    const Environment environment("offscreen");
-    Fonts::registerBundled();
-    QGuiApplication application(argc, argv);
-    WordingFile::install(application);
-    return runBatchMode(commandLine);
-}
-
 int runRegistration(CommandLine::Mode mode)
 {
     const MenuRegistration registration(MenuRegistration::Places::standard());
@@ -174,13 +166,15 @@ int runUpdateCheck(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    const CommandLine commandLine = CommandLine::parse(argumentsOf(argc, argv));
+    if (commandLine.isBatch())
+        BatchSurroundings::hideUser();
     // What is wrong with a picture shows where the picture would be.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_s);
     QCoreApplication::setApplicationName(u"ambrelle"_s);
     QCoreApplication::setApplicationVersion(Information::read().version);
     QGuiApplication::setApplicationDisplayName(u"Ambrelle"_s);
     QGuiApplication::setDesktopFileName(u"org.ambrelle.Ambrelle"_s);
-    const CommandLine commandLine = CommandLine::parse(argumentsOf(argc, argv));
     switch (commandLine.mode) {
     case CommandLine::Mode::help: QTextStream(stdout) << CommandLine::helpText(); return EXIT_SUCCESS;
     case CommandLine::Mode::version:
@@ -191,7 +185,10 @@ int main(int argc, char** argv)
     case CommandLine::Mode::unknownAction:
         return complain(CommandLine::unknownActionText(commandLine.option), wrongUse);
     case CommandLine::Mode::renderPreviews:
-    case CommandLine::Mode::renderWallpapers: return runBatch(commandLine, argc, argv);
+    case CommandLine::Mode::renderWallpapers:
+    case CommandLine::Mode::renderWindow:
+    case CommandLine::Mode::renderInterface:
+    case CommandLine::Mode::exportSite: return runBatchMode(commandLine, argc, argv);
     case CommandLine::Mode::checkUpdate: return runUpdateCheck(argc, argv);
     case CommandLine::Mode::enterMenu:
     case CommandLine::Mode::leaveMenu: return runRegistration(commandLine.mode);

@@ -129,7 +129,7 @@ void DesktopSnapshots::renderPresetsNow()
         PackedPicture packed = ImageDiskCache::readPacked(url, pixels);
         if (packed.jpeg.isEmpty()) {
             if (!m_world)
-                makeWorld(m_with.samplePhoto());
+                makeWorld(PictureDecoder::covering(m_with.samplePhoto(), mostOfPhoto));
             packed = packedAt(url, canvasOf(wanted).picture(pixels, m_with.wallpaper));
         }
         keep(wanted.key, packed);

@@ -2,16 +2,15 @@
 
 #include "offline/PreviewRenderer.h"
 
-#include "faces/ReadingFeed.h"
+#include "offline/BatchOutput.h"
+#include "offline/DesktopCanvas.h"
 #include "offline/PreviewSheet.h"
 #include "offline/SampleData.h"
+#include "offline/SampleWorld.h"
 #include "skins/SkinRegistry.h"
 #include "wallpapers/Wallpaper.h"
 
-#include <QDir>
 #include <QPainter>
-
-#include <cstdio>
 
 namespace ambrelle::PreviewRenderer {
 
@@ -19,18 +18,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void say(std::FILE* stream, const QString& line)
-{
-    std::fputs(qPrintable(line + u'\n'), stream);
-}
-
-QImage render(Skin skin, const ReadingFeed& feed, const Wallpaper& wallpaper)
+/// Null where there is no memory for it.
+QImage sheetOf(Skin skin, const ReadingFeed& feed, const Wallpaper& wallpaper)
 {
     const PreviewSheet sheet = PreviewSheet::of(skin);
-    QImage image((sheet.size * PreviewSheet::scale).toSize(), QImage::Format_RGB32);
+    QImage image = wallpaper.picture(skin, (sheet.size * PreviewSheet::scale).toSize());
+    image.convertTo(QImage::Format_RGB32);
+    if (image.isNull())
+        return image;
     QPainter painter(&image);
     painter.scale(PreviewSheet::scale, PreviewSheet::scale);
-    wallpaper.draw(painter, QRectF({}, sheet.size), skin);
     for (const PreviewSheet::Place& place : sheet.places) {
         painter.save();
         painter.translate(place.area.topLeft());
@@ -42,26 +39,26 @@ QImage render(Skin skin, const ReadingFeed& feed, const Wallpaper& wallpaper)
 
 } // namespace
 
-int run(const QString& outputDirectory, std::optional<Skin> only, const ReadingFeed& feed, const Wallpaper& wallpaper)
+int run(const QString& outputDirectory, const QList<Skin>& skins, const SampleWorld& samples,
+    const Wallpaper& wallpaper)
 {
-    const QDir folder(outputDirectory);
-    if (!folder.mkpath(u"."_s)) {
-        say(stderr, u"ambrelle: cannot make the folder "_s + outputDirectory);
-        return 1;
+    BatchOutput output(outputDirectory, skins.size());
+    if (!output.open())
+        return output.finish();
+    for (const Skin skin : skins) {
+        output.begin(title(skin));
+        const QImage sheet = sheetOf(skin, samples.feed(), wallpaper);
+        output.add(rawValue(skin) + u".png"_s, [sheet] { return BatchOutput::png(sheet); });
+        if (output.isStopped())
+            break;
     }
-    int status = 0;
-    for (const Skin skin : allCases<Skin>()) {
-        if (only && *only != skin)
-            continue;
-        const QString path = folder.filePath(rawValue(skin) + u".png"_s);
-        if (render(skin, feed, wallpaper).save(path)) {
-            say(stdout, u"wrote "_s + path);
-        } else {
-            say(stderr, u"failed to render "_s + rawValue(skin));
-            status = 1;
-        }
-    }
-    return status;
+    return output.finish();
+}
+
+void addDesktop(BatchOutput& output, Skin skin, const SampleWorld& samples, const Wallpaper& wallpaper)
+{
+    const QImage desktop = DesktopCanvas::of(skin, samples).picture(DesktopCanvas::size.toSize(), wallpaper);
+    output.add(u"preset-"_s + rawValue(skin) + u".png"_s, [desktop] { return BatchOutput::png(desktop); });
 }
 
 } // namespace ambrelle::PreviewRenderer

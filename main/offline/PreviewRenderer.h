@@ -6,20 +6,22 @@
 
 #include <QString>
 
-#include <optional>
-
 namespace ambrelle {
 
-class ReadingFeed;
+class BatchOutput;
+class SampleWorld;
 class Wallpaper;
 
 /// Pictures of the themes without a desktop, from fixed sample data.
 namespace PreviewRenderer {
 
-/// Writes one sheet per skin (or only `only`) with every widget on its wallpaper into `outputDirectory`, which is made
-/// when missing, and tells each file on standard output. `feed` reads services that hold the sample data. Gives the
-/// exit status: 0, or 1 when a file could not be written.
-int run(const QString& outputDirectory, std::optional<Skin> only, const ReadingFeed& feed, const Wallpaper& wallpaper);
+/// Writes one sheet per skin with every widget on its wallpaper into the folder `outputDirectory`, which is made when
+/// missing, as "<skin>.png", and tells each file on standard output. Gives the exit status: 0, or 1 after a sentence on
+/// standard error.
+int run(const QString& outputDirectory, const QList<Skin>& skins, const SampleWorld& samples,
+    const Wallpaper& wallpaper);
+/// Puts the skin's own desktop there, a pixel for each point, as "preset-<skin>.png".
+void addDesktop(BatchOutput& output, Skin skin, const SampleWorld& samples, const Wallpaper& wallpaper);
 
 } // namespace PreviewRenderer
 
