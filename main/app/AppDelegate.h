@@ -33,6 +33,7 @@ public:
     AppDelegate(Machine& machine, const Stores& stores, const Updater::Trust& updates = {});
     ~AppDelegate() override;
 
+    const WindowContext& context() const { return m_interface.context(); }
     void start();
     /// The widgets stand: what this start is for is carried out, if it is for anything but the widgets.
     void started(const StartRequest& request);

@@ -44,6 +44,8 @@ public:
 
     explicit UserInterface(const Collaborators& collaborators);
 
+    /// What a window like the program's own is made of.
+    const WindowContext& context() const { return m_context; }
     /// Looks for a tray, after the widgets had time to be painted.
     void start();
     /// The first start: the main window with its welcome, after the widgets had time to be painted.

@@ -54,8 +54,8 @@ int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, const QL
             break;
         }
         output.add(rawValue(skin) + u".png"_s, png);
-        output.tell(QString::asprintf(
-            "%s %.2fs", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9));
+        output.tell(
+            QString::asprintf("%s %.2fs", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9));
     }
     return output.finish();
 }

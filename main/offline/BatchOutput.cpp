@@ -8,8 +8,8 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImageWriter>
-#include <QTextStream>
 #include <QtConcurrent>
+#include <QTextStream>
 
 #include <cstdlib>
 

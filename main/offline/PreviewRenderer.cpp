@@ -39,8 +39,8 @@ QImage sheetOf(Skin skin, const ReadingFeed& feed, const Wallpaper& wallpaper)
 
 } // namespace
 
-int run(const QString& outputDirectory, const QList<Skin>& skins, const SampleWorld& samples,
-    const Wallpaper& wallpaper)
+int run(
+    const QString& outputDirectory, const QList<Skin>& skins, const SampleWorld& samples, const Wallpaper& wallpaper)
 {
     BatchOutput output(outputDirectory, skins.size());
     if (!output.open())

@@ -31,6 +31,7 @@ public:
     /// All that `view` shows and is about to show, first things first. What is missing is ordered; what no view wants
     /// and has not begun is dropped. A view that goes wants nothing.
     void setWanted(const QObject& view, const QList<PictureOrder>& orders);
+    bool isComplete() const { return m_ordered.isEmpty(); } ///< all that views want is there, or has failed
     /// Gives all pictures away, and failures.
     void release();
 
