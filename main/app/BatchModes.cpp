@@ -6,9 +6,11 @@
 #include "app/Hosts.h"
 #include "app/Information.h"
 #include "app/InterfacePictures.h"
+#include "app/LivePictures.h"
 #include "app/WallpaperBatch.h"
 #include "offline/PreviewRenderer.h"
 #include "offline/SampleWorld.h"
+#include "offline/SiteExporter.h"
 #include "skins/WallpaperRecipes.h"
 #include "wallpapers/WallpaperStore.h"
 
@@ -23,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Mode = CommandLine::Mode;
+using BatchMode = CommandLine::Mode;
 
 template <typename E> QString namesOf()
 {
@@ -33,6 +35,12 @@ template <typename E> QString namesOf()
     return names.join(u", "_s);
 }
 
+int refuse(const QString& sentence)
+{
+    QTextStream(stderr) << u"ambrelle: "_s << sentence << '\n';
+    return EXIT_FAILURE;
+}
+
 /// The skins that SKIN leaves; nothing after a sentence where it names none.
 std::optional<QList<Skin>> wantedSkins()
 {
@@ -40,8 +48,7 @@ std::optional<QList<Skin>> wantedSkins()
     if (const std::optional<Skin> only = parse<Skin>(name))
         return QList{*only};
     if (!name.isEmpty()) {
-        QTextStream(stderr) << u"ambrelle: SKIN names no theme: “%1”. The themes are %2.\n"_s.arg(
-            name, namesOf<Skin>());
+        refuse(u"SKIN names no theme: “%1”. The themes are %2."_s.arg(name, namesOf<Skin>()));
         return std::nullopt;
     }
     const auto every = allCases<Skin>();
@@ -49,15 +56,58 @@ std::optional<QList<Skin>> wantedSkins()
 }
 
 /// Not from any cache: what is in there was packed with losses.
-QImage samplePhoto(const Wallpaper& wallpaper)
+QImage wholeSamplePhoto(const Wallpaper& wallpaper)
 {
     return wallpaper.picture(WallpaperStore::samplePhoto, WallpaperStore::pixels);
 }
 
 int renderPreviews(const QString& folder, const QList<Skin>& skins, const Wallpaper& wallpaper)
 {
-    const SampleWorld samples(makeHeadlessMachine, samplePhoto(wallpaper));
+    const SampleWorld samples(makeHeadlessMachine, wholeSamplePhoto(wallpaper));
     return PreviewRenderer::run(folder, skins, samples, wallpaper);
+}
+
+/// The kinds that KINDS names, each once; nothing where it is not set, and a sentence in `complaint` where it names
+/// none.
+std::optional<QList<WidgetKind>> wantedKinds(QString& complaint)
+{
+    if (qEnvironmentVariableIsEmpty("KINDS"))
+        return std::nullopt;
+    QList<WidgetKind> kinds;
+    for (const QString& word : qEnvironmentVariable("KINDS").split(u',')) {
+        const QString name = word.trimmed();
+        const std::optional<WidgetKind> kind = parse<WidgetKind>(name);
+        if (!kind)
+            complaint = u"KINDS names no widget: “%1”. The widgets are %2."_s.arg(name, namesOf<WidgetKind>());
+        else if (!kinds.contains(*kind))
+            kinds.append(*kind);
+    }
+    return kinds;
+}
+
+/// Of now, or of the time that reproducible builds are told; nothing where that is no time.
+std::optional<QDateTime> timeOfExport()
+{
+    if (qEnvironmentVariableIsEmpty("SOURCE_DATE_EPOCH"))
+        return QDateTime::currentDateTimeUtc();
+    bool isNumber = false;
+    const qint64 seconds = qEnvironmentVariable("SOURCE_DATE_EPOCH").toLongLong(&isNumber);
+    constexpr qint64 lastYear = 253'402'300'799; // of four digits
+    if (!isNumber || seconds < 0 || seconds > lastYear)
+        return std::nullopt;
+    return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
+}
+
+int exportSite(const QString& folder, const QList<Skin>& skins, const Wallpaper& wallpaper)
+{
+    const std::optional<QDateTime> exported = timeOfExport();
+    if (!exported) {
+        return refuse(u"SOURCE_DATE_EPOCH must be a number of seconds since 1970, not “%1”."_s.arg(
+            qEnvironmentVariable("SOURCE_DATE_EPOCH")));
+    }
+    const Information information = Information::read();
+    const SampleWorld samples(makeHeadlessMachine, wholeSamplePhoto(wallpaper));
+    return SiteExporter::run(folder, skins, samples, wallpaper, {information.version, information.build, *exported});
 }
 
 int runOffscreen(const CommandLine& commandLine, const QList<Skin>& skins, int& argc, char** argv)
@@ -66,9 +116,30 @@ int runOffscreen(const CommandLine& commandLine, const QList<Skin>& skins, int& 
     const QGuiApplication application(argc, argv);
     BatchSurroundings::dress();
     const Wallpaper wallpaper(wallpaperRecipe, dataFile(u"Wallpapers"_s));
-    if (commandLine.mode == Mode::renderWallpapers)
+    if (commandLine.mode == BatchMode::renderWallpapers)
         return renderWallpapers(wallpaper, commandLine.folder, skins);
+    if (commandLine.mode == BatchMode::exportSite)
+        return exportSite(commandLine.folder, skins, wallpaper);
     return renderPreviews(commandLine.folder, skins, wallpaper);
+}
+
+int runLive(const CommandLine& commandLine, const QList<Skin>& skins, int& argc, char** argv)
+{
+    QString complaint;
+    const std::optional<QList<WidgetKind>> kinds = wantedKinds(complaint);
+    if (!complaint.isEmpty())
+        return refuse(complaint);
+    const HostChoice choice = chooseDisplay(hostOffers());
+    if (!choice.whyNot.isEmpty())
+        return refuse(choice.whyNot);
+    BatchSurroundings::prepare(choice.plugin);
+    const QApplication application(argc, argv);
+    BatchSurroundings::dress();
+    std::unique_ptr<Machine> machine = choice.host.make({});
+    if (!machine)
+        return refuse(u"No widgets can be shown on this display."_s);
+    const Wallpaper wallpaper(wallpaperRecipe, dataFile(u"Wallpapers"_s));
+    return renderLive(commandLine.folder, skins, kinds, std::move(machine), wholeSamplePhoto(wallpaper));
 }
 
 int runInterface(const CommandLine& commandLine, const QList<Skin>& skins, int& argc, char** argv)
@@ -78,7 +149,7 @@ int runInterface(const CommandLine& commandLine, const QList<Skin>& skins, int& 
     const QApplication application(argc, argv);
     BatchSurroundings::dress();
     const Wallpaper wallpaper(wallpaperRecipe, dataFile(u"Wallpapers"_s));
-    return renderInterface(commandLine.folder, skins, wallpaper, samplePhoto(wallpaper));
+    return renderInterface(commandLine.folder, skins, wallpaper, wholeSamplePhoto(wallpaper));
 }
 
 } // namespace
@@ -88,7 +159,9 @@ int runBatchMode(const CommandLine& commandLine, int& argc, char** argv)
     const std::optional<QList<Skin>> skins = wantedSkins();
     if (!skins)
         return EXIT_FAILURE;
-    if (commandLine.mode == Mode::renderInterface)
+    if (commandLine.mode == BatchMode::renderWindow)
+        return runLive(commandLine, *skins, argc, argv);
+    if (commandLine.mode == BatchMode::renderInterface)
         return runInterface(commandLine, *skins, argc, argv);
     return runOffscreen(commandLine, *skins, argc, argv);
 }

@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QHashSeed>
 #include <QLocale>
+#include <QTextStream>
+#include <QtGlobal>
 
 #include <ctime>
 
@@ -43,6 +45,8 @@ void hideUser()
              "QT_ENABLE_HIGHDPI_SCALING", "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_SCALE_FACTOR_ROUNDING_POLICY",
              "QT_USE_PHYSICAL_DPI", "FONTCONFIG_FILE", "FONTCONFIG_PATH", "DBUS_SESSION_BUS_ADDRESS"})
         qunsetenv(name);
+    // Sentences are the program's own; what the toolkit remarks on a machine without a desktop concerns nobody.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     qputenv("LC_ALL", "C.UTF-8");
     qputenv("TZ", "UTC");
     tzset();

@@ -54,6 +54,19 @@ HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished)
     return {.host = none, .plugin = wished, .whyNot = reasons.join(u' ')};
 }
 
+HostChoice chooseDisplay(const QList<HostOffer>& offers)
+{
+    HostChoice choice = chooseHost(offers, {});
+    for (const HostOffer& offer : offers) {
+        if (choice.whyNot.isEmpty())
+            break;
+        std::shared_ptr<void> display = offer.startDisplay ? offer.startDisplay() : nullptr;
+        if (display && offer.whyNot().isEmpty())
+            choice = {.host = offer, .plugin = offer.plugins.first(), .display = display};
+    }
+    return choice;
+}
+
 std::unique_ptr<Machine> makeHeadlessMachine(std::unique_ptr<Clock> clock)
 {
     return std::make_unique<HeadlessMachine>(std::move(clock));

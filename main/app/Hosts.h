@@ -12,6 +12,7 @@ struct HostChoice {
     HostOffer host;
     QByteArray plugin; ///< the toolkit's platform plugin to run on
     QString whyNot; ///< why no window can be shown; empty when one can
+    std::shared_ptr<void> display{}; ///< that was started for it, and lasts as long
 };
 
 /// The hosts this program knows, the preferred one first.
@@ -20,6 +21,10 @@ QList<HostOffer> hostOffers();
 /// The first of the offers that can show windows. `wished` is the user's QT_QPA_PLATFORM: where it is not empty, only
 /// hosts that stand for that plugin count, and if none does, the program runs on that plugin without showing widgets.
 HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished);
+
+/// The first of the offers that can show windows, else the first that brings up a display that nobody sees. Needs no
+/// application object.
+HostChoice chooseDisplay(const QList<HostOffer>& offers);
 
 /// A machine that shows and tells nothing but the time of `clock`.
 std::unique_ptr<Machine> makeHeadlessMachine(std::unique_ptr<Clock> clock);

@@ -2,11 +2,9 @@
 
 #include "app/InterfacePictures.h"
 
-#include "app/AppDelegate.h"
 #include "app/Hosts.h"
+#include "app/SampleProgram.h"
 #include "foundation/ManualClock.h"
-#include "model/AppSettings.h"
-#include "model/ThemeAccent.h"
 #include "offline/BatchOutput.h"
 #include "offline/PreviewRenderer.h"
 #include "offline/SampleData.h"
@@ -26,38 +24,17 @@ namespace {
 constexpr int pieces = 1 + static_cast<int>(allCases<MainTab>().size()) + 1; // besides desktops
 constexpr std::array savedDesktops{Skin::grove, Skin::slate, Skin::kyoto};
 
-/// The whole program as it is before it starts anything, on a machine that shows and tells nothing.
-class SampleProgram {
-public:
-    explicit SampleProgram(const QImage& photo)
-        : m_machine(makeHeadlessMachine(std::make_unique<ManualClock>(SampleData::moment())))
-        , m_delegate(*m_machine, {m_defaults, m_settings, ThemeAccent::shared()})
-    {
-        SampleData::load(context().monitor, context().services, photo);
-        context().model.setShowWelcome(false);
-        context().model.setHasTray(true);
+/// Saves some desktops, and leaves that of `last`.
+void arrange(const WindowContext& context, Skin last)
+{
+    for (const Skin skin : savedDesktops) {
+        context.manager.applyPreset(skin, false);
+        SavedTheme theme = context.manager.snapshot(title(skin));
+        theme.wallpaper = skin;
+        context.themes.add(theme);
     }
-
-    const WindowContext& context() const { return m_delegate.context(); }
-
-    /// Saves some desktops, and leaves that of `last`.
-    void arrange(Skin last)
-    {
-        for (const Skin skin : savedDesktops) {
-            context().manager.applyPreset(skin, false);
-            SavedTheme theme = context().manager.snapshot(title(skin));
-            theme.wallpaper = skin;
-            context().themes.add(theme);
-        }
-        context().manager.applyPreset(last, false);
-    }
-
-private:
-    std::unique_ptr<Machine> m_machine;
-    UserDefaults m_defaults = UserDefaults::temporary();
-    AppSettings m_settings{m_defaults};
-    AppDelegate m_delegate;
-};
+    context.manager.applyPreset(last, false);
+}
 
 /// Waits until the window has all its pictures and changes no more, and gives what it shows then. What other threads
 /// draw for it besides takes some milliseconds each.
@@ -120,8 +97,8 @@ int renderInterface(const QString& folder, const QList<Skin>& skins, const Wallp
             return output.finish();
     }
     output.begin(u"Miniatures"_s);
-    SampleProgram program(photo);
-    program.arrange(skins.first());
+    const SampleProgram program(makeHeadlessMachine(std::make_unique<ManualClock>(SampleData::moment())), photo);
+    arrange(program.context(), skins.first());
     program.context().snapshots.renderPresetsNow();
     addWindow(output, program.context());
     return output.finish();

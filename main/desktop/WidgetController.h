@@ -45,6 +45,7 @@ public:
     const QColor& accent() const { return m_panel.view().style().accent; }
     bool showsSeconds() const;
     bool isPainted() const { return m_panel.isPainted(); } ///< it has been seen once
+    QImage picture() { return m_panel.picture(); } ///< as WidgetPanel::picture()
     double pixelRatio() const { return m_panel.pixelRatio(); } ///< pixels per point where it stands
 
     /// Any change of the record except its identity; an opacity beyond 0 to 1 is clamped, and one

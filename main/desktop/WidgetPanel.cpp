@@ -154,6 +154,19 @@ void WidgetPanel::paint(QPainter& painter, const QRectF& area)
         m_hooks.motionChanged();
 }
 
+QImage WidgetPanel::picture()
+{
+    const QRectF area = m_face.reach();
+    QImage image((area.size() * pixelRatio()).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(pixelRatio());
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-area.topLeft());
+    m_face.paint(painter, area, m_motion.time());
+    return image;
+}
+
 void WidgetPanel::pointerPressed(const PointerEvent& event)
 {
     if (m_closed)

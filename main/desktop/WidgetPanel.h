@@ -47,6 +47,8 @@ public:
     void repaint(); ///< the face
 
     bool isPainted() const { return m_painted; } ///< in part at least, since it is shown
+    /// The face as it is shown, on nothing, with its shadow; in the pixels of the screen.
+    QImage picture();
     bool isHovering() const { return m_hover.isHovering(); }
     bool moves() const { return !m_face.result().moving.isEmpty(); } ///< the face has moving parts, paused or not
     const FaceView& view() const { return m_face.view(); }

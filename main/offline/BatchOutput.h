@@ -37,6 +37,7 @@ public:
     void add(const QString& name, const QByteArray& bytes);
     void fail(const QString& name); ///< that file is missing, and the run goes on
     void tell(const QString& line); ///< on standard output, after all files given so far
+    void flush() { settle(0); } ///< waits until the files given so far are there
     /// Says in a sentence why nothing can be made any more.
     void refuse(const QString& sentence);
     bool isStopped() const { return m_isStopped; } ///< something has gone wrong for good; finish() tells the status

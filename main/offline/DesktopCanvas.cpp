@@ -63,11 +63,16 @@ void DesktopCanvas::surround(Skin skin)
 
 QImage DesktopCanvas::picture(const QSize& pixels, const Wallpaper& wallpaper, int threads) const
 {
-    QImage picture = wallpaper.picture(m_wallpaper, pixels, threads).convertToFormat(QImage::Format_RGB32);
+    return on(wallpaper.picture(m_wallpaper, pixels, threads));
+}
+
+QImage DesktopCanvas::on(const QImage& wallpaper) const
+{
+    QImage picture = wallpaper.convertToFormat(QImage::Format_RGB32);
     if (picture.isNull())
         return picture;
     QPainter painter(&picture);
-    painter.scale(pixels.width() / size.width(), pixels.height() / size.height());
+    painter.scale(picture.width() / size.width(), picture.height() / size.height());
     m_scene.draw(painter, {{0, 0}, size});
     drawWidgets(painter);
     return picture;

@@ -18,8 +18,7 @@ class SampleWorld;
 class Wallpaper;
 
 /// A whole desktop as a picture: a wallpaper, the widgets on it with sample data, and the scene around most of them. It
-/// is made on the main thread,
-/// with the accents of that moment, and drawn on any.
+/// is made on the main thread, with the accents of that moment, and drawn on any.
 class DesktopCanvas {
 public:
     static constexpr QSizeF size{1440, 900}; ///< points; every skin's own layout has its natural size there
@@ -32,6 +31,9 @@ public:
     /// The desktop in exactly that many pixels; null where there is no memory for them. `threads` may work on the
     /// wallpaper, 0 for as many as the machine has processors.
     QImage picture(const QSize& pixels, const Wallpaper& wallpaper, int threads = 0) const;
+    /// The same where the picture of the wallpaper is there already; null without one.
+    QImage on(const QImage& wallpaper) const;
+    const Scene& scene() const { return m_scene; }
 
 private:
     struct Widget {

@@ -4,9 +4,8 @@
 
 #include "model/Skin.h"
 
+#include <QDateTime>
 #include <QString>
-
-#include <optional>
 
 namespace ambrelle {
 
@@ -44,10 +43,17 @@ class Wallpaper;
 ///                 variants: name, color and file of every choice, the theme's own first
 namespace SiteExporter {
 
+/// What themes.json says of the export itself.
 struct Release {
     QString version;
     int build = 0;
+    QDateTime exported;
 };
+
+/// Writes it all for these skins into the folder, which is made when missing, and tells each file on standard output.
+/// Gives the exit status: 0, or 1 after a sentence on standard error.
+int run(const QString& folder, const QList<Skin>& skins, const SampleWorld& samples, const Wallpaper& wallpaper,
+    const Release& release);
 
 } // namespace SiteExporter
 

@@ -7,6 +7,7 @@
 #include <QByteArray>
 
 #include <functional>
+#include <memory>
 
 namespace ambrelle {
 
@@ -20,6 +21,9 @@ struct HostOffer {
     /// The machine; null when it turns out that there is none after all. Called after the application object exists,
     /// with the user's own environment.
     std::function<std::unique_ptr<Machine>(const Machine::Wishes&)> make;
+    /// Brings up a display that nobody sees, for as long as what it gives lives; null where that does not work, or
+    /// there is no such thing. Called before the application object exists.
+    std::function<std::shared_ptr<void>()> startDisplay{};
 };
 
 } // namespace ambrelle

@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11Machine.h"
 
+#include "platform/x11/PrivateDisplay.h"
 #include "platform/x11/root/RootPixmapPicture.h"
 
 namespace ambrelle {
@@ -82,7 +83,10 @@ Machine::Ports X11Machine::ports()
 
 HostOffer X11Machine::offer()
 {
-    return {.plugins = {"xcb", "wayland"}, .whyNot = whyNoDisplay, .make = makeX11Machine};
+    return {.plugins = {"xcb", "wayland"},
+        .whyNot = whyNoDisplay,
+        .make = makeX11Machine,
+        .startDisplay = PrivateDisplay::start};
 }
 
 } // namespace ambrelle
