@@ -27,7 +27,7 @@ def run(program, folder, width, height, skin=None):
     done = subprocess.run(command, env=environment, capture_output=True, text=True, check=True)
     wall = time.monotonic() - start
     peak = int(done.stderr.split()[-1]) / 1024
-    lines = (line.split() for line in done.stdout.splitlines())
+    lines = (line.split() for line in done.stdout.splitlines() if not line.startswith("wrote "))
     return {skin: float(seconds.rstrip("s")) for skin, seconds in lines}, wall, peak
 
 

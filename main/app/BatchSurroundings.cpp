@@ -43,12 +43,17 @@ void hideUser()
         qputenv(name, nowhere);
     for (const char* name : {"LANGUAGE", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_STYLE_OVERRIDE",
              "QT_ENABLE_HIGHDPI_SCALING", "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_SCALE_FACTOR_ROUNDING_POLICY",
-             "QT_USE_PHYSICAL_DPI", "FONTCONFIG_FILE", "FONTCONFIG_PATH", "DBUS_SESSION_BUS_ADDRESS"})
+             "QT_USE_PHYSICAL_DPI", "FONTCONFIG_FILE", "FONTCONFIG_PATH"})
         qunsetenv(name);
     // Sentences are the program's own; what the toolkit remarks on a machine without a desktop concerns nobody.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtFatalMsg)
+            QTextStream(stderr) << text << '\n';
+    });
     qputenv("LC_ALL", "C.UTF-8");
     qputenv("TZ", "UTC");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null"); // without an address one would be started
+    qputenv("GSETTINGS_BACKEND", "memory");
     tzset();
 }
 

@@ -36,6 +36,7 @@ QByteArray written(const QImage& picture, const char* format, int quality)
 
 BatchOutput::BatchOutput(const QString& folder, qsizetype pieces)
     : m_folder(folder)
+    , m_isUnnamed(folder.isEmpty())
     , m_progress(pieces)
 {
 }
@@ -48,7 +49,7 @@ BatchOutput::~BatchOutput()
 bool BatchOutput::open()
 {
     const QString path = m_folder.path();
-    if (path.isEmpty())
+    if (m_isUnnamed)
         refuse(u"No folder is named."_s);
     else if (!m_folder.mkpath(u"."_s))
         refuse(u"The folder “%1” cannot be made."_s.arg(path));

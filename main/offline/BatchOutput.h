@@ -63,6 +63,7 @@ private:
     void print(const QString& line);
 
     QDir m_folder;
+    bool m_isUnnamed; ///< which the folder takes for the current one
     BatchProgress m_progress;
     QThreadPool m_pool;
     std::deque<Entry> m_entries;
