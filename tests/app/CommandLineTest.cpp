@@ -25,6 +25,11 @@ TEST(CommandLine, ChoosesWhatToDo)
         {"a.ambrelle --render-previews", {.files = {"a.ambrelle"}}},
         {"a.ambrelle --render-previews out b", {.mode = Mode::renderPreviews, .folder = "out"}},
         {"--render-previews --help", {.mode = Mode::renderPreviews, .folder = "--help"}},
+        {"--export-site out --render-ui ui", {.mode = Mode::renderInterface, .folder = "ui"}},
+        {"--export-site --render-window", {.mode = Mode::exportSite, .folder = "--render-window"}},
+        {"--render-ui ui --render-window win --render-wallpapers paper",
+            {.mode = Mode::renderWallpapers, .folder = "paper"}},
+        {"--export-site site --render-wallpapers", {.mode = Mode::exportSite, .folder = "site"}},
         {"--render-previews=out", {.mode = Mode::unknownOption, .option = "--render-previews=out"}},
         {"--Render-Previews out", {.mode = Mode::unknownOption, .option = "--Render-Previews"}},
         {"--check-update", {.mode = Mode::checkUpdate}},
@@ -56,6 +61,10 @@ TEST(CommandLine, ChoosesWhatToDo)
         const QStringList words = QString::fromLatin1(c.words).split(u' ', Qt::SkipEmptyParts);
         EXPECT_EQ(CommandLine::parse(words), c.expected) << c.words;
     }
+    for (const char* flag :
+        {"--render-previews", "--render-wallpapers", "--render-window", "--render-ui", "--export-site"})
+        EXPECT_TRUE(CommandLine::parse({flag, QString()}).isBatch()) << "what the user has would be in the pictures";
+    EXPECT_FALSE(CommandLine().isBatch());
     EXPECT_EQ(CommandLine::parse({QString()}), CommandLine()) << "an empty word is no file";
 }
 

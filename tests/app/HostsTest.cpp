@@ -42,6 +42,29 @@ TEST(Hosts, TheFirstThatWorksAndIsWishedIsTaken)
     }
 }
 
+TEST(Hosts, WhereNothingCanBeShownADisplayIsStartedThatLastsAsLongAsItIsNeeded)
+{
+    bool isUp = false;
+    HostOffer able = offer({"two"}, {});
+    able.whyNot = [&isUp] { return isUp ? QString() : u"Not yet."_s; };
+    able.startDisplay = [&isUp] {
+        isUp = true;
+        return std::shared_ptr<void>(&isUp, [](void* up) { *static_cast<bool*>(up) = false; });
+    };
+    HostOffer broken = offer({"one"}, u"No."_s);
+    broken.startDisplay = [] { return std::shared_ptr<void>(); };
+    {
+        const HostChoice choice = chooseDisplay({offer({"none"}, u"Never."_s), broken, able});
+        EXPECT_EQ(choice.plugin, "two");
+        EXPECT_EQ(choice.whyNot, QString());
+        EXPECT_TRUE(isUp);
+    }
+    EXPECT_FALSE(isUp);
+    EXPECT_EQ(chooseDisplay({broken}).whyNot, u"No."_s);
+    EXPECT_EQ(chooseDisplay({offer({"works"}, {}), able}).plugin, "works");
+    EXPECT_FALSE(isUp) << "there is a display already";
+}
+
 TEST(Hosts, APluginThatNobodyStandsForShowsNothing)
 {
     const HostChoice choice = chooseHost(hostOffers(), "offscreen");

@@ -296,6 +296,24 @@ TEST_F(DesktopSnapshotsTest, AllAtOnceWithoutTheQueue)
     EXPECT_EQ(snapshots.image(Skin::velvet), now);
 }
 
+TEST_F(DesktopSnapshotsTest, ALargePhotoLooksTheSameOnEveryWay)
+{
+    const auto stripes = [] {
+        QImage image(1152, 720, QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y)
+            std::fill_n(reinterpret_cast<QRgb*>(image.scanLine(y)), image.width(), y % 3 ? 0xffc02040 : 0xff208040);
+        return image;
+    };
+    DesktopSnapshots::Collaborators queued = with();
+    queued.samplePhoto = stripes;
+    DesktopSnapshots::Collaborators atOnce = with(greyWallpaper(), 8);
+    atOnce.samplePhoto = stripes;
+    DesktopSnapshots later(queued);
+    DesktopSnapshots now(atOnce);
+    now.renderPresetsNow();
+    EXPECT_EQ(made(later, Skin::velvet), now.image(Skin::velvet));
+}
+
 TEST_F(DesktopSnapshotsTest, MayGoWhileItWorks)
 {
     for (int round = 0; round < 5; ++round) {
