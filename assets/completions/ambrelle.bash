@@ -12,7 +12,7 @@ _ambrelle() {
             sed 's/.*: *//; s/ --render.*//; s/,/ /g; s/ or / /')" -- "$word")
         return
         ;;
-    --render-previews | --render-wallpapers)
+    --render-* | --export-site)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")
         return
