@@ -32,6 +32,8 @@ EXEMPT = {
     "app/": "said in a terminal, before there is a desktop or without one",
     "foundation/SettingsFile.cpp": "said in a terminal",
     "model/NearestCity.cpp": "a gazetteer, as a geocoder's answers are",
+    "offline/Batch": "said in a terminal",
+    "offline/Site": "a site in English",
     "platform/linux/desktop/MenuRegistration.cpp": "said in a terminal",
     "platform/linux/update/FolderExchange.cpp": "the name of a folder",
     "platform/mac/ScriptPlayers.cpp": "programs for another interpreter",
