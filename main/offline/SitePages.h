@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/WidgetKind.h"
+
+#include <QColor>
+#include <QJsonObject>
+#include <QList>
+#include <QString>
+
+namespace ambrelle {
+
+/// What the pages of the catalogue site say, made from the catalogue's data (SiteExporter) as templates want it.
+class SitePages {
+public:
+    /// Widths of the smaller pictures of a desktop, pixels. Their height goes along.
+    static constexpr int smallWidth = 480;
+    static constexpr int mediumWidth = 960;
+
+    explicit SitePages(const QJsonObject& catalogue);
+
+    QJsonObject index() const;
+    QList<QString> themes() const; ///< their ids
+    QJsonObject theme(const QString& id) const;
+
+    /// The picture of a theme's desktop in so many pixels of width.
+    static QString desktopFile(const QString& theme, int width);
+    /// The picture of a kind for the table of all.
+    static QString kindFile(const QString& kind);
+
+    struct KindPicture {
+        QString kind;
+        QString theme;
+        QString file; ///< of the widget in that theme
+        QSizeF size; ///< points, with its margin
+    };
+    /// A widget to show for each kind that stands in a layout, from as many themes as can be.
+    QList<KindPicture> kindPictures() const;
+
+    /// What people call a colour: "red", "orange", "yellow", "green", "teal", "blue", "violet", "pink" or "grey".
+    static QString family(const QColor& colour);
+
+private:
+    QJsonObject themeOf(const QString& id) const;
+    QJsonObject card(const QJsonObject& theme) const;
+    QJsonValue demo(const QJsonObject& theme) const; ///< null where the accent is fixed
+    QJsonArray heroes() const;
+    QJsonArray groups() const;
+    QJsonArray tones() const;
+    QJsonArray colours() const;
+    QJsonArray kinds() const;
+    QJsonArray widgets(const QJsonObject& theme) const;
+    QJsonArray palette(const QJsonObject& theme) const;
+
+    QJsonObject m_catalogue;
+    QList<QJsonObject> m_themes;
+};
+
+} // namespace ambrelle
