@@ -15,6 +15,7 @@
 #include "wallpapers/WallpaperStore.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QTextStream>
 
 #include <cstdlib>
@@ -107,7 +108,13 @@ int exportSite(const QString& folder, const QList<Skin>& skins, const Wallpaper&
     }
     const Information information = Information::read();
     const SampleWorld samples(makeHeadlessMachine, wholeSamplePhoto(wallpaper));
-    return SiteExporter::run(folder, skins, samples, wallpaper, {information.version, information.build, *exported});
+    QFile licence(dataFile(u"LICENSE"_s));
+    const bool isThere = licence.open(QIODevice::ReadOnly);
+    const SiteGallery::Material material{.templates = dataFile(u"site"_s),
+        .download = information.download,
+        .licence = isThere ? QString::fromUtf8(licence.readAll()) : QString()};
+    return SiteExporter::run(
+        folder, skins, samples, wallpaper, {information.version, information.build, *exported}, material);
 }
 
 int runOffscreen(const CommandLine& commandLine, const QList<Skin>& skins, int& argc, char** argv)

@@ -56,6 +56,7 @@ Information Information::read()
         qEnvironmentVariable("AMBRELLE_FORECAST_BASE", addresses.value(u"forecast"_s).toString());
     information.geocodingBase =
         qEnvironmentVariable("AMBRELLE_GEOCODING_BASE", addresses.value(u"geocoding"_s).toString());
+    information.download = addresses.value(u"download"_s).toString();
     return information;
 }
 

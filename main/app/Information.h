@@ -14,6 +14,7 @@ struct Information {
     QString forecastBase; ///< addresses of the weather's endpoints; empty: the usual ones
     QString geocodingBase;
     QString updateFeed; ///< where newer releases are told of; empty: this copy is updated by others
+    QString download; ///< address of a page or file where others can get the program; empty: there is none
 
     /// Of the running program; the version alone where the file is missing. The environment variables
     /// AMBRELLE_FORECAST_BASE and AMBRELLE_GEOCODING_BASE stand above the file's addresses.

@@ -214,7 +214,7 @@ QJsonObject headOf(const QList<Skin>& skins, const Release& release)
 } // namespace
 
 int run(const QString& folder, const QList<Skin>& skins, const SampleWorld& samples, const Wallpaper& wallpaper,
-    const Release& release)
+    const Release& release, const SiteGallery::Material& material)
 {
     BatchOutput output(folder, skins.size() + 1);
     if (!output.open())
@@ -235,13 +235,11 @@ int run(const QString& folder, const QList<Skin>& skins, const SampleWorld& samp
     site[u"themes"_s] = themes;
     site[u"accentDemo"_s] = demos;
     output.add(u"themes.json"_s, QJsonDocument(site).toJson());
-    const auto write = [&output](const QString& name, const QByteArray& bytes) {
-        output.add(name, bytes);
-        return !output.isStopped();
-    };
     output.flush();
-    if (!output.isStopped())
-        SiteGallery::writeGallery(folder, site, write);
+    const auto add = [&output](const QString& name, BatchOutput::Pack pack) { output.add(name, std::move(pack)); };
+    const QString fault = SiteGallery::writeGallery(folder, site, material, add);
+    if (!fault.isEmpty())
+        output.refuse(fault);
     return output.finish();
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "model/Skin.h"
+#include "offline/SiteGallery.h"
 
 #include <QDateTime>
 #include <QString>
@@ -51,9 +52,10 @@ struct Release {
 };
 
 /// Writes it all for these skins into the folder, which is made when missing, and tells each file on standard output.
+/// The pages are made of `material`.
 /// Gives the exit status: 0, or 1 after a sentence on standard error.
 int run(const QString& folder, const QList<Skin>& skins, const SampleWorld& samples, const Wallpaper& wallpaper,
-    const Release& release);
+    const Release& release, const SiteGallery::Material& material);
 
 } // namespace SiteExporter
 

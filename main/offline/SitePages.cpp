@@ -22,8 +22,8 @@ struct Family {
     QLatin1StringView name;
     int upTo; // degrees of hue
 };
-constexpr std::array families{Family{"red"_L1, 17}, Family{"orange"_L1, 43}, Family{"yellow"_L1, 67},
-    Family{"green"_L1, 158}, Family{"teal"_L1, 193}, Family{"blue"_L1, 248}, Family{"violet"_L1, 290},
+constexpr std::array families{Family{"red"_L1, 14}, Family{"orange"_L1, 40}, Family{"yellow"_L1, 67},
+    Family{"green"_L1, 155}, Family{"teal"_L1, 193}, Family{"blue"_L1, 248}, Family{"violet"_L1, 290},
     Family{"pink"_L1, 342}, Family{"red"_L1, 360}};
 
 QString capitalised(const QString& word)
@@ -95,13 +95,11 @@ QString SitePages::kindFile(const QString& kind)
 
 QString SitePages::family(const QColor& colour)
 {
-    const QColor hsl = colour.toHsl();
-    constexpr int palest = 38; // of 255
-    constexpr int lightest = 240;
-    constexpr int darkest = 16;
-    if (hsl.hslSaturation() < palest || hsl.lightness() > lightest || hsl.lightness() < darkest)
+    const auto [least, most] = std::minmax({colour.red(), colour.green(), colour.blue()});
+    constexpr int palest = 40; // of 255
+    if (most - least < palest)
         return u"grey"_s;
-    const auto found = std::ranges::find_if(families, [&](const Family& each) { return hsl.hslHue() <= each.upTo; });
+    const auto found = std::ranges::find_if(families, [&](const Family& each) { return colour.hslHue() <= each.upTo; });
     return found->name;
 }
 
