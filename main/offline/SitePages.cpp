@@ -17,6 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype themesPerKind = 3; // that are named in the table of kinds
+constexpr double widest = 1.3; // times its height: what is shown in one column
 
 struct Family {
     QLatin1StringView name;
@@ -247,16 +248,22 @@ QJsonArray SitePages::kinds() const
     const QList<KindPicture> pictures = kindPictures();
     QJsonArray kinds;
     for (const WidgetKind kind : allCases<WidgetKind>()) {
-        QJsonArray named;
-        qsizetype count = 0;
+        QList<QJsonObject> having;
         for (const QJsonObject& theme : m_themes) {
-            if (theme["kinds"_L1].toArray().contains(QString(rawValue(kind))) && ++count <= themesPerKind)
-                named.append(QJsonObject{{u"id"_s, theme["id"_L1]}, {u"title"_s, theme["title"_L1]}});
+            if (theme["kinds"_L1].toArray().contains(QString(rawValue(kind))))
+                having.append(theme);
+        }
+        // Other ones for every kind, from all over the catalogue.
+        const qsizetype count = std::min(themesPerKind, having.size());
+        QJsonArray named;
+        for (qsizetype i = 0; i < count; ++i) {
+            const QJsonObject& theme = having[(kinds.size() * 5 + i * having.size() / count) % having.size()];
+            named.append(QJsonObject{{u"id"_s, theme["id"_L1]}, {u"title"_s, theme["title"_L1]}});
         }
         QJsonObject entry{{u"id"_s, rawValue(kind)}, {u"title"_s, title(kind)},
             {u"blurb"_s, m_catalogue["blurb"_L1][rawValue(kind)]}, {u"few"_s, named}};
-        if (count > themesPerKind)
-            entry["more"_L1] = count - themesPerKind;
+        if (having.size() > count)
+            entry["more"_L1] = having.size() - count;
         const auto found = std::ranges::find(pictures, rawValue(kind), &KindPicture::kind);
         if (found != pictures.end()) {
             const QJsonObject theme = themeOf(found->theme);
@@ -283,7 +290,8 @@ QJsonArray SitePages::widgets(const QJsonObject& theme) const
                 {u"across"_s, percent(each["width"_L1], canvas["width"_L1])},
                 {u"down"_s, percent(each["height"_L1], canvas["height"_L1])},
                 {u"width"_s, whole(each["width"_L1].toDouble())}, {u"height"_s, whole(each["height"_L1].toDouble())},
-                {u"pictureWidth"_s, whole(picture.width())}, {u"pictureHeight"_s, whole(picture.height())}});
+                {u"isWide"_s, picture.width() > picture.height() * widest}, {u"pictureWidth"_s, whole(picture.width())},
+                {u"pictureHeight"_s, whole(picture.height())}});
         widgets.append(widget);
     }
     return widgets;
