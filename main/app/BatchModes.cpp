@@ -42,18 +42,25 @@ int refuse(const QString& sentence)
     return EXIT_FAILURE;
 }
 
-/// The skins that SKIN leaves; nothing after a sentence where it names none.
+/// The skins that SKIN leaves, in the order of the catalogue; nothing after a sentence where it names none.
 std::optional<QList<Skin>> wantedSkins()
 {
-    const QString name = qEnvironmentVariable("SKIN");
-    if (const std::optional<Skin> only = parse<Skin>(name))
-        return QList{*only};
-    if (!name.isEmpty()) {
-        refuse(u"SKIN names no theme: “%1”. The themes are %2."_s.arg(name, namesOf<Skin>()));
-        return std::nullopt;
-    }
     const auto every = allCases<Skin>();
-    return QList<Skin>(every.begin(), every.end());
+    QList<Skin> skins(every.begin(), every.end());
+    if (qEnvironmentVariableIsEmpty("SKIN"))
+        return skins;
+    QList<Skin> wanted;
+    for (const QString& word : qEnvironmentVariable("SKIN").split(u',')) {
+        const QString name = word.trimmed();
+        const std::optional<Skin> skin = parse<Skin>(name);
+        if (!skin) {
+            refuse(u"SKIN names no theme: “%1”. The themes are %2."_s.arg(name, namesOf<Skin>()));
+            return std::nullopt;
+        }
+        wanted.append(*skin);
+    }
+    skins.removeIf([&](Skin skin) { return !wanted.contains(skin); });
+    return skins;
 }
 
 /// Not from any cache: what is in there was packed with losses.

@@ -124,7 +124,7 @@ Live widgets on the desktop, in thirty themes. A program that already runs takes
   --render-ui FOLDER          write desktops and the main window into FOLDER and exit
   --check-update              look for a newer version, download and verify it,
                               install nothing, and exit
-  --export-site FOLDER        write a catalogue of the themes for a site into FOLDER and exit
+  --export-site FOLDER        write a site about the themes into FOLDER and exit
   --register                  put this copy into the desktop's menu of programs,
                               for this user, and exit
   --unregister                take it out again and exit
@@ -132,7 +132,7 @@ Live widgets on the desktop, in thirty themes. A program that already runs takes
   --version                   show the version and exit
 
 Environment of what writes pictures:
-  SKIN               the one theme to render, by its name, as in “fieldDark”
+  SKIN               the themes to render, by their names, as in “paper,fieldDark”
   WIDTH, HEIGHT      pixels of --render-wallpapers; 2880 and 1800 unless given
   KINDS              widgets of --render-window, as in “clock,cpu”; those of the
                      theme's layout unless given

@@ -3,6 +3,7 @@
 #include "offline/SiteGallery.h"
 
 #include "offline/HtmlTemplate.h"
+#include "offline/SiteKinds.h"
 #include "offline/SitePages.h"
 
 #include <QDir>
@@ -18,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int desktopQuality = 80; // percent
-constexpr int faceQuality = 88;
+constexpr int kindQuality = 88;
 constexpr double kindScale = 1.5; // pixels per point of the pictures of kinds
 
 std::optional<QString> contents(const QString& path)
@@ -83,6 +84,7 @@ public:
     Gallery(const QString& folder, const QJsonObject& themes, const Material& material, const AddFile& add)
         : m_folder(folder)
         , m_pages(themes)
+        , m_kinds(themes)
         , m_common(common(themes, material))
         , m_templates(templatesIn(material.templates))
         , m_add(add)
@@ -98,6 +100,7 @@ private:
 
     QString m_folder;
     SitePages m_pages;
+    SiteKinds m_kinds;
     QJsonObject m_common;
     QHash<QString, QString> m_templates;
     const AddFile& m_add;
@@ -139,9 +142,9 @@ void Gallery::addPictures()
         for (const int width : {SitePages::smallWidth, SitePages::mediumWidth})
             addNarrowed(SitePages::desktopFile(theme, width), desktop, width, desktopQuality);
     }
-    for (const SitePages::KindPicture& picture : m_pages.kindPictures()) {
+    for (const SiteKinds::Picture& picture : m_kinds.pictures()) {
         const int width = static_cast<int>(picture.size.width() * kindScale);
-        addNarrowed(SitePages::kindFile(picture.kind), picture.file, width, faceQuality);
+        addNarrowed(SiteKinds::file(picture.kind), picture.file, width, kindQuality);
     }
 }
 

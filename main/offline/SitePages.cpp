@@ -3,11 +3,12 @@
 #include "offline/SitePages.h"
 
 #include "model/Skin.h"
+#include "offline/ColourFamily.h"
+#include "offline/SiteKinds.h"
 
 #include <QJsonArray>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace ambrelle {
@@ -16,16 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype themesPerKind = 3; // that are named in the table of kinds
 constexpr double widest = 1.3; // times its height: what is shown in one column
-
-struct Family {
-    QLatin1StringView name;
-    int upTo; // degrees of hue
-};
-constexpr std::array families{Family{"red"_L1, 14}, Family{"orange"_L1, 40}, Family{"yellow"_L1, 67},
-    Family{"green"_L1, 155}, Family{"teal"_L1, 193}, Family{"blue"_L1, 248}, Family{"violet"_L1, 290},
-    Family{"pink"_L1, 342}, Family{"red"_L1, 360}};
 
 QString capitalised(const QString& word)
 {
@@ -45,23 +37,6 @@ QString about(ThemeGroup group)
     case ThemeGroup::modern: return u"Glass, glow and fine numerals."_s;
     }
     return {};
-}
-
-QSizeF withMargin(const QSizeF& size, const QJsonObject& canvas)
-{
-    const double margin = 2 * canvas["margin"_L1].toDouble();
-    return size + QSizeF(margin, margin);
-}
-
-QSizeF sizeIn(const QJsonObject& frame)
-{
-    return {frame["width"_L1].toDouble(), frame["height"_L1].toDouble()};
-}
-
-/// Pixels, or points where they are written down whole.
-int whole(double length)
-{
-    return static_cast<int>(std::lround(length));
 }
 
 double percent(const QJsonValue& part, const QJsonValue& all)
@@ -87,21 +62,6 @@ SitePages::SitePages(const QJsonObject& catalogue)
 QString SitePages::desktopFile(const QString& theme, int width)
 {
     return u"themes/%1/preset-%2.webp"_s.arg(theme).arg(width);
-}
-
-QString SitePages::kindFile(const QString& kind)
-{
-    return u"assets/img/kinds/%1.webp"_s.arg(kind);
-}
-
-QString SitePages::family(const QColor& colour)
-{
-    const auto [least, most] = std::minmax({colour.red(), colour.green(), colour.blue()});
-    constexpr int palest = 40; // of 255
-    if (most - least < palest)
-        return u"grey"_s;
-    const auto found = std::ranges::find_if(families, [&](const Family& each) { return colour.hslHue() <= each.upTo; });
-    return found->name;
 }
 
 QList<QString> SitePages::themes() const
@@ -131,7 +91,7 @@ QJsonObject SitePages::card(const QJsonObject& theme) const
         dots.append(QJsonObject{{u"color"_s, color}});
     return {{u"id"_s, id}, {u"title"_s, theme["title"_L1]}, {u"tagline"_s, theme["tagline"_L1]}, {u"tone"_s, tone},
         {u"toneTitle"_s, capitalised(tone)}, {u"group"_s, group}, {u"groupTitle"_s, capitalised(group)},
-        {u"accent"_s, accent}, {u"colour"_s, family(QColor(accent))}, {u"wall"_s, colors["wallpaper"_L1]},
+        {u"accent"_s, accent}, {u"colour"_s, colourFamily(QColor(accent))}, {u"wall"_s, colors["wallpaper"_L1]},
         {u"dots"_s, dots}, {u"small"_s, desktopFile(id, smallWidth)}, {u"medium"_s, desktopFile(id, mediumWidth)},
         {u"large"_s, preset["webp"_L1]}, {u"largeWidth"_s, preset["webpWidth"_L1]},
         {u"largeHeight"_s, preset["webpHeight"_L1]}, {u"first"_s, false}};
@@ -151,10 +111,10 @@ QJsonValue SitePages::demo(const QJsonObject& theme) const
         variant["first"_L1] = i == 0;
         variants[i] = variant;
     }
-    const QSizeF face = withMargin(baseSize(sizeClass(*skin, WidgetKind::clock)), m_catalogue["canvas"_L1].toObject());
+    const QSizeF face = SiteKinds::pictureSize(baseSize(sizeClass(*skin, WidgetKind::clock)), m_catalogue);
     const QJsonObject wallpaper = theme["wallpaper"_L1].toObject();
     return QJsonObject{{u"id"_s, theme["id"_L1]}, {u"title"_s, theme["title"_L1]}, {u"color"_s, (*found)["color"_L1]},
-        {u"variants"_s, variants}, {u"faceWidth"_s, whole(face.width())}, {u"faceHeight"_s, whole(face.height())},
+        {u"variants"_s, variants}, {u"faceWidth"_s, qRound(face.width())}, {u"faceHeight"_s, qRound(face.height())},
         {u"behind"_s, wallpaper["webp"_L1]}, {u"behindWidth"_s, wallpaper["webpWidth"_L1]},
         {u"behindHeight"_s, wallpaper["webpHeight"_L1]}};
 }
@@ -203,77 +163,13 @@ QJsonArray SitePages::colours() const
 {
     QStringList used;
     for (const QJsonObject& theme : m_themes)
-        used.append(family(QColor(theme["accent"_L1].toString())));
-    QStringList known;
-    for (const Family& each : families)
-        known.append(each.name);
-    known.append(u"grey"_s);
-    known.removeDuplicates();
+        used.append(colourFamily(QColor(theme["accent"_L1].toString())));
     QJsonArray colours;
-    for (const QString& name : std::as_const(known)) {
+    for (const QString& name : colourFamilies()) {
         if (used.contains(name))
             colours.append(option(name));
     }
     return colours;
-}
-
-QList<SitePages::KindPicture> SitePages::kindPictures() const
-{
-    QList<KindPicture> pictures;
-    QHash<QString, int> uses;
-    for (const WidgetKind kind : allCases<WidgetKind>()) {
-        std::optional<KindPicture> best;
-        for (const QJsonObject& theme : m_themes) {
-            const QString id = theme["id"_L1].toString();
-            if (best && uses[id] >= uses[best->theme])
-                continue;
-            const QJsonArray layout = theme["layout"_L1].toArray();
-            const auto found =
-                std::ranges::find_if(layout, [&](const QJsonValue& each) { return each["kind"_L1] == rawValue(kind); });
-            if (found != layout.end()) {
-                best = KindPicture{rawValue(kind), id, (*found)["file"_L1].toString(),
-                    withMargin(sizeIn((*found).toObject()), m_catalogue["canvas"_L1].toObject())};
-            }
-        }
-        if (best) {
-            ++uses[best->theme];
-            pictures.append(*best);
-        }
-    }
-    return pictures;
-}
-
-QJsonArray SitePages::kinds() const
-{
-    const QList<KindPicture> pictures = kindPictures();
-    QJsonArray kinds;
-    for (const WidgetKind kind : allCases<WidgetKind>()) {
-        QList<QJsonObject> having;
-        for (const QJsonObject& theme : m_themes) {
-            if (theme["kinds"_L1].toArray().contains(QString(rawValue(kind))))
-                having.append(theme);
-        }
-        // Other ones for every kind, from all over the catalogue.
-        const qsizetype count = std::min(themesPerKind, having.size());
-        QJsonArray named;
-        for (qsizetype i = 0; i < count; ++i) {
-            const QJsonObject& theme = having[(kinds.size() * 5 + i * having.size() / count) % having.size()];
-            named.append(QJsonObject{{u"id"_s, theme["id"_L1]}, {u"title"_s, theme["title"_L1]}});
-        }
-        QJsonObject entry{{u"id"_s, rawValue(kind)}, {u"title"_s, title(kind)},
-            {u"blurb"_s, m_catalogue["blurb"_L1][rawValue(kind)]}, {u"few"_s, named}};
-        if (having.size() > count)
-            entry["more"_L1] = having.size() - count;
-        const auto found = std::ranges::find(pictures, rawValue(kind), &KindPicture::kind);
-        if (found != pictures.end()) {
-            const QJsonObject theme = themeOf(found->theme);
-            entry["picture"_L1] = QJsonObject{{u"file"_s, kindFile(found->kind)}, {u"kind"_s, title(kind)},
-                {u"title"_s, theme["title"_L1]}, {u"wall"_s, theme["colors"_L1]["wallpaper"_L1]},
-                {u"width"_s, whole(found->size.width())}, {u"height"_s, whole(found->size.height())}};
-        }
-        kinds.append(entry);
-    }
-    return kinds;
 }
 
 QJsonArray SitePages::widgets(const QJsonObject& theme) const
@@ -282,16 +178,17 @@ QJsonArray SitePages::widgets(const QJsonObject& theme) const
     QJsonArray widgets;
     for (const QJsonValue& each : theme["layout"_L1].toArray()) {
         QJsonObject widget = each.toObject();
-        const QSizeF picture = withMargin(sizeIn(widget), canvas);
+        const QSizeF picture =
+            SiteKinds::pictureSize({widget["width"_L1].toDouble(), widget["height"_L1].toDouble()}, m_catalogue);
         insertAll(widget,
             {{u"number"_s, widgets.size() + 1}, {u"blurb"_s, m_catalogue["blurb"_L1][each["kind"_L1].toString()]},
                 {u"left"_s, percent(each["x"_L1], canvas["width"_L1])},
                 {u"top"_s, percent(each["y"_L1], canvas["height"_L1])},
                 {u"across"_s, percent(each["width"_L1], canvas["width"_L1])},
                 {u"down"_s, percent(each["height"_L1], canvas["height"_L1])},
-                {u"width"_s, whole(each["width"_L1].toDouble())}, {u"height"_s, whole(each["height"_L1].toDouble())},
-                {u"isWide"_s, picture.width() > picture.height() * widest}, {u"pictureWidth"_s, whole(picture.width())},
-                {u"pictureHeight"_s, whole(picture.height())}});
+                {u"width"_s, qRound(each["width"_L1].toDouble())}, {u"height"_s, qRound(each["height"_L1].toDouble())},
+                {u"isWide"_s, picture.width() > picture.height() * widest},
+                {u"pictureWidth"_s, qRound(picture.width())}, {u"pictureHeight"_s, qRound(picture.height())}});
         widgets.append(widget);
     }
     return widgets;
@@ -324,7 +221,8 @@ QJsonObject SitePages::index() const
             shown = candidate;
     }
     return {{u"root"_s, QString()}, {u"count"_s, m_themes.size()}, {u"heroes"_s, heroes()}, {u"groups"_s, groups()},
-        {u"tones"_s, tones()}, {u"colours"_s, colours()}, {u"kinds"_s, kinds()}, {u"demo"_s, shown}};
+        {u"tones"_s, tones()}, {u"colours"_s, colours()}, {u"kinds"_s, SiteKinds(m_catalogue).table()},
+        {u"demo"_s, shown}};
 }
 
 QJsonObject SitePages::theme(const QString& id) const

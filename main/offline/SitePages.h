@@ -2,9 +2,6 @@
 
 #pragma once
 
-#include "model/WidgetKind.h"
-
-#include <QColor>
 #include <QJsonObject>
 #include <QList>
 #include <QString>
@@ -26,20 +23,6 @@ public:
 
     /// The picture of a theme's desktop in so many pixels of width.
     static QString desktopFile(const QString& theme, int width);
-    /// The picture of a kind for the table of all.
-    static QString kindFile(const QString& kind);
-
-    struct KindPicture {
-        QString kind;
-        QString theme;
-        QString file; ///< of the widget in that theme
-        QSizeF size; ///< points, with its margin
-    };
-    /// A widget to show for each kind that stands in a layout, from as many themes as can be.
-    QList<KindPicture> kindPictures() const;
-
-    /// What people call a colour: "red", "orange", "yellow", "green", "teal", "blue", "violet", "pink" or "grey".
-    static QString family(const QColor& colour);
 
 private:
     QJsonObject themeOf(const QString& id) const;
@@ -49,7 +32,6 @@ private:
     QJsonArray groups() const;
     QJsonArray tones() const;
     QJsonArray colours() const;
-    QJsonArray kinds() const;
     QJsonArray widgets(const QJsonObject& theme) const;
     QJsonArray palette(const QJsonObject& theme) const;
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "offline/SiteGallery.h"
+#include "offline/ColourFamily.h"
 #include "offline/HtmlTemplate.h"
+#include "offline/SiteKinds.h"
 #include "offline/SitePages.h"
 #include "support/TestFolder.h"
 
@@ -140,7 +142,7 @@ TEST(HtmlTemplateTest, TellsWhatIsWrongWithATemplate)
         EXPECT_THAT(HtmlTemplate::fill(each.page, {}).fault.toStdString(), HasSubstr(each.fault));
 }
 
-TEST(SitePagesTest, NamesColoursAsPeopleDo)
+TEST(ColourFamilyTest, NamesColoursAsPeopleDo)
 {
     const struct {
         const char* colour;
@@ -149,7 +151,7 @@ TEST(SitePagesTest, NamesColoursAsPeopleDo)
         {"#19E3FF", "teal"}, {"#1F59D9", "blue"}, {"#B88FFF", "violet"}, {"#FF4DA7", "pink"}, {"#FF2050", "red"},
         {"#EBF0F5", "grey"}, {"#808284", "grey"}, {"#000000", "grey"}, {"#FFFFFF", "grey"}};
     for (const auto& each : cases)
-        EXPECT_EQ(SitePages::family(QColor(each.colour)), QLatin1StringView(each.name)) << each.colour;
+        EXPECT_EQ(colourFamily(QColor(each.colour)), QLatin1StringView(each.name)) << each.colour;
 }
 
 TEST(SitePagesTest, OffersWhatThereIsToFilterBy)
@@ -163,14 +165,16 @@ TEST(SitePagesTest, OffersWhatThereIsToFilterBy)
     EXPECT_EQ(index["demo"_L1]["id"_L1], u"paper"_s) << "the accent of the other cannot be chosen";
 }
 
-TEST(SitePagesTest, ShowsKindsFromManyThemes)
+TEST(SiteKindsTest, ShowsKindsFromManyThemes)
 {
-    const SitePages pages(catalogue());
+    const SiteKinds site(catalogue());
     QStringList shown;
-    for (const SitePages::KindPicture& picture : pages.kindPictures())
-        shown.append(picture.kind + u' ' + picture.theme);
-    EXPECT_EQ(shown, (QStringList{u"clock paper"_s, u"cpu paper"_s, u"memory classic"_s}));
-    const QJsonArray kinds = pages.index()["kinds"_L1].toArray();
+    for (const SiteKinds::Picture& picture : site.pictures())
+        shown.append(picture.file);
+    EXPECT_EQ(shown,
+        (QStringList{u"themes/paper/widgets/clock.png"_s, u"themes/paper/widgets/cpu.png"_s,
+            u"themes/classic/widgets/memory.png"_s}));
+    const QJsonArray kinds = site.table();
     EXPECT_EQ(kinds.size(), 20);
     EXPECT_EQ(ids(kinds[0]["few"_L1]).size(), 3);
 }
