@@ -286,10 +286,10 @@ class Browsing(unittest.TestCase):
                         self.run_script("window.shift = 0; new PerformanceObserver(list => { for (const entry of "
                                         "list.getEntries()) { window.shift += entry.value } })"
                                         ".observe({type: 'layout-shift', buffered: true})")
-                        if shots:
-                            self.browser.save_screenshot(f"{shots}/{Path(name).stem}-{width}-{scheme}.png")
                         height = self.run_script("return document.documentElement.scrollHeight")
                         self.read_to_the_end()
+                        if shots:
+                            self.browser.save_screenshot(f"{shots}/{Path(name).stem}-{width}-{scheme}.png")
                         page = "const page = document.documentElement; return [page.scrollWidth, page.scrollHeight]"
                         self.assertEqual(self.run_script(page), [width, height])
                         self.assertEqual(self.run_script("return [...document.images].filter(image => "
@@ -298,6 +298,12 @@ class Browsing(unittest.TestCase):
                         ground = self.run_script("return getComputedStyle(document.body).backgroundColor")
                         light = sum(map(int, ground.strip("rgb()").split(","))) > 3 * 128
                         self.assertEqual(light, scheme == "light")
+
+    def test_no_theme_is_wider_than_a_small_screen(self):
+        self.resize(360)
+        for page in pages():
+            self.open(page.relative_to(site))
+            self.assertEqual(self.run_script("return document.documentElement.scrollWidth"), 360, page)
 
     def is_quiet(self, server):
         """Whether nothing was asked for during a second."""
