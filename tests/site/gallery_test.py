@@ -108,6 +108,12 @@ class Files(unittest.TestCase):
                 self.assertIn("alt", picture, f"{picture} in {page}")
                 self.assertTrue(int(picture["width"]) and int(picture["height"]), f"{picture} in {page}")
 
+    def test_only_the_first_picture_is_loaded_at_once(self):
+        for page in pages():
+            eager = [picture["src"] for picture in Reader(page).pictures
+                     if picture.get("loading") != "lazy" and not picture["src"].endswith("icon.svg")]
+            self.assertEqual(len(eager), 1, f"{eager} in {page}")
+
     @unittest.skipUnless(shutil.which("tidy"), "tidy is not installed")
     def test_pages_are_well_formed(self):
         for page in pages():
