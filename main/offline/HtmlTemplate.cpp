@@ -60,7 +60,7 @@ private:
 
     QString m_page;
     const QHash<QString, QString>& m_parts;
-    QList<QJsonObject> m_scopes; // the innermost last
+    QList<QJsonObject> m_scopes; // the innermost first
     qsizetype m_at = 0;
     QString m_text;
     QString m_fault;
@@ -107,9 +107,9 @@ void Filler::section(const QString& name, bool isInverted, bool isShown)
     const qsizetype start = m_at;
     for (const QJsonObject& scope : std::as_const(scopes)) {
         m_at = start;
-        m_scopes.append(scope);
+        m_scopes.prepend(scope);
         block(name, true);
-        m_scopes.removeLast();
+        m_scopes.removeFirst();
     }
 }
 
@@ -136,9 +136,9 @@ void Filler::gap(const QString& name)
 
 QJsonValue Filler::find(const QString& name) const
 {
-    for (auto scope = m_scopes.crbegin(); scope != m_scopes.crend(); ++scope) {
-        if (scope->contains(name))
-            return scope->value(name);
+    for (const QJsonObject& scope : m_scopes) {
+        if (scope.contains(name))
+            return scope.value(name);
     }
     return QJsonValue(QJsonValue::Undefined);
 }

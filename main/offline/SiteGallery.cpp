@@ -114,7 +114,7 @@ QString Gallery::addPage(const QString& name, const QString& page, QJsonObject v
     if (!filled.fault.isEmpty())
         return u"The template “%1.html” of the site is damaged: %2."_s.arg(page, filled.fault);
     static const QRegularExpression emptyLines(u"\\n(\\s*\\n)+"_s);
-    const QByteArray bytes = QString(filled.text).replace(emptyLines, u"\n"_s).toUtf8();
+    QByteArray bytes = QString(filled.text).replace(emptyLines, u"\n"_s).toUtf8();
     m_add(name, [bytes] { return bytes; });
     return {};
 }
