@@ -7,8 +7,8 @@
 
 namespace ambrelle {
 
-/// Decides when the moving parts of a face, or of a scene, are drawn again. After every drawing it waits for the next moment of the
-/// part that is due first; nothing wakes up while motion is paused or a burst is over.
+/// Decides when the moving parts of a face, or of a scene, are drawn again. After every drawing it waits for the next
+/// moment of the part that is due first; nothing wakes up while motion is paused or a burst is over.
 class FaceMotion {
 public:
     using Areas = QList<Canvas::MovingArea>;

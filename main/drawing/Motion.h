@@ -6,7 +6,8 @@
 
 namespace ambrelle {
 
-/// How a part of a face or a mark of a scene moves: steadily at `fps` frames a second, or (period above 0) only in bursts.
+/// How a part of a face or a mark of a scene moves: steadily at `fps` frames a second, or (period above 0) only in
+/// bursts.
 struct Motion {
     double fps = 0;
     double period = 0; ///< seconds between the starts of two bursts; 0: steady

@@ -116,7 +116,8 @@ TEST_F(SettingsRowTest, AValueNobodyOffersIsShownAndKept)
 TEST_F(SettingsRowTest, NumbersAreTakenWhenTheyAreWhole)
 {
     SettingsSection section(settings);
-    section.addNumber({.name = u"Focus"_s, .spoken = u"Focus, minutes"_s}, settings.focusMinutes, {1, 180, u"%1 min"_s});
+    section.addNumber(
+        {.name = u"Focus"_s, .spoken = u"Focus, minutes"_s}, settings.focusMinutes, {1, 180, u"%1 min"_s});
     auto* number = section.findChild<NumberField*>();
     EXPECT_EQ(number->text(), u"25 min"_s);
     auto* entry = number->findChild<QLineEdit*>();
