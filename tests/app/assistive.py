@@ -43,9 +43,9 @@ def below(item):
 
 
 def names(item):
-    """What it is called; a drop-down by what stands beside it."""
+    """What it is called, but for the places where a path may break; a drop-down by what stands beside it."""
     if item.get_role() != Atspi.Role.COMBO_BOX:
-        return [item.get_name()]
+        return [item.get_name().replace("\u200b", "")]
     return [relation.get_target(0).get_name() for relation in item.get_relation_set()
             if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY]
 

@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""The program in a folder of its own, and archives of newer versions: the arguments are PROGRAM REPLACEMENT HELPER."""
+"""The program in a folder of its own, and archives of newer versions: the arguments are PROGRAM HELPER [REPLACEMENT]."""
 import contextlib
 import hashlib
+import json
 import os
 import shutil
 import signal
@@ -13,22 +14,27 @@ from pathlib import Path
 
 from program import PROGRAM, Session, wait_for
 
-REPLACEMENT, HELPER = sys.argv[2:4]
+HELPER = sys.argv[2]
 OLD, NEW = "1.0", "1.1"
 WIDGET = {"id": "0B5A5C1C-6E7F-4A52-9A2D-9C4A1F1E8D11", "kind": "clock", "origin": [300, 300], "scale": "medium",
           "skin": "glass"}
 
 
+def describe(root, **values):
+    """Changes what the folder's information file says."""
+    file = root / "share/ambrelle/org.ambrelle.Ambrelle.json"
+    file.write_text(json.dumps(json.loads(file.read_text()) | values))
+
+
 def lay_out(root, version):
     """A relocatable folder, but for the libraries and fonts of this machine."""
-    built = Path(PROGRAM).parent
+    built = Path(HELPER).parent
     for folder in ("bin", "lib/ambrelle", "share/ambrelle"):
         (root / folder).mkdir(parents=True)
     subprocess.run(["strip", "-o", root / "bin/ambrelle", PROGRAM], check=True)
     shutil.copy(HELPER, root / "lib/ambrelle/ambrelle-update")
-    information = (built / "share/ambrelle/org.ambrelle.Ambrelle.json").read_text().splitlines()
-    changed = [f'    "version": "{version}",' if '"version"' in line else line for line in information]
-    (root / "share/ambrelle/org.ambrelle.Ambrelle.json").write_text("\n".join(changed))
+    shutil.copy(built / "share/ambrelle/org.ambrelle.Ambrelle.json", root / "share/ambrelle")
+    describe(root, version=version)
     shutil.copytree(built / "share/ambrelle/wording", root / "share/ambrelle/wording")
     (root / "share/ambrelle/files.txt").touch()
     names = sorted(f"./{path.relative_to(root)}\n" for path in root.rglob("*") if path.is_file())
@@ -78,7 +84,7 @@ class Installed(Session):
         self.output = open(self.home / "output", "w")
 
     def command(self, archive):
-        return [REPLACEMENT, self.program, archive.file, OLD, NEW, archive.signature, archive.key]
+        return [sys.argv[3], self.program, archive.file, OLD, NEW, archive.signature, archive.key]
 
     def run(self, command, cwd=None):
         self.process = subprocess.Popen(command, env=self.env, cwd=cwd, stdin=subprocess.DEVNULL, stdout=self.output,
@@ -121,6 +127,16 @@ class Installed(Session):
                 return self.process.poll() is not None
             return not Path(f"/proc/{number}").exists()
         wait_for(f"end of process {number}", has_ended)
+
+    def rest(self):
+        """Waits until nothing runs any more. Where the newer version was on probation the former one comes back by
+        itself."""
+        def has_ended():
+            if former := self.running():
+                with contextlib.suppress(ProcessLookupError):
+                    os.kill(former, signal.SIGTERM)
+            return not self.processes()
+        wait_for("quiet", has_ended)
 
     def version(self):
         answer = subprocess.run([self.program, "--version"], env=self.env, capture_output=True, text=True, check=True)

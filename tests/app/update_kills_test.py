@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""Kills an update at every step: update_kills_test.py PROGRAM REPLACEMENT HELPER [ROUNDS [STRIDE [SEED]]].
+"""Kills an update at every step: update_kills_test.py PROGRAM HELPER REPLACEMENT [ROUNDS [STRIDE [SEED]]].
 
 At each call of the system that changes anything, of every process that takes part: the former version, the helper
 that unpacks, the newer version, its guard and the start after it, with a newer version that works and with one that crashes. With a STRIDE
@@ -75,16 +75,6 @@ def at_every_call(template, archive):
     print(f"killed at {kills} calls in {runs} lives", flush=True)
 
 
-def rest_of(session):
-    """Waits until nothing runs any more. Where the newer version was on probation the former one comes back by itself."""
-    def has_ended():
-        if former := session.running():
-            with contextlib.suppress(ProcessLookupError):
-                os.kill(former, signal.SIGTERM)
-        return not session.processes()
-    wait_for("quiet", has_ended)
-
-
 def at_every_call_of_the_guard(template, archive):
     """Which makes the same calls as the others, but later: it has to have a tracer of its own."""
     whole, kills = digest(template), 0
@@ -103,7 +93,7 @@ def at_every_call_of_the_guard(template, archive):
                 assert "attached" in tracer.stderr.readline()
                 os.kill(number, signal.SIGSEGV)
                 process.wait()
-                rest_of(session)
+                session.rest()
                 tracer.communicate()
                 session.check(whole, archive.whole)
                 killed = "killed by SIGKILL" in log.read_text()
@@ -167,7 +157,7 @@ def at_random_moments(template, archive):
                 with contextlib.suppress(ProcessLookupError):
                     os.kill(victim, signal.SIGKILL)
             process.wait()
-            rest_of(session)
+            session.rest()
             session.check(whole, archive.whole)
             found[digest(session.root)] += 1
         except BaseException:

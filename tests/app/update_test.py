@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
 """Replaces the program in its folder on the display of this test, and lets everything go wrong that can:
-update_test.py PROGRAM REPLACEMENT HELPER.
+update_test.py PROGRAM HELPER REPLACEMENT.
 
 REPLACEMENT plays the former version up to the relaunch. What the next starts do is the program itself.
 """
