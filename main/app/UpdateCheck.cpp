@@ -30,6 +30,8 @@ int checkForUpdate(std::shared_ptr<ReleaseServer> server, std::shared_ptr<Progra
     });
     if (line.isEmpty())
         loop.exec();
+    if (line.isEmpty())
+        return EXIT_FAILURE;
     QTextStream(stdout) << line << '\n';
     return EXIT_SUCCESS;
 }

@@ -157,6 +157,9 @@ int runRegistration(CommandLine::Mode mode)
 int runUpdateCheck(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    EndingDeadline::prepare();
+    const EndingSignals signals;
+    QObject::connect(&signals, &EndingSignals::received, &application, [] { QCoreApplication::exit(); });
     const Information information = Information::read();
     return checkForUpdate(std::make_shared<HttpsReleaseServer>(), LinuxProgramFolder::ofRunningProgram({}),
         updateTrust(), {information.identifier, information.version});

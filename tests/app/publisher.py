@@ -106,6 +106,17 @@ class Answer:
         handler.wfile.write(self.body[:self.sent])
 
 
+class Drip(Answer):
+    """The body, in small pieces."""
+
+    def give(self, handler):
+        body, self.sent = self.body, 0
+        super().give(handler)
+        for start in range(0, len(body), 1000):
+            handler.wfile.write(body[start:start + 1000])
+            time.sleep(0.05)
+
+
 class Handler(http.server.BaseHTTPRequestHandler):
     def do_GET(self):
         self.server.publisher.requests.append((time.monotonic(), self.path))

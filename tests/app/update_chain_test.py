@@ -6,18 +6,25 @@ update_chain_test.py PROGRAM HELPER KEYS.
 Nothing that can be published but the newer version itself changes a byte of the program that stands there, or leaves
 anything behind.
 """
+import json
+import os
 import re
 import shutil
+import signal
+import subprocess
 import time
 from pathlib import Path
 
 import assistive
 from installed import NEW, OLD, digest
 from program import wait_for
-from publisher import IDENTIFIER, SEPARATE, Answer, Publisher, Release, sign
+from publisher import IDENTIFIER, SEPARATE, Answer, Drip, Publisher, Release, sign
 from updating import PRESENT, published
 
 UNASKED = 30  # seconds after a start until a newer version is looked for
+ENDING = 5  # seconds, of which it takes two at most
+QUIET = {"unasked-off": {"checkForUpdates": False}, "unasked-told": {"installUpdates": False},
+         "unasked-rejected": {"rejectedUpdate": NEW}, "unasked-watched": {}}
 UP_TO_DATE = f"Up to date · checked just now (this is {OLD})"
 DISABLED = f"This copy of Ambrelle doesn't update itself (this is {OLD})"
 OFFLINE = "Couldn't check for updates. Are you online?"
@@ -156,6 +163,28 @@ def has_no_place(session, shop):
     session.process.wait()
 
 
+def ends_meanwhile(session, shop):
+    """In the middle of a download, when it is asked to."""
+    def ends(number, process):
+        wait_for("download", lambda: "Ambrelle.zip" in session.asked(before))
+        assert not session.is_untouched(), "nothing is there that could be left"
+        os.kill(process.pid, number)
+        begin = time.monotonic()
+        status = process.wait()
+        assert time.monotonic() - begin < ENDING, "it waits for the server"
+        assert session.is_untouched(), list(session.home.rglob("*update*"))
+        return status
+    session.publish(shop.newer, **{"Ambrelle.zip": Drip(200, shop.archive)})
+    for number in (signal.SIGINT, signal.SIGTERM):
+        before = time.monotonic()
+        process = subprocess.Popen([session.program, "--check-update"], env=session.env, stdout=subprocess.PIPE)
+        assert ends(number, process) != 0 and process.stdout.read() == b"", "it told of something"
+    session.launch()
+    before = time.monotonic()
+    session.take_update()
+    assert ends(signal.SIGTERM, session.process) == 0
+
+
 def rehearses(session, shop):
     """The whole of it, but for the replacement."""
     sum_in_capitals = {"sha256": re.search(rb'"sha256": "(\w+)"', shop.newer.feed("")).group(1).decode().upper()}
@@ -172,7 +201,9 @@ def rehearses(session, shop):
 
 
 def state(session):
-    return session.stored(), sorted(map(tuple, session.panels()))
+    """What an update changes nothing of."""
+    environment = Path(f"/proc/{session.process.pid}/environ").read_bytes()
+    return session.stored(), sorted(map(tuple, session.panels())), sorted(environment.strip(b"\0").split(b"\0"))
 
 
 def is_replaced(session, shop, before, number):
@@ -195,6 +226,15 @@ def updates_itself(session, shop, before):
     assert session.asked() == ["feed.json", "Ambrelle.zip.minisig", "Ambrelle.zip"]
 
 
+def stay_as_they_are(sessions):
+    """Where the user wants it so, or that version did not get through here, or somebody looks at the window."""
+    for session in sessions:
+        wanted = [] if session.name == "unasked-off" else ["feed.json"]
+        assert session.asked() == wanted, f"{session.name}: {session.asked()}"
+        assert session.process.poll() is None and session.is_untouched(), session.name
+        session.quit(session.running())
+
+
 def updates_at_a_wish(session, shop):
     number = session.launch()
     wait_for("widgets", lambda: session.windows())
@@ -207,16 +247,19 @@ def updates_at_a_wish(session, shop):
 
 
 def main():
-    with published("unasked", "asked") as (shop, stranger, (unasked, asked)):
-        assistive.switch_on()
+    with published("asked", "unasked", *QUIET) as (shop, stranger, (asked, unasked, *quiet)):
         plain = Publisher()
-        unasked.publish(Release(shop.archive, shop.by_spare, NEW))
-        unasked.launch()
+        for session in (unasked, *quiet):
+            session.store.write_text(json.dumps(session.stored() | QUIET.get(session.name, {})))
+            session.publish(Release(shop.archive, shop.by_spare, NEW))
+            session.launch()
+        quiet[-1].act("open-window")
+        assistive.switch_on()
         wait_for("widgets", lambda: unasked.windows())
         before = state(unasked)
-        for play in ((feeds, asked, shop, plain), (servers, asked, plain, stranger), (rehearses, asked, shop),
+        for play in ((feeds, asked, shop, plain), (servers, asked, plain, stranger), (rehearses, asked, shop), (ends_meanwhile, asked, shop),
                      (is_attacked, asked, shop, plain), (has_no_place, asked, shop), (updates_at_a_wish, asked, shop),
-                     (updates_itself, unasked, shop, before)):
+                     (updates_itself, unasked, shop, before), (stay_as_they_are, quiet)):
             begin = time.monotonic()
             play[0](*play[1:])
             print(f"{play[0].__name__}: {time.monotonic() - begin:.1f} s", flush=True)
