@@ -61,6 +61,11 @@ def drop(window, *files):
         return let_go()
 
 
+def take(window, *files):
+    answer = drop(window, *files)
+    assert answer == COPIED, answer
+
+
 def names(session):
     return [theme["name"] for theme in session.stored().get("savedThemes.v1", [])]
 
@@ -91,7 +96,7 @@ def drop_theme(session, window):
 def drop_no_theme(session, window):
     broken = session.home / "broken.ambrelle"
     broken.write_text("{}")
-    assert drop(window, broken) == COPIED
+    take(window, broken)
     shown("Couldn't open “broken.ambrelle”")
     shown(NO_THEME)
     press("OK")
@@ -107,7 +112,7 @@ def drop_twenty_themes(session, window):
     files = [theme_file(session.home, f"Desk {number:02}") for number in range(20)]
     for number in (3, 19):
         files[number].write_text('{"format": "Ambrelle Theme", "version": 1}')
-    assert drop(window, *files) == COPIED
+    take(window, *files)
     good = [f"Desk {number:02}" for number in range(20) if number not in (3, 19)]
     wait_for("eighteen more", lambda: names(session) == [*reversed(good), "Harbour"])
     for number in (3, 19):
@@ -125,7 +130,7 @@ def drop_pictures(session, window):
     pointer("key", "ctrl+3")
     shown("Drop pictures here", CARD)
     lake = picture_file(session.home, "a lake & more.png", "#104070")
-    assert drop(window, lake) == COPIED
+    take(window, lake)
     wait_for("picture in the store", lambda: own_pictures(session) == [lake.name])
     shown("1 picture added")
     root = Root()
@@ -134,12 +139,12 @@ def drop_pictures(session, window):
     assert session.stored()["desktopPicture.current"] == str(lake)
     false = session.home / "false.png"
     false.write_text("no picture")
-    assert drop(window, false) == COPIED
+    take(window, false)
     shown("“false.png” isn't a picture")
     press("Dismiss")
     gone("“false.png” isn't a picture")
     many = [picture_file(session.home, f"{number}.png", f"#{number:02}4455") for number in range(10, 30)]
-    assert drop(window, *many) == COPIED
+    take(window, *many)
     wait_for("all of them in the store", lambda: own_pictures(session) == [*(file.name for file in many), lake.name])
     shown("20 pictures added")
     wait_for("the first of them in the grid", lambda: find("10.png", CARD))

@@ -42,7 +42,7 @@ TEST(SceneTest, TellsWhatLooksDifferent)
 
 TEST(SceneTest, RepaintsALineOnlyWhereItRuns)
 {
-    SceneOrnament on({}, {1000, 1000}, std::nullopt);
+    SceneOrnament on({{WidgetKind::clock, {300, 300, 170, 170}}}, {1000, 1000}, std::nullopt);
     QPainterPath path({100, 100});
     path.lineTo(900, 100);
     path.lineTo(900, 500);
