@@ -3,14 +3,12 @@
 #include "platform/linux/update/FolderStaging.h"
 
 #include "foundation/Json.h"
-#include "foundation/PlainFile.h"
 #include "platform/linux/update/BareProcess.h"
 #include "platform/linux/update/FolderExchange.h"
 #include "platform/linux/update/FolderJournal.h"
 
 #include <QDir>
 #include <QFile>
-#include <QJsonDocument>
 #include <QUuid>
 
 #include <chrono>
@@ -32,7 +30,6 @@ constexpr mode_t permissions = 0777;
 constexpr std::chrono::milliseconds unpackingTime = 120s;
 constexpr std::chrono::milliseconds startingTime = 10s;
 constexpr int otherReleaseStatus = 3; // of the helper
-constexpr qint64 longestInformation = 64 * 1024; // bytes
 
 /// The path of a new folder; empty when it cannot be made.
 QString freshFolder(const QString& parent)
@@ -111,8 +108,10 @@ FolderStaging::~FolderStaging()
 std::unique_ptr<FolderStaging> FolderStaging::beside(const ProgramRoot& root, std::unique_ptr<WorkFolder> work)
 {
     const QString folder = freshFolder(work->path());
-    if (folder.isEmpty())
+    if (folder.isEmpty()) {
+        work->removeIfEmpty();
         return nullptr;
+    }
     return std::unique_ptr<FolderStaging>(new FolderStaging(root, std::move(work), folder));
 }
 
@@ -126,7 +125,8 @@ int FolderStaging::archive()
 {
     if (m_archive >= 0)
         ::close(m_archive);
-    m_archive = namelessFile(m_folder);
+    // Not in the folder itself, which has to be empty: some file systems show a file without a name under another one.
+    m_archive = namelessFile(m_work ? m_work->path() : QDir::tempPath());
     return m_archive;
 }
 
@@ -161,12 +161,11 @@ std::optional<StagedProgram::Identity> FolderStaging::identity() const
     const QString program = bundle();
     if (program.isEmpty())
         return std::nullopt;
-    const QByteArray text = readPlainFile(informationFile(program), longestInformation).value_or(QByteArray());
-    const QJsonDocument information = QJsonDocument::fromJson(text);
-    if (!information.isObject())
+    const std::optional<QJsonObject> information = informationOf(program);
+    if (!information)
         return std::nullopt;
-    return Identity{
-        .identifier = information["identifier"_L1].toString(), .version = information["version"_L1].toString()};
+    return Identity{.identifier = information->value("identifier"_L1).toString(),
+        .version = information->value("version"_L1).toString()};
 }
 
 bool FolderStaging::starts(const QString& version, const std::stop_token& stop)
@@ -182,8 +181,8 @@ bool FolderStaging::starts(const QString& version, const std::stop_token& stop)
 bool FolderStaging::exchange(const QString& from, const QString& to)
 {
     const QString program = bundle();
-    if (!m_work || m_isKept || program.isEmpty() || from == to || !m_root.isUnchanged()
-        || !takePermissions(m_root.path, program))
+    if (!m_work || m_isKept || from == to || !m_root.isUnchanged() || !isReplaceable(m_root.path) || program.isEmpty()
+        || !isReplaceable(program) || !takePermissions(m_root.path, program))
         return false;
     const QString copy = QDir(m_work->path()).relativeFilePath(program);
     const FolderJournal journal{.from = from, .to = to, .copy = copy};

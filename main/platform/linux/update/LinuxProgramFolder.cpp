@@ -31,7 +31,8 @@ std::unique_ptr<StagedProgram> LinuxProgramFolder::stage(Purpose purpose)
 {
     if (purpose == Purpose::rehearsal)
         return FolderStaging::apart(m_root);
-    std::unique_ptr<WorkFolder> work = m_root.isUnchanged() ? WorkFolder::make(m_root.path) : nullptr;
+    const bool canGo = m_root.isUnchanged() && isReplaceable(m_root.path);
+    std::unique_ptr<WorkFolder> work = canGo ? WorkFolder::make(m_root.path) : nullptr;
     // A journal tells of an exchange that is not settled yet: the way back is not to be cut off.
     if (!work || QFileInfo::exists(work->journal()))
         return nullptr;

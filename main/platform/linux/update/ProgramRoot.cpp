@@ -2,9 +2,13 @@
 
 #include "platform/linux/update/ProgramRoot.h"
 
+#include "foundation/Json.h"
+#include "foundation/PlainFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonDocument>
 
 #include <sys/stat.h>
 
@@ -14,17 +18,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 longestInformation = 64 * 1024; // bytes
+
 bool isPlainFile(const QString& path)
 {
     const QFileInfo file(path);
     return file.isFile() && !file.isSymLink();
 }
 
-bool isOnlyAProgram(const QString& folder)
+bool holdsOnlyItsOwn(const QString& folder, QDir::Filters what)
 {
-    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    return QDir(folder).entryList(all, QDir::Name) == QStringList{u"bin"_s, u"lib"_s, u"share"_s}
+    const auto filters = what | QDir::Hidden | QDir::NoDotAndDotDot;
+    return QDir(folder).entryList(filters, QDir::Name) == QStringList{u"bin"_s, u"lib"_s, u"share"_s}
     && isPlainFile(fileList(folder));
+}
+
+QString helperFile(const QString& folder)
+{
+    return folder + u"/lib/ambrelle/ambrelle-update"_s;
 }
 
 } // namespace
@@ -49,6 +60,24 @@ bool holdsProgram(const QString& folder)
     return isPlainFile(programFile(folder)) && isPlainFile(informationFile(folder));
 }
 
+bool isReplaceable(const QString& folder)
+{
+    return holdsOnlyItsOwn(folder, QDir::AllEntries | QDir::System) && holdsProgram(folder)
+        && isPlainFile(helperFile(folder)) && QFileInfo(helperFile(folder)).isExecutable();
+}
+
+std::optional<QJsonObject> informationOf(const QString& folder)
+{
+    const QByteArray text = readPlainFile(informationFile(folder), longestInformation).value_or(QByteArray());
+    const QJsonDocument information = QJsonDocument::fromJson(text);
+    return information.isObject() ? std::optional(information.object()) : std::nullopt;
+}
+
+QString versionOf(const QString& folder)
+{
+    return informationOf(folder).value_or(QJsonObject()).value("version"_L1).toString();
+}
+
 QString ProgramRoot::pathOf(const QString& program)
 {
     const QFileInfo folder(QFileInfo(program).path());
@@ -59,8 +88,9 @@ std::optional<ProgramRoot> ProgramRoot::of(const QString& program)
 {
     ProgramRoot root{.path = pathOf(program)};
     struct stat status { };
-    if (root.path.isEmpty() || root.name().isEmpty() || program != root.program() || !isOnlyAProgram(root.path)
-        || ::lstat(QFile::encodeName(root.path).constData(), &status) != 0 || !S_ISDIR(status.st_mode))
+    if (root.path.isEmpty() || root.name().isEmpty() || program != root.program()
+        || !holdsOnlyItsOwn(root.path, QDir::Dirs) || ::lstat(QFile::encodeName(root.path).constData(), &status) != 0
+        || !S_ISDIR(status.st_mode))
         return std::nullopt;
     root.device = status.st_dev;
     root.number = status.st_ino;
@@ -84,7 +114,7 @@ QString ProgramRoot::program() const
 
 QString ProgramRoot::helper() const
 {
-    return path + u"/lib/ambrelle/ambrelle-update"_s;
+    return helperFile(path);
 }
 
 QString ProgramRoot::workFolderOf(const QString& rootPath)

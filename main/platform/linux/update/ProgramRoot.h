@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <QJsonObject>
 #include <QString>
 
 #include <optional>
@@ -10,9 +11,8 @@
 
 namespace ambrelle {
 
-/// A folder that holds a program and nothing else, so that another one can take its place: `bin`, `lib` and `share`,
-/// with a list of the files that belong to it. A program that was copied among others, as below /usr/local, has no such
-/// folder.
+/// A folder of a program's own: `bin`, `lib` and `share`, with a list of the files that belong to it. A program that
+/// was copied among others, as below /usr/local, has no such folder.
 struct ProgramRoot {
     QString path; ///< absolute
     dev_t device = 0; ///< which folder that was when it was looked at
@@ -32,10 +32,16 @@ struct ProgramRoot {
     /// Where a newer program is prepared, and the former one waits: beside the folder, so that they can change places.
     QString workFolder() const { return workFolderOf(path); }
     static QString workFolderOf(const QString& rootPath);
-    /// Whether the same folder still stands there, and holds what it has to.
+    /// Whether the same folder still stands there.
     bool isUnchanged() const;
 };
 
+/// Whether the folder holds a program that can update itself and nothing beside it, so that another folder can take its
+/// place, and it the place of another.
+bool isReplaceable(const QString& folder);
+/// What the information file of a program says; none where it cannot be understood.
+std::optional<QJsonObject> informationOf(const QString& folder);
+QString versionOf(const QString& folder); ///< as it says; empty where it does not
 /// Whether the folder has the program file and the information file of a whole program.
 bool holdsProgram(const QString& folder);
 /// The paths of a program's parts below its folder.

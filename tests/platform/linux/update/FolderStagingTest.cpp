@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "platform/linux/update/FolderStaging.h"
 #include "PlainProgram.h"
 #include "platform/linux/update/FolderExchange.h"
 #include "platform/linux/update/Probation.h"
@@ -141,6 +142,50 @@ TEST_F(FolderStagingTest, AnotherProgramAtThePlaceIsNotReplaced)
     EXPECT_FALSE(newer->exchange(u"1.0"_s, u"2.0"_s));
     EXPECT_FALSE(QFileInfo::exists(program.work() + u"/journal.json"_s));
     EXPECT_FALSE(folder.stage(Purpose::update));
+}
+
+TEST_F(FolderStagingTest, WhatCouldNotBeReplacedInItsTurnDoesNotTakeThePlace)
+{
+    for (const char* change : {"mkdir games", "touch .directory", "rm share/ambrelle/files.txt", "rm -r lib",
+             "rm lib/ambrelle/ambrelle-update", "chmod -x lib/ambrelle/ambrelle-update", "mv share s; ln -s s share"}) {
+        const auto newer = staged(PlainProgram::archive(u"2.0"_s) + change);
+        ASSERT_EQ(newer->open(seal, {}), Opened::done);
+        EXPECT_FALSE(newer->exchange(u"1.0"_s, u"2.0"_s)) << change;
+        EXPECT_FALSE(QFileInfo::exists(program.work() + u"/journal.json"_s)) << change;
+    }
+    EXPECT_EQ(program.version(), PlainProgram::information(u"1.0"_s));
+}
+
+TEST_F(FolderStagingTest, TheArchiveIsNotInTheFolderThatHasToBeEmpty)
+{
+    const test::Variable place("TMPDIR", QFile::encodeName(program.home.path()));
+    for (const Purpose purpose : {Purpose::update, Purpose::rehearsal}) {
+        const auto newer = staged({}, purpose);
+        const QString link = QFile::symLinkTarget(u"/proc/self/fd/%1"_s.arg(newer->archive()));
+        const QString expected = purpose == Purpose::update ? program.work() : program.home.path();
+        EXPECT_EQ(QFileInfo(link).path(), expected) << qPrintable(link);
+    }
+}
+
+TEST_F(FolderStagingTest, WhereNothingCanBeStagedNoWorkFolderStays)
+{
+    const QByteArray work = QFile::encodeName(program.work());
+    ASSERT_TRUE(WorkFolder::make(program.root()));
+    // No more entries: a full disk, as far as a test can have one.
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool became = ::geteuid() != 0
+            || (::chmod(qPrintable(program.home.path()), 0777) == 0 && ::chown(work.constData(), 1234, 1234) == 0
+                && ::setresuid(1234, 1234, 1234) == 0);
+        if (!became || ::chmod(work.constData(), 0500) != 0)
+            ::_exit(2);
+        ::_exit(
+            FolderStaging::beside(ProgramRoot::of(program.path()).value(), WorkFolder::open(program.root())) ? 1 : 0);
+    }
+    int status = -1;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(program.entries(), QStringList{u"Ambrelle"_s});
 }
 
 TEST_F(FolderStagingTest, ARehearsalStaysInTheFolderForTemporaryFiles)

@@ -36,7 +36,7 @@ struct PlainProgram {
             + QByteArray(fileList).replace('\n', "\\n")
             + "' > share/ambrelle/files.txt\n"
               "echo '#!/bin/sh\n"
-            + program + "' > bin/ambrelle; chmod +x bin/ambrelle\n";
+            + program + "' > bin/ambrelle; echo helper > lib/ambrelle/ambrelle-update; chmod +x bin/* lib/ambrelle/*\n";
     }
     static QByteArray archive(const QString& version) { return archive(version, program(version)); }
 

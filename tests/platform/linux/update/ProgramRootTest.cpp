@@ -22,6 +22,7 @@ TEST(ProgramRootTest, OnlyAFolderOfItsOwnIsReplaced)
         const char* what;
         std::function<void(const test::PlainProgram&)> change;
         bool isRoot;
+        bool isReplaceable;
     };
     const auto removed = [](const char* name) {
         return
@@ -31,10 +32,12 @@ TEST(ProgramRootTest, OnlyAFolderOfItsOwnIsReplaced)
         return [name](const test::PlainProgram& it) { it.home.write(u"Ambrelle/"_s + QLatin1StringView(name), {}); };
     };
     for (const Case& c : {
-             Case{"as it was unpacked", [](const test::PlainProgram&) {}, true},
-             Case{"a file of the user within", added("share/notes.txt"), true},
+             Case{"as it was unpacked", [](const test::PlainProgram&) {}, true, true},
+             Case{"a file of the user within", added("share/notes.txt"), true, true},
              Case{"among other folders", added("games/nethack"), false},
-             Case{"a file of the user beside", added("notes.txt"), false},
+             Case{"a file of the user beside", added("notes.txt"), true},
+             Case{"what a file manager leaves", added(".directory"), true},
+             Case{"no helper", removed("/lib/ambrelle/ambrelle-update"), true},
              Case{"something hidden", added(".git/config"), false},
              Case{"no list of its files", removed("/share/ambrelle/files.txt"), false},
              Case{"the list is a link",
@@ -48,6 +51,7 @@ TEST(ProgramRootTest, OnlyAFolderOfItsOwnIsReplaced)
         const test::PlainProgram program;
         c.change(program);
         EXPECT_EQ(ProgramRoot::of(program.path()).has_value(), c.isRoot) << c.what;
+        EXPECT_EQ(isReplaceable(program.root()), c.isReplaceable) << c.what;
     }
     const test::PlainProgram program;
     EXPECT_FALSE(ProgramRoot::of(program.root() + u"/bin/other"_s));
