@@ -68,6 +68,9 @@ public:
     /// Where a newer program would have to be written; empty when this program does not stand in a folder of its own.
     virtual QString parent() const = 0;
     virtual bool isWritable() const = 0;
+    /// Waits until the last update has proved itself, as it does soon or not at all: before, there can be no other.
+    /// Blocks, for a thread of its own.
+    virtual void awaitSettled(const std::stop_token& stop) const = 0;
     /// Blocks, for a thread of its own. None: the place is taken, or not safe.
     virtual std::unique_ptr<StagedProgram> stage(Purpose purpose) = 0;
     /// A version that was installed here and did not get through its first start; empty when there is none.

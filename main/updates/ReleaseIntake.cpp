@@ -26,6 +26,7 @@ ReleaseIntake::Taken ReleaseIntake::take(
     if (purpose == ProgramFolder::Purpose::update) {
         if (auto error = whyNotThere())
             return {.error = std::move(error)};
+        folder->awaitSettled(stop);
     }
     std::unique_ptr<StagedProgram> program = folder->stage(purpose);
     if (!program)

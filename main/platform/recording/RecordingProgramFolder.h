@@ -26,6 +26,7 @@ public:
 
     QString parent() const override { return parentPath; }
     bool isWritable() const override { return writable; }
+    void awaitSettled(const std::stop_token&) const override { }
     std::unique_ptr<StagedProgram> stage(Purpose purpose) override;
     QString rejectedVersion() const override { return rejected; }
 

@@ -5,10 +5,22 @@
 #include "platform/linux/kernel/RunningProgram.h"
 #include "platform/linux/update/FolderStaging.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 
+#include <thread>
+
 namespace ambrelle {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::milliseconds settlingTime = 20s; // more than a first start takes to get through
+constexpr std::chrono::milliseconds settlingGlance = 50ms;
+
+} // namespace
 
 LinuxProgramFolder::LinuxProgramFolder(ProgramRoot root, QString rejectedVersion)
     : m_root(std::move(root))
@@ -25,6 +37,14 @@ std::shared_ptr<ProgramFolder> LinuxProgramFolder::ofRunningProgram(const QStrin
 bool LinuxProgramFolder::isWritable() const
 {
     return QFileInfo(m_root.parent()).isWritable();
+}
+
+void LinuxProgramFolder::awaitSettled(const std::stop_token& stop) const
+{
+    const QString journal = WorkFolder::journalOf(m_root.workFolder());
+    const QDeadlineTimer deadline(settlingTime);
+    while (QFileInfo::exists(journal) && !stop.stop_requested() && !deadline.hasExpired())
+        std::this_thread::sleep_for(settlingGlance);
 }
 
 std::unique_ptr<StagedProgram> LinuxProgramFolder::stage(Purpose purpose)

@@ -16,6 +16,7 @@ public:
 
     QString parent() const override { return m_root.parent(); }
     bool isWritable() const override;
+    void awaitSettled(const std::stop_token& stop) const override;
     std::unique_ptr<StagedProgram> stage(Purpose purpose) override;
     QString rejectedVersion() const override { return m_rejectedVersion; }
 

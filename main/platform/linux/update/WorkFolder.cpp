@@ -73,11 +73,6 @@ bool WorkFolder::exists(const QString& rootPath)
     return ::lstat(QFile::encodeName(ProgramRoot::workFolderOf(rootPath)).constData(), &status) == 0;
 }
 
-QString WorkFolder::journal() const
-{
-    return m_path + u"/journal.json"_s;
-}
-
 bool WorkFolder::remove(const QString& path) const
 {
     return (::unlink(QFile::encodeName(path).constData()) == 0 || errno == ENOENT) && ::fsync(m_descriptor) == 0;

@@ -24,7 +24,8 @@ public:
     WorkFolder& operator=(const WorkFolder&) = delete;
 
     const QString& path() const { return m_path; }
-    QString journal() const;
+    QString journal() const { return journalOf(m_path); }
+    static QString journalOf(const QString& path) { return path + QStringLiteral("/journal.json"); }
     /// Removes the file from the folder, for good when this returns.
     bool remove(const QString& path) const;
     /// Removes everything in the folder.
