@@ -60,10 +60,12 @@ QString copyOf(const WorkFolder& folder, const FolderJournal& journal)
     return folder.path() + u'/' + journal.copy;
 }
 
-/// Moves the folder out of the way, to a place that everybody sees. False: it is where it was.
-bool keepBeside(const QString& rootPath, const QString& copy, const QString& version)
+/// Moves a folder in which there is something of the user's out of the way, to a place that everybody sees. False: it
+/// is where it was.
+bool keepBeside(const QString& wished, const QString& copy)
 {
-    const QString wished = u"%1 before %2"_s.arg(rootPath, version);
+    if (!QFileInfo::exists(copy) || !hasForeignFiles(copy))
+        return true;
     const Surroundings source(copy);
     for (int i = 1; i <= mostNames; ++i) {
         const Surroundings target(i == 1 ? wished : u"%1 (%2)"_s.arg(wished).arg(i));
@@ -92,15 +94,29 @@ bool bringFormerBack(const QString& rootPath, const WorkFolder& folder, FolderJo
 {
     journal.isRejected = true;
     const QString copy = copyOf(folder, journal);
-    return holdsProgram(copy) && journal.write(folder) && exchangeFolders(rootPath, copy);
+    return isFormerThere(folder, journal) && journal.write(folder) && exchangeFolders(rootPath, copy);
 }
 
 bool confirmNewer(const QString& rootPath, const WorkFolder& folder, const FolderJournal& journal)
 {
+    if (keepBeside(u"%1 before %2"_s.arg(rootPath, journal.to), copyOf(folder, journal)))
+        return FolderJournal::remove(folder);
+    FolderJournal confirmed = journal;
+    confirmed.isConfirmed = true;
+    if (confirmed != journal)
+        confirmed.write(folder);
+    return false;
+}
+
+bool keepOfRejected(const QString& rootPath, const WorkFolder& folder, const FolderJournal& journal)
+{
+    return keepBeside(u"%1 %2"_s.arg(rootPath, journal.to), copyOf(folder, journal));
+}
+
+bool isFormerThere(const WorkFolder& folder, const FolderJournal& journal)
+{
     const QString copy = copyOf(folder, journal);
-    if (QFileInfo::exists(copy) && hasForeignFiles(copy) && !keepBeside(rootPath, copy, journal.to))
-        return false;
-    return FolderJournal::remove(folder);
+    return holdsProgram(copy) && versionOf(copy) == journal.from;
 }
 
 bool hasForeignFiles(const QString& folder)

@@ -31,7 +31,8 @@ std::optional<FolderJournal> FolderJournal::read(const WorkFolder& folder)
         .to = values.value("to"_L1).toString(),
         .copy = values.value("copy"_L1).toString(),
         .attempts = values.value("attempts"_L1).toInt(),
-        .isRejected = values.value("rejected"_L1).toBool()};
+        .isRejected = values.value("rejected"_L1).toBool(),
+        .isConfirmed = values.value("confirmed"_L1).toBool()};
     if (journal.from.isEmpty() || journal.to.isEmpty() || !staysInside(journal.copy))
         return std::nullopt;
     return journal;
@@ -39,8 +40,8 @@ std::optional<FolderJournal> FolderJournal::read(const WorkFolder& folder)
 
 bool FolderJournal::write(const WorkFolder& folder) const
 {
-    const QJsonObject values{
-        {u"from"_s, from}, {u"to"_s, to}, {u"copy"_s, copy}, {u"attempts"_s, attempts}, {u"rejected"_s, isRejected}};
+    const QJsonObject values{{u"from"_s, from}, {u"to"_s, to}, {u"copy"_s, copy}, {u"attempts"_s, attempts},
+        {u"rejected"_s, isRejected}, {u"confirmed"_s, isConfirmed}};
     return writeWhole(folder.journal(), QJsonDocument(values).toJson(), Readers::owner).isEmpty();
 }
 

@@ -18,6 +18,7 @@ struct FolderJournal {
     QString copy; ///< below the work folder: where the one of the two is that has not the place
     int attempts = 0; ///< starts of the newer one so far
     bool isRejected = false; ///< the newer one did not get through its first start
+    bool isConfirmed = false; ///< it did, but what the user has in the former one's folder could not be kept elsewhere
 
     bool operator==(const FolderJournal&) const = default;
 

@@ -40,10 +40,13 @@ Found begin(const QString& program, const QString& version, char** arguments);
 /// The running version has proved itself: nothing leads back any more. False: things are as they were.
 bool confirm(const QString& program, const QString& version);
 /// Confirms it, where that is not done yet, and removes what the update has left. Blocks; any thread may call it.
-void settle(const QString& program, const QString& version);
-/// The former version gets its place back, where the newer one is on probation. False: there is none, or that did not
-/// work.
-bool undo(const QString& program);
+/// False: that is still to be done.
+bool settle(const QString& program, const QString& version);
+/// The former version gets its place back, where the newer one is on probation and has had so many starts: a later one
+/// is judged by itself. False: there is none, or that did not work.
+bool undo(const QString& program, int attempt = 0);
+/// The folder of the former version, which waits to come back; empty when none does.
+QString formerOf(const QString& program);
 
 /// The process becomes the program, with these arguments, the first its name; without any when there are none. It
 /// returns only when that fails.

@@ -32,12 +32,12 @@ bool isDismissed()
     return count != 0;
 }
 
-[[noreturn]] void keepGuard(int end, const QString& program)
+[[noreturn]] void keepGuard(int end, const QString& program, int attempt)
 {
     ::setsid(); // the end of the terminal is not its end
     ::dup2(end, guardsEnd);
     ::close_range(guardsEnd + 1, ~0U, 0); // the lock of the one instance above all
-    if (!isDismissed() && Probation::undo(program))
+    if (!isDismissed() && Probation::undo(program, attempt))
         Probation::become(program);
     ::_exit(EXIT_SUCCESS);
 }
@@ -53,7 +53,7 @@ void openStandardDescriptors()
     ::close(descriptor);
 }
 
-void start(const QString& program)
+void start(const QString& program, int attempt)
 {
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
@@ -62,7 +62,7 @@ void start(const QString& program)
     if (child == 0) {
         // Twice, so that nobody has to wait for it.
         if (::fork() == 0)
-            keepGuard(ends[0], program);
+            keepGuard(ends[0], program, attempt);
         ::_exit(EXIT_SUCCESS);
     }
     ::close(ends[0]);

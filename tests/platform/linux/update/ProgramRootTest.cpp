@@ -107,8 +107,12 @@ TEST(FolderJournalTest, IsReadAsWritten)
     const test::PlainProgram program;
     const auto work = WorkFolder::make(program.root());
     EXPECT_FALSE(FolderJournal::read(*work));
-    const FolderJournal journal{
-        .from = u"1.0"_s, .to = u"1.10"_s, .copy = u"a b/Ambrelle"_s, .attempts = 1, .isRejected = true};
+    const FolderJournal journal{.from = u"1.0"_s,
+        .to = u"1.10"_s,
+        .copy = u"a b/Ambrelle"_s,
+        .attempts = 1,
+        .isRejected = true,
+        .isConfirmed = true};
     ASSERT_TRUE(journal.write(*work));
     EXPECT_EQ(FolderJournal::read(*work), journal);
     EXPECT_TRUE(FolderJournal::remove(*work) && FolderJournal::remove(*work));
@@ -130,6 +134,7 @@ TEST(ProbationTest, TheJournalTellsOnWhichSideOfTheExchangeThingsAre)
         int attempts;
         bool isRejected;
         Step step;
+        bool isConfirmed = false;
     };
     for (const Case& c : {
              Case{"1.0", 0, false, Step::clear}, // killed before the exchange
@@ -138,11 +143,15 @@ TEST(ProbationTest, TheJournalTellsOnWhichSideOfTheExchangeThingsAre)
              Case{"2.0", 1, false, Step::watch}, // a power cut in the first seconds
              Case{"2.0", 2, false, Step::rollBack},
              Case{"2.0", 0, true, Step::rollBack}, // the guard was killed on its way
+             Case{"2.0", 2, false, Step::clear, true},
              Case{"3.0", 1, false, Step::clear}, // somebody unpacked another one
              Case{"3.0", 1, true, Step::clear},
          }) {
-        const FolderJournal journal{
-            .from = u"1.0"_s, .to = u"2.0"_s, .attempts = c.attempts, .isRejected = c.isRejected};
+        const FolderJournal journal{.from = u"1.0"_s,
+            .to = u"2.0"_s,
+            .attempts = c.attempts,
+            .isRejected = c.isRejected,
+            .isConfirmed = c.isConfirmed};
         EXPECT_EQ(Probation::nextStep(journal, QString::fromLatin1(c.version)), c.step)
             << c.version << ' ' << c.attempts << ' ' << c.isRejected;
     }
