@@ -27,13 +27,12 @@ FirstStarts::FirstStarts(QString program, char** arguments)
 
 FirstStarts::~FirstStarts()
 {
-    end();
+    end(false);
 }
 
 QString FirstStarts::rejectedVersion(UserDefaults& defaults) const
 {
-    if (m_found.what == What::rejection)
-        defaults.set(rejectedKey, m_found.version);
+    isTold(defaults);
     return defaults.string(rejectedKey).value_or(QString());
 }
 
@@ -43,30 +42,41 @@ void FirstStarts::proceed(Clock& clock, UserDefaults& defaults)
         return;
     m_worker = std::make_unique<SerialWorker>(*this);
     if (m_found.what != What::newcomer) {
-        settle();
+        settle(clock, defaults);
         return;
     }
-    m_confirmation = clock.after(probationTime, [this, &defaults] {
+    m_next = clock.after(probationTime, [this, &clock, &defaults] {
         if (defaults.string(rejectedKey) == m_version)
             defaults.remove(rejectedKey); // somebody put it here again, and now it works
-        settle();
+        settle(clock, defaults);
     });
 }
 
-void FirstStarts::settle()
+/// Whether the settings know of a rejection: until then the journal has to stay.
+bool FirstStarts::isTold(UserDefaults& defaults) const
 {
-    m_found = {};
-    m_worker->run(
-        [program = m_program, version = m_version] {
-            Probation::settle(program, version);
-            return true;
-        },
-        [](bool) { ProbationGuard::dismiss(); });
+    return m_found.what != What::rejection || defaults.set(rejectedKey, m_found.version);
 }
 
-void FirstStarts::end()
+void FirstStarts::settle(Clock& clock, UserDefaults& defaults)
 {
-    if (m_found.what == What::newcomer)
+    m_next = clock.after(retryTime, [this, &clock, &defaults] { settle(clock, defaults); });
+    if (!isTold(defaults))
+        return;
+    m_worker->run([program = m_program, version = m_version] { return Probation::settle(program, version); },
+        [this](bool isSettled) {
+            ProbationGuard::dismiss(); // it has stood for long enough, whatever the disk says
+            if (isSettled) {
+                m_found = {};
+                m_next.reset();
+            }
+        });
+}
+
+void FirstStarts::end(bool isAsked)
+{
+    m_next.reset();
+    if (isAsked && m_found.what == What::newcomer)
         Probation::confirm(m_program, m_version);
     m_found = {};
     ProbationGuard::dismiss();

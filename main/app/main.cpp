@@ -105,6 +105,11 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     if (request.action == rawValue(QuickAction::quit))
         return EXIT_SUCCESS; // nothing runs that could
     instance.keepLock(); // settings are flushed after this function
+    // Where no version could show widgets, as on a text console, the newer one is not judged by it.
+    if (!Environment::namesDisplay()) {
+        if (const QString whyNot = chooseHost(hostOffers(), Environment::wishedPlugin()).whyNot; !whyNot.isEmpty())
+            return complain(whyNot);
+    }
     FirstStarts firstStarts(program, argv);
     const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
     if (!choice.whyNot.isEmpty())
@@ -136,10 +141,10 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     QMetaObject::invokeMethod(&delegate, &AppDelegate::openDoor, Qt::QueuedConnection);
     QMetaObject::invokeMethod(&instance, &SingleInstance::listen, Qt::QueuedConnection);
     const int status = QCoreApplication::exec();
-    firstStarts.end();
+    EndingDeadline::start(); // before anything that a disk can hold up
     if (status == relaunchStatus)
         Relaunch::arrange();
-    EndingDeadline::start();
+    firstStarts.end(status == EXIT_SUCCESS || status == relaunchStatus); // the toolkit has others
     return status;
 }
 

@@ -16,7 +16,7 @@ import tempfile
 import time
 from pathlib import Path
 
-from installed import NEW, OLD, WIDGET, Archive, Installed, digest, lay_out
+from installed import NEW, OLD, REPLACEMENT, WIDGET, Archive, Installed, digest, lay_out
 from program import wait_for
 
 REFUSED = 8  # status of REPLACEMENT where the exchange failed
@@ -83,6 +83,52 @@ def is_ended_in_order(session, archive):
     session.quit(number)
     time.sleep(QUIET)
     assert not session.processes() and not (session.work / "journal.json").exists()
+    session.check(archive.whole)
+
+
+def cannot_show_widgets(session, archive, whole):
+    """Neither a text console nor a display that is gone makes the newer version a good one, nor a bad one at once."""
+    session.env["DISPLAY"], display = ":99999", session.env["DISPLAY"]
+    process = session.run(session.command(archive))
+    assert process.wait() == 1, "it shows widgets somewhere"
+
+    def attempts():
+        return json.loads((session.work / "journal.json").read_text())["attempts"]
+    assert attempts() == 1
+    del session.env["DISPLAY"]
+    for _ in range(3):
+        assert session.run([session.program]).wait() == 1
+    assert attempts() == 1, "no version has a display there"
+    session.env["DISPLAY"] = ":99999"
+    assert session.run([session.program]).wait() == 1
+    time.sleep(QUIET)
+    assert attempts() == 2 and session.version() == NEW and not session.processes()
+    session.env["DISPLAY"] = display
+    number = session.launch()
+    assert session.version() == OLD
+    wait_for("removal of the newer version", session.is_tidy)
+    assert rejected(session) == NEW
+    session.quit(number)
+    session.check(whole)
+
+
+def ends_though_the_disk_is_slow(session, archive):
+    """Whoever asks it to end within its first seconds does not wait for the confirmation."""
+    update(session, archive)
+    for number in sorted(session.processes(), reverse=True):
+        os.kill(number, signal.SIGKILL)
+    session.process.wait()
+    session.env.update(LD_PRELOAD=str(Path(REPLACEMENT).parent / "libhanging_folder.so"), AMBRELLE_FLUSH_TIME="6000")
+    number = session.launch()
+    wait_for("widget", lambda: session.windows())
+    for name in ("LD_PRELOAD", "AMBRELLE_FLUSH_TIME"):
+        del session.env[name]
+    assert (session.work / "journal.json").exists(), "it is confirmed already"
+    start = time.monotonic()
+    with subprocess.Popen([session.program, "--action", "quit"], env=session.env, stderr=subprocess.DEVNULL):
+        session.gone(number)
+        took = time.monotonic() - start
+    assert took < 5, f"it waits for the disk: {took} s"
     session.check(archive.whole)
 
 
@@ -159,7 +205,8 @@ def main():
     template = shop / "old"
     lay_out(template, OLD)
     archive, whole = Archive(shop), digest(template)
-    for play in (replaces, crashes, is_ended_in_order, loses_its_power, is_refused, does_not_start,
+    for play in (replaces, crashes, is_ended_in_order, cannot_show_widgets,
+                 ends_though_the_disk_is_slow, loses_its_power, is_refused, does_not_start,
                  keeps_what_the_user_added, is_left_alone_by_batch_modes):
         session = Installed(template)
         try:
