@@ -13,8 +13,10 @@
 #include <atomic>
 #include <climits>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace ambrelle {
@@ -24,6 +26,23 @@ namespace {
 std::array<char, PATH_MAX> theProgram{};
 sigset_t theMask;
 std::atomic<bool> isDue = false;
+std::array<char, PATH_MAX> theRoot{}; // both for a signal handler
+std::array<char, PATH_MAX> theFormer{};
+std::atomic<bool> isFormerKnown = false;
+
+bool put(const QString& path, std::array<char, PATH_MAX>& into)
+{
+    const QByteArray name = QFile::encodeName(path);
+    if (name.isEmpty() || name.size() >= static_cast<qsizetype>(into.size()))
+        return false;
+    std::ranges::copy(name, into.begin());
+    return true;
+}
+
+void noteFormer(const QString& program)
+{
+    isFormerKnown = put(ProgramRoot::pathOf(program), theRoot) && put(Probation::formerOf(program), theFormer);
+}
 
 /// A folder that moved with the program, or goes with it, is no place to be in.
 void leaveProgramFolder(const QString& root)
@@ -38,16 +57,16 @@ void leaveProgramFolder(const QString& root)
 
 void Relaunch::prepare(const QString& program)
 {
-    const QByteArray path = QFile::encodeName(program);
-    if (path.size() < static_cast<qsizetype>(theProgram.size()))
-        std::ranges::copy(path, theProgram.begin());
+    put(program, theProgram);
     ::sigprocmask(SIG_SETMASK, nullptr, &theMask);
 }
 
 void Relaunch::arrange()
 {
-    leaveProgramFolder(ProgramRoot::pathOf(QFile::decodeName(theProgram.data())));
-    isDue = true;
+    const QString program = QFile::decodeName(theProgram.data());
+    isDue = true; // the rest takes the disk
+    leaveProgramFolder(ProgramRoot::pathOf(program));
+    noteFormer(program);
 }
 
 void Relaunch::carryOut()
@@ -68,6 +87,10 @@ void Relaunch::carryOutAtOnce()
     ::sigprocmask(SIG_SETMASK, &theMask, nullptr);
     const std::array<char*, 2> bare{theProgram.data(), nullptr};
     ::execv(theProgram.data(), bare.data());
+    // The former program without its journal, which takes more than a signal handler may do: nothing is then known of
+    // a rejection, and the newer version will be tried once more.
+    if (isFormerKnown && ::renameat2(AT_FDCWD, theRoot.data(), AT_FDCWD, theFormer.data(), RENAME_EXCHANGE) == 0)
+        ::execv(theProgram.data(), bare.data());
 }
 
 } // namespace ambrelle

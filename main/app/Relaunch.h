@@ -23,7 +23,8 @@ public:
     /// When all is gone that has to go. Returns only when nothing could be started, neither the newer program nor the
     /// former.
     static void carryOut();
-    /// Where a relaunch is due, and there is no time left for what still lives. A signal handler may call it.
+    /// Where a relaunch is due, and there is no time left for what still lives. A signal handler may call it. Where the
+    /// newer program cannot be started the former one gets its place back, as in carryOut().
     static void carryOutAtOnce();
 };
 

@@ -3,6 +3,7 @@
 #include "app/Relaunch.h"
 #include "app/EndingDeadline.h"
 #include "app/Environment.h"
+#include "platform/linux/update/PlainProgram.h"
 #include "support/TestFolder.h"
 #include "support/Variable.h"
 
@@ -25,8 +26,8 @@ TEST(RelaunchTest, AnEndThatHangsIsCutShortByIt)
     if (child == 0) {
         Relaunch::prepare(program);
         EndingDeadline::prepare();
-        Relaunch::arrange();
         EndingDeadline::start();
+        Relaunch::arrange();
         while (true)
             ::pause();
     }
@@ -35,6 +36,42 @@ TEST(RelaunchTest, AnEndThatHangsIsCutShortByIt)
     EXPECT_EQ(status, 0);
     EXPECT_EQ(folder.read(u"Ambrelle/bin/ambrelle.told"_s).toStdString(),
         "0 " + std::to_string(child) + " 0000000000000000\n");
+}
+
+TEST(RelaunchTest, WhereTheNewerProgramCannotBeStartedTheFormerOneIs)
+{
+    const test::PlainProgram program;
+    LinuxProgramFolder folder(ProgramRoot::of(program.path()).value(), {});
+    auto newer = folder.stage(ProgramFolder::Purpose::update);
+    const QByteArray archive = test::PlainProgram::archive(u"2.0"_s);
+    ASSERT_EQ(::write(newer->archive(), archive.constData(), static_cast<size_t>(archive.size())), archive.size());
+    ASSERT_EQ(newer->open({}, {}), StagedProgram::Opened::done);
+    program.home.writeScript(u"Ambrelle/bin/ambrelle"_s, "echo $0 > \"$0.told\"");
+    ASSERT_TRUE(newer->exchange(u"1.0"_s, u"2.0"_s));
+    newer.reset();
+    ASSERT_TRUE(QFile::setPermissions(program.path(), QFile::ReadOwner));
+    const pid_t child = ::fork();
+    if (child == 0) {
+        Relaunch::prepare(program.path());
+        EndingDeadline::prepare();
+        EndingDeadline::start();
+        Relaunch::arrange();
+        while (true)
+            ::pause();
+    }
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(program.home.read(u"Ambrelle/bin/ambrelle.told"_s), QFile::encodeName(program.path()) + '\n');
+}
+
+TEST(RelaunchTest, ATextConsoleHasNoDisplay)
+{
+    const test::Variable none("DISPLAY", "");
+    const test::Variable neither("WAYLAND_DISPLAY", "");
+    EXPECT_FALSE(Environment::namesDisplay());
+    const test::Variable some("DISPLAY", ":1");
+    EXPECT_TRUE(Environment::namesDisplay());
 }
 
 TEST(RelaunchTest, WhatTheToolkitWasToldIsUntold)
