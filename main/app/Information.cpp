@@ -14,6 +14,11 @@ namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
+bool isOfSystem(const QString& program)
+{
+    return program.startsWith("/usr/"_L1) && !program.startsWith("/usr/local/"_L1);
+}
+
 QString dataFile(const QString& name)
 {
     // QCoreApplication is not there yet when fonts are registered.

@@ -21,6 +21,9 @@ struct Information {
     static Information read();
 };
 
+/// Whether the program file stands where only the system's packages put programs.
+bool isOfSystem(const QString& program);
+
 /// A file of the program's own data, from the build folder or the installation; empty when it is in neither.
 QString dataFile(const QString& name);
 

@@ -7,6 +7,7 @@
 #include "app/UserFolders.h"
 #include "app/WindowPictures.h"
 #include "model/AppSettings.h"
+#include "platform/linux/kernel/RunningProgram.h"
 #include "platform/SystemAppearance.h"
 #include "platform/TrayPresence.h"
 #include "platform/WindowHost.h"
@@ -50,6 +51,7 @@ ProgramFacts programFacts()
     const Information information = Information::read();
     return {.version = information.version,
         .build = information.build,
+        .isOfSystem = isOfSystem(runningProgram()),
         .wallpapers = UserFolders::wallpapers(),
         .settings = UserFolders::settings(),
         .previews = UserFolders::previews(),

@@ -121,5 +121,13 @@ TEST_F(UntendedTest, OffersNothingWhereOthersUpdateIt)
     EXPECT_TRUE(rows(shown).first()->findChildren<Button*>().isEmpty());
 }
 
+TEST_F(UntendedTest, PromisesNothingWhereNobodyUpdatesIt)
+{
+    home.facts.isOfSystem = false;
+    SettingsPage& shown = page(SettingsChapter::updates);
+    EXPECT_EQ(names(shown), QStringList{u"Version 1.0"_s});
+    EXPECT_EQ(rows(shown).first()->text().caption, QString());
+}
+
 } // namespace
 } // namespace ambrelle

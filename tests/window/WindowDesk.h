@@ -67,8 +67,9 @@ struct WindowDesk {
     ThemeStore themes{desk.defaults};
     PictureSorter sorter;
     RecordingCalendarStore calendars;
-    const ProgramFacts facts{.version = u"1.0"_s,
+    ProgramFacts facts{.version = u"1.0"_s,
         .build = 12,
+        .isOfSystem = true,
         .wallpapers = desk.folder.filePath(u"wallpapers"_s),
         .settings = QDir::home().filePath(u"settings"_s),
         .previews = desk.folder.filePath(u"previews"_s),

@@ -12,6 +12,7 @@ namespace ambrelle {
 struct ProgramFacts {
     QString version;
     int build = 0;
+    bool isOfSystem = false; ///< installed by the system's packages, which keep it up to date
     QString wallpapers; ///< folders, by their paths; they need not exist
     QString settings;
     QString previews;

@@ -24,7 +24,9 @@ UpdatesSection::UpdatesSection(const WindowContext& context, QWidget* parent)
     addGroup();
     const QString version = Wording::tr("Version %1").arg(context.facts.version);
     if (!m_updater.isEnabled()) {
-        addTold({.name = version, .caption = Wording::tr("This copy is kept up to date by the system it came with")});
+        addTold({.name = version,
+            .caption = context.facts.isOfSystem ? Wording::tr("This copy is kept up to date by the system it came with")
+                                                : QString()});
         return;
     }
     addStatus(version);
