@@ -134,7 +134,7 @@ void Updater::checkInBackground()
     if (!m_settings.checkForUpdates())
         return;
     lookUp([this] {
-        if (m_phase.kind == Phase::Kind::available && mayInstallUnasked()
+        if (m_phase.kind == Phase::Kind::available && mayInstallUnasked() && m_latest != m_hopeless
             && m_latest->version != m_intake.folder->rejectedVersion())
             install(true);
     });
@@ -195,27 +195,33 @@ void Updater::install(bool unasked)
     const std::optional<Release> release = available();
     if (!isEnabled() || isBusy() || !release)
         return;
-    takeIn(*release, ProgramFolder::Purpose::update, [this, unasked, version = release->version](const Taken& taken) {
+    takeIn(*release, ProgramFolder::Purpose::update, [this, unasked, release = *release](const Taken& taken) {
         if (taken->error) {
+            if (taken->error == UpdateError::otherRelease() || taken->error == UpdateError::notVerified())
+                m_hopeless = release;
             setPhase(Phase::failed(*taken->error));
         } else if (unasked && !mayInstallUnasked()) { // the download took its time
             drop(taken);
             setPhase({Phase::Kind::available});
         } else {
-            exchange(taken, version);
+            exchange(taken, release);
         }
     });
 }
 
-void Updater::exchange(const Taken& taken, const QString& version)
+void Updater::exchange(const Taken& taken, const Release& release)
 {
     setPhase({Phase::Kind::installing});
-    m_worker.run([intake = m_intake, taken, version] { return intake.exchange(std::move(taken->program), version); },
-        [this](const std::optional<UpdateError>& error) {
-            if (error)
-                setPhase(Phase::failed(*error));
-            else
+    m_worker.run([intake = m_intake, taken,
+                     version = release.version] { return intake.exchange(std::move(taken->program), version); },
+        [this, release](const std::optional<UpdateError>& error) {
+            if (!error) {
                 m_relaunch();
+                return;
+            }
+            if (error == UpdateError::notInstalled())
+                m_hopeless = release;
+            setPhase(Phase::failed(*error));
         });
 }
 

@@ -61,7 +61,7 @@ public:
     /// Begins to check now and then, if the user wishes it.
     void start();
     /// As start() does: a release is installed without asking when the user wishes that too and nobody uses the
-    /// program, unless it was tried and did not start.
+    /// program, unless it was tried and did not start, or failed in a way in which it would fail again.
     void checkInBackground();
     /// Both do nothing while something is under way.
     void check();
@@ -80,7 +80,7 @@ private:
     void hear(const FeedAnswer& answer);
     void takeIn(const Release& release, ProgramFolder::Purpose purpose, std::function<void(const Taken&)> then);
     void install(bool unasked);
-    void exchange(const Taken& taken, const QString& version);
+    void exchange(const Taken& taken, const Release& release);
     void drop(const Taken& taken);
     bool mayInstallUnasked() const;
     QString statusWithVersion() const;
@@ -95,6 +95,7 @@ private:
     Phase m_phase;
     std::optional<Release> m_latest;
     std::optional<QDateTime> m_lastChecked;
+    std::optional<Release> m_hopeless; // failed for a reason that does not go away, and is not tried unasked again
     Ticket m_first;
     Ticket m_periodic;
     std::stop_source m_stop;

@@ -309,6 +309,47 @@ TEST_F(UpdaterTest, WhoBeganToUseItMeanwhileIsNotDisturbed)
     EXPECT_EQ(relaunches, 1) << "the user commands it";
 }
 
+TEST_F(UpdaterTest, WhatWouldFailAgainIsNotTriedUnaskedAgain)
+{
+    using Opened = StagedProgram::Opened;
+    struct Case {
+        bool isTriedAgain;
+        std::function<void()> spoil;
+    };
+    const Case cases[] = {
+        {false, [this] { folder->course.opened = Opened::otherRelease; }},
+        {false, [this] { folder->course.opened = Opened::refused; }},
+        {false, [this] { folder->course.starts = false; }},
+        {false, [this] { folder->course.exchanges = false; }},
+        {true, [this] { folder->course.stages = false; }},
+        {true, [this] { folder->course.archive = -1; }},
+        {true, [this] { server->archive->sha256 += u'0'; }},
+    };
+    const RecordingProgramFolder::Course course = folder->course;
+    const auto archive = server->archive;
+    const auto inBackground = [this] {
+        folder->takeSteps();
+        updater->checkInBackground();
+        settled();
+        return !folder->takeSteps().isEmpty();
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(&each - cases);
+        updater = make(trust);
+        folder->course = course;
+        server->archive = archive;
+        server->offer(u"1.10"_s);
+        each.spoil();
+        EXPECT_TRUE(inBackground());
+        EXPECT_EQ(updater->phase().kind, Kind::failed);
+        EXPECT_EQ(inBackground(), each.isTriedAgain);
+        installed();
+        EXPECT_FALSE(folder->takeSteps().isEmpty()) << "the user commands it";
+        server->offer(u"1.11"_s);
+        EXPECT_TRUE(inBackground()) << "another release may do";
+    }
+}
+
 TEST_F(UpdaterTest, ADryRunGoesAsFarAsItCan)
 {
     const auto line = [this] {
