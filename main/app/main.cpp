@@ -161,7 +161,8 @@ int runRegistration(CommandLine::Mode mode)
 
 int runUpdateCheck(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
+    QCoreApplication application(argc, argv);
+    WordingFile::install(application);
     EndingDeadline::prepare();
     const EndingSignals signals;
     QObject::connect(&signals, &EndingSignals::received, &application, [] { QCoreApplication::exit(); });

@@ -153,5 +153,13 @@ TEST_F(UpdatesTest, TheCommandPrintsOneLine)
     EXPECT_FALSE(mainWindow());
 }
 
+TEST(ProgramPlaceTest, OnlyPackagesPutProgramsBelowUsr)
+{
+    EXPECT_TRUE(isOfSystem(u"/usr/bin/ambrelle"_s));
+    for (const auto* place : {u"/usr/local/bin/ambrelle", u"/home/a/usr/bin/ambrelle", u"/opt/Ambrelle/bin/ambrelle",
+             u"/usrbin/ambrelle", u""})
+        EXPECT_FALSE(isOfSystem(QString::fromUtf16(place))) << qPrintable(QString::fromUtf16(place));
+}
+
 } // namespace
 } // namespace ambrelle
