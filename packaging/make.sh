@@ -4,8 +4,9 @@
 # that needs nothing installed, with its signature and the description of the release. The same commit gives the same
 # bytes. The environment may name, and otherwise CMake's settings hold:
 #   AMBRELLE_UPDATE_FEED   address of the description; without one the folder never updates itself
-#   AMBRELLE_UPDATE_KEYS   public keys, separated by semicolons; any of them may have signed a newer version
-#   AMBRELLE_SIGNING_KEY   file with the secret key, made by minisign -G
+#   AMBRELLE_UPDATE_KEYS   public keys, separated by semicolons; any of them may have signed a newer version. A feed
+#                          without any is refused: the folder would never update itself
+#   AMBRELLE_SIGNING_KEY   file with the secret key, made by minisign -G; without one there is no feed.json
 #   AMBRELLE_MAINTAINER    who answers for the package: "Name <address>"
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -36,6 +37,10 @@ compile() {
     fi
     # Fresh: what the environment named last time is forgotten.
     cmake --fresh --preset package "${options[@]}" >/dev/null
+    feed=$(setting AMBRELLE_UPDATE_FEED)
+    keys=$(setting AMBRELLE_UPDATE_KEYS)
+    [ -z "$feed" ] || [ -n "$keys" ] ||
+        die "a feed without public keys (AMBRELLE_UPDATE_KEYS): the folder would never update itself"
     cmake --build $build --target ambrelle
 }
 
@@ -93,16 +98,20 @@ describe() { # archive, version
         echo "package: no address of a feed is set (AMBRELLE_UPDATE_FEED): the folder will not update itself" >&2
         return
     fi
+    local description=$packages/feed.json
+    if [ ! -e "$1.minisig" ]; then
+        # Programs that learned of it would fetch it twice a day in vain.
+        description+=.unsigned
+        echo "package: feed.json.unsigned is to be named feed.json once the archive is signed" >&2
+    fi
     printf '{"version":"%s","url":"%s/%s","sha256":"%s"}\n' "$2" "${feed%/*}" "$(basename "$1")" \
-        "$(sha256sum "$1" | cut -d ' ' -f 1)" >$packages/feed.json
+        "$(sha256sum "$1" | cut -d ' ' -f 1)" >"$description"
 }
 
 rm -rf $packages $stage $build/cpack
 mkdir -p $packages $stage
 compile
 version=$(setting CMAKE_PROJECT_VERSION)
-feed=$(setting AMBRELLE_UPDATE_FEED)
-keys=$(setting AMBRELLE_UPDATE_KEYS)
 archive=$packages/Ambrelle-$version-$(uname -m).zip
 make_deb
 make_folder
