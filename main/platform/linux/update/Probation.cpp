@@ -112,7 +112,7 @@ bool confirm(const QString& program, const QString& version)
     const QString path = ProgramRoot::pathOf(program);
     const auto work = WorkFolder::open(path);
     const std::optional<FolderJournal> journal = work ? FolderJournal::read(*work) : std::nullopt;
-    return journal && nextStep(*journal, version) == Step::watch && confirmNewer(path, *work, *journal);
+    return journal && version == journal->to && !journal->isRejected && confirmNewer(path, *work, *journal);
 }
 
 bool settle(const QString& program, const QString& version)
