@@ -85,18 +85,23 @@ TEST_F(FirstStartsTest, WhoIsAskedToEndGetsThrough)
 
 TEST_F(FirstStartsTest, WhatCannotBeSettledYetIsTriedAgain)
 {
+    program.home.write(QFileInfo(program.work()).fileName() + u'/' + journal()->copy + u"/note"_s, "mine");
+    const QString kept = u"Ambrelle before "_s + version;
+    program.home.write(kept + u"/full"_s, {});
+    for (int i = 2; i <= 100; ++i)
+        program.home.write(kept + u" (%1)/full"_s.arg(i), {});
     FirstStarts newcomer = start();
     newcomer.proceed(clock, defaults);
-    auto occupied = WorkFolder::open(program.root());
     clock.advance(FirstStarts::probationTime);
-    for (int wait = 0; wait < 2; ++wait) {
+    EXPECT_TRUE(waitUntil([this] {
+        return program.home.read(u".Ambrelle.update/journal.json"_s).contains("\"confirmed\": true");
+    })) << "there is no place for the user's files, but it has stood its time";
+    QDir(program.home.filePath(kept)).removeRecursively();
+    EXPECT_TRUE(waitUntil([&] {
         clock.advance(FirstStarts::retryTime);
-        QCoreApplication::processEvents();
-    }
-    EXPECT_TRUE(FolderJournal::read(*occupied));
-    occupied.reset();
-    clock.advance(FirstStarts::retryTime);
-    EXPECT_TRUE(isSettled());
+        return !QFileInfo::exists(program.work());
+    }));
+    EXPECT_EQ(program.home.read(kept + u"/note"_s), "mine");
 }
 
 TEST_F(FirstStartsTest, ARejectionIsKeptUntilTheSettingsHaveIt)
