@@ -27,7 +27,7 @@ SceneController::SceneController(const Collaborators& collaborators, const QList
                 scene->setMotionActive(m_with.settings.animations());
         }
     });
-    connect(&m_with.accents, &ThemeAccent::changed, this, &SceneController::refresh);
+    connect(&m_with.accents, &ThemeAccent::changed, this, &SceneController::follow);
 }
 
 SceneController::Model SceneController::model(
@@ -42,7 +42,8 @@ void SceneController::refresh()
     m_isOutdated = false;
     const QList<QRectF> moved = movingPlaces();
     const QList<ScreenInfo> screens = m_with.host.screens();
-    if (m_scenes.size() != static_cast<std::size_t>(screens.size())) {
+    const bool areNew = m_scenes.size() != static_cast<std::size_t>(screens.size());
+    if (areNew) {
         m_scenes.clear();
         for (qsizetype index = 0; index < screens.size(); ++index)
             m_scenes.push_back(std::make_unique<ScreenScene>(m_with.host, m_with.clock));
@@ -57,7 +58,7 @@ void SceneController::refresh()
         const Model now = model(widgets, screen, m_with.settings.showScene(), m_with.settings.defaultSkin());
         m_scenes[index]->show(screen, now, m_with.accents.color(now.skin));
     }
-    if (movingPlaces() != moved)
+    if (areNew || movingPlaces() != moved) // new ones do not know yet whether anybody looks
         Q_EMIT motionChanged();
 }
 

@@ -102,9 +102,13 @@ TEST_F(SceneControllerTest, PaintsAnotherAccent)
     const QImage before = shown().first()->picture();
     shown().first()->clearUpdates();
     desk.accents.set(QColor(Qt::green), Skin::paper);
+    desk.clock.advance(100ms);
     EXPECT_TRUE(shown().first()->updates().isEmpty()) << "another skin's";
+    desk.clock.advance(100ms);
+    desk.accents.set(QColor(Qt::red), Skin::neon);
     desk.accents.set(QColor(Qt::green), Skin::neon);
     EXPECT_FALSE(shown().first()->updates().isEmpty());
+    desk.clock.advance(100ms); // as many as come, the last one is shown
     EXPECT_NE(shown().first()->picture(), before);
 }
 
@@ -145,6 +149,20 @@ TEST_F(SceneControllerTest, FollowsADragWhereItChangesAndNotTooOften)
     scene->clearUpdates();
     desk.clock.advance(60s);
     EXPECT_TRUE(scene->updates().isEmpty());
+}
+
+TEST_F(SceneControllerTest, RestsWhileLockedThoughAScreenComes)
+{
+    desk.add(clock, {600, 400}, Skin::pulse);
+    desk.clock.advance(2s);
+    desk.session.setVisible(false);
+    desk.show({desk.host.screens().first(), rightScreen});
+    desk.clock.advance(2s);
+    ASSERT_EQ(shown().size(), 1);
+    shown().first()->picture();
+    shown().first()->clearUpdates();
+    desk.clock.advance(10s);
+    EXPECT_TRUE(shown().first()->updates().isEmpty());
 }
 
 TEST_F(SceneControllerTest, MovesOnlyWhileSomebodySeesIt)
