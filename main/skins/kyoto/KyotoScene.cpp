@@ -86,7 +86,7 @@ void kyotoColumn(SceneOrnament& on, const SkinStyle& style)
             kyoto::kanji(canvas, box, text, size, ink);
         },
         column, poem, on.scaled(signSize), faded(style.ink, columnInk));
-    stamp(on, rest.cutBottom(side).centred(side, side), style.accent);
+    stamp(on, rest.cutBottom(side).centred(side, side), kyoto::vermilion);
 }
 
 /// The bamboo rail that neighbours hang on, each by a cord.
