@@ -12,7 +12,8 @@
 namespace ambrelle {
 
 /// One mark of a scene: what it is called, where it lies, how it moves, if it does, and how it is drawn. A value: two
-/// marks that are equal look equal, so that whoever shows them paints only what is another one.
+/// marks that are equal look equal, whatever they are called, so that whoever shows them paints only what is another
+/// one.
 class SceneSprite {
 public:
     /// `place` holds all that `draw` paints. `draw` is called with a canvas and the values, and captures nothing:
@@ -54,7 +55,7 @@ public:
 
     bool operator==(const SceneSprite& other) const
     {
-        return m_name == other.m_name && m_areas == other.m_areas && m_moving == other.m_moving
+        return m_areas == other.m_areas && m_moving == other.m_moving
             && (m_mark == other.m_mark || m_mark->equals(*other.m_mark));
     }
 

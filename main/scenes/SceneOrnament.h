@@ -35,6 +35,13 @@ public:
         m_scene.sprites.append(SceneSprite(numbered(name), place, draw, std::move(values)...));
     }
 
+    /// The same for a mark with much air in it.
+    template <typename Draw, typename... Values>
+    void add(const QString& name, const QList<QRectF>& areas, Draw draw, Values... values)
+    {
+        m_scene.sprites.append(SceneSprite(numbered(name), areas, draw, std::move(values)...));
+    }
+
     /// The same for a mark along a line: it reaches so far beyond the path.
     template <typename Draw, typename... Values>
     void addAlong(const QString& name, const QPainterPath& path, double reach, Draw draw, Values... values)

@@ -37,6 +37,10 @@ TEST(SceneTest, TellsWhatLooksDifferent)
     EXPECT_EQ(changes({red, green}, {green, red}).size(), 2) << "the other one lies above";
     EXPECT_EQ(changes({red}, {square(u"a"_s, {0, 0, 10, 10}, Qt::yellow)}), (Areas{red.place(), red.place()}));
     EXPECT_EQ(changes({red}, {square(u"a"_s, {20, 0, 10, 10}, Qt::red)}), (Areas{{20, 0, 10, 10}, red.place()}));
+    EXPECT_EQ(changes({red, square(u"b-1"_s, {20, 0, 5, 5}, Qt::red), square(u"b-2"_s, {40, 0, 5, 5}, Qt::red)},
+                  {red, square(u"b-1"_s, {40, 0, 5, 5}, Qt::red)}),
+        (Areas{{20, 0, 5, 5}}))
+        << "the numbers after it are others";
     EXPECT_EQ(Scene::changes({{red, blue}}, {{red, blue}, Finish::crisp}), (Areas{{0, 0, 50, 10}}));
 }
 

@@ -78,15 +78,15 @@ void trail(SceneOrnament& on, const NightLook& look)
         const SeededRandom random{seedOf(u"velvet") + static_cast<std::uint64_t>(index)};
         const QPainterPath way = on.outside(wayFrom(stops, index), 1, 2);
         const QList<Mote> grains = motesAlong(on, way, std::max(1, motes / ways), random);
-        QRectF place;
+        QList<QRectF> places;
         for (const Mote& mote : grains) {
             const double reach = mote.radius + 1;
-            place |= QRectF(mote.at.x() - reach, mote.at.y() - reach, 2 * reach, 2 * reach);
+            places.append({mote.at.x() - reach, mote.at.y() - reach, 2 * reach, 2 * reach});
         }
         if (grains.isEmpty())
             continue;
         on.add(
-            u"trail"_s, place,
+            u"trail"_s, places,
             [](Canvas& canvas, const QList<Mote>& dust, const QColor& colour) {
                 for (const Mote& mote : dust)
                     canvas.disc(mote.at, mote.radius, faded(colour, mote.ink));

@@ -71,11 +71,11 @@ void stones(SceneOrnament& on, const QList<QPointF>& centres)
     if (centres.isEmpty())
         return;
     const double size = std::max(4.0, std::round(on.scaled(stoneSize)));
-    QRectF place;
+    QList<QRectF> places;
     for (const QPointF& centre : centres)
-        place |= QRectF(centre, QSizeF()).adjusted(-size, -size, size, size);
+        places.append(QRectF(centre, QSizeF()).adjusted(-size, -size, size, size) & on.screen());
     on.add(
-        u"stones"_s, place & on.screen(),
+        u"stones"_s, places,
         [](Canvas& canvas, const QList<QPointF>& all, double side, double shade) {
             for (const QPointF& centre : all) {
                 const Box stone(std::round(centre.x() - side / 2), std::round(centre.y() - side / 2), side, side);
