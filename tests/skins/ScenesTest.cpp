@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <ostream>
 
 using namespace ambrelle;
@@ -37,7 +38,7 @@ Layout randomLayout(std::uint64_t seed)
         const double scale = scales[isGrid ? 2 : random.next(5)];
         const QSizeF size(170 * scale * (random.next(3) == 0 ? 350.0 / 170 : 1), 170 * scale);
         const QPointF place = isGrid
-            ? QPointF(40 + index % 5 * (170 + gap), 20 + static_cast<double>(index) / 5 * (170 + gap))
+            ? QPointF(40 + index % 5 * (170 + gap), 20 + std::floor(index / 5.0) * (170 + gap))
             : QPointF(random.in(-100, layout.size.width() - 60), random.in(-100, layout.size.height() - 60));
         layout.items.append({allCases<WidgetKind>()[static_cast<qsizetype>(random.next(20))], {place, size}});
     }
