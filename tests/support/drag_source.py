@@ -77,6 +77,7 @@ class Source:
             self.say("refused")
 
     def say(self, words):
+        self.display.flush()  # who hears it may end this program
         print(words, flush=True)
         self.begin(None)
 
