@@ -16,6 +16,7 @@ from program import Session, place_of, pointer, shot, wait_for
 from rootpicture import Root, fill_root
 
 SOURCE = Path(__file__).parent.parent / "support/drag_source.py"
+source = subprocess.Popen(["/usr/bin/python3", str(SOURCE)], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
 NO_THEME = "It isn't an Ambrelle theme file, or it was made by a newer version."
 COPIED = "taken XdndActionCopy"
 EDGE = 24  # points of the window within which the invitation's frame is drawn
@@ -40,20 +41,16 @@ def picture_file(folder, name, colour):
 def carried(window, *files):
     """The files over the middle of the window; what is given says, once they were dropped, what the program answered."""
     x, y, width, height = place_of(window)
-    source = subprocess.Popen(["/usr/bin/python3", str(SOURCE), *map(str, files)], stdout=subprocess.PIPE, text=True)
 
     def drop():
         pointer("mouseup", "1")
         return source.stdout.readline().strip()
-    try:
-        assert source.stdout.readline() == "ready\n"
-        pointer("mousemove", "20", "20", "sleep", "0.1", "mousedown", "1")
-        for step in range(1, 11):
-            pointer("mousemove", str(20 + (x + width // 2 - 20) * step // 10), str(20 + (y + height // 2 - 20) * step // 10))
-        yield drop
-    finally:
-        source.kill()
-        source.wait()
+    print(json.dumps([str(file) for file in files]), file=source.stdin, flush=True)
+    assert source.stdout.readline() == "ready\n"
+    pointer("mousemove", "20", "20", "sleep", "0.1", "mousedown", "1")
+    for step in range(1, 11):
+        pointer("mousemove", str(20 + (x + width // 2 - 20) * step // 10), str(20 + (y + height // 2 - 20) * step // 10))
+    yield drop
 
 
 def drop(window, *files):

@@ -1,10 +1,12 @@
 # SPDX-License-Identifier: MIT
-"""A program with files to drag: drag_source.py FILE...
+"""A program with files to drag: drag_source.py
 
-Opens a small window at the upper left corner of the screen and says "ready". Files are dragged from it with the pointer, as
-from a file manager (the XDND protocol, version 5). After each release one line says what the other side answered: "refused",
-or "taken" and the action.
+Opens a small window at the upper left corner of the screen. A line with a JSON list says which files it holds from then on,
+which it answers with "ready". They are dragged from it with the pointer, as from a file manager (the XDND protocol, version
+5). After each release one line says what the other side answered: "refused", or "taken" and the action.
 """
+import json
+import select
 import sys
 from pathlib import Path
 
@@ -16,10 +18,10 @@ VERSION = 5
 
 
 class Source:
-    def __init__(self, files):
+    def __init__(self):
         self.display = display.Display()
         self.root = self.display.screen().root
-        self.uris = "".join(Path(file).absolute().as_uri() + "\r\n" for file in files).encode()
+        self.uris = b""
         self.window = self.root.create_window(0, 0, SIZE, SIZE, 0, X.CopyFromParent, override_redirect=True,
                                               background_pixel=0x808080, event_mask=X.ButtonPressMask | X.ButtonReleaseMask
                                               | X.ButtonMotionMask)
@@ -100,11 +102,25 @@ class Source:
                                                            selection=request.selection, target=request.target,
                                                            property=request.property))
 
-    def run(self):
+    def hold(self, files):
+        self.uris = "".join(Path(file).absolute().as_uri() + "\r\n" for file in files).encode()
         self.display.sync()
-        print("ready", flush=True)
+        self.say("ready")
+
+    def events(self):
+        """What comes from the display, until there is nothing more to do."""
         while True:
-            each = self.display.next_event()
+            while self.display.pending_events():
+                yield self.display.next_event()
+            readable, _, _ = select.select([self.display, sys.stdin], [], [])
+            if sys.stdin in readable:
+                line = sys.stdin.readline()
+                if not line:
+                    return
+                self.hold(json.loads(line))
+
+    def run(self):
+        for each in self.events():
             if each.type == X.ButtonPress:
                 self.window.set_selection_owner(self.atom("XdndSelection"), each.time)
             elif each.type == X.MotionNotify:
@@ -118,4 +134,4 @@ class Source:
             self.display.flush()
 
 
-Source(sys.argv[1:]).run()
+Source().run()
