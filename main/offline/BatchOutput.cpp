@@ -11,7 +11,10 @@
 #include <QtConcurrent>
 #include <QTextStream>
 
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace ambrelle {
 
@@ -63,9 +66,16 @@ void BatchOutput::add(const QString& name, Pack pack)
     if (m_isStopped)
         return;
     const QString path = m_folder.filePath(name);
-    const auto work = [path, pack = std::move(pack)] {
+    const auto work = [this, path, pack = std::move(pack)] {
+        if (m_isStopped)
+            return Result{Fate::dropped, {}};
         const QByteArray bytes = pack();
-        return bytes.isEmpty() ? Result{false, {}} : Result{true, writeWhole(path, bytes)};
+        if (bytes.isEmpty())
+            return Result{Fate::notRendered, {}};
+        if (m_isStopped)
+            return Result{Fate::dropped, {}};
+        const QString reason = writeWhole(path, bytes);
+        return Result{reason.isEmpty() ? Fate::written : Fate::notWritten, reason};
     };
     m_entries.push_back({path, {}, QtConcurrent::run(&m_pool, work)});
     settle(mostUnderWay);
@@ -91,7 +101,7 @@ void BatchOutput::tell(const QString& line)
 void BatchOutput::refuse(const QString& sentence)
 {
     m_progress.clear();
-    if (!std::exchange(m_isStopped, true))
+    if (!m_isStopped.exchange(true))
         QTextStream(stderr) << "ambrelle: " << sentence << '\n';
 }
 
@@ -105,7 +115,7 @@ int BatchOutput::finish()
 
 void BatchOutput::settle(qsizetype most)
 {
-    while (!m_isStopped && !m_entries.empty()) {
+    while (!m_entries.empty()) {
         const Entry& first = m_entries.front();
         const bool isDone = !first.line.isEmpty() || first.result.isFinished();
         if (!isDone && static_cast<qsizetype>(m_entries.size()) <= most)
@@ -118,21 +128,29 @@ void BatchOutput::settleFirst()
 {
     const Entry entry = m_entries.front();
     m_entries.pop_front();
-    if (!entry.line.isEmpty())
-        return print(entry.line);
+    if (!entry.line.isEmpty()) {
+        if (!m_isStopped)
+            print(entry.line);
+        return;
+    }
     const Result result = entry.result.result();
-    if (!result.isRendered)
-        print(u"failed to render "_s + QFileInfo(entry.path).completeBaseName());
-    else if (!result.reason.isEmpty())
-        refuse(u"“%1” cannot be written: %2."_s.arg(entry.path, result.reason));
-    else
-        print(u"wrote "_s + entry.path);
+    switch (result.fate) {
+    case Fate::written: return print(u"wrote "_s + entry.path);
+    case Fate::notRendered: return print(u"failed to render "_s + QFileInfo(entry.path).completeBaseName());
+    case Fate::notWritten: return refuse(u"“%1” cannot be written: %2."_s.arg(entry.path, result.reason));
+    case Fate::dropped: return;
+    }
 }
 
 void BatchOutput::print(const QString& line)
 {
     m_progress.clear();
-    QTextStream(stdout) << line << '\n';
+    const QByteArray bytes = line.toUtf8() + '\n';
+    if (std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout)
+            == static_cast<std::size_t>(bytes.size())
+        && std::fflush(stdout) == 0)
+        return;
+    refuse(u"Standard output cannot be written to: %1."_s.arg(QString::fromLocal8Bit(std::strerror(errno))));
 }
 
 QByteArray BatchOutput::png(const QImage& picture)

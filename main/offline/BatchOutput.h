@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QThreadPool>
 
+#include <atomic>
 #include <deque>
 #include <functional>
 
@@ -18,7 +19,7 @@ namespace ambrelle {
 /// The folder that a batch mode fills. Files are packed and written on other threads while the next ones are drawn, and
 /// told on standard output in the order in which they were given: "wrote " and the path, or "failed to render " and the
 /// name. A file is written whole or not at all. What went wrong beyond that is told in one sentence on standard error,
-/// and from then on nothing is written any more. One thread uses this.
+/// and from then on no file is begun any more; those that are written already are told still. One thread uses this.
 class BatchOutput {
 public:
     using Pack = std::function<QByteArray()>; ///< the contents of a file, on any thread; empty: it cannot be rendered
@@ -48,8 +49,9 @@ public:
     static QByteArray webp(const QImage& picture, int quality); ///< of 100, where it means without losses; likewise
 
 private:
+    enum class Fate { written, notRendered, notWritten, dropped };
     struct Result {
-        bool isRendered = true;
+        Fate fate = Fate::written;
         QString reason; ///< why it was not written
     };
     struct Entry {
@@ -65,9 +67,9 @@ private:
     QDir m_folder;
     bool m_isUnnamed; ///< which the folder takes for the current one
     BatchProgress m_progress;
+    std::atomic<bool> m_isStopped = false;
     QThreadPool m_pool;
     std::deque<Entry> m_entries;
-    bool m_isStopped = false;
 };
 
 } // namespace ambrelle

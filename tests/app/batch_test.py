@@ -74,6 +74,14 @@ class Modes(Batch):
                     self.assertLessEqual(path.stat().st_size, most * 1024)
                     self.assertTrue(path.read_bytes().endswith(b"IEND\xaeB\x60\x82"), f"{path} is half a file")
 
+    def test_a_full_standard_output(self):
+        with open("/dev/full", "w") as full:
+            done = subprocess.run([PROGRAM, "--render-wallpapers", str(self.folder / "out")], stdout=full,
+                                  stderr=subprocess.PIPE, text=True, timeout=300,
+                                  env=self.environment(SKIN="neon", WIDTH="64", HEIGHT="40"))
+        self.assertEqual((done.returncode, done.stderr.count("\n")), (1, 1), done.stderr)
+        self.assertRegex(done.stderr, "^ambrelle: Standard output cannot be written to: .")
+
     def test_progress_is_for_people(self):
         terminal, their_end = pty.openpty()
         command = [PROGRAM, "--render-previews", str(self.folder / "out")]

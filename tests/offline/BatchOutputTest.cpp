@@ -71,6 +71,31 @@ TEST(BatchOutputTest, NothingIsWrittenAfterAFailure)
     EXPECT_FALSE(QFile::exists(folder.filePath(u"out/other.png"_s)));
 }
 
+TEST(BatchOutputTest, TellsWhatWasWrittenBeforeAFailureAndWritesNothingElse)
+{
+    const TestFolder folder;
+    const QString quick = folder.filePath(u"out/quick.txt"_s);
+    std::atomic<bool> mayGoOn = false;
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    BatchOutput output(folder.filePath(u"out"_s), 1);
+    ASSERT_TRUE(output.open());
+    output.add(u"late.txt"_s, [&] {
+        mayGoOn.wait(false);
+        return QByteArray("late");
+    });
+    output.add(u"quick.txt"_s, QByteArray("quick"));
+    for (int i = 0; i < 5000 && !QFile::exists(quick); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    output.refuse(u"Something."_s);
+    mayGoOn = true;
+    mayGoOn.notify_all();
+    EXPECT_EQ(output.finish(), 1);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "wrote " + quick.toStdString() + '\n');
+    testing::internal::GetCapturedStderr();
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"out/late.txt"_s)));
+}
+
 TEST(BatchOutputTest, PicturesKeepTheirPixels)
 {
     for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_RGB888, QImage::Format_ARGB32}) {
