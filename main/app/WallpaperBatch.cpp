@@ -6,6 +6,8 @@
 
 #include <QElapsedTimer>
 
+#include <new>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -48,14 +50,17 @@ int renderWallpapers(const Wallpaper& wallpaper, const QString& folder, const QL
         output.begin(title(skin));
         QElapsedTimer timer;
         timer.start();
-        const QByteArray png = wallpaper.png(skin, {*width, *height});
-        if (png.isEmpty()) {
+        QByteArray png;
+        try {
+            png = wallpaper.png(skin, {*width, *height});
+        } catch (const std::bad_alloc&) {
             output.refuse(u"There is not enough memory for %1 by %2 pixels."_s.arg(*width).arg(*height));
             break;
         }
         output.add(rawValue(skin) + u".png"_s, png);
-        output.tell(
-            QString::asprintf("%s %.2fs", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9));
+        if (!png.isEmpty())
+            output.tell(QString::asprintf(
+                "%s %.2fs", qPrintable(rawValue(skin)), static_cast<double>(timer.nsecsElapsed()) / 1e9));
     }
     return output.finish();
 }

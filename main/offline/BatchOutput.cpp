@@ -136,7 +136,9 @@ void BatchOutput::settleFirst()
     const Result result = entry.result.result();
     switch (result.fate) {
     case Fate::written: return print(u"wrote "_s + entry.path);
-    case Fate::notRendered: return print(u"failed to render "_s + QFileInfo(entry.path).completeBaseName());
+    case Fate::notRendered:
+        m_failures.insert(m_folder.relativeFilePath(entry.path));
+        return print(u"failed to render "_s + QFileInfo(entry.path).completeBaseName());
     case Fate::notWritten: return refuse(u"“%1” cannot be written: %2."_s.arg(entry.path, result.reason));
     case Fate::dropped: return;
     }

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFuture>
 #include <QImage>
+#include <QSet>
 #include <QThreadPool>
 
 #include <atomic>
@@ -39,6 +40,7 @@ public:
     void fail(const QString& name); ///< that file is missing, and the run goes on
     void tell(const QString& line); ///< on standard output, after all files given so far
     void flush() { settle(0); } ///< waits until the files given so far are there
+    const QSet<QString>& failures() const { return m_failures; } ///< names of what, told so far, was not rendered
     /// Says in a sentence why nothing can be made any more.
     void refuse(const QString& sentence);
     bool isStopped() const { return m_isStopped; } ///< something has gone wrong for good; finish() tells the status
@@ -70,6 +72,7 @@ private:
     std::atomic<bool> m_isStopped = false;
     QThreadPool m_pool;
     std::deque<Entry> m_entries;
+    QSet<QString> m_failures;
 };
 
 } // namespace ambrelle

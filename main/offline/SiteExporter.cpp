@@ -8,6 +8,7 @@
 #include "offline/DesktopCanvas.h"
 #include "offline/SampleWorld.h"
 #include "offline/SiteGallery.h"
+#include "offline/SiteLosses.h"
 #include "offline/SitePictures.h"
 #include "offline/SiteTexts.h"
 #include "skins/SkinRegistry.h"
@@ -234,6 +235,12 @@ int run(const QString& folder, const QList<Skin>& skins, const SampleWorld& samp
     QJsonObject site = headOf(skins, release);
     site[u"themes"_s] = themes;
     site[u"accentDemo"_s] = demos;
+    output.flush();
+    site = SiteLosses::without(site, output.failures());
+    if (site[u"themes"_s].toArray().isEmpty())
+        output.refuse(u"No theme could be rendered."_s);
+    if (output.isStopped())
+        return output.finish();
     output.add(u"themes.json"_s, QJsonDocument(site).toJson());
     output.flush();
     const auto add = [&output](const QString& name, BatchOutput::Pack pack) { output.add(name, std::move(pack)); };

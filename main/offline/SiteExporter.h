@@ -23,6 +23,8 @@ class Wallpaper;
 ///     themes.json                                    what the pictures are of
 ///     and what writeGallery() makes of it
 ///
+/// Of what could not be rendered, `themes.json` says nothing.
+///
 /// `themes.json` has these keys, in objects always in alphabetical order and in lists in the order of the catalogue;
 /// tests/data/themes.schema.json says the same to a validator. Names of files count from the folder of the export.
 /// Places are points of the canvas, y down. Colours are "#RRGGBB".

@@ -4,6 +4,7 @@
 #include "offline/ColourFamily.h"
 #include "offline/HtmlTemplate.h"
 #include "offline/SiteKinds.h"
+#include "offline/SiteLosses.h"
 #include "offline/SitePages.h"
 #include "support/TestFolder.h"
 
@@ -108,6 +109,25 @@ QStringList ids(const QJsonValue& entries)
 
 } // namespace
 
+TEST(SiteLossesTest, NothingThatIsMissingIsTold)
+{
+    const QJsonObject whole = catalogue();
+    EXPECT_EQ(SiteLosses::without(whole, {}), whole);
+    QJsonObject rest = SiteLosses::without(whole, {u"themes/paper/widgets/clock.png"_s});
+    EXPECT_EQ(rest["themes"_L1][0]["kinds"_L1], QJsonArray{u"cpu"_s});
+    EXPECT_EQ(rest["themes"_L1][0]["layout"_L1].toArray().size(), 1);
+    EXPECT_EQ(rest["accentDemo"_L1], whole["accentDemo"_L1]);
+    rest =
+        SiteLosses::without(whole, {u"themes/classic/preset.webp"_s, u"themes/mono/widgets/clock.png"_s, u"b.webp"_s});
+    EXPECT_EQ(ids(rest["themes"_L1]), QStringList{u"paper"_s});
+    EXPECT_EQ(rest["heroThemes"_L1], QJsonArray{u"paper"_s});
+    EXPECT_EQ(rest["accentDemo"_L1], QJsonArray()) << "there is nothing to choose";
+    rest = SiteLosses::without(whole, {u"themes/paper/wallpaper.png"_s, u"themes/classic/preset.png"_s});
+    EXPECT_EQ(ids(rest["themes"_L1]), QStringList{u"mono"_s});
+    EXPECT_EQ(rest["heroThemes"_L1], QJsonArray{u"mono"_s});
+    EXPECT_EQ(rest["accentDemo"_L1], QJsonArray());
+}
+
 TEST(HtmlTemplateTest, FillsGapsSectionsAndParts)
 {
     const QJsonObject values = json(R"({"name": "<A & \"B\">", "n": 3.5, "yes": true, "no": false, "empty": [],
@@ -190,6 +210,16 @@ TEST(SitePagesTest, PutsWidgetsWhereTheyAreOnThePicture)
     EXPECT_EQ(page["partner"_L1]["id"_L1], u"mono"_s);
     EXPECT_EQ(page["next"_L1]["id"_L1], u"classic"_s);
     EXPECT_TRUE(page["previous"_L1].isUndefined());
+}
+
+TEST_F(SiteGalleryTest, LeadsToOtherThemesWhereThereAreAny)
+{
+    QJsonObject alone = catalogue();
+    write(alone);
+    EXPECT_THAT(page(u"themes/mono.html"_s), HasSubstr("Other themes"));
+    alone["themes"_L1] = QJsonArray{alone["themes"_L1][0]};
+    write(alone);
+    EXPECT_THAT(page(u"themes/paper.html"_s), Not(HasSubstr("Other themes")));
 }
 
 TEST_F(SiteGalleryTest, WritesAPagePerThemeAndEscapesWhatItShows)
