@@ -36,8 +36,8 @@ void arrange(const WindowContext& context, Skin last)
     context.manager.applyPreset(last, false);
 }
 
-/// Waits until the window has all its pictures and changes no more, and gives what it shows then. What other threads
-/// draw for it besides takes some milliseconds each.
+/// Waits until the window has all its pictures and changes no more, and gives what it shows then; null where that takes
+/// too long. What other threads draw for it besides takes some milliseconds each.
 QImage settled(MainWindow& window, const PictureShelf& shelf)
 {
     constexpr qint64 rest = 800; // milliseconds
@@ -54,9 +54,9 @@ QImage settled(MainWindow& window, const PictureShelf& shelf)
             sinceChange.restart();
         shown = now;
         if (sinceChange.elapsed() >= rest)
-            break;
+            return shown.convertToFormat(QImage::Format_RGB888);
     }
-    return shown.convertToFormat(QImage::Format_RGB888);
+    return {};
 }
 
 void addWindow(BatchOutput& output, const WindowContext& context)
