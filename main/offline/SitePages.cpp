@@ -246,6 +246,7 @@ QJsonObject SitePages::theme(const QString& id) const
         entry["side"_L1] = partner["light"_L1].toBool() ? u"By day"_s : u"By night"_s;
         page["partner"_L1] = entry;
     }
+    page["others"_L1] = m_themes.size() > 1;
     const qsizetype place = m_themes.indexOf(theme);
     if (place > 0)
         page["previous"_L1] = card(m_themes[place - 1]);
