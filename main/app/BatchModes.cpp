@@ -18,6 +18,7 @@
 #include <QFile>
 #include <QTextStream>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace ambrelle {
@@ -170,6 +171,9 @@ int runInterface(const CommandLine& commandLine, const QList<Skin>& skins, int& 
 
 int runBatchMode(const CommandLine& commandLine, int& argc, char** argv)
 {
+    const QByteArray folder = commandLine.folder.toLocal8Bit();
+    if (std::none_of(argv, argv + argc, [&](const char* argument) { return folder == argument; }))
+        return refuse(u"The name of the folder “%1” is not UTF-8."_s.arg(commandLine.folder));
     const std::optional<QList<Skin>> skins = wantedSkins();
     if (!skins)
         return EXIT_FAILURE;

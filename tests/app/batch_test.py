@@ -55,6 +55,13 @@ class Modes(Batch):
                 self.assertRegex(done.stderr, "^ambrelle: .*" + sentence)
         self.assertFalse((self.folder / "new").exists())
 
+    def test_a_name_that_cannot_be_read(self):
+        done = subprocess.run([PROGRAM, "--render-wallpapers", b"a\xffb"], env=self.environment(SKIN="neon"),
+                              cwd=self.folder, capture_output=True, text=True, timeout=300)
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertRegex(done.stderr, "^ambrelle: The name of the folder .* is not UTF-8")
+        self.assertEqual(os.listdir(os.fsencode(self.folder)), [b"home-0"])
+
     def test_a_full_disk_leaves_no_half_file(self):
         for mode in MODES:
             with self.subTest(mode):
