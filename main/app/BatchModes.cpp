@@ -3,6 +3,7 @@
 #include "app/BatchModes.h"
 
 #include "app/BatchSurroundings.h"
+#include "app/EndingSignals.h"
 #include "app/Hosts.h"
 #include "app/Information.h"
 #include "app/InterfacePictures.h"
@@ -144,17 +145,23 @@ int runLive(const CommandLine& commandLine, const QList<Skin>& skins, int& argc,
     const std::optional<QList<WidgetKind>> kinds = wantedKinds(complaint);
     if (!complaint.isEmpty())
         return refuse(complaint);
+    HeldEndingSignals held; // a display of the program's own has a file, which goes in the end
     const HostChoice choice = chooseDisplay(hostOffers());
     if (!choice.whyNot.isEmpty())
         return refuse(choice.whyNot);
     BatchSurroundings::prepare(choice.plugin);
     const QApplication application(argc, argv);
+    const EndingSignals signals;
+    held.release();
     BatchSurroundings::dress();
     std::unique_ptr<Machine> machine = choice.host.make({});
     if (!machine)
         return refuse(u"No widgets can be shown on this display."_s);
     const Wallpaper wallpaper(wallpaperRecipe, dataFile(u"Wallpapers"_s));
-    return renderLive(commandLine.folder, skins, kinds, std::move(machine), wholeSamplePhoto(wallpaper));
+    const QImage photo = wholeSamplePhoto(wallpaper);
+    const int status = renderLive(commandLine.folder, skins, kinds, std::move(machine), photo, signals);
+    held.hold();
+    return status;
 }
 
 int runInterface(const CommandLine& commandLine, const QList<Skin>& skins, int& argc, char** argv)

@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -55,6 +56,23 @@ EndingSignals::~EndingSignals()
             ::close(end);
         end = -1;
     }
+}
+
+void HeldEndingSignals::hold()
+{
+    if (std::exchange(m_isHolding, true))
+        return;
+    sigset_t held;
+    sigemptyset(&held);
+    for (const int number : endingSignals)
+        sigaddset(&held, number);
+    pthread_sigmask(SIG_BLOCK, &held, &m_before);
+}
+
+void HeldEndingSignals::release()
+{
+    if (std::exchange(m_isHolding, false))
+        pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
 }
 
 } // namespace ambrelle

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <csignal>
 #include <memory>
 
 namespace ambrelle {
@@ -21,6 +22,22 @@ Q_SIGNALS:
 
 private:
     std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+/// Keeps those signals waiting while nobody can hear them yet, or any more. Of the thread that makes it and the threads
+/// that it starts meanwhile.
+class HeldEndingSignals {
+public:
+    HeldEndingSignals() { hold(); }
+    ~HeldEndingSignals() { release(); }
+    Q_DISABLE_COPY_MOVE(HeldEndingSignals)
+
+    void hold();
+    void release(); ///< what came meanwhile comes now
+
+private:
+    bool m_isHolding = false;
+    sigset_t m_before{};
 };
 
 } // namespace ambrelle

@@ -2,6 +2,7 @@
 
 #include "app/LivePictures.h"
 
+#include "app/EndingSignals.h"
 #include "app/SampleMachine.h"
 #include "app/SampleProgram.h"
 #include "offline/BatchOutput.h"
@@ -62,8 +63,9 @@ void show(const WindowContext& context, Skin skin, const std::optional<QList<Wid
 void capture(BatchOutput& output, const WindowContext& context, Skin skin)
 {
     const QList<WidgetController*>& widgets = context.manager.controllers();
-    runUntil([&] { return std::ranges::all_of(widgets, &WidgetController::isPainted); }, paintPatience);
-    runUntil([] { return false; }, afterwards);
+    const auto isPainted = [&] { return std::ranges::all_of(widgets, &WidgetController::isPainted); };
+    runUntil([&] { return output.isStopped() || isPainted(); }, paintPatience);
+    runUntil([&] { return output.isStopped(); }, afterwards);
     for (WidgetController* widget : widgets) {
         const QString name = u"%1-%2.png"_s.arg(rawValue(skin), rawValue(widget->config().kind));
         if (widget->isPainted())
@@ -76,11 +78,12 @@ void capture(BatchOutput& output, const WindowContext& context, Skin skin)
 } // namespace
 
 int renderLive(const QString& folder, const QList<Skin>& skins, const std::optional<QList<WidgetKind>>& kinds,
-    std::unique_ptr<Machine> machine, const QImage& photo)
+    std::unique_ptr<Machine> machine, const QImage& photo, const EndingSignals& signals)
 {
     BatchOutput output(folder, skins.size());
     if (!output.open())
         return output.finish();
+    QObject::connect(&signals, &EndingSignals::received, [&output] { output.refuse(u"Interrupted."_s); });
     const SampleProgram program(std::make_unique<SampleMachine>(std::move(machine)), photo);
     for (const Skin skin : skins) {
         if (output.isStopped())

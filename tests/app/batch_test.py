@@ -4,8 +4,12 @@ import os
 import pty
 import re
 import shutil
+import signal
 import subprocess
+import tempfile
+import time
 import unittest
+from pathlib import Path
 
 from batch import MODES, PROGRAM, Batch, size_of
 
@@ -35,6 +39,22 @@ class Modes(Batch):
         self.assertEqual(len(files), 12, "the widgets of the layout")
         for path in files.values():
             self.assertGreater(path.stat().st_size, 1500, f"{path} is empty")
+
+    @unittest.skipUnless(shutil.which("Xvfb"), "Xvfb is not installed")
+    def test_an_interrupted_display_leaves_nothing(self):
+        for number, pause in ((signal.SIGINT, 0), (signal.SIGTERM, 0.7), (signal.SIGINT, 2)):
+            with self.subTest(number, pause=pause):
+                scratch = Path(tempfile.mkdtemp(dir=self.folder))
+                process = subprocess.Popen([PROGRAM, "--render-window", str(scratch / "out")], text=True,
+                                           env=self.environment(TMPDIR=str(scratch)), start_new_session=True,
+                                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                while process.poll() is None and not list(scratch.iterdir()):
+                    time.sleep(0.01)
+                time.sleep(pause)
+                os.killpg(process.pid, number)
+                _, told = process.communicate(timeout=60)
+                self.assertEqual((process.returncode, told), (1, "ambrelle: Interrupted.\n"))
+                self.assertLessEqual({path.name for path in scratch.iterdir()}, {"out"})
 
     def test_refusals(self):
         (self.folder / "file").touch()

@@ -96,7 +96,16 @@ bool PrivateDisplay::run()
     posix_spawn_file_actions_adddup2(&actions, ends[1], 3);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    const bool runs = posix_spawnp(&m_server, arguments[0], &actions, nullptr, arguments.data(), environ) == 0;
+    // What interrupts this process at a terminal is not for the server, and it hears whatever this process does not.
+    posix_spawnattr_t manner;
+    posix_spawnattr_init(&manner);
+    sigset_t none;
+    sigemptyset(&none);
+    posix_spawnattr_setsigmask(&manner, &none);
+    posix_spawnattr_setpgroup(&manner, 0);
+    posix_spawnattr_setflags(&manner, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
+    const bool runs = posix_spawnp(&m_server, arguments[0], &actions, &manner, arguments.data(), environ) == 0;
+    posix_spawnattr_destroy(&manner);
     posix_spawn_file_actions_destroy(&actions);
     close(ends[1]);
     m_name = runs ? answerFrom(ends[0]) : QByteArray();
