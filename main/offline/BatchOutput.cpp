@@ -151,7 +151,7 @@ void BatchOutput::print(const QString& line)
     if (std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout)
             == static_cast<std::size_t>(bytes.size())
         && std::fflush(stdout) == 0)
-        return;
+        return m_progress.show();
     refuse(u"Standard output cannot be written to: %1."_s.arg(QString::fromLocal8Bit(std::strerror(errno))));
 }
 

@@ -45,11 +45,17 @@ BatchProgress::~BatchProgress()
 
 void BatchProgress::begin(const QString& name)
 {
-    const qsizetype done = m_begun++;
-    if (!m_isSeen)
+    m_done = m_begun++;
+    m_name = name;
+    show();
+}
+
+void BatchProgress::show()
+{
+    if (!m_isSeen || m_name.isEmpty())
         return;
     // One letter less: in the last column some terminals go to the next line.
-    QTextStream(stderr) << "\r\033[K" << line(done, m_count, name, m_timer.elapsed(), terminalWidth() - 1);
+    QTextStream(stderr) << "\r\033[K" << line(m_done, m_count, m_name, m_timer.elapsed(), terminalWidth() - 1);
     m_isShown = true;
 }
 

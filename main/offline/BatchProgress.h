@@ -17,7 +17,8 @@ public:
     Q_DISABLE_COPY_MOVE(BatchProgress)
 
     void begin(const QString& name); ///< the next piece
-    void clear(); ///< before something else is written; begin() shows the line again
+    void clear(); ///< before something else is written; show() and begin() show the line again
+    void show(); ///< nothing before the first piece
 
     /// "[####······] 12/30 Paper, 8 s left" of at most `width` letters; the time is left out before the first piece is
     /// done. `elapsed` in milliseconds, `done` without the piece that is being made.
@@ -28,6 +29,8 @@ private:
     bool m_isShown = false;
     qsizetype m_count;
     qsizetype m_begun = 0;
+    qsizetype m_done = 0;
+    QString m_name; ///< of the piece that is being made
     QElapsedTimer m_timer;
 };
 

@@ -111,15 +111,20 @@ class Modes(Batch):
 
     def test_progress_is_for_people(self):
         terminal, their_end = pty.openpty()
-        command = [PROGRAM, "--render-previews", str(self.folder / "out")]
-        with subprocess.Popen(command, env=self.environment(SKIN="mono"), stdout=subprocess.PIPE, stderr=their_end,
+        command = [PROGRAM, "--render-wallpapers", str(self.folder / "out")]
+        variables = {"SKIN": "neon,mono", "WIDTH": "64", "HEIGHT": "40"}
+        with subprocess.Popen(command, env=self.environment(**variables), stdout=subprocess.PIPE, stderr=their_end,
                               text=True) as process:
             told = process.communicate(timeout=300)[0]
         os.close(their_end)
         shown = os.read(terminal, 4096).decode()
         os.close(terminal)
-        self.assertEqual(told, f"wrote {self.folder}/out/mono.png\n")
-        self.assertTrue(re.search(r"\[·+\] 1/1 Mono", shown), shown)
+        written = [f"wrote {self.folder}/out/{skin}.png" for skin in ("neon", "mono")]
+        self.assertEqual(re.findall("wrote .*", told), written)
+        self.assertTrue(re.search(r"\[·+\] 1/2 Neon", shown), shown)
+        self.assertTrue(re.search(r"\[#+·+\] 2/2 Mono", shown), shown)
+        # Cleared before each of four lines, and there again after it.
+        self.assertGreater(shown.count("\r\033[K["), 4, shown)
         self.assertTrue(shown.endswith("\r\033[K"), "the line stays")
 
 
