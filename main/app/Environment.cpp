@@ -45,11 +45,6 @@ QByteArray Environment::wishedPlugin()
     return qgetenv(platformName);
 }
 
-bool Environment::namesDisplay()
-{
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-}
-
 void Environment::restore()
 {
     const QList<Variable> replaced = m_replaced;

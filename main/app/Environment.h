@@ -17,8 +17,6 @@ public:
 
     /// The platform plugin that the user asks for; empty: none in particular.
     static QByteArray wishedPlugin();
-    /// Whether there is a display to show widgets on, or so it says.
-    static bool namesDisplay();
     /// The variables that child processes inherit are the user's again, at the latest when a window is first repainted.
     /// Needs the application object.
     void restore();

@@ -24,6 +24,7 @@
 #include "model/ThemeAccent.h"
 #include "platform/linux/desktop/Fonts.h"
 #include "platform/linux/desktop/MenuRegistration.h"
+#include "platform/linux/desktop/NamedDisplay.h"
 #include "platform/linux/kernel/RunningProgram.h"
 #include "platform/linux/update/LinuxProgramFolder.h"
 #include "platform/linux/update/ProbationGuard.h"
@@ -106,7 +107,7 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
         return EXIT_SUCCESS; // nothing runs that could
     instance.keepLock(); // settings are flushed after this function
     // Where no version could show widgets, as on a text console, the newer one is not judged by it.
-    if (!Environment::namesDisplay()) {
+    if (!namesDisplay()) {
         if (const QString whyNot = chooseHost(hostOffers(), Environment::wishedPlugin()).whyNot; !whyNot.isEmpty())
             return complain(whyNot);
     }

@@ -3,6 +3,7 @@
 #include "app/Relaunch.h"
 #include "app/EndingDeadline.h"
 #include "app/Environment.h"
+#include "platform/linux/desktop/NamedDisplay.h"
 #include "platform/linux/update/PlainProgram.h"
 #include "support/TestFolder.h"
 #include "support/Variable.h"
@@ -69,9 +70,9 @@ TEST(RelaunchTest, ATextConsoleHasNoDisplay)
 {
     const test::Variable none("DISPLAY", "");
     const test::Variable neither("WAYLAND_DISPLAY", "");
-    EXPECT_FALSE(Environment::namesDisplay());
+    EXPECT_FALSE(namesDisplay());
     const test::Variable some("DISPLAY", ":1");
-    EXPECT_TRUE(Environment::namesDisplay());
+    EXPECT_TRUE(namesDisplay());
 }
 
 TEST(RelaunchTest, WhatTheToolkitWasToldIsUntold)

@@ -16,9 +16,10 @@ import tempfile
 import time
 from pathlib import Path
 
-from installed import NEW, OLD, REPLACEMENT, WIDGET, Archive, Installed, digest, lay_out
+from installed import NEW, OLD, WIDGET, Archive, Installed, digest, lay_out
 from program import wait_for
 
+REPLACEMENT = sys.argv[3]
 REFUSED = 8  # status of REPLACEMENT where the exchange failed
 QUIET = 1.5  # seconds in which nothing happens
 

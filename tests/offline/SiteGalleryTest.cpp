@@ -95,7 +95,7 @@ protected:
     std::string page(const QString& name) const { return files.value(name).toStdString(); }
 
     TestFolder folder;
-    SiteGallery::Material material{.templates = QStringLiteral(AMBRELLE_SITE), .licence = u"One.\n\nTwo\nlines."_s};
+    SiteGallery::Material material{.templates = QString::fromUtf8(AMBRELLE_SITE), .licence = u"One.\n\nTwo\nlines."_s};
     QMap<QString, QByteArray> files;
 };
 
@@ -278,7 +278,7 @@ TEST_F(SiteGalleryTest, CreditsEveryFont)
 {
     EXPECT_EQ(write(), QString());
     const QString table = textOfFile(material.templates + u"/fonts.tsv"_s);
-    for (const QString& line : textOfFile(QStringLiteral(AMBRELLE_ASSETS) + u"/fonts.txt"_s).split(u'\n')) {
+    for (const QString& line : textOfFile(QString::fromUtf8(AMBRELLE_ASSETS) + u"/fonts.txt"_s).split(u'\n')) {
         const QString package = line.section(u' ', 0, 0);
         if (package.isEmpty() || package == "#"_L1)
             continue;

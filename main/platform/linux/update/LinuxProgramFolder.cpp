@@ -9,7 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <thread>
+#include <poll.h>
 
 namespace ambrelle {
 
@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::chrono::milliseconds settlingTime = 20s; // more than a first start takes to get through
-constexpr std::chrono::milliseconds settlingGlance = 50ms;
+constexpr int settlingGlance = 50; // milliseconds
 
 } // namespace
 
@@ -44,7 +44,7 @@ void LinuxProgramFolder::awaitSettled(const std::stop_token& stop) const
     const QString journal = WorkFolder::journalOf(m_root.workFolder());
     const QDeadlineTimer deadline(settlingTime);
     while (QFileInfo::exists(journal) && !stop.stop_requested() && !deadline.hasExpired())
-        std::this_thread::sleep_for(settlingGlance);
+        ::poll(nullptr, 0, settlingGlance);
 }
 
 std::unique_ptr<StagedProgram> LinuxProgramFolder::stage(Purpose purpose)

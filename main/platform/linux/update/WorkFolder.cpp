@@ -73,6 +73,11 @@ bool WorkFolder::exists(const QString& rootPath)
     return ::lstat(QFile::encodeName(ProgramRoot::workFolderOf(rootPath)).constData(), &status) == 0;
 }
 
+QString WorkFolder::journalOf(const QString& path)
+{
+    return path + u"/journal.json"_s;
+}
+
 bool WorkFolder::remove(const QString& path) const
 {
     return (::unlink(QFile::encodeName(path).constData()) == 0 || errno == ENOENT) && ::fsync(m_descriptor) == 0;

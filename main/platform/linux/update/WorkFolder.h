@@ -25,7 +25,7 @@ public:
 
     const QString& path() const { return m_path; }
     QString journal() const { return journalOf(m_path); }
-    static QString journalOf(const QString& path) { return path + QStringLiteral("/journal.json"); }
+    static QString journalOf(const QString& path);
     /// Removes the file from the folder, for good when this returns.
     bool remove(const QString& path) const;
     /// Removes everything in the folder.
