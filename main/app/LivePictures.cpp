@@ -78,12 +78,12 @@ void capture(BatchOutput& output, const WindowContext& context, Skin skin)
 } // namespace
 
 int renderLive(const QString& folder, const QList<Skin>& skins, const std::optional<QList<WidgetKind>>& kinds,
-    std::unique_ptr<Machine> machine, const QImage& photo, const EndingSignals& signals)
+    std::unique_ptr<Machine> machine, const QImage& photo, const EndingSignals& ending)
 {
     BatchOutput output(folder, skins.size());
     if (!output.open())
         return output.finish();
-    QObject::connect(&signals, &EndingSignals::received, [&output] { output.refuse(u"Interrupted."_s); });
+    QObject::connect(&ending, &EndingSignals::received, [&output] { output.refuse(u"Interrupted."_s); });
     const SampleProgram program(std::make_unique<SampleMachine>(std::move(machine)), photo);
     for (const Skin skin : skins) {
         if (output.isStopped())

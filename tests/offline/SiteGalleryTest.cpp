@@ -25,7 +25,7 @@ namespace {
 
 QJsonObject json(const char* text)
 {
-    const QJsonObject object = QJsonDocument::fromJson(text).object();
+    QJsonObject object = QJsonDocument::fromJson(text).object();
     EXPECT_FALSE(object.isEmpty()) << text;
     return object;
 }
