@@ -28,32 +28,18 @@ public:
     const Scene& scene() const { return m_scene; } ///< as far as it is made
     void drawLike(const SkinStyle& style); ///< in the skin's finish and manner
 
-    /// Adds a mark of any other kind, as SceneSprite's constructor; names get a number. It keeps the rule by itself.
-    template <typename Draw, typename... Values>
-    void add(const QString& name, const QRectF& place, Draw draw, Values... values)
+    /// Adds a mark of any other kind: `mark` is what SceneSprite's constructors take after the name, which gets a
+    /// number. It keeps the rule by itself.
+    template <typename... Mark> void add(const QString& name, Mark... mark)
     {
-        m_scene.sprites.append(SceneSprite(numbered(name), place, draw, std::move(values)...));
-    }
-
-    /// The same for a mark with much air in it.
-    template <typename Draw, typename... Values>
-    void add(const QString& name, const QList<QRectF>& areas, Draw draw, Values... values)
-    {
-        m_scene.sprites.append(SceneSprite(numbered(name), areas, draw, std::move(values)...));
+        m_scene.sprites.append(SceneSprite(numbered(name), std::move(mark)...));
     }
 
     /// The same for a mark along a line: it reaches so far beyond the path.
     template <typename Draw, typename... Values>
     void addAlong(const QString& name, const QPainterPath& path, double reach, Draw draw, Values... values)
     {
-        m_scene.sprites.append(SceneSprite(numbered(name), areasAlong(path, reach), draw, std::move(values)...));
-    }
-
-    /// The same for a mark that moves inside `areas`.
-    template <typename Draw, typename... Values>
-    void addMoving(const QString& name, const QList<QRectF>& areas, const Motion& motion, Draw draw, Values... values)
-    {
-        m_scene.sprites.append(SceneSprite(numbered(name), areas, motion, draw, std::move(values)...));
+        add(name, areasAlong(path, reach), draw, std::move(values)...);
     }
 
     bool dot(const QString& name, QPointF centre, double radius, const QColor& colour);

@@ -77,7 +77,7 @@ void addSign(SceneOrnament& on, double distance, const QColor& colour)
     sides.removeIf([](const QRectF& side) { return side.isEmpty(); });
     if (path.isEmpty())
         return;
-    on.addMoving(
+    on.add(
         u"sign"_s, sides, Motion::bursts(signPeriod, signSeed, neon::flickerLength, signRate),
         [](Canvas& canvas, double time, const QPainterPath& glass, const QColor& gas, double thickness) {
             neon::tube(canvas, glass, gas, thickness, Wave::flicker(time, signSeed, signPeriod));

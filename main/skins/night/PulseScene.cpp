@@ -137,8 +137,8 @@ void addBeat(SceneOrnament& on, const QPolygonF& beat, const QRectF& room, const
     QPolygonF points{{beat.first().x() - reach, level}};
     points += beat;
     points.append({beat.last().x() + reach, level});
-    on.addMoving(
-        u"beat"_s, {room}, sceneBeat,
+    on.add(
+        u"beat"_s, QList{room}, sceneBeat,
         [](Canvas& canvas, double time, QPolygonF line, const QRectF& seen, const QPen& ink, const QColor& colour) {
             const double rest = line.first().y();
             for (QPointF& point : line)
@@ -155,8 +155,8 @@ bool addHeart(SceneOrnament& on, QPointF centre, double size, const QColor& colo
     if (!on.isFree(place))
         return false;
     on.reserve(place);
-    on.addMoving(
-        u"heart"_s, {place}, sceneBeat,
+    on.add(
+        u"heart"_s, QList{place}, sceneBeat,
         [](Canvas& canvas, double time, const QRectF& where, double across, const QColor& ink) {
             canvas.symbol(where, u"heart.fill"_s, across * beatAt(time, sceneBeat), ink);
         },

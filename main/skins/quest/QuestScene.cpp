@@ -128,8 +128,8 @@ void snake(SceneOrnament& on, const QList<QPointF>& way)
     for (const QPointF& centre : room)
         place |= QRectF(centre, QSizeF())
                      .adjusted(-stonePitch * unit, -stonePitch * unit, stonePitch * unit, stonePitch * unit);
-    on.addMoving(
-        u"snake"_s, {place & on.screen()}, Motion::steady(snakeRate),
+    on.add(
+        u"snake"_s, QList{place & on.screen()}, Motion::steady(snakeRate),
         [](Canvas& canvas, double time, const QList<QPointF>& course, double scale) {
             const double count = static_cast<double>(snakeSteps.size());
             const auto index = static_cast<std::size_t>(std::fmod(std::floor(time * snakeRate), count));
