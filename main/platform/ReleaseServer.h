@@ -11,6 +11,13 @@
 
 namespace ambrelle {
 
+/// Whether a release may be fetched from there.
+inline bool isSecureAddress(const QUrl& url)
+{
+    using namespace Qt::StringLiterals;
+    return url.isValid() && url.scheme() == "https"_L1 && !url.host().isEmpty();
+}
+
 /// What the server said of the latest release.
 struct FeedAnswer {
     bool arrived = false; ///< false: there was no way to the server, or none that is safe

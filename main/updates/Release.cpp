@@ -36,9 +36,4 @@ std::optional<Release> Release::decode(const QByteArray& feed)
     return release;
 }
 
-bool isSecureAddress(const QUrl& url)
-{
-    return url.isValid() && url.scheme() == "https"_L1 && !url.host().isEmpty();
-}
-
 } // namespace ambrelle

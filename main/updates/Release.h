@@ -26,7 +26,4 @@ struct Release {
     static std::optional<Release> decode(const QByteArray& feed);
 };
 
-/// Whether the archive may be fetched from there.
-bool isSecureAddress(const QUrl& url);
-
 } // namespace ambrelle

@@ -3,6 +3,7 @@
 #include "platform/network/HttpsDownload.h"
 
 #include "platform/network/BareRequest.h"
+#include "platform/ReleaseServer.h"
 
 #include <QEventLoop>
 #include <QNetworkReply>
@@ -20,11 +21,6 @@ namespace {
 constexpr int fullAnswer = 200;
 constexpr qint64 pieceBytes = 64 * 1024;
 constexpr qint64 aheadBytes = 1024 * 1024; // that may wait to be taken
-
-bool isEncryptedAddress(const QUrl& url)
-{
-    return url.isValid() && url.scheme() == "https"_L1 && !url.host().isEmpty();
-}
 
 int statusOfReply(const QNetworkReply& reply)
 {
@@ -89,7 +85,7 @@ std::optional<int> HttpsDownload::run(const QUrl& url, const Take& take, const s
     const std::stop_callback stopping(
         stop, [&loop] { QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection); });
     QUrl next = url;
-    for (int redirects = 0; redirects <= mostRedirects && isEncryptedAddress(next); ++redirects) {
+    for (int redirects = 0; redirects <= mostRedirects && isSecureAddress(next); ++redirects) {
         const std::unique_ptr<QNetworkReply> reply(m_manager.get(downloadRequest(next, m_bounds.silence)));
         reply->setReadBufferSize(aheadBytes);
         Reading reading{*reply, take, m_bounds.bytes + 1};
