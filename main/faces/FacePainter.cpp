@@ -2,6 +2,8 @@
 
 #include "faces/FacePainter.h"
 
+#include "drawing/LayerCache.h"
+
 namespace ambrelle {
 
 namespace {
@@ -46,6 +48,16 @@ FacePainter::FacePainter(FaceView view, LayerCache& layers)
     : m_view(std::move(view))
     , m_layers(layers)
 {
+}
+
+void FacePainter::paintOnce(
+    QPainter& painter, const FaceView& view, const FaceLook& look, std::shared_ptr<const Reading> reading)
+{
+    LayerCache layers; // nothing is drawn twice
+    FacePainter face(view, layers);
+    face.setLook(look);
+    face.setReading(std::move(reading));
+    face.paint(painter, face.reach(), 0);
 }
 
 void FacePainter::setView(FaceView view)

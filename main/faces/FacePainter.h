@@ -36,6 +36,9 @@ public:
     const FaceLook& look() const { return m_look; }
     const std::shared_ptr<const Reading>& reading() const { return m_reading; }
 
+    /// Draws a face once, at rest, all of it.
+    static void paintOnce(
+        QPainter& painter, const FaceView& view, const FaceLook& look, std::shared_ptr<const Reading> reading);
     /// Draws what lies in `area`. `time` is that of moving parts, 0 while they rest; between two changes a frame of
     /// motion draws nothing but what moves.
     void paint(QPainter& painter, const QRectF& area, double time);

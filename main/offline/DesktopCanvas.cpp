@@ -2,7 +2,6 @@
 
 #include "offline/DesktopCanvas.h"
 
-#include "drawing/LayerCache.h"
 #include "model/Composition.h"
 #include "offline/SampleWorld.h"
 #include "skins/SceneRecipes.h"
@@ -81,13 +80,9 @@ QImage DesktopCanvas::on(const QImage& wallpaper) const
 void DesktopCanvas::drawWidgets(QPainter& painter) const
 {
     for (const Widget& widget : m_widgets) {
-        LayerCache layers; // nothing is drawn twice
-        FacePainter face(widget.view, layers);
-        face.setLook(widget.look);
-        face.setReading(widget.reading);
         painter.save();
         painter.translate(widget.place);
-        face.paint(painter, face.reach(), 0);
+        FacePainter::paintOnce(painter, widget.view, widget.look, widget.reading);
         painter.restore();
     }
 }

@@ -2,8 +2,6 @@
 
 #include "offline/SitePictures.h"
 
-#include "drawing/LayerCache.h"
-
 #include <QPainter>
 
 #include <algorithm>
@@ -63,11 +61,7 @@ QImage face(const FaceView& view, const FaceLook& look, const std::shared_ptr<co
     QPainter painter(&image);
     painter.scale(scale, scale);
     painter.translate(margin, margin);
-    LayerCache layers; // nothing is drawn twice
-    FacePainter face(view, layers);
-    face.setLook(look);
-    face.setReading(reading);
-    face.paint(painter, face.reach(), 0);
+    FacePainter::paintOnce(painter, view, look, reading);
     return image;
 }
 
