@@ -138,7 +138,7 @@ void Gallery::addNarrowed(const QString& name, const QString& from, int width, i
 void Gallery::addPictures()
 {
     for (const QString& theme : m_pages.themes()) {
-        const QString desktop = m_pages.theme(theme)["large"_L1].toString();
+        const QString desktop = m_pages.desktop(theme);
         for (const int width : {SitePages::smallWidth, SitePages::mediumWidth})
             addNarrowed(SitePages::desktopFile(theme, width), desktop, width, desktopQuality);
     }

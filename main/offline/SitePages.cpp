@@ -78,6 +78,11 @@ QJsonObject SitePages::themeOf(const QString& id) const
     return found == m_themes.end() ? QJsonObject() : *found;
 }
 
+QString SitePages::desktop(const QString& id) const
+{
+    return themeOf(id)["preset"_L1].toObject()["webp"_L1].toString();
+}
+
 QJsonObject SitePages::card(const QJsonObject& theme) const
 {
     const QString id = theme["id"_L1].toString();

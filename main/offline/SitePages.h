@@ -20,6 +20,7 @@ public:
     QJsonObject index() const;
     QList<QString> themes() const; ///< their ids
     QJsonObject theme(const QString& id) const;
+    QString desktop(const QString& id) const; ///< the file of the largest picture that pages show
 
     /// The picture of a theme's desktop in so many pixels of width.
     static QString desktopFile(const QString& theme, int width);
