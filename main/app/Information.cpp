@@ -31,6 +31,12 @@ QString dataFile(const QString& name)
     return {};
 }
 
+QString dataText(const QString& name)
+{
+    QFile file(dataFile(name));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
 namespace {
 
 QJsonObject contentsOfFile()

@@ -26,5 +26,7 @@ bool isOfSystem(const QString& program);
 
 /// A file of the program's own data, from the build folder or the installation; empty when it is in neither.
 QString dataFile(const QString& name);
+/// What is in it; empty when it cannot be read.
+QString dataText(const QString& name);
 
 } // namespace ambrelle

@@ -17,7 +17,6 @@
 #include "window/WindowMaker.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QFileInfo>
 
 #include <utility>
@@ -30,12 +29,6 @@ namespace {
 
 constexpr std::chrono::milliseconds trayDelay{500};
 constexpr std::chrono::milliseconds welcomeDelay{700};
-
-QString contentsOf(const QString& name)
-{
-    QFile file(dataFile(name));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 /// Paragraphs without the line breaks within them.
 QString unwrapped(const QString& text)
@@ -55,8 +48,8 @@ ProgramFacts programFacts()
         .wallpapers = UserFolders::wallpapers(),
         .settings = UserFolders::settings(),
         .previews = UserFolders::previews(),
-        .licence = [] { return unwrapped(contentsOf(u"LICENSE"_s)); },
-        .fonts = [] { return contentsOf(u"fonts.txt"_s).split(u'\n', Qt::SkipEmptyParts); }};
+        .licence = [] { return unwrapped(dataText(u"LICENSE"_s)); },
+        .fonts = [] { return dataText(u"fonts.txt"_s).split(u'\n', Qt::SkipEmptyParts); }};
 }
 
 } // namespace
