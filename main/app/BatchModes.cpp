@@ -16,7 +16,6 @@
 #include "wallpapers/WallpaperStore.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTextStream>
 
 #include <algorithm>
@@ -44,6 +43,23 @@ int refuse(const QString& sentence)
     return EXIT_FAILURE;
 }
 
+/// The values that a variable names, each once; nothing after a sentence where it names none.
+template <typename E> std::optional<QList<E>> namedBy(const char* variable, const QString& sentence)
+{
+    QList<E> named;
+    for (const QString& word : qEnvironmentVariable(variable).split(u',')) {
+        const QString name = word.trimmed();
+        const std::optional<E> value = parse<E>(name);
+        if (!value) {
+            refuse(sentence.arg(name, namesOf<E>()));
+            return std::nullopt;
+        }
+        if (!named.contains(*value))
+            named.append(*value);
+    }
+    return named;
+}
+
 /// The skins that SKIN leaves, in the order of the catalogue; nothing after a sentence where it names none.
 std::optional<QList<Skin>> wantedSkins()
 {
@@ -51,17 +67,10 @@ std::optional<QList<Skin>> wantedSkins()
     QList<Skin> skins(every.begin(), every.end());
     if (qEnvironmentVariableIsEmpty("SKIN"))
         return skins;
-    QList<Skin> wanted;
-    for (const QString& word : qEnvironmentVariable("SKIN").split(u',')) {
-        const QString name = word.trimmed();
-        const std::optional<Skin> skin = parse<Skin>(name);
-        if (!skin) {
-            refuse(u"SKIN names no theme: “%1”. The themes are %2."_s.arg(name, namesOf<Skin>()));
-            return std::nullopt;
-        }
-        wanted.append(*skin);
-    }
-    skins.removeIf([&](Skin skin) { return !wanted.contains(skin); });
+    const auto named = namedBy<Skin>("SKIN", u"SKIN names no theme: “%1”. The themes are %2."_s);
+    if (!named)
+        return std::nullopt;
+    skins.removeIf([&](Skin skin) { return !named->contains(skin); });
     return skins;
 }
 
@@ -75,24 +84,6 @@ int renderPreviews(const QString& folder, const QList<Skin>& skins, const Wallpa
 {
     const SampleWorld samples(makeHeadlessMachine, wholeSamplePhoto(wallpaper));
     return PreviewRenderer::run(folder, skins, samples, wallpaper);
-}
-
-/// The kinds that KINDS names, each once; nothing where it is not set, and a sentence in `complaint` where it names
-/// none.
-std::optional<QList<WidgetKind>> wantedKinds(QString& complaint)
-{
-    if (qEnvironmentVariableIsEmpty("KINDS"))
-        return std::nullopt;
-    QList<WidgetKind> kinds;
-    for (const QString& word : qEnvironmentVariable("KINDS").split(u',')) {
-        const QString name = word.trimmed();
-        const std::optional<WidgetKind> kind = parse<WidgetKind>(name);
-        if (!kind)
-            complaint = u"KINDS names no widget: “%1”. The widgets are %2."_s.arg(name, namesOf<WidgetKind>());
-        else if (!kinds.contains(*kind))
-            kinds.append(*kind);
-    }
-    return kinds;
 }
 
 /// Of now, or of the time that reproducible builds are told; nothing where that is no time.
@@ -117,11 +108,8 @@ int exportSite(const QString& folder, const QList<Skin>& skins, const Wallpaper&
     }
     const Information information = Information::read();
     const SampleWorld samples(makeHeadlessMachine, wholeSamplePhoto(wallpaper));
-    QFile licence(dataFile(u"LICENSE"_s));
-    const bool isThere = licence.open(QIODevice::ReadOnly);
-    const SiteGallery::Material material{.templates = dataFile(u"site"_s),
-        .download = information.download,
-        .licence = isThere ? QString::fromUtf8(licence.readAll()) : QString()};
+    const SiteGallery::Material material{
+        .templates = dataFile(u"site"_s), .download = information.download, .licence = dataText(u"LICENSE"_s)};
     return SiteExporter::run(
         folder, skins, samples, wallpaper, {information.version, information.build, *exported}, material);
 }
@@ -141,10 +129,12 @@ int runOffscreen(const CommandLine& commandLine, const QList<Skin>& skins, int& 
 
 int runLive(const CommandLine& commandLine, const QList<Skin>& skins, int& argc, char** argv)
 {
-    QString complaint;
-    const std::optional<QList<WidgetKind>> kinds = wantedKinds(complaint);
-    if (!complaint.isEmpty())
-        return refuse(complaint);
+    std::optional<QList<WidgetKind>> kinds;
+    if (!qEnvironmentVariableIsEmpty("KINDS")) {
+        kinds = namedBy<WidgetKind>("KINDS", u"KINDS names no widget: “%1”. The widgets are %2."_s);
+        if (!kinds)
+            return EXIT_FAILURE;
+    }
     HeldEndingSignals held; // a display of the program's own has a file, which goes in the end
     const HostChoice choice = chooseDisplay(hostOffers());
     if (!choice.whyNot.isEmpty())
