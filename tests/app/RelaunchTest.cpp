@@ -18,11 +18,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(RelaunchTest, AnEndThatHangsIsCutShortByIt)
+/// A process for which a relaunch is due, and whose end hangs. Gives its number, once it is over in good order.
+pid_t hangAtTheEnd(const QString& program)
 {
-    const TestFolder folder;
-    const QString program = folder.writeScript(u"Ambrelle/bin/ambrelle"_s,
-        "while read -r name mask; do [ $name = SigBlk: ] && echo $# $$ $mask; done < /proc/$$/status > \"$0.told\"\n:");
     const pid_t child = ::fork();
     if (child == 0) {
         Relaunch::prepare(program);
@@ -33,8 +31,17 @@ TEST(RelaunchTest, AnEndThatHangsIsCutShortByIt)
             ::pause();
     }
     int status = -1;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
+    return child;
+}
+
+TEST(RelaunchTest, AnEndThatHangsIsCutShortByIt)
+{
+    const TestFolder folder;
+    const QString program = folder.writeScript(u"Ambrelle/bin/ambrelle"_s,
+        "while read -r name mask; do [ $name = SigBlk: ] && echo $# $$ $mask; done < /proc/$$/status > \"$0.told\"\n:");
+    const pid_t child = hangAtTheEnd(program);
     EXPECT_EQ(folder.read(u"Ambrelle/bin/ambrelle.told"_s).toStdString(),
         "0 " + std::to_string(child) + " 0000000000000000\n");
 }
@@ -51,18 +58,7 @@ TEST(RelaunchTest, WhereTheNewerProgramCannotBeStartedTheFormerOneIs)
     ASSERT_TRUE(newer->exchange(u"1.0"_s, u"2.0"_s));
     newer.reset();
     ASSERT_TRUE(QFile::setPermissions(program.path(), QFile::ReadOwner));
-    const pid_t child = ::fork();
-    if (child == 0) {
-        Relaunch::prepare(program.path());
-        EndingDeadline::prepare();
-        EndingDeadline::start();
-        Relaunch::arrange();
-        while (true)
-            ::pause();
-    }
-    int status = -1;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+    hangAtTheEnd(program.path());
     EXPECT_EQ(program.home.read(u"Ambrelle/bin/ambrelle.told"_s), QFile::encodeName(program.path()) + '\n');
 }
 
