@@ -4,7 +4,7 @@
 
 #include "foundation/Wording.h"
 #include "platform/x11/connection/ToolkitConnection.h"
-#include "platform/x11/window/PanelAccess.h"
+#include "platform/toolkit/PanelAccess.h"
 #include "platform/x11/window/StartupToken.h"
 
 #include <QAbstractEventDispatcher>

@@ -3,7 +3,7 @@
 #include "platform/x11/session/X11InputMonitor.h"
 
 #include "foundation/Wording.h"
-#include "platform/x11/connection/GlobalSpace.h"
+#include "platform/toolkit/GlobalSpace.h"
 #include "platform/x11/connection/NativeScreens.h"
 #include "platform/x11/connection/Reply.h"
 

@@ -3,11 +3,14 @@
 #include "platform/x11/window/X11Backdrop.h"
 
 #include "platform/x11/connection/Reply.h"
+#include "platform/x11/window/X11Canvas.h"
+
+#include <QPainter>
 
 namespace ambrelle {
 
 X11Backdrop::X11Backdrop(BackdropDelegate& delegate, X11Parts& parts)
-    : m_surface(new BackdropSurface(delegate, parts))
+    : m_surface(new BackdropSurface(delegate, std::make_unique<X11Canvas>(parts, X11Canvas::Ground::picture)))
     , m_parts(parts)
 {
     m_surface->create();
@@ -19,7 +22,7 @@ X11Backdrop::X11Backdrop(BackdropDelegate& delegate, X11Parts& parts)
 X11Backdrop::~X11Backdrop()
 {
     m_parts.order.remove(m_window);
-    m_parts.shades.removeOne(m_surface);
+    m_parts.shades.removeOne(this);
     if (onDestroyed)
         onDestroyed(this);
     returnKeyboard();
@@ -38,12 +41,20 @@ void X11Backdrop::setFrame(const QRectF& screen)
 
 void X11Backdrop::show()
 {
-    if (!m_parts.shades.contains(m_surface))
-        m_parts.shades.append(m_surface);
+    if (!m_parts.shades.contains(this))
+        m_parts.shades.append(this);
     if (onShown)
         onShown();
     m_surface->show();
     announce();
+}
+
+void X11Backdrop::shade(QPainter& painter, const QPoint& origin) const
+{
+    painter.save();
+    painter.translate(QPointF(X11Canvas::nativeCorner(*m_surface) - origin) / m_surface->devicePixelRatio());
+    m_surface->paintOn(painter);
+    painter.restore();
 }
 
 void X11Backdrop::takeFocus()

@@ -2,15 +2,16 @@
 
 #pragma once
 
+#include "platform/toolkit/BackdropSurface.h"
 #include "platform/WindowHost.h"
-#include "platform/x11/window/BackdropSurface.h"
+#include "platform/x11/window/X11Parts.h"
 
 #include <functional>
 
 namespace ambrelle {
 
 /// A backdrop as a normal window that task bars and pagers leave out; as with a panel, past some window managers.
-class X11Backdrop final : public BackdropWindow {
+class X11Backdrop final : public BackdropWindow, public GroundShade {
 public:
     X11Backdrop(BackdropDelegate& delegate, X11Parts& parts);
     ~X11Backdrop() override;
@@ -22,7 +23,8 @@ public:
     void update() override { m_surface->updateAll(); }
 
     xcb_window_t window() const { return m_window; }
-    void groundChanged() { m_surface->groundChanged(); }
+    void shade(QPainter& painter, const QPoint& origin) const override;
+    void groundChanged() { m_surface->updateAll(); } ///< the desktop picture or the need for it has changed
     void redress(); ///< tells a new window manager what the window is
 
     std::function<void()> onShown;

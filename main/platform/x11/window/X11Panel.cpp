@@ -2,8 +2,9 @@
 
 #include "platform/x11/window/X11Panel.h"
 
-#include "platform/x11/window/PixelGrid.h"
+#include "platform/toolkit/PixelGrid.h"
 #include "platform/x11/window/RoundedRows.h"
+#include "platform/x11/window/X11Canvas.h"
 
 #include <xcb/shape.h>
 
@@ -44,7 +45,8 @@ xcb_rectangle_t shapeRectangle(const QRect& rect)
 } // namespace
 
 X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank)
-    : m_surface(new PanelSurface(delegate, parts))
+    : m_surface(new PanelSurface(
+        delegate, parts.screens, std::make_unique<X11Canvas>(parts, X11Canvas::Ground::pictureAndShades)))
     , m_parts(parts)
     , m_rank(rank)
 {

@@ -2,8 +2,9 @@
 
 #pragma once
 
+#include "platform/toolkit/PanelSurface.h"
 #include "platform/WindowHost.h"
-#include "platform/x11/window/PanelSurface.h"
+#include "platform/x11/window/X11Parts.h"
 
 #include <QTimer>
 

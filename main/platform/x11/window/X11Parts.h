@@ -2,9 +2,9 @@
 
 #pragma once
 
+#include "platform/toolkit/ScreenList.h"
 #include "platform/x11/connection/CompositorWatch.h"
 #include "platform/x11/connection/PaintBuffer.h"
-#include "platform/x11/connection/ScreenList.h"
 #include "platform/x11/connection/WindowManager.h"
 #include "platform/x11/connection/X11Connection.h"
 #include "platform/x11/root/RootPicture.h"

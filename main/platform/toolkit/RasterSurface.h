@@ -2,27 +2,26 @@
 
 #pragma once
 
-#include "platform/x11/window/X11Parts.h"
+#include "platform/toolkit/SurfaceCanvas.h"
 
 #include <QList>
 #include <QRect>
 #include <QWindow>
 
 #include <functional>
+#include <memory>
 
 class QPainter;
 
 namespace ambrelle {
 
-class PixelGrid;
-
-/// A translucent window that is painted part by part, and as finely as its screen of now, over a copy of the desktop
-/// picture where nothing composites. Unlike the toolkit's own kind of raster window it keeps no copy of its pixels. It
-/// may lose its owner at any time, in the middle of an event too.
+/// A translucent window that is painted part by part, and as finely as its screen of now. Unlike the toolkit's own kind
+/// of raster window it leaves its pixels to its canvas. It may lose its owner at any time, in the middle of an event
+/// too.
 class RasterSurface : public QWindow {
     Q_OBJECT
 public:
-    explicit RasterSurface(X11Parts& parts);
+    explicit RasterSurface(std::unique_ptr<SurfaceCanvas> canvas);
 
     /// From now on nothing is painted or handled; deletes the window, after the event that is being delivered if there
     /// is one.
@@ -31,6 +30,8 @@ public:
 
     void update(const QRect& area); ///< asks for a paint of those points
     void updateAll();
+    /// Where the window is or was last sent, in the toolkit's points.
+    virtual QRect place() const = 0;
 
 Q_SIGNALS:
     void appeared(); ///< on the screen, and in the window manager's care
@@ -38,10 +39,9 @@ Q_SIGNALS:
 protected:
     /// Handles an event in an own way; false leaves it to the toolkit.
     virtual bool handle(QEvent& event) = 0;
-    /// Paints what lies in `area`, where nothing but the desktop picture has been painted before.
+    /// Paints what lies in `area`, where nothing but what lies below has been painted before.
     virtual void paint(QPainter& painter, const QRect& area) = 0;
-    /// Where the window lies on the root window, in its pixels.
-    virtual QPoint nativeCorner() const = 0;
+    SurfaceCanvas& canvas() const { return *m_canvas; }
     /// Does what may end in retire() because of it.
     void deliver(const std::function<void()>& work);
     bool event(QEvent* event) override;
@@ -51,10 +51,8 @@ protected:
 private:
     bool take(QEvent& event);
     void flush();
-    void flushArea(const QRect& area);
-    void flushPart(const PixelGrid& grid, const QRect& area);
 
-    X11Parts& m_parts;
+    std::unique_ptr<SurfaceCanvas> m_canvas;
     QList<QRect> m_outdated; ///< parts that are each painted in one go
     int m_delivering = 0;
     bool m_retired = false;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/window/BackdropSurface.h"
+#include "platform/toolkit/BackdropSurface.h"
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
 
 #include <utility>
 
@@ -12,19 +11,14 @@ namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
-BackdropSurface::BackdropSurface(BackdropDelegate& delegate, X11Parts& parts)
-    : RasterSurface(parts)
+BackdropSurface::BackdropSurface(BackdropDelegate& delegate, std::unique_ptr<SurfaceCanvas> canvas)
+    : RasterSurface(std::move(canvas))
     , m_delegate(delegate)
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     // Of several backdrops that appear together the last would get the focus; it is asked for expressly instead.
     setProperty("_q_showWithoutActivating", true);
     setTitle(u"Ambrelle"_s);
-}
-
-void BackdropSurface::groundChanged()
-{
-    updateAll();
 }
 
 bool BackdropSurface::handle(QEvent& event)
@@ -38,23 +32,13 @@ bool BackdropSurface::handle(QEvent& event)
 
 void BackdropSurface::paint(QPainter& painter, const QRect&)
 {
-    painter.setRenderHint(QPainter::Antialiasing);
-    m_delegate.paint(painter, QSizeF(size()));
+    paintOn(painter);
 }
 
-void BackdropSurface::shade(QPainter& painter, const QPoint& origin) const
+void BackdropSurface::paintOn(QPainter& painter) const
 {
-    painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(QPointF(nativeCorner() - origin) / devicePixelRatio());
     m_delegate.paint(painter, QSizeF(size()));
-    painter.restore();
-}
-
-QPoint BackdropSurface::nativeCorner() const
-{
-    // A screen keeps its native place under scaling, and the backdrop starts in its corner.
-    return screen()->geometry().topLeft();
 }
 
 void BackdropSurface::mousePressEvent(QMouseEvent* event)

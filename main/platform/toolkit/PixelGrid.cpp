@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/window/PixelGrid.h"
+#include "platform/toolkit/PixelGrid.h"
 
 #include <cmath>
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/window/RasterSurface.h"
-
-#include "platform/x11/window/PixelGrid.h"
+#include "platform/toolkit/RasterSurface.h"
 
 #include <QPainter>
 #include <QPaintEvent>
@@ -13,10 +11,6 @@
 namespace ambrelle {
 
 namespace {
-
-// Painted at once: what a panel needs at twice the usual pixel ratio. Meanwhile this program and the server hold as
-// many.
-constexpr int mostPixels = 1 << 19;
 
 // Points whose painting costs about as much as one painting more.
 constexpr qint64 pointsOfPart = 60'000; // no less than most widgets have
@@ -34,8 +28,8 @@ bool belongTogether(const QRect& one, const QRect& other)
 
 } // namespace
 
-RasterSurface::RasterSurface(X11Parts& parts)
-    : m_parts(parts)
+RasterSurface::RasterSurface(std::unique_ptr<SurfaceCanvas> canvas)
+    : m_canvas(std::move(canvas))
 {
     setSurfaceType(QSurface::RasterSurface);
     QSurfaceFormat translucent = format();
@@ -123,38 +117,17 @@ void RasterSurface::flush()
     const QRect whole({0, 0}, size());
     if (!isExposed() || whole.isEmpty())
         return;
+    QList<QRect> parts;
     for (const QRect& part : std::exchange(m_outdated, {})) {
-        if (!m_retired)
-            flushArea(part & whole);
+        if (const QRect visible = part & whole; !visible.isEmpty())
+            parts.append(visible);
     }
-}
-
-void RasterSurface::flushArea(const QRect& area)
-{
-    if (area.isEmpty())
+    if (parts.isEmpty() || m_retired)
         return;
-    const PixelGrid grid(devicePixelRatio());
-    const double pixelsOfRow = area.width() * devicePixelRatio() * devicePixelRatio();
-    const int rows = std::max(1, static_cast<int>(mostPixels / pixelsOfRow) / grid.step()) * grid.step();
-    for (int top = area.top(); top <= area.bottom() && !m_retired; top += rows)
-        flushPart(grid, QRect(area.left(), top, area.width(), rows) & area);
-}
-
-void RasterSurface::flushPart(const PixelGrid& grid, const QRect& area)
-{
-    const QRect part = grid.pixels(area);
-    QImage image = m_parts.compositor.isActive()
-        ? m_parts.buffer.blank(part.size())
-        : m_parts.picture.ground(m_parts.buffer, part.translated(nativeCorner()));
-    if (image.isNull())
-        return;
-    image.setDevicePixelRatio(devicePixelRatio());
-    QPainter painter(&image);
-    painter.translate(-grid.points(part).topLeft());
-    painter.setClipRect(grid.points(part));
-    paint(painter, area);
-    painter.end();
-    m_parts.buffer.show(image, part.topLeft(), static_cast<xcb_window_t>(winId()));
+    m_canvas->paint(*this, parts, [this](QPainter& painter, const QRect& area) {
+        paint(painter, area);
+        return !m_retired;
+    });
 }
 
 } // namespace ambrelle

@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/window/PanelSurface.h"
+#include "platform/toolkit/PanelSurface.h"
 
-#include "platform/x11/window/PanelAccess.h"
-#include "platform/x11/window/PixelGrid.h"
+#include "platform/toolkit/PanelAccess.h"
+#include "platform/toolkit/PixelGrid.h"
+#include "platform/toolkit/ScreenList.h"
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
 
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
-PanelSurface::PanelSurface(PanelDelegate& delegate, X11Parts& parts)
-    : RasterSurface(parts)
+PanelSurface::PanelSurface(PanelDelegate& delegate, const ScreenList& screens, std::unique_ptr<SurfaceCanvas> canvas)
+    : RasterSurface(std::move(canvas))
     , m_delegate(delegate)
-    , m_parts(parts)
+    , m_screens(screens)
     , m_pixelRatio(devicePixelRatio())
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
@@ -90,10 +90,6 @@ bool PanelSurface::handle(QEvent& event)
 void PanelSurface::paint(QPainter& painter, const QRect& area)
 {
     checkPixelRatio();
-    if (!m_parts.compositor.isActive()) {
-        for (const GroundShade* each : m_parts.shades)
-            each->shade(painter, nativeCorner());
-    }
     painter.setRenderHint(QPainter::Antialiasing);
     m_delegate.paint(painter, area);
 }
@@ -102,7 +98,7 @@ void PanelSurface::moveEvent(QMoveEvent* event)
 {
     RasterSurface::moveEvent(event);
     m_place = event->pos();
-    if (!m_parts.compositor.isActive())
+    if (canvas().showsGround())
         updateAll();
 }
 
@@ -127,14 +123,6 @@ void PanelSurface::mouseReleaseEvent(QMouseEvent* event)
     m_delegate.pointerReleased(pointerEvent(*event));
 }
 
-QPoint PanelSurface::nativeCorner() const
-{
-    // A screen keeps its native place under scaling; only distances from there are scaled.
-    // While a window manager takes the window over, position() passes through places that no move event tells of.
-    const QPointF corner = screen()->geometry().topLeft();
-    return (corner + (QPointF(m_place) - corner) * m_pixelRatio).toPoint();
-}
-
 void PanelSurface::checkPixelRatio()
 {
     if (m_pixelRatio == devicePixelRatio())
@@ -152,8 +140,7 @@ void PanelSurface::checkPixelRatio()
 
 PointerEvent PanelSurface::pointerEvent(const QMouseEvent& event) const
 {
-    return {
-        event.position(), m_parts.screens.space().turned(event.globalPosition()), event.button(), event.modifiers()};
+    return {event.position(), m_screens.space().turned(event.globalPosition()), event.button(), event.modifiers()};
 }
 
 } // namespace ambrelle

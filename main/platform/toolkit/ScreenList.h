@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "platform/toolkit/GlobalSpace.h"
 #include "platform/WindowHost.h"
-#include "platform/x11/connection/GlobalSpace.h"
 
 #include <QTimer>
 

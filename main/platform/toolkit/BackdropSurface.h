@@ -2,23 +2,22 @@
 
 #pragma once
 
+#include "platform/toolkit/RasterSurface.h"
 #include "platform/WindowHost.h"
-#include "platform/x11/window/RasterSurface.h"
 
 namespace ambrelle {
 
 /// The toolkit's side of a backdrop: a borderless window that may have the focus.
-class BackdropSurface final : public RasterSurface, public GroundShade {
+class BackdropSurface final : public RasterSurface {
 public:
-    BackdropSurface(BackdropDelegate& delegate, X11Parts& parts);
+    BackdropSurface(BackdropDelegate& delegate, std::unique_ptr<SurfaceCanvas> canvas);
 
-    void shade(QPainter& painter, const QPoint& origin) const override; ///< only until it is retired
-    void groundChanged(); ///< the desktop picture or the need for it has changed
+    QRect place() const override { return geometry(); }
+    void paintOn(QPainter& painter) const; ///< all of it; only until it is retired
 
 protected:
     bool handle(QEvent& event) override;
     void paint(QPainter& painter, const QRect& area) override;
-    QPoint nativeCorner() const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/window/PanelAccess.h"
+#include "platform/toolkit/PanelAccess.h"
 
-#include "platform/x11/window/PanelSurface.h"
+#include "platform/toolkit/PanelSurface.h"
 
 #include <QGuiApplication>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/connection/ScreenList.h"
+#include "platform/toolkit/ScreenList.h"
 
 #include "foundation/ForeignText.h"
 

@@ -2,19 +2,19 @@
 
 #pragma once
 
+#include "platform/toolkit/RasterSurface.h"
 #include "platform/WindowHost.h"
-#include "platform/x11/window/RasterSurface.h"
 
 namespace ambrelle {
 
 class PanelAccess;
+class ScreenList;
 
-/// The toolkit's side of a panel: clears what is to be painted, or puts the desktop picture there where nothing
-/// composites, and hands painting and the pointer on to the delegate.
+/// The toolkit's side of a panel: hands painting and the pointer on to the delegate.
 class PanelSurface final : public RasterSurface {
     Q_OBJECT
 public:
-    PanelSurface(PanelDelegate& delegate, X11Parts& parts);
+    PanelSurface(PanelDelegate& delegate, const ScreenList& screens, std::unique_ptr<SurfaceCanvas> canvas);
     ~PanelSurface() override;
 
     void moveTo(const QRect& geometry);
@@ -23,9 +23,8 @@ public:
     void groundShaded(); ///< backdrops came or went
     void namesChanged();
 
-    /// Where the window is or was last sent, in points from the upper left corner. While a window manager takes the
-    /// window over, and sometimes from then on, geometry() tells another place.
-    QRect place() const { return {m_place, size()}; }
+    /// While a window manager takes the window over, and sometimes from then on, geometry() tells another place.
+    QRect place() const override { return {m_place, size()}; }
     const PanelDelegate* delegate() const { return isRetired() ? nullptr : &m_delegate; } ///< null once retired
     void pressButton(qsizetype index); ///< may end in retire()
     QAccessibleInterface* accessibleRoot() const override;
@@ -39,7 +38,6 @@ Q_SIGNALS:
 protected:
     bool handle(QEvent& event) override;
     void paint(QPainter& painter, const QRect& area) override;
-    QPoint nativeCorner() const override;
     void moveEvent(QMoveEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -50,7 +48,7 @@ private:
     PointerEvent pointerEvent(const QMouseEvent& event) const;
 
     PanelDelegate& m_delegate;
-    X11Parts& m_parts;
+    const ScreenList& m_screens;
     QPoint m_place; ///< where the window is or was last sent
     double m_pixelRatio;
     PanelAccess* m_access = nullptr;

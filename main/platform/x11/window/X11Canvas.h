@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/toolkit/RasterSurface.h"
+#include "platform/x11/window/X11Parts.h"
+
+namespace ambrelle {
+
+class PixelGrid;
+
+/// Paints part by part in a buffer that all windows share, over a copy of the desktop picture where nothing composites:
+/// the window keeps no copy of its pixels.
+class X11Canvas final : public SurfaceCanvas {
+public:
+    /// Over backdrops: what they draw lies below too.
+    enum class Ground { picture, pictureAndShades };
+
+    X11Canvas(X11Parts& parts, Ground ground);
+
+    void paint(RasterSurface& surface, const QList<QRect>& parts, const Paint& paint) override;
+    bool showsGround() const override { return !m_parts.compositor.isActive(); }
+
+    /// The pixel of the root window where the surface begins.
+    static QPoint nativeCorner(const RasterSurface& surface);
+
+private:
+    bool paintArea(RasterSurface& surface, const QRect& area, const Paint& paint);
+    bool paintPart(RasterSurface& surface, const PixelGrid& grid, const QRect& area, const Paint& paint);
+
+    X11Parts& m_parts;
+    Ground m_ground;
+};
+
+} // namespace ambrelle
