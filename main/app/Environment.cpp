@@ -12,6 +12,7 @@ namespace ambrelle {
 namespace {
 
 constexpr const char* platformName = "QT_QPA_PLATFORM";
+constexpr const char* bareSurfacesName = "QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"; // read with every window
 constexpr const char* idleTimeName = "QT_QPA_UPDATE_IDLE_TIME"; // the toolkit reads it when it first repaints
 
 } // namespace
@@ -22,6 +23,10 @@ Environment::Environment(const QByteArray& plugin)
     // value would not do: the toolkit then looks elsewhere.
     put("XDG_CURRENT_DESKTOP", "none");
     put("QT_XCB_GL_INTEGRATION", "none");
+    if (plugin.startsWith("wayland")) {
+        put(bareSurfacesName, "1");
+        put("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm"); // a graphics library would cost 50 MB
+    }
     // Repaints wait for no further timer: what changes together already comes in one round.
     put(idleTimeName, "0");
     put(platformName, plugin);
@@ -49,7 +54,7 @@ void Environment::restore()
 {
     const QList<Variable> replaced = m_replaced;
     for (const Variable& variable : replaced) {
-        if (variable.name != idleTimeName)
+        if (variable.name != idleTimeName && variable.name != bareSurfacesName)
             restore(variable.name);
     }
     QCoreApplication::instance()->installEventFilter(this);

@@ -17,8 +17,8 @@ public:
 
     /// The platform plugin that the user asks for; empty: none in particular.
     static QByteArray wishedPlugin();
-    /// The variables that child processes inherit are the user's again, at the latest when a window is first repainted.
-    /// Needs the application object.
+    /// The variables that child processes inherit are the user's again, at the latest when a window is first repainted;
+    /// but for the one that a Wayland host takes from programs itself. Needs the application object.
     void restore();
 
 protected:

@@ -4,6 +4,7 @@
 
 #include "platform/headless/HeadlessMachine.h"
 #include "platform/linux/kernel/SystemClock.h"
+#include "platform/wayland/WaylandMachine.h"
 #include "platform/x11/X11Machine.h"
 
 #include <algorithm>
@@ -34,6 +35,7 @@ bool standsFor(const HostOffer& offer, const QByteArray& wished)
 QList<HostOffer> hostOffers()
 {
     return {
+        WaylandMachine::offer(),
         X11Machine::offer(),
     };
 }

@@ -9,6 +9,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <utility>
+
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
@@ -105,6 +107,7 @@ void PanelSurface::moveEvent(QMoveEvent* event)
 void PanelSurface::mousePressEvent(QMouseEvent* event)
 {
     Q_EMIT pressed();
+    setHeld(true);
     m_delegate.pointerPressed(pointerEvent(*event));
 }
 
@@ -115,12 +118,20 @@ void PanelSurface::mouseMoveEvent(QMouseEvent* event)
         if (event->buttons().testFlag(held))
             moved.button = held;
     }
+    setHeld(event->buttons() != Qt::NoButton);
     m_delegate.pointerMoved(moved);
 }
 
 void PanelSurface::mouseReleaseEvent(QMouseEvent* event)
 {
     m_delegate.pointerReleased(pointerEvent(*event));
+    setHeld(event->buttons() != Qt::NoButton);
+}
+
+void PanelSurface::setHeld(bool held)
+{
+    if (std::exchange(m_held, held) && !held && !isRetired())
+        Q_EMIT released();
 }
 
 void PanelSurface::checkPixelRatio()

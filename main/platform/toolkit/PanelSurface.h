@@ -25,6 +25,7 @@ public:
 
     /// While a window manager takes the window over, and sometimes from then on, geometry() tells another place.
     QRect place() const override { return {m_place, size()}; }
+    bool isHeld() const { return m_held; } ///< some button went down on it and is not up again
     const PanelDelegate* delegate() const { return isRetired() ? nullptr : &m_delegate; } ///< null once retired
     void pressButton(qsizetype index); ///< may end in retire()
     QAccessibleInterface* accessibleRoot() const override;
@@ -34,6 +35,7 @@ public:
 Q_SIGNALS:
     void pixelRatioChanged();
     void pressed(); ///< before the delegate hears of it
+    void released(); ///< no button is held any more, and the delegate has heard of it
 
 protected:
     bool handle(QEvent& event) override;
@@ -45,12 +47,14 @@ protected:
 
 private:
     void checkPixelRatio();
+    void setHeld(bool held);
     PointerEvent pointerEvent(const QMouseEvent& event) const;
 
     PanelDelegate& m_delegate;
     const ScreenList& m_screens;
     QPoint m_place; ///< where the window is or was last sent
     double m_pixelRatio;
+    bool m_held = false;
     PanelAccess* m_access = nullptr;
 };
 

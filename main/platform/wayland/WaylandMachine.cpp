@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/wayland/WaylandMachine.h"
+
+#include <cstring>
+
+namespace ambrelle {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Asked on a connection of its own: the toolkit has none yet.
+bool hasLayerShell(wl_display* display)
+{
+    static const wl_registry_listener listener{
+        .global =
+            [](void* found, wl_registry*, uint32_t, const char* interface, uint32_t) {
+                if (std::strcmp(interface, zwlr_layer_shell_v1_interface.name) == 0)
+                    *static_cast<bool*>(found) = true;
+            },
+        .global_remove = [](void*, wl_registry*, uint32_t) {},
+    };
+    bool found = false;
+    const Handle<wl_registry, wl_registry_destroy> registry(wl_display_get_registry(display));
+    wl_registry_add_listener(registry.get(), &listener, &found);
+    return wl_display_roundtrip(display) >= 0 && found;
+}
+
+QString whyNoLayers()
+{
+    if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_SOCKET"))
+        return u"The variable WAYLAND_DISPLAY names no Wayland display."_s;
+    const Handle<wl_display, wl_display_disconnect> display(wl_display_connect(nullptr));
+    if (!display)
+        return u"Ambrelle cannot reach the Wayland display “%1”."_s.arg(qEnvironmentVariable("WAYLAND_DISPLAY"));
+    return hasLayerShell(display.get()) ? QString() : u"The Wayland compositor offers no layer shell."_s;
+}
+
+std::unique_ptr<Machine> makeWaylandMachine(const Machine::Wishes& wishes)
+{
+    auto machine = std::make_unique<WaylandMachine>(wishes);
+    return machine->windows().isAvailable() ? std::move(machine) : nullptr;
+}
+
+} // namespace
+
+WaylandMachine::WaylandMachine(const Wishes& wishes)
+    : m_system(wishes, [] { return std::unique_ptr<DesktopPicture>(); })
+{
+}
+
+Machine::Ports WaylandMachine::ports()
+{
+    return {
+        .clock = m_system.clock,
+        .windows = m_windows,
+        .otherWindows = m_unknown.otherWindows,
+        .visibility = m_system.visibility,
+        .input = m_system.input,
+        .appearance = m_system.appearance,
+        .desktopPicture = *m_system.desktopPicture,
+        .trays = {&m_system.tray},
+        .programs = m_system.programs,
+        .loginItem = m_system.loginItem,
+        .announcer = m_system.announcer,
+        .sources = m_system.sources.sources(),
+        .devices = {&m_system.bluetooth, &m_system.power},
+        .http = m_system.http,
+        .location = m_system.location,
+        .players = m_system.players,
+        .calendars = m_system.calendars,
+        .door = m_system.door,
+        .desktopNames = m_system.session.names(),
+        .releases = m_system.releases,
+        .programFolder = m_system.programFolder,
+    };
+}
+
+HostOffer WaylandMachine::offer()
+{
+    return {.plugins = {"wayland"}, .whyNot = whyNoLayers, .make = makeWaylandMachine};
+}
+
+} // namespace ambrelle

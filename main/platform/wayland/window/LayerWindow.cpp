@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/wayland/window/LayerWindow.h"
+
+#include "platform/wayland/connection/ToolkitWayland.h"
+
+#include <QWindow>
+
+#include <cmath>
+#include <utility>
+
+namespace ambrelle {
+
+LayerWindow::LayerWindow(WaylandParts& parts, QWindow& window, ShellLayer layer)
+    : m_parts(parts)
+    , m_window(window)
+    , m_layer(layer)
+{
+    // The toolkit makes a bare surface then, one that the compositor does not manage.
+    m_window.setFlag(Qt::BypassWindowManagerHint);
+    m_parts.windows.append(this);
+}
+
+LayerWindow::~LayerWindow()
+{
+    m_parts.windows.removeOne(this);
+    close();
+}
+
+wl_surface* LayerWindow::surface() const
+{
+    return m_shown ? toolkitSurface(&m_window) : nullptr;
+}
+
+void LayerWindow::setPlace(const QRect& place)
+{
+    m_place = place;
+    const LayerPlace at = LayerPlace::of(place);
+    const bool elsewhere = at.screen != m_at.screen;
+    m_at = at;
+    if (at.screen && m_window.screen() != at.screen)
+        m_window.setScreen(at.screen);
+    m_window.setGeometry(place);
+    if (!m_shown)
+        return;
+    if (elsewhere || !m_role)
+        return open(); // a surface belongs to one output
+    m_role->setPlace(at.place);
+    m_role->commit();
+}
+
+void LayerWindow::replace()
+{
+    if (m_shown && LayerPlace::of(m_place).screen != m_at.screen)
+        m_at.screen = nullptr;
+    setPlace(m_place);
+}
+
+void LayerWindow::setLayer(ShellLayer layer)
+{
+    if (layer == m_layer)
+        return;
+    m_layer = layer;
+    if (!m_role)
+        return;
+    m_parts.windows.move(m_parts.windows.indexOf(this), m_parts.windows.size() - 1);
+    m_role->setLayer(layer);
+    m_role->commit();
+}
+
+/// A surface that comes to a layer stands above all that are there.
+void LayerWindow::raise()
+{
+    m_parts.windows.move(m_parts.windows.indexOf(this), m_parts.windows.size() - 1);
+    if (!m_role)
+        return;
+    m_role->setLayer(m_layer == ShellLayer::overlay ? ShellLayer::top : ShellLayer::overlay);
+    m_role->commit();
+    m_role->setLayer(m_layer);
+    m_role->commit();
+}
+
+void LayerWindow::setTakesKeyboard(bool takes)
+{
+    if (std::exchange(m_takesKeyboard, takes) == takes || !m_role)
+        return;
+    m_role->setTakesKeyboard(takes);
+    m_role->commit();
+}
+
+void LayerWindow::setInputArea(const std::optional<QRect>& area)
+{
+    if (m_inputArea == area)
+        return;
+    m_inputArea = area;
+    applyInput();
+    if (isReady())
+        m_role->commit();
+}
+
+void LayerWindow::applyInput() const
+{
+    wl_surface* const target = surface();
+    if (!target)
+        return;
+    Handle<wl_region, wl_region_destroy> region;
+    if (m_inputArea) {
+        region.reset(wl_compositor_create_region(m_parts.connection.compositor()));
+        const auto points = [this](int value) { return static_cast<int>(std::lround(value * m_at.factor)); };
+        if (!m_inputArea->isEmpty())
+            wl_region_add(region.get(), points(m_inputArea->x()), points(m_inputArea->y()),
+                points(m_inputArea->width()), points(m_inputArea->height()));
+    }
+    wl_surface_set_input_region(target, region.get());
+}
+
+void LayerWindow::show()
+{
+    if (m_shown)
+        return;
+    m_shown = true;
+    m_window.show();
+    open();
+}
+
+void LayerWindow::hide()
+{
+    if (!m_shown)
+        return;
+    close();
+    m_shown = false;
+    m_window.hide();
+}
+
+void LayerWindow::open()
+{
+    wl_surface* const target = surface();
+    close();
+    wl_output* const output = toolkitOutput(m_at.screen);
+    if (!target || !output)
+        return; // until a screen comes
+    wl_surface_attach(target, nullptr, 0, 0); // it may have been on another output
+    wl_surface_commit(target);
+    m_role = std::make_unique<LayerRole>(m_parts.connection, target, output, m_layer);
+    m_role->ready = [this] {
+        if (ready)
+            ready();
+    };
+    m_role->closed = [this] { close(); };
+    m_role->setPlace(m_at.place);
+    m_role->setTakesKeyboard(m_takesKeyboard);
+    applyInput();
+    m_role->commit();
+}
+
+void LayerWindow::close()
+{
+    m_role.reset();
+}
+
+} // namespace ambrelle
