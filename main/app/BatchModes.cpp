@@ -140,6 +140,8 @@ int runLive(const CommandLine& commandLine, const QList<Skin>& skins, int& argc,
     if (!choice.whyNot.isEmpty())
         return refuse(choice.whyNot);
     BatchSurroundings::prepare(choice.plugin);
+    for (const auto& [name, value] : choice.host.variables)
+        qputenv(name, value);
     const QApplication application(argc, argv);
     const EndingSignals signals;
     held.release();

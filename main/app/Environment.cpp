@@ -12,21 +12,18 @@ namespace ambrelle {
 namespace {
 
 constexpr const char* platformName = "QT_QPA_PLATFORM";
-constexpr const char* bareSurfacesName = "QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"; // read with every window
 constexpr const char* idleTimeName = "QT_QPA_UPDATE_IDLE_TIME"; // the toolkit reads it when it first repaints
 
 } // namespace
 
-Environment::Environment(const QByteArray& plugin)
+Environment::Environment(const QByteArray& plugin, const Variables& lasting)
 {
     // A desktop's own toolkit theme would load that desktop's whole toolkit, for widgets that draw themselves. An empty
     // value would not do: the toolkit then looks elsewhere.
     put("XDG_CURRENT_DESKTOP", "none");
     put("QT_XCB_GL_INTEGRATION", "none");
-    if (plugin.startsWith("wayland")) {
-        put(bareSurfacesName, "1");
-        put("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm"); // a graphics library would cost 50 MB
-    }
+    for (const auto& [name, value] : lasting)
+        put(name, value, true);
     // Repaints wait for no further timer: what changes together already comes in one round.
     put(idleTimeName, "0");
     put(platformName, plugin);
@@ -39,9 +36,9 @@ Environment::~Environment()
         restore(variable.name);
 }
 
-void Environment::put(const char* name, const QByteArray& value)
+void Environment::put(const char* name, const QByteArray& value, bool lasts)
 {
-    m_replaced.append({name, qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray()});
+    m_replaced.append({name, qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray(), lasts});
     qputenv(name, value);
 }
 
@@ -54,7 +51,7 @@ void Environment::restore()
 {
     const QList<Variable> replaced = m_replaced;
     for (const Variable& variable : replaced) {
-        if (variable.name != idleTimeName && variable.name != bareSurfacesName)
+        if (variable.name != idleTimeName && !variable.lasts)
             restore(variable.name);
     }
     QCoreApplication::instance()->installEventFilter(this);

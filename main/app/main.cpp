@@ -115,7 +115,7 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
     if (!choice.whyNot.isEmpty())
         return complain(choice.whyNot);
-    Environment environment(choice.plugin);
+    Environment environment(choice.plugin, choice.host.variables);
     // While the toolkit connects. It reads the environment, which nothing changes meanwhile.
     std::jthread fonts(&Fonts::prepare);
     QApplication application(argc, argv);
@@ -179,8 +179,8 @@ int main(int argc, char** argv)
     const CommandLine commandLine = CommandLine::parse(argumentsOf(argc, argv));
     if (commandLine.isBatch())
         BatchSurroundings::hideUser();
-    // What is wrong with a picture shows where the picture would be.
-    QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_s);
+    // What is wrong with a picture shows where the picture would be; what the toolkit misses on Wayland is not wanted.
+    QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.qpa.wayland.warning=false"_s);
     QCoreApplication::setApplicationName(u"ambrelle"_s);
     QCoreApplication::setApplicationVersion(Information::read().version);
     QGuiApplication::setApplicationDisplayName(u"Ambrelle"_s);

@@ -77,7 +77,7 @@ TEST(RelaunchTest, WhatTheToolkitWasToldIsUntold)
     const test::Variable other("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_XCB_GL_INTEGRATION");
     {
-        Environment environment("xcb");
+        Environment environment("xcb", {});
         EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "xcb");
         EXPECT_NE(qgetenv("QT_QPA_UPDATE_IDLE_TIME"), "7");
         environment.restore(); // and no window was ever painted

@@ -2,13 +2,22 @@
 
 #include "platform/wayland/WaylandMachine.h"
 
+#include <array>
 #include <cstring>
+#include <utility>
 
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// The toolkit reads them with its windows: panels are surfaces that it has to leave bare, and a graphics library would
+// cost 50 MB.
+constexpr std::array<std::pair<const char*, const char*>, 2> toolkitVariables{{
+    {"QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1"},
+    {"QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm"},
+}};
 
 /// Asked on a connection of its own: the toolkit has none yet.
 bool hasLayerShell(wl_display* display)
@@ -48,6 +57,23 @@ std::unique_ptr<Machine> makeWaylandMachine(const Machine::Wishes& wishes)
 WaylandMachine::WaylandMachine(const Wishes& wishes)
     : m_system(wishes, [] { return std::unique_ptr<DesktopPicture>(); })
 {
+    if (m_windows.isAvailable())
+        m_system.programs.setProgramEnvironment([this](const auto& start) { givePrograms(start); });
+}
+
+/// The program that the user opens may come to the front, and knows nothing of how this one's surfaces are made.
+void WaylandMachine::givePrograms(const std::function<void(const QProcessEnvironment&)>& start)
+{
+    m_windows.activation().request([start](const QString& token) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const auto& [name, value] : toolkitVariables)
+            environment.remove(QString::fromLatin1(name));
+        if (!token.isEmpty()) {
+            environment.insert(u"XDG_ACTIVATION_TOKEN"_s, token);
+            environment.insert(u"DESKTOP_STARTUP_ID"_s, token); // for programs that run on XWayland
+        }
+        start(environment);
+    });
 }
 
 Machine::Ports WaylandMachine::ports()
@@ -79,7 +105,10 @@ Machine::Ports WaylandMachine::ports()
 
 HostOffer WaylandMachine::offer()
 {
-    return {.plugins = {"wayland"}, .whyNot = whyNoLayers, .make = makeWaylandMachine};
+    return {.plugins = {"wayland"},
+        .whyNot = whyNoLayers,
+        .make = makeWaylandMachine,
+        .variables = {toolkitVariables.begin(), toolkitVariables.end()}};
 }
 
 } // namespace ambrelle

@@ -22,6 +22,8 @@ public:
     static HostOffer offer();
 
 private:
+    void givePrograms(const std::function<void(const QProcessEnvironment&)>& start);
+
     LinuxSystem m_system;
     WaylandWindowHost m_windows;
     HeadlessDesktop m_unknown;

@@ -96,6 +96,14 @@ void WaylandWindowHost::backdropsChanged()
         panel->setOverWindows(!m_backdrops.isEmpty());
 }
 
+bool WaylandWindowHost::admit(QWindow& window, const QString& token)
+{
+    if (!m_parts)
+        return false;
+    m_parts->activation.activate(window, token);
+    return true;
+}
+
 void WaylandWindowHost::screensSettled()
 {
     for (WaylandPanel* panel : m_panels)

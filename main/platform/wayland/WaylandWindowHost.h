@@ -26,6 +26,11 @@ public:
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override; ///< likewise
     std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) override; ///< likewise
 
+    bool admit(QWindow& window, const QString& token) override;
+
+    /// Only while available.
+    Activation& activation() { return m_parts->activation; }
+
 private:
     void take(WaylandPanel& panel);
     void raiseAboveScene(const WaylandPanel& shown);

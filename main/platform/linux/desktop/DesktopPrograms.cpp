@@ -48,14 +48,14 @@ constexpr std::array folderOpeners{
 
 constexpr int fileManagerPatience = 20000; // milliseconds; the bus may have to start it
 
-bool runTool(const Launcher& launcher, const QString& argument)
+bool startDetached(const QStringList& command, const QProcessEnvironment& environment)
 {
-    const QString tool = QStandardPaths::findExecutable(launcher.program);
-    if (tool.isEmpty())
-        return false;
-    QStringList arguments{launcher.verb, argument};
-    arguments.removeAll(QString());
-    return QProcess::startDetached(tool, arguments, QDir::homePath());
+    QProcess process;
+    process.setProgram(command.first());
+    process.setArguments(command.sliced(1));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(QDir::homePath());
+    return process.startDetached();
 }
 
 } // namespace
@@ -102,27 +102,46 @@ void DesktopPrograms::open(const QString& program)
     const QString file = usableEntry(program);
     if (file.isEmpty())
         return;
+    QList<QStringList> commands;
     for (const Launcher& launcher : launchers) {
-        if (!launcher.desktop.isEmpty() && !m_desktops.contains(launcher.desktop))
+        const QString tool = QStandardPaths::findExecutable(launcher.program);
+        if (tool.isEmpty() || (!launcher.desktop.isEmpty() && !m_desktops.contains(launcher.desktop)))
             continue;
-        if (runTool(launcher, file))
-            return;
+        commands.append({tool, launcher.verb, file});
     }
+    start(commands);
+}
+
+/// The first of the commands that can be started; their empty arguments are none.
+void DesktopPrograms::start(QList<QStringList> commands)
+{
+    const auto startFirst = [commands = std::move(commands)](const QProcessEnvironment& environment) {
+        for (QStringList command : commands) {
+            command.removeAll(QString());
+            if (startDetached(command, environment))
+                return;
+        }
+    };
+    if (m_environment)
+        m_environment(startFirst);
+    else
+        startFirst(QProcessEnvironment::systemEnvironment());
 }
 
 QString DesktopPrograms::openFolder(const QString& folder)
 {
+    QList<QStringList> commands;
     for (const Launcher& launcher : folderOpeners) {
         const QString tool = QStandardPaths::findExecutable(launcher.program);
-        if (tool.isEmpty())
-            continue;
         // Another process makes the folder: its disk may be slow.
-        QStringList arguments{u"-c"_s, u"mkdir -p -- \"$0\"; exec \"$@\" \"$0\""_s, folder, tool, launcher.verb};
-        arguments.removeAll(QString());
-        if (QProcess::startDetached(u"/bin/sh"_s, arguments, QDir::homePath()))
-            return {};
+        const QString script = u"mkdir -p -- \"$0\"; exec \"$@\" \"$0\""_s;
+        if (!tool.isEmpty())
+            commands.append({u"/bin/sh"_s, u"-c"_s, script, folder, tool, launcher.verb});
     }
-    return Wording::tr("No program that opens “%1” is installed.").arg(folder);
+    if (commands.isEmpty())
+        return Wording::tr("No program that opens “%1” is installed.").arg(folder);
+    start(commands);
+    return {};
 }
 
 void DesktopPrograms::showInFolder(const QString& file, Done done)

@@ -10,11 +10,20 @@
 #include <qpa/qplatformwindow.h>
 
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 namespace ambrelle {
 
 namespace {
+
+/// The toolkit would wake other threads for areas of this size, which costs more than it gains.
+void clear(QImage& image, const QRect& part)
+{
+    const auto bytes = static_cast<std::size_t>(part.width()) * sizeof(QRgb);
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        std::memset(reinterpret_cast<QRgb*>(image.scanLine(y)) + part.left(), 0, bytes);
+}
 
 /// Makes what was painted there more transparent.
 void fade(QImage& image, const QRect& part, double opacity)
@@ -45,13 +54,11 @@ void WaylandCanvas::paint(RasterSurface& surface, const QList<QRect>& parts, con
         return; // no memory
     QImage image = m_current->image();
     for (const QRect& area : all ? QList<QRect>{whole} : parts) {
-        const QRect part = grid.pixels(area);
+        const QRect part = grid.pixels(area) & QRect({0, 0}, m_current->size());
+        clear(image, part);
         image.setDevicePixelRatio(ratio);
         QPainter painter(&image);
         painter.setClipRect(grid.points(part));
-        painter.setCompositionMode(QPainter::CompositionMode_Clear);
-        painter.fillRect(grid.points(part), Qt::transparent);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         const bool goesOn = paint(painter, area);
         painter.end();
         if (!goesOn)
@@ -73,10 +80,8 @@ bool WaylandCanvas::prepare(QSize pixels)
         return false;
     std::unique_ptr<PixelBuffer> fresh = PixelBuffer::make(m_memory, pixels);
     if (fits && fresh) {
-        QImage copy = fresh->image();
-        QPainter painter(&copy);
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.drawImage(0, 0, m_current->image());
+        const QImage former = m_current->image();
+        std::memcpy(fresh->image().bits(), former.constBits(), static_cast<std::size_t>(former.sizeInBytes()));
     }
     if (m_current && m_current->isBeingRead()) {
         m_current->forgetPixels();

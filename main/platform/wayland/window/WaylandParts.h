@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/toolkit/ScreenList.h"
-#include "platform/wayland/connection/WaylandConnection.h"
+#include "platform/wayland/connection/Activation.h"
 
 namespace ambrelle {
 
@@ -17,6 +17,7 @@ struct WaylandParts {
     }
 
     WaylandConnection connection;
+    Activation activation{connection};
     ScreenList screens;
     QList<LayerWindow*> windows; ///< all of the layers, the last raised last
 };
