@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/wayland/IdleWatch.h"
+#include "platform/wayland/connection/ToolkitWayland.h"
+#include "support/WaitUntil.h"
+#include "support/wayland/VirtualInput.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrelle::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+struct IdleWatchTest : testing::Test {
+    const WaylandConnection connection{toolkitDisplay()};
+    IdleWatch watch{&connection, 300ms};
+    QObject asker;
+
+    std::optional<double> seconds()
+    {
+        std::optional<double> told;
+        watch.secondsSinceInput(&asker, [&](std::optional<double> answer) { told = answer; });
+        return told;
+    }
+};
+
+TEST_F(IdleWatchTest, TellsTheTimeSinceTheLastInput)
+{
+    const auto input = VirtualInput::plugIn();
+    ASSERT_TRUE(input);
+    ASSERT_TRUE(watch.isAvailable());
+    int changes = 0;
+    QObject::connect(&watch, &IdleWatch::idleChanged, &asker, [&] { ++changes; });
+    EXPECT_FALSE(seconds()) << "not started";
+    watch.start();
+    EXPECT_FALSE(seconds()) << "nothing is known yet";
+    ASSERT_TRUE(waitUntil([this] { return seconds() > 0.5; }));
+    EXPECT_LT(*seconds(), 60);
+    EXPECT_EQ(changes, 1);
+    input->moveBy({5, 0});
+    ASSERT_TRUE(waitUntil([this] { return seconds() == 0; }));
+    ASSERT_TRUE(waitUntil([this] { return seconds() >= 0.3; }));
+    input->setKey(u"a"_s, true);
+    input->setKey(u"a"_s, false);
+    EXPECT_TRUE(waitUntil([&] { return changes == 4; }));
+    EXPECT_EQ(seconds(), 0);
+}
+
+TEST_F(IdleWatchTest, TellsNothingOnceStopped)
+{
+    watch.start();
+    ASSERT_TRUE(waitUntil([this] { return seconds() > 0; }));
+    int changes = 0;
+    QObject::connect(&watch, &IdleWatch::idleChanged, &asker, [&](bool idle) { changes += idle ? 100 : 1; });
+    watch.stop();
+    EXPECT_FALSE(seconds());
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(waitUntil([&] { return changes > 1; }, 500));
+    watch.start();
+    EXPECT_TRUE(waitUntil([&] { return changes == 101; })) << "and may be started again";
+}
+
+TEST_F(IdleWatchTest, IsMissingWithoutACompositor)
+{
+    IdleWatch none(nullptr);
+    EXPECT_FALSE(none.isAvailable());
+    EXPECT_FALSE(none.whyNot().isEmpty());
+    none.start();
+    bool isTold = false;
+    none.secondsSinceInput(&asker, [&](std::optional<double> seconds) { isTold = !seconds; });
+    EXPECT_TRUE(isTold);
+}
+
+} // namespace
+} // namespace ambrelle::test
