@@ -27,6 +27,7 @@ public:
 
     /// `path` is where Sway listens; `events` are the kinds to hear of, those that this Sway does not know aside.
     SwaySocket(const QString& path, const QStringList& events, std::chrono::milliseconds pause = usualPause);
+    ~SwaySocket() override { close(); } // silent: the connection tells of its end
 
     void open(); ///< does nothing while open
     void close(); ///< nothing more is told or answered
