@@ -51,10 +51,10 @@ void collectWindows(const QJsonObject& node, QList<SwayWindow>& windows)
     for (const QLatin1StringView kind : {"nodes"_L1, "floating_nodes"_L1}) {
         for (const QJsonValue& each : node.value(kind).toArray()) {
             const QJsonObject child = each.toObject();
-            // Only windows have a process. What is put aside lies on an output that is none.
+            // Only windows have a process.
             if (child.contains("pid"_L1))
                 collectWindow(child, node, windows);
-            else if (child.value("name"_L1) != "__i3"_L1)
+            else
                 collectWindows(child, windows);
         }
     }
