@@ -80,7 +80,7 @@ struct OnSwayTest : testing::Test {
         ASSERT_TRUE(becomes({}));
     }
     /// Whether just those windows come to be there, as Sway counts (y down).
-    bool becomes(const QList<QRectF>& places)
+    bool becomes(const QList<QRectF>& places) const
     {
         const bool is = waitUntil(
             [&] {
