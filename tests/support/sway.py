@@ -84,6 +84,24 @@ class Desktop:
                 found[node["name"]] = node
         return found
 
+    def float(self, title, x, y, width, height):
+        """Makes a window float there, without a border."""
+        wait_for(f"window {title}", lambda: title in self.windows())
+        self.command(f"[title=^{title}$] floating enable, border none")
+        rect = {"x": x, "y": y, "width": width, "height": height}
+        told = 0.0
+
+        def look():
+            nonlocal told
+            if self.windows()[title]["rect"] == rect:
+                return True
+            # A window that is just about to change its size does so after whatever it was told.
+            if time.monotonic() - told > 2:
+                self.command(f"[title=^{title}$] resize set {width} {height}, move absolute position {x} {y}")
+                told = time.monotonic()
+            return False
+        wait_for(f"{title} in its place", look)
+
     @staticmethod
     def picture(file, output=None):
         """Writes what is seen to a PNG: in pixels of an output, or of all in pixels of the largest scale."""

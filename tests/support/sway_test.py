@@ -22,7 +22,7 @@ windows = OtherWindows()
 devices = Devices(desktop)
 for name, colour, place in (("left", "#ff2000", (100, 100)), ("right", "#0020ff", (1500, 300))):
     windows.open(name, colour)
-    desktop.command(f"[title={name}] floating enable, border none, resize set 300 200, move absolute position {place[0]} {place[1]}")
+    desktop.float(name, *place, 300, 200)
     wait_for(f"{name} window", lambda x=place[0], y=place[1], colour=colour: desktop.pixel(x + 20, y + 20) == colour[1:])
 assert desktop.pixel(60, 100) not in ("ff2000", "0020ff")
 assert set(desktop.windows()) == {"left", "right"}
