@@ -42,11 +42,6 @@ void Environment::put(const char* name, const QByteArray& value, bool lasts)
     qputenv(name, value);
 }
 
-QByteArray Environment::wishedPlugin()
-{
-    return qgetenv(platformName);
-}
-
 void Environment::restore()
 {
     const QList<Variable> replaced = m_replaced;

@@ -19,8 +19,6 @@ public:
     Environment(const QByteArray& plugin, const Variables& lasting);
     ~Environment() override; ///< what is not restored yet is now
 
-    /// The platform plugin that the user asks for; empty: none in particular.
-    static QByteArray wishedPlugin();
     /// The variables that child processes inherit are the user's again, at the latest when a window is first repainted;
     /// but for what lasts. Needs the application object.
     void restore();

@@ -2,6 +2,7 @@
 
 #include "app/Hosts.h"
 
+#include "foundation/UserDefaults.h"
 #include "platform/headless/HeadlessMachine.h"
 #include "platform/linux/kernel/SystemClock.h"
 #include "platform/wayland/WaylandMachine.h"
@@ -38,6 +39,17 @@ QList<HostOffer> hostOffers()
         WaylandMachine::offer(),
         X11Machine::offer(),
     };
+}
+
+QByteArray wishedPlugin(const UserDefaults& defaults)
+{
+    const QByteArray variable = qgetenv("QT_QPA_PLATFORM");
+    if (!variable.isEmpty())
+        return variable;
+    const QString setting = defaults.string(u"windowSystem"_s).value_or(QString());
+    if (setting == "x11"_L1)
+        return "xcb";
+    return setting == "wayland"_L1 ? "wayland" : QByteArray();
 }
 
 HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished)

@@ -7,6 +7,8 @@
 
 namespace ambrelle {
 
+class UserDefaults;
+
 /// The host that the program runs on.
 struct HostChoice {
     HostOffer host;
@@ -18,7 +20,11 @@ struct HostChoice {
 /// The hosts this program knows, the preferred one first.
 QList<HostOffer> hostOffers();
 
-/// The first of the offers that can show windows. `wished` is the user's QT_QPA_PLATFORM: where it is not empty, only
+/// The platform plugin that the user asks for: by the variable QT_QPA_PLATFORM, else by the setting "windowSystem",
+/// which is "x11" or "wayland". Empty: none in particular.
+QByteArray wishedPlugin(const UserDefaults& defaults);
+
+/// The first of the offers that can show windows. `wished` is the user's plugin: where it is not empty, only
 /// hosts that stand for that plugin count, and if none does, the program runs on that plugin without showing widgets.
 HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished);
 

@@ -108,11 +108,12 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     instance.keepLock(); // settings are flushed after this function
     // Where no version could show widgets, as on a text console, the newer one is not judged by it.
     if (!namesDisplay()) {
-        if (const QString whyNot = chooseHost(hostOffers(), Environment::wishedPlugin()).whyNot; !whyNot.isEmpty())
+        if (const QString whyNot = chooseHost(hostOffers(), wishedPlugin(UserDefaults::shared())).whyNot;
+            !whyNot.isEmpty())
             return complain(whyNot);
     }
     FirstStarts firstStarts(program, argv);
-    const HostChoice choice = chooseHost(hostOffers(), Environment::wishedPlugin());
+    const HostChoice choice = chooseHost(hostOffers(), wishedPlugin(UserDefaults::shared()));
     if (!choice.whyNot.isEmpty())
         return complain(choice.whyNot);
     Environment environment(choice.plugin, choice.host.variables);

@@ -3,7 +3,9 @@
 #include "app/Hosts.h"
 
 #include "foundation/Clock.h"
+#include "foundation/UserDefaults.h"
 #include "platform/DesktopPicture.h"
+#include "support/Variable.h"
 
 #include <gtest/gtest.h>
 
@@ -40,6 +42,27 @@ TEST(Hosts, TheFirstThatWorksAndIsWishedIsTaken)
         EXPECT_EQ(choice.plugin, each.plugin) << each.what;
         EXPECT_EQ(choice.whyNot, each.whyNot) << each.what;
     }
+}
+
+TEST(Hosts, TheUserAsksForOneByVariableElseBySetting)
+{
+    UserDefaults defaults = UserDefaults::temporary();
+    const test::Variable unset("QT_QPA_PLATFORM", "");
+    EXPECT_EQ(wishedPlugin(defaults), QByteArray());
+    defaults.set(u"windowSystem"_s, u"x11"_s);
+    EXPECT_EQ(wishedPlugin(defaults), "xcb");
+    defaults.set(u"windowSystem"_s, u"wayland"_s);
+    EXPECT_EQ(wishedPlugin(defaults), "wayland");
+    {
+        const test::Variable variable("QT_QPA_PLATFORM", "offscreen");
+        EXPECT_EQ(wishedPlugin(defaults), "offscreen");
+    }
+    for (const QString& unknown : {u"mir"_s, u"X11"_s, QString()}) {
+        defaults.set(u"windowSystem"_s, unknown);
+        EXPECT_EQ(wishedPlugin(defaults), QByteArray()) << unknown.toStdString();
+    }
+    defaults.set(u"windowSystem"_s, 3);
+    EXPECT_EQ(wishedPlugin(defaults), QByteArray());
 }
 
 TEST(Hosts, WhereNothingCanBeShownADisplayIsStartedThatLastsAsLongAsItIsNeeded)

@@ -39,6 +39,7 @@ EXEMPT = {
     "platform/mac/ScriptPlayers.cpp": "programs for another interpreter",
     "platform/recording/": "tests",
     "platform/x11/X11Machine.cpp": "said in a terminal, before the toolkit runs",
+    "platform/wayland/WaylandMachine.cpp": "said in a terminal, before the toolkit runs",
     "services/Quotes.cpp": "quotations, and English words with their pronunciation",
     "unpacking/": "said by one program to another",
 }

@@ -27,30 +27,29 @@ QList<QScreen*> realScreens()
     return screens;
 }
 
-QString makerNameOf(const QScreen& screen)
+QRectF partOf(const QRect& whole, const QRectF& share)
 {
-    QStringList parts{screen.manufacturer(), screen.model(), screen.serialNumber()};
-    parts.removeAll(QString());
-    return parts.join(u' ');
+    const QRectF part(whole.x() + share.x() * whole.width(), whole.y() + share.y() * whole.height(),
+        share.width() * whole.width(), share.height() * whole.height());
+    return part.toRect() & whole;
 }
 
-QString idOf(const QScreen& screen, const QList<QScreen*>& all)
+QString idOf(const QString& connector, const QString& name, qsizetype alike)
 {
-    const QString name = makerNameOf(screen);
     if (name.isEmpty())
-        return screen.name();
-    const auto alike = std::ranges::count_if(all, [&](const QScreen* other) { return makerNameOf(*other) == name; });
-    return alike == 1 ? name : name + u'@' + screen.name();
+        return connector;
+    return alike == 1 ? name : name + u'@' + connector;
 }
 
 } // namespace
 
-ScreenList::ScreenList()
+ScreenList::ScreenList(FactsOf factsOf)
+    : m_factsOf(factsOf ? std::move(factsOf) : [](const QString&) { return std::nullopt; })
 {
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(settling);
     connect(&m_quiet, &QTimer::timeout, this, &ScreenList::compare);
-    const auto restart = [this] { m_quiet.start(); };
+    const auto restart = [this] { factsChanged(); };
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &ScreenList::follow);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, restart);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, restart);
@@ -60,9 +59,14 @@ ScreenList::ScreenList()
     m_told = screens();
 }
 
+void ScreenList::factsChanged()
+{
+    m_quiet.start();
+}
+
 void ScreenList::follow(QScreen* screen)
 {
-    const auto restart = [this] { m_quiet.start(); };
+    const auto restart = [this] { factsChanged(); };
     connect(screen, &QScreen::geometryChanged, this, restart);
     connect(screen, &QScreen::availableGeometryChanged, this, restart);
     connect(screen, &QScreen::physicalSizeChanged, this, restart);
@@ -81,20 +85,28 @@ void ScreenList::compare()
 QList<ScreenInfo> ScreenList::screens() const
 {
     const GlobalSpace here = space();
-    const QList<QScreen*> all = realScreens();
     QList<ScreenInfo> list;
-    for (const QScreen* screen : all) {
+    QStringList names;
+    for (const QScreen* screen : realScreens()) {
+        const std::optional<ScreenFacts> facts = m_factsOf(screen->name());
+        const QString maker = facts ? facts->maker : screen->manufacturer();
+        const QString model = facts ? facts->model : screen->model();
+        QStringList parts{maker, model, facts ? facts->serial : screen->serialNumber()};
+        parts.removeAll(QString());
+        names.append(parts.join(u' '));
         ScreenInfo info;
-        info.id = idOf(*screen, all);
         info.connector = screen->name();
-        info.maker = foreignText(screen->manufacturer());
-        info.model = foreignText(screen->model());
+        info.maker = foreignText(maker);
+        info.model = foreignText(model);
         info.frame = here.turned(QRectF(screen->geometry()));
-        info.visibleFrame = here.turned(QRectF(screen->availableGeometry()));
+        info.visibleFrame =
+            here.turned(facts ? partOf(screen->geometry(), facts->usable) : screen->availableGeometry());
         info.pixelRatio = screen->devicePixelRatio();
         info.widthInMillimetres = screen->physicalSize().width();
         list.append(info);
     }
+    for (qsizetype i = 0; i < list.size(); ++i)
+        list[i].id = idOf(list[i].connector, names[i], names.count(names[i]));
     return list;
 }
 

@@ -2,7 +2,12 @@
 
 #include "platform/wayland/WaylandMachine.h"
 
+#include <QCoreApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <array>
+#include <chrono>
 #include <cstring>
 #include <utility>
 
@@ -12,12 +17,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The toolkit reads them with its windows: panels are surfaces that it has to leave bare, and a graphics library would
-// cost 50 MB.
-constexpr std::array<std::pair<const char*, const char*>, 2> toolkitVariables{{
+// The toolkit reads them with its windows: panels are surfaces that it has to leave bare, and that have a place of
+// their own; a graphics library would cost 50 MB.
+constexpr std::array<std::pair<const char*, const char*>, 3> toolkitVariables{{
     {"QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1"},
+    {"QT_WAYLAND_DISABLE_FIXED_POSITIONS", "1"},
     {"QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm"},
 }};
+
+constexpr int firstThatJoinsAbove = 10; // of Sway 1
+
+// For Sway to say what its outputs are; it takes a few milliseconds.
+constexpr std::chrono::milliseconds screenPatience{200};
 
 /// Asked on a connection of its own: the toolkit has none yet.
 bool hasLayerShell(wl_display* display)
@@ -56,9 +67,50 @@ std::unique_ptr<Machine> makeWaylandMachine(const Machine::Wishes& wishes)
 
 WaylandMachine::WaylandMachine(const Wishes& wishes)
     : m_system(wishes, [] { return std::unique_ptr<DesktopPicture>(); })
+    , m_outputs(m_system.session.swaySocket)
+    , m_windows([this](const QString& connector) { return factsOf(connector); })
+    , m_sway(m_system.session.swaySocket, {})
+    , m_otherWindows(
+          m_system.session.swaySocket, [this](const QRectF& place) { return m_windows.fromLayout(place); },
+          QCoreApplication::applicationPid())
+    , m_idle(m_windows.connection())
 {
-    if (m_windows.isAvailable())
-        m_system.programs.setProgramEnvironment([this](const auto& start) { givePrograms(start); });
+    if (!m_windows.isAvailable())
+        return;
+    QObject::connect(&m_sway, &SwaySocket::opened, &m_windows, [this] {
+        m_sway.ask(SwaySocket::Question::version, [this](const QByteArray& version) { learnOrder(version); });
+    });
+    if (!m_system.session.swaySocket.isEmpty())
+        m_sway.open();
+    m_system.programs.setProgramEnvironment([this](const auto& start) { givePrograms(start); });
+    QObject::connect(&m_outputs, &SwayOutputs::changed, &m_windows, [this] { m_windows.screenList().factsChanged(); });
+    QObject::connect(
+        &m_idle, &IdleWatch::idleChanged, &m_windows, [this](bool idle) { m_otherWindows.setResting(idle); });
+}
+
+/// Before version 1.10 Sway put the surfaces of a layer below those that were there.
+void WaylandMachine::learnOrder(const QByteArray& version)
+{
+    const QJsonObject told = QJsonDocument::fromJson(version).object();
+    const int major = told["major"_L1].toInt(1);
+    if (major < 1 || (major == 1 && told["minor"_L1].toInt(firstThatJoinsAbove) < firstThatJoinsAbove))
+        m_windows.order().setJoining(Joining::below);
+    m_sway.close();
+}
+
+std::optional<ScreenFacts> WaylandMachine::factsOf(const QString& connector)
+{
+    // Widgets go to the screen that they were on, so it has to be known before the first of them.
+    if (!std::exchange(m_hasWaited, true))
+        m_outputs.waitForAnswer(screenPatience);
+    const std::optional<SwayOutput> output = m_outputs.output(connector);
+    if (!output || output->place.isEmpty())
+        return std::nullopt;
+    const QRectF usable = output->usable.translated(-output->place.topLeft());
+    const double width = output->place.width();
+    const double height = output->place.height();
+    return ScreenFacts{output->maker, output->model, output->serial,
+        {usable.x() / width, usable.y() / height, usable.width() / width, usable.height() / height}};
 }
 
 /// The program that the user opens may come to the front, and knows nothing of how this one's surfaces are made.
@@ -81,9 +133,9 @@ Machine::Ports WaylandMachine::ports()
     return {
         .clock = m_system.clock,
         .windows = m_windows,
-        .otherWindows = m_unknown.otherWindows,
+        .otherWindows = m_otherWindows,
         .visibility = m_system.visibility,
-        .input = m_system.input,
+        .input = m_idle.isAvailable() ? static_cast<InputMonitor&>(m_idle) : m_system.input,
         .appearance = m_system.appearance,
         .desktopPicture = *m_system.desktopPicture,
         .trays = {&m_system.tray},

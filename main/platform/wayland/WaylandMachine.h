@@ -2,9 +2,11 @@
 
 #pragma once
 
-#include "platform/headless/HeadlessDesktop.h"
 #include "platform/HostOffer.h"
 #include "platform/linux/LinuxSystem.h"
+#include "platform/linux/sway/SwayOutputs.h"
+#include "platform/linux/sway/SwayWindowList.h"
+#include "platform/wayland/IdleWatch.h"
 #include "platform/wayland/WaylandWindowHost.h"
 
 namespace ambrelle {
@@ -22,11 +24,17 @@ public:
     static HostOffer offer();
 
 private:
+    void learnOrder(const QByteArray& version);
+    std::optional<ScreenFacts> factsOf(const QString& connector);
     void givePrograms(const std::function<void(const QProcessEnvironment&)>& start);
 
     LinuxSystem m_system;
+    SwayOutputs m_outputs;
+    bool m_hasWaited = false; ///< for its first answer
     WaylandWindowHost m_windows;
-    HeadlessDesktop m_unknown;
+    SwaySocket m_sway; ///< asked once what it is
+    SwayWindowList m_otherWindows;
+    IdleWatch m_idle;
 };
 
 } // namespace ambrelle

@@ -3,16 +3,19 @@
 #include "platform/wayland/WaylandWindowHost.h"
 
 #include "foundation/Wording.h"
+#include "platform/toolkit/NativeScreens.h"
 #include "platform/wayland/connection/ToolkitWayland.h"
 
 #include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
 
 namespace ambrelle {
 
-WaylandWindowHost::WaylandWindowHost()
+WaylandWindowHost::WaylandWindowHost(ScreenList::FactsOf factsOf)
 {
     wl_display* const display = toolkitDisplay();
-    auto parts = display ? std::make_unique<WaylandParts>(display) : nullptr;
+    auto parts = display ? std::make_unique<WaylandParts>(display, std::move(factsOf)) : nullptr;
     if (!parts || !parts->connection.isComplete())
         return;
     m_parts = std::move(parts);
@@ -42,10 +45,17 @@ QRectF WaylandWindowHost::toolkitRect(const QRectF& rect) const
     return m_parts ? m_parts->screens.space().turnedBack(rect) : rect;
 }
 
+QRectF WaylandWindowHost::fromLayout(const QRectF& place) const
+{
+    QList<NativeScreens::Screen> screens;
+    for (const QScreen* screen : QGuiApplication::screens())
+        screens.append({QRectF(screen->geometry()), LayerPlace::factorOf(*screen)});
+    return m_parts->screens.space().turned(NativeScreens(screens).toolkitRect(place.toRect()));
+}
+
 std::unique_ptr<PanelWindow> WaylandWindowHost::makePanel(PanelDelegate& delegate)
 {
     auto panel = std::make_unique<WaylandPanel>(delegate, *m_parts);
-    panel->setOverWindows(!m_backdrops.isEmpty());
     take(*panel);
     return panel;
 }
@@ -59,41 +69,13 @@ std::unique_ptr<SceneWindow> WaylandWindowHost::makeScene(OrnamentDelegate& dele
 
 void WaylandWindowHost::take(WaylandPanel& panel)
 {
-    panel.onShown = [this](WaylandPanel* shown) { raiseAboveScene(*shown); };
     panel.onDestroyed = [this](WaylandPanel* gone) { m_panels.removeOne(gone); };
     m_panels.append(&panel);
 }
 
-/// A surface comes to its layer above all that are there.
-void WaylandWindowHost::raiseAboveScene(const WaylandPanel& shown)
-{
-    if (!shown.isScene())
-        return;
-    const QList<LayerWindow*> windows = m_parts->windows;
-    for (LayerWindow* window : windows) {
-        const bool isPanel = std::ranges::any_of(m_panels,
-            [&](WaylandPanel* panel) { return &panel->window() == window && !panel->isScene() && panel->isShown(); });
-        if (isPanel && window->layer() == ShellLayer::bottom)
-            window->raise();
-    }
-}
-
 std::unique_ptr<BackdropWindow> WaylandWindowHost::makeBackdrop(BackdropDelegate& delegate)
 {
-    auto backdrop = std::make_unique<WaylandBackdrop>(delegate, *m_parts);
-    backdrop->onDestroyed = [this](WaylandBackdrop* gone) {
-        m_backdrops.removeOne(gone);
-        backdropsChanged();
-    };
-    m_backdrops.append(backdrop.get());
-    backdropsChanged();
-    return backdrop;
-}
-
-void WaylandWindowHost::backdropsChanged()
-{
-    for (WaylandPanel* panel : m_panels)
-        panel->setOverWindows(!m_backdrops.isEmpty());
+    return std::make_unique<WaylandBackdrop>(delegate, *m_parts);
 }
 
 bool WaylandWindowHost::admit(QWindow& window, const QString& token)

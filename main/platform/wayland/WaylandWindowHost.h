@@ -12,7 +12,8 @@ namespace ambrelle {
 /// platform plugin.
 class WaylandWindowHost final : public WindowHost {
 public:
-    WaylandWindowHost();
+    /// `factsOf`: what the desktop tells of screens besides.
+    explicit WaylandWindowHost(ScreenList::FactsOf factsOf = {});
     ~WaylandWindowHost() override;
 
     bool isAvailable() const override { return m_parts != nullptr; }
@@ -30,17 +31,19 @@ public:
 
     /// Only while available.
     Activation& activation() { return m_parts->activation; }
+    ScreenList& screenList() { return m_parts->screens; } ///< likewise
+    LayerOrder& order() { return m_parts->order; } ///< likewise
+    /// Global points of a place in the compositor's layout; likewise.
+    QRectF fromLayout(const QRectF& place) const;
+    const WaylandConnection* connection() const { return m_parts ? &m_parts->connection : nullptr; }
 
 private:
     void take(WaylandPanel& panel);
-    void raiseAboveScene(const WaylandPanel& shown);
-    void backdropsChanged();
     void screensSettled();
 
     std::unique_ptr<WaylandParts> m_parts;
     std::unique_ptr<PopupRoles> m_popups;
     QList<WaylandPanel*> m_panels; ///< scenes too
-    QList<WaylandBackdrop*> m_backdrops;
 };
 
 } // namespace ambrelle

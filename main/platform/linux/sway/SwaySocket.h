@@ -22,7 +22,7 @@ namespace ambrelle {
 class SwaySocket final : public QObject {
     Q_OBJECT
 public:
-    enum class Question : quint32 { workspaces = 1, subscribe = 2, outputs = 3, tree = 4 };
+    enum class Question : quint32 { workspaces = 1, subscribe = 2, outputs = 3, tree = 4, version = 7 };
     using Answer = std::function<void(const QByteArray& json)>;
 
     /// `path` is where Sway listens; `events` are the kinds to hear of, those that this Sway does not know aside.

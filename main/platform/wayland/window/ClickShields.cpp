@@ -17,7 +17,7 @@ class ClickShields::Shield final : public QWindow {
 public:
     Shield(WaylandParts& parts, QScreen& screen, std::function<void()> clicked)
         : m_clicked(std::move(clicked))
-        , m_layer(parts, *this, ShellLayer::top)
+        , m_layer(parts, *this, ShellLayer::top, LayerWindow::Order::top)
     {
         setFlag(Qt::FramelessWindowHint);
         setFlag(Qt::WindowDoesNotAcceptFocus);

@@ -36,6 +36,11 @@ QRect scaled(const QRect& rect, double factor)
 
 } // namespace
 
+double LayerPlace::factorOf(const QScreen& screen)
+{
+    return screen.devicePixelRatio() / screen.handle()->devicePixelRatio();
+}
+
 LayerPlace LayerPlace::of(const QRect& rect)
 {
     QList<QScreen*> screens = QGuiApplication::screens();
@@ -44,8 +49,7 @@ LayerPlace LayerPlace::of(const QRect& rect)
         screens, {}, [&rect](const QScreen* screen) { return nearness(*screen, QRectF(rect)); });
     if (best == screens.end())
         return {};
-    // The user may have asked the toolkit for larger points than the compositor's.
-    const double factor = (*best)->devicePixelRatio() / (*best)->handle()->devicePixelRatio();
+    const double factor = factorOf(**best);
     return {*best, scaled(rect.translated(-(*best)->geometry().topLeft()), factor), factor};
 }
 

@@ -11,19 +11,18 @@
 
 namespace ambrelle {
 
-LayerWindow::LayerWindow(WaylandParts& parts, QWindow& window, ShellLayer layer)
+LayerWindow::LayerWindow(WaylandParts& parts, QWindow& window, ShellLayer layer, Order order)
     : m_parts(parts)
     , m_window(window)
     , m_layer(layer)
+    , m_order(order)
 {
     // The toolkit makes a bare surface then, one that the compositor does not manage.
     m_window.setFlag(Qt::BypassWindowManagerHint);
-    m_parts.windows.append(this);
 }
 
 LayerWindow::~LayerWindow()
 {
-    m_parts.windows.removeOne(this);
     close();
 }
 
@@ -49,13 +48,6 @@ void LayerWindow::setPlace(const QRect& place)
     m_role->commit();
 }
 
-void LayerWindow::replace()
-{
-    if (m_shown && LayerPlace::of(m_place).screen != m_at.screen)
-        m_at.screen = nullptr;
-    setPlace(m_place);
-}
-
 void LayerWindow::setLayer(ShellLayer layer)
 {
     if (layer == m_layer)
@@ -63,18 +55,22 @@ void LayerWindow::setLayer(ShellLayer layer)
     m_layer = layer;
     if (!m_role)
         return;
-    m_parts.windows.move(m_parts.windows.indexOf(this), m_parts.windows.size() - 1);
     m_role->setLayer(layer);
     m_role->commit();
+    m_parts.order.joined(*this);
 }
 
-/// A surface that comes to a layer stands above all that are there.
-void LayerWindow::raise()
+bool LayerWindow::isInLayerOf(const LayerWindow& other) const
 {
-    m_parts.windows.move(m_parts.windows.indexOf(this), m_parts.windows.size() - 1);
+    return m_layer == other.m_layer && m_at.screen == other.m_at.screen;
+}
+
+void LayerWindow::joinAgain()
+{
     if (!m_role)
         return;
-    m_role->setLayer(m_layer == ShellLayer::overlay ? ShellLayer::top : ShellLayer::overlay);
+    // Should the compositor show the moment between, it shows the window rather missing than in front.
+    m_role->setLayer(m_layer == ShellLayer::bottom ? ShellLayer::background : ShellLayer::bottom);
     m_role->commit();
     m_role->setLayer(m_layer);
     m_role->commit();
@@ -151,10 +147,12 @@ void LayerWindow::open()
     m_role->setTakesKeyboard(m_takesKeyboard);
     applyInput();
     m_role->commit();
+    m_parts.order.joined(*this);
 }
 
 void LayerWindow::close()
 {
+    m_parts.order.left(*this);
     m_role.reset();
 }
 

@@ -17,7 +17,13 @@ namespace ambrelle {
 /// shown and hidden through this alone, and has to live as long.
 class LayerWindow {
 public:
-    LayerWindow(WaylandParts& parts, QWindow& window, ShellLayer layer); ///< before the window is made
+    /// How high it comes in among this program's windows in its layer.
+    enum class Order {
+        top, ///< above all others
+        bottom, ///< below all others, and stays there
+    };
+
+    LayerWindow(WaylandParts& parts, QWindow& window, ShellLayer layer, Order order); ///< before the window is made
     ~LayerWindow();
     Q_DISABLE_COPY_MOVE(LayerWindow)
 
@@ -28,15 +34,12 @@ public:
     void setInputArea(const std::optional<QRect>& area);
     void show();
     void hide();
-    void raise(); ///< above the others of its layer
-    /// After the screens have moved: where it is to be now, also if its output has gone.
-    void replace();
+    void joinAgain(); ///< leaves its layer and comes back at once
 
     bool isReady() const { return m_role && m_role->isReady(); } ///< the compositor takes pixels
-    ShellLayer layer() const { return m_layer; }
-    QWindow& window() const { return m_window; }
+    bool staysLow() const { return m_order == Order::bottom; }
+    bool isInLayerOf(const LayerWindow& other) const;
     wl_surface* surface() const; ///< null while it is not shown
-    double factor() const { return m_at.factor; } ///< the compositor's points in one of the toolkit's
 
     std::function<void()> ready; ///< the compositor waits for pixels: first, or anew
 
@@ -48,6 +51,7 @@ private:
     WaylandParts& m_parts;
     QWindow& m_window;
     ShellLayer m_layer;
+    Order m_order;
     QRect m_place;
     LayerPlace m_at;
     bool m_takesKeyboard = false;

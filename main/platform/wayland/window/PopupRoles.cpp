@@ -43,6 +43,7 @@ bool PopupRoles::eventFilter(QObject* watched, QEvent* event)
             adopt(window);
         return false;
     case QEvent::Expose:
+    case QEvent::Paint:
     case QEvent::UpdateRequest: return holdBack(window);
     case QEvent::Move:
     case QEvent::Resize: place(window); return false;

@@ -19,7 +19,7 @@ BackdropSurface* makeBackdropSurface(BackdropDelegate& delegate, WaylandParts& p
 WaylandBackdrop::WaylandBackdrop(BackdropDelegate& delegate, WaylandParts& parts)
     : m_parts(parts)
     , m_surface(makeBackdropSurface(delegate, parts, m_canvas))
-    , m_window(parts, *m_surface, ShellLayer::top)
+    , m_window(parts, *m_surface, ShellLayer::top, LayerWindow::Order::bottom)
 {
     m_surface->create();
     m_window.ready = [this] { m_canvas->setTarget(m_window.surface()); };
@@ -27,8 +27,6 @@ WaylandBackdrop::WaylandBackdrop(BackdropDelegate& delegate, WaylandParts& parts
 
 WaylandBackdrop::~WaylandBackdrop()
 {
-    if (onDestroyed)
-        onDestroyed(this);
     m_canvas->setTarget(nullptr);
     m_window.hide();
     m_surface->retire();

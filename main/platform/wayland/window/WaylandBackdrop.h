@@ -20,8 +20,6 @@ public:
     void takeFocus() override { m_window.setTakesKeyboard(true); }
     void update() override { m_surface->updateAll(); }
 
-    std::function<void(WaylandBackdrop*)> onDestroyed;
-
 private:
     WaylandParts& m_parts;
     WaylandCanvas* m_canvas; ///< the surface's

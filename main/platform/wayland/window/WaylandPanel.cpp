@@ -21,9 +21,9 @@ PanelSurface* WaylandPanel::makeSurface(PanelDelegate& delegate, WaylandParts& p
 
 WaylandPanel::WaylandPanel(PanelDelegate& delegate, WaylandParts& parts, Rank rank)
     : m_parts(parts)
-    , m_rank(rank)
     , m_surface(makeSurface(delegate, parts, rank, m_canvas))
-    , m_window(parts, *m_surface, ShellLayer::bottom)
+    , m_window(parts, *m_surface, ShellLayer::bottom,
+          rank == Rank::scene ? LayerWindow::Order::bottom : LayerWindow::Order::top)
 {
     m_surface->create();
     m_window.ready = [this] {
@@ -120,8 +120,6 @@ void WaylandPanel::show()
         return;
     m_window.show();
     applyInput();
-    if (onShown)
-        onShown(this);
 }
 
 void WaylandPanel::hide()
@@ -136,9 +134,7 @@ void WaylandPanel::hide()
 
 ShellLayer WaylandPanel::layer() const
 {
-    if (m_level == WindowLevel::desktop)
-        return ShellLayer::bottom;
-    return m_overWindows ? ShellLayer::overlay : ShellLayer::top;
+    return m_level == WindowLevel::floating ? ShellLayer::top : ShellLayer::bottom;
 }
 
 void WaylandPanel::setLevel(WindowLevel level)
@@ -147,12 +143,6 @@ void WaylandPanel::setLevel(WindowLevel level)
     m_window.setLayer(layer());
     if (m_ghost)
         m_ghost->setLayer(layer());
-}
-
-void WaylandPanel::setOverWindows(bool over)
-{
-    m_overWindows = over;
-    setLevel(m_level);
 }
 
 void WaylandPanel::setOpacity(double opacity)

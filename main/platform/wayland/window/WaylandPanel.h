@@ -31,14 +31,10 @@ public:
     double pixelRatio() const override { return m_surface->devicePixelRatio(); }
     void namesChanged() override { m_surface->namesChanged(); }
 
-    bool isScene() const { return m_rank == Rank::scene; }
     bool isShown() const { return m_surface->isVisible(); }
     PanelSurface& surface() const { return *m_surface; }
-    LayerWindow& window() { return m_window; }
     void place(); ///< puts the window where its frame says, after the screens have moved
-    void setOverWindows(bool over); ///< above full screen windows and backdrops too, if its level is the floating one
 
-    std::function<void(WaylandPanel*)> onShown;
     std::function<void(WaylandPanel*)> onDestroyed;
 
 private:
@@ -51,13 +47,11 @@ private:
     void endFollowing();
 
     WaylandParts& m_parts;
-    Rank m_rank;
     WaylandCanvas* m_canvas = nullptr; ///< the surface's
     PanelSurface* m_surface; ///< deletes itself once retired
     LayerWindow m_window;
     QRectF m_frame;
     WindowLevel m_level = WindowLevel::desktop;
-    bool m_overWindows = false;
     bool m_clickThrough = false;
     std::optional<QRectF> m_inputArea;
     std::unique_ptr<PixelBuffer> m_nothing; ///< what the window shows while a ghost stands in for it

@@ -4,22 +4,22 @@
 
 #include "platform/toolkit/ScreenList.h"
 #include "platform/wayland/connection/Activation.h"
+#include "platform/wayland/window/LayerOrder.h"
 
 namespace ambrelle {
 
-class LayerWindow;
-
 /// What all windows on one compositor share.
 struct WaylandParts {
-    explicit WaylandParts(wl_display* display)
+    WaylandParts(wl_display* display, ScreenList::FactsOf factsOf)
         : connection(display)
+        , screens(std::move(factsOf))
     {
     }
 
     WaylandConnection connection;
     Activation activation{connection};
     ScreenList screens;
-    QList<LayerWindow*> windows; ///< all of the layers, the last raised last
+    LayerOrder order;
 };
 
 } // namespace ambrelle

@@ -4,7 +4,7 @@
 
 #include "foundation/Wording.h"
 #include "platform/toolkit/GlobalSpace.h"
-#include "platform/x11/connection/NativeScreens.h"
+#include "platform/toolkit/NativeScreens.h"
 #include "platform/x11/connection/Reply.h"
 
 #include <QCursor>

@@ -3,7 +3,7 @@
 #include "platform/x11/session/X11WindowList.h"
 
 #include "foundation/Wording.h"
-#include "platform/x11/connection/NativeScreens.h"
+#include "platform/toolkit/NativeScreens.h"
 #include "platform/x11/connection/Reply.h"
 #include "platform/x11/session/WindowQuestion.h"
 

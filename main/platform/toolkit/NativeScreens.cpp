@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/connection/NativeScreens.h"
+#include "platform/toolkit/NativeScreens.h"
 
 #include <QGuiApplication>
 #include <QScreen>

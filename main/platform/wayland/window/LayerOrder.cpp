@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/wayland/window/LayerOrder.h"
+
+#include "platform/wayland/window/LayerWindow.h"
+
+#include <algorithm>
+
+namespace ambrelle {
+
+QList<qsizetype> rejoining(const QList<qsizetype>& standing, Joining joining)
+{
+    // Who stands right already, from the end that nobody joins at, stays.
+    QList<qsizetype> moving;
+    if (joining == Joining::above) {
+        qsizetype stay = 0;
+        for (const qsizetype place : standing)
+            stay += place == stay ? 1 : 0;
+        for (qsizetype place = stay; place < standing.size(); ++place)
+            moving.append(place);
+    } else {
+        qsizetype stay = standing.size();
+        for (auto place = standing.rbegin(); place != standing.rend(); ++place)
+            stay -= *place == stay - 1 ? 1 : 0;
+        for (qsizetype place = stay - 1; place >= 0; --place)
+            moving.append(place);
+    }
+    return moving;
+}
+
+LayerOrder::LayerOrder()
+{
+    m_soon.setSingleShot(true);
+    QObject::connect(&m_soon, &QTimer::timeout, &m_soon, [this] { arrange(); });
+}
+
+void LayerOrder::setJoining(Joining joining)
+{
+    if (joining == m_joining)
+        return;
+    m_joining = joining;
+    std::ranges::reverse(m_standing); // what was taken for above was below
+    m_soon.start(0);
+}
+
+void LayerOrder::insert(QList<LayerWindow*>& order, LayerWindow& window, bool below) const
+{
+    order.removeOne(&window);
+    order.insert(below ? 0 : order.size(), &window);
+}
+
+void LayerOrder::joined(LayerWindow& window)
+{
+    insert(m_wanted, window, window.staysLow());
+    insert(m_standing, window, m_joining == Joining::below);
+    m_soon.start(0);
+}
+
+void LayerOrder::left(LayerWindow& window)
+{
+    m_wanted.removeOne(&window);
+    m_standing.removeOne(&window);
+}
+
+void LayerOrder::arrange()
+{
+    QList<const LayerWindow*> done;
+    for (const LayerWindow* window : QList(m_wanted)) {
+        const auto isWith = [window](const LayerWindow* other) { return other->isInLayerOf(*window); };
+        if (std::ranges::none_of(done, isWith)) {
+            arrangeLike(*window);
+            done.append(window);
+        }
+    }
+}
+
+void LayerOrder::arrangeLike(const LayerWindow& window)
+{
+    const auto isElsewhere = [&window](const LayerWindow* other) { return !other->isInLayerOf(window); };
+    QList<LayerWindow*> wanted = m_wanted;
+    QList<LayerWindow*> standing = m_standing;
+    wanted.removeIf(isElsewhere);
+    standing.removeIf(isElsewhere);
+    QList<qsizetype> places;
+    std::ranges::transform(
+        standing, std::back_inserter(places), [&wanted](LayerWindow* each) { return wanted.indexOf(each); });
+    for (const qsizetype place : rejoining(places, m_joining)) {
+        wanted[place]->joinAgain();
+        insert(m_standing, *wanted[place], m_joining == Joining::below);
+    }
+}
+
+} // namespace ambrelle

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QList>
+#include <QTimer>
+
+namespace ambrelle {
+
+class LayerWindow;
+
+/// Where a compositor puts a surface that joins a layer.
+enum class Joining {
+    above, ///< all others there, as most do
+    below, ///< all others there
+};
+
+/// The windows that have to leave their layer and join it again, in that order, until all stand in theirs: `standing`
+/// are their places in the wanted order (0: the lowest), from the lowest that stands there now. None where it is so.
+QList<qsizetype> rejoining(const QList<qsizetype>& standing, Joining joining);
+
+/// Which of this program's windows in a layer stand above which. No request asks for that; what there is is joining the
+/// layer anew.
+class LayerOrder {
+public:
+    LayerOrder();
+
+    void setJoining(Joining joining); ///< of this compositor
+    /// The window has come to its layer: above all others there, or, if it stays low, below them.
+    void joined(LayerWindow& window);
+    void left(LayerWindow& window);
+
+private:
+    void insert(QList<LayerWindow*>& order, LayerWindow& window, bool below) const;
+    void arrange();
+    void arrangeLike(const LayerWindow& window);
+
+    Joining m_joining = Joining::above;
+    QList<LayerWindow*> m_wanted; ///< the lowest first, those of all layers together
+    QList<LayerWindow*> m_standing; ///< likewise
+    QTimer m_soon; ///< what joins in one turn of the event loop is arranged together
+};
+
+} // namespace ambrelle
