@@ -149,28 +149,28 @@ def server_time(screen):
 def comes_forward(session):
     screen = Screen()
     other = screen.open((20, 20, 1200, 700), DESKTOP)
-    time_of_call = server_time(screen)
     messages = Messages(screen)
     for number, ask in enumerate((
             lambda token: called("Activate", f"{{'desktop-startup-id': <'{token}'>}}"),
             lambda token: called("ActivateAction", "settings", "[]", f"{{'activation-token': <'{token}'>}}"),
             lambda token: subprocess.run([PROGRAM], env=dict(session.env, DESKTOP_STARTUP_ID=token), check=True),
             lambda token: subprocess.run([PROGRAM], env=dict(session.env, XDG_ACTIVATION_TOKEN=token), check=True))):
-        token = f"door-\"{number}\"_TIME{time_of_call + number}"
         if session.main_windows():
             other.raise_window()
             other.set_input_focus(X.RevertToParent, X.CurrentTime)
             screen.display.sync()
             wait_for("other window with the keyboard", lambda: screen.focus() == other.id)
-        ask(token if number < 2 else token)
+        time_of_call = server_time(screen)  # nobody takes the keyboard from who had it later
+        token = f"door-\"{number}\"_TIME{time_of_call}"
+        ask(token)
         escaped = token.replace('"', '\\"')
         wait_for("end of the start", lambda: f'remove: ID="{escaped}"' in messages.read().texts)
         window = wait_for("main window", session.main_windows)[0]
         wait_for(f"main window with the keyboard by {token}", lambda: active_window() == int(window))
         marked = subprocess.run(["xprop", "-id", window, "_NET_STARTUP_ID"], capture_output=True, text=True).stdout
-        assert re.search(f'door-.*{number}.*_TIME{time_of_call + number}', marked), marked
+        assert re.search(f'door-.*{number}.*_TIME{time_of_call}', marked), marked
         if number:  # it was open
-            wait_for("time of the call", lambda: time_of_call + number in messages.read().times)
+            wait_for("time of the call", lambda: time_of_call in messages.read().times)
     other.destroy()
     screen.display.close()
     close_window(session)
