@@ -114,6 +114,7 @@ def attacks(shop, plain):
         "other program inside": serves(OTHER, shop.foreign),
         "no program inside": serves(REFUSED, shop.nameless),
         "program that does not start": serves(REFUSED, shop.crippled),
+        "more than the helper has memory for": serves(REFUSED, shop.listing),
         "no archive at all": serves(REFUSED, Release(b"hello", sign(b"hello", PRESENT, f"{IDENTIFIER} {NEW}"), NEW)),
     }
 

@@ -5,6 +5,7 @@ import contextlib
 import os
 import resource
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -14,7 +15,7 @@ from pathlib import Path
 import assistive
 from installed import NEW, OLD, Installed, describe, digest, lay_out
 from program import wait_for
-from publisher import IDENTIFIER, Publisher, authority, release, sign
+from publisher import IDENTIFIER, Publisher, Release, authority, release, sign
 
 PRESENT, SPARE = (Path(sys.argv[3]) / f"{name}.key" for name in ("present", "spare"))
 AVAILABLE = f"Version {NEW} is available"
@@ -75,6 +76,16 @@ class Updating(Installed):
         return digest(self.root) == self.whole and self.is_tidy() and not any(self.temporary.iterdir())
 
 
+def long_list(times):
+    """An archive of one empty file that its list names so many times."""
+    name, about = b"Ambrelle/file", struct.pack("<HHIIII", 0, 0, 0x5c210000, 0, 0, 0)
+    item = struct.pack("<IH", 0x04034b50, 20) + about + struct.pack("<HH", len(name), 0) + name
+    line = struct.pack("<IBBH", 0x02014b50, 20, 3, 20) + about + struct.pack("<HHHHHII", len(name), 0, 0, 0, 0, 0o100644 << 16, 0)
+    count = times & 0xffff
+    end = struct.pack("<IHHHHIIH", 0x06054b50, 0, 0, count, count, times * (len(line) + len(name)), len(item), 0)
+    return item + (line + name) * times + end
+
+
 class Shop:
     """What there is to publish."""
 
@@ -97,6 +108,8 @@ class Shop:
         self.foreign = self.changed(newer)
         (newer / "share/ambrelle/org.ambrelle.Ambrelle.json").unlink()
         self.nameless = self.changed(newer)
+        listing = long_list(2_500_000)  # more than there is memory for
+        self.listing = Release(listing, sign(listing, PRESENT, f"{IDENTIFIER} {NEW}"), NEW)
 
     def signed(self, key, comment=f"{IDENTIFIER} {NEW}", *more):
         return sign(self.archive, key, comment, *more)

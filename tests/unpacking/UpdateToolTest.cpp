@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 
 #include "unpacking/UpdateTool.h"
+#include "unpacking/ToolLimits.h"
 #include "unpacking/Zip.h"
+
+#include <ctime>
 
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +23,14 @@ constexpr int refused = 1;
 constexpr int wrongUse = 2;
 constexpr int otherRelease = 3;
 constexpr int notHere = 77; ///< the test cannot run on this machine
+constexpr rlim_t mebibyte = 1U << 20;
+
+/// Takes so much processor time, in seconds.
+void work(double seconds)
+{
+    const auto ticks = static_cast<std::clock_t>(seconds * CLOCKS_PER_SEC);
+    while (std::clock() < ticks) { }
+}
 
 struct UpdateToolTest : testing::Test {
     UpdateTool tool;
@@ -157,6 +169,63 @@ TEST_F(UpdateToolTest, NothingComesOfAFullDisk)
     EXPECT_EQ(outcome.status, refused);
     EXPECT_TRUE(outcome.reason.contains("No space left")) << outcome.reason.toStdString();
     EXPECT_EQ(tool.unpack(good).status, done) << "it fits";
+}
+
+TEST_F(UpdateToolTest, ItsLimitsAreThoseOfAnUpdate)
+{
+    const pid_t child = ::fork(); // there is no way back
+    if (child == 0) {
+        bool isLimited = keepWithinLimits();
+        for (const auto& [resource, most] : {
+                 std::pair(RLIMIT_CPU, rlim_t{120}),
+                 {RLIMIT_FSIZE, 256 * mebibyte},
+                 {RLIMIT_CORE, rlim_t{0}},
+#ifndef __SANITIZE_ADDRESS__
+                 {RLIMIT_AS, 384 * mebibyte},
+#endif
+             }) {
+            rlimit limits{};
+            isLimited =
+                isLimited && ::getrlimit(resource, &limits) == 0 && limits.rlim_cur <= most && limits.rlim_max <= most;
+        }
+        ::_exit(isLimited ? done : refused);
+    }
+    int status = -1;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(UpdateToolTest, IsStoppedWhenItWantsMoreMemory)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the limit is off";
+#endif
+    // The list of an archive is read before anything in it can be judged.
+    const auto listing = [](int times) { return zipOf({{.name = "A/b"}}, {.repeats = times}); };
+    EXPECT_EQ(tool.unpack(listing(100'000)).status, done) << "there is enough for that";
+    const UpdateTool::Outcome outcome = tool.unpack(listing(2'500'000));
+    EXPECT_EQ(outcome.status, refused);
+    EXPECT_TRUE(outcome.reason.contains("allocate")) << outcome.reason.toStdString();
+    EXPECT_TRUE(tool.staged().isEmpty());
+    rusage used{};
+    EXPECT_EQ(::getrusage(RUSAGE_CHILDREN, &used), 0);
+    EXPECT_LT(used.ru_maxrss, 384 * 1024);
+}
+
+TEST_F(UpdateToolTest, IsStoppedWhenItTakesMoreProcessorTime)
+{
+    const QByteArray content(100 << 20, '\0');
+    const QByteArray archive = zipOf({{.name = "A/b", .content = content}, {.name = "A/c", .content = content}});
+    EXPECT_EQ(tool.unpack(archive).status, done);
+    tool.inChild = [] {
+        const rlimit second{1, RLIM_INFINITY}; // as far as a test can wait
+        ::setrlimit(RLIMIT_CPU, &second);
+        work(0.9); // counts for what is run in its place
+    };
+    const UpdateTool::Outcome outcome = tool.unpack(archive);
+    EXPECT_EQ(outcome.status, -1) << outcome.reason.toStdString();
+    EXPECT_LT(tool.staged()[u"A/c"_s].second.size(), content.size());
+    EXPECT_EQ(tool.unpack(zipOf(goodItems())).status, done) << "a moment is enough for that";
 }
 
 } // namespace ambrelle::test

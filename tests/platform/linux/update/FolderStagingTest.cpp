@@ -71,6 +71,7 @@ TEST_F(FolderStagingTest, WhatIsNotAWholeProgramIsLeftAlone)
     EXPECT_EQ(opened("exit 3"), Opened::otherRelease);
     EXPECT_EQ(opened("exit 1"), Opened::refused);
     EXPECT_EQ(opened("kill -SEGV $$"), Opened::refused);
+    EXPECT_EQ(opened("touch half; ulimit -t 1; while :; do :; done"), Opened::refused) << "it took too much time";
     EXPECT_EQ(folder.stage(Purpose::update)->open(seal, {}), Opened::refused) << "there is no archive";
     const QByteArray whole = PlainProgram::archive(u"2.0"_s);
     struct Case {
