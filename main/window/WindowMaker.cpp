@@ -3,6 +3,7 @@
 #include "window/WindowMaker.h"
 
 #include "desktop/QuickMenu.h"
+#include "updates/Updater.h"
 #include "window/frame/MainWindow.h"
 #include "window/frame/MoreMenu.h"
 #include "window/frame/SheetHost.h"
@@ -29,6 +30,12 @@ Page* makePage(const WindowContext& context, MainTab tab)
     case MainTab::settings: return new SettingsPage(context);
     }
     return nullptr;
+}
+
+void tellNews(MainWindow& window, const Updater& updater)
+{
+    const std::optional<Release> found = updater.isEnabled() ? updater.available() : std::nullopt;
+    window.setNews(found ? QuickMenu::updateTitle(found->version) : QString());
 }
 
 } // namespace
@@ -60,6 +67,9 @@ std::unique_ptr<MainWindow> makeMainWindow(const WindowContext& context)
         if (const ActionItem quit = quick.quitItem(); quit.handler)
             quit.handler();
     });
+    QObject::connect(&context.updater, &Updater::changed, window.get(),
+        [window = window.get(), &updater = context.updater] { tellNews(*window, updater); });
+    tellNews(*window, context.updater);
     // Above the pages, and a sheet above the bar.
     auto* bar = new UndoBar(context.undo, *window);
     new SheetHost(context.sheets, *window);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/WaitUntil.h"
+#include "window/frame/ToolBar.h"
+#include "window/look/AppLook.h"
 #include "window/look/Progress.h"
 #include "window/settings/SettingsList.h"
 #include "window/SettingsDesk.h"
@@ -31,6 +33,44 @@ struct UpdatesSectionTest : SettingsDesk {
         return list->model()->index(5, 0).data(Qt::AccessibleDescriptionRole).toString();
     }
 };
+
+TEST_F(UpdatesSectionTest, ADotAtTheMenuTellsOfANewerVersion)
+{
+    home.releases->offer(u"1.0"_s);
+    MainWindow& first = opened();
+    const auto menu = [](const MainWindow& window) -> Button& {
+        const auto buttons = window.findChild<ToolBar*>()->findChildren<Button*>();
+        return **std::ranges::find(buttons, u"More"_s, &Button::accessibleName);
+    };
+    const auto dotAt = [](Button& button, bool atRight) {
+        const QColor seen = button.grab().toImage().pixelColor(atRight ? button.width() - 7 : 7, 7);
+        return seen == AppLook::shared().colours().accent;
+    };
+    const auto check = [this] {
+        home.updater.check();
+        settle();
+    };
+    check();
+    EXPECT_EQ(menu(first).toolTip(), u"More"_s);
+    EXPECT_FALSE(dotAt(menu(first), true));
+    home.releases->offer(u"2.0"_s);
+    check();
+    const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&menu(first));
+    EXPECT_EQ(told->text(QAccessible::Name), u"More"_s);
+    EXPECT_EQ(told->text(QAccessible::Description), u"Update to Ambrelle 2.0"_s);
+    EXPECT_EQ(menu(first).toolTip(), u"More\nUpdate to Ambrelle 2.0"_s);
+    EXPECT_TRUE(dotAt(menu(first), true));
+    menu(first).setLayoutDirection(Qt::RightToLeft);
+    EXPECT_TRUE(dotAt(menu(first), false));
+    first.close();
+    QCoreApplication::processEvents();
+    MainWindow& second = opened();
+    EXPECT_TRUE(dotAt(menu(second), true)) << "it was found while the window was closed";
+    home.releases->offer(u"1.0"_s);
+    check();
+    EXPECT_FALSE(dotAt(menu(second), true));
+    EXPECT_EQ(menu(second).toolTip(), u"More"_s);
+}
 
 TEST_F(UpdatesSectionTest, FollowsAnUpdateWhileItIsShown)
 {

@@ -70,6 +70,11 @@ void MainWindow::addKey(const QKeySequence& key, const std::function<void()>& ac
     connect(shortcut, &QShortcut::activated, this, act);
 }
 
+void MainWindow::setNews(const QString& news)
+{
+    m_toolBar->setNews(news);
+}
+
 void MainWindow::makeShortcuts()
 {
     for (int index = 0; index < tabCount; ++index)

@@ -38,6 +38,7 @@ public:
     std::function<void(const QStringList& files)> dropThemes;
     std::function<void()> undo; ///< Ctrl+Z
     void addKey(const QKeySequence& key, const std::function<void()>& act); ///< that works on every tab
+    void setNews(const QString& news); ///< of what the menu offers now; empty: none
     QList<QWidget*> overlays; ///< above the page; each sees to its own place
 
 Q_SIGNALS:

@@ -121,6 +121,11 @@ void ToolBar::openMenu()
     m_menu.openAt(m_more->mapToGlobal(QPoint(end, m_more->height() + barGap / 2)), ActionMenu::Corner::topEnd);
 }
 
+void ToolBar::setNews(const QString& news)
+{
+    m_more->setNews(news);
+}
+
 bool ToolBar::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_search && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))

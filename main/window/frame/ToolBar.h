@@ -23,6 +23,7 @@ public:
     void takeFocus(); ///< the chosen tab has it, or the search that stands over the tabs
     void search(); ///< the keyboard goes to the search
     void openMenu();
+    void setNews(const QString& news); ///< a dot at the menu's button and what it means; empty: none
 
 Q_SIGNALS:
     void leftDownwards(); ///< from the search to what was found

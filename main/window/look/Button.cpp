@@ -29,6 +29,9 @@ constexpr int buttonMargin = 13; // left and right of what it shows
 constexpr int linkMargin = 4;
 constexpr int buttonSymbol = 16;
 constexpr int buttonGap = 7;
+constexpr double buttonDot = 8;
+constexpr double buttonDotRing = 1.5; // of the ground, around it
+constexpr double buttonDotInset = 3; // of the dot from the corner
 
 } // namespace
 
@@ -70,6 +73,13 @@ void Button::setSymbol(const QString& name)
 {
     m_symbol = name;
     updateGeometry();
+    update();
+}
+
+void Button::setNews(const QString& news)
+{
+    setAccessibleDescription(news);
+    setToolTip(news.isEmpty() ? accessibleName() : accessibleName() + u'\n' + news);
     update();
 }
 
@@ -146,6 +156,21 @@ void Button::paintEvent(QPaintEvent*)
     }
     area.setLeft(area.left() + symbolRoom);
     painter.drawText(QStyle::visualRect(layoutDirection(), rect(), area), Qt::AlignCenter | Qt::TextSingleLine, shown);
+    if (!accessibleDescription().isEmpty() && m_title.isEmpty())
+        paintNews(painter);
+}
+
+void Button::paintNews(QPainter& painter) const
+{
+    const AppColours& colours = AppLook::shared().colours();
+    const double radius = buttonDot / 2;
+    const double x = buttonDotInset + radius;
+    const QPointF middle(isRightToLeft() ? x : width() - x, x);
+    painter.setPen(Qt::NoPen);
+    for (const auto& [reach, colour] : {std::pair(buttonDotRing, colours.ground), {0.0, colours.accent}}) {
+        painter.setBrush(colour);
+        painter.drawEllipse(middle, radius + reach, radius + reach);
+    }
 }
 
 } // namespace ambrelle

@@ -27,6 +27,7 @@ public:
     void setKind(Kind kind);
     const QString& symbol() const { return m_symbol; }
     void setSymbol(const QString& name); ///< empty: none
+    void setNews(const QString& news); ///< a dot and what it means; empty: none
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -38,6 +39,7 @@ protected:
 private:
     QColor plate() const; ///< invalid: none
     QColor ink() const;
+    void paintNews(QPainter& painter) const;
 
     Kind m_kind;
     QString m_title;
