@@ -123,7 +123,7 @@ void AppDelegate::openDoor()
 /// A restart would take something away from who sits there.
 bool AppDelegate::isInUse() const
 {
-    return m_interface.isWindowVisible() || m_services.focus.isRunning();
+    return m_interface.isInUse() || m_services.focus.isRunning();
 }
 
 void AppDelegate::settingChanged(const QString& key)

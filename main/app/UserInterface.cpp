@@ -163,6 +163,11 @@ void UserInterface::showUpdates()
     open(MainTab::settings);
 }
 
+bool UserInterface::isInUse() const
+{
+    return m_mainWindow.window() || m_widgetSettings.popover();
+}
+
 void UserInterface::carryOut(const StartRequest& request)
 {
     m_token = request.token;

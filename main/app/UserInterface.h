@@ -53,7 +53,8 @@ public:
     /// The weather's city and the calendars, where the settings of them are.
     void askForCity();
     void showCalendars();
-    bool isWindowVisible() const { return m_mainWindow.isVisible(); } ///< the main one
+    /// Whether the main window, be it as an icon, or a widget's settings are open: something may be half typed there.
+    bool isInUse() const;
     /// Opens the files in the main window, then performs the action; opens the window alone when there is neither.
     void carryOut(const StartRequest& request);
 

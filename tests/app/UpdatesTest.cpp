@@ -5,13 +5,17 @@
 #include "app/Relaunch.h"
 #include "app/StartRequest.h"
 #include "app/UpdateCheck.h"
+#include "desktop/WidgetManager.h"
 #include "support/WaitUntil.h"
 #include "window/frame/MainWindow.h"
+#include "window/frame/SheetCard.h"
 #include "window/look/ActionMenu.h"
 #include "window/settings/SettingsRow.h"
+#include "window/themes/ThemeActions.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QTimer>
 
 #include <algorithm>
@@ -113,6 +117,36 @@ TEST_F(UpdatesTest, NobodyIsDisturbedUnasked)
     EXPECT_FALSE(isStaged()) << "a session of work runs";
 
     line(u"Pause Focus"_s)->trigger();
+    EXPECT_EQ(loopAfter([this] { machine().clock.advance(12h); }), relaunchStatus);
+    EXPECT_TRUE(isExchanged());
+}
+
+TEST_F(UpdatesTest, WhatIsHalfTypedIsNotLost)
+{
+    program.delegate.carryOut({});
+    ASSERT_TRUE(mainWindow());
+    const WindowContext& context = program.delegate.context();
+    context.themeActions.saveDesktop();
+    const auto* sheet = mainWindow()->findChild<SheetCard*>();
+    ASSERT_TRUE(sheet);
+    auto* name = sheet->findChild<QLineEdit*>();
+    name->setText(u"Harbour at night"_s);
+    mainWindow()->showMinimized();
+    machine().clock.advance(30s);
+    ASSERT_TRUE(isSettled());
+    EXPECT_FALSE(isStaged()) << "the window waits as an icon";
+    program.delegate.carryOut({});
+    ASSERT_EQ(mainWindow()->findChild<SheetCard*>(), sheet);
+    EXPECT_EQ(name->text(), u"Harbour at night"_s);
+    mainWindow()->close();
+    QCoreApplication::processEvents();
+
+    context.manager.controllers().first()->requestSettings();
+    machine().clock.advance(12h);
+    ASSERT_TRUE(isSettled());
+    EXPECT_FALSE(isStaged()) << "the settings of a widget are open";
+    QApplication::activePopupWidget()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(loopAfter([this] { machine().clock.advance(12h); }), relaunchStatus);
     EXPECT_TRUE(isExchanged());
 }
