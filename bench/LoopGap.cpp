@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 // Preloaded into the program, notes how long its main thread was away from its event loop, as lines of
-// "seconds-since-start wall-ms cpu-ms queued-ms" in the file that AMBRELLE_GAPS names when the program ends. Queued is
-// how long it waited for a processor that others had.
+// "seconds-since-start wall-ms cpu-ms queued-ms" in the file that AMBRELLE_GAPS names when the program ends or becomes
+// another. Queued is how long it waited for a processor that others had.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <poll.h>
@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <string>
 #include <vector>
 
 namespace {
@@ -101,16 +102,26 @@ template <typename Wait> int waited(const pollfd* files, nfds_t count, Wait wait
 }
 
 struct Report {
-    ~Report()
+    Report()
     {
-        const char* name = std::getenv("AMBRELLE_GAPS");
-        std::FILE* file = name ? std::fopen(name, "w") : nullptr;
+        const char* variable = std::getenv("AMBRELLE_GAPS");
+        name = variable ? variable : "";
+        for (const char* own : {"AMBRELLE_GAPS", "LD_PRELOAD"}) // not for what it starts
+            unsetenv(own);
+    }
+    ~Report() { write(); }
+    void write() const
+    {
+        std::FILE* file = getpid() == process && !name.empty() ? std::fopen(name.c_str(), "w") : nullptr;
         if (!file)
             return;
         for (const Gap& gap : gaps)
             std::fprintf(file, "%.3f %.2f %.2f %.2f\n", gap.at, gap.length.wall, gap.length.cpu, gap.length.queued);
         std::fclose(file);
     }
+
+    const pid_t process = getpid();
+    std::string name;
 } report;
 
 template <typename Function> Function* nextBeat(const char* name)
@@ -119,6 +130,13 @@ template <typename Function> Function* nextBeat(const char* name)
 }
 
 } // namespace
+
+extern "C" int execv(const char* path, char* const arguments[])
+{
+    static const auto real = nextBeat<int(const char*, char* const[])>("execv");
+    report.write();
+    return real(path, arguments);
+}
 
 extern "C" int poll(pollfd* files, nfds_t count, int timeout)
 {
