@@ -117,6 +117,13 @@ class Drip(Answer):
             time.sleep(0.05)
 
 
+class Silence(Answer):
+    """Nothing, for longer than anybody waits."""
+
+    def give(self, handler):
+        time.sleep(120)
+
+
 class Handler(http.server.BaseHTTPRequestHandler):
     def do_GET(self):
         self.server.publisher.requests.append((time.monotonic(), self.path))

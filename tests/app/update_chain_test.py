@@ -6,6 +6,7 @@ update_chain_test.py PROGRAM HELPER KEYS.
 Nothing that can be published but the newer version itself changes a byte of the program that stands there, or leaves
 anything behind.
 """
+import fcntl
 import json
 import os
 import re
@@ -18,9 +19,10 @@ from pathlib import Path
 import assistive
 from installed import NEW, OLD, digest
 from program import wait_for
-from publisher import IDENTIFIER, SEPARATE, Answer, Drip, Publisher, Release, sign
+from publisher import IDENTIFIER, SEPARATE, Answer, Drip, Publisher, Release, Silence, sign
 from updating import PRESENT, published
 
+PATIENCE = 40  # seconds, of which it waits 20 for a server that says nothing
 UNASKED = 30  # seconds after a start until a newer version is looked for
 ENDING = 5  # seconds, of which it takes two at most
 QUIET = {"unasked-off": {"checkForUpdates": False}, "unasked-told": {"installUpdates": False},
@@ -137,6 +139,32 @@ def is_attacked(session, shop, plain):
     assert "HOME=" not in seen and "DISPLAY=" not in seen and "socket:" not in seen, f"it was told too much:\n{seen}"
 
 
+def has_no_room(session, shop):
+    """Where the disk is full before the archive is whole, or before it is unpacked."""
+    session.publish(shop.newer)
+    size = len(shop.archive)
+    for room, line in ((size // 2, NO_DOWNLOAD), (size + size // 2, REFUSED)):
+        run = subprocess.run([*SEPARATE, "--size", str(room), "--tmpfs", session.temporary, "sh", "-c",
+                              '"$0" --check-update; ls -A "$TMPDIR"', session.program],
+                             env=session.env, check=True, capture_output=True, text=True)
+        assert run.stdout.splitlines() == [f"Failed: {line}"], f"with room for {room} bytes of {size}: {run}"
+        assert session.is_untouched()
+
+
+def begins_to_wait(session, shop, file):
+    """For a server that says nothing when that file is asked for; gives the process."""
+    session.publish(shop.newer, **{file: Silence(200)})
+    return subprocess.Popen(["timeout", str(PATIENCE), session.program, "--check-update"], env=session.env, text=True,
+                            stdout=subprocess.PIPE)
+
+
+def does_not_wait_long(waiting):
+    for session, process, line in waiting:
+        told, _ = process.communicate()
+        assert (process.returncode, told) == (0, f"Failed: {line}\n"), f"{line}: {process.returncode} {told}"
+        assert session.is_untouched(), line
+
+
 def has_no_place(session, shop):
     """Where something else is, or nothing may be. Nothing is fetched there."""
     session.publish(shop.newer)
@@ -152,6 +180,15 @@ def has_no_place(session, shop):
         assert session.asked(before) == [] and not any(elsewhere.iterdir())
         session.work.unlink() if session.work.is_symlink() or session.work.is_file() else session.work.rmdir()
         assert session.is_untouched()
+    session.work.mkdir(0o700)
+    held = os.open(session.work, os.O_RDONLY)
+    fcntl.flock(held, fcntl.LOCK_EX)  # as another updater does
+    session.find_update()
+    session.act("update")
+    assistive.shown(NOT_INSTALLED)
+    os.close(held)
+    session.work.rmdir()
+    assert session.is_untouched()
     session.quit(session.running())
     session.run([*SEPARATE, "--ro-bind", session.place, session.place, session.program])
     number = wait_for("running program", session.running)
@@ -248,8 +285,11 @@ def updates_at_a_wish(session, shop):
 
 
 def main():
-    with published("asked", "unasked", *QUIET) as (shop, stranger, (asked, unasked, *quiet)):
+    with published("asked", "unasked", "silent", "idle", *QUIET) as (shop, stranger, sessions):
+        asked, unasked, silent, idle, *quiet = sessions
         plain = Publisher()
+        waiting = [(silent, begins_to_wait(silent, shop, "feed.json"), OFFLINE),
+                   (idle, begins_to_wait(idle, shop, "Ambrelle.zip"), NO_DOWNLOAD)]
         for session in (unasked, *quiet):
             session.store.write_text(json.dumps(session.stored() | QUIET.get(session.name, {})))
             session.publish(Release(shop.archive, shop.by_spare, NEW))
@@ -259,6 +299,7 @@ def main():
         wait_for("widgets", lambda: unasked.windows())
         before = state(unasked)
         for play in ((feeds, asked, shop, plain), (servers, asked, plain, stranger), (rehearses, asked, shop), (ends_meanwhile, asked, shop),
+                     (has_no_room, asked, shop), (does_not_wait_long, waiting),
                      (is_attacked, asked, shop, plain), (has_no_place, asked, shop), (updates_at_a_wish, asked, shop),
                      (updates_itself, unasked, shop, before), (stay_as_they_are, quiet)):
             begin = time.monotonic()

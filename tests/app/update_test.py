@@ -156,7 +156,7 @@ def loses_its_power(session, archive, whole):
 
 def is_refused(session, archive, whole):
     """Where the disk or its file system does not take it."""
-    for fault in ("renameat2:error=EXDEV", "renameat2:error=EINVAL", "fsync:error=ENOSPC:when=1", "fsync:error=EIO",
+    for fault in ("renameat2:error=EXDEV", "renameat2:error=EINVAL", "renameat2:error=EPERM", "fsync:error=ENOSPC:when=1", "fsync:error=EIO",
                   "fsync:error=EIO:when=3", "fsync:error=EIO:when=4"):  # two of them are for the journal
         process = session.run(["strace", "-f", "-qq", "-o", "/dev/null", "-e", f"inject={fault}", *session.command(archive)])
         status = process.wait()

@@ -146,6 +146,9 @@ TEST_F(FolderStagingTest, TheArchiveIsNotInTheFolderThatHasToBeEmpty)
         const QString link = QFile::symLinkTarget(u"/proc/self/fd/%1"_s.arg(newer->archive()));
         const QString expected = purpose == Purpose::update ? program.work() : program.home.path();
         EXPECT_EQ(QFileInfo(link).path(), expected) << qPrintable(link);
+        struct stat status { };
+        EXPECT_EQ(::fstat(newer->archive(), &status), 0);
+        EXPECT_EQ(status.st_nlink, 0U) << "somebody could put another one into its place";
     }
 }
 
