@@ -89,11 +89,11 @@ void AppDelegate::start()
         [this](WidgetController* widget, const FaceAction& action) { clicked(*widget, action); });
     m_interface.start();
     m_automation.start();
+    if (m_settings.hasLaunchedBefore()) // before the follower looks for a wallpaper that does not fit
+        m_wallpaper.restore([this](Skin skin) { return m_follower.fitting(skin); });
     m_follower.start();
     m_updater.start();
-    if (m_settings.hasLaunchedBefore())
-        m_wallpaper.restore([this](Skin skin) { return m_follower.fitting(skin); });
-    else
+    if (!m_settings.hasLaunchedBefore())
         firstLaunch();
     connect(&m_settings, &AppSettings::changed, this, &AppDelegate::settingChanged);
     connect(&m_ports.windows, &WindowHost::screensChanged, this, &AppDelegate::screensChanged);

@@ -11,6 +11,8 @@
 #include "placement/ThemePlacement.h"
 #include "wallpapers/DesktopWallpaper.h"
 
+#include <memory>
+
 namespace ambrelle {
 
 namespace {
@@ -57,8 +59,7 @@ bool DesktopThemes::applyPreset(
     QList<StoredWidget> widgets;
     for (const WidgetConfig& config : Composition::widgets(fits, ScreenPlacement::room(screens.first())))
         widgets.append({config});
-    m_manager.replace(screen ? std::optional(screens.first()) : std::nullopt, widgets, fits);
-    setWallpaper(withWallpaper ? std::optional(fits) : std::nullopt, screens, done);
+    replace(screen, widgets, fits, withWallpaper ? std::optional(fits) : std::nullopt, done);
     return true;
 }
 
@@ -71,20 +72,35 @@ bool DesktopThemes::apply(
     SavedTheme fits = theme;
     for (SavedWidget& widget : fits.widgets)
         widget.config.skin = fitting(widget.config.skin);
-    m_manager.replace(screen ? std::optional(screens.first()) : std::nullopt,
-        ThemePlacement::placed(fits, screens.first()), std::nullopt);
     const bool changesPicture = withWallpaper && theme.wallpaper;
-    setWallpaper(changesPicture ? std::optional(fitting(*theme.wallpaper)) : std::nullopt, screens, done);
+    replace(screen, ThemePlacement::placed(fits, screens.first()), std::nullopt,
+        changesPicture ? std::optional(fitting(*theme.wallpaper)) : std::nullopt, done);
     return true;
 }
 
-/// Should it fail, the widgets stand on the picture that is there.
-void DesktopThemes::setWallpaper(std::optional<Skin> skin, const QList<ScreenInfo>& screens, const Done& done)
+/// Should the picture fail, the widgets stand on the one that is there. It is ordered as they are stored: a kill leaves
+/// both to the next start, or neither.
+void DesktopThemes::replace(const std::optional<ScreenInfo>& screen, const QList<StoredWidget>& widgets,
+    std::optional<Skin> defaultSkin, std::optional<Skin> picture, const Done& done)
 {
-    if (skin)
-        m_with.wallpaper.apply(*skin, screens, done);
-    else if (done)
-        done({});
+    struct Answer {
+        bool isDue = false; ///< the widgets stand
+        std::optional<QString> error{};
+    };
+    const auto answer = std::make_shared<Answer>(Answer{.error = picture ? std::nullopt : std::optional(QString())});
+    const QList<ScreenInfo> screens = targets(screen);
+    const auto order = [&] {
+        m_with.wallpaper.apply(*picture, screens, [answer, done](const QString& error) {
+            if (answer->isDue && done)
+                done(error);
+            answer->error = error;
+        });
+    };
+    m_manager.replace(screen ? std::optional(screens.first()) : std::nullopt, widgets, defaultSkin,
+        picture ? std::function<void()>(order) : nullptr);
+    answer->isDue = true;
+    if (answer->error && done)
+        done(*answer->error);
 }
 
 SavedTheme DesktopThemes::snapshot(const QString& name, const std::optional<ScreenInfo>& screen) const

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "model/SavedTheme.h"
+#include "placement/StoredWidget.h"
 #include "platform/WindowHost.h"
 
 #include <functional>
@@ -41,7 +42,8 @@ public:
 private:
     QList<ScreenInfo> targets(const std::optional<ScreenInfo>& screen) const;
     Skin fitting(Skin skin) const;
-    void setWallpaper(std::optional<Skin> skin, const QList<ScreenInfo>& screens, const Done& done);
+    void replace(const std::optional<ScreenInfo>& screen, const QList<StoredWidget>& widgets,
+        std::optional<Skin> defaultSkin, std::optional<Skin> picture, const Done& done);
 
     WidgetManager& m_manager;
     Collaborators m_with;

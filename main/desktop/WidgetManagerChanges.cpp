@@ -23,12 +23,15 @@ constexpr QRectF roomWithoutScreen(0, 0, 1024, 600);
 } // namespace
 
 /// Holds back what the steps of one change store, show and tell; when it is complete, all is stored at once, then
-/// shown, and told once if it was a change of the list. New widgets have that skin from then on, if one is given.
+/// shown, and told once if it was a change of the list. New widgets have that skin from then on, if one is given; what
+/// `also` stores is stored together with the widgets.
 class WidgetManager::Change {
 public:
-    explicit Change(WidgetManager& manager, std::optional<Skin> defaultSkin = std::nullopt)
+    explicit Change(
+        WidgetManager& manager, std::optional<Skin> defaultSkin = std::nullopt, std::function<void()> also = {})
         : m_manager(manager)
         , m_defaultSkin(defaultSkin)
+        , m_also(std::move(also))
         , m_before(manager.m_controllers)
     {
         ++m_manager.m_openChanges;
@@ -42,6 +45,8 @@ public:
             if (m_defaultSkin)
                 m_manager.m_with.settings.defaultSkin.set(*m_defaultSkin);
             m_manager.save();
+            if (m_also)
+                m_also();
         }
         m_manager.m_stage.play();
         if (m_manager.m_controllers != m_before)
@@ -52,6 +57,7 @@ public:
 private:
     WidgetManager& m_manager;
     const std::optional<Skin> m_defaultSkin;
+    const std::function<void()> m_also;
     const QList<WidgetController*> m_before;
 };
 
@@ -161,10 +167,10 @@ WidgetController* WidgetManager::reinsert(const StoredWidget& widget, qsizetype 
     return m_controllers.at(place);
 }
 
-void WidgetManager::replace(
-    const std::optional<ScreenInfo>& screen, QList<StoredWidget> widgets, std::optional<Skin> defaultSkin)
+void WidgetManager::replace(const std::optional<ScreenInfo>& screen, QList<StoredWidget> widgets,
+    std::optional<Skin> defaultSkin, const std::function<void()>& also)
 {
-    const Change change(*this, defaultSkin);
+    const Change change(*this, defaultSkin, also);
     if (screen)
         removeAll(*screen);
     else

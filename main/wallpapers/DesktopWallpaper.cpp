@@ -58,25 +58,27 @@ void DesktopWallpaper::refresh(const std::function<void()>& then)
         m_picture.read(connector, [told, connector](const QString& file) { told(connector, file); });
 }
 
-void DesktopWallpaper::restore(const std::function<Skin(Skin)>& choose)
+void DesktopWallpaper::restore(const SkinChoice& choose)
 {
     if (m_host.screens().isEmpty()) {
         m_restore = [this, choose] { restore(choose); };
         return;
     }
     const QString last = m_notes.current();
-    if (last.isEmpty() || !m_picture.isAvailable())
+    const WallpaperNotes::Unfinished unfinished = m_notes.unfinished();
+    if ((last.isEmpty() && unfinished.files.isEmpty()) || !m_picture.isAvailable())
         return;
-    refresh([this, last, choose] {
-        if (m_asked || !m_current.isEmpty())
+    refresh([this, last, unfinished, choose] {
+        if (m_asked)
             return;
-        m_picture.remember(m_folders.wallpapers, [this, last, choose](const QJsonObject& memory) {
-            if (m_asked || !m_current.isEmpty() || !memory.isEmpty())
-                return; // another picture shows, though nothing tells its file
-            if (const std::optional<Skin> skin = Wallpaper::skinOf(last))
-                apply(choose ? choose(*skin) : *skin);
-            else
-                apply(last);
+        if (!m_current.isEmpty())
+            return bringBack(unfinished, {}, choose);
+        m_picture.remember(m_folders.wallpapers, [this, last, unfinished, choose](const QJsonObject& memory) {
+            if (m_asked)
+                return;
+            // Another picture may show, though nothing tells its file.
+            const bool isForgotten = m_current.isEmpty() && memory.isEmpty();
+            bringBack(unfinished, isForgotten ? last : QString(), choose);
         });
     });
 }
@@ -162,6 +164,13 @@ QList<ScreenPicture> DesktopWallpaper::stillAsked(const QList<ScreenPicture>& pi
 int DesktopWallpaper::begin(const QList<ScreenPicture>& pictures)
 {
     m_asked = pictures;
+    WallpaperNotes::Unfinished unfinished;
+    for (const ScreenPicture& picture : pictures) {
+        unfinished.files.insert(picture.connector, picture.file);
+        if (const QString shown = m_shown.value(picture.connector); !shown.isEmpty())
+            unfinished.shown.insert(picture.connector, shown);
+    }
+    m_notes.setUnfinished(unfinished);
     ++m_changes;
     return ++m_request;
 }
@@ -173,6 +182,7 @@ bool DesktopWallpaper::end(int request)
     if (request != m_request)
         return false;
     m_asked.reset();
+    m_notes.setUnfinished({});
     return true;
 }
 

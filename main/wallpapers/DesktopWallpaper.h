@@ -30,6 +30,7 @@ public:
     /// Gets one sentence why it did not work, empty when it did or a later call took its place. On failure the old
     /// picture stays.
     using Done = std::function<void(const QString& error)>;
+    using SkinChoice = std::function<Skin(Skin)>;
     /// What the screens showed at some moment, ours or the user's, for giveBack().
     struct Memory {
         QJsonObject desktop; ///< as the port told it; empty: that is not known
@@ -71,10 +72,10 @@ public:
     /// Asks the desktop again, then calls `then`.
     void refresh(const std::function<void()>& then);
 
-    /// Brings back the picture of the last run where the desktop itself forgot it and shows none. If it was a skin's,
-    /// the one of the skin that `choose` names for it, at the moment when it is wanted. While no screen is connected
-    /// that waits for fitScreens().
-    void restore(const std::function<Skin(Skin)>& choose = {});
+    /// Shows what the last run was asked for and could not show before it ended; else brings back its picture where the
+    /// desktop itself forgot it and shows none. If it is a skin's, the one of the skin that `choose` names for it, at
+    /// the moment when it is wanted. While no screen is connected that waits for fitScreens().
+    void restore(const SkinChoice& choose = {});
     /// Screens came or changed: those that moved, changed or came back get their own size of the skin's wallpaper that
     /// they show, and those never seen before, or of which nothing is told any more, what the main screen shows.
     /// Pictures that are not a skin's stay, and so do screens of which only the work area changed.
@@ -115,7 +116,8 @@ private:
     bool end(int request);
     void prepare(QList<ScreenPicture> pictures, Preparation files, const Done& done);
     ScreenPicture ordered(Skin skin, const ScreenInfo& screen, Sizes& sizes) const;
-    void paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const Done& done);
+    void paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const QStringList& others, const Done& done);
+    void bringBack(const WallpaperNotes::Unfinished& unfinished, const QString& last, const SkinChoice& choose);
     void readAll(const QList<ScreenInfo>& screens, const QStringList& shown, int changes);
     void fit(const QList<ScreenInfo>& screens, const QStringList& shown);
     Places places(const QList<ScreenInfo>& screens) const;

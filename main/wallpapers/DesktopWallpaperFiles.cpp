@@ -49,6 +49,11 @@ QString paintFile(const Wallpaper& wallpaper, Skin skin, QSize size, const QStri
     return writeFile(path, png);
 }
 
+QString whyUnreadable(const QString& file)
+{
+    return QFileInfo(file).isReadable() ? QString() : Wording::tr("“%1” cannot be read.").arg(file);
+}
+
 QString installExtra(const QString& extra, const QString& installed)
 {
     if (QFileInfo(installed).size() > 0)
@@ -70,7 +75,7 @@ void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, const 
     const bool isForAll = !screens.isEmpty() && !isPerScreen();
     for (const ScreenInfo& screen : isForAll ? m_host.screens() : screens)
         pictures.append(ordered(skin, screen, sizes));
-    paint(pictures, sizes, done);
+    paint(pictures, sizes, {}, done);
 }
 
 /// The skin's picture for that screen, its size noted in `sizes`.
@@ -82,13 +87,22 @@ ScreenPicture DesktopWallpaper::ordered(Skin skin, const ScreenInfo& screen, Siz
     return {screen.connector, path};
 }
 
-void DesktopWallpaper::paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const Done& done)
+/// Paints the files that have a size; the others are there, or are copies of shipped pictures.
+void DesktopWallpaper::paint(
+    const QList<ScreenPicture>& pictures, const Sizes& sizes, const QStringList& others, const Done& done)
 {
-    const auto files = [wallpaper = m_wallpaper, sizes] {
+    QMap<QString, QString> extras; // by their copy
+    for (const QString& extra : others.isEmpty() ? QStringList() : extrasIn(m_folders.extras))
+        extras.insert(installedURL(extra), extra);
+    const auto files = [wallpaper = m_wallpaper, sizes, others, extras] {
         QString error;
         for (auto file = sizes.begin(); file != sizes.end() && error.isEmpty(); ++file) {
             if (const std::optional<Skin> skin = Wallpaper::skinOf(file.key()))
                 error = paintFile(wallpaper, *skin, file.value(), file.key());
+        }
+        for (const QString& file : others) {
+            if (error.isEmpty())
+                error = extras.contains(file) ? installExtra(extras[file], file) : whyUnreadable(file);
         }
         return error;
     };
@@ -102,10 +116,8 @@ void DesktopWallpaper::apply(Skin skin, const Done& done)
 
 void DesktopWallpaper::apply(const QString& file, const Done& done)
 {
-    const auto readable = [file] {
-        return QFileInfo(file).isReadable() ? QString() : Wording::tr("“%1” cannot be read.").arg(file);
-    };
-    prepare(onEveryScreen(file), readable, done);
+    prepare(
+        onEveryScreen(file), [file] { return whyUnreadable(file); }, done);
 }
 
 QStringList DesktopWallpaper::extrasIn(const QString& folder)

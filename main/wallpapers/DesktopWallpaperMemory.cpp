@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// What the desktop showed before, and how that comes back.
+// What the desktop showed before or was to show, and how that comes back.
 
 #include "wallpapers/DesktopWallpaper.h"
 
@@ -80,6 +80,38 @@ void DesktopWallpaper::giveBack(const Memory& memory, const Done& done)
         }
         answer(error);
     });
+}
+
+/// Asks once more for what a former run could not finish, but for screens that have been given another picture since;
+/// gives the others `last`, unless that is empty.
+void DesktopWallpaper::bringBack(
+    const WallpaperNotes::Unfinished& unfinished, const QString& last, const SkinChoice& choose)
+{
+    constexpr int mostStarts = 3; // else what ends the program would end every next one
+    Sizes sizes;
+    QStringList others;
+    QList<ScreenPicture> pictures;
+    for (const ScreenInfo& screen : m_host.screens()) {
+        const QString before = unfinished.shown.value(screen.connector);
+        const QString now = currentURL(screen);
+        QString file = unfinished.starts < mostStarts ? unfinished.files.value(screen.connector) : QString();
+        if (!now.isEmpty() && !before.isEmpty() && now != before && now != file)
+            continue;
+        file = file.isEmpty() ? last : file;
+        if (const std::optional<Skin> skin = Wallpaper::skinOf(file)) {
+            pictures.append(ordered(choose ? choose(*skin) : *skin, screen, sizes));
+        } else if (!file.isEmpty()) {
+            pictures.append({screen.connector, file});
+            others.append(file);
+        }
+    }
+    m_notes.setUnfinished({});
+    if (pictures.isEmpty())
+        return;
+    paint(pictures, sizes, others, {});
+    WallpaperNotes::Unfinished again = m_notes.unfinished();
+    again.starts = unfinished.starts + 1;
+    m_notes.setUnfinished(again);
 }
 
 } // namespace ambrelle

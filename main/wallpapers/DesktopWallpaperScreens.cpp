@@ -76,7 +76,7 @@ void DesktopWallpaper::fit(const QList<ScreenInfo>& screens, const QStringList& 
         }
     }
     if (isWanted && pictures != asked)
-        paint(pictures, sizes, {});
+        paint(pictures, sizes, {}, {});
 }
 
 DesktopWallpaper::Places DesktopWallpaper::places(const QList<ScreenInfo>& screens) const

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <QHash>
 #include <QJsonObject>
 #include <QString>
 
@@ -25,6 +26,17 @@ public:
 
     QString current() const; ///< the file last set on the main screen; empty when none is
     void setCurrent(const QString& file);
+
+    /// Pictures that were asked for and do not show yet.
+    struct Unfinished {
+        QHash<QString, QString> files; ///< by connector
+        QHash<QString, QString> shown; ///< what they were to take the place of, where that was known
+        int starts = 0; ///< how often a run has begun with them
+
+        bool operator==(const Unfinished&) const = default;
+    };
+    Unfinished unfinished() const; ///< no files when everything shows
+    void setUnfinished(const Unfinished& unfinished);
 
 private:
     UserDefaults& m_defaults;

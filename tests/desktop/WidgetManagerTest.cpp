@@ -197,9 +197,10 @@ TEST_F(WidgetManagerTest, NothingIsShownBeforeItIsStored)
     QObject::connect(widget, &WidgetController::closed, &desk.host, [&] {
         ++told;
         EXPECT_GT(desk.stored().size(), 3) << "the next layout was not stored before the old one went";
+        EXPECT_TRUE(desk.defaults.contains(u"desktopPicture.unfinished"_s)) << "nor that its wallpaper is wanted";
         EXPECT_EQ(shown().size(), 1);
     });
-    desk.manager.applyPreset(Skin::glass, false);
+    desk.manager.applyPreset(Skin::glass, true);
     EXPECT_EQ(told, 2);
 }
 

@@ -122,5 +122,65 @@ TEST_F(DesktopWallpaperMemoryTest, WhatIsGivenBackAndWhatIsAppliedComeInTheirOrd
     EXPECT_TRUE(settle(Skin::neon));
 }
 
+/// As after a kill while it was painted: the program's end waits for the painter, so an answer that never comes does
+/// for it.
+TEST_F(DesktopWallpaperMemoryTest, WhatCouldNotBeFinishedIsShownByTheNextStart)
+{
+    const QString dunes = folder.write(u"Extras/dunes.jpg"_s, "sand");
+    const QString garden = folder.write(u"garden.jpg"_s, "green");
+    const QString older = u"/home/user/holiday.jpg"_s;
+    struct Case {
+        const char* what;
+        std::function<void(DesktopWallpaper&)> ask;
+        QString shown; ///< on the left screen at the next start
+        QString left, right; ///< what shows in the end
+    };
+    const auto askForKyoto = [](DesktopWallpaper& asked) { asked.apply(Skin::kyoto); };
+    const QString kyotoLeft = path(u"kyoto-r16-801x600.png"_s);
+    const QString kyotoRight = path(u"kyoto-r16-640x480.png"_s);
+    for (const Case& c : {
+             Case{"a skin's", askForKyoto, older, kyotoLeft, kyotoRight},
+             Case{"on one screen", [this](auto& asked) { asked.apply(Skin::kyoto, {host.screens().last()}); }, older,
+                 older, kyotoRight},
+             Case{"a shipped one", [&](auto& asked) { asked.applyExtra(dunes); }, older, path(u"extra-dunes.jpg"_s),
+                 path(u"extra-dunes.jpg"_s)},
+             Case{"the user's own", [&](auto& asked) { asked.apply(garden); }, older, garden, garden},
+             Case{"the user chose one meanwhile", askForKyoto, garden, garden, kyotoRight},
+             Case{"the last of two", [&](auto& asked) { asked.apply(garden), asked.apply(Skin::kyoto); }, older,
+                 kyotoLeft, kyotoRight},
+         }) {
+        SCOPED_TRACE(c.what);
+        UserDefaults store = UserDefaults::temporary();
+        picture.shown = {{u"LEFT"_s, older}, {u"RIGHT"_s, older}};
+        {
+            DesktopWallpaper killed(painter, host, picture, store, folders);
+            killed.refresh([] {});
+            c.ask(killed);
+        }
+        picture.shown[u"LEFT"_s] = c.shown;
+        QDir(folder.filePath(u"Wallpapers"_s)).removeRecursively();
+        DesktopWallpaper next(painter, host, picture, store, folders);
+        next.restore();
+        EXPECT_TRUE(waitUntil(
+            [&] { return picture.shown.value(u"LEFT"_s) == c.left && picture.shown.value(u"RIGHT"_s) == c.right; }));
+        picture.sets.clear();
+        DesktopWallpaper later(painter, host, picture, store, folders);
+        later.restore();
+        EXPECT_EQ(later.wantedSkin(), later.currentSkin()) << "it is not asked for again";
+    }
+}
+
+TEST_F(DesktopWallpaperMemoryTest, APictureThatEndsEveryStartIsGivenUp)
+{
+    int starts = 0;
+    wallpaper.apply(Skin::kyoto);
+    for (bool isWanted = true; isWanted && starts < 10; ++starts) {
+        DesktopWallpaper next(painter, host, picture, defaults, folders);
+        next.restore();
+        isWanted = next.wantedSkin() == Skin::kyoto;
+    }
+    EXPECT_EQ(starts, 4);
+}
+
 } // namespace
 } // namespace ambrelle
