@@ -6,6 +6,7 @@
 #include "app/StartRequest.h"
 #include "app/UserFolders.h"
 #include "app/WindowPictures.h"
+#include "foundation/UserDefaults.h"
 #include "model/AppSettings.h"
 #include "platform/linux/kernel/RunningProgram.h"
 #include "platform/SystemAppearance.h"
@@ -18,6 +19,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QPointer>
 
 #include <utility>
 
@@ -102,12 +104,29 @@ UserInterface::UserInterface(const Collaborators& with)
     , m_widgetSettings({with.manager, with.ports.windows, with.ports.appearance, with.ports.clock})
     , m_statusItem([this] { return m_quickMenu.items(); }, [this] { m_mainWindow.toggle(); }, with.ports.clock)
 {
+    // Later, when a sentence of whoever wrote may stand there.
+    with.defaults.setRefused([self = QPointer<UserInterface>(this), &defaults = with.defaults] {
+        if (self)
+            QMetaObject::invokeMethod(
+                self.get(), [self, &defaults] { self->tellRefused(defaults); }, Qt::QueuedConnection);
+    });
     connect(&m_appearance, &SystemAppearance::changed, this, &UserInterface::followAppearance);
     connect(&m_mainWindow, &MainWindowController::forgotten, this, [&pictures = with.pictures] { pictures.release(); });
     connect(&m_themeActions, &ThemeActions::windowWanted, this, [this] { open({}); });
     connect(&m_statusItem, &StatusItemController::appeared, this, [this] { m_model.setHasTray(true); });
     for (const TrayPresence* tray : m_trays)
         connect(tray, &TrayPresence::appeared, &m_statusItem, &StatusItemController::show);
+}
+
+/// What was changed is as the user wants it, and shown so, but would not outlive the program.
+void UserInterface::tellRefused(UserDefaults& defaults)
+{
+    if (m_undo.failure())
+        return;
+    m_undo.fail(Wording::tr("The disk takes no changes. They are kept while Ambrelle runs."), [this, &defaults] {
+        if (!defaults.storeAgain())
+            tellRefused(defaults);
+    });
 }
 
 void UserInterface::start()

@@ -59,6 +59,7 @@ public:
     void carryOut(const StartRequest& request);
 
 private:
+    void tellRefused(UserDefaults& defaults);
     void perform(const QString& action);
     void open(std::optional<MainTab> tab);
     void followAppearance();

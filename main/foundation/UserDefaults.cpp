@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 
 #include <cmath>
+#include <utility>
 
 namespace ambrelle {
 
@@ -130,7 +131,7 @@ bool UserDefaults::setData(const QString& key, const QByteArray& value)
 bool UserDefaults::remove(const QString& key)
 {
     if (!m_values.contains(key))
-        return !m_unsaved || save();
+        return storeAgain();
     m_values.remove(key);
     return save();
 }
@@ -143,13 +144,26 @@ bool UserDefaults::put(const QString& key, const QJsonValue& value)
     return save();
 }
 
+bool UserDefaults::storeAgain()
+{
+    return !m_unsaved || save();
+}
+
+void UserDefaults::setRefused(std::function<void()> refused)
+{
+    m_refused = std::move(refused);
+}
+
 bool UserDefaults::save()
 {
-    if (m_openTransactions > 0)
+    if (m_openTransactions > 0) {
         m_unsaved = true;
-    else
-        m_unsaved = m_file && !m_file->store(m_values);
-    return m_openTransactions > 0 || !m_unsaved;
+        return true;
+    }
+    m_unsaved = m_file && !m_file->store(m_values);
+    if (std::exchange(m_refuses, m_unsaved) != m_unsaved && m_unsaved && m_refused)
+        m_refused();
+    return !m_unsaved;
 }
 
 UserDefaults::Transaction::Transaction(UserDefaults& defaults)

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -67,6 +68,10 @@ public:
     bool set(const QString& key, const QJsonObject& value);
     bool setData(const QString& key, const QByteArray& value);
     bool remove(const QString& key);
+    /// Writes again what the disk refused; false when it still does.
+    bool storeAgain();
+    /// Called when the disk begins to refuse what setters are given; the one set last counts.
+    void setRefused(std::function<void()> refused);
 
 private:
     bool put(const QString& key, const QJsonValue& value);
@@ -76,6 +81,8 @@ private:
     QJsonObject m_values;
     int m_openTransactions = 0;
     bool m_unsaved = false; // what is stored lacks something of m_values
+    bool m_refuses = false; // the disk did so last
+    std::function<void()> m_refused;
 };
 
 } // namespace ambrelle

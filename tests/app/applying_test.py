@@ -3,8 +3,8 @@
 """Themes that are applied in the main window of the whole program: applying_test.py PROGRAM [KILLS [SEED]].
 
 Without the wallpaper, and with it; an accent, which every widget follows; thirty themes one upon the other, of which the last
-counts; a file on a full disk; and the program is killed while it applies one, at a random moment. What counts is what widgets
-and root window show, and what is in the store.
+counts; a theme, a setting and a file on a full disk; and the program is killed while it applies a theme, at a random moment
+and while the wallpaper is painted. What counts is what widgets and root window show, and what is in the store.
 """
 import collections
 import colorsys
@@ -16,7 +16,7 @@ import subprocess
 import sys
 import time
 
-from assistive import BUTTON, CARD, CHOICE, cards, find, gone, open_window, place, press, shown, switch_on
+from assistive import BUTTON, CARD, CHOICE, Atspi, cards, find, gone, open_window, place, press, shown, switch_on
 from program import PROGRAM, Session, place_of, pointer, screen_size, shot, wait_for
 from rootpicture import Root, fill_root
 
@@ -24,6 +24,7 @@ KILLS = int(sys.argv[2]) if len(sys.argv) > 2 else 4
 SEED = int(sys.argv[3]) if len(sys.argv) > 3 else random.randrange(10**6)
 OWN = 0x336699  # colour of the picture that the user had
 REPLACED = "Your current widgets will be replaced."
+UNFINISHED = "desktopPicture.unfinished"
 ON_DESKTOP = "On your desktop"
 MARGIN, ABOVE = 30, 32  # points of a panel beside and below its face, and above it
 PINK, LIME = "#FF4FA8", "#99FF33"  # Neon's accent, and another one for it
@@ -224,6 +225,33 @@ def export_to_full_disk(session):
     gone("Try Again", BUTTON)
 
 
+def save_on_full_disk(session):
+    """A setting, and a theme after it."""
+    def names():
+        return [theme["name"] for theme in session.stored()["savedThemes.v1"]]
+    before = session.stored()
+    limit_files(session, 256)
+    pointer("key", "--delay", "80", "ctrl+4", "ctrl+f")
+    pointer("type", "--delay", "20", "click a widget")
+    press("Click a widget to open its app", Atspi.Role.CHECK_BOX)
+    shown("The disk takes no changes. They are kept while Ambrelle runs.")
+    pointer("key", "ctrl+s")
+    shown("Save Current Desktop")
+    pointer("type", "--delay", "20", "Late")
+    pointer("key", "Return")
+    shown("The disk takes no changes of My Themes. They are kept while Ambrelle runs.")
+    press("Try Again")
+    pointer("sleep", "1")
+    shown("The disk takes no changes of My Themes. They are kept while Ambrelle runs.")
+    assert session.stored() == before and json.loads(session.store.read_text()), "what was kept before has changed"
+    limit_files(session, resource.RLIM_INFINITY)
+    press("Try Again")
+    wait_for("setting and theme in the store", lambda: session.stored()["clickToOpen"] and names() == ["Late", "Evening"])
+    gone("Try Again", BUTTON)
+    wait_for("My Themes", lambda: find("My Themes, 2 desktops"))
+    press("Themes: All", CHOICE)
+
+
 def begin(session):
     """What would go beyond the size of files fails, in place of ending the program."""
     session.process = subprocess.Popen(["env", "--ignore-signal=XFSZ", PROGRAM], env=session.env, stderr=subprocess.PIPE,
@@ -231,28 +259,42 @@ def begin(session):
     wait_for("widgets", session.panels)
 
 
-def kill(session, root, number):
-    """While it applies a theme; gives whether it had the new widgets, and the new picture."""
-    folder = session.home / "data/ambrelle/Wallpapers"
-    for file in folder.glob("*-r*.png"):
+def apply_unpainted(session, title):
+    """Has the theme applied whose wallpaper has to be painted first."""
+    for file in (session.home / "data/ambrelle/Wallpapers").glob("*-r*.png"):
         if str(file) != picture(session):
-            file.unlink()  # so that it has to be painted
-    old = skins(session), picture(session)
-    title = dice.choice([each for each in ("Paper", "Bauhaus", "Neon", "Velvet") if {each.lower()} != old[0]])
+            file.unlink()
     search(title)
     shown(title, CARD)
     pointer("key", "--delay", "80", "Down", "ctrl+Return")
     shown(REPLACED)
     pointer("key", "Return")
-    time.sleep(dice.random() * 0.6)
+
+
+def restart(session):
+    """After a kill; gives what the store had then."""
     session.process.kill()
     assert session.process.wait() == -signal.SIGKILL, "it ended by itself"
+    left = session.stored()
     begin(session)
     assert not list(session.store.parent.glob("*damaged*"))
+    return left
+
+
+def kill(session, root, number):
+    """While it applies a theme; gives whether it had the new widgets, with which the new picture comes too."""
+    folder = session.home / "data/ambrelle/Wallpapers"
+    old = skins(session), picture(session)
+    title = dice.choice([each for each in ("Paper", "Bauhaus", "Neon", "Velvet") if {each.lower()} != old[0]])
+    apply_unpainted(session, title)
+    time.sleep(dice.random() * 0.6)
+    left = restart(session)
+    if {widget["skin"] for widget in left["widgets.v2"]} == {title.lower()}:
+        wait_for(f"the new picture after round {number}", lambda: f"/{title.lower()}-" in picture(session))
     new = skins(session), picture(session)
     assert new[0] in (old[0], {title.lower()}), f"round {number}: {old}, then {new}"
     assert new[1] == old[1] or title.lower() in new[1], f"round {number}: {old}, then {new}"
-    assert [theme["name"] for theme in session.stored()["savedThemes.v1"]] == ["Evening"]
+    assert [theme["name"] for theme in session.stored()["savedThemes.v1"]] == ["Late", "Evening"]
     for file in folder.glob("*.png"):
         subprocess.run(["identify", "-regard-warnings", str(file)], check=True, capture_output=True)
     wait_for(f"widgets as in the store after round {number}", lambda: all_shown(session))
@@ -261,7 +303,21 @@ def kill(session, root, number):
     wait_for(f"one whole picture after round {number}",
              lambda: any(root.shows(file) if file else root.is_filled(OWN) for file in files))
     open_window(session)
-    return new[0] != old[0], new[1] != old[1]
+    return new[0] != old[0]
+
+
+def kill_while_painting(session, root):
+    """The wallpaper that was asked for comes with the next start."""
+    title = next(each for each in ("Paper", "Neon") if {each.lower()} != skins(session))
+    before = picture(session)
+    apply_unpainted(session, title)
+    wait_for("wallpaper that is asked for", lambda: UNFINISHED in session.stored())
+    assert UNFINISHED in restart(session), "the wallpaper was there before the kill"
+    wait_for("new picture", lambda: f"/{title.lower()}-" in picture(session))
+    assert picture(session) != before and skins(session) == {title.lower()}
+    wait_for("store and desktop alike", lambda: agrees(session, root))
+    wait_for("nothing more to paint", lambda: UNFINISHED not in session.stored())
+    open_window(session)
 
 
 def bring_back(session, root):
@@ -287,11 +343,13 @@ def main():
     use_wallpaper(session, root)
     took = apply_all(session, root)
     export_to_full_disk(session)
+    save_on_full_disk(session)
+    kill_while_painting(session, root)
     ends = [kill(session, root, number) for number in range(KILLS)]
     bring_back(session, root)
     session.end()
-    print(f"{WISHES} themes wished for in {took:.1f} s; {KILLS} kills: {ends.count((False, False))} with the old theme, "
-          f"{ends.count((True, True))} with the new one, {ends.count((True, False))} with its widgets only")
+    print(f"{WISHES} themes wished for in {took:.1f} s; {KILLS} kills: {ends.count(False)} with the old theme, "
+          f"{ends.count(True)} with the new one")
 
 
 main()

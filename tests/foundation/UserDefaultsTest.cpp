@@ -199,11 +199,16 @@ TEST_F(UserDefaultsTest, ARefusedWriteIsToldOnceAndMadeUpForLater)
     ::testing::internal::CaptureStderr();
     {
         UserDefaults defaults(path());
+        int told = 0;
+        defaults.setRefused([&] { ++told; });
         EXPECT_FALSE(defaults.set(u"a"_s, 2));
         EXPECT_FALSE(defaults.set(u"a"_s, 2)) << "the value is not stored";
+        EXPECT_FALSE(defaults.storeAgain());
+        EXPECT_EQ(told, 1);
         EXPECT_EQ(defaults.integer(u"a"_s), 2);
         ASSERT_TRUE(inTheWay.remove());
-        EXPECT_TRUE(defaults.set(u"b"_s, true));
+        EXPECT_TRUE(defaults.storeAgain());
+        EXPECT_EQ(told, 1);
     }
     EXPECT_EQ(QString::fromStdString(::testing::internal::GetCapturedStderr()).count(u'\n'), 1);
     EXPECT_EQ(UserDefaults(path()).integer(u"a"_s), 2);
