@@ -3,6 +3,7 @@
 #include "app/WindowPictures.h"
 
 #include "app/Hosts.h"
+#include "drawing/Kept.h"
 #include "foundation/FreeMemory.h"
 
 #include <QPixmapCache>
@@ -31,6 +32,7 @@ void WindowPictures::release()
     m_wallpapers.release();
     m_desktops.release();
     QPixmapCache::clear();
+    forgetKept();
     giveBackFreeMemory();
 }
 

@@ -2,6 +2,8 @@
 
 #include "drawing/Figure.h"
 
+#include "drawing/Kept.h"
+
 #include <QFontMetricsF>
 #include <QHash>
 
@@ -73,7 +75,7 @@ FigureGlyph makeGlyph(const Typeface& face, QChar character)
 
 const FigureGlyph& glyphOf(const Typeface& face, QChar character)
 {
-    thread_local QHash<GlyphKey, FigureGlyph> glyphs;
+    thread_local Kept<QHash<GlyphKey, FigureGlyph>> glyphs;
     const GlyphKey key = keyOf(face, character);
     auto found = glyphs.find(key);
     if (found == glyphs.end())
@@ -86,7 +88,7 @@ double kerning(const Typeface& face, QChar before, QChar after)
 {
     if (face.pixel || before.isNull())
         return 0;
-    thread_local QHash<GlyphKey, double> pairs;
+    thread_local Kept<QHash<GlyphKey, double>> pairs;
     const QString pair = QString(before) + after;
     const GlyphKey key = keyOf(face, pair);
     auto found = pairs.find(key);

@@ -2,6 +2,8 @@
 
 #include "drawing/PictureTreatment.h"
 
+#include "drawing/Kept.h"
+
 #include "drawing/Colours.h"
 #include "drawing/DeviceImage.h"
 #include "drawing/PixelPaint.h"
@@ -140,7 +142,7 @@ QImage PictureTreatment::applied(const QImage& picture, const QSize& size, doubl
 {
     if (picture.isNull() || size.isEmpty())
         return {};
-    thread_local QCache<QString, QImage> kept(treatedKilobytes);
+    thread_local Kept<QCache<QString, QImage>> kept(treatedKilobytes);
     const QString name =
         u"%1 %2 %3 %4 %5"_s.arg(picture.cacheKey()).arg(size.width()).arg(size.height()).arg(scale).arg(key());
     if (const QImage* known = kept.object(name))

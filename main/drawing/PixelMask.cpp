@@ -2,6 +2,8 @@
 
 #include "drawing/PixelMask.h"
 
+#include "drawing/Kept.h"
+
 #include <QCache>
 #include <QPainter>
 
@@ -129,13 +131,13 @@ constexpr int keptKilobytes = 4 * 1024;
 
 QImage dithered(const QImage& picture, const QSize& size)
 {
-    thread_local QCache<QString, QImage> results(keptKilobytes);
+    thread_local Kept<QCache<QString, QImage>> results(keptKilobytes);
     return kept(results, picture, size, ditherAfresh);
 }
 
 QImage reduced(const QImage& picture, const QSize& size)
 {
-    thread_local QCache<QString, QImage> results(keptKilobytes);
+    thread_local Kept<QCache<QString, QImage>> results(keptKilobytes);
     return kept(results, picture, size, [](const QImage& from, const QSize& to) {
         return from.scaled(to, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
             .convertToFormat(QImage::Format_ARGB32_Premultiplied);

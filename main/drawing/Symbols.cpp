@@ -2,6 +2,8 @@
 
 #include "drawing/Symbols.h"
 
+#include "drawing/Kept.h"
+
 #include "drawing/Typeface.h"
 
 #include <QFontMetricsF>
@@ -237,7 +239,7 @@ bool hasSymbol(const QString& name)
 
 QPainterPath symbolPath(const QString& name)
 {
-    thread_local QHash<QString, QPainterPath> paths;
+    thread_local Kept<QHash<QString, QPainterPath>> paths;
     const auto found = paths.constFind(name);
     if (found != paths.constEnd())
         return *found;

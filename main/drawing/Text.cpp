@@ -2,6 +2,8 @@
 
 #include "drawing/Text.h"
 
+#include "drawing/Kept.h"
+
 #include "drawing/PixelMask.h"
 
 #include <QCache>
@@ -123,7 +125,7 @@ std::shared_ptr<const ShapedText> shapeAfresh(const Typeface& face, double size,
 
 std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const QString& text)
 {
-    thread_local QCache<ShapeKey, std::shared_ptr<const ShapedText>> cache(400);
+    thread_local Kept<QCache<ShapeKey, std::shared_ptr<const ShapedText>>> cache(400);
     const ShapeKey key{face.family, face.weight, face.italic, face.tracking, size, text};
     if (const auto* kept = cache.object(key))
         return *kept;
@@ -193,7 +195,7 @@ QString elided(const QString& text, const TextStyle& style, double width)
 {
     if (shape(style.face, style.size, text)->width <= width + rounding)
         return text;
-    thread_local QCache<CutKey, QString> cache(200);
+    thread_local Kept<QCache<CutKey, QString>> cache(200);
     const CutKey key{{style.face.family, style.face.weight, style.face.italic, style.face.tracking, style.size, text},
         width, style.elide};
     if (const QString* kept = cache.object(key))

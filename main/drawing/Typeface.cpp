@@ -2,6 +2,8 @@
 
 #include "drawing/Typeface.h"
 
+#include "drawing/Kept.h"
+
 #include <QHash>
 
 #include <tuple>
@@ -49,7 +51,7 @@ QFont makeFont(const FontKey& key)
 const QFont& fontOf(const Typeface& face, int master)
 {
     // A font, its glyphs and what is shaped of them belong to the thread that made them, as they do in the toolkit.
-    thread_local QHash<FontKey, QFont> fonts;
+    thread_local Kept<QHash<FontKey, QFont>> fonts;
     const FontKey key{face.family, face.weight, face.italic, master};
     auto found = fonts.find(key);
     if (found == fonts.end())

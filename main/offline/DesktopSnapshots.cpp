@@ -2,6 +2,7 @@
 
 #include "offline/DesktopSnapshots.h"
 
+#include "drawing/Kept.h"
 #include "foundation/BackgroundThread.h"
 #include "model/ThemeAccent.h"
 #include "services/PictureDecoder.h"
@@ -205,7 +206,9 @@ void DesktopSnapshots::paint()
                           url = urlOf(m_working->wish), isKept = !m_working->done] {
         yieldToOthers();
         const QImage image = canvas.picture(size, wallpaper, 1);
-        return isKept ? Made{{}, packedAt(url, image)} : Made{image};
+        const Made made = isKept ? Made{{}, packedAt(url, image)} : Made{image};
+        forgetKept(); // the next desktop has other fonts and texts as a rule; else memory would stay in shreds
+        return made;
     };
     m_worker.run(work, [this](const Made& made) { finish(made); });
 }

@@ -2,6 +2,11 @@
 
 #include "drawing/Text.h"
 
+#include "drawing/Kept.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
 #include <gtest/gtest.h>
 
 namespace ambrelle {
@@ -57,6 +62,25 @@ TEST(Text, WrappedTextKeepsEveryWordUntilTheLastLineIsFull)
     EXPECT_TRUE(cut.last().endsWith(u'…'));
     EXPECT_EQ(wrapped(u"Donaudampfschifffahrtsgesellschaft"_s, style.wrapped(3), 60).size(), 1);
     EXPECT_TRUE(wrapped(u"  "_s, style.wrapped(3), 60).isEmpty());
+}
+
+TEST(Text, LooksTheSameAfterWhatWasKeptIsForgotten)
+{
+    const auto picture = [](const ShapedText& shaped) {
+        QImage image(200, 30, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.fillPath(outlineOf(shaped).translated(4, 20), Qt::black);
+        return image;
+    };
+    const auto before = shape(inter, 12.5, u"Österreich 08:15"_s);
+    const QImage seen = picture(*before);
+    forgetKept();
+    EXPECT_EQ(picture(*before), seen) << "somebody still has it";
+    const auto after = shape(inter, 12.5, u"Österreich 08:15"_s);
+    EXPECT_NE(after, before) << "it was kept";
+    EXPECT_EQ(after->width, before->width);
+    EXPECT_EQ(picture(*after), seen);
 }
 
 } // namespace ambrelle
