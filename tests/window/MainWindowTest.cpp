@@ -25,6 +25,42 @@ using namespace Qt::StringLiterals;
 
 using MainWindowTest = WindowTest;
 
+/// Names the classes of all windows that come.
+struct ShownWindows : QObject {
+    QStringList classes;
+
+    ShownWindows() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        const auto* widget = qobject_cast<QWidget*>(object);
+        if (event->type() == QEvent::Show && widget && widget->isWindow())
+            classes.append(QString::fromLatin1(widget->metaObject()->className()));
+        return false;
+    }
+};
+
+TEST_F(MainWindowTest, NoPartOfItIsAWindowForAMoment)
+{
+    const ShownWindows shown;
+    for (const MainTab tab : {MainTab::themes, MainTab::widgets, MainTab::wallpapers, MainTab::settings}) {
+        home.model.setShowWelcome(true);
+        opened(tab);
+        home.model.openTheme(Skin::neon);
+        QCoreApplication::processEvents();
+        home.model.closeTheme();
+        home.model.setSearch(tab, u"zzz"_s);
+        QCoreApplication::processEvents();
+    }
+    for (const SheetContent& sheet : {sheets::applyTheme(u"Neon"_s, false, u"Apply"_s), sheets::shortcuts(),
+             sheets::save(u"Desk"_s, {u"Left"_s, u"Right"_s}), sheets::removeTheme(u"Desk"_s)}) {
+        home.sheets.ask(sheet);
+        home.sheets.leave();
+    }
+    home.undo.offer({u"Clock removed"_s, {}});
+    home.undo.fail(u"“notes.txt” isn't a picture"_s, [] {});
+    EXPECT_EQ(shown.classes.join(u' ').toStdString(), "ambrelle::MainWindow") << "it would take the keyboard away";
+}
+
 TEST_F(MainWindowTest, KeepsItsTabPlaceAndSizeWhileClosedAndIsGoneMeanwhile)
 {
     home.window.show(MainTab::wallpapers);

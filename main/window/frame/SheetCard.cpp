@@ -118,8 +118,8 @@ QWidget* SheetCard::makeBody()
         label->setWordWrap(true);
         if (role == TextRole::body)
             label->setTone(TextLabel::Tone::soft);
-        label->setVisible(!text.isEmpty());
         column->addWidget(label);
+        label->setVisible(!text.isEmpty()); // not before it has a parent: it would be a window for a moment
     }
     addControls(*column);
     return body;
