@@ -82,7 +82,7 @@ def drop_theme(session, window):
         wait_for("frame of the invitation", lambda: shot(*edge) != bare)
         assert let_go() == COPIED
     wait_for("theme in the store", lambda: names(session) == ["Harbour"])
-    assert session.stored()["themeAccents"] == {"neon": "#12AB34"}
+    wait_for("its accent there", lambda: session.stored().get("themeAccents") == {"neon": "#12AB34"})
     shown("Harbour", CARD)
     shown("“Harbour” added to My Themes")
     gone("General", CARD)
