@@ -12,7 +12,6 @@
 #include "window/look/FocusRing.h"
 #include "window/WindowDesk.h"
 
-#include <QAccessible>
 #include <QStackedWidget>
 #include <QToolButton>
 
@@ -322,20 +321,6 @@ TEST_F(MainWindowTest, OffersTheQuickActionsWithoutATray)
     home.updates = {.found = u"2.1"_s, .enabled = true};
     EXPECT_THAT(titles().toStdString(), testing::StartsWith("Update to Ambrelle 2.1|-|Start Focus"));
     EXPECT_THAT(titles().toStdString(), testing::EndsWith("Check for Updates…|Quit Ambrelle"));
-}
-
-TEST_F(MainWindowTest, TellsAssistiveTechnologyItsTabs)
-{
-    home.window.show(MainTab::widgets);
-    auto* strip = home.window.window()->findChild<TabStrip*>();
-    QAccessibleInterface* tabs = QAccessible::queryAccessibleInterface(strip);
-    EXPECT_EQ(tabs->role(), QAccessible::PageTabList);
-    QStringList names;
-    for (int i = 0; i < tabs->childCount(); ++i) {
-        if (tabs->child(i)->role() == QAccessible::PageTab && !tabs->child(i)->state().invisible)
-            names.append(tabs->child(i)->text(QAccessible::Name));
-    }
-    EXPECT_EQ(names, QStringList({u"Themes"_s, u"Widgets"_s, u"Wallpapers"_s, u"Settings"_s}));
 }
 
 } // namespace

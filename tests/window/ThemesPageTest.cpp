@@ -144,28 +144,9 @@ TEST_F(ThemesPageTest, KeepsTheChoiceWhileTheListChanges)
     home.model.setThemesSection(ThemesSection::mine);
     page.takeFocus(true);
     EXPECT_EQ(home.model.chosenTheme(), ThemeChoice(own));
-    press(page.grid(), Qt::Key_F2);
-    auto* editor = page.grid().findChild<QLineEdit*>();
-    ASSERT_TRUE(editor);
-    editor->setText(u"Play"_s);
-    press(*editor, Qt::Key_Return);
-    EXPECT_EQ(home.themes.themes().first().name, u"Play"_s);
     press(page.grid(), Qt::Key_Delete);
     ASSERT_TRUE(home.sheets.current());
-    EXPECT_EQ(home.sheets.current()->title, u"Delete “Play”?"_s);
-}
-
-TEST_F(ThemesPageTest, MakesThePageOfAThemeWhenOneIsOpened)
-{
-    ThemesPage page(home.context);
-    EXPECT_FALSE(page.findChild<ThemePage*>());
-    home.model.openTheme(QUuid::createUuid()); // somebody deleted it
-    EXPECT_FALSE(home.model.isThemeOpen());
-    EXPECT_TRUE(page.grid().isVisibleTo(&page));
-    home.model.openTheme(Skin::neon);
-    ASSERT_TRUE(page.findChild<ThemePage*>());
-    EXPECT_TRUE(page.findChild<ThemePage*>()->isVisibleTo(&page));
-    EXPECT_FALSE(page.grid().isVisibleTo(&page));
+    EXPECT_EQ(home.sheets.current()->title, u"Delete “Work”?"_s);
 }
 
 TEST_F(ThemesPageTest, FindsByKeyboardAndOffersAWayOutOfNothing)
@@ -267,12 +248,14 @@ TEST_F(ThemesPageTest, APageGrowsOutOfItsCardUnlessMotionIsNotWished)
 {
     MainWindow& window = opened();
     auto* transition = window.findChild<PageTransition*>();
+    EXPECT_FALSE(window.findChild<ThemePage*>()) << "nobody has opened one";
     for (const bool reduces : {false, true}) {
         AppLook::shared().apply({.reducesMotion = reduces});
         home.model.openTheme(Skin::neon);
         EXPECT_EQ(transition->isVisible(), !reduces);
         auto* page = window.findChild<ThemePage*>();
         EXPECT_TRUE(page->isVisible() && page->isAncestorOf(QApplication::focusWidget())) << "nothing waits for it";
+        EXPECT_FALSE(window.findChild<CardView*>()->isVisible());
         EXPECT_EQ(window.childAt(page->mapTo(&window, page->rect().center()))->window(), &window);
         home.model.closeTheme(); // while it is still under way
         EXPECT_EQ(transition->isVisible(), !reduces);
