@@ -157,18 +157,27 @@ void partsKey(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QL
         Box line = box.row(static_cast<int>(index), static_cast<int>(parts.size()));
         draw(line.cutLeft(width), index);
         line.cutLeft(Bands::gap);
-        keyLine(canvas, line, parts[index], style.caption().coloured(style.ink), style.caption());
+        keyLine(canvas, line, parts, index, style.caption().coloured(style.ink), style.caption());
     }
 }
 
-void keyLine(Canvas& canvas, Box line, const Share& part, const TextStyle& name, const TextStyle& value)
+void keyLine(
+    Canvas& canvas, Box line, const QList<Share>& parts, qsizetype index, const TextStyle& name, const TextStyle& value)
 {
     constexpr double gap = 4;
-    const double room = line.width() - shape(name.face, name.size, part.name)->width - gap;
-    const bool whole = elided(part.value, value, room) == part.value;
-    const QString shown = whole ? part.value : part.value.section(u' ', 0, 0);
-    line.cutRight(canvas.text(line, shown, value.aligned(Align::right)) + gap);
-    canvas.text(line, part.name, name);
+    using Form = QString (*)(QString);
+    constexpr Form forms[] = {[](QString text) { return text; }, [](QString text) { return text.remove(u' '); },
+        [](QString text) { return text.section(u' ', 0, 0); }};
+    const auto allFit = [&](Form form) {
+        return std::ranges::all_of(parts, [&](const Share& part) {
+            const double room = line.width() - shape(name.face, name.size, part.name)->width - gap;
+            return shape(value.face, value.size, form(part.value))->width <= room;
+        });
+    };
+    const auto fitting = std::ranges::find_if(forms, allFit);
+    const Form form = fitting == std::end(forms) ? forms[2] : *fitting;
+    line.cutRight(canvas.text(line, form(parts[index].value), value.aligned(Align::right)) + gap);
+    canvas.text(line, parts[index].name, name);
 }
 
 std::optional<qsizetype> partAt(const QList<Share>& parts, double place)

@@ -63,8 +63,10 @@ void partsKey(
 using DrawSwatch = std::function<void(const Box& swatch, qsizetype index)>;
 void partsKey(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<Share>& parts, double width,
     const DrawSwatch& draw);
-/// A part's name and value in one line, the value without its unit where there is no room for both.
-void keyLine(Canvas& canvas, Box line, const Share& part, const TextStyle& name, const TextStyle& value);
+/// The name and value of the part `index` in one line; all lines of a key are equally wide. Where a value does not fit
+/// beside its name, all of them go without the space before their unit, or else without the unit.
+void keyLine(Canvas& canvas, Box line, const QList<Share>& parts, qsizetype index, const TextStyle& name,
+    const TextStyle& value);
 /// Which part a place (0 to 1) of the whole belongs to; none: the rest.
 std::optional<qsizetype> partAt(const QList<Share>& parts, double place);
 

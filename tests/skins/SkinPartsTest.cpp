@@ -49,6 +49,24 @@ TEST(ClassicSkin, WeatherPicturesFillTheirGridAndDiffer)
     }
 }
 
+TEST(MemoryFaces, PartsOfTheMemoryKeepTheirUnits)
+{
+    const Reading reading = stateReading(WidgetKind::memory, FaceState::sample, QLocale::c());
+    QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
+    for (const Skin skin : allCases<Skin>()) {
+        QPainter painter(&image);
+        CanvasRecord record;
+        view(skin, WidgetKind::memory).draw(painter, reading, {.record = &record});
+        for (const Share& part : std::get<MemoryReading>(reading).parts) {
+            const auto tells = [&](const QString& text) {
+                return std::ranges::any_of(record, [&](const CanvasMark& mark) { return mark.text == text; });
+            };
+            const QString number = part.value.section(u' ', 0, 0);
+            EXPECT_FALSE(tells(number)) << rawValue(skin).data() << ' ' << qPrintable(number);
+        }
+    }
+}
+
 TEST(ClassicSkin, ColonIsDarkInOddSeconds)
 {
     const QImage printed = clockAt(0);

@@ -26,7 +26,7 @@ void memoryKey(Canvas& canvas, const SkinStyle& style, const Box& box, const QLi
         canvas.fill(swatch, pattern(index));
         canvas.frame(swatch, QPen(ink, 1));
         line.cutLeft(8);
-        keyLine(canvas, line, parts[index], style.row(), style.rowValue());
+        keyLine(canvas, line, parts, index, style.row(), style.rowValue());
     });
 }
 

@@ -80,7 +80,7 @@ void CorkSkin::draw(Canvas& canvas, const MemoryReading& reading, const FaceCont
             u"swatch"_s, place.inset(-2), [&](Canvas& layer) { swatch(layer, place, colour, degrees); }, colour,
             degrees);
         line.cutLeft(Bands::gap);
-        keyLine(canvas, line, reading.parts[index], style().caption().coloured(style().ink), style().caption());
+        keyLine(canvas, line, reading.parts, index, style().caption().coloured(style().ink), style().caption());
     });
 }
 

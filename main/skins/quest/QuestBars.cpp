@@ -147,7 +147,7 @@ void blockKey(Canvas& canvas, const SkinStyle& style, const Box& box, const QLis
         canvas.fill(swatch.inset(-1), night);
         canvas.fill(swatch, partColour(style, index));
         place.cutLeft(Bands::gap);
-        keyLine(canvas, place, parts[index], style.row(), style.caption());
+        keyLine(canvas, place, parts, index, style.row(), style.caption());
     });
 }
 
