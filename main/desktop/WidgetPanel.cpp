@@ -51,7 +51,10 @@ RoundedArea WidgetPanel::plate() const
 void WidgetPanel::applyAreas()
 {
     QRectF input = faceArea();
-    QList<RoundedArea> outline{m_ring ? LocateRing::around(plate()) : plate()};
+    RoundedArea seen = m_ring ? LocateRing::around(plate()) : plate();
+    if (!m_ring)
+        seen.shape = m_face.silhouette().translated(faceArea().topLeft());
+    QList<RoundedArea> outline{seen};
     if (isHovering()) {
         input |= m_toolbar.area();
         outline.append({m_toolbar.area(), m_toolbar.area().height() / 2});

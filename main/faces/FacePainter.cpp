@@ -133,6 +133,13 @@ void FacePainter::paint(QPainter& painter, const QRectF& area, double time)
 }
 
 void FacePainter::compose(QPainter& painter, const QRectF& area, double time)
+QPolygonF FacePainter::silhouette() const
+{
+    if (m_look.backdrop != Backdrop::none || m_look.border)
+        return {};
+    return QTransform::fromScale(m_look.scale, m_look.scale).map(m_view.silhouette());
+}
+
 {
     const bool frameOfMotion = time > 0 && movingArea().contains(area);
     if (frameOfMotion && !m_still.covers(painter, area))

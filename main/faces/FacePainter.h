@@ -52,6 +52,8 @@ public:
     QRectF outline() const;
     double outlineCorner() const;
 
+    /// What is seen of it where no window is translucent, in place of the rounded outline; empty: all of that.
+    QPolygonF silhouette() const;
 private:
     void compose(QPainter& painter, const QRectF& area, double time);
     void drawStill(QPainter& painter);

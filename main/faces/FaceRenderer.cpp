@@ -68,17 +68,23 @@ void FaceRenderer::drawUpright(Canvas& canvas, const Reading& reading, const Fac
 
 void FaceRenderer::drawAny(Canvas& canvas, const Reading& reading, const FaceContext& face) const
 {
-    const double degrees = tilt(face);
-    if (degrees == 0) {
+    if (tilt(face) == 0)
         drawUpright(canvas, reading, face);
-        return;
-    }
+    else
+        canvas.mapped(turn(face), [&] { drawUpright(canvas, reading, face); });
+}
+
+QTransform FaceRenderer::turn(const FaceContext& face) const
+{
+    const double degrees = tilt(face);
+    if (degrees == 0)
+        return {};
     const QPointF middle = face.bounds.center();
     QTransform turned = QTransform::fromTranslate(middle.x(), middle.y());
     turned.rotate(degrees);
     turned.scale(tiltedSize, tiltedSize);
     turned.translate(-middle.x(), -middle.y());
-    canvas.mapped(turned, [&] { drawUpright(canvas, reading, face); });
+    return turned;
 }
 
 } // namespace ambrelle

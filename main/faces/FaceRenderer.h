@@ -57,6 +57,9 @@ public:
     /// Degrees by which the whole face is turned to the right about its middle, at most 2. It is then drawn three
     /// per cent smaller.
     virtual double tilt(const FaceContext&) const { return 0; }
+    /// All that the plate and what holds it cover, without shadows, before the face is turned: where no window is
+    /// translucent, nothing else is seen of it. Empty: a rectangle with the style's corners.
+    virtual QPainterPath silhouette(const FaceContext&) const { return {}; }
     /// Whether the clock of this skin shows seconds, and so changes every second.
     virtual bool showsSeconds() const { return false; }
 
@@ -127,6 +130,8 @@ public:
     Box framed(Canvas& canvas, const FaceContext& face, const QString& title) const;
     Box framed(Canvas& canvas, const FaceContext& face) const;
 
+    /// How the face is turned and made smaller by its `tilt`.
+    QTransform turn(const FaceContext& face) const;
     /// Any reading: its face, or its notice under the header where there is nothing to show.
     void drawAny(Canvas& canvas, const Reading& reading, const FaceContext& face) const;
 

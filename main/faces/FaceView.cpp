@@ -11,6 +11,25 @@ FaceView::FaceView(std::shared_ptr<const FaceRenderer> renderer, const FaceConte
 {
 }
 
+QPolygonF FaceView::silhouette() const
+{
+    constexpr double fine = 8; // parts of a point that curves are told in
+    const QTransform larger = QTransform::fromScale(fine, fine);
+    QPainterPath path = m_renderer->silhouette(m_face);
+    if (path.isEmpty() && m_renderer->tilt(m_face) == 0)
+        return {};
+    if (path.isEmpty())
+        path = roundedPath(m_face.bounds, style().corner);
+    // Without the outermost part of what is seen, where a turned edge covers pixels in part.
+    constexpr double edge = 0.6;
+    const Box& face = m_face.bounds;
+    const QPointF middle = face.center();
+    QTransform smaller = QTransform::fromTranslate(middle.x(), middle.y());
+    smaller.scale(1 - 2 * edge / face.width(), 1 - 2 * edge / face.height());
+    smaller.translate(-middle.x(), -middle.y());
+    return larger.inverted().map(path.toFillPolygon(m_renderer->turn(m_face) * smaller * larger));
+}
+
 FaceView::Result FaceView::drawPass(
     Canvas::Pass pass, QPainter& painter, const Reading& reading, const Setup& setup) const
 {

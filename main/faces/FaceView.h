@@ -33,6 +33,8 @@ public:
 
     /// The whole face.
     Result draw(QPainter& painter, const Reading& reading, const Setup& setup) const;
+    /// What the face covers, shadows apart; empty: a rectangle with the style's corners.
+    QPolygonF silhouette() const;
     /// Only what stands still; the result tells whether anything moves.
     Result drawStill(QPainter& painter, const Reading& reading, const Setup& setup) const;
     /// Only what moves, over a picture of what stands still.

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QPointF>
+#include <QPolygonF>
 #include <QRectF>
 
 #include <memory>
@@ -82,10 +83,11 @@ public:
     void pointerLeft() final { }
 };
 
-/// Part of a window, in window points (y down), with round corners.
+/// Part of a window, in window points (y down): a rectangle with round corners, and what it shows of itself inside.
 struct RoundedArea {
     QRectF area;
     double corner = 0; ///< its radius
+    QPolygonF shape{}; ///< in place of the rectangle where what lies behind is not known either; empty: none
 
     bool operator==(const RoundedArea&) const = default;
 };

@@ -49,6 +49,36 @@ TEST(CorkSkin, PapersHangAskewWithinTheirFrames)
     EXPECT_LT(toTheLeft, 15);
 }
 
+/// Where windows are cut nothing but the paper and what holds it is seen, and all of that.
+TEST(CorkSkin, SilhouettesHoldThePapersAndNothingOfTheGround)
+{
+    constexpr int room = 10; // around the face, where pins reach
+    constexpr int opaque = 200;
+    for (const WidgetKind kind : allCases<WidgetKind>()) {
+        const FaceView face = view(Skin::cork, kind);
+        const QSize size = face.size().toSize() + QSize(2 * room, 2 * room);
+        QImage image(size, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(room, room);
+        face.draw(painter, stateReading(kind, FaceState::sample, QLocale::c()), {});
+        painter.end();
+        const QRegion seen(face.silhouette().translated(room, room).toPolygon(), Qt::WindingFill);
+        int clear = 0;
+        int lost = 0;
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                const int alpha = qAlpha(image.pixel(x, y));
+                clear += seen.contains(QPoint(x, y)) && alpha < 255 - opaque ? 1 : 0;
+                lost += !seen.contains(QPoint(x, y)) && alpha > opaque ? 1 : 0;
+            }
+        }
+        EXPECT_LT(clear, 20) << rawValue(kind).data();
+        EXPECT_LT(lost, 2 * (size.width() + size.height())) << rawValue(kind).data() << ": a pixel of the edge";
+    }
+}
+
 TEST(CorkSkin, QuotesOfAllLengthsStandOnTheRules)
 {
     constexpr double firstRule = 30;

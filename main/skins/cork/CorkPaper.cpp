@@ -20,6 +20,8 @@ const QColor steelDark(0x84, 0x8A, 0x92);
 
 constexpr double curl = 10; // points of either edge
 constexpr double clipAbove = 4; // by which a clip stands out above its card
+constexpr double clipHalf = 5; // of its width
+constexpr double pinRadius = 6.5;
 
 QColor shade(double opacity)
 {
@@ -34,17 +36,6 @@ QColor light(double opacity)
 void shadowBelow(Canvas& canvas, const QPainterPath& shape)
 {
     dropShadow(canvas, shape, Qt::black, 0.05, 6, 2);
-}
-
-QPainterPath curledPath(const Box& box)
-{
-    QPainterPath path(box.topLeft());
-    path.lineTo(box.topRight());
-    path.lineTo(box.right(), box.bottom() - curl);
-    path.lineTo(box.right() - curl, box.bottom());
-    path.lineTo(box.bottomLeft());
-    path.closeSubpath();
-    return path;
 }
 
 /// The underside of the corner, bent over the note.
@@ -64,9 +55,37 @@ void curledCorner(Canvas& canvas, const Box& box, const QColor& colour)
 
 } // namespace
 
+QPainterPath noteOutline(const Box& box)
+{
+    QPainterPath path(box.topLeft());
+    path.lineTo(box.topRight());
+    path.lineTo(box.right(), box.bottom() - curl);
+    path.lineTo(box.right() - curl, box.bottom());
+    path.lineTo(box.bottomLeft());
+    path.closeSubpath();
+    return path;
+}
+
+QPainterPath cardOutline(const Box& box)
+{
+    return roundedPath(box.adjusted(0, clipAbove, 0, 0), 2);
+}
+
+QPainterPath pinOutline(QPointF centre)
+{
+    QPainterPath path;
+    path.addEllipse(centre, pinRadius, pinRadius);
+    return path;
+}
+
+QPainterPath clipOutline(QPointF top)
+{
+    return roundedPath({top.x() - clipHalf, top.y(), 2 * clipHalf, 2 * clipHalf}, clipHalf);
+}
+
 void stickyNote(Canvas& canvas, const Box& box, const QColor& colour)
 {
-    const QPainterPath shape = curledPath(box);
+    const QPainterPath shape = noteOutline(box);
     shadowBelow(canvas, shape);
     canvas.fill(shape, colour);
     canvas.fill(shape, downwards(box, {{0, shade(0.08)}, {0.15, shade(0.035)}, {0.17, shade(0)}, {1, shade(0)}}));
@@ -78,7 +97,7 @@ void ruledCard(Canvas& canvas, const Box& box)
 {
     constexpr double rule = 0.6;
     const Box sheet = box.adjusted(0, clipAbove, 0, 0);
-    const QPainterPath shape = roundedPath(sheet, 2);
+    const QPainterPath shape = cardOutline(box);
     shadowBelow(canvas, shape);
     canvas.fill(shape, card);
     for (double y = box.top() + firstRule; y < sheet.bottom() - 4; y += rulePitch)
@@ -116,7 +135,7 @@ void tornStrip(Canvas& canvas, const Box& box, unsigned seed)
 
 void pin(Canvas& canvas, QPointF centre)
 {
-    constexpr double radius = 6.5;
+    constexpr double radius = pinRadius;
     const auto ball = [&](QPointF middle, double size) {
         const QPointF lit = middle - QPointF(size, size) * 0.38;
         canvas.disc(middle, size, radial(middle, size, lit, {{0, pinLight}, {0.5, pinRed}, {1, pinDark}}));

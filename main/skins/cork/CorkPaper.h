@@ -24,4 +24,10 @@ void pin(Canvas& canvas, QPointF centre);
 /// A clip over the upper edge of a card; `top` is the middle of its upper bow.
 void paperClip(Canvas& canvas, QPointF top);
 
+/// What they cover, without their shadows.
+QPainterPath noteOutline(const Box& box);
+QPainterPath cardOutline(const Box& box);
+QPainterPath pinOutline(QPointF centre);
+QPainterPath clipOutline(QPointF top);
+
 } // namespace ambrelle::cork

@@ -23,6 +23,16 @@ constexpr double cardText = 6; // from the margin line to what is written
 constexpr double cardRight = 14;
 constexpr double headerLine = 14;
 
+QPointF pinOn(const Box& paper)
+{
+    return {paper.center().x(), paper.top() + pinHeight};
+}
+
+QPointF clipOn(const Box& paper)
+{
+    return {paper.right() - clipInset, paper.top() + 0.5};
+}
+
 Box pictureOn(const Box& paper)
 {
     return paper.adjusted(9, 14, -9, -26);
@@ -45,6 +55,17 @@ double CorkSkin::tilt(const FaceContext& face) const
     return side * degrees * (face.medium() ? 0.5 : 1); // the corners of wide ones swing twice as far
 }
 
+QPainterPath CorkSkin::silhouette(const FaceContext& face) const
+{
+    const Box& paper = face.bounds;
+    switch (paperOf(face.kind)) {
+    case Paper::card: return cardOutline(paper).united(clipOutline(clipOn(paper)));
+    case Paper::note: return noteOutline(paper).united(pinOutline(pinOn(paper)));
+    case Paper::instantPhoto: return roundedPath(paper, style().corner).united(pinOutline(pinOn(paper)));
+    }
+    Q_UNREACHABLE();
+}
+
 Box CorkSkin::plate(Canvas& canvas, const FaceContext& face) const
 {
     const Box& paper = face.bounds;
@@ -56,9 +77,9 @@ Box CorkSkin::plate(Canvas& canvas, const FaceContext& face) const
         case Paper::instantPhoto: photoPaper(layer, paper, {}); break;
         }
         if (kind == Paper::card)
-            paperClip(layer, {paper.right() - clipInset, paper.top() + 0.5});
+            paperClip(layer, clipOn(paper));
         else
-            pin(layer, {paper.center().x(), paper.top() + pinHeight});
+            pin(layer, pinOn(paper));
     });
     canvas.setGround(colourOf(face.kind));
     Box content = paper.inset(style().inset);

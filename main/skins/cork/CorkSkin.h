@@ -18,6 +18,7 @@ public:
     Box photoPlate(Canvas& canvas, const FaceContext& face) const override;
     double photoCorner() const override { return 1; }
     double tilt(const FaceContext& face) const override;
+    QPainterPath silhouette(const FaceContext& face) const override;
 
     FigureStyle figure(double cap) const override;
     Box progressDial(Canvas& canvas, const Box& box, double fraction, const QColor& colour) const override;

@@ -54,6 +54,20 @@ TEST_F(PanelGroundTest, ShowsTheDesktopPictureWhereNothingComposites)
     }
 }
 
+TEST_F(PanelGroundTest, ShowsOnlyItsShapeWhereNoPictureLiesBehind)
+{
+    const QPolygonF upperHalf({face.face.topLeft(), face.face.topRight(), face.face.bottomLeft()});
+    panel->setOutline({{face.face, 0, upperHalf}});
+    showPanel();
+    const QPoint inside = pixelOf(*panel, face.face.topLeft() + QPointF(12, 12));
+    const QPoint outside = pixelOf(*panel, face.face.bottomRight() - QPointF(12, 12));
+    EXPECT_TRUE(shows(inside, faceColour));
+    EXPECT_FALSE(onlooker.pixel(outside) == faceColour);
+    const QSize screen = (host.screens().first().frame.size() * ratio).toSize();
+    onlooker.setRootPicture(speckled(screen, 5));
+    EXPECT_TRUE(shows(outside, faceColour)) << "with a picture its ground is known";
+}
+
 TEST_F(PanelGroundTest, IsCutToItsOutlineWhereNothingComposites)
 {
     showPanel();

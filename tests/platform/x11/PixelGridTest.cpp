@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace ambrelle {
 namespace {
 
@@ -35,6 +37,23 @@ TEST(RoundedRowsTest, CoversTheRoundedRectangleOnce)
     }
     EXPECT_NEAR(pixels, 60 * 40 - (4 - M_PI) * 12 * 12, 12);
     EXPECT_TRUE(roundedRows({}, 5).empty());
+}
+
+TEST(RoundedRowsTest, CoversATurnedShapeOnce)
+{
+    const QPolygonF turned({{30, 20}, {90, 24}, {86, 64}, {26, 60}});
+    std::set<std::pair<int, int>> pixels;
+    for (const xcb_rectangle_t& row : shapeRows(turned)) {
+        for (int y = row.y; y < row.y + row.height; ++y) {
+            for (int x = row.x; x < row.x + row.width; ++x) {
+                EXPECT_TRUE(pixels.emplace(x, y).second) << x << ' ' << y;
+                EXPECT_TRUE(turned.boundingRect().contains(x + 0.5, y + 0.5));
+            }
+        }
+    }
+    EXPECT_NEAR(static_cast<double>(pixels.size()), 60 * 40 + 16, 60) << "its area";
+    EXPECT_FALSE(pixels.contains({27, 21})) << "a corner that is not its own";
+    EXPECT_TRUE(pixels.contains({58, 42}));
 }
 
 } // namespace

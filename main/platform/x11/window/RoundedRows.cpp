@@ -2,6 +2,8 @@
 
 #include "platform/x11/window/RoundedRows.h"
 
+#include <QRegion>
+
 #include <algorithm>
 #include <cmath>
 
@@ -36,6 +38,14 @@ std::vector<xcb_rectangle_t> roundedRows(const QRect& area, double corner)
     }
     if (area.height() > 2 * rows)
         result.push_back(rectangle(area.x(), area.y() + rows, area.width(), area.height() - 2 * rows));
+    return result;
+}
+
+std::vector<xcb_rectangle_t> shapeRows(const QPolygonF& shape)
+{
+    std::vector<xcb_rectangle_t> result;
+    for (const QRect& part : QRegion(shape.toPolygon(), Qt::WindingFill))
+        result.push_back(rectangle(part.x(), part.y(), part.width(), part.height()));
     return result;
 }
 

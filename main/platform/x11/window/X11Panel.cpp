@@ -258,7 +258,8 @@ void X11Panel::setOutline(const QList<RoundedArea>& areas)
 }
 
 /// Where nothing composites a window covers its whole rectangle, so it is cut to its outline: otherwise its margins
-/// would hide the faces of its neighbours and other windows.
+/// would hide the faces of its neighbours and other windows. Where there is a picture behind, it shows between the
+/// outline and what the panel paints.
 void X11Panel::applyShape()
 {
     const bool bare = !m_parts.compositor.isActive();
@@ -273,8 +274,10 @@ void X11Panel::applyShape()
     } else {
         std::vector<xcb_rectangle_t> rows;
         for (const RoundedArea& each : hidden ? QList<RoundedArea>() : m_outline) {
-            const std::vector<xcb_rectangle_t> more =
-                roundedRows(PixelGrid(pixelRatio()).pixels(each.area), each.corner * pixelRatio());
+            const double ratio = pixelRatio();
+            const std::vector<xcb_rectangle_t> more = each.shape.isEmpty() || m_parts.picture.isThere()
+                ? roundedRows(PixelGrid(ratio).pixels(each.area), each.corner * ratio)
+                : shapeRows(QTransform::fromScale(ratio, ratio).map(each.shape));
             rows.insert(rows.end(), more.begin(), more.end());
         }
         xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED, m_window,
