@@ -99,17 +99,33 @@ void blockColumns(Canvas& canvas, const SkinStyle& style, const Box& box, const 
     const int rows = std::max(1, static_cast<int>((box.height() + gap) / pitch));
     const double left = std::round(box.center().x() - (count * across - gap) / 2);
     const double foot = std::round(box.bottom());
+    const auto add = [&](QPainterPath& path, int column, int row) {
+        path.addRect(left + column * across, foot - row * pitch - pitch + gap, across - gap, pitch - gap);
+    };
+    const Box places(left, foot - rows * pitch, count * across, rows * pitch);
+    canvas.still(
+        u"places"_s, places,
+        [&](Canvas& layer) {
+            QPainterPath all;
+            for (int column = 0; column < count; ++column) {
+                for (int row = 0; row < rows; ++row)
+                    add(all, column, row);
+            }
+            layer.fill(all, faded(night, 0.55));
+        },
+        rows, across);
     const QList<double> columns = binned(history, count);
-    QPainterPath empty;
+    QPainterPath usual;
+    QPainterPath above;
+    QPainterPath last;
     for (int column = 0; column < count; ++column) {
-        QPainterPath lit;
         const int height = std::max(1, litOf(columns[column], rows));
-        for (int row = 0; row < rows; ++row)
-            (row < height ? lit : empty)
-                .addRect(left + column * across, foot - row * pitch - pitch + gap, across - gap, pitch - gap);
-        canvas.fill(lit, column == count - 1 ? newest : columns[column] > high ? style.warn : style.accent3);
+        for (int row = 0; row < std::min(height, rows); ++row)
+            add(column == count - 1 ? last : columns[column] > high ? above : usual, column, row);
     }
-    canvas.fill(empty, faded(night, 0.55));
+    canvas.fill(usual, style.accent3);
+    canvas.fill(above, style.warn);
+    canvas.fill(last, newest);
 }
 
 void mirroredBars(Canvas& canvas, const SkinStyle& style, const Box& box, const NetworkReading& reading)
