@@ -109,8 +109,7 @@ void WidgetPanel::setReading(const std::shared_ptr<const Reading>& reading)
     const std::shared_ptr<const Reading>& shown = m_face.reading();
     if (shown == reading || (shown && *shown == *reading))
         return;
-    m_face.setReading(reading);
-    repaint();
+    m_window->update(m_face.setReading(reading).translated(faceArea().topLeft()));
 }
 
 void WidgetPanel::setToolbar(const WidgetToolbar::State& state)

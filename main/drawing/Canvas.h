@@ -28,8 +28,8 @@ class LayerCache;
 /// stands level whatever the fonts.
 class Canvas {
 public:
-    /// A face is drawn in two passes: what stands still, then what moves, so that a frame of motion repaints nothing
-    /// else. Texts and figures return their widths in both, so that a layout is the same.
+    /// A face is drawn in two passes: what stands still, then what moves or ticks, so that a frame of motion repaints
+    /// nothing else. Texts and figures return their widths in both, so that a layout is the same.
     enum class Pass { still, moving };
 
     struct Setup {
@@ -108,6 +108,9 @@ public:
     }
     /// A part that moves, above everything still. `draw` gets the time; at time 0 the face must look complete.
     void moving(const QRectF& area, const Motion& motion, const std::function<void(Canvas&, double time)>& draw);
+    /// The part of a clock that changes with the second of its reading, above everything still. Nothing else on the
+    /// face may depend on the second: between two minutes only this part is painted.
+    void ticking(const QRectF& area, const std::function<void(Canvas&)>& draw);
 
     void hit(const QRectF& area, const FaceAction& action);
     /// The opaque colour that the following texts stand on; see `GroundScope`.
@@ -118,6 +121,7 @@ public:
 
     const QList<HitArea>& hits() const { return m_hits; }
     const QList<MovingArea>& movingAreas() const { return m_moving; }
+    const QList<QRectF>& tickingAreas() const { return m_ticking; }
 
 private:
     /// A shape that cuts, in the coordinates of when it was given.
@@ -143,6 +147,8 @@ private:
     void cutTo(const QPainterPath& shape, const QRectF& area, const std::function<void()>& draw);
     /// The upright rectangle in face points that `area` takes, cut to the shapes that hold now.
     QRectF reach(const QRectF& area) const;
+    /// Draws in the second pass, cut to the shapes that hold now.
+    void drawApart(const QRectF& area, const std::function<void()>& draw);
 
     QPainter* m_painter; ///< that of a layer while something is cut
     Setup m_setup;
@@ -152,6 +158,7 @@ private:
     QList<Cut> m_pending; ///< shapes around moving parts that have not been met yet
     QList<HitArea> m_hits;
     QList<MovingArea> m_moving;
+    QList<QRectF> m_ticking;
 };
 
 /// What the following texts stand on, for as long as this lives.

@@ -133,11 +133,25 @@ void Canvas::moving(const QRectF& area, const Motion& motion, const std::functio
     if (m_room && touched.isEmpty())
         return;
     m_moving.append({touched, motion});
+    drawApart(area, [&] { draw(*this, m_setup.time); });
+}
+
+void Canvas::ticking(const QRectF& area, const std::function<void(Canvas&)>& draw)
+{
+    const QRectF touched = reach(area);
+    if (m_room && touched.isEmpty())
+        return;
+    m_ticking.append(touched);
+    drawApart(area, [&] { draw(*this); });
+}
+
+void Canvas::drawApart(const QRectF& area, const std::function<void()>& draw)
+{
     if (m_setup.pass == Pass::still)
         return;
     m_inMotion = true;
     const QList<Cut> cuts = std::exchange(m_pending, {});
-    cutTo(cuts, area, [&] { draw(*this, m_setup.time); });
+    cutTo(cuts, area, draw);
     m_pending = cuts;
     m_inMotion = false;
 }

@@ -206,8 +206,11 @@ void ClockHands::draw(
     const Gauge dial{.centre = centre, .start = 0, .sweep = 360};
     dial.needle(canvas, (hourNumber % 12 + minuteNumber / 60.0) / 12, hour);
     dial.needle(canvas, minuteNumber / 60.0, minute);
-    if (second && secondNumber)
-        dial.needle(canvas, *secondNumber / 60.0, *second);
+    if (second && secondNumber) {
+        const double reach = std::max({second->length, second->tail, second->hub}) + second->width + needleShadow.x();
+        canvas.ticking(
+            squareAbout(centre, reach), [&](Canvas& layer) { dial.needle(layer, *secondNumber / 60.0, *second); });
+    }
 }
 
 } // namespace ambrelle

@@ -22,6 +22,9 @@ public:
     void paint(QPainter& target, double opacity = 1) const;
 
 private:
+    /// Device pixels by which the target is shifted against the one that this was drawn for.
+    QPointF shift(const QPainter& target) const;
+
     QTransform m_device;
     QRect m_pixels;
     QImage m_image;

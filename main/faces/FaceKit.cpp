@@ -190,6 +190,13 @@ std::optional<qsizetype> partAt(const QList<Share>& parts, double place)
     return std::nullopt;
 }
 
+void secondFigure(
+    Canvas& canvas, const Box& box, const ClockReading& reading, const QString& unit, const FigureStyle& figure)
+{
+    canvas.ticking(
+        box.inset(-figure.cap / 4), [&](Canvas& layer) { layer.figure(box, reading.secondText(), unit, figure); });
+}
+
 void markedFigure(Canvas& canvas, const Box& box, const QString& symbol, const QColor& mark, const Units::Pair& pair,
     const FigureStyle& figure)
 {

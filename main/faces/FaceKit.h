@@ -73,6 +73,9 @@ std::optional<qsizetype> partAt(const QList<Share>& parts, double place);
 /// A symbol (an arrow) before a figure with its unit.
 void markedFigure(Canvas& canvas, const Box& box, const QString& symbol, const QColor& mark, const Units::Pair& pair,
     const FigureStyle& figure);
+/// The seconds of a clock that tells them, with some room around their box: the part of its face that ticks.
+void secondFigure(
+    Canvas& canvas, const Box& box, const ClockReading& reading, const QString& unit, const FigureStyle& figure);
 /// Both rates, side by side.
 void rates(Canvas& canvas, const FaceRenderer& skin, const Box& box, const NetworkReading& reading);
 

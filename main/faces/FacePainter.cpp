@@ -37,6 +37,18 @@ void drawFrame(QPainter& painter, const QRectF& rect, double corner, const QPen&
     painter.drawRoundedRect(outset(rect, -half), radius, radius);
 }
 
+/// Whether the second is all that is different.
+bool differInSecond(const Reading& before, const Reading& after)
+{
+    const auto* from = std::get_if<ClockReading>(&before);
+    const auto* to = std::get_if<ClockReading>(&after);
+    if (!from || !to || !from->second || !to->second)
+        return false;
+    ClockReading same = *from;
+    same.second = to->second;
+    return same == *to;
+}
+
 } // namespace
 
 FaceLook FaceLook::of(const WidgetConfig& config, bool editing)
@@ -73,10 +85,14 @@ void FacePainter::setLook(const FaceLook& look)
     m_still = {};
 }
 
-void FacePainter::setReading(std::shared_ptr<const Reading> reading)
+QRectF FacePainter::setReading(std::shared_ptr<const Reading> reading)
 {
+    const bool ticks = !m_result.ticking.isEmpty() && m_reading && differInSecond(*m_reading, *reading);
     m_reading = std::move(reading);
+    if (ticks)
+        return tickingArea();
     m_still = {};
+    return reach();
 }
 
 QStringList FacePainter::texts() const
@@ -117,6 +133,13 @@ double FacePainter::outlineCorner() const
     return m_view.style().corner * m_look.scale + (m_look.backdrop == Backdrop::none ? 0 : backdropOutset);
 }
 
+QPolygonF FacePainter::silhouette() const
+{
+    if (m_look.backdrop != Backdrop::none || m_look.border)
+        return {};
+    return QTransform::fromScale(m_look.scale, m_look.scale).map(m_view.silhouette());
+}
+
 void FacePainter::paint(QPainter& painter, const QRectF& area, double time)
 {
     if (!m_reading || !area.intersects(reach()))
@@ -133,22 +156,16 @@ void FacePainter::paint(QPainter& painter, const QRectF& area, double time)
 }
 
 void FacePainter::compose(QPainter& painter, const QRectF& area, double time)
-QPolygonF FacePainter::silhouette() const
 {
-    if (m_look.backdrop != Backdrop::none || m_look.border)
-        return {};
-    return QTransform::fromScale(m_look.scale, m_look.scale).map(m_view.silhouette());
-}
-
-{
-    const bool frameOfMotion = time > 0 && movingArea().contains(area);
-    if (frameOfMotion && !m_still.covers(painter, area))
+    const bool changesOften = time > 0 || !m_result.ticking.isEmpty();
+    const bool isFrame = changesOften && movingArea().contains(area);
+    if (isFrame && !m_still.covers(painter, area))
         m_still = DeviceLayer(painter, movingArea(), [this](QPainter& layer) { drawStill(layer); });
-    if (frameOfMotion)
+    if (isFrame)
         m_still.paint(painter);
     else
         drawStill(painter);
-    if (m_result.moving.isEmpty())
+    if (m_result.isStill())
         return;
     painter.save();
     painter.scale(m_look.scale, m_look.scale);
@@ -198,7 +215,15 @@ QRectF FacePainter::movingArea() const
     QRectF all;
     for (const Canvas::MovingArea& part : m_result.moving)
         all |= scaled(part.area);
-    return QRectF(outset(all, 1).toAlignedRect());
+    return QRectF(outset(all, 1).toAlignedRect()) | tickingArea();
+}
+
+QRectF FacePainter::tickingArea() const
+{
+    QRectF all;
+    for (const QRectF& part : m_result.ticking)
+        all |= scaled(part);
+    return all.isEmpty() ? all : QRectF(outset(all, 1).toAlignedRect());
 }
 
 } // namespace ambrelle

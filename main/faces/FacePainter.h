@@ -30,7 +30,8 @@ public:
 
     void setView(FaceView view);
     void setLook(const FaceLook& look);
-    void setReading(std::shared_ptr<const Reading> reading); ///< nothing is drawn before the first
+    /// Gives what has to be painted for it, in points; nothing is drawn before the first reading.
+    QRectF setReading(std::shared_ptr<const Reading> reading);
 
     const FaceView& view() const { return m_view; }
     const FaceLook& look() const { return m_look; }
@@ -40,7 +41,7 @@ public:
     static void paintOnce(
         QPainter& painter, const FaceView& view, const FaceLook& look, std::shared_ptr<const Reading> reading);
     /// Draws what lies in `area`. `time` is that of moving parts, 0 while they rest; between two changes a frame of
-    /// motion draws nothing but what moves.
+    /// motion or a second draws nothing but what moves or ticks.
     void paint(QPainter& painter, const QRectF& area, double time);
 
     /// What the last drawn face answers to and how it moves, in face points.
@@ -51,22 +52,23 @@ public:
     /// The plate with what is behind it, and the radius of its corners.
     QRectF outline() const;
     double outlineCorner() const;
-
     /// What is seen of it where no window is translucent, in place of the rounded outline; empty: all of that.
     QPolygonF silhouette() const;
+
 private:
     void compose(QPainter& painter, const QRectF& area, double time);
     void drawStill(QPainter& painter);
     void drawBackdrop(QPainter& painter) const;
     void drawEditMark(QPainter& painter) const;
-    QRectF movingArea() const;
+    QRectF movingArea() const; ///< of what moves or ticks
+    QRectF tickingArea() const;
 
     FaceView m_view;
     LayerCache& m_layers;
     FaceLook m_look;
     std::shared_ptr<const Reading> m_reading;
     FaceView::Result m_result;
-    DeviceLayer m_still; // of the moving area; empty until the first frame of motion
+    DeviceLayer m_still; // of the moving area; empty until the first frame of motion or second
 };
 
 } // namespace ambrelle

@@ -43,7 +43,7 @@ FaceView::Result FaceView::drawPass(
             .finish = m_renderer->style().finish,
             .manner = m_renderer->style().manner});
     m_renderer->drawAny(canvas, reading, m_face);
-    return {canvas.hits(), canvas.movingAreas()};
+    return {canvas.hits(), canvas.movingAreas(), canvas.tickingAreas()};
 }
 
 FaceView::Result FaceView::drawStill(QPainter& painter, const Reading& reading, const Setup& setup) const
@@ -59,7 +59,7 @@ void FaceView::drawMoving(QPainter& painter, const Reading& reading, const Setup
 FaceView::Result FaceView::draw(QPainter& painter, const Reading& reading, const Setup& setup) const
 {
     Result result = drawStill(painter, reading, setup);
-    if (!result.moving.isEmpty())
+    if (!result.isStill())
         drawMoving(painter, reading, setup);
     return result;
 }

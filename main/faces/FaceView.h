@@ -22,6 +22,9 @@ public:
     struct Result {
         QList<Canvas::HitArea> hits;
         QList<Canvas::MovingArea> moving;
+        QList<QRectF> ticking; ///< what changes with the second of the reading
+
+        bool isStill() const { return moving.isEmpty() && ticking.isEmpty(); }
     };
 
     FaceView(std::shared_ptr<const FaceRenderer> renderer, const FaceContext& face, QString layerKey);
@@ -30,14 +33,14 @@ public:
     const SkinStyle& style() const { return m_renderer->style(); }
     bool showsSeconds() const { return m_renderer->showsSeconds(); }
     QSizeF size() const { return m_face.bounds.size(); }
+    /// What the face covers, shadows apart; empty: a rectangle with the style's corners.
+    QPolygonF silhouette() const;
 
     /// The whole face.
     Result draw(QPainter& painter, const Reading& reading, const Setup& setup) const;
-    /// What the face covers, shadows apart; empty: a rectangle with the style's corners.
-    QPolygonF silhouette() const;
-    /// Only what stands still; the result tells whether anything moves.
+    /// Only what stands still; the result tells whether anything moves or ticks.
     Result drawStill(QPainter& painter, const Reading& reading, const Setup& setup) const;
-    /// Only what moves, over a picture of what stands still.
+    /// Only what moves or ticks, over a picture of what stands still.
     void drawMoving(QPainter& painter, const Reading& reading, const Setup& setup) const;
 
 private:

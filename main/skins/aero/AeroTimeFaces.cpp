@@ -93,8 +93,10 @@ void AeroSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceConte
         const GroundScope ground(canvas, glassAt(headerHeight));
         named(canvas, first, reading.dateLine(), date, reading.meridiem, date);
     }
-    if (const Box seconds = box.cutBottom(line); reading.second)
-        gelBar(canvas, seconds, *reading.second / 59.0, style().accent);
+    if (const Box seconds = box.cutBottom(line); reading.second) {
+        canvas.ticking(
+            seconds.inset(-1), [&](Canvas& layer) { gelBar(layer, seconds, *reading.second / 59.0, style().accent); });
+    }
     box.cutBottom(5);
     canvas.text(box.cutBottom(14), reading.tag(), style().caption().sized(12));
     const Box stream = box.cutRight(streamWidth);

@@ -211,7 +211,7 @@ void CasingSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCon
     const Box frame = side.cutBottom(24);
     canvas.frame(frame, flatPen(look().accent, 1.2));
     const FigureStyle seconds{.face = look().body, .cap = 11, .fill = look().ink, .align = Align::centre};
-    canvas.figure(frame, reading.secondText(), {}, seconds);
+    secondFigure(canvas, frame, reading, {}, seconds);
 }
 
 void CasingSkin::draw(Canvas& canvas, const BatteryReading& reading, const FaceContext& face) const

@@ -165,7 +165,7 @@ void HairlineSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceC
     Box line = Box(content).cutTop(14);
     const FigureStyle seconds{.face = look().body, .cap = 9, .fill = look().soft, .align = Align::right};
     if (reading.second)
-        canvas.figure(line.cutRight(18), reading.secondText(), {}, seconds);
+        secondFigure(canvas, line.cutRight(18), reading, {}, seconds);
     canvas.text(line, reading.meridiem, style().caption().sized(12).aligned(Align::right));
     Box heading = content;
     heading.setRight(line.right() - (reading.meridiem.isEmpty() ? 0 : 26));

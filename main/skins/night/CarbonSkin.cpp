@@ -270,7 +270,7 @@ void CarbonSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCon
     box.cutRight(between);
     canvas.figure(box, reading.time(), {}, figure(look().clockCap).kerned());
     laps = laps.centred(column, look().clockCap);
-    canvas.figure(laps.cutBottom(secondsCap), reading.secondText(), {}, figure(secondsCap).filled(look().accent2));
+    secondFigure(canvas, laps.cutBottom(secondsCap), reading, {}, figure(secondsCap).filled(look().accent2));
     laps.cutBottom(Bands::gap);
     canvas.text(laps.cutBottom(Bands::footer), u"LAP"_s, style().header().coloured(look().soft));
 }

@@ -273,10 +273,14 @@ void PulseSkin::draw(Canvas& canvas, const ClockReading& reading, const FaceCont
     canvas.figure(box, reading.time(), {}, figure(look().clockCap).kerned());
     const auto closed = [](double turn) { return turn > 0 ? turn : 1; }; // when it has come round
     const double minute = reading.minute / 60.0;
-    QList<Turn> turns{{closed((reading.hour24 % 12 + minute) / 12), look().accent}, {closed(minute), look().accent2}};
-    if (reading.second)
-        turns.append({closed(*reading.second / 60.0), look().accent3});
-    const Box inside = rings(canvas, circle, width, turns);
+    Box inside = rings(canvas, circle, width,
+        {{closed((reading.hour24 % 12 + minute) / 12), look().accent}, {closed(minute), look().accent2}});
+    if (reading.second) {
+        const Box innermost = std::exchange(inside, inside.inset(width + ringGap));
+        canvas.ticking(innermost, [&](Canvas& layer) {
+            ring(layer, innermost, width, {closed(*reading.second / 60.0), look().accent3});
+        });
+    }
     canvas.text(inside.inset(-ringGap), reading.meridiem, look().caption().faced(look().label).aligned(Align::centre));
 }
 

@@ -40,7 +40,7 @@ void readOuts(Canvas& canvas, const FaceRenderer& skin, Box box, const ClockRead
     rule();
     const Box seconds = box.cutBottom(secondCap);
     if (reading.second)
-        canvas.figure(seconds, reading.secondText(), u"S"_s, skin.figure(secondCap).filled(cyan));
+        secondFigure(canvas, seconds, reading, u"S"_s, skin.figure(secondCap).filled(cyan));
     canvas.text(seconds, reading.meridiem, readOut(style, secondCap, cyan).aligned(Align::right));
 }
 
