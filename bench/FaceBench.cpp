@@ -9,9 +9,34 @@
 #include <QGuiApplication>
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 using namespace ambrelle;
 
 namespace {
+
+/// What the face reads some samples later, so that no picture of it has been kept.
+Reading later(Reading reading, int samples)
+{
+    const auto shifted = [samples](History history) {
+        if (!history.isEmpty())
+            std::ranges::rotate(history, history.begin() + samples % history.size());
+        return history;
+    };
+    const double share = 0.05 + 0.9 * std::abs(std::sin(samples * 0.7));
+    if (auto* cpu = std::get_if<CpuReading>(&reading)) {
+        cpu->history = shifted(cpu->history);
+        cpu->percent = static_cast<int>(share * 100);
+    } else if (auto* memory = std::get_if<MemoryReading>(&reading)) {
+        for (Share& part : memory->parts)
+            part.fraction *= 1 + share * 0.01;
+    } else if (auto* network = std::get_if<NetworkReading>(&reading)) {
+        network->downHistory = shifted(network->downHistory);
+        network->upHistory = shifted(network->upHistory);
+    }
+    return reading;
+}
 
 /// A changed reading drawn over what the widget showed before, as a panel does it.
 void drawFace(benchmark::State& state, Skin skin, WidgetKind kind)
@@ -22,11 +47,13 @@ void drawFace(benchmark::State& state, Skin skin, WidgetKind kind)
     LayerCache layers;
     QPainter painter(&window);
     painter.translate(30, 32);
+    int samples = 0;
     for ([[maybe_unused]] auto _ : state) {
+        const Reading next = later(reading, ++samples);
         painter.setCompositionMode(QPainter::CompositionMode_Source);
         painter.fillRect(face.face().bounds, Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        face.draw(painter, reading, {.layers = &layers});
+        face.draw(painter, next, {.layers = &layers});
     }
 }
 
