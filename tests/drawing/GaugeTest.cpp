@@ -188,14 +188,16 @@ TEST(ClockHands, PointToTheTime)
     };
     ClockHands hands = ClockHands::plain(50, QColor(Qt::black), QColor(Qt::red));
     for (const Case& c : {Case{3, 0, {0.25, 0}}, Case{21, 30, {9.5 / 12, 0.5}}, Case{0, 45, {0.75 / 12, 0.75}}}) {
-        const QImage image = drawnWith([&](Canvas& canvas) { hands.draw(canvas, {60, 60}, c.hour, c.minute, 20); });
+        const auto draw = [&](Canvas& canvas) { hands.draw(canvas, {60, 60}, c.hour, c.minute, 20); };
+        const QImage image = drawnWith(draw);
         EXPECT_TRUE(isInked(image, pointOn({60, 60}, 20, c.hands[0]))) << c.hour;
         EXPECT_FALSE(isInked(image, pointOn({60, 60}, 34, c.hands[0]))) << c.hour;
         EXPECT_TRUE(isInked(image, pointOn({60, 60}, 34, c.hands[1]))) << c.hour;
-        EXPECT_TRUE(isInked(image, pointOn({60, 60}, 36, 20.0 / 60))) << c.hour;
+        EXPECT_TRUE(isInked(movedTo(0, draw), pointOn({60, 60}, 36, 20.0 / 60))) << c.hour;
+        EXPECT_FALSE(isInked(image, pointOn({60, 60}, 36, 20.0 / 60))) << "only the second is painted when it passes";
     }
     const auto ink = [&](std::optional<int> second) {
-        return drawnWith([&](Canvas& canvas) { hands.draw(canvas, {60, 60}, 3, 0, second); });
+        return movedTo(0, [&](Canvas& canvas) { hands.draw(canvas, {60, 60}, 3, 0, second); });
     };
     EXPECT_NE(ink(20), ink({}));
 }
