@@ -8,9 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <list>
-
 namespace ambrelle {
 namespace {
 
@@ -56,28 +53,6 @@ TEST_F(FaceMotionTest, DoesNotStarveASlowPartBesideAFastOne)
     clock.advance(5s);
     EXPECT_EQ(framesOf(left), 100);
     EXPECT_EQ(framesOf(right), 5);
-}
-
-TEST_F(FaceMotionTest, FacesOfOneRateWakeTheProgramTogether)
-{
-    QList<double> moments;
-    FaceMotion::Areas all{{left, Motion::steady(12)}};
-    std::list<FaceMotion> motions;
-    for (int face = 0; face < 3; ++face) {
-        FaceMotion& own = motions.emplace_back(clock, [&, face](const QRectF& area) {
-            moments.append(clock.elapsed());
-            std::next(motions.begin(), face)->drawn(all, area);
-        });
-        own.setActive(true);
-        own.drawn(all, left);
-        clock.advance(23ms); // the next is shown a little later
-    }
-    moments.clear();
-    clock.advance(2s);
-    EXPECT_NEAR(static_cast<double>(moments.size()), 3 * 24, 3);
-    const qsizetype frames = moments.size();
-    moments.erase(std::unique(moments.begin(), moments.end()), moments.end());
-    EXPECT_EQ(moments.size() * 3, frames);
 }
 
 TEST_F(FaceMotionTest, SleepsBetweenBursts)
