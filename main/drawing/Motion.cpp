@@ -15,14 +15,6 @@ double modulo(double value, double period)
     return rest < 0 ? rest + period : rest;
 }
 
-/// The moment of the next frame on the beat of that rate, which all that moves at it shares: whatever is due then is
-/// drawn in one go.
-double frameAfter(double t, double fps)
-{
-    constexpr double early = 0.002; // seconds by which a clock of milliseconds may be behind the beat it was woken for
-    return (std::floor((t + early) * fps) + 1) / fps;
-}
-
 constexpr double seedShift = 1.37; // seconds by which one step of seed shifts a flicker
 
 } // namespace
@@ -34,7 +26,7 @@ Motion Motion::bursts(double period, double seed, double burst, double fps)
 
 double Motion::next(double t) const
 {
-    return period > 0 ? BurstSchedule{period, offset, burst, fps}.next(t) : frameAfter(t, fps);
+    return period > 0 ? BurstSchedule{period, offset, burst, fps}.next(t) : t + 1 / fps;
 }
 
 std::optional<double> Motion::phase(double t) const
