@@ -36,12 +36,19 @@ void ScreenScene::show(const QRectF& screen, const SceneModel& model, const std:
         m_motion.drawn({}, {});
     } else if (!m_window) {
         m_scene = scene;
-        m_window = m_host.makeScene(*this);
-        settle();
-        m_window->show();
+        open();
     } else if (scene != m_scene) {
         change(scene);
     }
+}
+
+void ScreenScene::open()
+{
+    m_window.reset();
+    m_composited = m_host.isComposited();
+    m_window = m_host.makeScene(*this);
+    settle();
+    m_window->show();
 }
 
 QList<QRectF> ScreenScene::movingPlaces() const
@@ -120,7 +127,7 @@ void ScreenScene::settle()
 void ScreenScene::outline(bool exactly)
 {
     QList<QRectF> areas;
-    if (!m_host.isComposited()) {
+    if (!m_composited) {
         if (exactly)
             areas = m_scene.inked(outlineCell);
         else
@@ -144,6 +151,8 @@ void ScreenScene::paint(QPainter& painter, const QRectF& area)
 
 void ScreenScene::appearanceChanged()
 {
+    if (m_composited != m_host.isComposited())
+        return open(); // nothing of the former window is touched any more
     outline(true);
     m_window->update({{0, 0}, m_area.size()});
 }

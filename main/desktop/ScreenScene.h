@@ -42,6 +42,7 @@ public:
 
 private:
     QRectF marks() const;
+    void open();
     void applyMotion();
     void repaint(const QRectF& area);
     void change(const Scene& scene);
@@ -57,6 +58,7 @@ private:
     QRectF m_screen; ///< global points
     SceneModel m_model;
     Scene m_scene;
+    bool m_composited = false; ///< when the window was made
     QRectF m_area; ///< of the window, points of the screen, y down
     Ticket m_settling;
     std::unique_ptr<SceneWindow> m_window; // last: it calls back until it is gone

@@ -167,6 +167,7 @@ public:
     virtual bool isComposited() const = 0; ///< translucent windows blend with what lies below
     virtual std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) = 0;
     virtual std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) = 0;
+    /// Made for as long as isComposited() stays what it is: the delegate hears of a change, and makes another one.
     virtual std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) = 0;
 
     /// Somebody asked for `window`, one of the toolkit's, and the desktop gave them `token` for it: the window may take

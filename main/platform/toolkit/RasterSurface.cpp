@@ -32,9 +32,9 @@ RasterSurface::RasterSurface(std::unique_ptr<SurfaceCanvas> canvas)
     : m_canvas(std::move(canvas))
 {
     setSurfaceType(QSurface::RasterSurface);
-    QSurfaceFormat translucent = format();
-    translucent.setAlphaBufferSize(8);
-    setFormat(translucent);
+    QSurfaceFormat pixels = format();
+    pixels.setAlphaBufferSize(m_canvas->isTranslucent() ? 8 : 0);
+    setFormat(pixels);
 }
 
 void RasterSurface::update(const QRect& area)

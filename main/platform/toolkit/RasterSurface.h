@@ -15,7 +15,7 @@ class QPainter;
 
 namespace ambrelle {
 
-/// A translucent window that is painted part by part, and as finely as its screen of now. Unlike the toolkit's own kind
+/// A window that is painted part by part, and as finely as its screen of now. Unlike the toolkit's own kind
 /// of raster window it leaves its pixels to its canvas. It may lose its owner at any time, in the middle of an event
 /// too.
 class RasterSurface : public QWindow {

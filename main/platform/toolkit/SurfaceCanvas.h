@@ -24,6 +24,8 @@ public:
 
     /// Has those parts of the surface painted, transparent before or showing what lies below, and shows them.
     virtual void paint(RasterSurface& surface, const QList<QRect>& parts, const Paint& paint) = 0;
+    /// Whether what lies below can show through; to be known before the surface is made.
+    virtual bool isTranslucent() const { return true; }
     /// What lies below the surface is painted along, so that a move changes its pixels.
     virtual bool showsGround() const { return false; }
 };

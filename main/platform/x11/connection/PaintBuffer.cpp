@@ -117,16 +117,15 @@ bool PaintBuffer::fetch(xcb_pixmap_t pixmap, const QRect& from)
     return true;
 }
 
-void PaintBuffer::show(const QImage& image, QPoint place, xcb_window_t window)
+void PaintBuffer::show(const QImage& image, QPoint place, xcb_window_t window, uint8_t depth)
 {
-    learnDepth(window);
-    if (m_segment == XCB_NONE || m_depth < 24) {
-        send(m_depth < 24 ? image.convertToFormat(QImage::Format_RGB16) : image, window, place);
+    if (m_segment == XCB_NONE || depth < 24) {
+        send(depth < 24 ? image.convertToFormat(QImage::Format_RGB16) : image, window, place, depth);
     } else {
         const auto width = static_cast<uint16_t>(image.width());
         const auto height = static_cast<uint16_t>(image.height());
-        xcb_shm_put_image(m_connection, window, m_context, width, height, 0, 0, width, height,
-            static_cast<int16_t>(place.x()), static_cast<int16_t>(place.y()), m_depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0,
+        xcb_shm_put_image(m_connection, window, contextFor(window, depth), width, height, 0, 0, width, height,
+            static_cast<int16_t>(place.x()), static_cast<int16_t>(place.y()), depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0,
             m_segment, 0);
         m_beingRead = true;
     }
@@ -136,23 +135,29 @@ void PaintBuffer::show(const QImage& image, QPoint place, xcb_window_t window)
         release(); // the server holds on to what it has yet to read
 }
 
-/// All windows are made alike, so one tells of all.
-void PaintBuffer::learnDepth(xcb_window_t window)
+uint8_t PaintBuffer::depthOf(xcb_window_t window) const
 {
-    if (m_depth != 0)
-        return;
     const Reply geometry(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
-    m_depth = geometry ? geometry->depth : 24;
-    m_context = xcb_generate_id(m_connection);
-    xcb_create_gc(m_connection, m_context, window, 0, nullptr);
+    return geometry ? geometry->depth : 24;
 }
 
-void PaintBuffer::send(const QImage& part, xcb_window_t window, QPoint place) const
+xcb_gcontext_t PaintBuffer::contextFor(xcb_window_t window, uint8_t depth)
 {
+    xcb_gcontext_t& context = m_contexts[depth];
+    if (context == XCB_NONE) {
+        context = xcb_generate_id(m_connection);
+        xcb_create_gc(m_connection, context, window, 0, nullptr);
+    }
+    return context;
+}
+
+void PaintBuffer::send(const QImage& part, xcb_window_t window, QPoint place, uint8_t depth)
+{
+    const xcb_gcontext_t context = contextFor(window, depth);
     sendInBands(m_connection, part, [&](const uint8_t* pixels, uint32_t bytes, int row, int count) {
-        xcb_put_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, m_context, static_cast<uint16_t>(part.width()),
+        xcb_put_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, context, static_cast<uint16_t>(part.width()),
             static_cast<uint16_t>(count), static_cast<int16_t>(place.x()), static_cast<int16_t>(place.y() + row), 0,
-            m_depth, bytes, pixels);
+            depth, bytes, pixels);
         return true;
     });
 }

@@ -6,9 +6,11 @@
 
 #include <QImage>
 
+#include <map>
+
 namespace ambrelle {
 
-/// The pixels that all windows of one depth are painted with, one after the other: memory shared with the X server
+/// The pixels that all windows are painted with, one after the other: memory shared with the X server
 /// where that runs on this machine. A window keeps no copy of what it shows; a part that gets lost is painted again.
 /// The connection is an own one: on the toolkit's every answer wakes a thread that hands it on.
 class PaintBuffer {
@@ -23,8 +25,10 @@ public:
     /// The same over a pixmap of 24 or 32 bits a pixel that has all of the area: an opaque copy of it. Waits for the
     /// server; null when the pixmap cannot be read.
     QImage copy(xcb_pixmap_t pixmap, const QRect& area);
-    /// Puts what was painted into the window at that place, which the server knows.
-    void show(const QImage& image, QPoint place, xcb_window_t window);
+    /// Puts what was painted into the window at that place, which the server knows; `depth` is the window's.
+    void show(const QImage& image, QPoint place, xcb_window_t window, uint8_t depth);
+    /// Of a window that the server knows, for which it is asked. What most have where that fails.
+    uint8_t depthOf(xcb_window_t window) const;
 
 private:
     QImage image(QSize size, QImage::Format format);
@@ -33,8 +37,8 @@ private:
     bool reserve(std::size_t bytes);
     bool share(std::size_t bytes);
     void release();
-    void learnDepth(xcb_window_t window);
-    void send(const QImage& part, xcb_window_t window, QPoint place) const;
+    xcb_gcontext_t contextFor(xcb_window_t window, uint8_t depth);
+    void send(const QImage& part, xcb_window_t window, QPoint place, uint8_t depth);
 
     xcb_connection_t* m_connection; ///< never null; one with an error does nothing
     bool m_shares; ///< whether the server can be handed memory
@@ -42,8 +46,7 @@ private:
     std::size_t m_bytes = 0;
     xcb_shm_seg_t m_segment = XCB_NONE; ///< none: the memory is not shared, and pixels are sent
     bool m_beingRead = false; ///< the server may still have to read what was shown last
-    uint8_t m_depth = 0; ///< of the windows; 0 until the first is shown
-    xcb_gcontext_t m_context = XCB_NONE;
+    std::map<uint8_t, xcb_gcontext_t> m_contexts; ///< one is good for all windows of that depth
 };
 
 } // namespace ambrelle

@@ -19,9 +19,10 @@ constexpr int mostPixels = 1 << 19;
 
 } // namespace
 
-X11Canvas::X11Canvas(X11Parts& parts, Ground ground)
+X11Canvas::X11Canvas(X11Parts& parts, Ground ground, bool translucent)
     : m_parts(parts)
     , m_ground(ground)
+    , m_translucent(translucent)
 {
 }
 
@@ -72,7 +73,10 @@ bool X11Canvas::paintPart(RasterSurface& surface, const PixelGrid& grid, const Q
     }
     const bool goesOn = paint(painter, area);
     painter.end();
-    m_parts.buffer.show(image, part.topLeft(), static_cast<xcb_window_t>(surface.winId()));
+    const auto window = static_cast<xcb_window_t>(surface.winId());
+    if (m_depth == 0)
+        m_depth = m_parts.buffer.depthOf(window);
+    m_parts.buffer.show(image, part.topLeft(), window, m_depth);
     return goesOn;
 }
 

@@ -16,9 +16,11 @@ public:
     /// Over backdrops: what they draw lies below too.
     enum class Ground { picture, pictureAndShades };
 
-    X11Canvas(X11Parts& parts, Ground ground);
+    /// What lies below an opaque one never shows through, and the server keeps no copy of its pixels either.
+    X11Canvas(X11Parts& parts, Ground ground, bool translucent = true);
 
     void paint(RasterSurface& surface, const QList<QRect>& parts, const Paint& paint) override;
+    bool isTranslucent() const override { return m_translucent; }
     bool showsGround() const override { return !m_parts.compositor.isActive(); }
 
     /// The pixel of the root window where the surface begins.
@@ -30,6 +32,8 @@ private:
 
     X11Parts& m_parts;
     Ground m_ground;
+    bool m_translucent;
+    uint8_t m_depth = 0; ///< of the surface's pixels; 0 before the first are shown
 };
 
 } // namespace ambrelle

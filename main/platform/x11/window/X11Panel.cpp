@@ -45,8 +45,9 @@ xcb_rectangle_t shapeRectangle(const QRect& rect)
 } // namespace
 
 X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank)
-    : m_surface(new PanelSurface(
-        delegate, parts.screens, std::make_unique<X11Canvas>(parts, X11Canvas::Ground::pictureAndShades)))
+    : m_surface(new PanelSurface(delegate, parts.screens,
+        std::make_unique<X11Canvas>(
+            parts, X11Canvas::Ground::pictureAndShades, rank == Rank::panel || parts.compositor.isActive())))
     , m_parts(parts)
     , m_rank(rank)
 {
