@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace ambrelle {
 
@@ -180,6 +181,29 @@ QList<SceneItem> SceneLayout::walk() const
         waiting.erase(nearest);
     }
     return way;
+}
+
+QPolygonF SceneLayout::bow(double flattest) const
+{
+    constexpr int steps = 96;
+    const auto middle = [](const SceneItem& item) { return item.frame.center().x(); };
+    const QPointF left = std::ranges::min_element(m_items, {}, middle)->frame.center();
+    const QPointF right = (std::ranges::max_element(m_items, {}, [&](const SceneItem& item) {
+        return std::pair(middle(item), item.frame.center().y()); // of a column the lowest
+    }))->frame.center();
+    const QPointF low = left.y() > right.y() ? left : right;
+    const QPointF way = (left.y() > right.y() ? right : left) - low;
+    const bool isStraight = std::abs(way.y()) < flattest;
+    QPolygonF points;
+    for (int step = 0; step <= steps; ++step) {
+        const double part = static_cast<double>(step) / steps;
+        const double angle = std::numbers::pi / 2 * part;
+        points.append(
+            low + (isStraight ? way * part : QPointF(way.x() * (1 - std::cos(angle)), way.y() * std::sin(angle))));
+    }
+    if (points.first() != left)
+        std::ranges::reverse(points);
+    return points;
 }
 
 bool SceneLayout::isFree(const QRectF& area) const

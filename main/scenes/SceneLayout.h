@@ -51,6 +51,9 @@ public:
     QList<SceneGutter> gutters(Qt::Orientation direction, double widest = 120) const;
     /// All items from the hero on, next always the one whose centre is nearest to the last.
     QList<SceneItem> walk() const;
+    /// A bow from the centre of the outermost item on the left to that on the right: up from the lower one and level
+    /// into the other, or straight where they stand less than `flattest` points above each other.
+    QPolygonF bow(double flattest) const;
 
     /// Inside the screen, and away from every item and all that was reserved.
     bool isFree(const QRectF& area) const;

@@ -68,6 +68,20 @@ TEST(SceneLayoutTest, FindsWhatLiesBetweenNeighbours)
     EXPECT_EQ(count({380, 100, 170, 170}), 1);
 }
 
+TEST(SceneLayoutTest, BowsFromTheOutermostOnTheLeftToThatOnTheRight)
+{
+    const auto bow = [](const QList<SceneItem>& items) { return SceneLayout(items, {1440, 900}).bow(60); };
+    const SceneItem high{clock, {0, 0, 100, 100}};
+    const SceneItem low{cpu, {800, 400, 100, 100}};
+    const QPolygonF falling = bow({{memory, {300, 0, 100, 100}}, low, high});
+    EXPECT_EQ(falling.first(), high.frame.center());
+    EXPECT_EQ(falling.last(), low.frame.center());
+    EXPECT_LT(falling[falling.size() / 2].y(), 250) << "level from the upper one";
+    const QPolygonF level = bow({high, {cpu, {800, 50, 100, 100}}});
+    EXPECT_NEAR(level[level.size() / 2].y(), 75, 1) << "straight";
+    EXPECT_EQ(bow({high}).boundingRect().size(), QSizeF(0, 0));
+}
+
 TEST(SceneLayoutTest, CutsLines)
 {
     const QRectF room(0, 0, 100, 100);

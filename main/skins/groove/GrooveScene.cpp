@@ -38,24 +38,6 @@ bool isBehindItem(const SceneOrnament& on, QPointF point)
     return std::ranges::any_of(on.items(), [&](const SceneItem& item) { return item.frame.contains(point); });
 }
 
-/// Up from the lower of two points, and level into the other one; straight between points of nearly one height.
-QPolygonF quarter(QPointF from, QPointF to, double least)
-{
-    const QPointF low = from.y() > to.y() ? from : to;
-    const QPointF way = (from.y() > to.y() ? to : from) - low;
-    QPolygonF points;
-    for (int step = 0; step <= arcSteps; ++step) {
-        const double part = static_cast<double>(step) / arcSteps;
-        const double angle = std::numbers::pi / 2 * part;
-        const bool isStraight = std::abs(way.y()) < least;
-        points.append(
-            low + (isStraight ? way * part : QPointF(way.x() * (1 - std::cos(angle)), way.y() * std::sin(angle))));
-    }
-    if (points.first() != from)
-        std::ranges::reverse(points);
-    return points;
-}
-
 /// The middle line of the rainbow, from left to right: an arch that begins and ends behind items, or else a bow from
 /// the outermost item on the left to that on the right.
 QPolygonF rainbowLine(const SceneOrnament& on)
@@ -70,12 +52,7 @@ QPolygonF rainbowLine(const SceneOrnament& on)
             points.append(onArch(room, static_cast<double>(step) / arcSteps));
         return points;
     }
-    const auto middle = [](const SceneItem& item) { return item.frame.center().x(); };
-    const QPointF left = std::ranges::min_element(on.items(), {}, middle)->frame.center();
-    const QPointF right = (std::ranges::max_element(on.items(), {}, [&](const SceneItem& item) {
-        return std::pair(middle(item), item.frame.center().y()); // of a column the lowest
-    }))->frame.center();
-    return quarter(left, right, least);
+    return on.bow(least);
 }
 
 /// The line moved to its left by so many points.

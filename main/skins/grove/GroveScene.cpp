@@ -27,6 +27,7 @@ constexpr double vineSpread = 46; // degrees between the vine and its leaves
 constexpr double sway = 12; // by which that varies
 constexpr double shortest = 12; // stretch of a vine that is worth to be drawn
 constexpr double berryRadius = 2.2;
+constexpr double flattest = 60; // height of a bow that is still one
 constexpr double fromEdges = 14; // of the screen
 
 constexpr double laurelWidth = 66; // of each branch
@@ -70,12 +71,16 @@ void laurel(SceneOrnament& on, const SkinStyle& style)
     on.reserve(place);
 }
 
+bool meetsItem(const SceneOrnament& on, QPointF end)
+{
+    const double near = on.scaled(berryRadius) + 2;
+    return !on.isFree(QRectF(end, QSizeF()).adjusted(-near, -near, near, near));
+}
+
 /// Where a stretch of the vine ends in the open it grows into a sprig, where it meets an item there is a berry.
 void vineEnd(SceneOrnament& on, const SkinStyle& style, QPointF end, QPointF before)
 {
-    const double near = on.scaled(berryRadius) + 2;
-    const QRectF reach = QRectF(end, QSizeF()).adjusted(-near, -near, near, near);
-    if (!on.isFree(reach)) {
+    if (meetsItem(on, end)) {
         on.dot(u"berry"_s, end, on.scaled(berryRadius), style.accent);
         return;
     }
@@ -113,18 +118,28 @@ void vineStretch(SceneOrnament& on, const SkinStyle& style, const QPolygonF& poi
     vineEnd(on, style, points.last(), points[points.size() - 2]);
 }
 
-/// The upper half of an ellipse through the items.
+QList<QPolygonF> stretchesOf(const SceneOrnament& on, const QPainterPath& line)
+{
+    const QPainterPath way = on.outside(line, on.scaled(berryRadius) + 0.5, on.scaled(fromEdges));
+    QList<QPolygonF> stretches = way.toSubpathPolygons();
+    stretches.removeIf([](const QPolygonF& stretch) { return stretch.size() < 2; });
+    return stretches;
+}
+
+/// The upper half of an ellipse through the items, or a bow between the outermost where that would pass them by.
 void garland(SceneOrnament& on, const SkinStyle& style)
 {
     const QRectF bounds = on.bounds();
     const double inset = std::min({on.scaled(gardenInset), bounds.width() / 4, bounds.height() / 4});
-    const Box oval = Box(bounds).inset(inset);
-    const QPainterPath way = on.outside(arc(oval, 0.75, 0.5), on.scaled(berryRadius) + 0.5, on.scaled(fromEdges));
+    QList<QPolygonF> stretches = stretchesOf(on, arc(Box(bounds).inset(inset), 0.75, 0.5));
+    const auto passesBy = [&](const QPolygonF& stretch) {
+        return !meetsItem(on, stretch.first()) && !meetsItem(on, stretch.last());
+    };
+    if (std::ranges::any_of(stretches, passesBy))
+        stretches = stretchesOf(on, straightLine(on.bow(on.scaled(flattest))));
     std::uint64_t index = 0;
-    for (const QPolygonF& stretch : way.toSubpathPolygons()) {
-        if (stretch.size() > 1)
-            vineStretch(on, style, stretch, SeededRandom{seedOf(u"grove") + index++});
-    }
+    for (const QPolygonF& stretch : std::as_const(stretches))
+        vineStretch(on, style, stretch, SeededRandom{seedOf(u"grove") + index++});
 }
 
 } // namespace
