@@ -221,6 +221,53 @@ TEST(SceneRecipes, SomeScenesMove)
     EXPECT_EQ(moving, (QList{Skin::neon, Skin::quest, Skin::pulse}));
 }
 
+/// The places of the marks of one name.
+QList<QRectF> placesOf(const Scene& scene, const QString& name)
+{
+    QList<QRectF> places;
+    for (const SceneSprite& sprite : scene.sprites) {
+        if (sprite.name().section(u'-', 0, -2) == name)
+            places.append(sprite.place());
+    }
+    return places;
+}
+
+TEST(SceneRecipes, AVineLeadsFromOneWidgetToAnotherFarAway)
+{
+    const QRectF left(60, 40, 350, 170);
+    const QRectF right(1690, 870, 170, 170);
+    const Scene scene =
+        sceneOf(Skin::grove, {{WidgetKind::clock, left}, {WidgetKind::cpu, right}}, {1920, 1080}, std::nullopt);
+    const QList<QRectF> vines = placesOf(scene, u"vine"_s);
+    ASSERT_EQ(vines.size(), 1);
+    for (const QRectF& item : {left, right})
+        EXPECT_TRUE(item.adjusted(-6, -6, 6, 6).intersects(vines.first()));
+}
+
+TEST(SceneRecipes, NothingEndsJustBeforeTheEdgeOfTheScreen)
+{
+    const QSizeF size(1440, 900);
+    const auto scene = [&](Skin skin, const QList<QRectF>& frames) {
+        QList<SceneItem> items;
+        for (const QRectF& frame : frames)
+            items.append({items.isEmpty() ? WidgetKind::clock : WidgetKind::cpu, frame});
+        return sceneOf(skin, items, size, std::nullopt);
+    };
+    const auto clockAt = [](double x, double y) { return QRectF(x, y, 350, 170); };
+
+    for (const QRectF& ribbon : placesOf(scene(Skin::aero, {clockAt(200, 100), {900, 600, 170, 170}}), u"ribbon"_s))
+        EXPECT_EQ(ribbon.right(), size.width());
+    const QRectF atEdge(size.width() - 170, 500, 170, 170);
+    EXPECT_EQ(placesOf(scene(Skin::neon, {clockAt(500, 100), atEdge}), u"side-tube"_s).size(), 0) << "no room to turn";
+    EXPECT_EQ(placesOf(scene(Skin::neon, {clockAt(500, 100), atEdge.translated(-60, 0)}), u"side-tube"_s).size(), 1);
+    EXPECT_EQ(placesOf(scene(Skin::cockpit, {clockAt(0, 300)}), u"sheet"_s).first().left(), 0) << "no edge of a sheet";
+    for (int top = 0; top < 80; ++top) {
+        const auto isAbove = [top](const QRectF& rail) { return rail.top() < top; };
+        const QList<QRectF> rails = placesOf(scene(Skin::carbon, {clockAt(500, top)}), u"rail"_s);
+        EXPECT_NE(std::ranges::count_if(rails, isAbove), 1) << "one rail of two with the clock at " << top;
+    }
+}
+
 TEST(SceneRecipes, NothingIsDrawnAroundNothing)
 {
     for (const Skin skin : allCases<Skin>())

@@ -41,7 +41,7 @@ void ribbonFrom(SceneOrnament& on, QPointF start, QPointF bend, QPointF end)
     }
     const double width = on.scaled(ribbonWidth);
     QPainterPath screen;
-    QRectF room = on.screen().adjusted(1, 1, -1, -1);
+    QRectF room = on.screen();
     room.setBottom(std::min(room.bottom(), on.bounds().bottom())); // below it are bubbles
     screen.addRect(room);
     QPainterPath light = ribbon(way, [width](double along) { return width * (0.4 + 0.6 * along); }).intersected(screen);
@@ -51,7 +51,7 @@ void ribbonFrom(SceneOrnament& on, QPointF start, QPointF bend, QPointF end)
         return;
     const QRectF place = light.boundingRect();
     on.add(
-        u"ribbon"_s, place.adjusted(-1, -1, 1, 1),
+        u"ribbon"_s, place.adjusted(-1, -1, 1, 1) & on.screen(),
         [](Canvas& canvas, const QPainterPath& shape) { canvas.fill(shape, faded(Qt::white, ribbonLight)); }, light);
 }
 

@@ -20,6 +20,7 @@ constexpr double sheetMargin = 26; // around its items
 constexpr double sheetCorner = 14;
 constexpr double litEdgeWidth = 1.5;
 constexpr double besideScreen = 6; // that stays of the desktop around a sheet
+constexpr double leastRim = 6; // of a sheet beside its instruments, whatever the scale
 constexpr int shadowSteps = 8;
 constexpr double shadowReach = 9; // whatever the scale
 const QColor sheetTop(0x2C, 0x32, 0x38);
@@ -47,6 +48,14 @@ QRectF outset(const QRectF& area, double by)
     return area.adjusted(-by, -by, by, by);
 }
 
+/// A side of a sheet ends inside the screen, or out of sight where an instrument is let in so near to the edge.
+double endOf(double side, double room, double instruments, double inwards)
+{
+    if ((side - room) * inwards >= 0)
+        return side;
+    return (instruments - room) * inwards >= leastRim ? room : side - inwards * 2 * sheetCorner;
+}
+
 /// One for all items that stand so near that theirs would meet.
 QList<QRectF> sheets(const SceneOrnament& on)
 {
@@ -62,9 +71,14 @@ QList<QRectF> sheets(const SceneOrnament& on)
         }
         areas.append(area);
     }
-    for (QRectF& area : areas)
-        area &= outset(on.screen(), -std::max(besideScreen, shadowReach));
-    areas.removeIf([](const QRectF& area) { return area.isEmpty(); });
+    const QRectF room = outset(on.screen(), -std::max(besideScreen, shadowReach));
+    for (QRectF& area : areas) {
+        const QRectF inner = outset(area, -on.scaled(sheetMargin));
+        area.setCoords(endOf(area.left(), room.left(), inner.left(), 1), endOf(area.top(), room.top(), inner.top(), 1),
+            endOf(area.right(), room.right(), inner.right(), -1),
+            endOf(area.bottom(), room.bottom(), inner.bottom(), -1));
+    }
+    areas.removeIf([&](const QRectF& area) { return !area.intersects(room); });
     return areas;
 }
 
@@ -147,8 +161,8 @@ void addSheet(SceneOrnament& on, const QRectF& area, double bezel)
             sheet.instruments.append({outset(item.frame, gap), SceneOrnament::ofFace(item, bezel) + gap});
     }
     on.add(
-        u"sheet"_s, outset(area, shadowReach), [](Canvas& canvas, const Sheet& drawn) { drawSheet(canvas, drawn); },
-        sheet);
+        u"sheet"_s, outset(area, shadowReach) & on.screen(),
+        [](Canvas& canvas, const Sheet& drawn) { drawSheet(canvas, drawn); }, sheet);
 }
 
 /// Warning lights above the largest instrument, all but one dark.
@@ -177,12 +191,12 @@ void annunciators(SceneOrnament& on, const SkinStyle& style)
         Box(strip), style.body, on.scaled(1), cockpit::green);
 }
 
-void engrave(SceneOrnament& on, const SkinStyle& style, const QString& text, QPointF start)
+void engrave(SceneOrnament& on, const SkinStyle& style, const QString& text, QPointF start, const QRectF& sheet)
 {
     const double size = std::max(leastEngraved, on.scaled(engravedSize));
     const double width = shape(style.title, size, text)->width + 2;
     const QRectF place(start.x(), start.y() - size / 2, width, size);
-    if (!on.isFree(place))
+    if (!on.isFree(place) || !sheet.contains(outset(place, 2)))
         return;
     on.reserve(place);
     on.add(
@@ -201,14 +215,20 @@ void engrave(SceneOrnament& on, const SkinStyle& style, const QString& text, QPo
 Scene cockpitScene(SceneOrnament on)
 {
     const SkinStyle style = cockpit::makeStyle(on.accent());
-    for (const QRectF& area : sheets(on))
+    const QList<QRectF> areas = sheets(on);
+    for (const QRectF& area : areas)
         addSheet(on, area, style.corner);
     annunciators(on, style);
     std::size_t row = 0;
     for (const QList<SceneItem>& items : on.rows()) {
         const QRectF& first = items.first().frame;
-        engrave(on, style, QString::fromLatin1(rowNames.at(row++ % rowNames.size())),
-            {first.left() + 2, first.top() - on.scaled(engravedAbove)});
+        const QString name = QString::fromLatin1(rowNames.at(row++ % rowNames.size()));
+        for (const QRectF& area : areas) {
+            const double besideScrew = area.left() + on.scaled(sheetScrewPlace + 2 * sheetScrew);
+            if (area.contains(first.center()))
+                engrave(on, style, name,
+                    {std::max(first.left() + 2, besideScrew), first.top() - on.scaled(engravedAbove)}, area);
+        }
     }
     return on.scene();
 }

@@ -113,6 +113,8 @@ void sideTube(SceneOrnament& on, bool isLeft, const QColor& colour)
     const double out = on.scaled(besideItems);
     const double start = isLeft ? hero.left() - on.scaled(outerTube) : hero.right() + on.scaled(outerTube);
     const double end = isLeft ? beside.left() - out : beside.right() + out;
+    if (!around(on.screen(), -std::max(fromEdges, reachOf(on))).contains(QPointF(end, y)))
+        return; // it would end in the open
     const double far = std::abs(beside.bottom() - y) > std::abs(beside.top() - y) ? beside.bottom() : beside.top();
     addTube(on, u"side-tube"_s, bentLine({{start, y}, {end, y}, {end, far}}, on.scaled(bend)), colour);
 }

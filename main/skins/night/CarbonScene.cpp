@@ -43,6 +43,12 @@ QSizeF lampStrip(const SceneOrnament& on)
     return {on.scaled((shiftLamps - 1) * shiftPitch + 2 * (shiftRadius + besideLamps)), on.scaled(2 * shiftRadius + 2)};
 }
 
+/// How far the thin rail is to stay inside the screen, so that there is room for both.
+double railsFromEdge(const SceneOrnament& on)
+{
+    return 2 + on.scaled(betweenRails + thickRail);
+}
+
 /// A rail along the upper or lower outline of all items: level at either side of the hero and above or below it, with
 /// chamfers between. Levels grow away from the items.
 class Rail {
@@ -53,6 +59,9 @@ public:
     {
         const QRectF hero = on.hero().frame;
         m_middle = levelOf(hero) + (isLower ? 0 : on.scaled(lampRoom - fromRows));
+        if (const double most = -railsFromEdge(on);
+            !isLower && most > lampStrip(on).height() / 2 + on.scaled(aboveHero) - hero.top())
+            m_middle = std::min(m_middle, most); // both rails are to be seen over the lamps
         for (const SceneItem& item : on.satellites()) {
             if (item.frame.left() < hero.right() && item.frame.right() > hero.left())
                 m_middle = std::max(m_middle, levelOf(item.frame));
@@ -173,7 +182,7 @@ Scene carbonScene(SceneOrnament on)
         const Rail rail(on, isLower);
         for (const auto& [out, width] : {std::pair(0.0, thinRail), std::pair(betweenRails, thickRail)}) {
             const QPolygonF course = rail.at(on.scaled(out));
-            const QPainterPath path = on.onScreen(straightLine(course), 2 + on.scaled(width));
+            const QPainterPath path = on.onScreen(straightLine(course), railsFromEdge(on) - on.scaled(out));
             const QBrush metal = linear({course.first().x(), 0}, {course.last().x(), 0},
                 {{0, gone}, {railFades, railMetal}, {1 - railFades, railMetal}, {1, gone}});
             on.line(u"rail"_s, path, flatPen(metal, on.scaled(width)));
