@@ -78,9 +78,11 @@ std::unique_ptr<PanelWindow> X11WindowHost::makePanel(PanelDelegate& delegate)
 
 std::unique_ptr<SceneWindow> X11WindowHost::makeScene(OrnamentDelegate& delegate)
 {
-    auto scene = std::make_unique<X11Scene>(delegate, *m_parts);
-    take(scene->panel());
-    return scene;
+    return std::make_unique<X11Scene>(delegate, *m_parts, [this](X11Panel& panel) {
+        if (m_guard && m_parts->manager.keepsPanels()) // before, the panels that it belongs below are not there either
+            panel.holdBack();
+        take(panel);
+    });
 }
 
 void X11WindowHost::take(X11Panel& panel)

@@ -5,6 +5,9 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <optional>
+#include <utility>
+
 namespace ambrelle::test {
 
 using namespace Qt::StringLiterals;
@@ -27,6 +30,21 @@ public:
     int changes = 0;
 };
 
+/// While it lives.
+class Compositor {
+public:
+    Compositor() { m_process.start(u"picom"_s, {"--config", "/dev/null", "--backend", "xrender", "--no-vsync"}); }
+    ~Compositor()
+    {
+        m_process.terminate();
+        m_process.waitForFinished();
+    }
+    Q_DISABLE_COPY_MOVE(Compositor)
+
+private:
+    QProcess m_process;
+};
+
 class X11SceneTest : public PanelTest {
 protected:
     void SetUp() override
@@ -39,14 +57,18 @@ protected:
     void showScene()
     {
         scene.reset(static_cast<X11Scene*>(host.makeScene(plain).release()));
-        scene->setFrame(panel->frame().adjusted(-120, 0, 0, 90));
+        scene->setFrame(panel->frame().adjusted(-beside.x(), 0, 0, beside.y()));
         scene->setOutline({plain.mark, {150, 60, 200, 100}});
         scene->show();
         ASSERT_TRUE(waitUntil([&] { return onlooker.isViewable(window()) && !plain.painted.isEmpty(); }));
     }
     xcb_window_t window() const { return scene->panel().window(); }
-    QPoint markPixel() const { return pixelOf(scene->panel(), plain.mark.center()); }
+    /// A point from the scene's upper left corner, as long as it is where it was shown.
+    QPoint pixelAt(const QPointF& local) const { return pixelOf(*panel, local - beside); }
+    QPoint markPixel() const { return pixelAt(plain.mark.center()); }
+    void checkClicks();
 
+    const QPointF beside{120, 90}; ///< from its corner to that of the panel
     QImage picture;
     PlainMark plain;
     std::unique_ptr<X11Scene> scene;
@@ -77,7 +99,7 @@ TEST_F(X11SceneTest, StaysBelowPanelsAndAboveTheDesktop)
     EXPECT_TRUE(shows(facePixel(), faceColour));
 }
 
-TEST_F(X11SceneTest, AClickAtAMarkReachesTheWindowBelow)
+void X11SceneTest::checkClicks()
 {
     const QSize screen = (host.screens().first().frame.size() * ratio).toSize();
     const xcb_window_t desktop = onlooker.openWindow({{0, 0}, screen}, 0xFF406040, "_NET_WM_WINDOW_TYPE_DESKTOP");
@@ -92,11 +114,80 @@ TEST_F(X11SceneTest, AClickAtAMarkReachesTheWindowBelow)
     EXPECT_TRUE(clickUntil(facePixel(), [&] { return !face.pressed.isEmpty(); })) << "the panel is not behind it";
 }
 
+TEST_F(X11SceneTest, AClickAtAMarkReachesTheWindowBelow)
+{
+    checkClicks();
+}
+
+TEST_F(X11SceneTest, AClickReachesItWhereWindowsAreComposited)
+{
+    if (QStandardPaths::findExecutable(u"picom"_s).isEmpty())
+        GTEST_SKIP() << "picom is not installed";
+    const Compositor compositor;
+    ASSERT_TRUE(waitUntil([&] { return onlooker.isComposited() && host.isComposited(); }));
+    checkClicks();
+}
+
+/// A mark that reaches below the face of the panel, which is to hide it from the first moment on.
+TEST_F(X11SceneTest, IsNeverSeenAboveAPanel)
+{
+    showPanel();
+    ASSERT_TRUE(shows(facePixel(), faceColour));
+    rest(600);
+    plain.mark = {0, 0, 300, 200};
+    scene.reset(static_cast<X11Scene*>(host.makeScene(plain).release()));
+    scene->setFrame(panel->frame().adjusted(-beside.x(), 0, 0, beside.y()));
+    scene->setOutline({plain.mark});
+    scene->show();
+    int foreign = 0;
+    EXPECT_TRUE(waitUntil([&] {
+        const QRgb seen = onlooker.pixel(facePixel());
+        foreign += seen == markColour ? 1 : 0;
+        return onlooker.pixel(pixelAt({10, 10})) == markColour;
+    }));
+    EXPECT_EQ(foreign, 0);
+}
+
+/// What is at one place of the screen all the while, in a window that gets larger and smaller.
+TEST_F(X11SceneTest, KeepsItsMarksInPlaceWhileItsFrameChanges)
+{
+    const auto change = [&](const QRectF& to, const QPointF& mark) {
+        plain.mark.moveTopLeft(mark);
+        scene->setFrame(to);
+        scene->setOutline({plain.mark});
+        scene->update({{0, 0}, to.size()});
+    };
+    for (const bool composited : {false, true}) {
+        if (composited && QStandardPaths::findExecutable(u"picom"_s).isEmpty())
+            continue;
+        const std::optional<Compositor> compositor =
+            composited ? std::optional<Compositor>(std::in_place) : std::nullopt;
+        ASSERT_TRUE(waitUntil([&] { return host.isComposited() == composited; }));
+        showPanel();
+        rest(600);
+        plain.mark = {0, 0, 60, 40};
+        showScene();
+        const QPoint place = markPixel();
+        ASSERT_TRUE(shows(place, markColour));
+        rest(300);
+        const QRectF small = scene->frame();
+        int lost = 0;
+        for (const auto& [frame, mark] :
+            {std::pair(small.adjusted(-70, -50, 40, 60), QPointF(70, 60)), {small, {0, 0}}}) {
+            change(frame, mark);
+            for (int look = 0; look < 100; ++look) {
+                lost += onlooker.pixel(place) == markColour ? 0 : 1;
+                rest(2);
+            }
+        }
+        EXPECT_LE(lost, composited ? 3 : 0) << (composited ? "composited, which a busy machine does late" : "bare");
+        scene.reset();
+    }
+}
+
 TEST_F(X11SceneTest, ShowsTheDesktopPictureBesideItsMarks)
 {
     showScene();
-    const QPoint corner = onlooker.geometry(window()).topLeft();
-    const auto pixelAt = [&](QPointF local) { return corner + (local * ratio).toPoint(); };
     EXPECT_TRUE(shows(markPixel(), markColour));
     for (const QPointF& local : {QPointF(200, 110), QPointF(80, 20), QPointF(20, 200)}) // copied, cut away, cut away
         EXPECT_TRUE(shows(pixelAt(local), picture.pixel(pixelAt(local))));

@@ -52,12 +52,19 @@ void StackingGuard::checkManaged()
     const std::vector<uint32_t> stacking = x.values(x.root(), Atom::clientListStacking);
     const QList<X11Panel*> panels = panelsInOrder(stacking, WindowLevel::desktop);
     QList<X11Panel*> wanted = panels;
+    bool isInOrder = true;
     const auto firstPanel =
         std::stable_partition(wanted.begin(), wanted.end(), [](const X11Panel* panel) { return panel->isScene(); });
-    if (!panels.isEmpty() && isForeignDesktopAbove(stacking, panels) && mayRestack())
+    if (!panels.isEmpty() && isForeignDesktopAbove(stacking, panels) && mayRestack()) {
         restack(wanted);
-    else if (wanted != panels && mayRestack())
+    } else if (wanted != panels && mayRestack()) {
         restack({firstPanel, wanted.end()}); // a scene appeared later than they
+        isInOrder = false;
+    }
+    for (X11Panel* panel : panels) {
+        if (isInOrder && panel->isHeldBack())
+            panel->release();
+    }
     const QList<X11Panel*> raised = panelsInOrder(stacking, WindowLevel::floating);
     if (!raised.isEmpty() && isBackdropAbove(stacking, raised) && mayRestack())
         restack(raised);

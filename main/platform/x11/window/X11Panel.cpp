@@ -25,6 +25,9 @@ constexpr auto sceneName = "ambrelle-scene";
 // A window manager puts a window that is taken from it back on the root window at a moment of its own.
 constexpr std::chrono::milliseconds handover{200};
 
+// A window manager may tell nothing of the order of windows.
+constexpr std::chrono::milliseconds longestHold{1000};
+
 /// Takes no input focus, appears as a normal window, and belongs to no group. The toolkit makes all its windows one,
 /// and Xfwm4 keeps the floating ones of a group no higher than those of the desktop level.
 void writeHints(const X11Connection& x, xcb_window_t window)
@@ -73,6 +76,9 @@ X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank)
         show();
         place();
     });
+    m_holding.setSingleShot(true);
+    m_holding.setInterval(longestHold);
+    QObject::connect(&m_holding, &QTimer::timeout, m_surface, [this] { release(); });
     dress();
     applyShape();
 }
@@ -265,7 +271,8 @@ void X11Panel::applyShape()
 {
     const bool bare = !m_parts.compositor.isActive();
     // Marks on black would be worse than none.
-    const bool hidden = bare && (m_opacity < leastOpacityShown || (isScene() && !m_parts.picture.isThere()));
+    const bool hidden =
+        isHeldBack() || (bare && (m_opacity < leastOpacityShown || (isScene() && !m_parts.picture.isThere())));
     const bool cut = bare && !m_outline.isEmpty();
     xcb_connection_t* connection = m_parts.connection.handle();
     if (!hidden && !cut) {
@@ -285,6 +292,18 @@ void X11Panel::applyShape()
             0, 0, static_cast<uint32_t>(rows.size()), rows.data());
         m_shaped = true;
     }
+}
+
+void X11Panel::holdBack()
+{
+    m_holding.start();
+    applyShape();
+}
+
+void X11Panel::release()
+{
+    m_holding.stop();
+    applyShape();
 }
 
 void X11Panel::groundChanged()

@@ -46,6 +46,11 @@ public:
     /// Tells a new window manager what the window is, or takes the window out of its hands.
     void redress();
     void remap(); ///< puts the window on top of its layer, where the window manager has no better way
+    /// From now on nothing of it is seen before release(), which comes after a while in any case: a window manager puts
+    /// new windows above the others.
+    void holdBack();
+    void release();
+    bool isHeldBack() const { return m_holding.isActive(); }
     void groundChanged(); ///< the compositor came or went, or the desktop picture changed
 
     std::function<void(X11Panel*)> onDestroyed;
@@ -67,6 +72,7 @@ private:
     double m_opacity = 1;
     bool m_bypassed = false; ///< no window manager has to do with the window
     QTimer m_return; ///< while it changes hands
+    QTimer m_holding; ///< while it is held back
     bool m_clickThrough = false;
     bool m_shaped = false;
     bool m_wasShown = false; ///< once before, so that a window manager may still take states away
