@@ -113,7 +113,6 @@ void ScreenScene::putOn(const QRectF& area)
         return;
     m_area = area;
     m_window->setFrame({m_screen.x() + area.x(), m_screen.bottom() - area.bottom(), area.width(), area.height()});
-    m_window->update({{0, 0}, area.size()});
 }
 
 void ScreenScene::settle()

@@ -120,7 +120,8 @@ class SceneWindow {
 public:
     virtual ~SceneWindow() = default;
 
-    virtual void setFrame(const QRectF& frame) = 0; ///< global points; a part of the screen
+    /// Global points; a part of the screen. What it shows stays where it is, and what was beside it is painted unasked.
+    virtual void setFrame(const QRectF& frame) = 0;
     virtual QRectF frame() const = 0;
     virtual void show() = 0;
     virtual void update(const QRectF& area) = 0; ///< asks for a paint of that part (window points, y down)

@@ -155,7 +155,6 @@ TEST_F(X11SceneTest, KeepsItsMarksInPlaceWhileItsFrameChanges)
         plain.mark.moveTopLeft(mark);
         scene->setFrame(to);
         scene->setOutline({plain.mark});
-        scene->update({{0, 0}, to.size()});
     };
     for (const bool composited : {false, true}) {
         if (composited && QStandardPaths::findExecutable(u"picom"_s).isEmpty())

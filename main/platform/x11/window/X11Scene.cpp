@@ -82,10 +82,12 @@ void X11Scene::setFrame(const QRectF& frame)
 {
     if (frame == m_frame)
         return;
+    for (QRectF& area : m_outline) // stays where it is on the screen
+        area.translate(m_frame.left() - frame.left(), frame.bottom() - m_frame.bottom());
     m_frame = frame;
     const QRectF place = placeFor(frame);
     if (place == m_view->panel().frame())
-        return m_view->outline(m_outline);
+        return;
     if (m_view->panel().isOnScreen() && !m_view->panel().isHeldBack()) {
         m_farewell.start(seenAtLatest);
         m_former = std::exchange(m_view, makeView());
@@ -94,6 +96,7 @@ void X11Scene::setFrame(const QRectF& frame)
         m_view->panel().show();
     } else {
         m_view->panel().setFrame(place); // nobody has seen it yet
+        m_view->panel().update({{0, 0}, place.size()});
     }
 }
 
