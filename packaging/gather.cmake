@@ -7,10 +7,11 @@ cmake_minimum_required(VERSION 3.25)
 
 set(system ld-linux[^/]* libc libm libdl libpthread librt libresolv libgcc_s libstdc[+][+] libGL libGLX libGLdispatch
     libGLX_[^/]* libEGL libX11 libX11-xcb libxcb libXau libXdmcp libfontconfig libfreetype libharfbuzz libglib-2[.]0
-    libdbus-1 libz libexpat libpng16 libgssapi_krb5 libxkbcommon)
+    libwayland-[^/]* libdbus-1 libz libexpat libpng16 libgssapi_krb5 libxkbcommon)
 list(JOIN system "|" system)
 
-set(wanted platforms/libqxcb.so platforms/libqoffscreen.so tls/libqopensslbackend.so imageformats/libqjpeg.so
+set(wanted platforms/libqxcb.so platforms/libqoffscreen.so platforms/libqwayland-generic.so
+    wayland-shell-integration/libxdg-shell.so wayland-decoration-client/libbradient.so tls/libqopensslbackend.so imageformats/libqjpeg.so
     imageformats/libqgif.so imageformats/libqico.so imageformats/libqwebp.so imageformats/libqtiff.so
     platforminputcontexts/libcomposeplatforminputcontextplugin.so
     platforminputcontexts/libibusplatforminputcontextplugin.so)

@@ -2,10 +2,16 @@
 
 #include "platform/wayland/WaylandMachine.h"
 
+#include "platform/linux/kernel/RunningProgram.h"
+
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLibraryInfo>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstring>
@@ -47,6 +53,16 @@ bool hasLayerShell(wl_display* display)
     return wl_display_roundtrip(display) >= 0 && found;
 }
 
+/// As the toolkit will look for it once there is an application object.
+bool isPluginThere()
+{
+    QStringList folders = qEnvironmentVariable("QT_PLUGIN_PATH").split(QDir::listSeparator(), Qt::SkipEmptyParts);
+    const QString own = QFileInfo(runningProgram()).path() + u"/../lib/ambrelle/plugins"_s; // of a folder with all it needs
+    folders.append(QFileInfo::exists(own) ? own : QLibraryInfo::path(QLibraryInfo::PluginsPath));
+    return std::ranges::any_of(folders,
+        [](const QString& folder) { return QFileInfo::exists(folder + u"/platforms/libqwayland-generic.so"_s); });
+}
+
 QString whyNoLayers()
 {
     if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_SOCKET"))
@@ -54,7 +70,9 @@ QString whyNoLayers()
     const Handle<wl_display, wl_display_disconnect> display(wl_display_connect(nullptr));
     if (!display)
         return u"Ambrelle cannot reach the Wayland display “%1”."_s.arg(qEnvironmentVariable("WAYLAND_DISPLAY"));
-    return hasLayerShell(display.get()) ? QString() : u"The Wayland compositor offers no layer shell."_s;
+    if (!hasLayerShell(display.get()))
+        return u"The Wayland compositor offers no layer shell."_s;
+    return isPluginThere() ? QString() : u"The toolkit’s plug-in for Wayland is not installed."_s;
 }
 
 std::unique_ptr<Machine> makeWaylandMachine(const Machine::Wishes& wishes)

@@ -3,8 +3,8 @@
 #include "platform/x11/X11WindowHost.h"
 
 #include "foundation/Wording.h"
-#include "platform/x11/connection/ToolkitConnection.h"
 #include "platform/toolkit/PanelAccess.h"
+#include "platform/x11/connection/ToolkitConnection.h"
 #include "platform/x11/window/StartupToken.h"
 
 #include <QAbstractEventDispatcher>
