@@ -87,6 +87,7 @@ UserInterface::UserInterface(const Collaborators& with)
           .shelf = with.pictures.shelf(),
           .sorter = m_sorter,
           .host = with.ports.windows,
+          .otherWindows = with.ports.otherWindows,
           .appearance = with.ports.appearance,
           .monitor = with.monitor,
           .services = with.services,

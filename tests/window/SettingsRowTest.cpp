@@ -48,7 +48,7 @@ struct SettingsRowTest : testing::Test {
 
 TEST_F(SettingsRowTest, EveryRowOfTheDesktopWritesItsSettingOnceAndFollowsIt)
 {
-    DesktopSection section(settings, [this] { ++edits; });
+    DesktopSection section(settings, {}, [this] { ++edits; });
     QStringList titles;
     for (const SettingsGroup* group : section.groups())
         titles.append(group->title());
@@ -84,6 +84,15 @@ TEST_F(SettingsRowTest, EveryRowOfTheDesktopWritesItsSettingOnceAndFollowsIt)
     EXPECT_EQ(changed, (QStringList{u"layer"_s, u"overlap"_s, u"overlap"_s}));
     row(section, u"Arrange widgets"_s).work();
     EXPECT_EQ(edits, 1);
+}
+
+TEST_F(SettingsRowTest, OverlapSaysSoWhereNobodyTellsWhatCoversAWidget)
+{
+    DesktopSection section(settings, u"Nobody tells."_s, [] {});
+    const SettingsRow& overlap = row(section, u"When a window covers a floating widget"_s);
+    EXPECT_EQ(overlap.text().caption, u"Nobody tells."_s);
+    settings.overlap.set(OverlapBehavior::hide);
+    EXPECT_EQ(overlap.text().caption, u"Nobody tells."_s);
 }
 
 TEST_F(SettingsRowTest, AValueNobodyOffersIsShownAndKept)

@@ -89,6 +89,7 @@ struct WindowDesk {
         .shelf = shelf,
         .sorter = sorter,
         .host = desk.host,
+        .otherWindows = desk.windows,
         .appearance = desk.appearance,
         .monitor = desk.monitor,
         .services = desk.services.live,

@@ -28,6 +28,7 @@ class Updater;
 class WallpaperStore;
 class WidgetManager;
 class WindowHost;
+class WindowList;
 struct ProgramFacts;
 
 /// What the pages of the main window draw and call. All of it outlives the window.
@@ -46,6 +47,7 @@ struct WindowContext {
     PictureShelf& shelf; ///< of all views
     PictureSorter& sorter;
     WindowHost& host;
+    WindowList& otherWindows;
     SystemAppearance& appearance;
     SystemMonitor& monitor;
     LiveServices& services;

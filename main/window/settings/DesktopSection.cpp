@@ -31,24 +31,27 @@ QString captionOf(OverlapBehavior behavior)
 
 } // namespace
 
-DesktopSection::DesktopSection(AppSettings& settings, std::function<void()> edit, QWidget* parent)
+DesktopSection::DesktopSection(
+    AppSettings& settings, const QString& whyNeverCovered, std::function<void()> edit, QWidget* parent)
     : SettingsSection(settings, parent)
 {
-    addWindows();
+    addWindows(whyNeverCovered);
     addWidgets(std::move(edit));
     addLook();
 }
 
-void DesktopSection::addWindows()
+void DesktopSection::addWindows(const QString& whyNeverCovered)
 {
     addGroup(Wording::tr("Windows"));
     addChoice({.name = Wording::tr("Widgets stand"), .caption = Wording::tr("A pinned widget always floats")},
         settings().layer, titledChoices<WidgetLayer>());
-    SettingsRow* overlap = addSegments({.name = Wording::tr("When a window covers a floating widget"),
-                                           .caption = captionOf(settings().overlap()),
-                                           .spoken = Wording::tr("Overlap")},
-        settings().overlap, titledChoices<OverlapBehavior>());
-    follow(settings().overlap.key(), [this, overlap] { overlap->setCaption(captionOf(settings().overlap())); });
+    SettingsRow* overlap =
+        addSegments({.name = Wording::tr("When a window covers a floating widget"),
+                        .caption = whyNeverCovered.isEmpty() ? captionOf(settings().overlap()) : whyNeverCovered,
+                        .spoken = Wording::tr("Overlap")},
+            settings().overlap, titledChoices<OverlapBehavior>());
+    if (whyNeverCovered.isEmpty())
+        follow(settings().overlap.key(), [this, overlap] { overlap->setCaption(captionOf(settings().overlap())); });
 }
 
 void DesktopSection::addWidgets(std::function<void()> edit)

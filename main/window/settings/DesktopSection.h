@@ -9,11 +9,13 @@ namespace ambrelle {
 /// How widgets stand on the desktop, and what moves there.
 class DesktopSection final : public SettingsSection {
 public:
-    /// `edit` begins edit mode.
-    DesktopSection(AppSettings& settings, std::function<void()> edit, QWidget* parent = nullptr);
+    /// `whyNeverCovered`: why this desktop has no window that covers a widget; empty where it has. `edit` begins edit
+    /// mode.
+    DesktopSection(
+        AppSettings& settings, const QString& whyNeverCovered, std::function<void()> edit, QWidget* parent = nullptr);
 
 private:
-    void addWindows();
+    void addWindows(const QString& whyNeverCovered);
     void addWidgets(std::function<void()> edit);
     void addLook();
 };

@@ -5,6 +5,8 @@
 #include "desktop/QuickMenu.h"
 #include "desktop/WidgetManager.h"
 #include "foundation/Wording.h"
+#include "platform/WindowHost.h"
+#include "platform/WindowList.h"
 #include "services/LiveServices.h"
 #include "updates/Updater.h"
 #include "window/frame/SearchWords.h"
@@ -60,12 +62,20 @@ SettingsPage::SettingsPage(const WindowContext& context)
     showModel();
 }
 
+/// Where there is a desktop, but nobody tells what is on it.
+QString SettingsPage::whyNeverCovered() const
+{
+    const bool isUnknown = m_with.host.isAvailable() && !m_with.otherWindows.isAvailable();
+    return isUnknown ? m_with.otherWindows.whyNot() : QString();
+}
+
 SettingsSection* SettingsPage::makeSection(SettingsChapter chapter)
 {
     switch (chapter) {
     case SettingsChapter::general: return new GeneralSection(m_with);
     case SettingsChapter::desktop:
-        return new DesktopSection(m_with.settings, [&manager = m_with.manager] { manager.setEditing(true); });
+        return new DesktopSection(
+            m_with.settings, whyNeverCovered(), [&manager = m_with.manager] { manager.setEditing(true); });
     case SettingsChapter::weather: return m_weather = new WeatherSection(m_with.settings, m_with.services.weather);
     case SettingsChapter::calendars:
         return m_calendars =

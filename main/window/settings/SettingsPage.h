@@ -31,6 +31,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QString whyNeverCovered() const;
     SettingsSection* makeSection(SettingsChapter chapter);
     SettingsSection& section(SettingsChapter chapter);
     void showModel();

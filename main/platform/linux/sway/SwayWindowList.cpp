@@ -48,7 +48,8 @@ SwayWindowList::SwayWindowList(const QString& path, ToGlobal toGlobal, qint64 ow
 
 QString SwayWindowList::whyNot() const
 {
-    return m_isThere ? QString() : Wording::tr("Sway does not tell which windows there are.");
+    return m_isThere ? QString()
+                     : Wording::tr("This desktop does not tell where windows are: no widget counts as covered");
 }
 
 std::optional<QList<OnscreenWindow>> SwayWindowList::windows() const
