@@ -20,7 +20,7 @@ public:
     Ports ports() override;
     const WindowHost& windows() const { return m_windows; }
 
-    /// It takes Wayland sessions too, through their X server: only windows of X can be placed.
+    /// It takes Wayland sessions too, through their X server, where no host for their compositor comes before.
     static HostOffer offer();
 
 private:
