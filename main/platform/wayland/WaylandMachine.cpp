@@ -57,7 +57,8 @@ bool hasLayerShell(wl_display* display)
 bool isPluginThere()
 {
     QStringList folders = qEnvironmentVariable("QT_PLUGIN_PATH").split(QDir::listSeparator(), Qt::SkipEmptyParts);
-    const QString own = QFileInfo(runningProgram()).path() + u"/../lib/ambrelle/plugins"_s; // of a folder with all it needs
+    const QString own =
+        QFileInfo(runningProgram()).path() + u"/../lib/ambrelle/plugins"_s; // of a folder with all it needs
     folders.append(QFileInfo::exists(own) ? own : QLibraryInfo::path(QLibraryInfo::PluginsPath));
     return std::ranges::any_of(folders,
         [](const QString& folder) { return QFileInfo::exists(folder + u"/platforms/libqwayland-generic.so"_s); });
