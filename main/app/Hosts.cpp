@@ -43,8 +43,7 @@ QList<HostOffer> hostOffers()
 
 QByteArray wishedPlugin(const UserDefaults& defaults)
 {
-    const QByteArray variable = qgetenv("QT_QPA_PLATFORM");
-    if (!variable.isEmpty())
+    if (QByteArray variable = qgetenv("QT_QPA_PLATFORM"); !variable.isEmpty())
         return variable;
     const QString setting = defaults.string(u"windowSystem"_s).value_or(QString());
     if (setting == "x11"_L1)

@@ -48,11 +48,11 @@ private:
     std::optional<double> seconds() const;
 
     std::chrono::milliseconds m_shortest;
-    Handle<wl_seat, wl_seat_destroy> m_seat;
-    Handle<ext_idle_notifier_v1, ext_idle_notifier_v1_destroy> m_notifier;
-    Handle<org_kde_kwin_idle, org_kde_kwin_idle_destroy> m_olderNotifier; ///< only where that is not offered
-    Handle<ext_idle_notification_v1, ext_idle_notification_v1_destroy> m_notification; ///< while started
-    Handle<org_kde_kwin_idle_timeout, org_kde_kwin_idle_timeout_release> m_olderNotification; ///< likewise
+    Handle<wl_seat> m_seat;
+    Handle<ext_idle_notifier_v1> m_notifier;
+    Handle<org_kde_kwin_idle> m_olderNotifier; ///< only where that is not offered
+    Handle<ext_idle_notification_v1> m_notification; ///< while started
+    Handle<org_kde_kwin_idle_timeout> m_olderNotification; ///< likewise
     bool m_idle = false;
     bool m_wasTold = false; ///< of input or a pause, since it was started
     QElapsedTimer m_since; ///< m_idle is as it is, or it was started

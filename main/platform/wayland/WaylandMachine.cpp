@@ -48,7 +48,7 @@ bool hasLayerShell(wl_display* display)
         .global_remove = [](void*, wl_registry*, uint32_t) {},
     };
     bool found = false;
-    const Handle<wl_registry, wl_registry_destroy> registry(wl_display_get_registry(display));
+    const Handle<wl_registry> registry(wl_display_get_registry(display));
     wl_registry_add_listener(registry.get(), &listener, &found);
     return wl_display_roundtrip(display) >= 0 && found;
 }
@@ -68,7 +68,7 @@ QString whyNoLayers()
 {
     if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_SOCKET"))
         return u"The variable WAYLAND_DISPLAY names no Wayland display."_s;
-    const Handle<wl_display, wl_display_disconnect> display(wl_display_connect(nullptr));
+    const Handle<wl_display> display(wl_display_connect(nullptr));
     if (!display)
         return u"Ambrelle cannot reach the Wayland display “%1”."_s.arg(qEnvironmentVariable("WAYLAND_DISPLAY"));
     if (!hasLayerShell(display.get()))

@@ -30,7 +30,7 @@ struct Activation::Question {
     }
 
     Activation& owner;
-    Handle<xdg_activation_token_v1, xdg_activation_token_v1_destroy> token;
+    Handle<xdg_activation_token_v1> token;
     Done done;
     QTimer end;
 };

@@ -40,7 +40,7 @@ private:
     void send(QWindow& window, const QString& token) const;
     void finish(Question* question, const QString& token);
 
-    Handle<xdg_activation_v1, xdg_activation_v1_destroy> m_activation;
+    Handle<xdg_activation_v1> m_activation;
     InputSerial m_input;
     std::map<QWindow*, QString> m_waiting; ///< that are not on the screen yet
     std::map<Question*, std::unique_ptr<Question>> m_questions;

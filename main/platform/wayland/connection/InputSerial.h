@@ -18,8 +18,8 @@ public:
 private:
     void listenToPointer(bool there);
 
-    Handle<wl_seat, wl_seat_destroy> m_seat;
-    Handle<wl_pointer, wl_pointer_destroy> m_pointer;
+    Handle<wl_seat> m_seat;
+    Handle<wl_pointer> m_pointer;
     uint32_t m_last = 0;
 };
 

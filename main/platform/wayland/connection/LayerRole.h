@@ -39,7 +39,7 @@ public:
 
 private:
     wl_surface* m_surface;
-    Handle<zwlr_layer_surface_v1, zwlr_layer_surface_v1_destroy> m_role;
+    Handle<zwlr_layer_surface_v1> m_role;
     bool m_ready = false;
 };
 

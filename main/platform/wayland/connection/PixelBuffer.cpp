@@ -42,8 +42,7 @@ std::unique_ptr<PixelBuffer> PixelBuffer::make(wl_shm* memory, QSize pixels)
     uchar* view = mapped(file, bytes);
     std::unique_ptr<PixelBuffer> made;
     if (view) {
-        const Handle<wl_shm_pool, wl_shm_pool_destroy> pool(
-            wl_shm_create_pool(memory, file, static_cast<int32_t>(bytes)));
+        const Handle<wl_shm_pool> pool(wl_shm_create_pool(memory, file, static_cast<int32_t>(bytes)));
         wl_buffer* buffer = wl_shm_pool_create_buffer(
             pool.get(), 0, pixels.width(), pixels.height(), pixels.width() * bytesOfPixel, WL_SHM_FORMAT_ARGB8888);
         made.reset(new PixelBuffer(buffer, view, pixels));

@@ -33,7 +33,7 @@ public:
 private:
     PixelBuffer(wl_buffer* buffer, uchar* pixels, QSize size);
 
-    Handle<wl_buffer, wl_buffer_destroy> m_buffer;
+    Handle<wl_buffer> m_buffer;
     uchar* m_pixels;
     QSize m_size;
     bool m_beingRead = false;

@@ -13,14 +13,6 @@ constexpr uint32_t layerShellVersion = 4;
 
 } // namespace
 
-void releaseLayerShell(zwlr_layer_shell_v1* shell)
-{
-    if (zwlr_layer_shell_v1_get_version(shell) >= ZWLR_LAYER_SHELL_V1_DESTROY_SINCE_VERSION)
-        zwlr_layer_shell_v1_destroy(shell);
-    else
-        wl_proxy_destroy(reinterpret_cast<wl_proxy*>(shell));
-}
-
 WaylandConnection::WaylandConnection(wl_display* display)
     : m_display(display)
     , m_registry(wl_display_get_registry(display))

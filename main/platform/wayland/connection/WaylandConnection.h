@@ -14,8 +14,6 @@
 
 namespace ambrelle {
 
-void releaseLayerShell(zwlr_layer_shell_v1* shell); ///< older versions know no request for it
-
 /// The toolkit's connection to the compositor, and what of its offers panels need. Everything on it is told by the
 /// toolkit's event loop, on the thread of the application object.
 class WaylandConnection {
@@ -45,12 +43,12 @@ private:
     void* bindOffer(const wl_interface& interface, uint32_t version) const;
 
     wl_display* m_display;
-    Handle<wl_registry, wl_registry_destroy> m_registry;
+    Handle<wl_registry> m_registry;
     QHash<QByteArray, Offer> m_offers; ///< by interface; of several the first
-    Handle<wl_compositor, wl_compositor_destroy> m_compositor;
-    Handle<wl_shm, wl_shm_destroy> m_memory;
-    Handle<zwlr_layer_shell_v1, releaseLayerShell> m_layerShell;
-    Handle<wp_viewporter, wp_viewporter_destroy> m_viewporter;
+    Handle<wl_compositor> m_compositor;
+    Handle<wl_shm> m_memory;
+    Handle<zwlr_layer_shell_v1> m_layerShell;
+    Handle<wp_viewporter> m_viewporter;
 };
 
 } // namespace ambrelle

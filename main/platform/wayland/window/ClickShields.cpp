@@ -62,7 +62,7 @@ private:
 
     std::function<void()> m_clicked;
     std::unique_ptr<PixelBuffer> m_pixel;
-    Handle<wp_viewport, wp_viewport_destroy> m_viewport;
+    Handle<wp_viewport> m_viewport;
     LayerWindow m_layer; // last: it ends before what it shows
 };
 

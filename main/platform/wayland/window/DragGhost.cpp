@@ -42,7 +42,7 @@ void DragGhost::open()
         return;
     wl_compositor* const compositor = m_parts.connection.compositor();
     m_surface.reset(wl_compositor_create_surface(compositor));
-    const Handle<wl_region, wl_region_destroy> nothing(wl_compositor_create_region(compositor));
+    const Handle<wl_region> nothing(wl_compositor_create_region(compositor));
     wl_surface_set_input_region(m_surface.get(), nothing.get());
     m_role = std::make_unique<LayerRole>(m_parts.connection, m_surface.get(), output, m_layer);
     m_role->ready = [this] {

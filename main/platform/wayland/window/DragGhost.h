@@ -32,7 +32,7 @@ private:
     WaylandParts& m_parts;
     ShellLayer m_layer;
     LayerPlace m_at;
-    Handle<wl_surface, wl_surface_destroy> m_surface;
+    Handle<wl_surface> m_surface;
     std::unique_ptr<LayerRole> m_role; // last: it goes before its surface
 };
 

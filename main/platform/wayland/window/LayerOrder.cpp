@@ -5,6 +5,8 @@
 #include "platform/wayland/window/LayerWindow.h"
 
 #include <algorithm>
+#include <iterator>
+#include <ranges>
 
 namespace ambrelle {
 
@@ -20,8 +22,8 @@ QList<qsizetype> rejoining(const QList<qsizetype>& standing, Joining joining)
             moving.append(place);
     } else {
         qsizetype stay = standing.size();
-        for (auto place = standing.rbegin(); place != standing.rend(); ++place)
-            stay -= *place == stay - 1 ? 1 : 0;
+        for (const qsizetype place : std::ranges::reverse_view(standing))
+            stay -= place == stay - 1 ? 1 : 0;
         for (qsizetype place = stay - 1; place >= 0; --place)
             moving.append(place);
     }

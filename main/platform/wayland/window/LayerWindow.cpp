@@ -99,7 +99,7 @@ void LayerWindow::applyInput() const
     wl_surface* const target = surface();
     if (!target)
         return;
-    Handle<wl_region, wl_region_destroy> region;
+    Handle<wl_region> region;
     if (m_inputArea) {
         region.reset(wl_compositor_create_region(m_parts.connection.compositor()));
         const auto points = [this](int value) { return static_cast<int>(std::lround(value * m_at.factor)); };
