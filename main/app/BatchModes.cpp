@@ -137,8 +137,8 @@ int runLive(const CommandLine& commandLine, const QList<Skin>& skins, int& argc,
     }
     HeldEndingSignals held; // a display of the program's own has a file, which goes in the end
     const HostChoice choice = chooseDisplay(hostOffers());
-    if (!choice.whyNot.isEmpty())
-        return refuse(choice.whyNot);
+    if (!choice.whyNot.isEmpty()) // who interrupts this program may have ended the display that it started
+        return refuse(held.take() ? u"Interrupted."_s : choice.whyNot);
     BatchSurroundings::prepare(choice.plugin);
     for (const auto& [name, value] : choice.host.variables)
         qputenv(name, value);

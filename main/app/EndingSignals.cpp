@@ -30,6 +30,15 @@ void handle(int)
     errno = error;
 }
 
+sigset_t endingSet()
+{
+    sigset_t set;
+    sigemptyset(&set);
+    for (const int number : endingSignals)
+        sigaddset(&set, number);
+    return set;
+}
+
 } // namespace
 
 EndingSignals::EndingSignals()
@@ -62,11 +71,15 @@ void HeldEndingSignals::hold()
 {
     if (std::exchange(m_isHolding, true))
         return;
-    sigset_t held;
-    sigemptyset(&held);
-    for (const int number : endingSignals)
-        sigaddset(&held, number);
+    const sigset_t held = endingSet();
     pthread_sigmask(SIG_BLOCK, &held, &m_before);
+}
+
+bool HeldEndingSignals::take() const
+{
+    const sigset_t held = endingSet();
+    const timespec now{};
+    return sigtimedwait(&held, nullptr, &now) > 0;
 }
 
 void HeldEndingSignals::release()

@@ -34,6 +34,7 @@ public:
 
     void hold();
     void release(); ///< what came meanwhile comes now
+    bool take() const; ///< whether one came while they are held; it will not come any more
 
 private:
     bool m_isHolding = false;

@@ -119,7 +119,7 @@ def live_scale():
     for dots, width in ((144, 384), (96, 256)):
         settings.write_text(f"Xft/DPI {dots * 1024}\n")
         desktop.send_signal(signal.SIGHUP)
-        wait_for(f"window at {dots} dots per inch", lambda: session.panels()[0][2] == width)
+        wait_for(f"window at {dots} dots per inch", lambda: any(panel[2] == width for panel in session.panels()[:1]))
         wait_for(f"whole face at {dots} dots per inch", lambda: corners() == [plate, plate])
     session.end(desktop)
 
