@@ -18,7 +18,7 @@ from pathlib import Path
 
 import assistive
 from installed import NEW, OLD, digest
-from program import wait_for
+from program import steady, wait_for
 from publisher import IDENTIFIER, SEPARATE, Answer, Drip, Publisher, Release, Silence, sign
 from updating import PRESENT, published
 
@@ -124,7 +124,7 @@ def attacks(shop, plain):
 def is_attacked(session, shop, plain):
     """First by the command that only looks, then in the running program, at the user's own wish."""
     session.launch()
-    held = session.windows()
+    held = steady("windows", session.windows)  # decorations may still change theirs
     for name, (sentence, thing, changes) in attacks(shop, plain).items():
         session.publish(thing, **changes)
         assert (told := session.rehearse()) == f"Failed: {sentence}", f"{name}: {told}"
@@ -133,7 +133,7 @@ def is_attacked(session, shop, plain):
         session.act("update")
         assistive.shown(sentence)
         assert session.is_untouched(), f"{name}: {list(session.place.rglob('*'))[:20]}"
-        assert session.process.poll() is None and set(held) <= set(session.windows()), name
+        assert session.process.poll() is None and set(held) <= set(steady("windows", session.windows)), name
     assert not plain.requests, f"in plain text: {plain.requests}"
     seen = shop.trace.read_text()
     assert "HOME=" not in seen and "DISPLAY=" not in seen and "socket:" not in seen, f"it was told too much:\n{seen}"
