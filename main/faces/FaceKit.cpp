@@ -165,9 +165,10 @@ void keyLine(
     Canvas& canvas, Box line, const QList<Share>& parts, qsizetype index, const TextStyle& name, const TextStyle& value)
 {
     constexpr double gap = 4;
-    using Form = QString (*)(QString);
-    constexpr Form forms[] = {[](QString text) { return text; }, [](QString text) { return text.remove(u' '); },
-        [](QString text) { return text.section(u' ', 0, 0); }};
+    using Form = QString (*)(const QString&);
+    constexpr Form forms[] = {[](const QString& text) { return text; },
+        [](const QString& text) { return QString(text).remove(u' '); },
+        [](const QString& text) { return text.section(u' ', 0, 0); }};
     const auto allFit = [&](Form form) {
         return std::ranges::all_of(parts, [&](const Share& part) {
             const double room = line.width() - shape(name.face, name.size, part.name)->width - gap;

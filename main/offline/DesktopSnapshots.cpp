@@ -206,7 +206,7 @@ void DesktopSnapshots::paint()
                           url = urlOf(m_working->wish), isKept = !m_working->done] {
         yieldToOthers();
         const QImage image = canvas.picture(size, wallpaper, 1);
-        const Made made = isKept ? Made{{}, packedAt(url, image)} : Made{image};
+        Made made = isKept ? Made{{}, packedAt(url, image)} : Made{image};
         forgetKept(); // the next desktop has other fonts and texts as a rule; else memory would stay in shreds
         return made;
     };
