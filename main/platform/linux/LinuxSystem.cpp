@@ -28,4 +28,31 @@ LinuxSystem::LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture
     setGiveBackFreeMemory(trimHeap);
 }
 
+Machine::Ports LinuxSystem::ports(const WindowPorts& shown)
+{
+    return {
+        .clock = clock,
+        .windows = shown.windows,
+        .otherWindows = shown.otherWindows,
+        .visibility = shown.visibility,
+        .input = shown.input,
+        .appearance = appearance,
+        .desktopPicture = *desktopPicture,
+        .trays = shown.trays,
+        .programs = programs,
+        .loginItem = loginItem,
+        .announcer = announcer,
+        .sources = sources.sources(),
+        .devices = {&bluetooth, &power},
+        .http = http,
+        .location = location,
+        .players = players,
+        .calendars = calendars,
+        .door = door,
+        .desktopNames = session.names(),
+        .releases = releases,
+        .programFolder = programFolder,
+    };
+}
+
 } // namespace ambrelle

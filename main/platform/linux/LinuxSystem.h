@@ -33,6 +33,17 @@ struct LinuxSystem {
     /// `hostsPicture` makes the picture of a desktop that has no way of its own to set it.
     LinuxSystem(const Machine::Wishes& wishes, const MakeDesktopPicture& hostsPicture);
 
+    /// What a window system has of its own.
+    struct WindowPorts {
+        WindowHost& windows;
+        WindowList& otherWindows;
+        SessionVisibility& visibility;
+        InputMonitor& input;
+        QList<TrayPresence*> trays;
+    };
+
+    Machine::Ports ports(const WindowPorts& shown); ///< all there are
+
     DesktopSession session;
     SystemClock clock;
     LinuxSources sources;

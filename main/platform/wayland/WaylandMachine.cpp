@@ -149,29 +149,13 @@ void WaylandMachine::givePrograms(const std::function<void(const QProcessEnviron
 
 Machine::Ports WaylandMachine::ports()
 {
-    return {
-        .clock = m_system.clock,
+    return m_system.ports({
         .windows = m_windows,
         .otherWindows = m_otherWindows,
         .visibility = m_system.visibility,
         .input = m_idle.isAvailable() ? static_cast<InputMonitor&>(m_idle) : m_system.input,
-        .appearance = m_system.appearance,
-        .desktopPicture = *m_system.desktopPicture,
         .trays = {&m_system.tray},
-        .programs = m_system.programs,
-        .loginItem = m_system.loginItem,
-        .announcer = m_system.announcer,
-        .sources = m_system.sources.sources(),
-        .devices = {&m_system.bluetooth, &m_system.power},
-        .http = m_system.http,
-        .location = m_system.location,
-        .players = m_system.players,
-        .calendars = m_system.calendars,
-        .door = m_system.door,
-        .desktopNames = m_system.session.names(),
-        .releases = m_system.releases,
-        .programFolder = m_system.programFolder,
-    };
+    });
 }
 
 HostOffer WaylandMachine::offer()

@@ -56,29 +56,13 @@ X11Machine::X11Machine(const Wishes& wishes)
 
 Machine::Ports X11Machine::ports()
 {
-    return {
-        .clock = m_system.clock,
+    return m_system.ports({
         .windows = m_windows,
         .otherWindows = m_windows.windowList(),
         .visibility = m_visibility,
         .input = m_input ? static_cast<InputMonitor&>(*m_input) : m_system.input,
-        .appearance = m_system.appearance,
-        .desktopPicture = *m_system.desktopPicture,
         .trays = {&m_system.tray, &m_tray},
-        .programs = m_system.programs,
-        .loginItem = m_system.loginItem,
-        .announcer = m_system.announcer,
-        .sources = m_system.sources.sources(),
-        .devices = {&m_system.bluetooth, &m_system.power},
-        .http = m_system.http,
-        .location = m_system.location,
-        .players = m_system.players,
-        .calendars = m_system.calendars,
-        .door = m_system.door,
-        .desktopNames = m_system.session.names(),
-        .releases = m_system.releases,
-        .programFolder = m_system.programFolder,
-    };
+    });
 }
 
 HostOffer X11Machine::offer()
