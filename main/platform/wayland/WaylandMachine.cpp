@@ -102,7 +102,7 @@ WaylandMachine::WaylandMachine(const Wishes& wishes)
     if (!m_system.session.swaySocket.isEmpty())
         m_sway.open();
     m_system.programs.setProgramEnvironment([this](const auto& start) { givePrograms(start); });
-    QObject::connect(&m_outputs, &SwayOutputs::changed, &m_windows, [this] { m_windows.screenList().factsChanged(); });
+    QObject::connect(&m_outputs, &SwayOutputs::changed, &m_windows, [this] { m_windows.screenList()->factsChanged(); });
     QObject::connect(
         &m_idle, &IdleWatch::idleChanged, &m_windows, [this](bool idle) { m_otherWindows.setResting(idle); });
 }

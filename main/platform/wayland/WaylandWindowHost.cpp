@@ -6,7 +6,6 @@
 #include "platform/toolkit/NativeScreens.h"
 #include "platform/wayland/connection/ToolkitWayland.h"
 
-#include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -28,21 +27,6 @@ WaylandWindowHost::~WaylandWindowHost() = default;
 QString WaylandWindowHost::whyNot() const
 {
     return m_parts ? QString() : Wording::tr("Widgets on the desktop need the layer shell, which is not there.");
-}
-
-QList<ScreenInfo> WaylandWindowHost::screens() const
-{
-    return m_parts ? m_parts->screens.screens() : QList<ScreenInfo>{};
-}
-
-QPointF WaylandWindowHost::pointer() const
-{
-    return m_parts ? m_parts->screens.space().turned(QPointF(QCursor::pos())) : QPointF();
-}
-
-QRectF WaylandWindowHost::toolkitRect(const QRectF& rect) const
-{
-    return m_parts ? m_parts->screens.space().turnedBack(rect) : rect;
 }
 
 QRectF WaylandWindowHost::fromLayout(const QRectF& place) const

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "platform/toolkit/ToolkitWindowHost.h"
 #include "platform/wayland/window/PopupRoles.h"
 #include "platform/wayland/window/WaylandBackdrop.h"
 #include "platform/wayland/window/WaylandScene.h"
@@ -10,7 +11,7 @@ namespace ambrelle {
 
 /// Panels as surfaces of the layer shell. Make it after the application object, which must run on the "wayland"
 /// platform plugin.
-class WaylandWindowHost final : public WindowHost {
+class WaylandWindowHost final : public ToolkitWindowHost {
 public:
     /// `factsOf`: what the desktop tells of screens besides.
     explicit WaylandWindowHost(ScreenList::FactsOf factsOf = {});
@@ -18,9 +19,6 @@ public:
 
     bool isAvailable() const override { return m_parts != nullptr; }
     QString whyNot() const override;
-    QList<ScreenInfo> screens() const override;
-    QPointF pointer() const override;
-    QRectF toolkitRect(const QRectF& rect) const override;
     bool isComposited() const override { return true; }
     /// Only while available; the panel must go before the host.
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
@@ -29,9 +27,9 @@ public:
 
     bool admit(QWindow& window, const QString& token) override;
 
+    ScreenList* screenList() const override { return m_parts ? &m_parts->screens : nullptr; }
     /// Only while available.
     Activation& activation() { return m_parts->activation; }
-    ScreenList& screenList() { return m_parts->screens; } ///< likewise
     LayerOrder& order() { return m_parts->order; } ///< likewise
     /// Global points of a place in the compositor's layout; likewise.
     QRectF fromLayout(const QRectF& place) const;

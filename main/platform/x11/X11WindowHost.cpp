@@ -8,7 +8,6 @@
 #include "platform/x11/window/StartupToken.h"
 
 #include <QAbstractEventDispatcher>
-#include <QCursor>
 #include <QWindow>
 
 #include <algorithm>
@@ -52,21 +51,6 @@ X11WindowHost::~X11WindowHost() = default;
 QString X11WindowHost::whyNot() const
 {
     return m_parts ? QString() : Wording::tr("Widgets on the desktop need an X server, and there is none here.");
-}
-
-QList<ScreenInfo> X11WindowHost::screens() const
-{
-    return m_parts ? m_parts->screens.screens() : QList<ScreenInfo>{};
-}
-
-QPointF X11WindowHost::pointer() const
-{
-    return m_parts ? m_parts->screens.space().turned(QPointF(QCursor::pos())) : QPointF();
-}
-
-QRectF X11WindowHost::toolkitRect(const QRectF& rect) const
-{
-    return m_parts ? m_parts->screens.space().turnedBack(rect) : rect;
 }
 
 std::unique_ptr<PanelWindow> X11WindowHost::makePanel(PanelDelegate& delegate)

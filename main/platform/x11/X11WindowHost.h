@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "platform/toolkit/ToolkitWindowHost.h"
 #include "platform/x11/connection/RootWatch.h"
 #include "platform/x11/session/X11SessionVisibility.h"
 #include "platform/x11/session/X11WindowList.h"
@@ -14,16 +15,13 @@
 namespace ambrelle {
 
 /// Panels on an X server. Make it after the application object, which must run on the "xcb" platform plugin.
-class X11WindowHost final : public WindowHost {
+class X11WindowHost final : public ToolkitWindowHost {
 public:
     X11WindowHost();
     ~X11WindowHost() override;
 
     bool isAvailable() const override { return m_parts != nullptr; }
     QString whyNot() const override;
-    QList<ScreenInfo> screens() const override;
-    QPointF pointer() const override;
-    QRectF toolkitRect(const QRectF& rect) const override;
     bool isComposited() const override { return m_parts && m_parts->compositor.isActive(); }
     /// Only while available; the panel must go before the host.
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
@@ -38,6 +36,7 @@ public:
     SessionVisibility& sessionVisibility() { return m_visibility; }
 
 private:
+    ScreenList* screenList() const override { return m_parts ? &m_parts->screens : nullptr; }
     void take(X11Panel& panel);
     void watch();
     void rootPropertyChanged(xcb_atom_t name);

@@ -157,15 +157,26 @@ struct FollowingFace : PlainFace {
     QRectF start;
 };
 
-TEST_F(WaylandPanelTest, FollowsThePointerExactly)
-{
+struct WaylandDragTest : WaylandPanelTest {
+    ~WaylandDragTest() override { panel.reset(); }
+
+    void SetUp() override
+    {
+        WaylandPanelTest::SetUp();
+        panel = make(dragged, {200, 200, 240, 160});
+        dragged.panel = panel.get();
+        dragged.start = panel->frame();
+        panel->show();
+        ASSERT_TRUE(isSeen(middle, theFace));
+        ground = seen(edge);
+    }
+
     FollowingFace dragged;
-    panel = make(dragged, {200, 200, 240, 160});
-    dragged.panel = panel.get();
-    dragged.start = panel->frame();
-    panel->show();
-    ASSERT_TRUE(isSeen(middle, theFace));
-    const QColor ground = seen(edge);
+    QColor ground;
+};
+
+TEST_F(WaylandDragTest, FollowsThePointerExactly)
+{
     const QPointF beside(-40, 20); // the pointer covers the middle
     for (const QPointF& target : {QPointF(800, 600), QPointF(500, 300), QPointF(200, 600)}) {
         dragged.start = panel->frame();
@@ -189,15 +200,8 @@ TEST_F(WaylandPanelTest, FollowsThePointerExactly)
     }
 }
 
-TEST_F(WaylandPanelTest, MayGoWhileItIsDragged)
+TEST_F(WaylandDragTest, MayGoWhileItIsDragged)
 {
-    FollowingFace dragged;
-    panel = make(dragged, {200, 200, 240, 160});
-    dragged.panel = panel.get();
-    dragged.start = panel->frame();
-    panel->show();
-    ASSERT_TRUE(isSeen(middle, theFace));
-    const QColor ground = seen(edge);
     point(middle);
     input->press();
     point({600, 500});

@@ -2,71 +2,64 @@
 
 #include "platform/wayland/window/WaylandPanel.h"
 
-#include "platform/toolkit/PixelGrid.h"
-
 #include <algorithm>
 
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;
 
-PanelSurface* WaylandPanel::makeSurface(PanelDelegate& delegate, WaylandParts& parts, Rank rank, WaylandCanvas*& canvas)
+namespace {
+
+// A scene is as large as its screen, and hardly ever changes.
+WaylandCanvas* makeCanvas(WaylandParts& parts, SurfacePanel::Rank rank)
 {
-    // A scene is as large as its screen, and hardly ever changes.
-    const auto keeping = rank == Rank::scene ? WaylandCanvas::Keeping::nothing : WaylandCanvas::Keeping::pixels;
-    auto made = std::make_unique<WaylandCanvas>(parts.connection.memory(), keeping);
-    canvas = made.get();
-    return new PanelSurface(delegate, parts.screens, std::move(made));
+    using Keeping = WaylandCanvas::Keeping;
+    return new WaylandCanvas(
+        parts.connection.memory(), rank == SurfacePanel::Rank::scene ? Keeping::nothing : Keeping::pixels);
 }
 
+} // namespace
+
 WaylandPanel::WaylandPanel(PanelDelegate& delegate, WaylandParts& parts, Rank rank)
-    : m_parts(parts)
-    , m_surface(makeSurface(delegate, parts, rank, m_canvas))
-    , m_window(parts, *m_surface, ShellLayer::bottom,
-          rank == Rank::scene ? LayerWindow::Order::bottom : LayerWindow::Order::top)
+    : WaylandPanel(delegate, parts, rank, makeCanvas(parts, rank))
 {
-    m_surface->create();
+}
+
+WaylandPanel::WaylandPanel(PanelDelegate& delegate, WaylandParts& parts, Rank rank, WaylandCanvas* canvas)
+    : SurfacePanel(delegate, parts.screens, rank, std::unique_ptr<SurfaceCanvas>(canvas))
+    , m_parts(parts)
+    , m_canvas(canvas)
+    , m_window(parts, surface(), ShellLayer::bottom, isScene() ? LayerWindow::Order::bottom : LayerWindow::Order::top)
+{
+    surface().create();
     m_window.ready = [this] {
         if (!m_ghost)
             m_canvas->setTarget(m_window.surface());
     };
-    QObject::connect(m_surface, &PanelSurface::pixelRatioChanged, m_surface, [this] {
+    QObject::connect(&surface(), &PanelSurface::pixelRatioChanged, &surface(), [this] {
         place();
         applyInput();
     });
-    QObject::connect(m_surface, &PanelSurface::released, m_surface, [this] { endFollowing(); });
+    QObject::connect(&surface(), &PanelSurface::released, &surface(), [this] { endFollowing(); });
 }
 
 WaylandPanel::~WaylandPanel()
 {
     if (onDestroyed)
         onDestroyed(this);
-    QObject::disconnect(m_surface, &PanelSurface::pixelRatioChanged, nullptr, nullptr);
-    QObject::disconnect(m_surface, &PanelSurface::released, nullptr, nullptr);
+    QObject::disconnect(&surface(), &PanelSurface::pixelRatioChanged, nullptr, nullptr);
+    QObject::disconnect(&surface(), &PanelSurface::released, nullptr, nullptr);
     m_canvas->setTarget(nullptr);
     m_window.hide();
-    m_surface->retire();
-}
-
-QRect WaylandPanel::wantedPlace() const
-{
-    const QRectF wanted = m_parts.screens.space().turnedBack(m_frame);
-    return {wanted.topLeft().toPoint(), PixelGrid(pixelRatio()).covering(wanted.size())};
-}
-
-void WaylandPanel::setFrame(const QRectF& frame)
-{
-    m_frame = frame;
-    place();
 }
 
 void WaylandPanel::place()
 {
     const QRect wanted = wantedPlace();
-    if (m_surface->isHeld() && isShown()) {
+    if (surface().isHeld() && isShown()) {
         follow(wanted);
     } else {
-        m_surface->moveTo(wanted);
+        surface().moveTo(wanted);
         m_window.setPlace(wanted);
     }
 }
@@ -74,12 +67,12 @@ void WaylandPanel::place()
 /// The window keeps its place while a button is held on it; only its size follows, which the ghost shows.
 void WaylandPanel::follow(const QRect& place)
 {
-    if (!m_ghost && place == m_surface->geometry())
+    if (!m_ghost && place == surface().geometry())
         return;
     if (!m_ghost)
         beginFollowing();
-    if (place.size() != m_surface->size())
-        m_surface->resize(place.size());
+    if (place.size() != surface().size())
+        surface().resize(place.size());
     m_ghost->setPlace(LayerPlace::of(place));
 }
 
@@ -90,12 +83,12 @@ void WaylandPanel::beginFollowing()
         m_canvas->setTarget(m_ghost->surface());
         if (m_nothing || !m_window.surface())
             return;
-        m_nothing = PixelBuffer::make(m_parts.connection.memory(), m_surface->size());
+        m_nothing = PixelBuffer::make(m_parts.connection.memory(), surface().size());
         if (!m_nothing)
             return;
         wl_surface_set_buffer_scale(m_window.surface(), 1);
         m_nothing->attachTo(m_window.surface());
-        wl_surface_damage_buffer(m_window.surface(), 0, 0, m_surface->width(), m_surface->height());
+        wl_surface_damage_buffer(m_window.surface(), 0, 0, surface().width(), surface().height());
         wl_surface_commit(m_window.surface());
     };
 }
@@ -106,7 +99,7 @@ void WaylandPanel::endFollowing()
         return;
     const QRect wanted = wantedPlace();
     m_canvas->setTarget(nullptr);
-    m_surface->moveTo(wanted);
+    surface().moveTo(wanted);
     m_window.setPlace(wanted);
     if (m_window.isReady()) // on another output it still has to become so
         m_canvas->setTarget(m_window.surface());
@@ -148,31 +141,13 @@ void WaylandPanel::setLevel(WindowLevel level)
 void WaylandPanel::setOpacity(double opacity)
 {
     m_canvas->setOpacity(std::clamp(opacity, 0.0, 1.0));
-    m_surface->updateAll();
-}
-
-void WaylandPanel::setClickThrough(bool through)
-{
-    if (std::exchange(m_clickThrough, through) != through)
-        applyInput();
-}
-
-void WaylandPanel::setInputArea(const QRectF& area)
-{
-    if (m_inputArea == area)
-        return;
-    m_inputArea = area;
-    applyInput();
+    surface().updateAll();
 }
 
 void WaylandPanel::applyInput()
 {
-    if (m_clickThrough)
-        m_window.setInputArea(QRect());
-    else if (m_inputArea)
-        m_window.setInputArea(m_inputArea->toAlignedRect());
-    else
-        m_window.setInputArea(std::nullopt);
+    const std::optional<QRectF> heard = inputArea();
+    m_window.setInputArea(heard ? std::optional(heard->toAlignedRect()) : std::nullopt);
 }
 
 } // namespace ambrelle

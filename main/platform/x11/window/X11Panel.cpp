@@ -48,37 +48,36 @@ xcb_rectangle_t shapeRectangle(const QRect& rect)
 } // namespace
 
 X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank)
-    : m_surface(new PanelSurface(delegate, parts.screens,
+    : SurfacePanel(delegate, parts.screens, rank,
         std::make_unique<X11Canvas>(
-            parts, X11Canvas::Ground::pictureAndShades, rank == Rank::panel || parts.compositor.isActive())))
+            parts, X11Canvas::Ground::pictureAndShades, rank == Rank::panel || parts.compositor.isActive()))
     , m_parts(parts)
-    , m_rank(rank)
 {
     if (isScene())
-        m_surface->setTitle(QString::fromLatin1(sceneName));
-    m_surface->create();
-    m_window = static_cast<xcb_window_t>(m_surface->winId());
-    QObject::connect(m_surface, &PanelSurface::pixelRatioChanged, m_surface, [this] {
+        surface().setTitle(QString::fromLatin1(sceneName));
+    surface().create();
+    m_window = static_cast<xcb_window_t>(surface().winId());
+    QObject::connect(&surface(), &PanelSurface::pixelRatioChanged, &surface(), [this] {
         place();
         applyInput();
         applyShape();
     });
     // Openbox gives its frame the input area only when that is set after the window has appeared.
-    QObject::connect(m_surface, &PanelSurface::appeared, m_surface, [this] { applyInput(); });
+    QObject::connect(&surface(), &PanelSurface::appeared, &surface(), [this] { applyInput(); });
     // What window managers do for the windows that they keep.
-    QObject::connect(m_surface, &PanelSurface::pressed, m_surface, [this] {
+    QObject::connect(&surface(), &PanelSurface::pressed, &surface(), [this] {
         if (m_bypassed)
             m_parts.order.settle(m_window);
     });
     m_return.setSingleShot(true);
     m_return.setInterval(handover);
-    QObject::connect(&m_return, &QTimer::timeout, m_surface, [this] {
+    QObject::connect(&m_return, &QTimer::timeout, &surface(), [this] {
         show();
         place();
     });
     m_holding.setSingleShot(true);
     m_holding.setInterval(longestHold);
-    QObject::connect(&m_holding, &QTimer::timeout, m_surface, [this] { release(); });
+    QObject::connect(&m_holding, &QTimer::timeout, &surface(), [this] { release(); });
     dress();
     applyShape();
 }
@@ -88,21 +87,13 @@ X11Panel::~X11Panel()
     if (onDestroyed)
         onDestroyed(this);
     m_parts.order.remove(m_window);
-    QObject::disconnect(m_surface, &PanelSurface::pixelRatioChanged, nullptr, nullptr);
-    QObject::disconnect(m_surface, &PanelSurface::appeared, nullptr, nullptr);
-    m_surface->retire();
-}
-
-void X11Panel::setFrame(const QRectF& frame)
-{
-    m_frame = frame;
-    place();
+    QObject::disconnect(&surface(), &PanelSurface::pixelRatioChanged, nullptr, nullptr);
+    QObject::disconnect(&surface(), &PanelSurface::appeared, nullptr, nullptr);
 }
 
 void X11Panel::place()
 {
-    const QRectF wanted = m_parts.screens.space().turnedBack(m_frame);
-    m_surface->moveTo({wanted.topLeft().toPoint(), PixelGrid(pixelRatio()).covering(wanted.size())});
+    surface().moveTo(wantedPlace());
 }
 
 void X11Panel::show()
@@ -110,7 +101,7 @@ void X11Panel::show()
     m_return.stop();
     if (isShown())
         return;
-    m_surface->show();
+    surface().show();
     if (std::exchange(m_wasShown, true))
         announce();
 }
@@ -120,7 +111,7 @@ void X11Panel::hide()
     m_return.stop();
     if (!isShown())
         return;
-    m_surface->hide();
+    surface().hide();
     dress();
 }
 
@@ -138,9 +129,9 @@ void X11Panel::setLevel(WindowLevel level)
 void X11Panel::remap()
 {
     // Openbox reads the type of a window only when the window appears.
-    m_surface->hide();
+    surface().hide();
     dress();
-    m_surface->show();
+    surface().show();
     announce();
 }
 
@@ -227,29 +218,14 @@ void X11Panel::setOpacity(double opacity)
     applyShape();
 }
 
-void X11Panel::setClickThrough(bool through)
-{
-    if (through == m_clickThrough)
-        return;
-    m_clickThrough = through;
-    applyInput();
-}
-
-void X11Panel::setInputArea(const QRectF& area)
-{
-    if (m_inputArea == area)
-        return;
-    m_inputArea = area;
-    applyInput();
-}
-
 void X11Panel::applyInput()
 {
     xcb_connection_t* connection = m_parts.connection.handle();
-    if (!m_clickThrough && !m_inputArea) {
+    const std::optional<QRectF> heard = inputArea();
+    if (!heard) {
         xcb_shape_mask(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, m_window, 0, 0, XCB_PIXMAP_NONE);
     } else {
-        const QRect area = m_clickThrough ? QRect() : PixelGrid(pixelRatio()).pixels(*m_inputArea);
+        const QRect area = PixelGrid(pixelRatio()).pixels(*heard);
         const xcb_rectangle_t rectangle = shapeRectangle(area);
         xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window, 0,
             0, area.isEmpty() ? 0 : 1, &rectangle);
@@ -309,7 +285,7 @@ void X11Panel::release()
 void X11Panel::groundChanged()
 {
     applyShape();
-    m_surface->groundChanged();
+    surface().groundChanged();
 }
 
 } // namespace ambrelle

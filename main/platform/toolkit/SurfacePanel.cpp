@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/toolkit/SurfacePanel.h"
+
+#include "platform/toolkit/PixelGrid.h"
+#include "platform/toolkit/ScreenList.h"
+
+#include <utility>
+
+namespace ambrelle {
+
+SurfacePanel::SurfacePanel(
+    PanelDelegate& delegate, const ScreenList& screens, Rank rank, std::unique_ptr<SurfaceCanvas> canvas)
+    : m_surface(new PanelSurface(delegate, screens, std::move(canvas)))
+    , m_screens(screens)
+    , m_rank(rank)
+{
+}
+
+SurfacePanel::~SurfacePanel()
+{
+    m_surface->retire();
+}
+
+QRect SurfacePanel::wantedPlace() const
+{
+    const QRectF wanted = m_screens.space().turnedBack(m_frame);
+    return {wanted.topLeft().toPoint(), PixelGrid(pixelRatio()).covering(wanted.size())};
+}
+
+void SurfacePanel::setFrame(const QRectF& frame)
+{
+    m_frame = frame;
+    place();
+}
+
+void SurfacePanel::setClickThrough(bool through)
+{
+    if (std::exchange(m_clickThrough, through) != through)
+        applyInput();
+}
+
+void SurfacePanel::setInputArea(const QRectF& area)
+{
+    if (m_inputArea == area)
+        return;
+    m_inputArea = area;
+    applyInput();
+}
+
+} // namespace ambrelle
