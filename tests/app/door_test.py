@@ -17,7 +17,6 @@ import time
 import uuid
 from pathlib import Path
 
-sys.path.append(str(Path(__file__).parents[1] / "support"))
 import dbus.service
 from Xlib import X
 

@@ -7,10 +7,7 @@ above it, a click on a face ends nothing, the backdrops follow the screens, and 
 back, the keyboard too.
 """
 import subprocess
-import sys
-from pathlib import Path
 
-sys.path.append(str(Path(__file__).parents[1] / "support"))
 from Xlib import X
 from Xlib.error import BadWindow
 

@@ -5,14 +5,10 @@
 It starts as a session manager starts it again, asks never to be, and ends at once with the session, whatever it shows.
 """
 import subprocess
-import sys
 import time
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).parent.parent / "support"))
-
-from program import PROGRAM, Session, wait_for  # noqa: E402
-from session_manager import RESTART_NEVER, SessionManager  # noqa: E402
+from program import PROGRAM, Session, wait_for
+from session_manager import RESTART_NEVER, SessionManager
 
 
 def seen(manager, condition):

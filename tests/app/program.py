@@ -12,18 +12,10 @@ import tempfile
 import time
 from pathlib import Path
 
+sys.path.append(str(Path(__file__).parents[1] / "support"))
+from waiting import PATIENCE, wait_for  # noqa: E402
+
 PROGRAM = sys.argv[1]
-PATIENCE = 60  # seconds that a very busy machine may take; used up only by a fault
-
-
-def wait_for(what, condition, seconds=PATIENCE):
-    """What the condition gives, once that is something."""
-    end = time.monotonic() + seconds
-    while time.monotonic() < end:
-        if value := condition():
-            return value
-        time.sleep(0.05)
-    sys.exit(f"no {what} within {seconds} s")
 
 
 def steady(what, read, rest=0.4):

@@ -7,11 +7,8 @@ that takes windows gets one that opens window and menu; without any, a second st
 """
 import shutil
 import subprocess
-import sys
 import time
-from pathlib import Path
 
-sys.path.append(str(Path(__file__).parents[1] / "support"))
 from program import PATIENCE, PROGRAM, Session, active_window, hover, pointer, press_until, shot, wait_for
 from status_host import StatusHost
 

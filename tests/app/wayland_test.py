@@ -14,7 +14,8 @@ import time
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1] / "support"))
-from sway import Desktop, Devices, wait_for  # noqa: E402
+from sway import Desktop, Devices  # noqa: E402
+from waiting import wait_for  # noqa: E402
 
 PROGRAM = sys.argv[1]
 

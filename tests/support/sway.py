@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""What a script sees and does in a session of with_sway.py: Desktop, Devices and OtherWindows. Nothing is waited for by
-time, but for conditions with `wait_for`. AMBRELLE_TEST_TOOLS is the folder of the programs that the last two run."""
+"""What a script sees and does in a session of with_sway.py: Desktop, Devices and OtherWindows. AMBRELLE_TEST_TOOLS
+is the folder of the programs that the last two run."""
 import json
 import os
 import queue
@@ -11,17 +11,7 @@ import threading
 import time
 from pathlib import Path
 
-PATIENCE = 60  # seconds that a very busy machine may take; used up only by a fault
-
-
-def wait_for(what, condition, seconds=PATIENCE):
-    """What the condition gives, once that is something."""
-    end = time.monotonic() + seconds
-    while time.monotonic() < end:
-        if value := condition():
-            return value
-        time.sleep(0.02)
-    raise TimeoutError(f"no {what} within {seconds} s")
+from waiting import PATIENCE
 
 
 class Desktop:

@@ -6,7 +6,8 @@ import subprocess
 import tempfile
 from pathlib import Path
 
-from sway import Desktop, Devices, OtherWindows, wait_for
+from sway import Desktop, Devices, OtherWindows
+from waiting import wait_for
 
 LEFT, RIGHT = ("WL-1", "WL-2") if "AMBRELLE_TEST_OUTER" in os.environ else ("HEADLESS-1", "HEADLESS-2")
 

@@ -15,7 +15,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from sway import PATIENCE, wait_for
+from waiting import PATIENCE, wait_for
 
 MISSING = 77
 NOBODY = 65534  # Sway does not run as root
