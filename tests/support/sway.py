@@ -11,7 +11,7 @@ import threading
 import time
 from pathlib import Path
 
-from waiting import PATIENCE
+from waiting import PATIENCE, wait_for
 
 
 class Desktop:
