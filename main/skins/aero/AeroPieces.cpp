@@ -54,12 +54,12 @@ QPainterPath glossPath(const Box& pane, double corner)
 {
     constexpr double dip = 0.12; // of the height, by which its gelEdge hangs through
     const double y = pane.top() + pane.height() * glossShare;
-    QPainterPath sky(pane.topLeft());
-    sky.lineTo(pane.topRight());
-    sky.lineTo(pane.right(), y - pane.height() * dip);
-    sky.quadTo({pane.center().x() + pane.width() * 0.1, y + pane.height() * dip}, {pane.left(), y});
-    sky.closeSubpath();
-    return corner > 0 ? sky.intersected(roundedPath(pane, corner)) : sky;
+    QPainterPath gloss(pane.topLeft());
+    gloss.lineTo(pane.topRight());
+    gloss.lineTo(pane.right(), y - pane.height() * dip);
+    gloss.quadTo({pane.center().x() + pane.width() * 0.1, y + pane.height() * dip}, {pane.left(), y});
+    gloss.closeSubpath();
+    return corner > 0 ? gloss.intersected(roundedPath(pane, corner)) : gloss;
 }
 
 void well(Canvas& canvas, const Box& box, double radius)
@@ -140,10 +140,10 @@ void orb(Canvas& canvas, QPointF centre, double radius, const QColor& colour)
     canvas.fill(light, downwards(gleam, {{0, skylight(0.9)}, {1, skylight(0.1)}}));
 }
 
-void glossySky(Canvas& canvas, const SkinStyle& style, const Box& square, Sky sky)
+void glossySky(Canvas& canvas, const SkinStyle& style, const Box& square, Sky weather)
 {
     constexpr double units = 48; // a side of the picture
-    const Pictogram& picture = Pictogram::of(sky);
+    const Pictogram& picture = Pictogram::of(weather);
     const auto placed = [&](const QPainterPath& shape) {
         const QRectF bounds = shape.boundingRect();
         const double scale = square.width() / units;
@@ -154,7 +154,7 @@ void glossySky(Canvas& canvas, const SkinStyle& style, const Box& square, Sky sk
     const Box disc = placed(picture.disc);
     if (!picture.disc.isEmpty() && !picture.night)
         canvas.disc(disc.center(), square.width() / 2, halo(disc.center(), square.width() / 2, sun, 0.5));
-    drawPictogram(canvas, square, sky,
+    drawPictogram(canvas, square, weather,
         {.sun = downwards(disc, yellow),
             .moon = downwards(disc, {{0, Qt::white}, {1, moonShade}}),
             .cloud = downwards(placed(picture.cloud), {{0, Qt::white}, {0.5, cloudLight}, {1, cloudShade}}),

@@ -34,7 +34,7 @@ void gelRing(Canvas& canvas, const Box& square, double width, double fraction, c
 void orb(Canvas& canvas, QPointF centre, double radius, const QColor& colour);
 
 /// The picture of a sky in glossy gradients, the sun with its halo.
-void glossySky(Canvas& canvas, const SkinStyle& style, const Box& square, Sky sky);
+void glossySky(Canvas& canvas, const SkinStyle& style, const Box& square, Sky weather);
 
 /// A bubble of air.
 void bubble(Canvas& canvas, QPointF centre, double radius);

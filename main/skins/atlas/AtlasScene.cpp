@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Colours.h"
 #include "drawing/Pens.h"
 #include "drawing/SeededRandom.h"
 #include "skins/atlas/AtlasPieces.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Arc.h"
+#include "drawing/Colours.h"
 #include "drawing/Pens.h"
 #include "drawing/SeededRandom.h"
 #include "skins/chalk/ChalkMarks.h"

@@ -99,7 +99,7 @@ void ruledCard(Canvas& canvas, const Box& box)
     const Box sheet = box.adjusted(0, clipAbove, 0, 0);
     const QPainterPath shape = cardOutline(box);
     shadowBelow(canvas, shape);
-    canvas.fill(shape, card);
+    canvas.fill(shape, cardStock);
     for (double y = box.top() + firstRule; y < sheet.bottom() - 4; y += rulePitch)
         canvas.fill(Box(sheet.left(), y - rule / 2, sheet.width(), rule), ruleBlue);
     canvas.fill(Box(sheet.left() + marginLine, sheet.top(), rule * 1.4, sheet.height()), marginRed);
@@ -110,7 +110,7 @@ void photoPaper(Canvas& canvas, const Box& box, const Box& picture)
 {
     const QPainterPath shape = roundedPath(box, 2);
     shadowBelow(canvas, shape);
-    canvas.fill(shape, card);
+    canvas.fill(shape, cardStock);
     canvas.fill(shape, downwards(box, {{0, light(0.4)}, {0.5, light(0)}, {1, shade(0.05)}}));
     if (picture.isEmpty())
         return;
@@ -130,7 +130,7 @@ void tornStrip(Canvas& canvas, const Box& box, unsigned seed)
     shape.lineTo(box.left(), box.bottom() - random.in(0, depth));
     shape.closeSubpath();
     dropShadow(canvas, shape, Qt::black, 0.05, 3, 1);
-    canvas.fill(shape, card);
+    canvas.fill(shape, cardStock);
 }
 
 void pin(Canvas& canvas, QPointF centre)

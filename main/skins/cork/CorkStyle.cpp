@@ -42,7 +42,7 @@ Paper paperOf(WidgetKind kind)
 QColor colourOf(WidgetKind kind)
 {
     if (paperOf(kind) != Paper::note)
-        return card;
+        return cardStock;
     switch (kind) {
     case WidgetKind::calendar:
     case WidgetKind::focus:

@@ -13,7 +13,7 @@ inline const QColor yellowNote(0xFF, 0xE9, 0x7A);
 inline const QColor pinkNote(0xFF, 0xC2, 0xCE);
 inline const QColor blueNote(0xB5, 0xE1, 0xF7);
 inline const QColor greenNote(0xCD, 0xEB, 0xAA);
-inline const QColor card(0xFD, 0xFB, 0xF3); ///< index cards, instant photos, torn strips
+inline const QColor cardStock(0xFD, 0xFB, 0xF3); ///< index cards, instant photos, torn strips
 
 inline const QColor ruleBlue(0x8F, 0xB8, 0xDC);
 inline const QColor marginRed(0xE3, 0x86, 0x80);

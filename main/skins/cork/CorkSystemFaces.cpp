@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Colours.h"
 #include "drawing/Hatch.h"
 #include "drawing/Pens.h"
 #include "faces/FaceKit.h"

@@ -58,7 +58,7 @@ void dayStrip(Canvas& canvas, const FaceRenderer& skin, const Box& strip, const 
         canvas.still(
             u"strip"_s, strip.inset(-3), [&](Canvas& layer) { tornStrip(layer, strip, static_cast<unsigned>(index)); },
             index);
-        const GroundScope ground(canvas, card);
+        const GroundScope ground(canvas, cardStock);
         dayColumn(canvas, skin, strip.adjusted(1, 2, -1, -torn), day);
     });
 }
@@ -115,7 +115,7 @@ void CorkSkin::draw(Canvas& canvas, const NowPlayingReading& reading, const Face
         const Box picture = inside.cutTop(artworkSize.height());
         canvas.still(u"polaroid"_s, photo.inset(-8), [&](Canvas& layer) { photoPaper(layer, photo, picture); });
         cover(canvas, picture, reading.artwork);
-        const GroundScope ground(canvas, card);
+        const GroundScope ground(canvas, cardStock);
         const Box below(picture.left(), picture.bottom(), picture.width(), photo.bottom() - picture.bottom());
         canvas.text(below, reading.title, style().header().sized(titleSize).aligned(Align::centre));
     });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Colours.h"
 #include "drawing/Ribbon.h"
 #include "skins/groove/GroovePieces.h"
 #include "skins/groove/GrooveStyle.h"
