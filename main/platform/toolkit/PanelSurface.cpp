@@ -19,7 +19,7 @@ PanelSurface::PanelSurface(PanelDelegate& delegate, const ScreenList& screens, s
     : RasterSurface(std::move(canvas))
     , m_delegate(delegate)
     , m_screens(screens)
-    , m_pixelRatio(devicePixelRatio())
+    , m_pixelRatio(pixelRatio())
 {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
     // The toolkit's own name for mapping a window with user time 0, which keeps the focus where it is.
@@ -134,11 +134,21 @@ void PanelSurface::setHeld(bool held)
         Q_EMIT released();
 }
 
+void PanelSurface::letGo()
+{
+    if (!m_held || isRetired())
+        return;
+    deliver([this] {
+        m_delegate.pointerMoved({m_pointer - QPointF(m_place), m_screens.space().turned(m_pointer)});
+        setHeld(false);
+    });
+}
+
 void PanelSurface::checkPixelRatio()
 {
-    if (m_pixelRatio == devicePixelRatio())
+    if (m_pixelRatio == pixelRatio())
         return;
-    m_pixelRatio = devicePixelRatio();
+    m_pixelRatio = pixelRatio();
     // Painting may have found it out, and must not be asked to change the window meanwhile.
     QMetaObject::invokeMethod(
         this,
@@ -149,8 +159,9 @@ void PanelSurface::checkPixelRatio()
         Qt::QueuedConnection);
 }
 
-PointerEvent PanelSurface::pointerEvent(const QMouseEvent& event) const
+PointerEvent PanelSurface::pointerEvent(const QMouseEvent& event)
 {
+    m_pointer = event.globalPosition();
     return {event.position(), m_screens.space().turned(event.globalPosition()), event.button(), event.modifiers()};
 }
 

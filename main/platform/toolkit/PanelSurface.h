@@ -26,6 +26,9 @@ public:
     /// While a window manager takes the window over, and sometimes from then on, geometry() tells another place.
     QRect place() const override { return {m_place, size()}; }
     bool isHeld() const { return m_held; } ///< some button went down on it and is not up again
+    /// Nobody tells any more when that button is up: from now on it is.
+    void letGo();
+    void checkPixelRatio(); ///< to be called when that of its screen may have changed
     const PanelDelegate* delegate() const { return isRetired() ? nullptr : &m_delegate; } ///< null once retired
     void pressButton(qsizetype index); ///< may end in retire()
     QAccessibleInterface* accessibleRoot() const override;
@@ -46,15 +49,15 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void checkPixelRatio();
     void setHeld(bool held);
-    PointerEvent pointerEvent(const QMouseEvent& event) const;
+    PointerEvent pointerEvent(const QMouseEvent& event);
 
     PanelDelegate& m_delegate;
     const ScreenList& m_screens;
     QPoint m_place; ///< where the window is or was last sent
     double m_pixelRatio;
     bool m_held = false;
+    QPointF m_pointer; ///< where it was pressed or moved last, in the toolkit's points
     PanelAccess* m_access = nullptr;
 };
 

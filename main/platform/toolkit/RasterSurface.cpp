@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPaintEvent>
+#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -35,6 +36,11 @@ RasterSurface::RasterSurface(std::unique_ptr<SurfaceCanvas> canvas)
     QSurfaceFormat pixels = format();
     pixels.setAlphaBufferSize(m_canvas->isTranslucent() ? 8 : 0);
     setFormat(pixels);
+}
+
+double RasterSurface::pixelRatio() const
+{
+    return screen() ? screen()->devicePixelRatio() : 1;
 }
 
 void RasterSurface::update(const QRect& area)

@@ -30,6 +30,9 @@ public:
 
     void update(const QRect& area); ///< asks for a paint of those points
     void updateAll();
+    /// Of its screen. (The toolkit's own figure of a window under Wayland lags behind, and stays behind where the
+    /// window was sent to its screen.)
+    double pixelRatio() const;
     /// Where the window is or was last sent, in the toolkit's points.
     virtual QRect place() const = 0;
 

@@ -24,8 +24,8 @@ public:
     QRectF frame() const final { return m_frame; }
     void setClickThrough(bool through) final;
     void setInputArea(const QRectF& area) final;
-    void update(const QRectF& area) final { m_surface->repaint(area); }
-    double pixelRatio() const final { return m_surface->devicePixelRatio(); }
+    void update(const QRectF& area) override { m_surface->repaint(area); }
+    double pixelRatio() const final { return m_surface->pixelRatio(); }
     void namesChanged() final { m_surface->namesChanged(); }
 
     PanelSurface& surface() const { return *m_surface; }
@@ -37,6 +37,8 @@ protected:
     SurfacePanel(PanelDelegate& delegate, const ScreenList& screens, Rank rank, std::unique_ptr<SurfaceCanvas> canvas);
 
     QRect wantedPlace() const; ///< of the frame, as the toolkit counts
+    /// What users take for the panel, in window points: what would hear the pointer, heard or not.
+    QRectF body() const { return m_inputArea.value_or(QRectF({}, m_frame.size())); }
     /// Window points; empty: none of it hears the pointer, nothing: all of it.
     std::optional<QRectF> inputArea() const { return m_clickThrough ? QRectF() : m_inputArea; }
     virtual void applyInput() = 0;

@@ -48,17 +48,21 @@ protected:
         return made;
     }
 
-    /// The colour that is seen at a global point.
-    QColor seen(const QPointF& point) const
+    /// The colour that is seen at a global point, in pixels of a scale.
+    QColor seen(const QPointF& point, int scale = 1) const
     {
-        const QPoint at = host.toolkitRect({point, QSizeF(0, 0)}).topLeft().toPoint();
+        const QPointF place = host.toolkitRect({point, QSizeF(0, 0)}).topLeft();
+        const QPoint at(static_cast<int>(std::floor(place.x())), static_cast<int>(std::floor(place.y())));
         QProcess grim;
-        grim.start(
-            u"grim"_s, {u"-s"_s, u"1"_s, u"-t"_s, u"ppm"_s, u"-g"_s, u"%1,%2 1x1"_s.arg(at.x()).arg(at.y()), u"-"_s});
+        grim.start(u"grim"_s,
+            {u"-s"_s, QString::number(scale), u"-t"_s, u"ppm"_s, u"-g"_s, u"%1,%2 1x1"_s.arg(at.x()).arg(at.y()),
+                u"-"_s});
         if (!grim.waitForFinished())
             return {};
-        const QByteArray last = grim.readAllStandardOutput().last(3);
-        return {static_cast<uchar>(last[0]), static_cast<uchar>(last[1]), static_cast<uchar>(last[2])};
+        const int column = static_cast<int>((place.x() - at.x()) * scale);
+        const QByteArray pixels = grim.readAllStandardOutput().last(qsizetype{3} * scale * scale);
+        const QByteArray pixel = pixels.mid(qsizetype{3} * column, 3);
+        return {static_cast<uchar>(pixel[0]), static_cast<uchar>(pixel[1]), static_cast<uchar>(pixel[2])};
     }
     bool isSeen(const QPointF& point, const QColor& colour) const
     {
@@ -79,6 +83,18 @@ protected:
     PlainFace face;
 };
 
+/// Goes with the pointer, as widgets do.
+struct FollowingFace : PlainFace {
+    void pointerMoved(const PointerEvent& event) override
+    {
+        PlainFace::pointerMoved(event);
+        if (event.button == Qt::LeftButton)
+            panel->setFrame(start.translated(event.global - pressed.last().global));
+    }
+    PanelWindow* panel = nullptr;
+    QRectF start;
+};
+
 /// A normal window of one colour that notes what it hears.
 class NormalWindow final : public QRasterWindow {
 public:
@@ -90,10 +106,12 @@ public:
     }
 
     int presses = 0;
+    int releases = 0;
 
 protected:
     void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(QRect({0, 0}, size()), m_colour); }
     void mousePressEvent(QMouseEvent*) override { ++presses; }
+    void mouseReleaseEvent(QMouseEvent*) override { ++releases; }
 
 private:
     QColor m_colour;

@@ -145,18 +145,6 @@ TEST_F(WaylandPanelTest, HearsThePointerInItsInputAreaOnly)
     EXPECT_EQ(face.pressed.size(), 1);
 }
 
-/// Goes with the pointer, as widgets do.
-struct FollowingFace : PlainFace {
-    void pointerMoved(const PointerEvent& event) override
-    {
-        PlainFace::pointerMoved(event);
-        if (event.button == Qt::LeftButton)
-            panel->setFrame(start.translated(event.global - pressed.last().global));
-    }
-    PanelWindow* panel = nullptr;
-    QRectF start;
-};
-
 struct WaylandDragTest : WaylandPanelTest {
     ~WaylandDragTest() override { panel.reset(); }
 
@@ -198,6 +186,30 @@ TEST_F(WaylandDragTest, FollowsThePointerExactly)
         EXPECT_EQ(seen(from), ground);
         EXPECT_EQ(panel->frame().center(), target);
     }
+}
+
+TEST_F(WaylandDragTest, ComesAboveTheOthersThere)
+{
+    PlainFace other;
+    other.colour = green;
+    const std::unique_ptr<PanelWindow> later = make(other, {500, 400, 240, 160});
+    later->show();
+    ASSERT_TRUE(isSeen({600, 480}, green));
+    point(middle);
+    input->press();
+    ASSERT_TRUE(waitUntil([&] { return !dragged.pressed.isEmpty(); }));
+    for (int step = 1; step <= 20; ++step)
+        point(middle + QPointF(200, 150) * step / 20);
+    EXPECT_TRUE(waitUntil([&] { return panel->frame() == QRectF(400, 350, 240, 160); }));
+    EXPECT_TRUE(isSeen({600, 450}, theFace)) << "while the button is held";
+    input->release();
+    ASSERT_TRUE(waitUntil([&] { return !dragged.released.isEmpty(); }));
+    EXPECT_TRUE(isSeen({600, 450}, theFace));
+    point({690, 530});
+    input->press();
+    input->release();
+    ASSERT_TRUE(waitUntil([&] { return !other.released.isEmpty(); }));
+    EXPECT_TRUE(isSeen({600, 450}, green)) << "a click does so too";
 }
 
 TEST_F(WaylandDragTest, MayGoWhileItIsDragged)

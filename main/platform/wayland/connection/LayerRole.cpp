@@ -39,8 +39,10 @@ LayerRole::LayerRole(const WaylandConnection& connection, wl_surface* surface, w
 
 void LayerRole::setPlace(const QRect& place)
 {
+    // The compositor takes 0 for its own choice, which it has none of, and breaks the connection.
+    const QSize size = place.size().expandedTo({1, 1});
     zwlr_layer_surface_v1_set_size(
-        m_role.get(), static_cast<uint32_t>(place.width()), static_cast<uint32_t>(place.height()));
+        m_role.get(), static_cast<uint32_t>(size.width()), static_cast<uint32_t>(size.height()));
     zwlr_layer_surface_v1_set_margin(m_role.get(), place.top(), 0, 0, place.left());
 }
 
@@ -48,6 +50,15 @@ void LayerRole::setLayer(ShellLayer layer)
 {
     if (zwlr_layer_surface_v1_get_version(m_role.get()) >= ZWLR_LAYER_SURFACE_V1_SET_LAYER_SINCE_VERSION)
         zwlr_layer_surface_v1_set_layer(m_role.get(), static_cast<uint32_t>(layer));
+}
+
+void LayerRole::joinAgain(ShellLayer layer)
+{
+    // Should the compositor show the moment between, it shows the surface rather missing than in front.
+    setLayer(layer == ShellLayer::bottom ? ShellLayer::background : ShellLayer::bottom);
+    commit();
+    setLayer(layer);
+    commit();
 }
 
 void LayerRole::setTakesKeyboard(bool takes)

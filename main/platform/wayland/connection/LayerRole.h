@@ -29,6 +29,7 @@ public:
 
     void setPlace(const QRect& place); ///< points from the output's upper left corner
     void setLayer(ShellLayer layer);
+    void joinAgain(ShellLayer layer); ///< leaves that layer, which it is in, and comes back at once
     void setTakesKeyboard(bool takes); ///< all keys come here while the surface is shown
     bool isReady() const { return m_ready; }
     /// Ends the beginning: to be called once, after the first place is set.

@@ -51,6 +51,18 @@ std::unique_ptr<PixelBuffer> PixelBuffer::make(wl_shm* memory, QSize pixels)
     return made;
 }
 
+std::unique_ptr<PixelBuffer> PixelBuffer::showNothing(wl_shm* memory, wl_surface* surface, QSize pixels)
+{
+    std::unique_ptr<PixelBuffer> nothing = surface ? make(memory, pixels) : nullptr;
+    if (nothing) {
+        wl_surface_set_buffer_scale(surface, 1);
+        nothing->attachTo(surface);
+        wl_surface_damage_buffer(surface, 0, 0, pixels.width(), pixels.height());
+        wl_surface_commit(surface);
+    }
+    return nothing;
+}
+
 PixelBuffer::PixelBuffer(wl_buffer* buffer, uchar* pixels, QSize size)
     : m_buffer(buffer)
     , m_pixels(pixels)

@@ -18,6 +18,8 @@ class PixelBuffer {
 public:
     /// Null when there is no memory.
     static std::unique_ptr<PixelBuffer> make(wl_shm* memory, QSize pixels);
+    /// Makes a surface that has a role transparent, `pixels` large, for as long as the buffer lives; likewise.
+    static std::unique_ptr<PixelBuffer> showNothing(wl_shm* memory, wl_surface* surface, QSize pixels);
     ~PixelBuffer();
     Q_DISABLE_COPY_MOVE(PixelBuffer)
 

@@ -12,7 +12,10 @@ DragGhost::DragGhost(WaylandParts& parts, ShellLayer layer)
 {
 }
 
-DragGhost::~DragGhost() = default;
+DragGhost::~DragGhost()
+{
+    m_parts.order.left(*this);
+}
 
 void DragGhost::setPlace(const LayerPlace& at)
 {
@@ -31,10 +34,20 @@ void DragGhost::setLayer(ShellLayer layer)
         return;
     m_role->setLayer(layer);
     m_role->commit();
+    m_parts.order.joined(*this);
+}
+
+void DragGhost::joinAgain()
+{
+    if (m_role)
+        m_role->joinAgain(m_layer);
 }
 
 void DragGhost::open()
 {
+    if (m_surface && lost)
+        lost();
+    m_parts.order.left(*this);
     m_role.reset();
     m_surface.reset();
     wl_output* const output = toolkitOutput(m_at.screen);
@@ -49,9 +62,15 @@ void DragGhost::open()
         if (ready)
             ready();
     };
-    m_role->closed = [this] { m_role.reset(); };
+    m_role->closed = [this] {
+        if (lost)
+            lost();
+        m_parts.order.left(*this);
+        m_role.reset();
+    };
     m_role->setPlace(m_at.place);
     m_role->commit();
+    m_parts.order.joined(*this);
 }
 
 } // namespace ambrelle

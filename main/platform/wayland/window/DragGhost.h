@@ -14,7 +14,7 @@ namespace ambrelle {
 /// Stands in for a window while a button is held on it. The compositor tells the pointer's places from where the window
 /// was when the button went down, or from where it is now, as it likes; so the window itself stays, empty, and this is
 /// what the user sees move.
-class DragGhost {
+class DragGhost final : public LayerMember {
 public:
     DragGhost(WaylandParts& parts, ShellLayer layer);
     ~DragGhost();
@@ -22,9 +22,16 @@ public:
 
     void setPlace(const LayerPlace& at);
     void setLayer(ShellLayer layer);
+
+    ShellLayer layer() const override { return m_layer; }
+    const QScreen* screen() const override { return m_at.screen; }
+    bool staysLow() const override { return false; }
+    void joinAgain() override;
+
     wl_surface* surface() const { return m_surface.get(); } ///< another one on each output
 
     std::function<void()> ready; ///< the compositor waits for pixels: first, or on another output
+    std::function<void()> lost; ///< surface() is about to go
 
 private:
     void open();

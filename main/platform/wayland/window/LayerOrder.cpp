@@ -2,13 +2,20 @@
 
 #include "platform/wayland/window/LayerOrder.h"
 
-#include "platform/wayland/window/LayerWindow.h"
-
 #include <algorithm>
 #include <iterator>
 #include <ranges>
 
 namespace ambrelle {
+
+namespace {
+
+bool areTogether(const LayerMember& one, const LayerMember& other)
+{
+    return one.layer() == other.layer() && one.screen() == other.screen();
+}
+
+} // namespace
 
 QList<qsizetype> rejoining(const QList<qsizetype>& standing, Joining joining)
 {
@@ -45,20 +52,28 @@ void LayerOrder::setJoining(Joining joining)
     m_soon.start(0);
 }
 
-void LayerOrder::insert(QList<LayerWindow*>& order, LayerWindow& window, bool below) const
+void LayerOrder::insert(QList<LayerMember*>& order, LayerMember& window, bool below) const
 {
     order.removeOne(&window);
     order.insert(below ? 0 : order.size(), &window);
 }
 
-void LayerOrder::joined(LayerWindow& window)
+void LayerOrder::joined(LayerMember& window)
 {
     insert(m_wanted, window, window.staysLow());
     insert(m_standing, window, m_joining == Joining::below);
     m_soon.start(0);
 }
 
-void LayerOrder::left(LayerWindow& window)
+void LayerOrder::raise(LayerMember& window)
+{
+    if (window.staysLow() || !m_wanted.contains(&window))
+        return;
+    insert(m_wanted, window, false);
+    m_soon.start(0);
+}
+
+void LayerOrder::left(LayerMember& window)
 {
     m_wanted.removeOne(&window);
     m_standing.removeOne(&window);
@@ -66,9 +81,9 @@ void LayerOrder::left(LayerWindow& window)
 
 void LayerOrder::arrange()
 {
-    QList<const LayerWindow*> done;
-    for (const LayerWindow* window : QList(m_wanted)) {
-        const auto isWith = [window](const LayerWindow* other) { return other->isInLayerOf(*window); };
+    QList<const LayerMember*> done;
+    for (const LayerMember* window : QList(m_wanted)) {
+        const auto isWith = [window](const LayerMember* other) { return areTogether(*other, *window); };
         if (std::ranges::none_of(done, isWith)) {
             arrangeLike(*window);
             done.append(window);
@@ -76,16 +91,16 @@ void LayerOrder::arrange()
     }
 }
 
-void LayerOrder::arrangeLike(const LayerWindow& window)
+void LayerOrder::arrangeLike(const LayerMember& window)
 {
-    const auto isElsewhere = [&window](const LayerWindow* other) { return !other->isInLayerOf(window); };
-    QList<LayerWindow*> wanted = m_wanted;
-    QList<LayerWindow*> standing = m_standing;
+    const auto isElsewhere = [&window](const LayerMember* other) { return !areTogether(*other, window); };
+    QList<LayerMember*> wanted = m_wanted;
+    QList<LayerMember*> standing = m_standing;
     wanted.removeIf(isElsewhere);
     standing.removeIf(isElsewhere);
     QList<qsizetype> places;
     std::ranges::transform(
-        standing, std::back_inserter(places), [&wanted](LayerWindow* each) { return wanted.indexOf(each); });
+        standing, std::back_inserter(places), [&wanted](LayerMember* each) { return wanted.indexOf(each); });
     for (const qsizetype place : rejoining(places, m_joining)) {
         wanted[place]->joinAgain();
         insert(m_standing, *wanted[place], m_joining == Joining::below);

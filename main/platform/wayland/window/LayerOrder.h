@@ -2,12 +2,26 @@
 
 #pragma once
 
+#include "platform/wayland/connection/LayerRole.h"
+
 #include <QList>
 #include <QTimer>
 
+class QScreen;
+
 namespace ambrelle {
 
-class LayerWindow;
+/// A surface among others of a layer.
+class LayerMember {
+public:
+    virtual ShellLayer layer() const = 0;
+    virtual const QScreen* screen() const = 0;
+    virtual bool staysLow() const = 0; ///< below all that do not
+    virtual void joinAgain() = 0; ///< leaves its layer and comes back at once
+
+protected:
+    ~LayerMember() = default;
+};
 
 /// Where a compositor puts a surface that joins a layer.
 enum class Joining {
@@ -27,17 +41,18 @@ public:
 
     void setJoining(Joining joining); ///< of this compositor
     /// The window has come to its layer: above all others there, or, if it stays low, below them.
-    void joined(LayerWindow& window);
-    void left(LayerWindow& window);
+    void joined(LayerMember& window);
+    void raise(LayerMember& window); ///< it is to come above the others of its layer, unless it stays low
+    void left(LayerMember& window);
 
 private:
-    void insert(QList<LayerWindow*>& order, LayerWindow& window, bool below) const;
+    void insert(QList<LayerMember*>& order, LayerMember& window, bool below) const;
     void arrange();
-    void arrangeLike(const LayerWindow& window);
+    void arrangeLike(const LayerMember& window);
 
     Joining m_joining = Joining::above;
-    QList<LayerWindow*> m_wanted; ///< the lowest first, those of all layers together
-    QList<LayerWindow*> m_standing; ///< likewise
+    QList<LayerMember*> m_wanted; ///< the lowest first, those of all layers together
+    QList<LayerMember*> m_standing; ///< likewise
     QTimer m_soon; ///< what joins in one turn of the event loop is arranged together
 };
 

@@ -36,21 +36,38 @@ QRect scaled(const QRect& rect, double factor)
 
 } // namespace
 
+QList<QScreen*> LayerPlace::usableScreens()
+{
+    QList<QScreen*> screens = QGuiApplication::screens();
+    screens.removeIf([](const QScreen* screen) { return screen->name().isEmpty() || screen->geometry().isEmpty(); });
+    return screens;
+}
+
 double LayerPlace::factorOf(const QScreen& screen)
 {
-    return screen.devicePixelRatio() / screen.handle()->devicePixelRatio();
+    const double native = screen.handle()->devicePixelRatio();
+    return native > 0 ? screen.devicePixelRatio() / native : 1;
 }
 
 LayerPlace LayerPlace::of(const QRect& rect)
 {
-    QList<QScreen*> screens = QGuiApplication::screens();
-    screens.removeIf([](const QScreen* screen) { return screen->name().isEmpty() || screen->geometry().isEmpty(); });
+    const QList<QScreen*> screens = usableScreens();
     const auto best = std::ranges::max_element(
         screens, {}, [&rect](const QScreen* screen) { return nearness(*screen, QRectF(rect)); });
-    if (best == screens.end())
-        return {};
-    const double factor = factorOf(**best);
-    return {*best, scaled(rect.translated(-(*best)->geometry().topLeft()), factor), factor};
+    return best == screens.end() ? LayerPlace() : on(**best, rect);
+}
+
+LayerPlace LayerPlace::on(QScreen& screen, const QRect& rect)
+{
+    const double factor = factorOf(screen);
+    return {&screen, scaled(rect.translated(-screen.geometry().topLeft()), factor), factor};
+}
+
+QList<QScreen*> LayerPlace::screensShowing(const QRect& rect)
+{
+    QList<QScreen*> screens = usableScreens();
+    screens.removeIf([&rect](const QScreen* screen) { return !screen->geometry().intersects(rect); });
+    return screens;
 }
 
 } // namespace ambrelle

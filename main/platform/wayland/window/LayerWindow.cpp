@@ -6,19 +6,31 @@
 
 #include <QWindow>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace ambrelle {
+
+namespace {
+
+// A compositor that closes a surface has a reason, which may soon be gone.
+constexpr std::chrono::seconds firstPause{1};
+constexpr std::chrono::seconds longestPause{60};
+
+} // namespace
 
 LayerWindow::LayerWindow(WaylandParts& parts, QWindow& window, ShellLayer layer, Order order)
     : m_parts(parts)
     , m_window(window)
     , m_layer(layer)
     , m_order(order)
+    , m_pause(firstPause)
 {
     // The toolkit makes a bare surface then, one that the compositor does not manage.
     m_window.setFlag(Qt::BypassWindowManagerHint);
+    m_again.setSingleShot(true);
+    QObject::connect(&m_again, &QTimer::timeout, &m_again, [this] { open(); });
 }
 
 LayerWindow::~LayerWindow()
@@ -33,8 +45,17 @@ wl_surface* LayerWindow::surface() const
 
 void LayerWindow::setPlace(const QRect& place)
 {
+    setPlace(place, LayerPlace::of(place));
+}
+
+void LayerWindow::setPlace(const QRect& place, QScreen& screen)
+{
+    setPlace(place, LayerPlace::on(screen, place));
+}
+
+void LayerWindow::setPlace(const QRect& place, const LayerPlace& at)
+{
     m_place = place;
-    const LayerPlace at = LayerPlace::of(place);
     const bool elsewhere = at.screen != m_at.screen;
     m_at = at;
     if (at.screen && m_window.screen() != at.screen)
@@ -60,20 +81,10 @@ void LayerWindow::setLayer(ShellLayer layer)
     m_parts.order.joined(*this);
 }
 
-bool LayerWindow::isInLayerOf(const LayerWindow& other) const
-{
-    return m_layer == other.m_layer && m_at.screen == other.m_at.screen;
-}
-
 void LayerWindow::joinAgain()
 {
-    if (!m_role)
-        return;
-    // Should the compositor show the moment between, it shows the window rather missing than in front.
-    m_role->setLayer(m_layer == ShellLayer::bottom ? ShellLayer::background : ShellLayer::bottom);
-    m_role->commit();
-    m_role->setLayer(m_layer);
-    m_role->commit();
+    if (m_role)
+        m_role->joinAgain(m_layer);
 }
 
 void LayerWindow::setTakesKeyboard(bool takes)
@@ -124,6 +135,7 @@ void LayerWindow::hide()
     if (!m_shown)
         return;
     close();
+    m_pause = firstPause;
     m_shown = false;
     m_window.hide();
 }
@@ -132,6 +144,8 @@ void LayerWindow::open()
 {
     wl_surface* const target = surface();
     close();
+    if (!m_at.screen) // it has gone since
+        m_at = LayerPlace::of(m_place);
     wl_output* const output = toolkitOutput(m_at.screen);
     if (!target || !output)
         return; // until a screen comes
@@ -142,7 +156,11 @@ void LayerWindow::open()
         if (ready)
             ready();
     };
-    m_role->closed = [this] { close(); };
+    m_role->closed = [this] {
+        close();
+        m_again.start(m_pause);
+        m_pause = std::min<std::chrono::milliseconds>(2 * m_pause, longestPause);
+    };
     m_role->setPlace(m_at.place);
     m_role->setTakesKeyboard(m_takesKeyboard);
     applyInput();
@@ -152,6 +170,9 @@ void LayerWindow::open()
 
 void LayerWindow::close()
 {
+    m_again.stop();
+    if (m_role && lost)
+        lost();
     m_parts.order.left(*this);
     m_role.reset();
 }

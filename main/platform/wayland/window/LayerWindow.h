@@ -6,6 +6,9 @@
 #include "platform/wayland/window/LayerPlace.h"
 #include "platform/wayland/window/WaylandParts.h"
 
+#include <QTimer>
+
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -15,7 +18,7 @@ namespace ambrelle {
 
 /// One of the toolkit's windows as a part of a layer, in place of a window that the compositor manages. The window is
 /// shown and hidden through this alone, and has to live as long.
-class LayerWindow {
+class LayerWindow final : public LayerMember {
 public:
     /// How high it comes in among this program's windows in its layer.
     enum class Order {
@@ -27,23 +30,30 @@ public:
     ~LayerWindow();
     Q_DISABLE_COPY_MOVE(LayerWindow)
 
-    void setPlace(const QRect& place); ///< in the toolkit's points
+    void setPlace(const QRect& place); ///< in the toolkit's points; on the screen that shows most of it
+    void setPlace(const QRect& place, QScreen& screen); ///< on that one, whatever it shows of it
     void setLayer(ShellLayer layer); ///< a change puts it above the others there
     void setTakesKeyboard(bool takes);
     /// The part that hears the pointer, window points; none: all of it.
     void setInputArea(const std::optional<QRect>& area);
     void show();
     void hide();
-    void joinAgain(); ///< leaves its layer and comes back at once
+    void raise() { m_parts.order.raise(*this); } ///< above the others of its layer, unless it stays at the bottom
+
+    ShellLayer layer() const override { return m_layer; }
+    const QScreen* screen() const override { return m_at.screen; }
+    bool staysLow() const override { return m_order == Order::bottom; }
+    void joinAgain() override;
 
     bool isReady() const { return m_role && m_role->isReady(); } ///< the compositor takes pixels
-    bool staysLow() const { return m_order == Order::bottom; }
-    bool isInLayerOf(const LayerWindow& other) const;
     wl_surface* surface() const; ///< null while it is not shown
+    QSize size() const { return m_at.place.size(); } ///< in the compositor's points
 
     std::function<void()> ready; ///< the compositor waits for pixels: first, or anew
+    std::function<void()> lost; ///< from now on it takes none, until ready()
 
 private:
+    void setPlace(const QRect& place, const LayerPlace& at);
     void open();
     void close();
     void applyInput() const;
@@ -58,6 +68,8 @@ private:
     bool m_shown = false;
     std::optional<QRect> m_inputArea;
     std::unique_ptr<LayerRole> m_role;
+    QTimer m_again; ///< the compositor has closed it
+    std::chrono::milliseconds m_pause; ///< before that
 };
 
 } // namespace ambrelle

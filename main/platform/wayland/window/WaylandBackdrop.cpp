@@ -23,6 +23,7 @@ WaylandBackdrop::WaylandBackdrop(BackdropDelegate& delegate, WaylandParts& parts
 {
     m_surface->create();
     m_window.ready = [this] { m_canvas->setTarget(m_window.surface()); };
+    m_window.lost = [this] { m_canvas->setTarget(nullptr); };
 }
 
 WaylandBackdrop::~WaylandBackdrop()

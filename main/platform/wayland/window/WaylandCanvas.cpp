@@ -6,9 +6,11 @@
 #include "platform/toolkit/RasterSurface.h"
 
 #include <QPainter>
+#include <QScreen>
 
-#include <qpa/qplatformwindow.h>
+#include <qpa/qplatformscreen.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -45,10 +47,10 @@ WaylandCanvas::~WaylandCanvas() = default;
 
 void WaylandCanvas::paint(RasterSurface& surface, const QList<QRect>& parts, const Paint& paint)
 {
-    const double ratio = surface.devicePixelRatio();
+    const double ratio = surface.pixelRatio();
     const PixelGrid grid(ratio);
     const QRect whole({0, 0}, surface.size());
-    m_scale = static_cast<int>(std::lround(surface.QWindow::handle()->devicePixelRatio()));
+    m_scale = static_cast<int>(std::max(1L, std::lround(surface.screen()->handle()->devicePixelRatio())));
     const bool all = prepare(grid.pixels(whole).size());
     if (!m_current)
         return; // no memory
@@ -66,6 +68,10 @@ void WaylandCanvas::paint(RasterSurface& surface, const QList<QRect>& parts, con
         image.setDevicePixelRatio(1);
         if (m_opacity < 1)
             fade(image, part, m_opacity);
+        if (m_shownPart) {
+            for (const QRect& unseen : QRegion(part) - grid.pixels(*m_shownPart))
+                clear(image, unseen);
+        }
         m_changed += part;
     }
     submit();
@@ -89,6 +95,11 @@ bool WaylandCanvas::prepare(QSize pixels)
     }
     m_current = std::move(fresh);
     return !fits;
+}
+
+bool WaylandCanvas::setShownPart(const std::optional<QRect>& part)
+{
+    return std::exchange(m_shownPart, part) != part;
 }
 
 void WaylandCanvas::setTarget(wl_surface* target)

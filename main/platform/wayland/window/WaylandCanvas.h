@@ -7,6 +7,7 @@
 
 #include <QRegion>
 
+#include <optional>
 #include <vector>
 
 namespace ambrelle {
@@ -27,6 +28,9 @@ public:
 
     /// Where the pixels are shown from now on, all of them as soon as there are some; null: nowhere for the time being.
     void setTarget(wl_surface* target);
+    /// The only part that is ever seen, window points; none: all of it. Counts for what is painted from now on; whether
+    /// that is another part than before.
+    bool setShownPart(const std::optional<QRect>& part);
     void setOpacity(double opacity) { m_opacity = opacity; } ///< 0 to 1; counts for what is painted from now on
     bool hasPixels() const { return m_current != nullptr; } ///< to be shown
 
@@ -38,6 +42,7 @@ private:
     Keeping m_keeping;
     wl_surface* m_target = nullptr;
     double m_opacity = 1;
+    std::optional<QRect> m_shownPart;
     int m_scale = 1; ///< of the pixels, as the compositor is told
     std::unique_ptr<PixelBuffer> m_current;
     std::vector<std::unique_ptr<PixelBuffer>> m_former; ///< that the compositor still reads

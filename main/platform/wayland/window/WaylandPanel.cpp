@@ -27,6 +27,7 @@ WaylandPanel::WaylandPanel(PanelDelegate& delegate, WaylandParts& parts, Rank ra
 
 WaylandPanel::WaylandPanel(PanelDelegate& delegate, WaylandParts& parts, Rank rank, WaylandCanvas* canvas)
     : SurfacePanel(delegate, parts.screens, rank, std::unique_ptr<SurfaceCanvas>(canvas))
+    , m_delegate(delegate)
     , m_parts(parts)
     , m_canvas(canvas)
     , m_window(parts, surface(), ShellLayer::bottom, isScene() ? LayerWindow::Order::bottom : LayerWindow::Order::top)
@@ -36,11 +37,19 @@ WaylandPanel::WaylandPanel(PanelDelegate& delegate, WaylandParts& parts, Rank ra
         if (!m_ghost)
             m_canvas->setTarget(m_window.surface());
     };
+    m_window.lost = [this] {
+        if (!m_ghost)
+            m_canvas->setTarget(nullptr);
+        QMetaObject::invokeMethod(&surface(), &PanelSurface::letGo, Qt::QueuedConnection);
+    };
     QObject::connect(&surface(), &PanelSurface::pixelRatioChanged, &surface(), [this] {
         place();
         applyInput();
     });
-    QObject::connect(&surface(), &PanelSurface::released, &surface(), [this] { endFollowing(); });
+    QObject::connect(&surface(), &PanelSurface::released, &surface(), [this] {
+        endFollowing();
+        raise();
+    });
 }
 
 WaylandPanel::~WaylandPanel()
@@ -49,12 +58,15 @@ WaylandPanel::~WaylandPanel()
         onDestroyed(this);
     QObject::disconnect(&surface(), &PanelSurface::pixelRatioChanged, nullptr, nullptr);
     QObject::disconnect(&surface(), &PanelSurface::released, nullptr, nullptr);
+    m_twins.clear();
+    m_heldTwin.reset();
     m_canvas->setTarget(nullptr);
     m_window.hide();
 }
 
 void WaylandPanel::place()
 {
+    surface().checkPixelRatio();
     const QRect wanted = wantedPlace();
     if (surface().isHeld() && isShown()) {
         follow(wanted);
@@ -62,6 +74,58 @@ void WaylandPanel::place()
         surface().moveTo(wanted);
         m_window.setPlace(wanted);
     }
+    arrangeTwins();
+}
+
+void WaylandPanel::arrangeTwins()
+{
+    const QRect at = wantedPlace();
+    QScreen* const own = LayerPlace::of(at).screen;
+    QList<QScreen*> others;
+    if (isShown() && !isScene())
+        others = LayerPlace::screensShowing(body().toAlignedRect().translated(at.topLeft()));
+    others.removeOne(own);
+    for (std::unique_ptr<PanelTwin>& twin : m_twins) {
+        const bool stays = others.contains(twin->screen());
+        if (twin->surface().isHeld() && (!stays || twin->surface().place().topLeft() != at.topLeft())) {
+            twin->vanish(); // it has to stay where it was pressed
+            m_heldTwin = std::move(twin);
+        } else if (!stays) {
+            twin.reset();
+        }
+    }
+    std::erase(m_twins, nullptr);
+    for (QScreen* const screen : others) {
+        if (std::ranges::find(m_twins, screen, &PanelTwin::screen) == m_twins.end())
+            m_twins.push_back(makeTwin(*screen));
+    }
+    for (const std::unique_ptr<PanelTwin>& twin : m_twins)
+        twin->setPlace(at.topLeft(), frame().size());
+    // There are compositors that show a surface beside its output too, where its twin is.
+    const bool isCut = own && !m_twins.empty() && !surface().isHeld();
+    if (m_canvas->setShownPart(isCut ? std::optional(own->geometry().translated(-at.topLeft())) : std::nullopt))
+        surface().updateAll();
+}
+
+std::unique_ptr<PanelTwin> WaylandPanel::makeTwin(QScreen& screen)
+{
+    auto made = std::make_unique<PanelTwin>(m_delegate, m_parts, screen, layer());
+    made->setOpacity(m_opacity);
+    made->setInputArea(heardArea());
+    QObject::connect(&made->surface(), &PanelSurface::released, &made->surface(), [this, twin = made.get()] {
+        if (twin == m_heldTwin.get())
+            m_heldTwin.reset();
+        raise();
+    });
+    return made;
+}
+
+/// Not before the button is let go: a window that leaves its layer, if only for a moment, may lose the pointer.
+void WaylandPanel::raise()
+{
+    m_window.raise();
+    for (const std::unique_ptr<PanelTwin>& twin : m_twins)
+        twin->raise();
 }
 
 /// The window keeps its place while a button is held on it; only its size follows, which the ghost shows.
@@ -81,16 +145,10 @@ void WaylandPanel::beginFollowing()
     m_ghost = std::make_unique<DragGhost>(m_parts, layer());
     m_ghost->ready = [this] {
         m_canvas->setTarget(m_ghost->surface());
-        if (m_nothing || !m_window.surface())
-            return;
-        m_nothing = PixelBuffer::make(m_parts.connection.memory(), surface().size());
-        if (!m_nothing)
-            return;
-        wl_surface_set_buffer_scale(m_window.surface(), 1);
-        m_nothing->attachTo(m_window.surface());
-        wl_surface_damage_buffer(m_window.surface(), 0, 0, surface().width(), surface().height());
-        wl_surface_commit(m_window.surface());
+        if (!m_nothing && m_window.isReady())
+            m_nothing = PixelBuffer::showNothing(m_parts.connection.memory(), m_window.surface(), surface().size());
     };
+    m_ghost->lost = [this] { m_canvas->setTarget(nullptr); };
 }
 
 void WaylandPanel::endFollowing()
@@ -105,6 +163,7 @@ void WaylandPanel::endFollowing()
         m_canvas->setTarget(m_window.surface());
     m_ghost.reset();
     m_nothing.reset();
+    arrangeTwins();
 }
 
 void WaylandPanel::show()
@@ -123,6 +182,8 @@ void WaylandPanel::hide()
     m_nothing.reset();
     m_canvas->setTarget(nullptr);
     m_window.hide();
+    m_twins.clear();
+    m_heldTwin.reset();
 }
 
 ShellLayer WaylandPanel::layer() const
@@ -136,18 +197,39 @@ void WaylandPanel::setLevel(WindowLevel level)
     m_window.setLayer(layer());
     if (m_ghost)
         m_ghost->setLayer(layer());
+    for (const std::unique_ptr<PanelTwin>& twin : m_twins)
+        twin->setLayer(layer());
 }
 
 void WaylandPanel::setOpacity(double opacity)
 {
-    m_canvas->setOpacity(std::clamp(opacity, 0.0, 1.0));
+    m_opacity = std::clamp(opacity, 0.0, 1.0);
+    m_canvas->setOpacity(m_opacity);
     surface().updateAll();
+    for (const std::unique_ptr<PanelTwin>& twin : m_twins)
+        twin->setOpacity(m_opacity);
+}
+
+void WaylandPanel::update(const QRectF& area)
+{
+    SurfacePanel::update(area);
+    for (const std::unique_ptr<PanelTwin>& twin : m_twins)
+        twin->update(area);
+}
+
+std::optional<QRect> WaylandPanel::heardArea() const
+{
+    const std::optional<QRectF> heard = inputArea();
+    return heard ? std::optional(heard->toAlignedRect()) : std::nullopt;
 }
 
 void WaylandPanel::applyInput()
 {
-    const std::optional<QRectF> heard = inputArea();
-    m_window.setInputArea(heard ? std::optional(heard->toAlignedRect()) : std::nullopt);
+    const std::optional<QRect> heard = heardArea();
+    m_window.setInputArea(heard);
+    for (const std::unique_ptr<PanelTwin>& twin : m_twins)
+        twin->setInputArea(heard);
+    arrangeTwins();
 }
 
 } // namespace ambrelle
