@@ -9,7 +9,9 @@
 #include <QPolygonF>
 #include <QRectF>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 class QPainter;
 class QWindow;
@@ -156,6 +158,18 @@ public:
     virtual void update() = 0; ///< asks for a paint
 };
 
+/// Tells where a button is let go that is held in one of the toolkit's windows, on a system that does not tell where
+/// those are.
+class DropSpotter {
+public:
+    using Found = std::function<void(const std::optional<QPointF>& place)>; ///< global points; none: nobody tells
+
+    virtual ~DropSpotter() = default; ///< nothing is told afterwards
+
+    /// To be called when the button is let go; `found` is called a moment later, and may end this object.
+    virtual void released(Found found) = 0;
+};
+
 /// The windows, screens and pointer of the machine. The only place where coordinates are turned over.
 class WindowHost : public Port {
     Q_OBJECT
@@ -163,6 +177,8 @@ public:
     /// The main display first; empty for the moment in which none is connected.
     virtual QList<ScreenInfo> screens() const = 0;
     virtual QPointF pointer() const = 0; ///< global points
+    /// To be made while a button is held in one of the toolkit's windows. Null: pointer() tells it then as ever.
+    virtual std::unique_ptr<DropSpotter> makeDropSpotter() { return nullptr; }
     /// The place of `rect` (global points) as the toolkit counts, for its own windows: y down.
     virtual QRectF toolkitRect(const QRectF& rect) const = 0;
     virtual bool isComposited() const = 0; ///< translucent windows blend with what lies below

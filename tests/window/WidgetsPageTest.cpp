@@ -160,6 +160,37 @@ TEST_F(WidgetsPageTest, DragsAWidgetOutEvenWhenPositionsAreLocked)
     EXPECT_EQ(ghosts(), 0);
 }
 
+TEST_F(WidgetsPageTest, ADragOutWhereNoWindowKnowsItsPlaceEndsWhereTheHostSays)
+{
+    open();
+    window->resize(800, 560);
+    QCoreApplication::processEvents();
+    const QRectF picture = gallery().partRect(card(u"Clock"_s), CardPart::picture);
+    const QPointF start = globalOf(gallery().viewport()->mapToGlobal(picture.center().toPoint()));
+    const auto pull = [&](const QPointF& to) {
+        move(QEvent::MouseButtonPress, start);
+        move(QEvent::MouseMove, start + QPointF(4, 4));
+        ASSERT_TRUE(QGuiApplication::overrideCursor()) << "the ghost";
+        EXPECT_FALSE(QGuiApplication::overrideCursor()->pixmap().isNull());
+        move(QEvent::MouseButtonRelease, to);
+        EXPECT_FALSE(QGuiApplication::overrideCursor());
+    };
+    const QPointF told(700, 500);
+    const QPointF outside(1400, 20);
+    desk.host.setDropSpot(told);
+    pull(start + QPointF(30, 0));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(desk.live().isEmpty()) << "dropped inside";
+    pull(outside);
+    ASSERT_TRUE(waitUntil([&] { return desk.stored().size() == 1; }));
+    EXPECT_EQ(desk.stored().first().frame().center(), told);
+    desk.host.setDropSpot(std::nullopt);
+    pull(outside);
+    ASSERT_TRUE(waitUntil([&] { return desk.stored().size() == 2; }));
+    EXPECT_TRUE(desk.host.screens().first().visibleFrame.contains(desk.stored().last().frame())) << "as after a click";
+    EXPECT_FALSE(desk.stored().last().frame().intersects(desk.stored().first().frame()));
+}
+
 TEST_F(WidgetsPageTest, RemovesTheChosenOnesAndBringsThemBackInTheirOrder)
 {
     for (const WidgetKind kind : {WidgetKind::cpu, WidgetKind::disk, WidgetKind::memory, WidgetKind::clock})

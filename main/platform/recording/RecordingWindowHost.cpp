@@ -135,6 +135,24 @@ QRectF RecordingWindowHost::toolkitRect(const QRectF& rect) const
     return {QPointF(rect.left(), top - rect.bottom()), rect.size()};
 }
 
+std::unique_ptr<DropSpotter> RecordingWindowHost::makeDropSpotter()
+{
+    struct Spotter final : DropSpotter {
+        explicit Spotter(const std::optional<QPointF>& found)
+            : place(found)
+        {
+        }
+        void released(Found found) override
+        {
+            QMetaObject::invokeMethod(
+                &context, [this, found] { found(place); }, Qt::QueuedConnection);
+        }
+        QObject context;
+        std::optional<QPointF> place;
+    };
+    return m_dropSpot ? std::make_unique<Spotter>(*m_dropSpot) : nullptr;
+}
+
 std::unique_ptr<PanelWindow> RecordingWindowHost::makePanel(PanelDelegate& delegate)
 {
     auto panel = std::make_unique<RecordingPanel>(*this, delegate);

@@ -133,6 +133,7 @@ public:
     QPointF pointer() const override { return m_pointer; }
     QRectF toolkitRect(const QRectF& rect) const override; ///< the main screen's upper left corner is 0, 0
     bool isComposited() const override { return m_composited; }
+    std::unique_ptr<DropSpotter> makeDropSpotter() override;
     std::unique_ptr<PanelWindow> makePanel(PanelDelegate& delegate) override;
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override;
     std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) override;
@@ -150,6 +151,8 @@ public:
     QList<RecordingBackdrop*> backdrops() const { return m_backdrops; } ///< likewise
     QList<RecordingScene*> scenes() const { return m_scenes; } ///< likewise
     void setComposited(bool composited) { m_composited = composited; } ///< tells nobody
+    /// From now on only this tells where a button was let go.
+    void setDropSpot(const std::optional<QPointF>& place) { m_dropSpot = place; }
     RecordingBackdrop* focused() const { return m_focused; }
     void pressKey(Qt::Key key); ///< for the backdrop with the focus, if there is one
 
@@ -180,6 +183,7 @@ private:
     QList<RecordingBackdrop*> m_backdrops;
     QList<RecordingScene*> m_scenes;
     bool m_composited = true;
+    std::optional<std::optional<QPointF>> m_dropSpot; ///< none: the pointer is known
     RecordingBackdrop* m_focused = nullptr;
     RecordingBackdrop* m_pressedBackdrop = nullptr;
     RecordingPanel* m_hovered = nullptr;

@@ -62,6 +62,11 @@ std::unique_ptr<BackdropWindow> WaylandWindowHost::makeBackdrop(BackdropDelegate
     return std::make_unique<WaylandBackdrop>(delegate, *m_parts);
 }
 
+std::unique_ptr<DropSpotter> WaylandWindowHost::makeDropSpotter()
+{
+    return m_parts ? std::make_unique<WaylandDropSpotter>(*m_parts) : nullptr;
+}
+
 bool WaylandWindowHost::admit(QWindow& window, const QString& token)
 {
     if (!m_parts)

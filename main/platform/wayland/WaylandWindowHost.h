@@ -5,6 +5,7 @@
 #include "platform/toolkit/ToolkitWindowHost.h"
 #include "platform/wayland/window/PopupRoles.h"
 #include "platform/wayland/window/WaylandBackdrop.h"
+#include "platform/wayland/window/WaylandDropSpotter.h"
 #include "platform/wayland/window/WaylandScene.h"
 
 namespace ambrelle {
@@ -25,6 +26,7 @@ public:
     std::unique_ptr<BackdropWindow> makeBackdrop(BackdropDelegate& delegate) override; ///< likewise
     std::unique_ptr<SceneWindow> makeScene(OrnamentDelegate& delegate) override; ///< likewise
 
+    std::unique_ptr<DropSpotter> makeDropSpotter() override;
     bool admit(QWindow& window, const QString& token) override;
 
     ScreenList* screenList() const override { return m_parts ? &m_parts->screens : nullptr; }

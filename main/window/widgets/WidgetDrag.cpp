@@ -4,7 +4,10 @@
 
 #include "window/look/AppLook.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QVariantAnimation>
 #include <QWidget>
 
@@ -58,6 +61,29 @@ private:
     std::unique_ptr<PanelWindow> m_window; // last: it calls back until it is gone
 };
 
+/// The widget as the pointer, for as long as it lives.
+class WidgetDrag::Cursor final {
+public:
+    explicit Cursor(const Ghost& ghost)
+    {
+        LayerCache layers;
+        FacePainter face(ghost.view, layers);
+        face.setLook({.size = ghost.size});
+        face.setReading(ghost.reading);
+        QPixmap picture(face.reach().size().toSize());
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setOpacity(ghostOpacity);
+        painter.translate(-face.reach().topLeft());
+        face.paint(painter, face.reach(), 0);
+        painter.end();
+        QGuiApplication::setOverrideCursor(QCursor(picture, picture.width() / 2, picture.height() / 2));
+    }
+    ~Cursor() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY_MOVE(Cursor)
+};
+
 WidgetDrag::WidgetDrag(WindowHost& host, QWidget& source)
     : QObject(&source)
     , m_host(host)
@@ -80,6 +106,11 @@ void WidgetDrag::begin(const Ghost& ghost, const QPointF& home, Dropped dropped)
     m_flight->stop();
     m_home = home;
     m_dropped = std::move(dropped);
+    m_spotter = m_host.makeDropSpotter();
+    if (m_spotter) {
+        m_cursor = std::make_unique<Cursor>(ghost);
+        return;
+    }
     m_panel = std::make_unique<Panel>(m_host, ghost);
     follow();
     m_panel->show();
@@ -87,13 +118,15 @@ void WidgetDrag::begin(const Ghost& ghost, const QPointF& home, Dropped dropped)
 
 void WidgetDrag::follow()
 {
-    m_panel->moveTo(m_host.pointer());
+    if (m_panel)
+        m_panel->moveTo(m_host.pointer());
 }
 
-bool WidgetDrag::isInside(const QPointF& point) const
+/// `told` by the toolkit: right about its own window even where nobody knows where that is.
+bool WidgetDrag::isInside(const QPointF& told) const
 {
-    const QPoint place = m_host.toolkitRect({point, QSizeF(0, 0)}).topLeft().toPoint();
-    return m_source.window()->frameGeometry().contains(place);
+    const QPointF place = m_spotter ? told : m_host.toolkitRect({m_host.pointer(), QSizeF(0, 0)}).topLeft();
+    return m_source.window()->frameGeometry().contains(place.toPoint());
 }
 
 /// Where the ghost came from; the toolkit's places are turned by the place of the pointer, which is known in both.
@@ -105,14 +138,19 @@ QPointF WidgetDrag::homeNow() const
     return pointer + QPointF(way.x(), -way.y());
 }
 
-void WidgetDrag::drop()
+void WidgetDrag::drop(const QPointF& told)
 {
-    const QPointF place = m_host.pointer();
-    if (isInside(place))
+    if (isInside(told))
         return flyBack();
-    const Dropped dropped = std::exchange(m_dropped, nullptr);
+    Dropped dropped = std::exchange(m_dropped, nullptr);
     m_panel.reset();
-    dropped(place);
+    m_cursor.reset();
+    if (!m_spotter)
+        return dropped(m_host.pointer());
+    m_spotter->released([this, dropped = std::move(dropped)](const std::optional<QPointF>& found) {
+        m_spotter.reset();
+        dropped(found);
+    });
 }
 
 void WidgetDrag::cancel()
@@ -124,6 +162,10 @@ void WidgetDrag::cancel()
 void WidgetDrag::flyBack()
 {
     m_dropped = nullptr;
+    m_spotter.reset();
+    m_cursor.reset();
+    if (!m_panel)
+        return;
     const int time = AppLook::shared().milliseconds(flightTime);
     if (time == 0)
         return m_panel.reset();
@@ -137,6 +179,8 @@ bool WidgetDrag::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Hide) {
         m_dropped = nullptr;
+        m_spotter.reset();
+        m_cursor.reset();
         m_flight->stop();
         m_panel.reset();
     }
@@ -151,7 +195,7 @@ bool WidgetDrag::eventFilter(QObject* watched, QEvent* event)
         return true;
     case QEvent::MouseButtonRelease:
         if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
-            drop();
+            drop(static_cast<QMouseEvent*>(event)->globalPosition());
         return true;
     case QEvent::MouseButtonPress:
     case QEvent::Wheel: return true;

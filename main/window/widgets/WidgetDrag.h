@@ -16,7 +16,8 @@ class QWidget;
 namespace ambrelle {
 
 /// Pulls a new widget out of a window: a ghost of it follows the pointer until the button is released. Dropped outside
-/// the window it is told where, in its window or cancelled it flies back.
+/// the window it is told where, in its window or cancelled it flies back. Where windows do not know their own places
+/// the ghost is the pointer itself.
 class WidgetDrag final : public QObject {
 public:
     struct Ghost {
@@ -24,7 +25,7 @@ public:
         QSizeF size; ///< of the widget, points
         std::shared_ptr<const Reading> reading;
     };
-    using Dropped = std::function<void(const QPointF& centre)>; ///< global points
+    using Dropped = std::function<void(const std::optional<QPointF>& centre)>; ///< global points; none: unknown
 
     /// `source` has the pointer while its button is held. It outlives this, as `host` does.
     WidgetDrag(WindowHost& host, QWidget& source);
@@ -40,18 +41,21 @@ public:
 
 private:
     class Panel;
+    class Cursor;
 
     void follow();
-    void drop();
+    void drop(const QPointF& told);
     void flyBack();
-    bool isInside(const QPointF& point) const;
+    bool isInside(const QPointF& told) const;
     QPointF homeNow() const;
 
     WindowHost& m_host;
     QWidget& m_source;
     QPointF m_home;
     Dropped m_dropped;
+    std::unique_ptr<DropSpotter> m_spotter; // only where pointer() does not know
     std::unique_ptr<Panel> m_panel; // also on its way back
+    std::unique_ptr<Cursor> m_cursor; // in its place
     QVariantAnimation* m_flight;
 };
 

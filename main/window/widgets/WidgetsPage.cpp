@@ -191,7 +191,7 @@ void WidgetsPage::pull(const QModelIndex& index)
         return;
     const WidgetDrag::Ghost ghost{view(skin, *kind), WidgetConfig(*kind, skin).size(), m_tiles->reading(*kind)};
     const QPointF home = m_view->partRect(index, CardPart::picture).center();
-    m_drag->begin(ghost, home, [this, kind](const QPointF& centre) { add(*kind, centre); });
+    m_drag->begin(ghost, home, [this, kind](const std::optional<QPointF>& centre) { add(*kind, centre); });
 }
 
 bool WidgetsPage::leave()

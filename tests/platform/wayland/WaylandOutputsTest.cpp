@@ -179,6 +179,32 @@ TEST_F(WaylandOutputsTest, AChangeOfOutputMayMeetAPaint)
     EXPECT_TRUE(areSeen(theFace, theFace));
 }
 
+TEST_F(WaylandOutputsTest, TellsWhereAButtonIsLetGoThatWasPressedInANormalWindow)
+{
+    NormalWindow window(Qt::blue);
+    ASSERT_TRUE(isSeen({300, 300}, Qt::blue));
+    std::optional<QPointF> found;
+    for (const QPointF& place : {QPointF(1500, 700), QPointF(40, 30), QPointF(600, 420)}) {
+        wl_display_roundtrip(host.connection()->display()); // nothing is left of the one before
+        point({300, 301});
+        point({300, 300});
+        const int presses = window.presses;
+        input->press();
+        ASSERT_TRUE(waitUntil([&] { return window.presses > presses; }));
+        const std::unique_ptr<DropSpotter> spotter = host.makeDropSpotter();
+        ASSERT_TRUE(spotter);
+        point({800, 500});
+        point(place);
+        const int releases = window.releases;
+        found.reset();
+        input->release();
+        ASSERT_TRUE(waitUntil([&] { return window.releases > releases; }));
+        spotter->released([&](const std::optional<QPointF>& told) { found = told; });
+        EXPECT_TRUE(waitUntil([&] { return found.has_value(); }));
+        EXPECT_EQ(found, place);
+    }
+}
+
 /// Last: the output does not come again.
 using WaylandUnplugTest = WaylandOutputsTest;
 

@@ -2,10 +2,8 @@
 
 #pragma once
 
-#include "platform/wayland/window/WaylandParts.h"
+#include "platform/wayland/window/OutputShield.h"
 
-#include <functional>
-#include <memory>
 #include <vector>
 
 namespace ambrelle {
@@ -23,10 +21,8 @@ public:
     std::function<void()> clicked;
 
 private:
-    class Shield;
-
     WaylandParts& m_parts;
-    std::vector<std::unique_ptr<Shield>> m_shields;
+    std::vector<std::unique_ptr<OutputShield>> m_shields;
 };
 
 } // namespace ambrelle
