@@ -2,6 +2,9 @@
 # SPDX-License-Identifier: MIT
 """Measures the running program on a private display: live.py PROGRAM [CONTESTANT...].
 
+A contestant's name with " on Sway" behind it is measured on that compositor in place of an X server. There a window counts
+as painted when its pixels were handed over; the compositor shows them with its next frame.
+
 Contestants are "ambrelle" (its default composition), "200 widgets", "needle still" and "needle moving" (one face without
 and with motion at 15 frames a second), the raw name of any theme, with " moving" behind it or without, for its own
 composition, and the peers below; without names the first and the peers.
@@ -14,6 +17,7 @@ AMBRELLE_ROUNDS and AMBRELLE_SECONDS shorten a trial run.
 import contextlib
 import json
 import os
+import re
 import shutil
 import statistics
 import subprocess
@@ -23,6 +27,9 @@ import time
 from pathlib import Path
 
 from Xlib import X, display, error
+
+sys.path.insert(0, str(Path(__file__).parents[1] / "tests/support"))
+import with_sway  # noqa: E402
 
 SETTLE = 5
 MEASURE = float(os.environ.get("AMBRELLE_SECONDS", 60))
@@ -65,6 +72,22 @@ def desktop(home):
         yield env
     os.close(read)
     os.close(write)
+
+
+@contextlib.contextmanager
+def sway_desktop(home):
+    """As desktop(), on a compositor."""
+    env = with_sway.bare_environment(home)
+    env = {name: value for name, value in env.items() if not name.startswith("QT_")}
+    env["LC_ALL"] = "C.UTF-8"
+    compositor, env = with_sway.sway(home / "sway", ["1920x1080"], env)
+    try:
+        with process("dbus-daemon", "--session", "--nofork", "--print-address", stdout=subprocess.PIPE, text=True) as bus:
+            env["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+            time.sleep(1)
+            yield env
+    finally:
+        with_sway.end(compositor)
 
 
 def read(path):
@@ -147,13 +170,38 @@ def stop(pids):
     os.waitpid(pids[0], 0)
 
 
-def measure(command, values):
-    with tempfile.TemporaryDirectory() as home, desktop(home) as env:
-        settings = Path(home, ".config/ambrelle/defaults.json")
+def handed_over(env, command):
+    """The moments in which a compositor gets the first pixels of each of the command's surfaces, by its own log."""
+    surfaces = {}
+    with tempfile.TemporaryFile("w+") as log:
+        start = time.time_ns() // 1000
+        running = subprocess.Popen(command, env=dict(env, WAYLAND_DEBUG="client"), stdout=subprocess.DEVNULL, stderr=log)
+        time.sleep(SETTLE)
+        stop(tree(running.pid))
+        log.seek(0)
+        for line in log:
+            told = re.match(r"\[ *(\d+)\.(\d+)\] +-> (wl_surface@\d+)\.attach\(wl_buffer@", line)
+            if told:  # microseconds, of which it tells the last 32 bits
+                surfaces.setdefault(told[3], (int(told[1] + told[2]) - start) % 2**32 / 1000)
+    return sorted(surfaces.values()) or [-1]
+
+
+def watch_sway(env, command):
+    """As watch(), on a compositor, where nobody sees but what is handed to it: the pixels, and with them the window."""
+    seen = handed_over(env, command)
+    running = subprocess.Popen(command, env=env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    time.sleep(SETTLE)
+    return running, [seen[0], seen[-1], seen[0], seen[-1], len(seen), len(seen)]
+
+
+def measure(command, values, on_sway=False):
+    make, look = (sway_desktop, watch_sway) if on_sway else (desktop, watch)
+    with tempfile.TemporaryDirectory() as home, make(Path(home)) as env:
+        settings = Path(env.get("XDG_CONFIG_HOME", Path(home, ".config")), "ambrelle/defaults.json")
         settings.parent.mkdir(parents=True)
         settings.write_text(json.dumps(values))
-        stop(tree(watch(env, command)[0].pid))
-        running, seen = watch(env, command)
+        stop(tree(look(env, command)[0].pid))
+        running, seen = look(env, command)
         if running.poll() is not None:
             sys.exit(f"{command[0]} ended by itself")
         pids = tree(running.pid)
@@ -198,7 +246,11 @@ def contestants(program):
         if shutil.which("conky") and (peers / script).exists():
             entries[name] = ([str(peers / script)], {})
     wanted = sys.argv[2:] or [name for name in entries if name == "ambrelle" or name.startswith("conky")]
-    return {name: entries.get(name) or (command, composed(name)) for name in wanted}
+    found = {}
+    for name in wanted:
+        plain = name.removesuffix(" on Sway")
+        found[name] = (*(entries.get(plain) or (command, composed(plain))), plain != name)
+    return found
 
 
 def main():
