@@ -3,6 +3,7 @@
 #include "app/Hosts.h"
 
 #include "foundation/UserDefaults.h"
+#include "model/WindowSystem.h"
 #include "platform/headless/HeadlessMachine.h"
 #include "platform/linux/kernel/SystemClock.h"
 #include "platform/wayland/WaylandMachine.h"
@@ -45,10 +46,18 @@ QByteArray wishedPlugin(const UserDefaults& defaults)
 {
     if (QByteArray variable = qgetenv("QT_QPA_PLATFORM"); !variable.isEmpty())
         return variable;
-    const QString setting = defaults.string(u"windowSystem"_s).value_or(QString());
-    if (setting == "x11"_L1)
-        return "xcb";
-    return setting == "wayland"_L1 ? "wayland" : QByteArray();
+    const std::optional<QString> setting = defaults.string(u"windowSystem"_s);
+    switch (parse<WindowSystem>(setting.value_or(QString())).value_or(WindowSystem::automatic)) {
+    case WindowSystem::wayland: return "wayland";
+    case WindowSystem::x11: return "xcb";
+    case WindowSystem::automatic: break;
+    }
+    return {};
+}
+
+bool hasChoiceOfHosts(const QList<HostOffer>& offers)
+{
+    return std::ranges::count_if(offers, [](const HostOffer& offer) { return offer.isThere && offer.isThere(); }) > 1;
 }
 
 HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished)
@@ -65,6 +74,12 @@ HostChoice chooseHost(const QList<HostOffer>& offers, const QByteArray& wished)
     }
     const HostOffer none = headlessOffer(wished);
     return {.host = none, .plugin = wished, .whyNot = reasons.join(u' ')};
+}
+
+HostChoice chooseUsersHost(const QList<HostOffer>& offers, const UserDefaults& defaults)
+{
+    const HostChoice choice = chooseHost(offers, wishedPlugin(defaults));
+    return choice.whyNot.isEmpty() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") ? choice : chooseHost(offers, {});
 }
 
 HostChoice chooseDisplay(const QList<HostOffer>& offers)

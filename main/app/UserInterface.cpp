@@ -2,6 +2,7 @@
 
 #include "app/UserInterface.h"
 
+#include "app/Hosts.h"
 #include "app/Information.h"
 #include "app/StartRequest.h"
 #include "app/UserFolders.h"
@@ -51,7 +52,9 @@ ProgramFacts programFacts()
         .settings = UserFolders::settings(),
         .previews = UserFolders::previews(),
         .licence = [] { return unwrapped(dataText(u"LICENSE"_s)); },
-        .fonts = [] { return dataText(u"fonts.txt"_s).split(u'\n', Qt::SkipEmptyParts); }};
+        .fonts = [] { return dataText(u"fonts.txt"_s).split(u'\n', Qt::SkipEmptyParts); },
+        .hasWindowSystems = [] { return hasChoiceOfHosts(hostOffers()); },
+        .isWindowSystemForced = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")};
 }
 
 } // namespace

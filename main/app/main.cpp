@@ -108,12 +108,11 @@ int runDesktop(const CommandLine& commandLine, int argc, char** argv)
     instance.keepLock(); // settings are flushed after this function
     // Where no version could show widgets, as on a text console, the newer one is not judged by it.
     if (!namesDisplay()) {
-        if (const QString whyNot = chooseHost(hostOffers(), wishedPlugin(UserDefaults::shared())).whyNot;
-            !whyNot.isEmpty())
+        if (const QString whyNot = chooseUsersHost(hostOffers(), UserDefaults::shared()).whyNot; !whyNot.isEmpty())
             return complain(whyNot);
     }
     FirstStarts firstStarts(program, argv);
-    const HostChoice choice = chooseHost(hostOffers(), wishedPlugin(UserDefaults::shared()));
+    const HostChoice choice = chooseUsersHost(hostOffers(), UserDefaults::shared());
     if (!choice.whyNot.isEmpty())
         return complain(choice.whyNot);
     Environment environment(choice.plugin, choice.host.variables);

@@ -86,6 +86,7 @@ AppSettings::AppSettings(UserDefaults& defaults, QObject* parent)
     , focusSound(stored("focusSound"_L1, true))
     , checkForUpdates(stored("checkForUpdates"_L1, true))
     , installUpdates(stored("installUpdates"_L1, true))
+    , windowSystem(stored("windowSystem"_L1, WindowSystem::automatic))
 {
 }
 
@@ -117,6 +118,7 @@ template <typename Settings, typename Visitor> void AppSettings::visitPreference
     visit(settings.focusSound);
     visit(settings.checkForUpdates);
     visit(settings.installUpdates);
+    visit(settings.windowSystem);
 }
 
 QJsonObject AppSettings::snapshot() const

@@ -4,6 +4,7 @@
 
 #include "model/Skin.h"
 #include "model/WidgetOptions.h"
+#include "model/WindowSystem.h"
 
 #include <QJsonObject>
 #include <QObject>
@@ -81,6 +82,7 @@ public:
     Setting<bool> focusSound;
     Setting<bool> checkForUpdates;
     Setting<bool> installUpdates;
+    Setting<WindowSystem> windowSystem; ///< counts from the next start on
 
     /// What the user has chosen of what reset() changes, by key; not what is standard because nobody chose.
     QJsonObject snapshot() const;

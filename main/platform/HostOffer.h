@@ -24,6 +24,9 @@ struct HostOffer {
     /// Brings up a display that nobody sees, for as long as what it gives lives; null where that does not work, or
     /// there is no such thing. Called before the application object exists.
     std::function<std::shared_ptr<void>()> startDisplay{};
+    /// Whether it could show windows in this session, as far as that is known without starting anything. May be asked
+    /// at any time.
+    std::function<bool()> isThere{};
     /// What the toolkit is told through its environment for as long as the program runs. The host keeps it from the
     /// programs that are opened.
     QList<std::pair<const char*, const char*>> variables{};

@@ -65,6 +65,37 @@ TEST(Hosts, TheUserAsksForOneByVariableElseBySetting)
     EXPECT_EQ(wishedPlugin(defaults), QByteArray());
 }
 
+TEST(Hosts, TheSettingYieldsWhereItCannotBeFollowedAndTheVariableDoesNot)
+{
+    UserDefaults defaults = UserDefaults::temporary();
+    defaults.set(u"windowSystem"_s, u"x11"_s);
+    const QList<HostOffer> offers{offer({"wayland"}, {}), offer({"xcb"}, u"No."_s)};
+    {
+        const test::Variable variable("QT_QPA_PLATFORM", "xcb");
+        EXPECT_EQ(chooseUsersHost(offers, defaults).whyNot, u"No."_s);
+    }
+    const test::Variable none("QT_QPA_PLATFORM", "");
+    EXPECT_EQ(chooseUsersHost(offers, defaults).plugin, "wayland");
+    EXPECT_EQ(chooseUsersHost({offer({"wayland"}, {}), offer({"xcb"}, {})}, defaults).plugin, "xcb");
+    EXPECT_EQ(
+        chooseUsersHost({offer({"wayland"}, u"Nor I."_s), offer({"xcb"}, u"No."_s)}, defaults).whyNot, u"Nor I. No."_s);
+}
+
+TEST(Hosts, OneThatIsThereAloneLeavesNoChoice)
+{
+    const auto offered = [](std::optional<bool> isThere) {
+        HostOffer made = offer({"one"}, {});
+        if (isThere)
+            made.isThere = [isThere] { return *isThere; };
+        return made;
+    };
+    EXPECT_FALSE(hasChoiceOfHosts({offered(true), offered(false), offered({})}));
+    EXPECT_TRUE(hasChoiceOfHosts({offered(true), offered(false), offered(true)}));
+    const test::Variable noX("DISPLAY", "");
+    const test::Variable noWayland("WAYLAND_DISPLAY", "");
+    EXPECT_FALSE(hasChoiceOfHosts(hostOffers()));
+}
+
 TEST(Hosts, WhereNothingCanBeShownADisplayIsStartedThatLastsAsLongAsItIsNeeded)
 {
     bool isUp = false;

@@ -94,7 +94,7 @@ TEST(AppSettingsTest, ResettingTakesBackEveryChoiceAndCanBeUndone)
              {u"useFahrenheit"_s, !AppSettings(defaults).useFahrenheit()}})
         defaults.set(key, on);
     for (const auto& [key, text] : {std::pair(u"layer"_s, u"floating"_s), {u"overlap"_s, u"hide"_s},
-             {u"defaultSkin"_s, u"neon"_s}, {u"weatherCity"_s, u"Bergen"_s}})
+             {u"defaultSkin"_s, u"neon"_s}, {u"weatherCity"_s, u"Bergen"_s}, {u"windowSystem"_s, u"x11"_s}})
         defaults.set(key, text);
     defaults.set(u"excludedCalendars"_s, QStringList{u"work"_s});
     defaults.set(u"customWallpapers"_s, QStringList{u"/a"_s});
@@ -104,11 +104,11 @@ TEST(AppSettingsTest, ResettingTakesBackEveryChoiceAndCanBeUndone)
     settings.setHasLaunchedBefore(true);
     settings.editing.set(true);
     const QJsonObject chosen = settings.snapshot();
-    EXPECT_EQ(chosen.size(), 20);
+    EXPECT_EQ(chosen.size(), 21);
 
     QStringList told;
     QObject::connect(&settings, &AppSettings::changed, [&](const QString& key) { told << key; });
-    const auto isAllTold = [&] { return QSet(told.begin(), told.end()).size() == 19 && told.size() == 19; };
+    const auto isAllTold = [&] { return QSet(told.begin(), told.end()).size() == 20 && told.size() == 20; };
     settings.reset();
     EXPECT_EQ(settings.snapshot(), QJsonObject()) << "the country decides again";
     EXPECT_EQ(settings.focusMinutes(), 25);

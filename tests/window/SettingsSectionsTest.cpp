@@ -5,6 +5,7 @@
 #include "window/frame/Sheets.h"
 #include "window/look/Segments.h"
 #include "window/settings/CalendarsSection.h"
+#include "window/settings/GeneralSection.h"
 #include "window/settings/SettingsFields.h"
 #include "window/settings/SettingsList.h"
 #include "window/settings/WeatherSection.h"
@@ -70,6 +71,35 @@ TEST_F(SettingsSectionsTest, TheLoginSwitchShowsWhatTheSystemSaysAndTellsARefusa
     EXPECT_FALSE(box.isChecked());
     EXPECT_FALSE(box.isEnabled());
     EXPECT_EQ(row(shown, name).text().caption, u"Nobody logs in here."_s);
+}
+
+TEST_F(SettingsSectionsTest, TheWindowSystemIsChosenWhereThereIsAChoice)
+{
+    const QString name = u"Show windows by"_s;
+    for (const bool none : {true, false}) {
+        if (!none)
+            home.facts.hasWindowSystems = [] { return false; };
+        GeneralSection shown(home.context);
+        shown.show();
+        EXPECT_FALSE(names(shown).contains(name));
+    }
+    home.facts.hasWindowSystems = [] { return true; };
+    {
+        GeneralSection shown(home.context);
+        shown.show();
+        auto& choice = control<Segments>(shown, name);
+        EXPECT_EQ(choice.chosen(), 0);
+        for (const auto& [place, value] : {std::pair(2, u"x11"_s), {1, u"wayland"_s}, {0, u"automatic"_s}}) {
+            choice.findChildren<QRadioButton*>().at(place)->click();
+            EXPECT_EQ(home.desk.defaults.string(u"windowSystem"_s), value);
+        }
+        EXPECT_EQ(row(shown, name).text().caption, u"Holds from the next start"_s);
+    }
+    home.facts.isWindowSystemForced = true;
+    GeneralSection forced(home.context);
+    forced.show();
+    EXPECT_FALSE(row(forced, name).control()->isEnabled());
+    EXPECT_EQ(row(forced, name).text().caption, u"The variable QT_QPA_PLATFORM decides while it is set"_s);
 }
 
 TEST_F(SettingsSectionsTest, TheCityTellsHowItGoes)

@@ -163,6 +163,7 @@ HostOffer WaylandMachine::offer()
     return {.plugins = {"wayland"},
         .whyNot = whyNoLayers,
         .make = makeWaylandMachine,
+        .isThere = [] { return whyNoLayers().isEmpty(); },
         .variables = {toolkitVariables.begin(), toolkitVariables.end()}};
 }
 

@@ -70,7 +70,8 @@ HostOffer X11Machine::offer()
     return {.plugins = {"xcb", "wayland"},
         .whyNot = whyNoDisplay,
         .make = makeX11Machine,
-        .startDisplay = PrivateDisplay::start};
+        .startDisplay = PrivateDisplay::start,
+        .isThere = [] { return !qEnvironmentVariableIsEmpty("DISPLAY"); }};
 }
 
 } // namespace ambrelle

@@ -18,6 +18,8 @@ struct ProgramFacts {
     QString previews;
     std::function<QString()> licence; ///< its text; empty where it cannot be read
     std::function<QStringList()> fonts; ///< the packages that they come from, by name
+    std::function<bool()> hasWindowSystems{}; ///< more than one that could show windows here; empty: no
+    bool isWindowSystemForced = false; ///< by the environment: the setting does not count
 };
 
 } // namespace ambrelle

@@ -4,6 +4,7 @@
 
 #include "foundation/Wording.h"
 #include "platform/LoginItem.h"
+#include "window/frame/ProgramFacts.h"
 #include "window/frame/Sheets.h"
 #include "window/look/PeriodTitle.h"
 #include "window/look/SkinChooser.h"
@@ -43,6 +44,7 @@ GeneralSection::GeneralSection(const WindowContext& context, QWidget* parent)
     addLogin();
     addSkins();
     addPeriods();
+    addWindowSystem(context.facts);
 }
 
 void GeneralSection::addLogin()
@@ -109,6 +111,27 @@ void GeneralSection::addPeriods()
                        .caption = Wording::tr("Among the themes', shipped and your own"),
                        .keywords = {Wording::tr("picture"), Wording::tr("background")}},
         settings().wallpaperShuffleMinutes, periods({0, 15, 30, 60, 180, 720, 1440}), periodTitle);
+}
+
+/// Last: it is there on few desktops, and hardly anybody looks for it.
+void GeneralSection::addWindowSystem(const ProgramFacts& facts)
+{
+    if (!facts.hasWindowSystems || !facts.hasWindowSystems())
+        return;
+    addGroup();
+    QList<RowChoice<WindowSystem>> choices;
+    for (const auto& row : rawRows<WindowSystem>)
+        choices.append({row.value, Wording::tr(row.title)});
+    SettingsRow* row = addSegments({.name = Wording::tr("Show windows by"),
+                                       .caption = Wording::tr("Holds from the next start"),
+                                       .spoken = Wording::tr("Window system"),
+                                       .keywords = {Wording::tr("display"), Wording::tr("compositor")}},
+        settings().windowSystem, choices);
+    if (!facts.isWindowSystemForced)
+        return;
+    const QString why = Wording::tr("The variable %1 decides while it is set").arg("QT_QPA_PLATFORM"_L1);
+    row->setUnavailable(why);
+    row->setCaption(why);
 }
 
 } // namespace ambrelle

@@ -19,6 +19,7 @@ protected:
 
 private:
     void addLogin();
+    void addWindowSystem(const ProgramFacts& facts);
     void addSkins();
     void addPeriods();
     void startAtLogin(bool wanted);
