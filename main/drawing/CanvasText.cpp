@@ -35,7 +35,7 @@ void Canvas::glyphs(QPointF origin, const ShapedText& shaped, const QColor& colo
     const QTransform before = m_painter->transform();
     m_painter->translate(origin);
     m_painter->scale(shaped.scale, shaped.scale);
-    if (!shaped.pixels.isEmpty())
+    if (!shaped.pixels.isEmpty() && !PixelPaint::blocks(*m_painter, shaped.pixels, colour))
         m_painter->fillPath(shaped.pixels, colour);
     m_painter->setPen(colour);
     for (const QGlyphRun& run : shaped.runs)

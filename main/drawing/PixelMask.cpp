@@ -5,10 +5,12 @@
 #include "drawing/Kept.h"
 
 #include <QCache>
+#include <QHash>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace ambrelle {
 
@@ -89,10 +91,21 @@ QList<QRect> coveredRuns(const QPainterPath& shape)
 
 QPainterPath pixelated(const QPainterPath& shape)
 {
+    QList<QRect> blocks;
+    QHash<std::pair<int, int>, qsizetype> open; // by left edge and width: the block that ends in the row above
+    for (const QRect& run : coveredRuns(shape)) {
+        const auto above = open.constFind({run.x(), run.width()});
+        if (above != open.constEnd() && blocks[*above].bottom() + 1 == run.y()) {
+            blocks[*above].setBottom(run.bottom());
+        } else {
+            open.insert({run.x(), run.width()}, blocks.size());
+            blocks.append(run);
+        }
+    }
     QPainterPath outline;
     outline.setFillRule(Qt::WindingFill);
-    for (const QRect& run : coveredRuns(shape))
-        outline.addRect(run);
+    for (const QRect& block : std::as_const(blocks))
+        outline.addRect(block);
     return outline;
 }
 

@@ -156,8 +156,38 @@ void PixelPaint::frame(const QRectF& box, const QBrush& brush, double thickness)
     });
 }
 
+bool PixelPaint::blocks(QPainter& painter, const QPainterPath& path, const QColor& colour)
+{
+    constexpr int corners = 5; // elements of a rectangle in a path
+    constexpr double rounding = 1e-3;
+    const QTransform device = painter.deviceTransform();
+    if (colour.alpha() < 255 || device.type() > QTransform::TxScale || path.elementCount() % corners != 0)
+        return false;
+    thread_local QList<QRect> pixels;
+    pixels.clear();
+    for (int index = 0; index < path.elementCount(); index += corners) {
+        // Every one is made of squares; all of them have to lie on pixels.
+        const QRectF block = device.mapRect(QRectF(path.elementAt(index), path.elementAt(index + 2)));
+        const QRect whole(block.topLeft().toPoint(), block.bottomRight().toPoint() - QPoint(1, 1));
+        const QPointF off = block.topLeft() - whole.topLeft();
+        const QSizeF more = block.size() - whole.size();
+        if (std::max({std::abs(off.x()), std::abs(off.y()), std::abs(more.width()), std::abs(more.height())})
+            > rounding)
+            return false;
+        pixels.append(whole);
+    }
+    const QTransform before = painter.transform();
+    painter.setTransform(device.inverted() * before);
+    for (const QRect& block : std::as_const(pixels))
+        painter.fillRect(block, colour);
+    painter.setTransform(before);
+    return true;
+}
+
 void PixelPaint::squares(const QPainterPath& path, const QBrush& brush, double side)
 {
+    if (m_upright && brush.style() == Qt::SolidPattern && blocks(m_painter, path, brush.color()))
+        return;
     // At a whole scale the squares' edges lie on those of pixels.
     const bool exact = m_upright && (m_grid > 1 || m_scale == 1);
     m_painter.save();

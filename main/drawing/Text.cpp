@@ -55,12 +55,25 @@ QPainterPath onGrid(const QPainterPath& outline)
     return pixelated(outline.translated(shift, shift));
 }
 
+/// The outline of a glyph, which fonts are slow to tell.
+QPainterPath glyphOutline(const QRawFont& font, quint32 glyph)
+{
+    constexpr int most = 600;
+    thread_local Kept<QCache<std::pair<QRawFont, quint32>, QPainterPath>> outlines(most);
+    if (const QPainterPath* kept = outlines.object({font, glyph}))
+        return *kept;
+    QPainterPath outline = font.pathForGlyph(glyph);
+    outlines.insert({font, glyph}, new QPainterPath(outline));
+    return outline;
+}
+
 void addGlyphs(QPainterPath& outline, const QGlyphRun& run)
 {
+    const QRawFont font = run.rawFont();
     const QList<quint32> glyphs = run.glyphIndexes();
     const QList<QPointF> places = run.positions();
     for (qsizetype index = 0; index < glyphs.size(); ++index)
-        outline.addPath(run.rawFont().pathForGlyph(glyphs[index]).translated(places[index]));
+        outline.addPath(glyphOutline(font, glyphs[index]).translated(places[index]));
 }
 
 /// A line of a pixel face, laid out at one point a square and printed from a mask.
