@@ -140,8 +140,22 @@ void Canvas::underFigure(const QString& value, const FigurePath& path, QPointF p
         key.add(path.width);
         light(all, *style.glow, key);
     }
-    if (style.shadow)
-        digits(all.translated(style.shadow->offset), style.face, size, style.shadow->colour);
+    if (!style.shadow)
+        return;
+    const QPainterPath shadow = all.translated(style.shadow->offset);
+    if (!smooth()) {
+        digits(shadow, style.face, size, style.shadow->colour);
+        return;
+    }
+    // Kept, or a figure that has not changed would be filled twice.
+    LayerKey key(u"shadow of figure"_s);
+    key.add(style.face);
+    key.add(path.cap);
+    key.add(value);
+    key.add(path.width);
+    key.add(style.shadow->colour);
+    stillLayer(key.text(), shadow.boundingRect().adjusted(-1, -1, 1, 1),
+        [&](Canvas& layer) { layer.digits(shadow, style.face, size, style.shadow->colour); });
 }
 
 double Canvas::figure(const Box& box, const QString& value, const QString& unit, const FigureStyle& style)

@@ -15,6 +15,8 @@
 
 namespace ambrelle::aero {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double gelEdge = 0.8; // of gel, points
@@ -92,7 +94,7 @@ void gel(Canvas& canvas, const Box& box, const QColor& colour)
 
 Box gelBar(Canvas& canvas, const Box& box, double fraction, const QColor& colour)
 {
-    well(canvas, box, box.height() / 2);
+    canvas.still(u"well"_s, box.inset(-1), [&](Canvas& layer) { well(layer, box, box.height() / 2); });
     const double width = box.width() * bounded(fraction);
     if (width <= 0)
         return {};
