@@ -175,11 +175,6 @@ WidgetActions::WidgetActions(ProgramLauncher& launcher, NowPlayingService& playe
 {
 }
 
-bool WidgetActions::hasAction(WidgetKind kind)
-{
-    return targetOf(kind).has_value();
-}
-
 QString WidgetActions::open(WidgetKind kind) const
 {
     const std::optional<Target> target = targetOf(kind);

@@ -29,8 +29,6 @@ enum class Kind {
 Kind kind(int code);
 /// "Partly Cloudy"; an em dash for an unknown code.
 QString description(int code);
-/// The name of the symbol; by night some differ.
-QString symbol(int code, bool isDay);
 
 } // namespace WeatherCode
 
