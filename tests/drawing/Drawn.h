@@ -4,17 +4,13 @@
 
 #include "drawing/Canvas.h"
 
-#include <cmath>
-
 namespace ambrelle {
 
-inline constexpr int drawnSide = 120; // points
-
-/// What a canvas of 120 x 120 points shows after `draw`.
-inline QImage drawnWith(const std::function<void(Canvas&)>& draw, const Canvas::Setup& setup = {}, double scale = 1)
+/// What a canvas of that size in points shows after `draw`.
+inline QImage drawnWith(const std::function<void(Canvas&)>& draw, const Canvas::Setup& setup = {}, double scale = 1,
+    const QSizeF& size = {120, 120})
 {
-    const int pixels = static_cast<int>(std::lround(drawnSide * scale));
-    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    QImage image((size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.scale(scale, scale);

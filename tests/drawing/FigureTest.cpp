@@ -29,13 +29,7 @@ QBrush redOverBlue()
 
 QImage pictured(double scale, Finish finish, CanvasRecord* record, const std::function<void(Canvas&)>& draw)
 {
-    QImage image((QSizeF(160, 80) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.scale(scale, scale);
-    Canvas canvas(painter, {.record = record, .ground = Qt::black, .finish = finish});
-    draw(canvas);
-    return image;
+    return drawnWith(draw, {.record = record, .ground = Qt::black, .finish = finish}, scale, {160, 80});
 }
 
 qsizetype inkBetween(const QImage& image, int top, int bottom, const std::function<bool(const QColor&)>& counted)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "drawing/Canvas.h"
+#include "drawing/Drawn.h"
 #include "drawing/PixelMask.h"
 #include "drawing/PixelPaint.h"
 
@@ -58,13 +58,7 @@ constexpr double fractions[] = {0.75, 1, 1.25, 2};
 /// A crisp canvas of 64 x 64 points.
 QImage crispPicture(double scale, const std::function<void(Canvas&)>& draw)
 {
-    QImage image((QSizeF(64, 64) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.scale(scale, scale);
-    Canvas canvas(painter, {.finish = Finish::crisp});
-    draw(canvas);
-    return image;
+    return drawnWith(draw, {.finish = Finish::crisp}, scale, {64, 64});
 }
 
 /// The colours of a picture, the bare ground among them.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Plates.h"
+#include "drawing/Drawn.h"
 
 #include <gtest/gtest.h>
 
@@ -27,18 +28,10 @@ TEST(Plates, SteppedCornersLoseTheirSquares)
 
 TEST(Plates, AShadowLiesAroundItsShapeAndNotUnderIt)
 {
-    QImage image(100, 100, QImage::Format_ARGB32_Premultiplied);
-    const auto shadow = [&](const std::function<void(Canvas&)>& draw) {
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        Canvas canvas(painter, {});
-        draw(canvas);
-        return image.copy();
-    };
     const Box box(20, 20, 60, 50);
-    const QImage rounded = shadow([&](Canvas& canvas) { dropShadow(canvas, box, 8, Qt::black, 0.05, 8, 2); });
+    const QImage rounded = drawnWith([&](Canvas& canvas) { dropShadow(canvas, box, 8, Qt::black, 0.05, 8, 2); });
     const QImage outlined =
-        shadow([&](Canvas& canvas) { dropShadow(canvas, roundedPath(box, 8), Qt::black, 0.05, 8, 2); });
+        drawnWith([&](Canvas& canvas) { dropShadow(canvas, roundedPath(box, 8), Qt::black, 0.05, 8, 2); });
     for (const QImage& picture : {rounded, outlined}) {
         EXPECT_EQ(qAlpha(picture.pixel(50, 45)), 0);
         EXPECT_GT(qAlpha(picture.pixel(50, 71)), qAlpha(picture.pixel(50, 18)));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Charts.h"
+#include "drawing/Drawn.h"
 #include "drawing/Hatch.h"
 #include "drawing/Ribbon.h"
 
@@ -18,13 +19,7 @@ constexpr StrokeManner byHand[] = {StrokeManner::chalk, StrokeManner::marker, St
 
 QImage stroked(StrokeManner manner, const std::function<void(Canvas&)>& draw, double scale = 1)
 {
-    QImage image((QSizeF(120, 60) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.scale(scale, scale);
-    Canvas canvas(painter, {.manner = manner});
-    draw(canvas);
-    return image;
+    return drawnWith(draw, {.manner = manner}, scale, {120, 60});
 }
 
 /// How much of the picture is inked, in whole pixels.

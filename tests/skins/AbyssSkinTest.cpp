@@ -2,9 +2,9 @@
 
 #include "skins/abyss/AbyssGauges.h"
 #include "skins/abyss/AbyssPortholes.h"
+#include "skins/DrawnFace.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
-#include "support/FaceStates.h"
 
 #include <QPainter>
 
@@ -16,19 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct AbyssFrame {
-    QImage image;
-    QList<Canvas::MovingArea> moving;
-};
-
-AbyssFrame abyssFace(WidgetKind kind, FaceState state, const std::optional<QColor>& accent = {})
+DrawnFace abyssFace(WidgetKind kind, FaceState state, const std::optional<QColor>& accent = {})
 {
-    const FaceView face(abyssSkin(accent), view(Skin::abyss, kind).face(), {});
-    AbyssFrame frame{.image = QImage(face.size().toSize(), QImage::Format_RGB32)};
-    frame.image.fill(Qt::black);
-    QPainter painter(&frame.image);
-    frame.moving = face.draw(painter, stateReading(kind, state, QLocale::c()), {}).moving;
-    return frame;
+    return drawnFace({abyssSkin(accent), view(Skin::abyss, kind).face(), {}}, state);
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 
 #include "drawing/Colours.h"
 #include "drawing/Drawn.h"
+#include "skins/DrawnFace.h"
 #include "skins/SkinRegistry.h"
-#include "support/FaceStates.h"
 
 #include <QPainter>
 
@@ -24,19 +24,6 @@ QImage motionOf(const FaceView& face, const Reading& reading, double time)
     face.drawMoving(painter, reading, {.time = time});
     return image;
 }
-
-/// Where it does, and what is written on the face.
-struct Stage {
-    QList<Canvas::MovingArea> moving{};
-    CanvasRecord record{};
-
-    Stage(const FaceView& face, const Reading& reading)
-    {
-        QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
-        QPainter painter(&image);
-        moving = face.drawStill(painter, reading, {.record = &record}).moving;
-    }
-};
 
 Reading batteryAt(int percent)
 {
@@ -73,7 +60,7 @@ TEST(AeroSkin, BubblesRiseInTheGelOnly)
         const FaceView face = view(Skin::aero, kind);
         const Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
         QRectF room;
-        for (const Canvas::MovingArea& part : Stage(face, reading).moving)
+        for (const Canvas::MovingArea& part : drawnFace(face, reading).moving)
             room |= part.area;
         const QImage resting = motionOf(face, reading, 0);
         EXPECT_FALSE(inkOf(resting).isEmpty()) << rawValue(kind).data();
@@ -89,7 +76,7 @@ TEST(AeroSkin, BubblesOfABatteryKeepOffItsFigureAndItsEmptyPart)
 {
     const FaceView face = view(Skin::aero, WidgetKind::battery);
     for (const auto& [percent, rising] : {std::pair(0, false), {4, false}, {50, true}, {73, true}, {98, true}}) {
-        const Stage stage(face, batteryAt(percent));
+        const DrawnFace stage = drawnFace(face, batteryAt(percent));
         EXPECT_EQ(stage.moving.isEmpty(), !rising) << percent;
         const double filled = face.style().inset + 3 + 130.0 * percent / 100;
         for (const Canvas::MovingArea& part : stage.moving) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "skins/apollo/ApolloStyle.h"
+#include "skins/DrawnFace.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
-#include "support/FaceStates.h"
 
 #include <QPainter>
 #include <QSet>
@@ -23,16 +23,11 @@ struct Drawn {
 
 Drawn drawnConsole(WidgetKind kind, FaceState state, const std::optional<QColor>& accent = {})
 {
-    const FaceView face(apolloSkin(accent), view(Skin::apollo, kind).face(), u"test"_s);
-    QImage image(face.size().toSize(), QImage::Format_RGB32);
-    image.fill(Qt::black);
-    QPainter painter(&image);
-    Drawn drawn;
-    drawn.moving = face.draw(painter, stateReading(kind, state, QLocale::c()), {}).moving;
-    painter.end();
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            drawn.colours.insert(image.pixel(x, y));
+    const DrawnFace face = drawnFace({apolloSkin(accent), view(Skin::apollo, kind).face(), u"test"_s}, state);
+    Drawn drawn{.moving = face.moving, .colours = {}};
+    for (int y = 0; y < face.image.height(); ++y) {
+        for (int x = 0; x < face.image.width(); ++x)
+            drawn.colours.insert(face.image.pixel(x, y));
     }
     return drawn;
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "skins/bauhaus/BauhausStyle.h"
+#include "skins/DrawnFace.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
-#include "support/FaceStates.h"
 
 #include <QPainter>
 
@@ -18,12 +18,8 @@ namespace {
 /// How far the nearest ink is from the lower right corner of the face.
 double nearestInk(const FaceView& view, const Reading& reading)
 {
-    QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
-    CanvasRecord record;
-    view.draw(painter, reading, {.record = &record});
     double nearest = 1e6;
-    for (const CanvasMark& mark : record) {
+    for (const CanvasMark& mark : drawnFace(view, reading).record) {
         if (mark.ink.isEmpty())
             continue;
         const QPointF way = view.face().bounds.bottomRight() - mark.ink.bottomRight();
@@ -61,15 +57,6 @@ TEST(Bauhaus, TheShapesOfABatteryFillInOrderFromBelow)
     EXPECT_EQ(image.pixelColor(67, 30), bauhaus::blue); // half of the disc
     EXPECT_EQ(image.pixelColor(67, 8), bauhaus::faint);
     EXPECT_EQ(image.pixelColor(115, 36), bauhaus::faint); // nothing of the triangle
-}
-
-TEST(Bauhaus, AnAccentReplacesTheRedOnly)
-{
-    const QColor plum(128, 56, 166);
-    SkinStyle expected = bauhaus::makeStyle({});
-    expected.accent = plum;
-    EXPECT_EQ(bauhaus::makeStyle(plum), expected);
-    EXPECT_EQ(expected.warn, bauhaus::red);
 }
 
 } // namespace ambrelle

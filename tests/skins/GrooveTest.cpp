@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/Skin.h"
+#include "skins/DrawnFace.h"
 #include "skins/groove/GroovePieces.h"
 #include "skins/groove/GrooveRecord.h"
 #include "skins/groove/GrooveStyle.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
-#include "support/FaceStates.h"
 
 #include "drawing/Colours.h"
 
@@ -24,15 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QLocale grooveLocales[] = {QLocale(QLocale::English, QLocale::UnitedStates), QLocale(QLocale::German)};
-
-QImage grooveImage(const FaceView& face, const Reading& reading, double time)
-{
-    QImage image(face.size().toSize(), QImage::Format_RGB32);
-    image.fill(Qt::black);
-    QPainter painter(&image);
-    face.draw(painter, reading, {.time = time});
-    return image;
-}
 
 /// The topmost pixel of that colour in a column, or the image's height.
 int topOf(const QImage& image, int x, const QColor& colour)
@@ -54,11 +45,7 @@ TEST(Groove, NoTextRunsUnderTheRainbow)
         const double radius = groove::Rainbow::of(face.face()).radius;
         for (const FaceState state : faceStates) {
             for (const QLocale& locale : grooveLocales) {
-                QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
-                QPainter painter(&image);
-                CanvasRecord record;
-                face.draw(painter, stateReading(kind, state, locale), {.record = &record});
-                for (const CanvasMark& mark : record) {
+                for (const CanvasMark& mark : drawnFace(face, stateReading(kind, state, locale)).record) {
                     const QPointF way = face.face().bounds.bottomRight() - mark.ink.bottomRight();
                     EXPECT_GE(std::hypot(way.x(), way.y()), radius + clearance)
                         << rawValue(kind).data() << ", state " << static_cast<int>(state) << ": "
@@ -76,16 +63,6 @@ TEST(Groove, LettersOnFillsCanBeReadWhateverTheAccent)
         for (const QColor& fill : {style.accent, style.accent2, style.up, style.down})
             EXPECT_GE(contrast(groove::onFill(fill), fill), 4.5) << qPrintable(choice.name);
     }
-}
-
-TEST(Groove, AnAccentReplacesTheOrangeOnly)
-{
-    const QColor mint(102, 242, 184);
-    SkinStyle expected = groove::makeStyle({});
-    EXPECT_EQ(groove::stripes(expected, expected.accent),
-        QList<QColor>({expected.accent3, expected.accent, expected.accent2}));
-    expected.accent = mint;
-    EXPECT_EQ(groove::makeStyle(mint), expected);
 }
 
 TEST(Groove, TheSunRisesWithTheCharge)
@@ -125,21 +102,20 @@ TEST(Groove, NothingMovesButARecordThatPlays)
 {
     for (const WidgetKind kind : allCases<WidgetKind>()) {
         const FaceView face = view(Skin::groove, kind);
-        QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
-        QPainter painter(&image);
         Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
         auto* const track = std::get_if<NowPlayingReading>(&reading);
         if (track)
             track->playing = true;
-        EXPECT_EQ(face.draw(painter, reading, {}).moving.size(), track ? 1 : 0) << rawValue(kind).data();
+        EXPECT_EQ(drawnFace(face, reading).moving.size(), track ? 1 : 0) << rawValue(kind).data();
         if (!track)
             continue;
-        const QImage printed = grooveImage(face, reading, 0);
-        EXPECT_NE(grooveImage(face, reading, groove::secondsPerTurn / 3), printed);
-        EXPECT_EQ(grooveImage(face, reading, groove::secondsPerTurn * 4), printed);
+        const QImage printed = drawnFace(face, reading).image;
+        EXPECT_NE(drawnFace(face, reading, groove::secondsPerTurn / 3).image, printed);
+        EXPECT_EQ(drawnFace(face, reading, groove::secondsPerTurn * 4).image, printed);
         track->playing = false;
-        EXPECT_TRUE(face.draw(painter, reading, {}).moving.isEmpty());
-        EXPECT_NE(grooveImage(face, reading, 0), printed) << "the arm does not tell that the music stopped";
+        const DrawnFace resting = drawnFace(face, reading);
+        EXPECT_TRUE(resting.moving.isEmpty());
+        EXPECT_NE(resting.image, printed) << "the arm does not tell that the music stopped";
     }
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "skins/DrawnFace.h"
 #include "skins/grove/GrovePieces.h"
 #include "skins/grove/GroveStyle.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
-#include "support/FaceStates.h"
 
 #include <QPainter>
 
@@ -47,11 +47,8 @@ TEST(Grove, NoTextRunsIntoTheSprig)
         const FaceView face = view(Skin::grove, kind);
         const QPointF corner = face.face().bounds.inset(face.style().inset - overhang).bottomRight();
         for (const FaceState state : faceStates) {
-            CanvasRecord record;
-            QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
-            QPainter painter(&image);
-            face.draw(painter, stateReading(kind, state, QLocale(QLocale::German)), {.record = &record});
-            for (const CanvasMark& mark : record)
+            const Reading reading = stateReading(kind, state, QLocale(QLocale::German));
+            for (const CanvasMark& mark : drawnFace(face, reading).record)
                 EXPECT_TRUE(mark.ink.right() <= corner.x() && mark.ink.bottom() <= corner.y())
                     << rawValue(kind).data() << ", state " << static_cast<int>(state) << ": " << qPrintable(mark.text);
         }
@@ -88,14 +85,6 @@ TEST(Grove, PartsOfAWholeDifferWithoutTheirColours)
         strengths.insert(sum / (28 * 28 * 20)); // in steps of twenty
     }
     EXPECT_EQ(strengths.size(), 3);
-}
-
-TEST(Grove, AnAccentReplacesTheGoldOnly)
-{
-    const QColor plum(128, 56, 166);
-    SkinStyle expected = grove::makeStyle({});
-    expected.accent = plum;
-    EXPECT_EQ(grove::makeStyle(plum), expected);
 }
 
 } // namespace ambrelle

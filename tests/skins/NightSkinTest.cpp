@@ -2,15 +2,16 @@
 
 #include "skins/night/NightSkin.h"
 
+#include "skins/DrawnFace.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
-#include "support/FaceStates.h"
 
 #include <QPainter>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace ambrelle {
@@ -24,20 +25,6 @@ struct NightMember {
 
 constexpr NightMember nightSkins[] = {{Skin::obsidian, obsidianSkin}, {Skin::midnight, midnightSkin},
     {Skin::pulse, pulseSkin}, {Skin::prism, prismSkin}, {Skin::carbon, carbonSkin}, {Skin::velvet, velvetSkin}};
-
-TEST(NightLook, AnAccentReplacesTheAccentOnly)
-{
-    const QColor mint(102, 242, 184);
-    for (const auto& [skin, make] : nightSkins) {
-        NightLook expected = NightLook::of(skin);
-        EXPECT_EQ(expected.skin, skin);
-        EXPECT_NE(expected.accent, mint);
-        expected.accent = mint;
-        EXPECT_EQ(NightLook::of(skin, mint), expected);
-        EXPECT_EQ(make(mint)->style(), expected.style());
-    }
-    EXPECT_EQ(NightLook::of(Skin::paper), NightLook::of(Skin::obsidian));
-}
 
 /// Where there is strong ink in what `draw` paints about the middle.
 QRect strongInkOf(const std::function<void(Canvas&)>& draw)
@@ -78,23 +65,6 @@ TEST(NightSkin, LevelsAndPartsFillTheirBoxAndKeepToIt)
     }
 }
 
-struct Frame {
-    QImage image;
-    QRegion moving;
-};
-
-Frame frameAt(Skin skin, WidgetKind kind, double time)
-{
-    const FaceView face = view(skin, kind);
-    Frame frame{QImage(face.size().toSize(), QImage::Format_RGB32), {}};
-    frame.image.fill(Qt::black);
-    QPainter painter(&frame.image);
-    const Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
-    for (const Canvas::MovingArea& part : face.draw(painter, reading, {.time = time}).moving)
-        frame.moving += part.area.toAlignedRect();
-    return frame;
-}
-
 struct Moment {
     Skin skin;
     WidgetKind kind;
@@ -110,15 +80,17 @@ TEST(NightSkin, WhatMovesKeepsToItsAreasAndRestsAsItIsPrinted)
         {Skin::midnight, WidgetKind::cpu, 1.5}, {Skin::midnight, WidgetKind::network, 1.5},
         {Skin::midnight, WidgetKind::nowPlaying, 0.7}, {Skin::pulse, WidgetKind::cpu, beat + 0.25, beat + 1}};
     for (const auto& [skin, kind, time, resting] : moments) {
-        const QImage printed = frameAt(skin, kind, 0).image;
+        const auto at = [face = view(skin, kind)](double when) { return drawnFace(face, FaceState::sample, when); };
+        const QImage printed = at(0).image;
         if (resting) {
-            EXPECT_EQ(printed, frameAt(skin, kind, *resting).image) << rawValue(skin).data();
+            EXPECT_EQ(printed, at(*resting).image) << rawValue(skin).data();
         }
-        const Frame moved = frameAt(skin, kind, time);
+        const DrawnFace moved = at(time);
+        const QRegion moving = moved.movingRegion();
         EXPECT_NE(printed, moved.image) << rawValue(skin).data();
         for (int y = 0; y < printed.height(); ++y) {
             for (int x = 0; x < printed.width(); ++x) {
-                if (!moved.moving.contains(QPoint(x, y))) {
+                if (!moving.contains(QPoint(x, y))) {
                     ASSERT_EQ(printed.pixel(x, y), moved.image.pixel(x, y)) << rawValue(kind).data() << x << ' ' << y;
                 }
             }
@@ -126,38 +98,29 @@ TEST(NightSkin, WhatMovesKeepsToItsAreasAndRestsAsItIsPrinted)
     }
 }
 
-CanvasRecord marksOf(Skin skin, WidgetKind kind, const Reading& reading)
+bool shows(WidgetKind kind, const Reading& reading, const QString& text)
 {
-    QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
-    CanvasRecord record;
-    view(skin, kind).draw(painter, reading, {.record = &record});
-    return record;
-}
-
-bool shows(const CanvasRecord& record, const QString& text)
-{
-    return std::ranges::any_of(record, [&](const CanvasMark& mark) { return mark.text == text; });
+    return std::ranges::any_of(drawnFace(view(Skin::midnight, kind), reading).record,
+        [&](const CanvasMark& mark) { return mark.text == text; });
 }
 
 TEST(MidnightSkin, AChipTellsTheTrendAndGivesWayToTheTitle)
 {
     using namespace Qt::StringLiterals;
     CpuReading cpu{.percent = 70, .history = {0, 0, 0.3, 0.9, 0.7}};
-    const CanvasRecord rising = marksOf(Skin::midnight, WidgetKind::cpu, cpu);
-    EXPECT_TRUE(shows(rising, u"arrow.up"_s) && shows(rising, u"40%"_s));
+    EXPECT_TRUE(shows(WidgetKind::cpu, cpu, u"arrow.up"_s) && shows(WidgetKind::cpu, cpu, u"40%"_s));
     cpu.history = {0.9, 0.7};
-    EXPECT_TRUE(shows(marksOf(Skin::midnight, WidgetKind::cpu, cpu), u"arrow.down"_s));
+    EXPECT_TRUE(shows(WidgetKind::cpu, cpu, u"arrow.down"_s));
     cpu.history = {0, 0, 0};
-    EXPECT_TRUE(shows(marksOf(Skin::midnight, WidgetKind::cpu, cpu), u"0%"_s));
+    EXPECT_TRUE(shows(WidgetKind::cpu, cpu, u"0%"_s));
 
     CalendarReading month{.month = u"May"_s, .year = u"2026"_s};
-    EXPECT_TRUE(shows(marksOf(Skin::midnight, WidgetKind::calendar, month), month.year));
+    EXPECT_TRUE(shows(WidgetKind::calendar, month, month.year));
     month.month = u"A month of a very long name"_s;
-    EXPECT_FALSE(shows(marksOf(Skin::midnight, WidgetKind::calendar, month), month.year));
+    EXPECT_FALSE(shows(WidgetKind::calendar, month, month.year));
 
     const BatteryReading battery{.state = u"On battery power of the dock"_s, .remaining = u"99:59 until it is full"_s};
-    EXPECT_TRUE(shows(marksOf(Skin::midnight, WidgetKind::battery, battery), battery.remaining));
+    EXPECT_TRUE(shows(WidgetKind::battery, battery, battery.remaining));
 }
 
 /// How many pixels are rather of the colour than of black.
@@ -180,15 +143,79 @@ TEST(PulseSkin, RingsOfTheClockCloseWhenTheyComeRound)
     const NightLook look = NightLook::of(Skin::pulse);
     const auto lit = [&](int hour, int minute, int second, const QColor& colour) {
         const ClockReading reading{.second = second, .hour24 = hour, .minute = minute};
-        const FaceView face = view(Skin::pulse, WidgetKind::clock);
-        QImage image(face.size().toSize(), QImage::Format_RGB32);
-        QPainter painter(&image);
-        face.draw(painter, reading, {});
-        return pixelsNear(image, colour);
+        return pixelsNear(drawnFace(view(Skin::pulse, WidgetKind::clock), reading).image, colour);
     };
     EXPECT_GT(lit(0, 0, 0, look.accent), 3 * lit(3, 0, 0, look.accent));
     EXPECT_GT(lit(0, 0, 0, look.accent2), 3 * lit(0, 15, 0, look.accent2));
     EXPECT_GT(lit(0, 0, 0, look.accent3), 3 * lit(0, 0, 15, look.accent3));
+}
+
+TEST(PrismSkin, AGlintCrossesThePlateAndLeavesNothingBehind)
+{
+    constexpr double start = 16 * 10 - 1.37; // of a crossing of the clock
+    const auto clock = [](double time) {
+        return drawnFace(view(Skin::prism, WidgetKind::clock), FaceState::sample, time).image;
+    };
+    const QImage printed = clock(0);
+    EXPECT_EQ(printed, clock(start + 5));
+    EXPECT_NE(printed, clock(start + 0.4));
+    EXPECT_NE(clock(start + 0.4), clock(start + 0.8));
+}
+
+TEST(CarbonSkin, ItsLampsChaseBeyondTheRedLineOnly)
+{
+    const auto cpu = [](FaceState state, double time) {
+        return drawnFace(view(Skin::carbon, WidgetKind::cpu), state, time);
+    };
+    EXPECT_TRUE(cpu(FaceState::sample, 100).moving.isEmpty());
+    const DrawnFace printed = cpu(FaceState::extreme, 0);
+    const QRect lamps = printed.movingRegion().boundingRect();
+    EXPECT_LT(lamps.height(), 20);
+    QList<QImage> seen;
+    for (int step = 0; step < 6; ++step) {
+        const QImage image = cpu(FaceState::extreme, 100.05 + step * 0.1).image.copy(lamps);
+        EXPECT_FALSE(seen.contains(image)) << step; // each lamp dark in turn, and all lit
+        seen.append(image);
+    }
+    EXPECT_TRUE(seen.contains(printed.image.copy(lamps)));
+}
+
+TEST(NightFaces, AnAlmostEmptyBatteryShowsItsLastBit)
+{
+    const Box box(10, 8, 140, 44);
+    for (const auto& [skin, make] : nightSkins) {
+        const auto renderer = make({});
+        const auto pictureAt = [&](double level) {
+            QImage image(160, 60, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            Canvas canvas(painter, {});
+            renderer->charge(canvas, box, {.level = level, .low = true});
+            return image;
+        };
+        EXPECT_NE(pictureAt(0), pictureAt(0.01)) << rawValue(skin).data();
+    }
+}
+
+TEST(PartFills, PartsOfAWholeDifferInEveryAccent)
+{
+    constexpr double least = 50; // of 441, the way from black to white
+    const auto apart = [](const QBrush& one, const QBrush& other) {
+        const QColor a = one.color();
+        const QColor b = other.color();
+        return std::hypot(a.red() - b.red(), a.green() - b.green(), a.blue() - b.blue());
+    };
+    QList<NightMember> skins(std::begin(nightSkins), std::end(nightSkins));
+    skins.append({Skin::overdrive, overdriveSkin});
+    for (const auto& [skin, make] : skins) {
+        for (const AccentChoice& choice : accentChoices(skin)) {
+            const QList<QBrush> fills = make(choice.color)->partFills();
+            ASSERT_EQ(fills.size(), 3);
+            for (const auto& [one, other] : {std::pair(0, 1), {0, 2}, {1, 2}})
+                EXPECT_GT(apart(fills[one], fills[other]), least)
+                    << rawValue(skin).data() << ' ' << qPrintable(choice.name);
+        }
+    }
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
+#include "skins/DrawnFace.h"
 #include "skins/overdrive/OverdrivePieces.h"
 #include "skins/overdrive/OverdriveStyle.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
-#include "support/FaceStates.h"
 
 #include <QPainter>
 
@@ -30,15 +30,6 @@ double startOfGlitch(WidgetKind kind)
     return period * 10 - overdrive::glitchSeed(kind) * seedShift;
 }
 
-QImage overdriveAt(const FaceView& face, const Reading& reading, double time, CanvasRecord* record = nullptr)
-{
-    QImage image(face.size().toSize(), QImage::Format_RGB32);
-    image.fill(Qt::black);
-    QPainter painter(&image);
-    face.draw(painter, reading, {.time = time, .record = record});
-    return image;
-}
-
 const QList<WidgetKind> torn{WidgetKind::clock, WidgetKind::cpu, WidgetKind::memory, WidgetKind::disk,
     WidgetKind::battery, WidgetKind::downloads, WidgetKind::weather};
 
@@ -48,14 +39,14 @@ TEST(OverdriveSkin, ChiefFiguresTearForAMomentAndStandWholeElse)
 {
     for (const WidgetKind kind : allCases<WidgetKind>()) {
         const FaceView face = view(Skin::overdrive, kind);
-        const Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
-        const QImage printed = overdriveAt(face, reading, 0);
+        const auto at = [&](double time) { return drawnFace(face, FaceState::sample, time).image; };
+        const QImage printed = at(0);
         const double start = startOfGlitch(kind);
         for (const double between : {start - 0.01, start + length + 0.01, start + period / 2})
-            EXPECT_EQ(printed, overdriveAt(face, reading, between)) << rawValue(kind).data();
+            EXPECT_EQ(printed, at(between)) << rawValue(kind).data();
         int changed = 0;
         for (const double within : {0.01, 0.15, 0.29})
-            changed += overdriveAt(face, reading, start + within) == printed ? 0 : 1;
+            changed += at(start + within) == printed ? 0 : 1;
         EXPECT_EQ(changed, torn.contains(kind) ? 3 : 0) << rawValue(kind).data();
     }
 }
@@ -65,11 +56,8 @@ TEST(OverdriveSkin, SlicesStandBesideTheirFigureWhateverItShows)
     for (const WidgetKind kind : torn) {
         const FaceView face = view(Skin::overdrive, kind);
         for (const FaceState state : {FaceState::sample, FaceState::quiet, FaceState::extreme}) {
-            const Reading reading = stateReading(kind, state, QLocale::c());
-            CanvasRecord still;
-            CanvasRecord all;
-            overdriveAt(face, reading, 0, &still);
-            overdriveAt(face, reading, startOfGlitch(kind) + 0.1, &all);
+            const CanvasRecord still = drawnFace(face, state).record;
+            const CanvasRecord all = drawnFace(face, state, startOfGlitch(kind) + 0.1).record;
             ASSERT_GT(all.size(), still.size());
             for (const CanvasMark& slice : all.sliced(still.size())) {
                 const bool besideItsFigure = std::ranges::any_of(still, [&](const CanvasMark& mark) {
@@ -81,34 +69,6 @@ TEST(OverdriveSkin, SlicesStandBesideTheirFigureWhateverItShows)
                     << rawValue(kind).data() << ", state " << static_cast<int>(state) << ": " << qPrintable(slice.text);
             }
         }
-    }
-}
-
-TEST(OverdriveSkin, AnAccentReplacesTheYellowOnly)
-{
-    const QColor acid(158, 255, 26);
-    SkinStyle expected = overdrive::makeStyle({});
-    expected.accent = acid;
-    EXPECT_EQ(overdrive::makeStyle(acid), expected);
-    for (const QColor& colour : {expected.up, expected.accent2})
-        EXPECT_EQ(colour, overdrive::cyan);
-    for (const QColor& colour : {expected.down, expected.accent3, expected.warn})
-        EXPECT_EQ(colour, overdrive::red);
-}
-
-TEST(OverdriveSkin, PartsOfAWholeDifferInEveryAccent)
-{
-    constexpr double least = 60; // of 441, the way from black to white
-    const auto apart = [](const QBrush& one, const QBrush& other) {
-        const QColor a = one.color();
-        const QColor b = other.color();
-        return std::hypot(a.red() - b.red(), a.green() - b.green(), a.blue() - b.blue());
-    };
-    for (const AccentChoice& choice : accentChoices(Skin::overdrive)) {
-        const QList<QBrush> fills = overdriveSkin(choice.color)->partFills();
-        ASSERT_EQ(fills.size(), 3);
-        for (const auto& [one, other] : {std::pair(0, 1), {0, 2}, {1, 2}})
-            EXPECT_GT(apart(fills[one], fills[other]), least) << qPrintable(choice.name);
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 
+#include "skins/DrawnFace.h"
 #include "skins/quest/SkySprites.h"
 #include "skins/SkinRegistry.h"
 
@@ -31,10 +32,7 @@ TEST(QuestSkin, SkiesAndTheirFramesDiffer)
 TEST(QuestSkin, MovesOnlyWhatHappens)
 {
     const auto movingParts = [](WidgetKind kind, const Reading& reading) {
-        const FaceView face = view(Skin::quest, kind);
-        QImage image(face.size().toSize(), QImage::Format_RGB32);
-        QPainter painter(&image);
-        return face.drawStill(painter, reading, {}).moving.size();
+        return drawnFace(view(Skin::quest, kind), reading).moving.size();
     };
     BatteryReading battery{.percent = 40, .level = 0.4};
     EXPECT_EQ(movingParts(WidgetKind::battery, battery), 0) << "no heart blinks without the charger";

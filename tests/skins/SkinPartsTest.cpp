@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 
+#include "model/ThemeAccent.h"
 #include "skins/classic/BitPictures.h"
+#include "skins/DrawnFace.h"
 #include "skins/hifi/Nixie.h"
 #include "skins/hifi/VuMeter.h"
 #include "skins/minimal/MinimalLook.h"
 #include "skins/neon/NeonStyle.h"
 #include "skins/SkinRegistry.h"
 #include "skins/Skins.h"
-#include "support/FaceStates.h"
 
 #include <QPainter>
 
@@ -23,12 +24,7 @@ namespace {
 
 QImage clockAt(double time)
 {
-    const FaceView clock = view(Skin::classic, WidgetKind::clock);
-    QImage image(clock.size().toSize(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    clock.draw(painter, stateReading(WidgetKind::clock, FaceState::sample, QLocale::c()), {.time = time});
-    return image;
+    return drawnFace(view(Skin::classic, WidgetKind::clock), FaceState::sample, time).image;
 }
 
 TEST(ClassicSkin, WeatherPicturesFillTheirGridAndDiffer)
@@ -52,11 +48,8 @@ TEST(ClassicSkin, WeatherPicturesFillTheirGridAndDiffer)
 TEST(MemoryFaces, PartsOfTheMemoryKeepTheirUnits)
 {
     const Reading reading = stateReading(WidgetKind::memory, FaceState::sample, QLocale::c());
-    QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
     for (const Skin skin : allCases<Skin>()) {
-        QPainter painter(&image);
-        CanvasRecord record;
-        view(skin, WidgetKind::memory).draw(painter, reading, {.record = &record});
+        const CanvasRecord record = drawnFace(view(skin, WidgetKind::memory), reading).record;
         for (const Share& part : std::get<MemoryReading>(reading).parts) {
             const auto tells = [&](const QString& text) {
                 return std::ranges::any_of(record, [&](const CanvasMark& mark) { return mark.text == text; });
@@ -145,26 +138,19 @@ TEST(MinimalLook, ChangingBetweenLightAndDarkMovesNothing)
     EXPECT_NE(measuresOf(Skin::slate), measuresOf(Skin::field));
 }
 
-TEST(MinimalLook, AnAccentReplacesTheAccentOnly)
-{
-    const QColor coral(255, 115, 102);
-    for (const Skin skin : {Skin::polar, Skin::mono, Skin::slate, Skin::lumen, Skin::field, Skin::fieldDark}) {
-        MinimalLook expected = MinimalLook::original(skin);
-        EXPECT_EQ(expected.skin, skin);
-        expected.accent = coral;
-        EXPECT_EQ(MinimalLook::original(skin).accented(coral), expected);
-        EXPECT_EQ(expected.style().accent, coral);
-    }
-}
-
 } // namespace
-QImage neonAt(const FaceView& face, double time)
+
+TEST(SkinStyles, AnAccentReplacesTheSkinsOwnAndNothingElse)
 {
-    QImage image(face.size().toSize(), QImage::Format_RGB32);
-    image.fill(Qt::black);
-    QPainter painter(&image);
-    face.draw(painter, stateReading(face.face().kind, FaceState::sample, QLocale::c()), {.time = time});
-    return image;
+    const QColor mint(102, 242, 184);
+    for (const Skin skin : allCases<Skin>()) {
+        SkinStyle expected = styleOf(skin);
+        EXPECT_NE(expected.accent, mint);
+        if (!accentChoices(skin).isEmpty())
+            expected.accent = mint;
+        ThemeAccent::shared().withPreview(
+            mint, skin, [&] { EXPECT_EQ(styleOf(skin), expected) << rawValue(skin).data(); });
+    }
 }
 
 TEST(NeonSkin, EverySignBurnsInThePrintedFrameAndFlickersAtItsOwnMoment)
@@ -175,9 +161,10 @@ TEST(NeonSkin, EverySignBurnsInThePrintedFrameAndFlickersAtItsOwnMoment)
         const FaceView face = view(Skin::neon, kind);
         const double seed = static_cast<int>(kind) + 1;
         const double burst = period * 10 - seed * seedShift;
-        const QImage printed = neonAt(face, 0);
-        EXPECT_EQ(printed, neonAt(face, burst + 1)) << rawValue(kind).data() << " is not steady between two bursts";
-        EXPECT_NE(printed, neonAt(face, burst + 0.001)) << rawValue(kind).data() << " never flickers";
+        const auto at = [&](double time) { return drawnFace(face, FaceState::sample, time).image; };
+        const QImage printed = at(0);
+        EXPECT_EQ(printed, at(burst + 1)) << rawValue(kind).data() << " is not steady between two bursts";
+        EXPECT_NE(printed, at(burst + 0.001)) << rawValue(kind).data() << " never flickers";
     }
 }
 
@@ -193,8 +180,7 @@ TEST(NeonSkin, OnlyWhatTheScriptCanWriteIsWrittenInIt)
 TEST(NeonSkin, AnotherAccentLeavesTheOtherTubesAlone)
 {
     const auto drawn = [](WidgetKind kind, const std::optional<QColor>& accent) {
-        const FaceView face(neonSkin(accent), view(Skin::neon, kind).face(), {});
-        return neonAt(face, 0);
+        return drawnFace({neonSkin(accent), view(Skin::neon, kind).face(), {}}).image;
     };
     const QColor lime(0x99, 0xFF, 0x33);
     EXPECT_EQ(drawn(WidgetKind::network, lime), drawn(WidgetKind::network, {}));
@@ -204,13 +190,9 @@ TEST(NeonSkin, AnotherAccentLeavesTheOtherTubesAlone)
 TEST(PaperSkin, NothingMovesAndOnlyTheMarksFollowTheAccent)
 {
     const auto drawn = [](WidgetKind kind, const std::optional<QColor>& accent) {
-        const FaceView face(paperSkin(accent), view(Skin::paper, kind).face(), {});
-        QImage image(face.size().toSize(), QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        const Reading reading = stateReading(kind, FaceState::sample, QLocale::c());
-        EXPECT_TRUE(face.draw(painter, reading, {}).moving.isEmpty()) << rawValue(kind).data();
-        return image;
+        const DrawnFace face = drawnFace({paperSkin(accent), view(Skin::paper, kind).face(), {}});
+        EXPECT_TRUE(face.moving.isEmpty()) << rawValue(kind).data();
+        return face.image;
     };
     const QColor cobalt(0x1F, 0x59, 0xD9);
     using enum WidgetKind;
