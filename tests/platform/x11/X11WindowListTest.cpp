@@ -48,6 +48,7 @@ protected:
         return waitUntil([&] { return told > 0; })
             && waitUntil([&] { return expected(list.windows().value_or(QList<OnscreenWindow>())); });
     }
+    static void tool(const QStringList& arguments) { ASSERT_TRUE(runTool(u"xdotool"_s, arguments)); }
     bool isSilent()
     {
         rest(600);
@@ -93,94 +94,78 @@ TEST_F(X11WindowListTest, TellsKindsOfWindowsApartAndLeavesOutItsOwn)
     }
 }
 
-TEST_F(X11WindowListTest, TellsEveryChangeThatMattersAndNothingElse)
+TEST_F(X11WindowListTest, TellsEveryChangeThatMatters)
 {
     using Windows = QList<OnscreenWindow>;
-    const auto isEmpty = [](const Windows& windows) { return windows.isEmpty(); };
-    const auto isAlone = [this](const QRect& where) {
-        return [=, this](const Windows& w) { return w.size() == 1 && isAt(w.first(), where); };
-    };
-    const auto tool = [](const QStringList& arguments) { ASSERT_TRUE(runTool(u"xdotool"_s, arguments)); };
+    using Action = std::function<void()>;
     list.setWatching(true);
     const xcb_window_t window = onlooker.openWindow(place, windowColour);
     const QString id = QString::number(window);
     const QRect moved = place.translated(150, 90);
     const QRect grown = moved.adjusted(0, 0, 70, 40);
+    const auto isEmpty = [](const Windows& windows) { return windows.isEmpty(); };
+    const auto isAlone = [this](const QRect& where) {
+        return [=, this](const Windows& windows) { return windows.size() == 1 && isAt(windows.first(), where); };
+    };
+    const auto isFaint = [](const Windows& windows) {
+        return windows.size() == 1 && std::abs(windows.first().alpha - 0.25) < 0.001;
+    };
+    const auto places = [&](const QRect& where) -> Action { return [&, where] { onlooker.place(window, where); }; };
+    const auto sets = [&](const char* name, const std::vector<uint32_t>& values) -> Action {
+        return [=, this] { onlooker.setValues(window, name, XCB_ATOM_CARDINAL, values); };
+    };
+    const auto calls = [](const QStringList& arguments) -> Action { return [=] { tool(arguments); }; };
     struct Step {
         const char* what;
-        std::function<void()> take;
+        Action take;
         std::function<bool(const Windows&)> expected;
     };
     const Step steps[] = {
         {"opened", [] {}, isAlone(place)},
-        {"moved", [&] { onlooker.place(window, moved); }, isAlone(moved)},
-        {"resized", [&] { onlooker.place(window, grown); }, isAlone(grown)},
-        {"faded", [&] { onlooker.setValues(window, "_NET_WM_WINDOW_OPACITY", XCB_ATOM_CARDINAL, {0x40000000}); },
-            [](const Windows& w) { return w.size() == 1 && std::abs(w.first().alpha - 0.25) < 0.001; }},
-        {"a shadow of its own",
-            [&] {
-                onlooker.setValues(window, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {20, 20, 10, 30});
-            },
-            [&](const Windows& w) { return w.size() == 1 && isAt(w.first(), grown.adjusted(20, 10, -20, -30)); }},
-        {"no shadow any more",
-            [&] {
-                onlooker.setValues(window, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {0, 0, 0, 0});
-            },
-            isAlone(grown)},
-        {"minimised",
-            [&] {
-                tool({"windowminimize", id});
-            },
-            isEmpty},
-        {"restored",
-            [&] {
-                tool({"windowactivate", id});
-            },
-            isAlone(grown)},
-        {"on another desktop",
-            [&] {
-                tool({"set_desktop_for_window", id, "1"});
-            },
-            isEmpty},
-        {"that desktop shown",
-            [&] {
-                tool({"set_desktop", "1"});
-            },
-            isAlone(grown)},
-        {"and left",
-            [&] {
-                tool({"set_desktop", "0"});
-            },
-            isEmpty},
-        {"brought along",
-            [&] {
-                tool({"set_desktop_for_window", id, "0"});
-            },
-            isAlone(grown)},
+        {"moved", places(moved), isAlone(moved)},
+        {"resized", places(grown), isAlone(grown)},
+        {"faded", sets("_NET_WM_WINDOW_OPACITY", {0x40000000}), isFaint},
+        {"a shadow of its own", sets("_GTK_FRAME_EXTENTS", {20, 20, 10, 30}),
+            isAlone(grown.adjusted(20, 10, -20, -30))},
+        {"no shadow any more", sets("_GTK_FRAME_EXTENTS", {0, 0, 0, 0}), isAlone(grown)},
+        {"minimised", calls({u"windowminimize"_s, id}), isEmpty},
+        {"restored", calls({u"windowactivate"_s, id}), isAlone(grown)},
+        {"on another desktop", calls({u"set_desktop_for_window"_s, id, u"1"_s}), isEmpty},
+        {"that desktop shown", calls({u"set_desktop"_s, u"1"_s}), isAlone(grown)},
+        {"and left", calls({u"set_desktop"_s, u"0"_s}), isEmpty},
+        {"brought along", calls({u"set_desktop_for_window"_s, id, u"0"_s}), isAlone(grown)},
         {"the desktop shown", [&] { onlooker.showDesktop(true); }, isEmpty},
         {"no longer", [&] { onlooker.showDesktop(false); }, isAlone(grown)},
     };
-    tool({"set_num_desktops", "2"});
+    tool({u"set_num_desktops"_s, u"2"_s});
     for (const Step& step : steps) {
         step.take();
         EXPECT_TRUE(becomes(step.expected)) << step.what;
         rest(300);
         told = 0;
     }
+    onlooker.closeWindow(window);
+}
+
+TEST_F(X11WindowListTest, TellsNothingElse)
+{
+    list.setWatching(true);
+    const xcb_window_t window = onlooker.openWindow(place, windowColour);
     onlooker.setValues(window, "_MOTIF_WM_HINTS", XCB_ATOM_CARDINAL, {2, 0, 1, 0, 0}); // a title bar
     EXPECT_TRUE(isSilent()) << "nothing moves";
     const std::vector<uint32_t> frame = onlooker.values(window, "_NET_FRAME_EXTENTS");
     ASSERT_EQ(frame.size(), 4U);
     const auto side = [&](std::size_t index) { return static_cast<int>(frame[index]); };
-    EXPECT_TRUE(isAlone(onlooker.geometry(window).adjusted(-side(0), -side(2), side(1), side(3)))(*list.windows()));
-    tool({"set_window", "--name", "another title", id});
+    const QRect framed = onlooker.geometry(window).adjusted(-side(0), -side(2), side(1), side(3));
+    EXPECT_TRUE(isAt(list.windows()->first(), framed));
+    tool({u"set_window"_s, u"--name"_s, u"another title"_s, QString::number(window)});
     rest(400);
     EXPECT_EQ(told, 0) << "a new title";
     panel->setFrame({300, 100, 200, 200});
     rest(400);
     EXPECT_EQ(told, 0) << "a panel of our own";
     for (int step = 0; step < 50; ++step) {
-        onlooker.place(window, grown.translated(-step, 0));
+        onlooker.place(window, place.translated(-step, 0));
         rest(10);
     }
     EXPECT_GE(told, 1) << "during a long drag";
