@@ -229,8 +229,8 @@ TEST(PictureStructure, DamagedFilesHarmNothing)
     const QByteArray originals[] = {encoded(halves({64, 64}), "jpg"), encoded(halves({64, 64}), "jpg", true),
         turned(encoded(halves({64, 64}), "jpg")), encoded(halves({64, 64}), "png"), encoded(halves({64, 64}), "webp"),
         QByteArray::fromBase64("R0lGODlhAQABAIAAAP8AAAAAACwAAAAAAQABAAACAkQBADs=")};
-    const int rounds = qEnvironmentVariableIntValue("AMBRELLE_FUZZ_ROUNDS");
-    for (int round = 0; round < std::max(rounds, 400); ++round) {
+    const int rounds = qEnvironmentVariable("AMBRELLE_MUTATIONS", u"400"_s).toInt();
+    for (int round = 0; round < rounds; ++round) {
         QByteArray bytes = originals[round % std::ssize(originals)];
         if (random.bounded(2) == 0)
             bytes.truncate(1 + random.bounded(static_cast<int>(bytes.size())));

@@ -108,8 +108,8 @@ TEST(MprisAnswerTest, NonsenseHarmsNothing)
         default: return {};
         }
     };
-    const int rounds = qEnvironmentVariableIntValue("AMBRELLE_FUZZ_ROUNDS");
-    for (int round = 0; round < std::max(rounds, 200); ++round) {
+    const int rounds = qEnvironmentVariable("AMBRELLE_MUTATIONS", u"200"_s).toInt();
+    for (int round = 0; round < rounds; ++round) {
         QVariantMap metadata;
         for (const char* name : {"xesam:title", "xesam:artist", "xesam:url", "mpris:artUrl", "mpris:length"})
             metadata.insert(QLatin1StringView(name), value());
