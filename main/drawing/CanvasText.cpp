@@ -2,8 +2,6 @@
 
 #include "drawing/Canvas.h"
 
-#include "drawing/Colours.h"
-#include "drawing/Pens.h"
 #include "drawing/PixelPaint.h"
 
 #include <cmath>

@@ -3,7 +3,6 @@
 #include "app/Information.h"
 #include "app/Program.h"
 #include "app/Relaunch.h"
-#include "app/StartRequest.h"
 #include "app/UpdateCheck.h"
 #include "desktop/WidgetManager.h"
 #include "support/WaitUntil.h"

@@ -5,7 +5,6 @@
 #include "model/Composition.h"
 #include "model/ThemeAccent.h"
 #include "platform/headless/HeadlessMachine.h"
-#include "skins/WallpaperRecipes.h"
 #include "support/TestFolder.h"
 #include "support/WaitUntil.h"
 

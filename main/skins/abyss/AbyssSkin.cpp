@@ -7,7 +7,6 @@
 #include "drawing/Colours.h"
 #include "drawing/Fraction.h"
 #include "drawing/Gradients.h"
-#include "drawing/Pens.h"
 #include "drawing/Plates.h"
 #include "faces/FaceKit.h"
 #include "skins/abyss/AbyssGauges.h"

@@ -8,7 +8,6 @@
 #include "drawing/Fraction.h"
 #include "drawing/Gauge.h"
 #include "drawing/Gradients.h"
-#include "drawing/Pens.h"
 #include "faces/FaceKit.h"
 #include "skins/apollo/ApolloPieces.h"
 #include "skins/Skins.h"

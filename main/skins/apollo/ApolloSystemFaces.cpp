@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 
-#include "drawing/Colours.h"
 #include "faces/FaceKit.h"
 #include "skins/apollo/ApolloPieces.h"
 #include "skins/apollo/ApolloSkin.h"

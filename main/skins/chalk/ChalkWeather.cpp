@@ -6,7 +6,6 @@
 #include "drawing/Colours.h"
 #include "drawing/Hatch.h"
 #include "drawing/Pens.h"
-#include "faces/Pictogram.h"
 #include "skins/chalk/ChalkStyle.h"
 
 #include <array>

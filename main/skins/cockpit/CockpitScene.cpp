@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Gradients.h"
-#include "drawing/Pens.h"
 #include "drawing/Plates.h"
 #include "drawing/SeededRandom.h"
 #include "skins/cockpit/CockpitPieces.h"

@@ -8,7 +8,6 @@
 #include "drawing/Pens.h"
 #include "drawing/SeededRandom.h"
 #include "faces/Pictogram.h"
-#include "skins/cork/CorkStyle.h"
 
 namespace ambrelle::cork {
 

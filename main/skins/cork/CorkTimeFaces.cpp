@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 
-#include "drawing/Colours.h"
 #include "drawing/Fraction.h"
 #include "drawing/Pens.h"
 #include "faces/FaceKit.h"

@@ -3,7 +3,6 @@
 #include "skins/groove/GroovePieces.h"
 
 #include "drawing/Arc.h"
-#include "drawing/Colours.h"
 #include "drawing/Fraction.h"
 #include "drawing/Pens.h"
 #include "faces/FaceKit.h"

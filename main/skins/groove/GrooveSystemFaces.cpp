@@ -3,7 +3,6 @@
 #include "faces/FaceKit.h"
 #include "skins/groove/GroovePieces.h"
 #include "skins/groove/GrooveSkin.h"
-#include "skins/groove/GrooveStyle.h"
 
 #include <algorithm>
 

@@ -3,7 +3,6 @@
 #include "faces/FaceKit.h"
 #include "skins/grove/GrovePieces.h"
 #include "skins/grove/GroveSkin.h"
-#include "skins/grove/GroveStyle.h"
 
 namespace ambrelle {
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 
-#include "drawing/Pens.h"
 #include "faces/FaceKit.h"
 #include "skins/grove/GrovePieces.h"
 #include "skins/grove/GroveSkin.h"

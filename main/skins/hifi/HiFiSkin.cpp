@@ -4,7 +4,6 @@
 
 #include "faces/FaceKit.h"
 
-#include "drawing/Colours.h"
 #include "skins/hifi/Cabinet.h"
 #include "skins/hifi/TunerScale.h"
 #include "skins/Skins.h"

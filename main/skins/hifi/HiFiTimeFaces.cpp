@@ -2,7 +2,6 @@
 
 #include "skins/hifi/HiFiSkin.h"
 
-#include "drawing/Charts.h"
 #include "drawing/Colours.h"
 #include "faces/FaceKit.h"
 #include "faces/Pictogram.h"

@@ -4,7 +4,6 @@
 
 #include "drawing/Charts.h"
 #include "drawing/Gradients.h"
-#include "drawing/Pens.h"
 
 #include <cmath>
 

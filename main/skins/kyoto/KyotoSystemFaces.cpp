@@ -3,7 +3,6 @@
 #include "faces/FaceKit.h"
 #include "skins/kyoto/KyotoPieces.h"
 #include "skins/kyoto/KyotoSkin.h"
-#include "skins/kyoto/KyotoStyle.h"
 
 namespace ambrelle {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "drawing/Gradients.h"
-#include "drawing/Pens.h"
 #include "skins/night/NightLook.h"
 #include "skins/SceneRecipes.h"
 

@@ -4,7 +4,6 @@
 #include "drawing/Charts.h"
 #include "drawing/Colours.h"
 #include "drawing/Gradients.h"
-#include "drawing/Pens.h"
 #include "drawing/SeededRandom.h"
 #include "skins/night/NightSkin.h"
 #include "skins/Skins.h"

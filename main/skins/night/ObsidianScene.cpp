@@ -3,7 +3,6 @@
 #include "drawing/Arc.h"
 #include "drawing/Charts.h"
 #include "drawing/Gradients.h"
-#include "drawing/Pens.h"
 #include "skins/night/NightLook.h"
 #include "skins/SceneRecipes.h"
 
