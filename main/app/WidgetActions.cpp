@@ -175,6 +175,11 @@ WidgetActions::WidgetActions(ProgramLauncher& launcher, NowPlayingService& playe
 {
 }
 
+bool WidgetActions::hasAction(WidgetKind kind)
+{
+    return targetOf(kind).has_value();
+}
+
 QString WidgetActions::open(WidgetKind kind) const
 {
     const std::optional<Target> target = targetOf(kind);

@@ -17,6 +17,8 @@ public:
     /// `desktops` are the names of the running one, from the special to the general.
     WidgetActions(ProgramLauncher& launcher, NowPlayingService& player, QStringList desktops);
 
+    /// Whether a click can open anything at all.
+    static bool hasAction(WidgetKind kind);
     /// Opens it. Gives one sentence when nothing that fits is installed; empty when it was opened or a click opens
     /// nothing anyway.
     QString open(WidgetKind kind) const;

@@ -60,6 +60,11 @@ std::optional<bool> AppearanceFollower::seen() const
     return m_appearance.isAvailable() ? std::optional(m_appearance.isDark()) : std::nullopt;
 }
 
+bool AppearanceFollower::systemIsDark() const
+{
+    return m_appearance.isAvailable() && m_appearance.isDark();
+}
+
 void AppearanceFollower::changeWallpaper()
 {
     // What comes counts, not what it will take the place of.

@@ -26,6 +26,7 @@ public:
     void start();
     /// Takes over the appearance of now; does nothing while nothing tells it.
     void sync();
+    bool systemIsDark() const; ///< false while nothing tells the appearance
     /// The skin itself, or its partner if that fits the appearance of now.
     Skin fitting(Skin skin) const;
 

@@ -38,6 +38,7 @@ public:
     QRectF widgetFrame() const { return config().frame(); } ///< global points, y up
     bool isHovering() const { return m_panel.isHovering(); }
     bool moves() const { return m_panel.moves(); } ///< its face has moving parts, paused or not
+    bool isOccluded() const { return m_occluded; }
     bool isFaded() const { return m_faded; } ///< or on its way there, as soon as it is not pointed out any more
     bool isRaised() const; ///< above normal windows for the user's sake, by its pin or by the layer
     WindowLevel level() const; ///< of the pin, of edit mode, of being pointed out or of the layer

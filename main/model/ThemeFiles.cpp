@@ -46,6 +46,17 @@ std::optional<SavedTheme> ThemeFiles::take(const ThemeEnvelope& file, const QDat
     return theme;
 }
 
+std::optional<SavedTheme> ThemeFiles::importFile(const QString& path, const QDateTime& now)
+{
+    const std::optional<ThemeEnvelope> file = read(path);
+    return file ? take(*file, now) : std::nullopt;
+}
+
+QString ThemeFiles::exportTo(const QString& path, const SavedTheme& theme) const
+{
+    return write(path, {theme, m_accents.hexOverrides()});
+}
+
 QString ThemeFiles::write(const QString& path, const ThemeEnvelope& file)
 {
     const QString linked = QFileInfo(path).canonicalFilePath(); // a link stays one

@@ -27,9 +27,13 @@ public:
     /// Adds the theme to the saved ones as made at `now`, and sets the accents that come with it; gives the theme that
     /// was added. Nothing, and nothing is changed, when there is no room for it.
     std::optional<SavedTheme> take(const ThemeEnvelope& file, const QDateTime& now);
+    /// Reads and takes.
+    std::optional<SavedTheme> importFile(const QString& path, const QDateTime& now);
 
-    /// Writes it in place of what the file held: whole or not at all. Gives the sentence that says what failed; empty
-    /// on success. Any thread.
+    /// Writes the theme, with the accents of its skins, in place of what the file held: whole or not at all. Gives the
+    /// sentence that says what failed; empty on success.
+    QString exportTo(const QString& path, const SavedTheme& theme) const;
+    /// The same for what is in it. Any thread.
     static QString write(const QString& path, const ThemeEnvelope& file);
     /// The name proposed for the theme's file, which any file system takes.
     static QString fileName(const SavedTheme& theme);

@@ -18,25 +18,33 @@ namespace {
 struct Row {
     Kind value;
     const char* description;
+    QLatin1StringView byDay;
+    QLatin1StringView byNight;
 };
 
 using enum Kind;
 
 constexpr std::array rows = std::to_array<Row>({
-    {clear, QT_TRANSLATE_NOOP("ambrelle", "Clear")},
-    {mostlyClear, QT_TRANSLATE_NOOP("ambrelle", "Mostly Clear")},
-    {partlyCloudy, QT_TRANSLATE_NOOP("ambrelle", "Partly Cloudy")},
-    {overcast, QT_TRANSLATE_NOOP("ambrelle", "Overcast")},
-    {fog, QT_TRANSLATE_NOOP("ambrelle", "Fog")},
-    {drizzle, QT_TRANSLATE_NOOP("ambrelle", "Drizzle")},
-    {rain, QT_TRANSLATE_NOOP("ambrelle", "Rain")},
-    {snow, QT_TRANSLATE_NOOP("ambrelle", "Snow")},
-    {showers, QT_TRANSLATE_NOOP("ambrelle", "Showers")},
-    {snowShowers, QT_TRANSLATE_NOOP("ambrelle", "Snow Showers")},
-    {thunderstorms, QT_TRANSLATE_NOOP("ambrelle", "Thunderstorms")},
-    {unknown, QT_TRANSLATE_NOOP("ambrelle", "—")},
+    {clear, QT_TRANSLATE_NOOP("ambrelle", "Clear"), "sun.max.fill"_L1, "moon.stars.fill"_L1},
+    {mostlyClear, QT_TRANSLATE_NOOP("ambrelle", "Mostly Clear"), "cloud.sun.fill"_L1, "cloud.moon.fill"_L1},
+    {partlyCloudy, QT_TRANSLATE_NOOP("ambrelle", "Partly Cloudy"), "cloud.sun.fill"_L1, "cloud.moon.fill"_L1},
+    {overcast, QT_TRANSLATE_NOOP("ambrelle", "Overcast"), "cloud.fill"_L1, "cloud.fill"_L1},
+    {fog, QT_TRANSLATE_NOOP("ambrelle", "Fog"), "cloud.fog.fill"_L1, "cloud.fog.fill"_L1},
+    {drizzle, QT_TRANSLATE_NOOP("ambrelle", "Drizzle"), "cloud.drizzle.fill"_L1, "cloud.drizzle.fill"_L1},
+    {rain, QT_TRANSLATE_NOOP("ambrelle", "Rain"), "cloud.rain.fill"_L1, "cloud.rain.fill"_L1},
+    {snow, QT_TRANSLATE_NOOP("ambrelle", "Snow"), "cloud.snow.fill"_L1, "cloud.snow.fill"_L1},
+    {showers, QT_TRANSLATE_NOOP("ambrelle", "Showers"), "cloud.heavyrain.fill"_L1, "cloud.heavyrain.fill"_L1},
+    {snowShowers, QT_TRANSLATE_NOOP("ambrelle", "Snow Showers"), "cloud.snow.fill"_L1, "cloud.snow.fill"_L1},
+    {thunderstorms, QT_TRANSLATE_NOOP("ambrelle", "Thunderstorms"), "cloud.bolt.rain.fill"_L1,
+        "cloud.bolt.rain.fill"_L1},
+    {unknown, QT_TRANSLATE_NOOP("ambrelle", "—"), "cloud.fill"_L1, "cloud.fill"_L1},
 });
 static_assert(inOrder(rows), "the rows must stand in the order of the kinds");
+
+const Row& codeRow(int code)
+{
+    return rows[static_cast<std::size_t>(kind(code))];
+}
 
 struct Range {
     int first;
@@ -70,7 +78,13 @@ Kind kind(int code)
 
 QString description(int code)
 {
-    return Wording::tr(rows[static_cast<std::size_t>(kind(code))].description);
+    return Wording::tr(codeRow(code).description);
+}
+
+QString symbol(int code, bool isDay)
+{
+    const Row& row = codeRow(code);
+    return isDay ? row.byDay : row.byNight;
 }
 
 } // namespace WeatherCode

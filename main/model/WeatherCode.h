@@ -29,6 +29,8 @@ enum class Kind {
 Kind kind(int code);
 /// "Partly Cloudy"; an em dash for an unknown code.
 QString description(int code);
+/// The name of the symbol; by night some differ.
+QString symbol(int code, bool isDay);
 
 } // namespace WeatherCode
 

@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 #include <QImageReader>
+#include <QPainter>
 #include <QRegularExpression>
 
 #include <thread>
@@ -56,6 +57,12 @@ QImage Wallpaper::picture(Skin skin, QSize pixels, int threads) const
 QByteArray Wallpaper::png(Skin skin, QSize pixels) const
 {
     return encodedAsPng(picture(skin, pixels));
+}
+
+void Wallpaper::draw(QPainter& painter, const QRectF& area, Skin skin) const
+{
+    const QSize pixels = painter.deviceTransform().mapRect(area).size().toSize();
+    painter.drawImage(area, picture(skin, pixels));
 }
 
 QString Wallpaper::fileName(Skin skin, QSize pixels)

@@ -11,6 +11,8 @@
 
 #include <optional>
 
+class QPainter;
+
 namespace ambrelle {
 
 /// Paints one skin's wallpaper; draws from `random` in a fixed order.
@@ -31,6 +33,8 @@ public:
     QImage picture(Skin skin, QSize pixels, int threads = 0) const;
     /// The same as a PNG file; empty on failure.
     QByteArray png(Skin skin, QSize pixels) const;
+    /// Paints the picture into `area` at the resolution of what `painter` paints on.
+    void draw(QPainter& painter, const QRectF& area, Skin skin) const;
 
     /// "neon-r16-2880x1800.png".
     static QString fileName(Skin skin, QSize pixels);

@@ -34,15 +34,38 @@ WallpaperStore::~WallpaperStore()
     m_queue.clear(); // what has not begun is not wanted any more
 }
 
+QImage WallpaperStore::image(Skin skin)
+{
+    return ImageDiskCache::unpacked(packed(skin));
+}
+
 QByteArray WallpaperStore::packed(Skin skin)
 {
     start(skin);
     return m_images.value(skin).jpeg;
 }
 
+void WallpaperStore::load(Skin skin, std::function<void(const QImage&)> done)
+{
+    if (m_images.contains(skin))
+        return done(image(skin));
+    m_waiting[skin].append(std::move(done));
+    start(skin);
+}
+
+QImage WallpaperStore::imageNow(Skin skin)
+{
+    if (!m_images.contains(skin)) {
+        m_pending.removeOne(skin);
+        m_started.insert(skin);
+        finish(skin, make(m_wallpaper, m_cache, skin));
+    }
+    return image(skin);
+}
+
 void WallpaperStore::drop(Skin skin)
 {
-    if (m_pending.removeOne(skin))
+    if (!m_waiting.contains(skin) && m_pending.removeOne(skin))
         m_started.remove(skin);
 }
 
@@ -102,9 +125,16 @@ QImage WallpaperStore::picture(const Wallpaper& wallpaper, const ImageDiskCache&
 
 void WallpaperStore::finish(Skin skin, const Made& made)
 {
+    if (m_images.contains(skin))
+        return; // made on this thread while it was waited for
     m_images.insert(skin, made.packed);
     if (made.hasFailed)
         m_failed.insert(skin);
+    if (const QList<Caller> callers = m_waiting.take(skin); !callers.isEmpty()) {
+        const QImage decoded = image(skin);
+        for (const Caller& caller : callers)
+            caller(decoded);
+    }
     Q_EMIT changed(skin);
 }
 

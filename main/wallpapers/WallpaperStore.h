@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QThreadPool>
 
+#include <functional>
+
 namespace ambrelle {
 
 /// Thumbnails of the skins' wallpapers: each is made once, in the background, and kept packed. Main thread only.
@@ -22,9 +24,15 @@ public:
     WallpaperStore(Wallpaper wallpaper, ImageDiskCache cache);
     ~WallpaperStore() override;
 
-    /// The thumbnail as a JPEG file; empty after starting to make it, and `changed()` tells when it is there.
+    /// The thumbnail, or null after starting to make it; `changed()` tells when it is there. It is decoded each time.
+    QImage image(Skin skin);
+    /// The same as a JPEG file; empty after starting to make it.
     QByteArray packed(Skin skin);
-    /// Nobody looks for it any more: unless it has begun, it is not made.
+    /// Calls `done` with the thumbnail: at once when it is there, else when it is made; callers in their order.
+    void load(Skin skin, std::function<void(const QImage& image)> done);
+    /// The thumbnail, made on this thread if need be.
+    QImage imageNow(Skin skin);
+    /// Nobody looks for it any more: unless it has begun, or a caller of load() waits, it is not made.
     void drop(Skin skin);
     /// Whether it could not be made; the picture is then a small blank one.
     bool hasFailed(Skin skin) const { return m_failed.contains(skin); }
@@ -38,6 +46,8 @@ Q_SIGNALS:
     void changed(ambrelle::Skin skin); ///< its thumbnail is there now
 
 private:
+    using Caller = std::function<void(const QImage&)>;
+
     /// Made on any thread.
     struct Made {
         PackedPicture packed;
@@ -52,6 +62,7 @@ private:
     Wallpaper m_wallpaper;
     ImageDiskCache m_cache;
     QMap<Skin, PackedPicture> m_images;
+    QMap<Skin, QList<Caller>> m_waiting;
     QSet<Skin> m_started; // pending ones too
     QList<Skin> m_pending; // the oldest first
     QSet<Skin> m_failed;

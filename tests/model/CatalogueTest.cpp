@@ -148,6 +148,8 @@ TEST(WeatherCodeTest, RangesAreInclusiveAndGapsUnknown)
         for (const int code : codes)
             EXPECT_EQ(WeatherCode::description(code).toStdString(), description) << code;
     }
+    EXPECT_EQ(WeatherCode::symbol(1, true), u"cloud.sun.fill"_s);
+    EXPECT_EQ(WeatherCode::symbol(1, false), u"cloud.moon.fill"_s);
 }
 
 } // namespace

@@ -153,16 +153,6 @@ TEST(ThemeEnvelopeTest, WhatIsTakenOfADamagedFileIsAWholeTheme)
 }
 
 struct ThemeFilesTest : testing::Test {
-    std::optional<SavedTheme> imported(const QString& path)
-    {
-        const std::optional<ThemeEnvelope> file = ThemeFiles::read(path);
-        return file ? files.take(*file, someDay) : std::nullopt;
-    }
-    QString exported(const QString& path, const SavedTheme& theme) const
-    {
-        return ThemeFiles::write(path, {theme, accents.hexOverrides()});
-    }
-
     UserDefaults defaults = UserDefaults::temporary();
     ThemeStore store{defaults};
     ThemeAccent accents{defaults};
@@ -175,8 +165,8 @@ TEST_F(ThemeFilesTest, AnImportIsAThemeOfItsOwnAndKeepsOtherAccents)
     accents.apply({{u"velvet"_s, u"#111111"_s}, {u"neon"_s, u"#222222"_s}});
     const ThemeEnvelope file = velvetEnvelope();
     const QString path = folder.write(u"a.ambrelle"_s, file.encode());
-    const auto first = imported(path);
-    const auto second = imported(path);
+    const auto first = files.importFile(path, someDay);
+    const auto second = files.importFile(path, someDay);
     ASSERT_TRUE(first && second);
     EXPECT_EQ(store.themes(), (QList<SavedTheme>{*second, *first}));
     EXPECT_EQ(accents.hexOverrides(),
@@ -219,13 +209,13 @@ TEST_F(ThemeFilesTest, WhateverElseStandsAtThePathIsRefusedAtOnce)
         folder.write(u"crowd"_s, theme + '[' + filled(widget + ',') + widget + "]}}")};
     for (const QString& path : paths) {
         const std::clock_t begin = std::clock();
-        EXPECT_FALSE(imported(path)) << path.toStdString();
+        EXPECT_FALSE(files.importFile(path, someDay)) << path.toStdString();
         EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 1) << path.toStdString();
     }
     EXPECT_EQ(store.themes().size(), 0);
     EXPECT_FALSE(defaults.data(u"savedThemes.v1"_s) || defaults.object(u"themeAccents"_s));
     const QByteArray thousand = theme + '[' + (widget + ',').repeated(999) + widget + "]}}";
-    EXPECT_EQ(imported(folder.write(u"thousand"_s, thousand))->widgets.size(), 1000);
+    EXPECT_EQ(files.importFile(folder.write(u"thousand"_s, thousand), someDay)->widgets.size(), 1000);
 }
 
 TEST_F(ThemeFilesTest, AThemeWithoutANameHasThatOfItsFile)
@@ -233,7 +223,7 @@ TEST_F(ThemeFilesTest, AThemeWithoutANameHasThatOfItsFile)
     ThemeEnvelope file = velvetEnvelope();
     file.theme.name = u"\u200B "_s;
     for (const auto& [name, expected] : {std::pair(u"Work.v2.ambrelle"_s, u"Work.v2"_s), {u".ambrelle"_s, u"Velvet"_s}})
-        EXPECT_EQ(imported(folder.write(name, file.encode()))->name, expected);
+        EXPECT_EQ(files.importFile(folder.write(name, file.encode()), someDay)->name, expected);
 }
 
 TEST_F(ThemeFilesTest, ExportsAreWholeOrSayWhyNot)
@@ -242,21 +232,22 @@ TEST_F(ThemeFilesTest, ExportsAreWholeOrSayWhyNot)
     accents.apply(file.accents);
     const QString path = folder.filePath(u"out.ambrelle"_s);
     const QString link = folder.filePath(u"link.ambrelle"_s);
-    EXPECT_EQ(exported(path, file.theme), QString());
+    EXPECT_EQ(files.exportTo(path, file.theme), QString());
     ASSERT_TRUE(QFile::link(path, link));
     folder.write(u"out.ambrelle.new"_s, "somebody else's");
-    EXPECT_EQ(exported(path, file.theme), QString());
+    EXPECT_EQ(files.exportTo(path, file.theme), QString());
     {
         const test::FullDisk full;
-        EXPECT_EQ(exported(path, file.theme), u"“%1” cannot be written: File too large."_s.arg(path));
+        EXPECT_EQ(files.exportTo(path, file.theme), u"“%1” cannot be written: File too large."_s.arg(path));
     }
-    EXPECT_EQ(exported(folder.path(), file.theme), u"“%1” cannot be written: Is a directory."_s.arg(folder.path()));
+    EXPECT_EQ(
+        files.exportTo(folder.path(), file.theme), u"“%1” cannot be written: Is a directory."_s.arg(folder.path()));
     EXPECT_EQ(ThemeFiles::read(path), file);
-    EXPECT_EQ(exported(link, {.id = file.theme.id, .name = u"new"_s, .created = someDay}), QString());
+    EXPECT_EQ(files.exportTo(link, {.id = file.theme.id, .name = u"new"_s, .created = someDay}), QString());
     EXPECT_EQ(ThemeFiles::read(path)->theme.name, u"new"_s);
     EXPECT_TRUE(QFileInfo(link).isSymLink());
     EXPECT_EQ(folder.read(u"out.ambrelle.new"_s), "somebody else's");
-    EXPECT_EQ(exported(folder.filePath(QString(255, u'x')), file.theme), QString()) << "the longest name";
+    EXPECT_EQ(files.exportTo(folder.filePath(QString(255, u'x')), file.theme), QString()) << "the longest name";
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 4) << "nothing is left beside";
 }
 

@@ -18,6 +18,7 @@ public:
     bool isDark() const override { return m_dark; }
     bool contrast() const override { return m_contrast; }
     bool reducesMotion() const override { return m_reducesMotion; }
+    double textScale() const override { return m_textScale; }
 
     void setUnknown() { m_known = m_dark = false; } ///< until setDark(); nobody is told
     void setDark(bool dark) ///< tells changed() if it differs or was not known
@@ -31,6 +32,7 @@ public:
     // These tell changed() if the value differs.
     void setContrast(bool contrast) { change(m_contrast, contrast); }
     void setReducesMotion(bool reduces) { change(m_reducesMotion, reduces); }
+    void setTextScale(double scale) { change(m_textScale, scale); }
 
 private:
     template <typename Value> void change(Value& value, Value now)
@@ -43,6 +45,7 @@ private:
     bool m_dark = false;
     bool m_contrast = false;
     bool m_reducesMotion = false;
+    double m_textScale = 1;
 };
 
 } // namespace ambrelle
