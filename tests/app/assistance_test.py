@@ -5,19 +5,11 @@
 A client finds the widgets by name, also where it is switched on later than they, reads them, presses the buttons of their
 toolbars without a pointer, and hears what these are called from then on.
 """
-import sys
 import time
 
 import dbus
 
-try:
-    import gi
-    gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi, GLib
-except (ImportError, ValueError):
-    print("skipped: gir1.2-atspi-2.0 is not installed")
-    sys.exit(77)
-
+from assistive import Atspi, children, heard, program
 from program import Session, wait_for
 
 BUTTONS = ["Widget Settings…", "Size: 100%", "Pin Above Windows", "Remove Widget"]
@@ -25,17 +17,8 @@ BUTTONS = ["Widget Settings…", "Size: 100%", "Pin Above Windows", "Remove Widg
 
 def settled(condition):
     """Whether it holds, once what the client was told has been heard."""
-    while GLib.MainContext.default().iteration(False):
-        pass
+    heard()
     return condition()
-
-
-def children(item):
-    return [child for child in map(item.get_child_at_index, range(item.get_child_count())) if child]
-
-
-def program():
-    return next((item for item in children(Atspi.get_desktop(0)) if item.get_name() == "ambrelle"), None)
 
 
 def widgets():

@@ -30,14 +30,14 @@ def children(item):
     return (child for child in map(item.get_child_at_index, range(item.get_child_count())) if child)
 
 
-def showing(item):
-    return item.get_state_set().contains(Atspi.StateType.SHOWING)
+def has(item, state):
+    return item.get_state_set().contains(state)
 
 
 def below(item):
     """All that is below an item and can be seen."""
     for child in children(item):
-        if showing(child):
+        if has(child, Atspi.StateType.SHOWING):
             yield child
             yield from below(child)
 
@@ -50,17 +50,29 @@ def names(item):
             if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY]
 
 
-def find(name, role=None):
-    """What is shown of that name, in the main window; nothing while there is none."""
+def heard():
+    """Takes in what the program has told meanwhile."""
     while GLib.MainContext.default().iteration(False):
         pass
+
+
+def program():
+    return next((item for item in children(Atspi.get_desktop(0)) if item.get_name() == "ambrelle"), None)
+
+
+def found(condition, window_name="Ambrelle"):
+    """The first thing shown in that window, usually the main one, that meets it; nothing while there is none."""
+    heard()
     try:
-        programs = (item for item in children(Atspi.get_desktop(0)) if item.get_name() == "ambrelle")
-        windows = (window for program in programs for window in children(program) if window.get_name() == "Ambrelle")
-        return next((item for window in windows for item in below(window)
-                     if name in names(item) and role in (None, item.get_role())), None)
+        windows = (window for window in children(program()) if window.get_name() == window_name) if program() else ()
+        return next((item for window in windows for item in below(window) if condition(item)), None)
     except GLib.Error:  # it went while it was looked at
         return None
+
+
+def find(name, role=None):
+    """What is shown of that name, in the main window; nothing while there is none."""
+    return found(lambda item: name in names(item) and role in (None, item.get_role()))
 
 
 def shown(name, role=None):
@@ -75,7 +87,7 @@ def press(name, role=BUTTON):
     """As assistive technology does, once it can be used."""
     def usable():
         item = find(name, role)
-        return item if item and item.get_state_set().contains(Atspi.StateType.ENABLED) else None
+        return item if item and has(item, Atspi.StateType.ENABLED) else None
     Atspi.Action.do_action(wait_for(f"use of “{name}”", usable), 0)
 
 

@@ -9,7 +9,6 @@ was told, or a later one that had been asked for. Other widgets stay as they wer
 """
 import contextlib
 import random
-import shutil
 import signal
 import sys
 import threading
@@ -17,14 +16,7 @@ import time
 
 import dbus
 
-try:
-    import gi
-    gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi, GLib
-except (ImportError, ValueError):
-    print("skipped: gir1.2-atspi-2.0 is not installed")
-    sys.exit(77)
-
+from assistive import Atspi, GLib
 from program import Session, hover, pointer, shot, wait_for
 
 ROUNDS = int(sys.argv[2]) if len(sys.argv) > 2 else 15

@@ -8,20 +8,10 @@ with a geocoder on this machine, the calendars, and the way back to how everythi
 import http.server
 import json
 import subprocess
-import sys
 import threading
 import urllib.parse
 
-import dbus
-
-try:
-    import gi
-    gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi, GLib
-except (ImportError, ValueError):
-    print("skipped: gir1.2-atspi-2.0 is not installed")
-    sys.exit(77)
-
+from assistive import Atspi, find, found, has, switch_on
 from program import PROGRAM, Session, wait_for
 
 # What is looked for, how the control that is found is called, the key, and what is stored then.
@@ -76,30 +66,6 @@ def type_text(text):
     subprocess.run(["xdotool", "type", "--delay", "20", text], check=True)
 
 
-def parts(item, depth=0):
-    """Everything of it that is seen."""
-    for index in range(item.get_child_count() if depth < 30 else 0):
-        child = item.get_child_at_index(index)
-        if child and (depth == 0 or child.get_state_set().contains(Atspi.StateType.VISIBLE)):
-            yield child
-            yield from parts(child, depth + 1)
-
-
-def found(condition):
-    """The first part of the program's window that meets it."""
-    while GLib.MainContext.default().iteration(False):
-        pass
-    try:
-        desktop = Atspi.get_desktop(0)
-        program = next(item for item in (desktop.get_child_at_index(i) for i in range(desktop.get_child_count()))
-                       if item and item.get_name() == "ambrelle")
-        window = next(item for item in (program.get_child_at_index(i) for i in range(program.get_child_count()))
-                      if item and item.get_name() == "Ambrelle")
-        return next((part for part in parts(window) if condition(part)), None)
-    except (StopIteration, GLib.Error):  # gone while it is read
-        return None
-
-
 def labels(part):
     """What it is called, also by what stands beside it."""
     yield part.get_name()
@@ -109,7 +75,7 @@ def labels(part):
 
 
 def focused(name):
-    return found(lambda part: part.get_state_set().contains(Atspi.StateType.FOCUSED) and name in labels(part))
+    return found(lambda part: has(part, Atspi.StateType.FOCUSED) and name in labels(part))
 
 
 def go(search, name):
@@ -124,9 +90,9 @@ def open_window(session):
     session.start()
     wait_for("widgets", lambda: session.panels())
     subprocess.run([PROGRAM], env=session.env, check=True)
-    wait_for("window", lambda: found(lambda part: part.get_name() == "Search Themes"))
+    wait_for("window", lambda: find("Search Themes"))
     key("ctrl+4")
-    wait_for("settings", lambda: found(lambda part: part.get_name() == "Search Settings"))
+    wait_for("settings", lambda: find("Search Settings"))
 
 
 def kill(session):
@@ -138,9 +104,7 @@ def city_tells(text):
     return found(lambda part: part.get_name() == "City" and part.get_description() == text)
 
 
-dbus.SessionBus().start_service_by_name("org.a11y.Bus")
-status = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
-status.Set("org.a11y.Status", "IsEnabled", True, dbus_interface=dbus.PROPERTIES_IFACE)
+switch_on()
 server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Weather)
 threading.Thread(target=server.serve_forever, daemon=True).start()
 
@@ -178,9 +142,9 @@ wait_for("no autostart entry", lambda: not entry.exists())
 entry.parent.rmdir()
 entry.parent.write_text("in the way")
 key("space")
-wait_for("refusal", lambda: found(lambda part: part.get_name() == "Couldn't change the login item"))
+wait_for("refusal", lambda: find("Couldn't change the login item"))
 key("Return")
-wait_for("switch that is off", lambda: (box := focused(login)) and not box.get_state_set().contains(Atspi.StateType.CHECKED))
+wait_for("switch that is off", lambda: (box := focused(login)) and not has(box, Atspi.StateType.CHECKED))
 
 for city, told in (("Nowhere", "Couldn't find “Nowhere”. Try another name from the More menu."),
                    ("Bergen", "Showing weather for Bergen")):
@@ -197,7 +161,7 @@ wait_for("failure", lambda: found(
 assert session.stored()["weatherCity"] == "Silence"
 
 key("ctrl+f", "ctrl+a", "BackSpace", "Down", "Home", "Down", "Down", "Down")
-wait_for("calendars", lambda: found(lambda part: part.get_name() == "Work"))
+wait_for("calendars", lambda: find("Work"))
 go("family", "Family")
 key("space")
 wait_for("one calendar less", lambda: len(session.stored().get("excludedCalendars", [])) == 1)

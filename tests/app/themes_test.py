@@ -6,18 +6,8 @@ The welcome and its actions; a theme that is found, applied and taken back; desk
 deleted, brought back and imported again; a file that is no theme.
 """
 import subprocess
-import sys
 
-import dbus
-
-try:
-    import gi
-    gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi, GLib
-except (ImportError, ValueError):
-    print("skipped: gir1.2-atspi-2.0 is not installed")
-    sys.exit(77)
-
+from assistive import BUTTON, CARD, TAB, Atspi, find, gone, has, press, shown, switch_on
 from program import PROGRAM, Session, active_window, pointer, wait_for
 
 LINES = ["Your widgets are on the desktop. Point at one to move, resize or restyle it.",
@@ -25,62 +15,6 @@ LINES = ["Your widgets are on the desktop. Point at one to move, resize or resty
 REPLACED = "Your current widgets will be replaced."
 REFUSED = ("Couldn't open “broken.ambrelle”",
            "It isn't an Ambrelle theme file, or it was made by a newer version.")
-
-
-def switch_on():
-    dbus.SessionBus().start_service_by_name("org.a11y.Bus")
-    status = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
-    status.Set("org.a11y.Status", "IsEnabled", True, dbus_interface=dbus.PROPERTIES_IFACE)
-
-
-def descendants(item, depth=0):
-    """All that is below an item and can be seen."""
-    try:
-        for index in range(item.get_child_count()):
-            child = item.get_child_at_index(index)
-            if child and child.get_state_set().contains(Atspi.StateType.SHOWING):
-                yield child
-                if depth < 20:
-                    yield from descendants(child, depth + 1)
-    except GLib.Error:  # gone meanwhile
-        return
-
-
-def main_window():
-    while GLib.MainContext.default().iteration(False):
-        pass
-    desktop = Atspi.get_desktop(0)
-    for index in range(desktop.get_child_count()):
-        program = desktop.get_child_at_index(index)
-        if program and program.get_name() == "ambrelle":
-            for number in range(program.get_child_count()):
-                window = program.get_child_at_index(number)
-                if window and window.get_name() == "Ambrelle":
-                    return window
-    return None
-
-
-def find(name, role=None):
-    window = main_window()
-    for item in descendants(window) if window else ():
-        try:
-            if item.get_name() == name and (role is None or item.get_role() == role):
-                return item
-        except GLib.Error:
-            continue
-    return None
-
-
-def shown(name, role=None):
-    return wait_for(f"“{name}”", lambda: find(name, role))
-
-
-def gone(name):
-    wait_for(f"no “{name}” any more", lambda: not find(name))
-
-
-def press(name):
-    Atspi.Action.do_action(shown(name, Atspi.Role.PUSH_BUTTON), 0)
 
 
 def key(*keys):
@@ -93,14 +27,14 @@ def write(text):
 
 def press_in_grid(name):
     """Chooses the card as the arrow keys and letters do."""
-    chosen = shown(name, Atspi.Role.LIST_ITEM)
-    wait_for("card chosen", lambda: (write(name[0].lower()), chosen.get_state_set().contains(Atspi.StateType.SELECTED))[1]
+    chosen = shown(name, CARD)
+    wait_for("card chosen", lambda: (write(name[0].lower()), has(chosen, Atspi.StateType.SELECTED))[1]
              or find_selected(name))
 
 
 def find_selected(name):
-    item = find(name, Atspi.Role.LIST_ITEM)
-    return item and item.get_state_set().contains(Atspi.StateType.SELECTED)
+    item = find(name, CARD)
+    return item and has(item, Atspi.StateType.SELECTED)
 
 
 def names():
@@ -118,19 +52,18 @@ def begin():
     if not first:
         wait_for("widgets", session.panels)
         subprocess.run([PROGRAM], env=session.env, check=True)
-    wait_for("window with the keyboard", lambda: find("Themes", Atspi.Role.PAGE_TAB) and active_window())
+    wait_for("window with the keyboard", lambda: find("Themes", TAB) and active_window())
 
 
 switch_on()
-Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)  # it would tell of nothing that came later
 session = Session()
 begin()
 
 # The first start.
 for line in LINES:
     shown(line)
-shown("Edit & Move Widgets", Atspi.Role.PUSH_BUTTON)
-shown("Set City…", Atspi.Role.PUSH_BUTTON)
+shown("Edit & Move Widgets", BUTTON)
+shown("Set City…", BUTTON)
 press("Dismiss")
 gone(LINES[0])
 session.stop()
@@ -170,7 +103,7 @@ shown("Save Current Desktop")
 write("Second")
 key("Return")
 wait_for("another one before it", lambda: names() == ["Second", "Old Desk"])
-shown("Second", Atspi.Role.LIST_ITEM)
+shown("Second", CARD)
 press_in_grid("Old Desk")
 key("F2")
 write("Evening")

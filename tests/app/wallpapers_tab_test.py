@@ -6,65 +6,23 @@ A click sets a wallpaper, of two quick ones the second; pictures are added and t
 nothing can be written, the bar says so and the old picture stays; the user's own picture comes back.
 """
 import subprocess
-import sys
 import time
 
-import dbus
-
-try:
-    import gi
-    gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi, GLib
-except (ImportError, ValueError):
-    print("skipped: gir1.2-atspi-2.0 is not installed")
-    sys.exit(77)
-
+from assistive import BUTTON, CARD, CHOICE, LABEL, click, find, found, press, shown, switch_on
 from program import PROGRAM, Session, active_window, pointer, wait_for
 from rootpicture import Root, fill_root
 
 OWN = 0x336699  # colour of the picture that the user had
 ON_DESKTOP = "On your desktop"
-
-
-def everything(item):
-    """All that is below it, but for what lies in hidden pages."""
-    while GLib.MainContext.default().iteration(False):
-        pass
-    for index in range(item.get_child_count()):
-        if child := item.get_child_at_index(index):
-            yield child
-            if child.get_state_set().contains(Atspi.StateType.SHOWING):
-                yield from everything(child)
-
-
-def find(role, name):
-    """What is shown of that role and name, or nothing."""
-    for program in (Atspi.get_desktop(0).get_child_at_index(index) for index in range(Atspi.get_desktop(0).get_child_count())):
-        if program and program.get_name() == "ambrelle":
-            for item in everything(program):
-                try:
-                    if item.get_role() == role and item.get_name() == name and item.get_state_set().contains(Atspi.StateType.SHOWING):
-                        return item
-                except GLib.Error:
-                    continue  # it has gone
-    return None
-
-
-def shown(role, name):
-    return wait_for(name, lambda: find(role, name))
-
-
-def click(role, name):
-    area = Atspi.Component.get_extents(shown(role, name), Atspi.CoordType.SCREEN)
-    pointer("mousemove", str(area.x + area.width // 2), str(area.y + area.height // 3), "click", "1")
+CHOOSER = "Choose pictures to add to My Wallpapers"
 
 
 def card(name):
-    return find(Atspi.Role.LIST_ITEM, name)
+    return find(name, CARD)
 
 
 def set_by_click(name):
-    click(Atspi.Role.LIST_ITEM, name)
+    click(name, CARD)
 
 
 def on_desktop(name):
@@ -73,17 +31,11 @@ def on_desktop(name):
 
 
 def bar(text):
-    return find(Atspi.Role.LABEL, text)
+    return find(text, LABEL)
 
 
 def current(session):
     return session.stored().get("desktopPicture.current", "")
-
-
-def switch_on():
-    dbus.SessionBus().start_service_by_name("org.a11y.Bus")
-    status = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
-    status.Set("org.a11y.Status", "IsEnabled", True, dbus_interface=dbus.PROPERTIES_IFACE)
 
 
 switch_on()
@@ -96,8 +48,8 @@ wait_for("widget", session.panels)
 subprocess.run([PROGRAM], env=session.env, check=True)
 wait_for("main window", active_window)
 pointer("key", "ctrl+3")
-click(Atspi.Role.RADIO_BUTTON, "Wallpapers: Themes")
-wait_for("only the themes", lambda: not find(Atspi.Role.LIST_ITEM, "Drop pictures here"))
+click("Wallpapers: Themes", CHOICE)
+wait_for("only the themes", lambda: not find("Drop pictures here", CARD))
 
 set_by_click("Neon")
 wait_for("pill on Neon", lambda: on_desktop("Neon"))
@@ -118,18 +70,18 @@ folder.rename(folder.parent / "away")
 folder.write_text("in the way")
 before = root.pixels()
 set_by_click("Neon")
-again = shown(Atspi.Role.PUSH_BUTTON, "Try Again")
+shown("Try Again", BUTTON)
 assert root.pixels() == before and on_desktop("Bauhaus") and not on_desktop("Neon")
 folder.unlink()
 (folder.parent / "away").rename(folder)
-Atspi.Action.do_action(again, 0)
+press("Try Again")
 wait_for("pill on Neon again", lambda: on_desktop("Neon"))
 
 pictures = [session.home / "lake.png", session.home / "two words.png"]
 for picture, colour in zip(pictures, ("#104070", "#701040")):
     subprocess.run(["convert", "-size", "64x40", f"xc:{colour}", str(picture)], check=True)
-click(Atspi.Role.PUSH_BUTTON, "Add Pictures…")
-wait_for("chooser", lambda: find(Atspi.Role.PUSH_BUTTON, "Add"))
+click("Add Pictures…", BUTTON)
+wait_for("chooser", lambda: found(lambda item: item.get_name() == "Add", CHOOSER))
 pointer("type", "--delay", "20", " ".join(f'"{picture}"' for picture in pictures))
 pointer("key", "Return")
 wait_for("both in the store", lambda: set(session.stored().get("customWallpapers", [])) == set(map(str, pictures)))
@@ -145,9 +97,9 @@ assert pictures[1].exists()
 pointer("key", "ctrl+z")
 wait_for("it again", lambda: len(session.stored().get("customWallpapers")) == 2)
 
-click(Atspi.Role.PUSH_BUTTON, "Bring Back My Picture")
+click("Bring Back My Picture", BUTTON)
 wait_for("bar about it", lambda: bar("Your own picture is back"))
-wait_for("no button for it", lambda: not find(Atspi.Role.PUSH_BUTTON, "Bring Back My Picture"))
+wait_for("no button for it", lambda: not find("Bring Back My Picture", BUTTON))
 wait_for("it on the root window", lambda: root.is_filled(OWN))
 
 session.end()

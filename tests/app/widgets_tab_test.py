@@ -6,74 +6,23 @@ Widgets are added by Enter and by dragging them out, removed, pointed out, given
 counts is what is on the screen and in the store.
 """
 import subprocess
-import sys
 import time
 
-import dbus
-
-try:
-    import gi
-    gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi, GLib
-except (ImportError, ValueError):
-    print("skipped: gir1.2-atspi-2.0 is not installed")
-    sys.exit(77)
-
-from program import PROGRAM, Session, active_window, pointer, screen_size, wait_for
+from assistive import BUTTON, CHOICE, Atspi, below, children, found, open_window, place, press, shown, switch_on
+from program import Session, pointer, screen_size, wait_for
 
 LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
 MARGIN, MEDIUM, SMALL = 20, 350, 170
 DROP = (90, 400)
 
 
-def heard():
-    while GLib.MainContext.default().iteration(False):
-        pass
-
-
-def children(item):
-    return [child for child in map(item.get_child_at_index, range(item.get_child_count())) if child]
-
-
-def search(item, role, matches):
-    """The first such item that is shown, outermost first."""
-    try:
-        if item.get_role() == role and matches(item.get_name() or ""):
-            if item.get_state_set().contains(Atspi.StateType.SHOWING):
-                return item
-        found = (search(child, role, matches) for child in children(item))
-        return next((each for each in found if each), None)
-    except GLib.GError:  # it went while it was looked at
-        return None
-
-
-def find(role, name, last=False):
-    def look():
-        heard()
-        program = next((item for item in children(Atspi.get_desktop(0)) if item.get_name() == "ambrelle"), None)
-        window = program and next((item for item in children(program) if item.get_name() == "Ambrelle"), None)
-        return window and search(window, role, lambda told: told == name or (last and told.endswith(name)))
-    return wait_for(f"{role.value_nick} {name}", look)
-
-
-def press(name):
-    button = find(Atspi.Role.PUSH_BUTTON, name)
-    wait_for(f"use of {name}", lambda: heard() or button.get_state_set().contains(Atspi.StateType.ENABLED))
-    Atspi.Action.do_action(button, 0)
-
-
 def rows(name):
-    return children(find(Atspi.Role.LIST, name))
+    return list(children(shown(name, Atspi.Role.LIST)))
 
 
 def middle(item):
-    place = Atspi.Component.get_extents(item, Atspi.CoordType.SCREEN)
-    return place.x + place.width // 2, place.y + place.height // 2
-
-
-def click(item):
-    x, y = middle(item)
-    pointer("mousemove", str(x), str(y), "click", "1")
+    x, y, width, height = place(item)
+    return x + width // 2, y + height // 2
 
 
 def drag(start, end, *last):
@@ -101,7 +50,8 @@ def panel_at(session, widget, height):
 
 
 def add(session, width, height):
-    Atspi.Action.do_action(find(Atspi.Role.RADIO_BUTTON, "Time", last=True), 0)
+    section = wait_for("Time", lambda: found(lambda item: item.get_role() == CHOICE and item.get_name().endswith("Time")))
+    Atspi.Action.do_action(section, 0)
     wait_for("three cards", lambda: [row.get_name() for row in rows("Widgets")][1:] == ["Clock", "Calendar", "Countdown"])
     pointer("key", "ctrl+f", "sleep", "0.2", "key", "Down", "sleep", "0.2", "key", "Return")
     wait_for("clock in the store", lambda: kinds(session) == ["cpu", "clock"])
@@ -123,7 +73,8 @@ def add(session, width, height):
 
 
 def choose(title):
-    click(next(row for row in rows("On Your Desktop") if row.get_name() == title))
+    x, y = middle(next(row for row in rows("On Your Desktop") if row.get_name() == title))
+    pointer("mousemove", str(x), str(y), "click", "1")
 
 
 def remove(session):
@@ -138,9 +89,9 @@ def remove(session):
 def point_out(session):
     wait_for("no widget above windows", lambda: floating(session) == 0)
     choose("CPU")
+    start = time.monotonic()
     press("Locate")
     wait_for("widget above windows", lambda: floating(session) == 1)
-    start = time.monotonic()
     wait_for("its own level", lambda: floating(session) == 0)
     assert time.monotonic() - start > 1, "it was hardly to be seen"
     count = len(session.windows())
@@ -158,15 +109,18 @@ def use_skin(session):
     wait_for("skins as before", lambda: session.widgets() == before)
 
 
+def press_in(item, name):
+    button = next(each for each in below(item) if each.get_role() == BUTTON and each.get_name() == name)
+    Atspi.Action.do_action(button, 0)
+
+
 def remove_all(session):
     before = session.widgets()
-    pane = find(Atspi.Role.LIST, "On Your Desktop").get_parent()
-    Atspi.Action.do_action(search(pane, Atspi.Role.PUSH_BUTTON, lambda name: name == "More"), 0)
+    press_in(shown("On Your Desktop", Atspi.Role.LIST).get_parent(), "More")
     pointer("sleep", "0.5", "key", "Down", "Return")
-    find(Atspi.Role.DIALOG, "Remove all 3 widgets?")
+    shown("Remove all 3 widgets?", Atspi.Role.DIALOG)
     assert session.widgets() == before, "it did not ask"
-    dialog = find(Atspi.Role.DIALOG, "Remove all 3 widgets?")
-    Atspi.Action.do_action(search(dialog, Atspi.Role.PUSH_BUTTON, lambda name: name == "Remove"), 0)
+    press_in(shown("Remove all 3 widgets?", Atspi.Role.DIALOG), "Remove")
     wait_for("empty desktop", lambda: session.widgets() == [])
     wait_for("nothing but the window", lambda: len(session.windows()) == 1)
     pointer("key", "ctrl+z")
@@ -175,16 +129,12 @@ def remove_all(session):
 
 def main():
     width, height = screen_size()
-    dbus.SessionBus().start_service_by_name("org.a11y.Bus")
-    status = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
-    status.Set("org.a11y.Status", "IsEnabled", True, dbus_interface=dbus.PROPERTIES_IFACE)
+    switch_on()
     session = Session({"hasLaunchedBefore": True, "animations": False, "defaultSkin": "neon", "mainWindowSize": [920, 600],
                        "widgets.v2": [{"kind": "cpu", "skin": "glass", "origin": [20, 20]}]})
     session.start()
     wait_for("widget", lambda: len(session.panels()) == 1)
-    subprocess.run([PROGRAM], env=session.env, check=True)  # a second start shows the window
-    wait_for("window", lambda: len(session.windows()) == 2)
-    wait_for("keyboard in the window", lambda: str(active_window()) in session.windows())
+    open_window(session)
     pointer("key", "ctrl+2")
     add(session, width, height)
     remove(session)

@@ -146,7 +146,7 @@ TEST(SkinStyles, AnAccentReplacesTheSkinsOwnAndNothingElse)
     for (const Skin skin : allCases<Skin>()) {
         SkinStyle expected = styleOf(skin);
         EXPECT_NE(expected.accent, mint);
-        if (!accentChoices(skin).isEmpty())
+        if (supportsAccent(skin))
             expected.accent = mint;
         ThemeAccent::shared().withPreview(
             mint, skin, [&] { EXPECT_EQ(styleOf(skin), expected) << rawValue(skin).data(); });
