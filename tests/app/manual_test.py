@@ -60,6 +60,14 @@ class Manual(unittest.TestCase):
             if variable in ("SKIN", "WIDTH , Ev HEIGHT"):
                 self.assertIn(variable.replace(" , Ev", ","), help_text)
 
+    def test_settings_without_a_control_are_told_of(self):
+        readme = (TREE / "README.md").read_text()
+        table = readme[readme.index("| Key | Meaning |"):].split("\n\n")[0]
+        keys = re.findall(r"^\| `(\w+)` \|", table, re.MULTILINE)
+        self.assertTrue(keys)
+        told_of = re.findall(r"^\.Va (\w+)", (ASSETS / "ambrelle.1").read_text(), re.MULTILINE)
+        self.assertEqual(sorted(told_of), sorted(keys))
+
     @needs("bash")
     def test_bash_completes(self):
         script = """source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _ambrelle; printf '%s\\n' "${COMPREPLY[@]}" """
