@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: MIT
 # Puts the libraries and plug-ins that the programs of a folder need into it:
 #   cmake -DFOLDER=… -DPLUGINS=… -DSOURCES=… -P gather.cmake
-# PLUGINS is the toolkit's folder of plug-ins, SOURCES a file to be written: the paths of all that was copied. Left to the system is what belongs to its kernel, its graphics driver, its
-# X server and its fonts, and what gets mended there for safety's sake.
+# PLUGINS is the toolkit's folder of plug-ins, SOURCES a file to be written: the paths of all that was copied. Left to the
+# system is what belongs to its kernel, its graphics driver, its X server or Wayland compositor and its fonts, and what
+# gets mended there for safety's sake.
 cmake_minimum_required(VERSION 3.25)
 
 set(system ld-linux[^/]* libc libm libdl libpthread librt libresolv libgcc_s libstdc[+][+] libGL libGLX libGLdispatch
@@ -11,8 +12,9 @@ set(system ld-linux[^/]* libc libm libdl libpthread librt libresolv libgcc_s lib
 list(JOIN system "|" system)
 
 set(wanted platforms/libqxcb.so platforms/libqoffscreen.so platforms/libqwayland-generic.so
-    wayland-shell-integration/libxdg-shell.so wayland-decoration-client/libbradient.so tls/libqopensslbackend.so imageformats/libqjpeg.so
-    imageformats/libqgif.so imageformats/libqico.so imageformats/libqwebp.so imageformats/libqtiff.so
+    wayland-shell-integration/libxdg-shell.so wayland-decoration-client/libbradient.so tls/libqopensslbackend.so
+    imageformats/libqjpeg.so imageformats/libqgif.so imageformats/libqico.so imageformats/libqwebp.so
+    imageformats/libqtiff.so
     platforminputcontexts/libcomposeplatforminputcontextplugin.so
     platforminputcontexts/libibusplatforminputcontextplugin.so)
 list(TRANSFORM wanted PREPEND ${PLUGINS}/ OUTPUT_VARIABLE plugins)
