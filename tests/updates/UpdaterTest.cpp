@@ -215,6 +215,20 @@ TEST_F(UpdaterTest, EveryFailureOfAnInstallationHasItsSentence)
     EXPECT_EQ(relaunches, 0);
 }
 
+TEST_F(UpdaterTest, APlaceThatIsClosedMeanwhileIsLeftAlone)
+{
+    checked();
+    server->hold();
+    updater->install();
+    ASSERT_TRUE(waitUntil([this] { return server->asked().size() == 2; }));
+    folder->writable = false;
+    server->release();
+    EXPECT_EQ(settled().message, u"Ambrelle can't write to /opt. Download the new version from the website instead."_s);
+    EXPECT_THAT(kinds, ElementsAre(Kind::checking, Kind::available, Kind::downloading, Kind::installing, Kind::failed));
+    EXPECT_EQ(steps(4), wholeCourse + QStringList{u"gone"_s});
+    EXPECT_EQ(relaunches, 0);
+}
+
 TEST_F(UpdaterTest, OneThingAtATime)
 {
     server->hold();
