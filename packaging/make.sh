@@ -8,6 +8,8 @@
 #                          without any is refused: the folder would never update itself
 #   AMBRELLE_SIGNING_KEY   file with the secret key, made by minisign -G; without one there is no feed.json
 #   AMBRELLE_MAINTAINER    who answers for the package: "Name <address>"
+#   AMBRELLE_SITE_ADDRESS  where the site of --export-site is published, without a slash at its end: shops show its pictures
+#   AMBRELLE_DOWNLOAD      where people get the program: the site has a button for it
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 umask 022
@@ -29,7 +31,7 @@ setting() { # of CMake's cache
 
 compile() {
     local options=() name
-    for name in AMBRELLE_UPDATE_FEED AMBRELLE_UPDATE_KEYS AMBRELLE_MAINTAINER; do
+    for name in AMBRELLE_UPDATE_FEED AMBRELLE_UPDATE_KEYS AMBRELLE_MAINTAINER AMBRELLE_SITE_ADDRESS AMBRELLE_DOWNLOAD; do
         [ -z "${!name+x}" ] || options+=("-D$name=${!name}")
     done
     if command -v ccache >/dev/null; then
@@ -54,6 +56,9 @@ make_deb() {
     dpkg-deb --extract $packages/*.deb $unpacked
     packaging/check_program.py $unpacked/usr/bin/*
     appstreamcli validate-tree --no-net $unpacked >/dev/null
+    # The system keeps it up to date.
+    ! grep -rqF AMUpdateFeedURL $unpacked/usr/share || die "Debian's package knows a feed"
+    [ ! -e $unpacked/usr/lib/ambrelle ] || die "Debian's package holds what belongs into the folder"
     lintian --fail-on error,warning $packages/*.deb
 }
 

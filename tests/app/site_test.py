@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The data of the catalogue site: site_test.py PROGRAM SCHEMA"""
 import json
+import re
 import shutil
 import subprocess
 import sys
@@ -9,6 +10,8 @@ from pathlib import Path
 
 import jsonschema
 
+TREE = Path(__file__).resolve().parents[2]
+METAINFO, SKINS = TREE / "assets/org.ambrelle.Ambrelle.metainfo.xml", TREE / "main/skins"
 SCHEMA = json.loads(Path(sys.argv.pop(2)).read_text())
 
 from batch import Batch, size_of  # noqa: E402  takes the program from the arguments
@@ -28,6 +31,11 @@ class Site(Batch):
         named += [variant["file"] for variant in site["accentDemo"][0]["variants"]]
         self.assertEqual(len(named), len(set(named)), "one picture for two things")
         self.assertLessEqual(set(named), set(files), "a picture is missing")
+        shown = re.findall(r"@/themes/(\w+)/(.+)</image>", METAINFO.read_text())
+        self.assertTrue(shown)
+        for skin, file in shown:
+            self.assertIn(f"themes/atlas/{file}", files, "shops show no such picture")
+            self.assertTrue((SKINS / skin).is_dir(), f"there is no skin {skin}")
         keys = [line.split('"')[1] for line in text.splitlines() if line.startswith('    "')]
         self.assertEqual(keys, sorted(keys), "the order of keys is not fixed")
         self.check_sizes(site, theme, files)
