@@ -184,7 +184,7 @@ def whole():
     for ask in (by_bus, by_start):
         each_action(session, host, ask)
     called("Activate", "{}")
-    wait_for("main window", session.main_windows)
+    is_of_its_entry(wait_for("main window", session.main_windows)[0])
     close_window(session)
     opens_a_theme(session)
     comes_forward(session)
@@ -225,10 +225,21 @@ def without_the_name(session):
         del taken
 
 
-def entry_names_actions(session):
-    """The desktop's menu of programs offers what the program knows."""
+def desktop_entry():
     entry = configparser.RawConfigParser(interpolation=None)
     entry.read(ENTRY)
+    return entry
+
+
+def is_of_its_entry(window):
+    """By this docks and lists of windows find its name and its icon."""
+    told = subprocess.run(["xprop", "-id", window, "WM_CLASS"], capture_output=True, text=True).stdout
+    assert f'"{desktop_entry()["Desktop Entry"]["startupwmclass"]}",' in told, told
+
+
+def entry_names_actions(session):
+    """The desktop's menu of programs offers what the program knows."""
+    entry = desktop_entry()
     actions = entry["Desktop Entry"]["actions"].strip(";").split(";")
     usage = subprocess.run([PROGRAM, "--help"], capture_output=True, text=True).stdout
     assert len(actions) == 3 and len(entry.sections()) == 4
