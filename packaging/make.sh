@@ -98,6 +98,18 @@ sign() { # archive, version
     [ $verified = 1 ] || [ -z "$keys" ] || die "the key is none of those that the program knows"
 }
 
+rehearse() { # archive, version
+    local believed
+    [ -e "$1.minisig" ] && [ -n "$keys" ] || return 0
+    # What former versions do with it.
+    IFS=';' read -ra believed <<<"$keys"
+    mkdir -m 700 $stage/unpacked
+    env -i $folder/lib/ambrelle/ambrelle-update $stage/unpacked "$1.minisig" "org.ambrelle.Ambrelle $2" "${believed[@]}" \
+        <"$1" >/dev/null || die "no program takes the archive"
+    diff -r $folder $stage/unpacked/Ambrelle || die "something else comes of the archive"
+    [ "$(env -i $stage/unpacked/Ambrelle/bin/ambrelle --version)" = "Ambrelle $2" ] || die "what is unpacked does not start"
+}
+
 describe() { # archive, version
     if [ -z "$feed" ]; then
         echo "package: no address of a feed is set (AMBRELLE_UPDATE_FEED): the folder will not update itself" >&2
@@ -122,5 +134,6 @@ make_deb
 make_folder
 packaging/zip_folder.py $folder "$archive"
 sign "$archive" "$version"
+rehearse "$archive" "$version"
 describe "$archive" "$version"
 ls -l $packages
