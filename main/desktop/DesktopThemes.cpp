@@ -89,15 +89,16 @@ void DesktopThemes::replace(const std::optional<ScreenInfo>& screen, const QList
     };
     const auto answer = std::make_shared<Answer>(Answer{.error = picture ? std::nullopt : std::optional(QString())});
     const QList<ScreenInfo> screens = targets(screen);
-    const auto order = [&] {
+    m_manager.asOne([&] {
+        m_manager.replace(screen ? std::optional(screens.first()) : std::nullopt, widgets, defaultSkin);
+        if (!picture)
+            return;
         m_with.wallpaper.apply(*picture, screens, [answer, done](const QString& error) {
             if (answer->isDue && done)
                 done(error);
             answer->error = error;
         });
-    };
-    m_manager.replace(screen ? std::optional(screens.first()) : std::nullopt, widgets, defaultSkin,
-        picture ? std::function<void()>(order) : nullptr);
+    });
     answer->isDue = true;
     if (answer->error && done)
         done(*answer->error);

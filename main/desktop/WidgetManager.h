@@ -70,9 +70,11 @@ public:
     /// Widgets that are there stay, with the records that they had.
     void replaceAll(QList<StoredWidget> widgets, std::optional<Skin> defaultSkin = std::nullopt);
     /// Replaces the widgets of `screen` (none: of all screens) by others, which get identifiers of their own where
-    /// others have theirs; stored once with the skin of new widgets, if given, and with what `also` stores.
-    void replace(const std::optional<ScreenInfo>& screen, QList<StoredWidget> widgets, std::optional<Skin> defaultSkin,
-        const std::function<void()>& also = {});
+    /// others have theirs; stored once with the skin of new widgets, if given.
+    void replace(const std::optional<ScreenInfo>& screen, QList<StoredWidget> widgets, std::optional<Skin> defaultSkin);
+    /// Makes all that `changes` does one change: stored once, together with whatever else it puts into the store, and
+    /// shown after that.
+    void asOne(const std::function<void()>& changes);
 
     void applySkinToAll(Skin skin); ///< new widgets get it too
     /// Gives every widget the skin that `choose` names for its own; stored once.

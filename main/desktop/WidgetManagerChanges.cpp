@@ -23,31 +23,26 @@ constexpr QRectF roomWithoutScreen(0, 0, 1024, 600);
 } // namespace
 
 /// Holds back what the steps of one change store, show and tell; when it is complete, all is stored at once, then
-/// shown, and told once if it was a change of the list. New widgets have that skin from then on, if one is given; what
-/// `also` stores is stored together with the widgets.
+/// shown, and told once if it was a change of the list. New widgets have that skin from then on, if one is given. A
+/// change within another one ends with that.
 class WidgetManager::Change {
 public:
-    explicit Change(
-        WidgetManager& manager, std::optional<Skin> defaultSkin = std::nullopt, std::function<void()> also = {})
+    explicit Change(WidgetManager& manager, std::optional<Skin> defaultSkin = std::nullopt)
         : m_manager(manager)
         , m_defaultSkin(defaultSkin)
-        , m_also(std::move(also))
         , m_before(manager.m_controllers)
+        , m_whole(std::in_place, manager.m_with.defaults)
     {
         ++m_manager.m_openChanges;
     }
     ~Change()
     {
+        if (m_defaultSkin)
+            m_manager.m_with.settings.defaultSkin.set(*m_defaultSkin);
         if (--m_manager.m_openChanges > 0)
             return;
-        {
-            const UserDefaults::Transaction both(m_manager.m_with.defaults);
-            if (m_defaultSkin)
-                m_manager.m_with.settings.defaultSkin.set(*m_defaultSkin);
-            m_manager.save();
-            if (m_also)
-                m_also();
-        }
+        m_manager.save();
+        m_whole.reset();
         m_manager.m_stage.play();
         if (m_manager.m_controllers != m_before)
             m_manager.listChanged();
@@ -57,9 +52,15 @@ public:
 private:
     WidgetManager& m_manager;
     const std::optional<Skin> m_defaultSkin;
-    const std::function<void()> m_also;
     const QList<WidgetController*> m_before;
+    std::optional<UserDefaults::Transaction> m_whole;
 };
+
+void WidgetManager::asOne(const std::function<void()>& changes)
+{
+    const Change change(*this);
+    changes();
+}
 
 WidgetController* WidgetManager::add(WidgetKind kind, std::optional<Skin> skin, std::optional<QPointF> centeredAt)
 {
@@ -167,10 +168,10 @@ WidgetController* WidgetManager::reinsert(const StoredWidget& widget, qsizetype 
     return m_controllers.at(place);
 }
 
-void WidgetManager::replace(const std::optional<ScreenInfo>& screen, QList<StoredWidget> widgets,
-    std::optional<Skin> defaultSkin, const std::function<void()>& also)
+void WidgetManager::replace(
+    const std::optional<ScreenInfo>& screen, QList<StoredWidget> widgets, std::optional<Skin> defaultSkin)
 {
-    const Change change(*this, defaultSkin, also);
+    const Change change(*this, defaultSkin);
     if (screen)
         removeAll(*screen);
     else

@@ -84,7 +84,8 @@ void DesktopWallpaper::restore(const SkinChoice& choose)
 }
 
 /// Makes the files on another thread, then shows them.
-void DesktopWallpaper::prepare(QList<ScreenPicture> pictures, Preparation files, const Done& done)
+void DesktopWallpaper::prepare(
+    QList<ScreenPicture> pictures, Preparation files, const Done& done, const Remembered& before)
 {
     const Done answer = done ? done : [](const QString&) {};
     if (!m_picture.isAvailable())
@@ -104,13 +105,23 @@ void DesktopWallpaper::prepare(QList<ScreenPicture> pictures, Preparation files,
         yieldToOthers();
         return files();
     };
-    QtConcurrent::run(&m_painter, work).then(this, [this, request, pictures, answer](const QString& error) {
+    QtConcurrent::run(&m_painter, work).then(this, [this, request, pictures, answer, before](const QString& error) {
         if (!error.isEmpty())
             return answer(end(request) ? error : QString());
         if (request != m_request)
             return answer({});
-        rememberPrevious(
-            pictures.first().connector, [this, request, pictures, answer] { show(request, pictures, answer); });
+        const auto set = [this, request, pictures, answer] {
+            rememberPrevious(
+                pictures.first().connector, [this, request, pictures, answer] { show(request, pictures, answer); });
+        };
+        if (!before)
+            return set();
+        remember([this, request, answer, before, set](const Memory& memory) {
+            if (request != m_request)
+                return answer({});
+            before(memory);
+            set();
+        });
     });
 }
 
@@ -203,23 +214,31 @@ void DesktopWallpaper::show(int request, const QList<ScreenPicture>& asked, cons
         return done({});
     const QList<ScreenPicture> pictures = stillConnected(asked);
     m_picture.set(pictures, [this, request, pictures, asked, done](const QString& error) {
-        if (end(request) && error.isEmpty()) {
-            Files shown = m_shown;
-            for (const ScreenPicture& picture : pictures)
-                shown.insert(picture.connector, picture.file);
-            for (QString& file : shown)
-                file = isPerScreen() ? file : pictures.first().file;
-            const std::optional<QString> main = mainFile(pictures);
-            if (main)
-                m_notes.setCurrent(*main);
-            setShown(main.value_or(m_current), shown);
-            for (const ScreenPicture& picture : asked) {
-                if (Wallpaper::skinOf(picture.file))
-                    m_painted.insert(picture.connector);
-            }
+        {
+            const UserDefaults::Transaction whole = m_notes.asOne();
+            if (end(request) && error.isEmpty())
+                noteSet(pictures, asked);
         }
         done(error);
     });
+}
+
+/// The pictures are set, of those that were asked for.
+void DesktopWallpaper::noteSet(const QList<ScreenPicture>& pictures, const QList<ScreenPicture>& asked)
+{
+    Files shown = m_shown;
+    for (const ScreenPicture& picture : pictures)
+        shown.insert(picture.connector, picture.file);
+    for (QString& file : shown)
+        file = isPerScreen() ? file : pictures.first().file;
+    const std::optional<QString> main = mainFile(pictures);
+    if (main)
+        m_notes.setCurrent(*main);
+    setShown(main.value_or(m_current), shown);
+    for (const ScreenPicture& picture : asked) {
+        if (Wallpaper::skinOf(picture.file))
+            m_painted.insert(picture.connector);
+    }
 }
 
 bool DesktopWallpaper::isOurs(const QString& file) const

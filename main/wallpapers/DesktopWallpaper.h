@@ -40,24 +40,27 @@ public:
 
         bool isKnown() const { return !desktop.isEmpty(); }
     };
+    using Remembered = std::function<void(const Memory& memory)>;
 
     DesktopWallpaper(
         Wallpaper wallpaper, WindowHost& host, DesktopPicture& picture, UserDefaults& defaults, Folders folders);
     ~DesktopWallpaper() override;
 
     /// Gives each of the screens the skin's wallpaper in its own size, or all of them where they show one picture. What
-    /// was asked for other screens before, and does not show yet, still comes to them.
-    void apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done = {});
+    /// was asked for other screens before, and does not show yet, still comes to them. `before` gets what they showed
+    /// until then, as remember() does, at the last moment; it is not called when a later call took the place of this
+    /// one, or nothing could be painted.
+    void apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done = {}, const Remembered& before = {});
     void apply(Skin skin, const Done& done = {}); ///< on all screens
     /// Gives every screen that picture.
-    void apply(const QString& file, const Done& done = {});
+    void apply(const QString& file, const Done& done = {}, const Remembered& before = {});
 
     const QString& extrasFolder() const { return m_folders.extras; }
     /// The pictures shipped in a folder, as absolute paths; empty without one. Any thread may ask.
     static QStringList extrasIn(const QString& folder);
     /// Where the copy of a shipped picture is kept, so that it outlives the program.
     QString installedURL(const QString& extra) const;
-    void applyExtra(const QString& extra, const Done& done = {});
+    void applyExtra(const QString& extra, const Done& done = {}, const Remembered& before = {});
 
     /// The picture on the main screen as far as it was last known; empty when nothing tells it.
     QString currentURL() const { return m_current; }
@@ -87,7 +90,7 @@ public:
 
     /// Finds out what the desktop shows now, with a picture under way not yet. One memory is good at a time: what it
     /// has to keep in a file, the next one may write over.
-    void remember(const std::function<void(const Memory& memory)>& then);
+    void remember(const Remembered& then);
     /// Makes the desktop show what it showed then; screens that have gone are left out.
     void giveBack(const Memory& memory, const Done& done = {});
 
@@ -114,9 +117,10 @@ private:
     QList<ScreenPicture> stillAsked(const QList<ScreenPicture>& pictures) const;
     int begin(const QList<ScreenPicture>& pictures);
     bool end(int request);
-    void prepare(QList<ScreenPicture> pictures, Preparation files, const Done& done);
+    void prepare(QList<ScreenPicture> pictures, Preparation files, const Done& done, const Remembered& before = {});
     ScreenPicture ordered(Skin skin, const ScreenInfo& screen, Sizes& sizes) const;
-    void paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const QStringList& others, const Done& done);
+    void paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const QStringList& others,
+        const Done& done = {}, const Remembered& before = {});
     void bringBack(const WallpaperNotes::Unfinished& unfinished, const QString& last, const SkinChoice& choose);
     void readAll(const QList<ScreenInfo>& screens, const QStringList& shown, int changes);
     void fit(const QList<ScreenInfo>& screens, const QStringList& shown);
@@ -125,6 +129,7 @@ private:
     QList<ScreenPicture> onEveryScreen(const QString& file) const;
     void rememberPrevious(const QString& connector, const std::function<void()>& then);
     void show(int request, const QList<ScreenPicture>& asked, const Done& done);
+    void noteSet(const QList<ScreenPicture>& pictures, const QList<ScreenPicture>& asked);
     bool isOurs(const QString& file) const;
     void setShown(const QString& main, const Files& shown);
 

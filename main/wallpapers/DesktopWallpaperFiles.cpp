@@ -67,7 +67,7 @@ QString installExtra(const QString& extra, const QString& installed)
 
 } // namespace
 
-void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done)
+void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, const Done& done, const Remembered& before)
 {
     Sizes sizes;
     QList<ScreenPicture> pictures;
@@ -75,7 +75,7 @@ void DesktopWallpaper::apply(Skin skin, const QList<ScreenInfo>& screens, const 
     const bool isForAll = !screens.isEmpty() && !isPerScreen();
     for (const ScreenInfo& screen : isForAll ? m_host.screens() : screens)
         pictures.append(ordered(skin, screen, sizes));
-    paint(pictures, sizes, {}, done);
+    paint(pictures, sizes, {}, done, before);
 }
 
 /// The skin's picture for that screen, its size noted in `sizes`.
@@ -88,8 +88,8 @@ ScreenPicture DesktopWallpaper::ordered(Skin skin, const ScreenInfo& screen, Siz
 }
 
 /// Paints the files that have a size; the others are there, or are copies of shipped pictures.
-void DesktopWallpaper::paint(
-    const QList<ScreenPicture>& pictures, const Sizes& sizes, const QStringList& others, const Done& done)
+void DesktopWallpaper::paint(const QList<ScreenPicture>& pictures, const Sizes& sizes, const QStringList& others,
+    const Done& done, const Remembered& before)
 {
     QMap<QString, QString> extras; // by their copy
     for (const QString& extra : others.isEmpty() ? QStringList() : extrasIn(m_folders.extras))
@@ -106,7 +106,7 @@ void DesktopWallpaper::paint(
         }
         return error;
     };
-    prepare(pictures, files, done);
+    prepare(pictures, files, done, before);
 }
 
 void DesktopWallpaper::apply(Skin skin, const Done& done)
@@ -114,10 +114,10 @@ void DesktopWallpaper::apply(Skin skin, const Done& done)
     apply(skin, m_host.screens(), done);
 }
 
-void DesktopWallpaper::apply(const QString& file, const Done& done)
+void DesktopWallpaper::apply(const QString& file, const Done& done, const Remembered& before)
 {
     prepare(
-        onEveryScreen(file), [file] { return whyUnreadable(file); }, done);
+        onEveryScreen(file), [file] { return whyUnreadable(file); }, done, before);
 }
 
 QStringList DesktopWallpaper::extrasIn(const QString& folder)
@@ -136,11 +136,11 @@ QString DesktopWallpaper::installedURL(const QString& extra) const
     return m_folders.wallpapers + u"/extra-"_s + QFileInfo(extra).fileName();
 }
 
-void DesktopWallpaper::applyExtra(const QString& extra, const Done& done)
+void DesktopWallpaper::applyExtra(const QString& extra, const Done& done, const Remembered& before)
 {
     const QString installed = installedURL(extra);
     prepare(
-        onEveryScreen(installed), [extra, installed] { return installExtra(extra, installed); }, done);
+        onEveryScreen(installed), [extra, installed] { return installExtra(extra, installed); }, done, before);
 }
 
 QList<ScreenPicture> DesktopWallpaper::onEveryScreen(const QString& file) const

@@ -41,7 +41,7 @@ void DesktopWallpaper::rememberPrevious(const QString& connector, const std::fun
     });
 }
 
-void DesktopWallpaper::remember(const std::function<void(const Memory& memory)>& then)
+void DesktopWallpaper::remember(const Remembered& then)
 {
     if (!m_picture.isAvailable())
         return then({});
@@ -70,6 +70,7 @@ void DesktopWallpaper::giveBack(const Memory& memory, const Done& done)
     const int request = begin(isOurs ? pictures : QList<ScreenPicture>());
     m_preparing = [] { return QString(); };
     m_picture.giveBack(memory.desktop, [this, request, memory, answer](const QString& error) {
+        const UserDefaults::Transaction whole = m_notes.asOne();
         if (end(request) && error.isEmpty()) {
             m_notes.setPrevious(memory.previous);
             m_notes.setCurrent(memory.current);
@@ -105,10 +106,11 @@ void DesktopWallpaper::bringBack(
             others.append(file);
         }
     }
+    const UserDefaults::Transaction whole = m_notes.asOne();
     m_notes.setUnfinished({});
     if (pictures.isEmpty())
         return;
-    paint(pictures, sizes, others, {});
+    paint(pictures, sizes, others);
     WallpaperNotes::Unfinished again = m_notes.unfinished();
     again.starts = unfinished.starts + 1;
     m_notes.setUnfinished(again);

@@ -2,8 +2,6 @@
 
 #include "wallpapers/WallpaperNotes.h"
 
-#include "foundation/UserDefaults.h"
-
 namespace ambrelle {
 
 using namespace Qt::StringLiterals;

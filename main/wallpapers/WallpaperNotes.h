@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "foundation/UserDefaults.h"
+
 #include <QHash>
 #include <QJsonObject>
 #include <QString>
@@ -10,8 +12,6 @@
 
 namespace ambrelle {
 
-class UserDefaults;
-
 /// What is kept of the desktop picture from one run to the next.
 class WallpaperNotes {
 public:
@@ -19,6 +19,9 @@ public:
         : m_defaults(defaults)
     {
     }
+
+    /// While it lives, nothing is kept; what was said in it is kept as one.
+    [[nodiscard]] UserDefaults::Transaction asOne() { return UserDefaults::Transaction(m_defaults); }
 
     /// What the desktop showed before the program set a picture, as its port told it.
     std::optional<QJsonObject> previous() const;

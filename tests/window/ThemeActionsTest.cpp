@@ -41,6 +41,21 @@ TEST_F(ThemeActionsTest, AppliesAfterAQuestionAndBringsEverythingBack)
     EXPECT_EQ(desk.settings.defaultSkin(), Skin::mono) << "chosen since";
 }
 
+TEST_F(ThemeActionsTest, WidgetsAndWallpaperReachTheStoreTogether)
+{
+    const TestFolder folder;
+    UserDefaults file(folder.filePath(u"defaults.json"_s));
+    WindowDesk killed(file);
+    killed.themeActions.apply(Skin::neon, true);
+    int versions = 0;
+    for (const QString& name : QDir(folder.path()).entryList(QDir::Files)) {
+        const QByteArray version = folder.read(name);
+        EXPECT_EQ(version.contains("widgets.v2"), version.contains("desktopPicture.unfinished")) << qPrintable(name);
+        versions += version.contains("widgets.v2") ? 1 : 0;
+    }
+    EXPECT_EQ(versions, 1);
+}
+
 TEST_F(ThemeActionsTest, AsksOnlyWhereWidgetsGo)
 {
     desk.show({main, rightScreen});

@@ -7,12 +7,14 @@
 #include "foundation/Wording.h"
 #include "model/AppSettings.h"
 #include "model/ThemeStore.h"
+#include "window/frame/PreviousPicture.h"
 #include "window/frame/Sheets.h"
 #include "window/frame/Undo.h"
 
 #include <QPointer>
 
 #include <algorithm>
+#include <memory>
 
 namespace ambrelle {
 
@@ -175,30 +177,23 @@ void ThemeActions::carryOut(Wish wish)
         .saved = m_applied.saved(),
         .widgetsChanged = wish.placesWidgets(),
         .picture = {}};
-    if (wish.placesWidgets()) {
-        if (const QString error = placeWidgets(wish); !error.isEmpty())
-            return m_with.undo.fail(error);
-        before.appliedSkin = m_with.settings.defaultSkin();
-        m_with.model.setShowWelcome(false);
-    }
-    wish.number = ++m_lastWish;
-    m_with.undo.beginPicture();
-    m_work.begin({wish.theme, wish.operation});
-    if (!wish.picture)
-        return m_work.end([this, wish, before] { ended(wish, before, {}); });
-    rememberAndPaint(wish, before);
-}
-
-void ThemeActions::rememberAndPaint(const Wish& wish, const Before& before)
-{
-    const QPointer<ThemeActions> self(this);
-    m_with.wallpaper.remember([self, wish, before = before](const DesktopWallpaper::Memory& memory) mutable {
-        if (!self || wish.number != self->m_lastWish)
-            return;
-        if (memory.isKnown())
-            before.picture = memory;
-        self->paint(wish, before);
+    QString error;
+    // A kill leaves both to the next start, widgets and wallpaper, or neither.
+    m_with.manager.asOne([&] {
+        if (wish.placesWidgets()) {
+            error = placeWidgets(wish);
+            if (!error.isEmpty())
+                return;
+            before.appliedSkin = m_with.settings.defaultSkin();
+            m_with.model.setShowWelcome(false);
+        }
+        wish.number = ++m_lastWish;
+        m_with.undo.beginPicture();
+        m_work.begin({wish.theme, wish.operation});
+        paint(wish, before);
     });
+    if (!error.isEmpty())
+        return m_with.undo.fail(error);
 }
 
 /// `offer`: the number of that which brings the widgets back. Where it is not offered any more, something else was done
@@ -210,7 +205,7 @@ void ThemeActions::paintAgain(Wish wish, Before before, std::optional<int> offer
     m_with.undo.makeFinal();
     wish.number = ++m_lastWish;
     m_work.begin({wish.theme, wish.operation});
-    rememberAndPaint(wish, before);
+    paint(wish, before);
 }
 
 /// Why they were not placed; empty if they were.
@@ -240,13 +235,22 @@ QString ThemeActions::placeWidgets(const Wish& wish)
     return error;
 }
 
+/// The picture, if one is wanted; then the work has ended.
 void ThemeActions::paint(const Wish& wish, const Before& before)
 {
     const QPointer<ThemeActions> self(this);
-    m_with.wallpaper.apply(*wish.picture, screensOf(wish.target), [self, wish, before](const QString& error) {
+    const auto earlier = std::make_shared<Before>(before);
+    const auto done = [self, wish, earlier](const QString& error) {
         if (self && wish.number == self->m_lastWish)
-            self->m_work.end([self, wish, before, error] { self->ended(wish, before, error); });
-    });
+            self->m_work.end([self, wish, earlier, error] { self->ended(wish, *earlier, error); });
+    };
+    if (!wish.picture)
+        return done({});
+    m_with.wallpaper.apply(
+        *wish.picture, screensOf(wish.target), done, [earlier](const DesktopWallpaper::Memory& memory) {
+            if (memory.isKnown())
+                earlier->picture = memory;
+        });
 }
 
 /// Of a wish that another one followed only the failure is told.
@@ -280,22 +284,14 @@ void ThemeActions::bringBack(const Before& before)
 {
     ++m_lastWish; // whatever is under way shall not come after
     m_work.end();
-    if (before.widgetsChanged) {
-        const bool isChosenSince = m_with.settings.defaultSkin() != before.appliedSkin;
-        m_with.manager.replaceAll(before.widgets, isChosenSince ? std::nullopt : std::optional(before.defaultSkin));
-        m_applied.note(before.saved);
-    }
-    if (before.picture)
-        giveBack(*before.picture);
-}
-
-void ThemeActions::giveBack(const DesktopWallpaper::Memory& picture)
-{
-    m_with.undo.makeFinal();
-    const QPointer<ThemeActions> self(this);
-    m_with.wallpaper.giveBack(picture, [self, picture](const QString& error) {
-        if (self && !error.isEmpty())
-            self->m_with.undo.failPicture(error, [self, picture] { self->giveBack(picture); });
+    m_with.manager.asOne([&] {
+        if (before.widgetsChanged) {
+            const bool isChosenSince = m_with.settings.defaultSkin() != before.appliedSkin;
+            m_with.manager.replaceAll(before.widgets, isChosenSince ? std::nullopt : std::optional(before.defaultSkin));
+            m_applied.note(before.saved);
+        }
+        if (before.picture)
+            giveBack(m_with, *before.picture);
     });
 }
 

@@ -72,13 +72,11 @@ private:
     Wish wishFor(const ThemeChoice& theme, ThemeOperation operation, const ThemeTarget& target) const;
     void carryOut(Wish wish);
     QString placeWidgets(const Wish& wish);
-    void rememberAndPaint(const Wish& wish, const Before& before);
     void paintAgain(Wish wish, Before before, std::optional<int> offer);
     void paint(const Wish& wish, const Before& before);
     void ended(const Wish& wish, const Before& before, const QString& error);
     void finished(const Wish& wish, const Before& before, const QString& error);
     void bringBack(const Before& before);
-    void giveBack(const DesktopWallpaper::Memory& picture);
 
     void saveAs(const QString& name, const QString& screen);
     void addSaved(const QString& name, const QString& screen);

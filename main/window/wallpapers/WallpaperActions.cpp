@@ -26,10 +26,11 @@ struct WallpaperSetter {
     DesktopWallpaper& wallpaper;
     QList<ScreenInfo> screens;
     DesktopWallpaper::Done done;
+    DesktopWallpaper::Remembered before;
 
-    void operator()(Skin skin) const { wallpaper.apply(skin, screens, done); }
-    void operator()(const WallpaperShuffle::Extra& extra) const { wallpaper.applyExtra(extra.path, done); }
-    void operator()(const WallpaperShuffle::Custom& own) const { wallpaper.apply(own.path, done); }
+    void operator()(Skin skin) const { wallpaper.apply(skin, screens, done, before); }
+    void operator()(const WallpaperShuffle::Extra& extra) const { wallpaper.applyExtra(extra.path, done, before); }
+    void operator()(const WallpaperShuffle::Custom& own) const { wallpaper.apply(own.path, done, before); }
 };
 
 /// Those that get the wallpaper.
@@ -84,7 +85,6 @@ struct WallpaperActions::Order {
 struct WallpaperActions::Round {
     WindowContext with;
     QPointer<WallpaperActions> shown;
-    QList<Order> waiting{}; ///< until it is known what to bring back
     int last = 0; ///< number of the latest order
 };
 
@@ -109,20 +109,14 @@ void WallpaperActions::start(
     const bool isPainted = std::holds_alternative<Skin>(wallpaper);
     if (round->shown)
         round->shown->m_work.begin({wallpaper, isPainted ? static_cast<int>(screensFor(with, screen).size()) : 1});
-    round->waiting.append({wallpaper, screen, ++round->last});
-    if (round->waiting.size() > 1)
-        return; // goes with the one before
-    with.wallpaper.remember([round](const DesktopWallpaper::Memory& memory) {
-        for (const Order& order : std::exchange(round->waiting, {}))
-            carryOut(round, order, memory);
-    });
+    carryOut(round, {wallpaper, screen, ++round->last});
 }
 
-void WallpaperActions::carryOut(
-    const std::shared_ptr<Round>& round, const Order& order, const DesktopWallpaper::Memory& memory)
+void WallpaperActions::carryOut(const std::shared_ptr<Round>& round, const Order& order)
 {
     const QList<ScreenInfo> screens = screensFor(round->with, order.screen);
-    const auto done = [round, order, memory, screens](const QString& error) {
+    const auto before = std::make_shared<DesktopWallpaper::Memory>();
+    const auto done = [round, order, before, screens](const QString& error) {
         const WindowContext& with = round->with;
         const bool isLatest = order.number == round->last;
         settle(round, order.number);
@@ -130,11 +124,12 @@ void WallpaperActions::carryOut(
             with.undo.failPicture(error, [round, order] { start(round, order.wallpaper, order.screen); });
         else if (!error.isEmpty())
             with.undo.failPicture(error); // it would come over the one that followed
-        else if (isLatest && memory.isKnown() && isShown(with.wallpaper, order.wallpaper, screens))
+        else if (isLatest && before->isKnown() && isShown(with.wallpaper, order.wallpaper, screens))
             with.undo.offer({Wording::tr("Wallpaper set to %1").arg(wallpaperTitle(order.wallpaper)),
-                [with, memory] { giveBack(with, memory); }});
+                [with, memory = *before] { giveBack(with, memory); }});
     };
-    std::visit(WallpaperSetter{round->with.wallpaper, screens, done}, order.wallpaper);
+    const auto remembered = [before](const DesktopWallpaper::Memory& memory) { *before = memory; };
+    std::visit(WallpaperSetter{round->with.wallpaper, screens, done, remembered}, order.wallpaper);
 }
 
 void WallpaperActions::settle(const std::shared_ptr<Round>& round, int number)

@@ -51,8 +51,7 @@ private:
     struct Round;
 
     static void start(const std::shared_ptr<Round>& round, const WallpaperChoice& wallpaper, const QString& screen);
-    static void carryOut(
-        const std::shared_ptr<Round>& round, const Order& order, const DesktopWallpaper::Memory& memory);
+    static void carryOut(const std::shared_ptr<Round>& round, const Order& order);
     static void settle(const std::shared_ptr<Round>& round, int number);
     static void takeOn(const Round& round, const PictureSorter::Sorted& sorted);
 
