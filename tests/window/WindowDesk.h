@@ -17,6 +17,7 @@
 #include "window/frame/Sheet.h"
 #include "window/frame/Undo.h"
 #include "window/frame/WindowContext.h"
+#include "window/look/AppLook.h"
 #include "window/themes/ThemeActions.h"
 #include "window/wallpapers/PictureSorter.h"
 #include "window/WindowMaker.h"
@@ -112,6 +113,7 @@ struct WindowTest : testing::Test {
     explicit WindowTest(Updater::Trust trust = {})
         : home(store, std::move(trust))
     {
+        AppLook::shared().apply({}); // all windows share it, and tests before this one may have changed it
     }
     ~WindowTest() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 

@@ -134,8 +134,8 @@ void SettingsColumn::fit()
 {
     const int margin = width() < narrowColumn ? measures::narrowMargin : measures::wideMargin;
     const int room = viewport()->width() - AppLook::shared().scaled(columnWidth);
-    const int side = std::max(margin, room / 2);
-    m_rows->setContentsMargins(side, columnTop, side, columnTop);
+    const int left = std::max(margin, room / 2);
+    m_rows->setContentsMargins(left, columnTop, std::max(margin, room - left), columnTop);
 }
 
 } // namespace ambrelle
