@@ -93,6 +93,8 @@ WaylandMachine::WaylandMachine(const Wishes& wishes)
           m_system.session.swaySocket, [this](const QRectF& place) { return m_windows.fromLayout(place); },
           QCoreApplication::applicationPid())
     , m_idle(m_windows.connection())
+    , m_power(m_windows.connection())
+    , m_visibility({&m_system.visibility, &m_power})
 {
     if (!m_windows.isAvailable())
         return;
@@ -152,7 +154,7 @@ Machine::Ports WaylandMachine::ports()
     return m_system.ports({
         .windows = m_windows,
         .otherWindows = m_otherWindows,
-        .visibility = m_system.visibility,
+        .visibility = m_visibility,
         .input = m_idle.isAvailable() ? static_cast<InputMonitor&>(m_idle) : m_system.input,
         .trays = {&m_system.tray},
     });

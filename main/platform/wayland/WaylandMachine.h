@@ -3,10 +3,12 @@
 #pragma once
 
 #include "platform/HostOffer.h"
+#include "platform/linux/JointVisibility.h"
 #include "platform/linux/LinuxSystem.h"
 #include "platform/linux/sway/SwayOutputs.h"
 #include "platform/linux/sway/SwayWindowList.h"
 #include "platform/wayland/IdleWatch.h"
+#include "platform/wayland/OutputPower.h"
 #include "platform/wayland/WaylandWindowHost.h"
 
 namespace ambrelle {
@@ -35,6 +37,8 @@ private:
     SwaySocket m_sway; ///< asked once what it is
     SwayWindowList m_otherWindows;
     IdleWatch m_idle;
+    OutputPower m_power;
+    JointVisibility m_visibility;
 };
 
 } // namespace ambrelle

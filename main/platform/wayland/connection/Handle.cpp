@@ -7,6 +7,7 @@
 #include <viewporter-client-protocol.h>
 #include <wayland-client.h>
 #include <wlr-layer-shell-unstable-v1-client-protocol.h>
+#include <wlr-output-power-management-unstable-v1-client-protocol.h>
 #include <xdg-activation-v1-client-protocol.h>
 
 namespace ambrelle {
@@ -113,6 +114,16 @@ void GiveBack::operator()(zwlr_layer_shell_v1* object) const
 void GiveBack::operator()(zwlr_layer_surface_v1* object) const
 {
     zwlr_layer_surface_v1_destroy(object);
+}
+
+void GiveBack::operator()(zwlr_output_power_manager_v1* object) const
+{
+    zwlr_output_power_manager_v1_destroy(object);
+}
+
+void GiveBack::operator()(zwlr_output_power_v1* object) const
+{
+    zwlr_output_power_v1_destroy(object);
 }
 
 } // namespace ambrelle

@@ -24,6 +24,8 @@ struct xdg_activation_token_v1;
 struct xdg_activation_v1;
 struct zwlr_layer_shell_v1;
 struct zwlr_layer_surface_v1;
+struct zwlr_output_power_manager_v1;
+struct zwlr_output_power_v1;
 
 namespace ambrelle {
 
@@ -50,6 +52,8 @@ struct GiveBack {
     void operator()(xdg_activation_v1* object) const;
     void operator()(zwlr_layer_shell_v1* object) const;
     void operator()(zwlr_layer_surface_v1* object) const;
+    void operator()(zwlr_output_power_manager_v1* object) const;
+    void operator()(zwlr_output_power_v1* object) const;
 };
 
 /// Owns an object of the compositor's.

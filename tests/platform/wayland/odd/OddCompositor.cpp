@@ -4,6 +4,7 @@
 
 #include <wayland-server-protocol.h>
 #include <wlr-layer-shell-unstable-v1-server-protocol.h>
+#include <wlr-output-power-management-unstable-v1-server-protocol.h>
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -163,6 +164,25 @@ struct OddRequests {
         wl_resource_set_implementation(
             wl_resource_create(client, &zwlr_layer_shell_v1_interface, 4, id), &requests, owner, nullptr);
     }
+    static void getOutputPower(wl_client* client, wl_resource* manager, uint32_t id, wl_resource*)
+    {
+        static const struct zwlr_output_power_v1_interface requests {
+            .set_mode = [](wl_client*, wl_resource*, uint32_t) {}, .destroy = destroy
+        };
+        wl_resource* const power = wl_resource_create(client, &zwlr_output_power_v1_interface, 1, id);
+        wl_resource_set_implementation(power, &requests, of<OddCompositor>(manager),
+            [](wl_resource* gone) { of<OddCompositor>(gone)->m_powers.removeOne(gone); });
+        of<OddCompositor>(manager)->m_powers.append(power);
+        zwlr_output_power_v1_send_mode(power, ZWLR_OUTPUT_POWER_V1_MODE_ON);
+    }
+    static void bindPowerManager(wl_client* client, void* owner, uint32_t, uint32_t id)
+    {
+        static const struct zwlr_output_power_manager_v1_interface requests {
+            .get_output_power = getOutputPower, .destroy = destroy
+        };
+        wl_resource_set_implementation(
+            wl_resource_create(client, &zwlr_output_power_manager_v1_interface, 1, id), &requests, owner, nullptr);
+    }
     static void bindOutput(wl_client* client, void* data, uint32_t version, uint32_t id)
     {
         const auto& output = *static_cast<OddCompositor::Output*>(data);
@@ -183,6 +203,7 @@ OddCompositor::OddCompositor()
 {
     wl_display_init_shm(m_display);
     wl_global_create(m_display, &wl_compositor_interface, 4, this, OddRequests::bindCompositor);
+    wl_global_create(m_display, &zwlr_output_power_manager_v1_interface, 1, this, OddRequests::bindPowerManager);
     offerLayerShell();
     qputenv("WAYLAND_DISPLAY", wl_display_add_socket_auto(m_display));
     wl_event_loop_add_fd(
@@ -253,6 +274,12 @@ void OddCompositor::withdrawLayerShell()
 QList<OddCompositor::Layer*> OddCompositor::layers() const
 {
     return m_layers;
+}
+
+void OddCompositor::setPower(bool on)
+{
+    for (wl_resource* power : m_powers)
+        zwlr_output_power_v1_send_mode(power, on ? ZWLR_OUTPUT_POWER_V1_MODE_ON : ZWLR_OUTPUT_POWER_V1_MODE_OFF);
 }
 
 void OddCompositor::close(Layer* layer)

@@ -49,6 +49,7 @@ public:
     void withdrawLayerShell(); ///< from those who ask from now on
     QList<Layer*> layers() const; ///< those there are, in the order they were made
     void close(Layer* layer);
+    void setPower(bool on); ///< of all outputs; who asks later is told that they are on
     QSize configured{-1, -1}; ///< the size that layers are told; not valid: the one they want
 
 private:
@@ -60,6 +61,7 @@ private:
     std::deque<Output> m_outputs;
     QMap<wl_resource*, Surface*> m_surfaces;
     QList<Layer*> m_layers;
+    QList<wl_resource*> m_powers;
     std::mutex m_lock;
     std::deque<std::function<void()>> m_work;
     int m_wake;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/wayland/odd/OddCompositor.h"
+#include "platform/wayland/OutputPower.h"
 #include "platform/wayland/WaylandWindowHost.h"
 #include "support/PlainFace.h"
 #include "support/WaitUntil.h"
@@ -148,6 +149,30 @@ TEST_F(OddCompositorTest, APanelOutlivesItsOutputs)
     EXPECT_TRUE(isConnected());
     compositor->run([this] { good = compositor->plug({.corner = {}, .mode = {800, 600}}); });
     EXPECT_TRUE(areShown({size}));
+}
+
+TEST_F(OddCompositorTest, NobodySeesADesktopOnDarkOutputs)
+{
+    OutputPower power(host.connection());
+    ASSERT_TRUE(power.isAvailable()) << power.whyNot().toStdString();
+    QList<bool> told;
+    QObject::connect(&power, &SessionVisibility::changed, &power, [&] { told.append(power.isVisible()); });
+    ASSERT_TRUE(isConnected());
+    EXPECT_TRUE(power.isVisible());
+    compositor->run([] { compositor->setPower(false); });
+    EXPECT_TRUE(waitUntil([&] { return !power.isVisible(); }));
+    OddCompositor::Output* lit = nullptr;
+    compositor->run([&] { lit = compositor->plug({.corner = {800, 0}, .mode = {800, 600}}); });
+    EXPECT_TRUE(waitUntil([&] { return power.isVisible(); })) << "on that one";
+    compositor->run([&] { compositor->unplug(lit); });
+    EXPECT_TRUE(waitUntil([&] { return !power.isVisible(); }));
+    compositor->run([] { compositor->setPower(true); });
+    EXPECT_TRUE(waitUntil([&] { return power.isVisible(); }));
+    EXPECT_EQ(told, QList<bool>({false, true, false, true}));
+    const OutputPower none(nullptr);
+    EXPECT_TRUE(none.isVisible());
+    EXPECT_FALSE(none.isAvailable());
+    EXPECT_FALSE(none.whyNot().isEmpty());
 }
 
 TEST_F(OddCompositorTest, WhatIsWithdrawnServesThoseWhoHaveIt)
