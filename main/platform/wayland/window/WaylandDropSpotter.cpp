@@ -10,7 +10,7 @@ namespace ambrelle {
 namespace {
 
 // A compositor that looks at once answers within a hundredth of it; others do so with the pointer's next move.
-constexpr std::chrono::seconds spotting{1};
+constexpr std::chrono::seconds spotting{2};
 
 } // namespace
 
