@@ -105,7 +105,8 @@ def has_everything(session):
     for locked in (True, False):
         subprocess.run(session.command("--action", "lock"), env=session.env, check=True, timeout=60)
         wait_for(f"positions locked: {locked}", lambda: session.stored().get("locked") == locked)
-    assert session.stop() == ""
+    told = session.stop()
+    assert not told, told
     assert [widget["kind"] for widget in session.widgets()] == ["clock", "cpu"]
 
 

@@ -164,6 +164,18 @@ TEST_F(PortalAppearanceTest, WithoutAPortalTheDesktopsSettingsTell)
     EXPECT_FALSE(unknown.whyNot().isEmpty());
 }
 
+TEST_F(PortalAppearanceTest, EndsInSilenceWhileItAsks)
+{
+    const TestFolder folder;
+    folder.writeScript(u"gsettings"_s, ": > \"$0.asked\"; exec sleep 1000\n");
+    const test::Variable withTool("PATH", QFile::encodeName(folder.path()) + ':' + qgetenv("PATH"));
+    std::optional<PortalAppearance> appearance(bus.opener());
+    EXPECT_TRUE(waitUntil([&folder] { return QFile::exists(folder.filePath(u"gsettings.asked"_s)); }));
+    testing::internal::CaptureStderr();
+    appearance.reset();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(PortalAppearanceTest, TellsWhatElseWindowsShallLookLike)
 {
     settings.others[u"org.freedesktop.appearance"_s] = {{u"contrast"_s, 1U}};

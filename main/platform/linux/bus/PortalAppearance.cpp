@@ -64,6 +64,15 @@ PortalAppearance::PortalAppearance(OpenBus openBus)
         [this] { QTimer::singleShot(settlingTime, this, &PortalAppearance::askSettings); });
 }
 
+PortalAppearance::~PortalAppearance()
+{
+    for (QProcess* process : findChildren<QProcess*>()) {
+        process->disconnect(this);
+        process->kill(); // else the toolkit does so and complains of it
+        process->waitForFinished();
+    }
+}
+
 QString PortalAppearance::whyNot() const
 {
     return m_known ? QString() : Wording::tr("The desktop does not tell whether it is light or dark.");

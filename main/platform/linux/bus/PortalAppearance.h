@@ -19,6 +19,7 @@ class PortalAppearance final : public SystemAppearance {
     Q_OBJECT
 public:
     explicit PortalAppearance(OpenBus openBus = &QDBusConnection::sessionBus);
+    ~PortalAppearance() override;
 
     bool isAvailable() const override { return m_known; }
     QString whyNot() const override;
