@@ -26,7 +26,11 @@ public:
 
 private:
     void arm();
+    /// On the queue's time line: a clock that never jumps, set to the wall clock's time once, so that seconds that are
+    /// shown and what is done every so many of them wake the machine up together.
+    TimerQueue::Moment queueNow() const;
 
+    const TimerQueue::Moment m_origin; ///< of that line
     QTimer m_timer;
     TimerQueue m_queue;
     MinuteBeat m_minutes;
