@@ -106,8 +106,13 @@ void CarbonSkin::level(Canvas& canvas, const Box& box, double fraction, const QC
     constexpr double pitch = 4;
     const int count = static_cast<int>(box.width() / pitch);
     const int lit = litOf(fraction, count);
-    carbon::leaningBlocks(
-        canvas, box, look().lines.level, count, [&](int index) { return index < lit ? colour : look().track; });
+    canvas.still(
+        u"level"_s, box,
+        [&](Canvas& layer) {
+            carbon::leaningBlocks(
+                layer, box, look().lines.level, count, [&](int index) { return index < lit ? colour : look().track; });
+        },
+        lit, colour);
 }
 
 void CarbonSkin::history(Canvas& canvas, const Box& box, const History& history, const QColor&) const
