@@ -26,6 +26,29 @@ double twoLinePitch(const SkinStyle& style)
     return style.rowSize + style.captionSize + style.rowGap;
 }
 
+double upperLine(const SkinStyle& style)
+{
+    constexpr double wide = 8; // gap of rows that nobody takes for each other's
+    constexpr double least = 1.5;
+    constexpr double air = 0.4;
+    const double most = style.rowSize + style.rowGap - 2;
+    if (style.rowGap >= wide || style.ruling > 0 || style.body.pixel)
+        return most;
+    // The tails of the upper line end just above the letters of the lower one.
+    const TextStyle row = style.row();
+    const TextStyle caption = style.caption();
+    const double tails = shape(row.face, row.size, u"gy"_s)->ink.bottom() + row.size * row.face.capRatio / 2;
+    const double letters =
+        shape(caption.face, caption.size, u"Yd"_s)->ink.top() + caption.size * caption.face.capRatio / 2;
+    const double apart = tails - letters + air;
+    return std::clamp(2 * apart - lowerLine(style), std::min(most, style.rowSize + least), most);
+}
+
+double lowerLine(const SkinStyle& style)
+{
+    return style.captionSize + 1;
+}
+
 void hero(Canvas& canvas, const FaceRenderer& skin, Box& content, const Units::Pair& value, bool marked)
 {
     hero(canvas, skin, content, value, marked, skin.style().heroCap);

@@ -24,6 +24,9 @@ double footerHeight(const SkinStyle& style);
 double rowHeight(const SkinStyle& style);
 /// A row of two lines, a row's text over a caption.
 double twoLinePitch(const SkinStyle& style);
+/// Its two lines, nearer to each other than to other rows.
+double upperLine(const SkinStyle& style);
+double lowerLine(const SkinStyle& style);
 
 /// The large figure at the top of `content`, at its right end the warning mark if it is `marked`. Cuts its band and the
 /// gap below.

@@ -20,8 +20,8 @@ void eventRows(Canvas& canvas, const FaceRenderer& skin, const Box& box, const E
         const EventsReading::Row& event = reading.rows[index];
         Box line = row;
         skin.eventMark(canvas, line, event.colour);
-        const Box upper = line.cutTop(line.height() / 2 + 1);
-        canvas.text(upper, event.title, style.row());
+        line = line.centred(line.width(), upperLine(style) + lowerLine(style));
+        canvas.text(line.cutTop(upperLine(style)), event.title, style.row());
         canvas.text(line, style.words(event.time), style.caption());
         skin.separator(canvas, row);
     });

@@ -22,6 +22,8 @@ constexpr double markRoom = 24; // of the symbol that begins a row
 constexpr double markSize = 12; // of a warning beside a caption
 constexpr double markGap = 3;
 constexpr double leastArc = 8; // height of the way of the sun
+constexpr double leastAir = 1.5; // between rows of two lines, which belong together
+constexpr double leastDeviceAir = 1;
 
 /// The moon's lit part is the lighter one, whatever the plate.
 MoonDisc moonOf(const SkinStyle& style)
@@ -62,16 +64,6 @@ void twoCaptions(Canvas& canvas, const SkinStyle& style, Box& content, const QSt
     canvas.text(content.cutBottom(height), left, text);
 }
 
-double upperLine(const SkinStyle& style)
-{
-    return style.rowSize + style.rowGap - 2;
-}
-
-double lowerLine(const SkinStyle& style)
-{
-    return style.captionSize + 1;
-}
-
 /// A row of one line, or of a row's text over a caption; on ruled paper it goes from rule to rule.
 double heightOf(const SkinStyle& style, bool twoLines)
 {
@@ -80,17 +72,20 @@ double heightOf(const SkinStyle& style, bool twoLines)
     return twoLines ? upperLine(style) + lowerLine(style) : rowHeight(style);
 }
 
-/// As many rows of those heights as fit whole, and as much air between them as is left, but on ruled paper.
-void airyRows(
-    Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<double>& heights, const DrawRow& draw)
+/// As many rows of those heights as fit whole with `least` between them, and as much air as is left; none on ruled
+/// paper.
+void airyRows(Canvas& canvas, const FaceRenderer& skin, const Box& box, const QList<double>& heights, double least,
+    const DrawRow& draw)
 {
     constexpr double most = 8;
+    const bool ruled = skin.style().ruling > 0;
     double used = 0;
     qsizetype count = 0;
-    while (count < heights.size() && used + heights[count] <= box.height())
+    const auto airs = [&] { return ruled ? 0 : least * static_cast<double>(count); };
+    while (count < heights.size() && used + airs() + heights[count] <= box.height())
         used += heights[count++];
     const double left = (box.height() - used) / static_cast<double>(std::max<qsizetype>(1, count));
-    const double air = skin.style().ruling > 0 ? 0 : std::min(left, most);
+    const double air = ruled ? 0 : std::clamp(left, least, most);
     double y = box.y();
     for (qsizetype index = 0; index < count; ++index) {
         const Box row(box.x(), y, box.width(), heights[index]);
@@ -110,7 +105,8 @@ QList<double> deviceHeights(const SkinStyle& style, const DevicesReading& readin
         return heights;
     };
     const QList<double> all = with(true);
-    return std::accumulate(all.begin(), all.end(), 0.0) <= room ? all : with(false);
+    const double airs = style.ruling > 0 ? 0 : leastDeviceAir * static_cast<double>(all.size() - 1);
+    return std::accumulate(all.begin(), all.end(), airs) <= room ? all : with(false);
 }
 
 } // namespace
@@ -135,7 +131,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const RemindersReading
     QList<double> heights;
     for (const RemindersReading::Row& reminder : reading.rows)
         heights.append(heightOf(style, !reminder.due.isEmpty()));
-    airyRows(canvas, skin, box, heights, [&](const Box& row, qsizetype index) {
+    airyRows(canvas, skin, box, heights, leastAir, [&](const Box& row, qsizetype index) {
         const RemindersReading::Row& reminder = reading.rows[index];
         Box line = row;
         skin.checkMark(canvas, line.cutLeft(20), reminder.done);
@@ -261,7 +257,7 @@ void drawShared(Canvas& canvas, const FaceRenderer& skin, const DevicesReading& 
     const Box box = skin.framed(canvas, face);
     constexpr double low = 0.2;
     const QList<double> heights = deviceHeights(style, reading, box.height());
-    airyRows(canvas, skin, box, heights, [&](const Box& row, qsizetype index) {
+    airyRows(canvas, skin, box, heights, leastDeviceAir, [&](const Box& row, qsizetype index) {
         const DevicesReading::Row& device = reading.rows[index];
         Box line = row;
         const bool twoLines = row.height() > heightOf(style, false);

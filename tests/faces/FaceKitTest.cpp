@@ -102,6 +102,33 @@ TEST_F(FaceKitTest, ManyDevicesGiveUpTheirLevelsBeforeOneIsLeftOut)
     EXPECT_EQ(levelsOf(5), 0);
 }
 
+TEST_F(FaceKitTest, ACaptionStandsNearerToItsOwnTitleThanToTheNext)
+{
+    RemindersReading reminders;
+    EventsReading events;
+    for (const QString& number : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s}) {
+        reminders.rows.append({.title = u"Title "_s + number, .due = u"Due "_s + number});
+        events.rows.append({.time = u"Due "_s + number, .title = u"Title "_s + number});
+    }
+    const std::pair<Reading, WidgetKind> lists[] = {
+        {reminders, WidgetKind::reminders},
+        {events, WidgetKind::events},
+    };
+    for (const auto& [reading, kind] : lists) {
+        record.clear();
+        skin.drawAny(canvas, reading, {.kind = kind, .bounds = Box(0, 0, 170, 170)});
+        QList<double> middles; // of titles and captions by turns
+        for (const CanvasMark& mark : record) {
+            if (mark.text.startsWith(u"Title") || mark.text.startsWith(u"Due"))
+                middles.append(mark.box.center().y());
+        }
+        ASSERT_GE(middles.size(), 6) << rawValue(kind).data();
+        for (qsizetype caption = 1; caption + 1 < middles.size(); caption += 2)
+            EXPECT_LT((middles[caption] - middles[caption - 1]) * 1.1, middles[caption + 1] - middles[caption])
+                << rawValue(kind).data() << ' ' << caption;
+    }
+}
+
 TEST_F(FaceKitTest, ASpanLiesInItsTrackWhateverItsEnds)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
