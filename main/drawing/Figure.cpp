@@ -3,6 +3,7 @@
 #include "drawing/Figure.h"
 
 #include "drawing/Kept.h"
+#include "drawing/PixelMask.h"
 
 #include <QFontMetricsF>
 #include <QHash>
@@ -44,6 +45,13 @@ GlyphKey keyOf(const Typeface& face, const QString& text)
     return {face.family, face.weight, face.italic, face.pixel, text};
 }
 
+/// The squares of a pixel face's character inside a shape, at the master size.
+QPainterPath inSquares(const QPainterPath& squares, const QPainterPath& room)
+{
+    const QTransform small = QTransform::fromScale(1.0 / squareMaster, 1.0 / squareMaster);
+    return small.inverted().map(pixelated(small.map(squares.intersected(room))));
+}
+
 FigureGlyph makeGlyph(const Typeface& face, QChar character)
 {
     FigureGlyph glyph;
@@ -51,6 +59,12 @@ FigureGlyph makeGlyph(const Typeface& face, QChar character)
         const auto shaped = shape(face, figureMaster, character);
         glyph.path = QTransform::fromScale(squareMaster, squareMaster).map(shaped->pixels);
         glyph.advance = shaped->width;
+        const double end = glyph.advance - squareMaster; // of the ink, or neighbours would touch
+        if (const QRectF ink = glyph.path.boundingRect(); character.isDigit() && ink.right() > end) {
+            QPainterPath room;
+            room.addRect(QRectF(ink.topLeft(), QPointF(end, ink.bottom())));
+            glyph.path = inSquares(glyph.path, room);
+        }
         if (character == u'.' || character == u':') {
             // Points and colons stand in cells of their own width, not in the half em of letters.
             const QRectF ink = glyph.path.boundingRect();

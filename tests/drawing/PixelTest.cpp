@@ -51,6 +51,65 @@ TEST(OneBitCanvas, LargerWholeScalesOnlyEnlargeThePixels)
         EXPECT_EQ(drawn(scale), plain.scaled(plain.size() * scale)) << scale;
 }
 
+TEST(PixelPaint, FillsBlocksAsTheirPathWouldBe)
+{
+    QPainterPath path;
+    for (const QRectF& block : {QRectF(1, 1, 3, 2), QRectF(3, 2, 1, 5), QRectF(8, 4, 2, 2)})
+        path.addRect(block);
+    path.setFillRule(Qt::WindingFill);
+    struct {
+        double scale;
+        QPointF origin;
+        QColor colour;
+        bool possible;
+    } const cases[] = {
+        {1, {0, 0}, Qt::red, true}, {2, {3, 5}, Qt::red, true}, {1.25, {0, 0}, Qt::red, false},
+        {1, {0.5, 0}, Qt::red, false},
+        {1, {0, 0}, QColor(255, 0, 0, 128), false}, // where two overlap it would be darker
+    };
+    for (const auto& [scale, origin, colour, possible] : cases) {
+        const auto image = [&](const std::function<void(QPainter&)>& draw) {
+            QImage all(40, 40, QImage::Format_ARGB32_Premultiplied);
+            all.fill(Qt::transparent);
+            QPainter painter(&all);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.translate(origin);
+            painter.scale(scale, scale);
+            draw(painter);
+            EXPECT_EQ(painter.transform().m11(), scale);
+            return all;
+        };
+        bool done = false;
+        const QImage blocks = image([&](QPainter& painter) { done = PixelPaint::blocks(painter, path, colour); });
+        EXPECT_EQ(done, possible) << scale << ' ' << origin.x();
+        const QImage whole = image([&](QPainter& painter) { painter.fillPath(path, colour); });
+        EXPECT_EQ(blocks, possible ? whole : image([](QPainter&) {})) << scale << ' ' << origin.x();
+    }
+}
+
+TEST(CrispCanvas, NoDigitTouchesItsNeighbour)
+{
+    for (const int weight : {400, 700}) {
+        for (const QString& pair : {u"40"_s, u"44"_s, u"64"_s, u"00"_s, u"88"_s, u"47"_s}) {
+            const FigurePath path =
+                figurePath(pair, {}, {.face = pixelFace(weight), .cap = 26, .fill = Qt::black}, 200);
+            QList<std::pair<double, double>> inks; // of each digit, from its left edge to its right one
+            for (int index = 0; index + 4 < path.digits.elementCount(); index += 5) {
+                const double left = path.digits.elementAt(index).x;
+                const double right = path.digits.elementAt(index + 2).x;
+                const bool second = left >= path.places.at(1) - 0.01;
+                while (inks.size() <= (second ? 1 : 0))
+                    inks.append({1000, -1000});
+                auto& [from, to] = inks[second ? 1 : 0];
+                from = std::min(from, left);
+                to = std::max(to, right);
+            }
+            ASSERT_EQ(inks.size(), 2);
+            EXPECT_GE(inks[1].first - inks[0].second, 2 - 0.01) << pair.toStdString() << ' ' << weight; // one square
+        }
+    }
+}
+
 namespace {
 
 constexpr double fractions[] = {0.75, 1, 1.25, 2};
