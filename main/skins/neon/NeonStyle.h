@@ -11,7 +11,7 @@
 namespace ambrelle::neon {
 
 inline const QColor plateColour(0x15, 0x0A, 0x2A);
-inline constexpr double plateAlpha = 0.86; // the least at which ink keeps its contrast over pure white
+inline constexpr double plateAlpha = 0.94; // a sun behind it leaves no more than a hint
 /// Unlit tubes and rules: the faint colour on a dark plate, and lighter than the plate whatever shines through it.
 inline const QColor trackColour = faded(QColor(0x77, 0x4B, 0xC5), 0.4);
 inline const QColor socket(0x2B, 0x21, 0x40); ///< end caps of tubes, unlit cells
