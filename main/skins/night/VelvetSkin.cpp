@@ -158,8 +158,9 @@ void VelvetSkin::pictogram(Canvas& canvas, const Box& box, Sky sky) const
 
 TextStyle VelvetSkin::todayMark(Canvas& canvas, const Box& cell, const TextStyle& day) const
 {
-    constexpr double radius = 11.5;
-    canvas.fill(lozenge(cell.center(), radius, 1), look().accent);
+    constexpr double radius = 12;
+    constexpr double broad = 0.81; // clear of the days beside it
+    canvas.fill(lozenge(cell.center(), radius, broad), look().accent);
     canvas.setGround(look().accent);
     return day.coloured(inkOn(look().accent));
 }
