@@ -68,6 +68,8 @@ void CasingSkin::panel(Canvas& canvas, const FaceContext& face) const
     canvas.still(u"plate"_s, face.bounds, [&](Canvas& layer) {
         layer.fill(face.bounds, look().panelFill, look().corner);
         layer.frame(face.bounds, QPen(look().border, look().plateBorder), look().corner);
+        if (face.kind == WidgetKind::photo)
+            return; // it covers where they would stand
         const Box marks = face.bounds.inset(place);
         for (const QPointF& centre : {marks.topLeft(), marks.topRight(), marks.bottomLeft(), marks.bottomRight()}) {
             layer.line(centre - QPointF(arm, 0), centre + QPointF(arm, 0), flatPen(look().soft, 1));
