@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 
+#include "drawing/Colours.h"
 #include "faces/FaceKit.h"
+#include "faces/Pictogram.h"
 #include "skins/kyoto/KyotoPieces.h"
 #include "skins/kyoto/KyotoSkin.h"
 #include "skins/kyoto/KyotoStyle.h"
@@ -66,6 +68,7 @@ void KyotoSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
     constexpr int most = 5;
     constexpr double sign = 56;
     constexpr double smallSign = 20;
+    constexpr double picture = 16;
     Box box = framed(canvas, face, reading.place);
     const Box days = box.cutRight(daysWidth);
     box.cutRight(gutter);
@@ -81,7 +84,15 @@ void KyotoSkin::draw(Canvas& canvas, const WeatherReading& reading, const FaceCo
         canvas.text(column.cutBottom(line), temperatureIn(day.low, caption, column.width()), caption);
         canvas.text(column.cutBottom(line), temperatureIn(day.high, high, column.width()), high);
         canvas.text(column.cutTop(line), day.initial, caption);
-        pictogram(canvas, column.centred(smallSign, smallSign), day.sky);
+        Box signs = column.centred(smallSign, smallSign + picture);
+        pictogram(canvas, signs.cutTop(smallSign), day.sky);
+        // For those who do not read the sign.
+        drawPictogram(canvas, signs.centred(picture, picture), day.sky,
+            {.sun = style().accent,
+                .moon = style().accent2,
+                .cloud = faded(style().ink, 0.45),
+                .water = style().ink,
+                .bolt = style().accent});
     });
 }
 
