@@ -11,6 +11,12 @@ QRect devicePixels(const QPainter& target, const QRectF& area)
     return target.deviceTransform().mapRect(area).toAlignedRect();
 }
 
+QRect paintedPixels(const QPainter& target)
+{
+    const QRect device(0, 0, target.device()->width(), target.device()->height());
+    return target.hasClipping() ? device & devicePixels(target, target.clipBoundingRect()) : device;
+}
+
 QImage deviceImage(const QPainter& target, const QRect& pixels, const std::function<void(QPainter&)>& draw)
 {
     QImage image(pixels.size(), QImage::Format_ARGB32_Premultiplied);

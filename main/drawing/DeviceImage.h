@@ -14,6 +14,8 @@ namespace ambrelle {
 
 /// The whole device pixels that `area`, in the painter's coordinates, touches.
 QRect devicePixels(const QPainter& target, const QRectF& area);
+/// The pixels that can be painted on: those of the device, inside the painter's clip.
+QRect paintedPixels(const QPainter& target);
 /// A transparent picture of these pixels; `draw` gets a painter with the target's coordinates.
 QImage deviceImage(const QPainter& target, const QRect& pixels, const std::function<void(QPainter&)>& draw);
 /// Lays the picture over the target with its upper left corner at the device pixel `at`. A plain copy: nothing is

@@ -20,7 +20,10 @@ void shadowOf(Canvas& canvas, const QRectF& bounds, const QColor& colour, int st
 {
     canvas.paint([&](QPainter& painter) {
         const double reach = steps / 2.0 + std::abs(offset) + 1;
-        const QRect pixels = devicePixels(painter, bounds.adjusted(-reach, -reach, reach, reach));
+        const QRect pixels =
+            devicePixels(painter, bounds.adjusted(-reach, -reach, reach, reach)) & paintedPixels(painter);
+        if (pixels.isEmpty())
+            return;
         const QImage shadow = deviceImage(painter, pixels, [&](QPainter& brush) {
             brush.setPen(Qt::NoPen);
             brush.setBrush(colour);
