@@ -22,10 +22,13 @@ public:
     {
         painted.append(area);
         painter.fillRect(mark, QColor::fromRgb(markColour));
+        for (const auto& [place, colour] : more)
+            painter.fillRect(place, colour);
     }
     void appearanceChanged() override { ++changes; }
 
     QRectF mark{0, 0, 60, 40};
+    QList<std::pair<QRectF, QColor>> more;
     QList<QRectF> painted;
     int changes = 0;
 };
@@ -181,6 +184,30 @@ TEST_F(X11SceneTest, KeepsItsMarksInPlaceWhileItsFrameChanges)
         }
         EXPECT_LE(lost, composited ? 3 : 0) << (composited ? "composited, which a busy machine does late" : "bare");
         scene.reset();
+    }
+}
+
+TEST_F(X11SceneTest, PaintsDistantPartsInTheirPlaces)
+{
+    showPanel();
+    rest(600);
+    plain.mark = {0, 0, 20, 20};
+    showScene();
+    ASSERT_TRUE(shows(markPixel(), markColour));
+    plain.more = {{{40, 10, 30, 20}, Qt::red}, {{10, 130, 20, 40}, Qt::blue}, {{5, 60, 40, 10}, Qt::yellow}};
+    QList<QRectF> areas{plain.mark};
+    for (const auto& [place, colour] : plain.more)
+        areas.append(place);
+    scene->setOutline(areas);
+    rest(200); // what the outline let in is painted
+    plain.painted.clear();
+    plain.more[0].second = Qt::cyan;
+    plain.more[1].second = Qt::magenta;
+    for (const auto& [place, colour] : plain.more)
+        scene->update(place);
+    for (const auto& [place, colour] : plain.more) {
+        EXPECT_TRUE(shows(pixelAt(place.center()), colour.rgb())) << place.x();
+        EXPECT_TRUE(shows(pixelAt(place.topLeft() + QPointF(1, 1)), colour.rgb())) << place.x();
     }
 }
 

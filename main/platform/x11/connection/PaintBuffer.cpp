@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 namespace ambrelle {
 
@@ -66,29 +68,50 @@ PaintBuffer::~PaintBuffer()
     xcb_disconnect(m_connection);
 }
 
-QImage PaintBuffer::image(QSize size, QImage::Format format)
+QList<QImage> PaintBuffer::images(const QList<QSize>& sizes, QImage::Format format)
 {
-    if (size.isEmpty() || !reserve(bytesOf(size)))
+    std::size_t bytes = 0;
+    for (const QSize& size : sizes)
+        bytes += bytesOf(size);
+    if (bytes == 0 || !reserve(bytes))
         return {};
-    return {m_memory, size.width(), size.height(), size.width() * pixelBytes, format};
+    QList<QImage> images;
+    uint8_t* memory = m_memory;
+    for (const QSize& size : sizes) {
+        images.append(QImage(memory, size.width(), size.height(), size.width() * pixelBytes, format));
+        memory += bytesOf(size);
+    }
+    return images;
 }
 
-QImage PaintBuffer::blank(QSize size)
+QList<QImage> PaintBuffer::blank(const QList<QSize>& sizes)
 {
     awaitReading();
-    QImage blank = image(size, QImage::Format_ARGB32_Premultiplied);
-    if (!blank.isNull())
-        blank.fill(Qt::transparent);
+    QList<QImage> blank = images(sizes, QImage::Format_ARGB32_Premultiplied);
+    for (QImage& image : blank)
+        image.fill(Qt::transparent);
     return blank;
 }
 
-QImage PaintBuffer::copy(xcb_pixmap_t pixmap, const QRect& area)
+QList<QImage> PaintBuffer::copy(xcb_pixmap_t pixmap, const QList<QRect>& areas)
 {
-    QImage copy = image(area.size(), QImage::Format_RGB32);
-    if (copy.isNull() || !fetch(pixmap, area))
+    QList<QSize> sizes;
+    for (const QRect& area : areas)
+        sizes.append(area.size());
+    QList<QImage> copies = images(sizes, QImage::Format_RGB32);
+    if (copies.isEmpty())
+        return {};
+    bool there = true;
+    if (m_segment != XCB_NONE) {
+        there = fetchShared(pixmap, areas, copies);
+    } else {
+        for (qsizetype index = 0; index < areas.size() && there; ++index)
+            there = fetch(pixmap, areas[index], copies[index]);
+    }
+    if (!there)
         return {};
     m_beingRead = false; // the server answers in the order of the requests
-    return copy;
+    return copies;
 }
 
 void PaintBuffer::awaitReading()
@@ -98,41 +121,62 @@ void PaintBuffer::awaitReading()
     const Reply answer(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
-bool PaintBuffer::fetch(xcb_pixmap_t pixmap, const QRect& from)
+bool PaintBuffer::fetchShared(xcb_pixmap_t pixmap, const QList<QRect>& areas, const QList<QImage>& into)
 {
-    const auto x = static_cast<int16_t>(from.x());
-    const auto y = static_cast<int16_t>(from.y());
-    const auto width = static_cast<uint16_t>(from.width());
-    const auto height = static_cast<uint16_t>(from.height());
-    if (m_segment != XCB_NONE) {
-        const auto cookie =
-            xcb_shm_get_image(m_connection, pixmap, x, y, width, height, ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP, m_segment, 0);
-        return Reply(xcb_shm_get_image_reply(m_connection, cookie, nullptr)) != nullptr;
+    std::vector<xcb_shm_get_image_cookie_t> cookies;
+    for (qsizetype index = 0; index < areas.size(); ++index) {
+        const QRect& area = areas[index];
+        cookies.push_back(xcb_shm_get_image(m_connection, pixmap, static_cast<int16_t>(area.x()),
+            static_cast<int16_t>(area.y()), static_cast<uint16_t>(area.width()), static_cast<uint16_t>(area.height()),
+            ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP, m_segment, offsetOf(into[index])));
     }
-    const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, x, y, width, height, ~0U);
+    bool there = true;
+    for (const xcb_shm_get_image_cookie_t cookie : cookies)
+        there = Reply(xcb_shm_get_image_reply(m_connection, cookie, nullptr)) != nullptr && there;
+    return there;
+}
+
+bool PaintBuffer::fetch(xcb_pixmap_t pixmap, const QRect& area, QImage& into)
+{
+    const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, static_cast<int16_t>(area.x()),
+        static_cast<int16_t>(area.y()), static_cast<uint16_t>(area.width()), static_cast<uint16_t>(area.height()), ~0U);
     const Reply reply(xcb_get_image_reply(m_connection, cookie, nullptr));
-    if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < bytesOf(from.size()))
+    if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) < bytesOf(area.size()))
         return false;
-    std::memcpy(m_memory, xcb_get_image_data(reply.get()), bytesOf(from.size()));
+    std::memcpy(into.bits(), xcb_get_image_data(reply.get()), bytesOf(area.size()));
     return true;
 }
 
-void PaintBuffer::show(const QImage& image, QPoint place, xcb_window_t window, uint8_t depth)
+void PaintBuffer::show(const QList<QImage>& images, const QList<QPoint>& places, xcb_window_t window, uint8_t depth)
 {
-    if (m_segment == XCB_NONE || depth < 24) {
-        send(depth < 24 ? image.convertToFormat(QImage::Format_RGB16) : image, window, place, depth);
-    } else {
-        const auto width = static_cast<uint16_t>(image.width());
-        const auto height = static_cast<uint16_t>(image.height());
-        xcb_shm_put_image(m_connection, window, contextFor(window, depth), width, height, 0, 0, width, height,
-            static_cast<int16_t>(place.x()), static_cast<int16_t>(place.y()), depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0,
-            m_segment, 0);
-        m_beingRead = true;
+    for (qsizetype index = 0; index < images.size(); ++index) {
+        const QImage& image = images[index];
+        if (depth < 24)
+            send(image.convertToFormat(QImage::Format_RGB16), window, places[index], depth);
+        else if (m_segment == XCB_NONE)
+            send(image, window, places[index], depth);
+        else
+            share(image, window, places[index], depth);
     }
     xcb_flush(m_connection);
     discardEvents(m_connection);
     if (m_bytes > keptBytes)
         release(); // the server holds on to what it has yet to read
+}
+
+void PaintBuffer::share(const QImage& image, xcb_window_t window, QPoint place, uint8_t depth)
+{
+    const auto width = static_cast<uint16_t>(image.width());
+    const auto height = static_cast<uint16_t>(image.height());
+    xcb_shm_put_image(m_connection, window, contextFor(window, depth), width, height, 0, 0, width, height,
+        static_cast<int16_t>(place.x()), static_cast<int16_t>(place.y()), depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0,
+        m_segment, offsetOf(image));
+    m_beingRead = true;
+}
+
+uint32_t PaintBuffer::offsetOf(const QImage& image) const
+{
+    return static_cast<uint32_t>(image.constBits() - m_memory);
 }
 
 uint8_t PaintBuffer::depthOf(xcb_window_t window) const

@@ -19,25 +19,29 @@ public:
     ~PaintBuffer();
     Q_DISABLE_COPY_MOVE(PaintBuffer)
 
-    /// So many pixels to be painted on until show(): transparent. Waits until the server has read what was shown
-    /// before. Null when there is no memory.
-    QImage blank(QSize size);
-    /// The same over a pixmap of 24 or 32 bits a pixel that has all of the area: an opaque copy of it. Waits for the
-    /// server; null when the pixmap cannot be read.
-    QImage copy(xcb_pixmap_t pixmap, const QRect& area);
-    /// Puts what was painted into the window at that place, which the server knows; `depth` is the window's.
-    void show(const QImage& image, QPoint place, xcb_window_t window, uint8_t depth);
+    /// Pictures of those sizes to be painted on until show(), none of them empty: transparent. Waits until the server
+    /// has read what was shown before. None when there is no memory.
+    QList<QImage> blank(const QList<QSize>& sizes);
+    /// The same over a pixmap of 24 or 32 bits a pixel that has all of the areas: opaque copies of them. Waits once for
+    /// the server; none when the pixmap cannot be read.
+    QList<QImage> copy(xcb_pixmap_t pixmap, const QList<QRect>& areas);
+    /// Puts what was painted into the window, each picture at its place; the server knows the window, whose depth it
+    /// is.
+    void show(const QList<QImage>& images, const QList<QPoint>& places, xcb_window_t window, uint8_t depth);
     /// Of a window that the server knows, for which it is asked. What most have where that fails.
     uint8_t depthOf(xcb_window_t window) const;
 
 private:
-    QImage image(QSize size, QImage::Format format);
-    bool fetch(xcb_pixmap_t pixmap, const QRect& from);
+    QList<QImage> images(const QList<QSize>& sizes, QImage::Format format);
+    bool fetchShared(xcb_pixmap_t pixmap, const QList<QRect>& areas, const QList<QImage>& into);
+    bool fetch(xcb_pixmap_t pixmap, const QRect& area, QImage& into);
+    uint32_t offsetOf(const QImage& image) const;
     void awaitReading();
     bool reserve(std::size_t bytes);
     bool share(std::size_t bytes);
     void release();
     xcb_gcontext_t contextFor(xcb_window_t window, uint8_t depth);
+    void share(const QImage& image, xcb_window_t window, QPoint place, uint8_t depth);
     void send(const QImage& part, xcb_window_t window, QPoint place, uint8_t depth);
 
     xcb_connection_t* m_connection; ///< never null; one with an error does nothing

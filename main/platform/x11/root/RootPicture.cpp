@@ -6,6 +6,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cstring>
 
 namespace ambrelle {
@@ -50,17 +51,21 @@ void RootPicture::find()
     m_bounds = QRect(0, 0, size->width, size->height);
 }
 
-QImage RootPicture::ground(PaintBuffer& buffer, const QRect& area)
+QList<QImage> RootPicture::ground(PaintBuffer& buffer, const QList<QRect>& areas)
 {
     if (!m_known)
         find();
-    if (m_pixmap != XCB_PIXMAP_NONE && m_bounds.contains(area)) {
-        if (QImage copy = buffer.copy(m_pixmap, area); !copy.isNull())
-            return copy;
+    const auto isInside = [this](const QRect& area) { return m_bounds.contains(area); };
+    if (m_pixmap != XCB_PIXMAP_NONE && std::ranges::all_of(areas, isInside)) {
+        if (QList<QImage> copies = buffer.copy(m_pixmap, areas); !copies.isEmpty())
+            return copies;
     }
-    QImage blank = buffer.blank(area.size());
-    if (!blank.isNull())
-        QPainter(&blank).drawImage(QPoint(), part(area));
+    QList<QSize> sizes;
+    for (const QRect& area : areas)
+        sizes.append(area.size());
+    QList<QImage> blank = buffer.blank(sizes);
+    for (qsizetype index = 0; index < blank.size(); ++index)
+        QPainter(&blank[index]).drawImage(QPoint(), part(areas[index]));
     return blank;
 }
 

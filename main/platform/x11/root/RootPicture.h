@@ -22,9 +22,9 @@ public:
     /// The picture below a rectangle of native pixels of the root window, of the same size and opaque; black where the
     /// picture does not reach, null where there is none. Waits once for the server.
     QImage part(const QRect& area);
-    /// The same in the buffer's pixels, to be painted on; transparent where there is no picture, null where there is no
-    /// memory.
-    QImage ground(PaintBuffer& buffer, const QRect& area);
+    /// The same of several rectangles in the buffer's pixels, to be painted on; transparent where there is no picture,
+    /// none where there is no memory.
+    QList<QImage> ground(PaintBuffer& buffer, const QList<QRect>& areas);
 
 private:
     xcb_pixmap_t named() const;

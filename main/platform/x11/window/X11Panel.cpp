@@ -28,6 +28,9 @@ constexpr std::chrono::milliseconds handover{200};
 // A window manager may tell nothing of the order of windows.
 constexpr std::chrono::milliseconds longestHold{1000};
 
+// Of a scene painted at once: the memory stays with this program and the server, and would be large only for it.
+constexpr int pixelsOfScene = 1 << 17;
+
 /// Takes no input focus, appears as a normal window, and belongs to no group. The toolkit makes all its windows one,
 /// and Xfwm4 keeps the floating ones of a group no higher than those of the desktop level.
 void writeHints(const X11Connection& x, xcb_window_t window)
@@ -49,8 +52,9 @@ xcb_rectangle_t shapeRectangle(const QRect& rect)
 
 X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank)
     : SurfacePanel(delegate, parts.screens, rank,
-        std::make_unique<X11Canvas>(
-            parts, X11Canvas::Ground::pictureAndShades, rank == Rank::panel || parts.compositor.isActive()))
+        std::make_unique<X11Canvas>(parts, X11Canvas::Ground::pictureAndShades,
+            rank == Rank::panel || parts.compositor.isActive(),
+            rank == Rank::panel ? X11Canvas::pixelsOfPanel : pixelsOfScene))
     , m_parts(parts)
 {
     if (isScene())
