@@ -216,7 +216,8 @@ void DesktopWallpaper::show(int request, const QList<ScreenPicture>& asked, cons
     m_picture.set(pictures, [this, request, pictures, asked, done](const QString& error) {
         {
             const UserDefaults::Transaction whole = m_notes.asOne();
-            if (end(request) && error.isEmpty())
+            end(request);
+            if (error.isEmpty()) // it shows, though another one may be on its way
                 noteSet(pictures, asked);
         }
         done(error);

@@ -71,7 +71,8 @@ void DesktopWallpaper::giveBack(const Memory& memory, const Done& done)
     m_preparing = [] { return QString(); };
     m_picture.giveBack(memory.desktop, [this, request, memory, answer](const QString& error) {
         const UserDefaults::Transaction whole = m_notes.asOne();
-        if (end(request) && error.isEmpty()) {
+        end(request);
+        if (error.isEmpty()) {
             m_notes.setPrevious(memory.previous);
             m_notes.setCurrent(memory.current);
             const QList<ScreenInfo> screens = m_host.screens();

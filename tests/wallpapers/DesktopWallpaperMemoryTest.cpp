@@ -122,6 +122,27 @@ TEST_F(DesktopWallpaperMemoryTest, WhatIsGivenBackAndWhatIsAppliedComeInTheirOrd
     EXPECT_TRUE(settle(Skin::neon));
 }
 
+TEST_F(DesktopWallpaperMemoryTest, WhatWasOvertakenButShowsIsWhatComesBack)
+{
+    picture.isDeferred = true;
+    wallpaper.apply(Skin::neon);
+    ASSERT_TRUE(waitUntil([&] {
+        if (picture.sets.isEmpty())
+            picture.answer();
+        return !picture.sets.isEmpty();
+    }));
+    std::optional<DesktopWallpaper::Memory> before;
+    const auto keep = [&](const DesktopWallpaper::Memory& memory) { before = memory; };
+    wallpaper.apply(Skin::mono, host.screens(), {}, keep); // while the desktop is busy with the first
+    ASSERT_TRUE(waitUntil([&] {
+        picture.answer();
+        return wallpaper.currentSkin() == Skin::mono;
+    }));
+    ASSERT_TRUE(before);
+    EXPECT_EQ(before->current, path(u"neon-r16-801x600.png"_s));
+    EXPECT_EQ(before->files.value(u"RIGHT"_s), path(u"neon-r16-640x480.png"_s));
+}
+
 /// As after a kill while it was painted: the program's end waits for the painter, so an answer that never comes does
 /// for it.
 TEST_F(DesktopWallpaperMemoryTest, WhatCouldNotBeFinishedIsShownByTheNextStart)
