@@ -29,6 +29,7 @@ using Moment = std::chrono::steady_clock::time_point;
 constexpr qint64 greatestSize = 64 * 1024 * 1024;
 constexpr int longestChain = 40; // of links, as in the kernel
 constexpr auto untilNextTry = 10s;
+constexpr qsizetype editions = 64;
 
 void complain(const QString& sentence)
 {
@@ -50,10 +51,18 @@ QString targetOf(const QString& path)
     return path; // links in a circle lead nowhere
 }
 
+/// Blanks at the end tell a file from earlier ones of the same values. What follows one of those, and what a power cut
+/// may have left beside the file though it was removed, is thus not taken for newer than this one.
+qsizetype editionOf(const QByteArray& file)
+{
+    return file.size() - (file.lastIndexOf('\n') + 1);
+}
+
 /// The object in the file, or why there is none.
 struct FileContents {
     std::optional<QJsonObject> values;
     QByteArray hash = SettingsJournal::noFile;
+    qsizetype edition = 0;
     QString fault{};
 };
 
@@ -83,6 +92,7 @@ FileContents readObject(const QString& path)
         return failed(u"it holds no object"_s);
     contents.values = document.object();
     contents.hash = SettingsJournal::hash(bytes);
+    contents.edition = editionOf(bytes);
     return contents;
 }
 
@@ -115,6 +125,7 @@ struct SettingsFile::State {
     State(const QString& file, std::chrono::milliseconds gatheredFor)
         : path(targetOf(file))
         , gather(gatheredFor)
+        , standing(standingFolder(path))
         , journal(path)
     {
     }
@@ -125,6 +136,8 @@ struct SettingsFile::State {
 
     const QString path;
     const std::chrono::milliseconds gather;
+    QString standing; // the folder above which none was made since the last flush; the worker's, as the next
+    qsizetype edition = 0; // of the file
 
     std::mutex mutex; // for all that follows
     std::condition_variable wake; // the worker has something to do
@@ -150,6 +163,7 @@ SettingsFile::SettingsFile(const QString& path, std::chrono::milliseconds gather
     if (QFileInfo::exists(state.path))
         contents = readObject(state.path);
     state.fileHashes = {contents.hash, contents.hash};
+    state.edition = contents.edition;
     // Who edited or replaced the file since then means what it says now.
     const bool damaged = !contents.fault.isEmpty();
     if (unflushed && !damaged && !std::ranges::count(unflushed->follows, contents.hash))
@@ -235,11 +249,16 @@ void SettingsFile::State::work()
 bool SettingsFile::State::flushNewest(std::unique_lock<std::mutex>& lock)
 {
     const quint64 taken = version;
-    const QByteArray bytes = QJsonDocument(newest).toJson(QJsonDocument::Indented);
+    edition = (edition + 1) % editions;
+    const QByteArray bytes = QJsonDocument(newest).toJson(QJsonDocument::Indented) + QByteArray(edition, ' ');
     fileHashes[1] = SettingsJournal::hash(bytes);
     due = Moment::max();
     lock.unlock();
     const QString reason = writeWhole(path, bytes, Readers::owner);
+    if (reason.isEmpty()) { // the folders were made for the journal
+        flushMadeFolders(path, standing);
+        standing = standingFolder(path);
+    }
     lock.lock();
     if (reason.isEmpty()) {
         flushed = taken;

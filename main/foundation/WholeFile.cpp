@@ -88,15 +88,34 @@ void syncFolder(const QByteArray& folder)
 
 } // namespace
 
+QString standingFolder(const QString& path)
+{
+    QString folder = QFileInfo(path).absolutePath();
+    while (!QFileInfo::exists(folder) && !QDir(folder).isRoot())
+        folder = QFileInfo(folder).absolutePath();
+    return folder;
+}
+
+void flushMadeFolders(const QString& path, const QString& standing)
+{
+    QString folder = QFileInfo(path).absolutePath();
+    while (folder != standing && !QDir(folder).isRoot()) {
+        folder = QFileInfo(folder).absolutePath(); // which has the name of the one below
+        syncFolder(QFile::encodeName(folder));
+    }
+}
+
 QString writeWhole(const QString& path, const QByteArray& bytes, Readers readers)
 {
     const QString folder = QFileInfo(path).absolutePath();
+    const QString standing = standingFolder(path);
     QDir().mkpath(folder);
     FileToBe file(placeBeside(path), readers);
     if (!file.write(bytes) || !file.putInPlaceOf(QFile::encodeName(path)))
         return QString::fromLocal8Bit(std::strerror(errno));
     // The new file is in place and cannot be taken back: not every file system can do this, and none has to.
     syncFolder(QFile::encodeName(folder));
+    flushMadeFolders(path, standing);
     return {};
 }
 

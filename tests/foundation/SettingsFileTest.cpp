@@ -229,6 +229,21 @@ TEST_F(SettingsFileTest, AVersionCutShortByAPowerCutIsNotTaken)
     EXPECT_EQ(after(flipped), 2);
 }
 
+TEST_F(SettingsFileTest, WhatAPowerCutLeavesBesideAFileOfTheSameValuesIsOlder)
+{
+    Files left;
+    SettingsFile file(path(), 1h);
+    for (const int number : {1, 2, 1}) {
+        file.store(numbered(number));
+        if (number == 2)
+            left = files(); // what follows the first 1; its removal need not reach the disk
+        ASSERT_TRUE(file.flush(patience));
+    }
+    left[u"defaults.json"_s] = files()[u"defaults.json"_s];
+    restore(left);
+    EXPECT_EQ(numberAfterRestart(), 1);
+}
+
 TEST_F(SettingsFileTest, AFileThatSomebodyPutThereMeanwhileWins)
 {
     const Files left = killedWithTwoUnflushed();
