@@ -13,18 +13,15 @@ namespace ambrelle {
 
 namespace {
 
-// Points whose painting costs about as much as one painting more.
-constexpr qint64 pointsOfPart = 60'000; // no less than most widgets have
-
 qint64 areaOf(const QRect& rect)
 {
     return static_cast<qint64>(rect.width()) * rect.height();
 }
 
-/// Whether both are painted sooner in one go than one after the other.
-bool belongTogether(const QRect& one, const QRect& other)
+/// Of the points around both that belong to neither.
+qint64 wastedBy(const QRect& one, const QRect& other)
 {
-    return areaOf(one | other) - areaOf(one) - areaOf(other) < pointsOfPart;
+    return areaOf(one | other) - areaOf(one) - areaOf(other);
 }
 
 } // namespace
@@ -48,7 +45,7 @@ void RasterSurface::update(const QRect& area)
     if (area.isEmpty())
         return;
     QRect part = area;
-    const auto near = [&part](const QRect& other) { return belongTogether(part, other); };
+    const auto near = [&](const QRect& other) { return wastedBy(part, other) < m_pointsOfPart; };
     for (auto other = std::ranges::find_if(m_outdated, near); other != m_outdated.end();
          other = std::ranges::find_if(m_outdated, near)) {
         part |= *other;

@@ -33,6 +33,8 @@ public:
     /// Of its screen. (The toolkit's own figure of a window under Wayland lags behind, and stays behind where the
     /// window was sent to its screen.)
     double pixelRatio() const;
+    /// So many points more are painted as soon as another part is, which parts that lie near are joined by.
+    void setPointsOfPart(qint64 points) { m_pointsOfPart = points; }
     /// Where the window is or was last sent, in the toolkit's points.
     virtual QRect place() const = 0;
 
@@ -56,6 +58,7 @@ private:
     void flush();
 
     std::unique_ptr<SurfaceCanvas> m_canvas;
+    qint64 m_pointsOfPart = 60'000; // no less than most widgets have
     QList<QRect> m_outdated; ///< parts that are each painted in one go
     int m_delivering = 0;
     bool m_retired = false;

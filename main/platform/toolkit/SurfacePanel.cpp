@@ -9,12 +9,21 @@
 
 namespace ambrelle {
 
+namespace {
+
+// A scene has many marks that change each for itself, and none are drawn but those nearby.
+constexpr qint64 pointsOfScenePart = 10'000;
+
+} // namespace
+
 SurfacePanel::SurfacePanel(
     PanelDelegate& delegate, const ScreenList& screens, Rank rank, std::unique_ptr<SurfaceCanvas> canvas)
     : m_surface(new PanelSurface(delegate, screens, std::move(canvas)))
     , m_screens(screens)
     , m_rank(rank)
 {
+    if (isScene())
+        m_surface->setPointsOfPart(pointsOfScenePart);
 }
 
 SurfacePanel::~SurfacePanel()
