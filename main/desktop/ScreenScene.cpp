@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::chrono::milliseconds settlesAfter{1000};
 constexpr double outlineCell = 4; // points: what is left of the desktop around a mark is no wider
+constexpr int looseCell = 64; // the same while marks move
 
 } // namespace
 
@@ -97,7 +98,7 @@ void ScreenScene::change(const Scene& scene)
         putOn({{0, 0}, m_screen.size()});
     for (const QRectF& area : changes)
         repaint(area);
-    outline(false);
+    outline(Outline::loose);
     m_settling = m_clock.after(settlesAfter, [this] { settle(); });
 }
 
@@ -119,22 +120,26 @@ void ScreenScene::settle()
 {
     m_settling.reset();
     putOn(marks());
-    outline(true);
+    outline(Outline::exact);
 }
 
 /// Where nothing composites the window shows a copy of the desktop picture, which is to cover as few icons as possible.
-void ScreenScene::outline(bool exactly)
+/// While marks move, whatever moves on the screen costs the more the finer the outline, and so does every change of it.
+void ScreenScene::outline(Outline outline)
 {
-    QList<QRectF> areas;
-    if (!m_composited) {
-        if (exactly)
-            areas = m_scene.inked(outlineCell);
-        else
-            for (const SceneSprite& sprite : std::as_const(m_scene.sprites))
-                areas += sprite.areas();
+    QRegion needed;
+    if (!m_composited && outline == Outline::exact) {
+        for (const QRectF& area : m_scene.inked(outlineCell))
+            needed += area.toAlignedRect();
+    } else if (!m_composited) {
+        needed = m_scene.covered(looseCell);
+        if (needed.subtracted(m_outline).isEmpty())
+            return;
     }
-    for (QRectF& area : areas)
-        area.translate(-m_area.topLeft());
+    m_outline = needed;
+    QList<QRectF> areas;
+    for (const QRect& area : m_outline)
+        areas.append(QRectF(area).translated(-m_area.topLeft()));
     m_window->setOutline(areas);
 }
 
@@ -152,7 +157,7 @@ void ScreenScene::appearanceChanged()
 {
     if (m_composited != m_host.isComposited())
         return open(); // nothing of the former window is touched any more
-    outline(true);
+    outline(Outline::exact);
     m_window->update({{0, 0}, m_area.size()});
 }
 

@@ -9,6 +9,8 @@
 #include "scenes/Scene.h"
 #include "scenes/SceneOrnament.h"
 
+#include <QRegion>
+
 #include <memory>
 
 namespace ambrelle {
@@ -48,7 +50,8 @@ private:
     void change(const Scene& scene);
     void putOn(const QRectF& area);
     void settle();
-    void outline(bool exactly);
+    enum class Outline { exact, loose };
+    void outline(Outline outline);
 
     WindowHost& m_host;
     Clock& m_clock;
@@ -60,6 +63,7 @@ private:
     Scene m_scene;
     bool m_composited = false; ///< when the window was made
     QRectF m_area; ///< of the window, points of the screen, y down
+    QRegion m_outline; ///< likewise; nothing: all of it
     Ticket m_settling;
     std::unique_ptr<SceneWindow> m_window; // last: it calls back until it is gone
 };

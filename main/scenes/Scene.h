@@ -4,6 +4,8 @@
 
 #include "drawing/Canvas.h"
 
+#include <QRegion>
+
 #include <memory>
 #include <tuple>
 #include <type_traits>
@@ -118,6 +120,8 @@ struct Scene {
     /// The squares of `cell` points that hold marks, or where one may move to, joined to rectangles, in points of the
     /// screen.
     QList<QRectF> inked(double cell) const;
+    /// The same of the marks' places, which is soon found.
+    QRegion covered(int cell) const;
 };
 
 } // namespace ambrelle

@@ -2,6 +2,12 @@
 
 #include "desktop/Desk.h"
 
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <utility>
+
 namespace ambrelle {
 namespace {
 
@@ -149,6 +155,61 @@ TEST_F(SceneControllerTest, FollowsADragWhereItChangesAndNotTooOften)
     scene->clearUpdates();
     desk.clock.advance(60s);
     EXPECT_TRUE(scene->updates().isEmpty());
+}
+
+/// Every change of an outline costs the window system much, and so does a fine one whatever moves.
+TEST_F(SceneControllerTest, IsCutLooselyWhileItFollowsADrag)
+{
+    desk.host.setComposited(false);
+    desk.add(clock, {300, 600}, Skin::cork);
+    desk.clock.advance(2s);
+    desk.add(cpu, {700, 600}, Skin::cork);
+    desk.clock.advance(2s);
+    WidgetController* dragged = desk.add(memory, {900, 300}, Skin::cork);
+    desk.clock.advance(2s);
+    RecordingScene* scene = shown().value(0);
+    ASSERT_TRUE(scene);
+    const auto outline = [&] {
+        QRegion kept;
+        for (const QRectF& area : scene->outline())
+            kept += area.toAlignedRect();
+        return kept;
+    };
+    const auto lost = [&] { // pixels of marks that are cut away
+        QImage picture = scene->picture();
+        QPainter painter(&picture);
+        painter.setClipRegion(outline());
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        painter.fillRect(picture.rect(), Qt::black);
+        painter.end();
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+            count +=
+                static_cast<int>(std::count_if(line, line + picture.width(), [](QRgb p) { return qAlpha(p) > 0; }));
+        }
+        return count;
+    };
+    const int fine = outline().rectCount();
+    QPointF pointer = dragged->widgetFrame().center();
+    desk.host.press(pointer);
+    int changes = 0;
+    QRegion before;
+    for (int step = 0; step < 60; ++step) {
+        pointer += QPointF(-2, 1);
+        desk.host.movePointer(pointer);
+        desk.clock.advance(34ms);
+        changes += std::exchange(before, outline()) != outline() ? 1 : 0;
+        if (step % 10 == 5)
+            EXPECT_EQ(lost(), 0) << step;
+    }
+    EXPECT_GE(changes, 2) << "the marks have moved by more than two squares";
+    EXPECT_LE(changes, 20);
+    EXPECT_LT(outline().rectCount(), fine / 2);
+    desk.host.release(pointer);
+    desk.clock.advance(3s);
+    EXPECT_EQ(lost(), 0);
+    EXPECT_GT(outline().rectCount(), fine / 2) << "as fine as before";
 }
 
 TEST_F(SceneControllerTest, RestsWhileLockedThoughAScreenComes)

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace ambrelle {
 namespace {
 
@@ -75,6 +77,43 @@ TEST(SceneTest, RepaintsALineOnlyWhereItRuns)
     EXPECT_EQ(image, empty) << "some of it lies beside its areas";
 }
 
+TEST(SceneTest, DrawsATallMarkInOnePiece)
+{
+    QPainterPath curve({20, 10});
+    curve.cubicTo(300, 200, -100, 300, 180, 390);
+    Scene scene{{SceneSprite(
+        u"curve"_s, QRectF(0, 0, 200, 400),
+        [](Canvas& canvas, const QPainterPath& path) { canvas.stroke(path, roundPen(QColor(200, 0, 0, 120), 3)); },
+        curve)}};
+    const auto picture = [](double ratio, const std::function<void(QPainter&)>& draw) {
+        QImage image(QSizeF(200 * ratio, 400 * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        image.setDevicePixelRatio(ratio);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        draw(painter);
+        return image;
+    };
+    for (const double ratio : {1.0, 1.25, 2.0}) {
+        const auto whole = [&](QPainter& painter) {
+            Canvas canvas(painter, {});
+            scene.sprites[0].draw(canvas, 0);
+        };
+        EXPECT_EQ(picture(ratio,
+                      [&](QPainter& painter) {
+                          scene.draw(painter, {0, 0, 200, 400});
+                      }),
+            picture(ratio, whole))
+            << ratio;
+        EXPECT_NE(picture(ratio,
+                      [&](QPainter& painter) {
+                          scene.draw(painter, {0, 0, 200, 120});
+                      }),
+            picture(ratio, whole))
+            << "only what was asked for";
+    }
+}
+
 TEST(SceneTest, FindsTheSquaresThatHoldMarks)
 {
     Scene scene{{square(u"a"_s, {10, 10, 20, 4}, Qt::red), square(u"b"_s, {301, 399, 1, 1}, QColor(0, 0, 0, 8))}};
@@ -83,6 +122,7 @@ TEST(SceneTest, FindsTheSquaresThatHoldMarks)
         inked += area.toRect();
     EXPECT_EQ(inked, QRegion(8, 8, 24, 8) + QRegion(300, 396, 4, 4));
     EXPECT_EQ(Scene().inked(4), QList<QRectF>());
+    EXPECT_EQ(scene.covered(16), QRegion(0, 0, 32, 16) + QRegion(288, 384, 16, 16));
 }
 
 TEST(SceneTest, KeepsStrongMarksOutOfItemsAndTextsApart)

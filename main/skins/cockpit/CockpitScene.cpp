@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <iterator>
 
 namespace ambrelle {
 
@@ -22,6 +24,8 @@ constexpr double besideScreen = 6; // that stays of the desktop around a sheet
 constexpr double leastRim = 6; // of a sheet beside its instruments, whatever the scale
 constexpr int shadowSteps = 8;
 constexpr double shadowReach = 9; // whatever the scale
+constexpr int tileSize = 96;
+constexpr int gradeStep = 160; // by which a sheet's gradient follows its edges
 const QColor sheetTop(0x2C, 0x32, 0x38);
 const QColor sheetBottom(0x1F, 0x24, 0x29);
 
@@ -89,40 +93,69 @@ struct Recess {
     bool operator==(const Recess&) const = default;
 };
 
+struct Screw {
+    QPointF place;
+    double turn; ///< degrees
+
+    bool operator==(const Screw&) const = default;
+};
+
+/// What is drawn of a sheet around a tile.
 struct Sheet {
-    Box box;
+    Box box; ///< as far as it is seen from the tile
+    double top; ///< of the whole
+    bool hasEdge; ///< which the tile meets
+    QRectF graded; ///< that the gradient goes over
     QList<Recess> instruments;
-    QList<QPointF> screws;
-    QRegion metal; ///< what the instruments leave of it
+    QList<Screw> screws;
     double unit;
 
     bool operator==(const Sheet&) const = default;
 };
 
-void drawSheet(Canvas& canvas, const Sheet& sheet)
+/// What is below the edges of a sheet, and nothing of what the sheet hides of it.
+void drawShadow(Canvas& canvas, const Box& box, double corner)
+{
+    const QRectF whole = outset(box, shadowReach).toAlignedRect();
+    const QRectF inner = outset(box, -corner).toAlignedRect();
+    for (const QRectF& rim : {QRectF(whole.topLeft(), QPointF(whole.right(), inner.top())),
+             QRectF(QPointF(whole.left(), inner.bottom()), whole.bottomRight()),
+             QRectF(QPointF(whole.left(), inner.top()), inner.bottomLeft()),
+             QRectF(inner.topRight(), QPointF(whole.right(), inner.bottom()))}) {
+        canvas.paint([&](QPainter& painter) {
+            painter.setClipRect(rim, Qt::IntersectClip);
+            dropShadow(canvas, box, corner, Qt::black, 0.05, shadowSteps, 3);
+        });
+    }
+}
+
+/// Draws what lies in `metal`.
+void drawSheet(Canvas& canvas, const Sheet& sheet, const QRegion& metal)
 {
     const double corner = sheetCorner * sheet.unit;
     canvas.paint([&](QPainter& painter) {
-        painter.setClipRegion(sheet.metal, Qt::IntersectClip);
-        dropShadow(canvas, sheet.box, corner, Qt::black, 0.05, shadowSteps, 3);
-        canvas.fill(sheet.box, downwards(sheet.box, {{0, sheetTop}, {1, sheetBottom}}), corner);
+        painter.setClipRegion(metal, Qt::IntersectClip);
+        if (sheet.hasEdge)
+            drawShadow(canvas, sheet.box, corner);
+        canvas.fill(sheet.box, downwards(sheet.graded, {{0, sheetTop}, {1, sheetBottom}}), corner);
         const double edge = litEdgeWidth * sheet.unit;
-        const double height = sheet.box.height();
-        canvas.frame(sheet.box,
-            QPen(downwards(sheet.box,
-                     {{0, faded(Qt::white, 0.34)}, {std::min(0.5, corner / height), faded(Qt::white, 0.07)},
-                         {1, faded(Qt::black, 0.45)}}),
-                edge),
-            corner);
+        const QRectF lit({sheet.graded.left(), sheet.top}, sheet.graded.bottomRight());
+        const double height = lit.height();
+        if (sheet.hasEdge)
+            canvas.frame(sheet.box,
+                QPen(downwards(lit,
+                         {{0, faded(Qt::white, 0.34)}, {std::min(0.5, corner / height), faded(Qt::white, 0.07)},
+                             {1, faded(Qt::black, 0.45)}}),
+                    edge),
+                corner);
         for (const Recess& recess : sheet.instruments) {
             const Box cut = recess.area;
             canvas.fill(cut,
                 downwards(cut, {{0, faded(Qt::black, 0.6)}, {0.9, faded(Qt::black, 0.4)}, {1, faded(Qt::white, 0.16)}}),
                 recess.corner);
         }
-        SeededRandom random{seedOf(u"cockpit")};
-        for (const QPointF& place : sheet.screws)
-            cockpit::screw(canvas, place, sheetScrew * sheet.unit, random.in(0, 90));
+        for (const Screw& screw : sheet.screws)
+            cockpit::screw(canvas, screw.place, sheetScrew * sheet.unit, screw.turn);
     });
 }
 
@@ -136,32 +169,55 @@ QRectF lampStrip(const SceneOrnament& on)
 }
 
 /// In the corners and the middles of the edges, where nothing else is.
-QList<QPointF> screwPlaces(const SceneOrnament& on, const QRectF& area)
+QList<Screw> screwsOf(const SceneOrnament& on, const QRectF& area)
 {
     const double clear = on.scaled(sheetScrew) + 3;
     const QRectF line = outset(area, -on.scaled(sheetScrewPlace));
-    QList<QPointF> places;
+    QList<Screw> screws;
+    SeededRandom random{seedOf(u"cockpit")};
     for (const double x : {line.left(), line.center().x(), line.right()}) {
         for (const double y : {line.top(), line.center().y(), line.bottom()}) {
             const QRectF place = outset({x, y, 0, 0}, clear);
             if (!place.contains(line.center()) && on.isFree(place) && !lampStrip(on).intersects(place))
-                places.append({x, y});
+                screws.append({{x, y}, random.in(0, 90)});
         }
     }
-    return places;
+    return screws;
 }
 
+/// In tiles of the screen: of a sheet that stays as large only those change that an instrument leaves or comes to.
 void addSheet(SceneOrnament& on, const QRectF& area, double bezel)
 {
-    Sheet sheet{area, {}, screwPlaces(on, area), on.besideItems(outset(area, shadowReach), bezel), on.scaled(1)};
+    const QRectF whole = outset(area, shadowReach);
+    const QRegion metal = on.besideItems(whole, bezel); // what the instruments leave of it
+    const QList<Screw> screws = screwsOf(on, area);
     const double gap = on.scaled(recessGap);
-    for (const SceneItem& item : on.items()) {
-        if (item.frame.intersects(area))
-            sheet.instruments.append({outset(item.frame, gap), SceneOrnament::ofFace(item, bezel) + gap});
+    const auto stepBefore = [](double edge, int step) { return static_cast<int>(std::floor(edge / step)) * step; };
+    const QRectF graded({0, static_cast<double>(stepBefore(area.top(), gradeStep))},
+        QPointF(1, stepBefore(area.bottom(), gradeStep) + gradeStep));
+    const double beyond = shadowReach + 2 * on.scaled(sheetCorner);
+    for (int top = stepBefore(whole.top(), tileSize); top < whole.bottom(); top += tileSize) {
+        for (int left = stepBefore(whole.left(), tileSize); left < whole.right(); left += tileSize) {
+            const QRect tile(left, top, tileSize, tileSize);
+            const QRegion own = metal & tile;
+            if (own.isEmpty())
+                continue;
+            const bool hasEdge = !outset(area, -2 * on.scaled(litEdgeWidth)).contains(tile);
+            Sheet sheet{area & outset(tile, beyond), hasEdge ? area.top() : 0, hasEdge, graded, {}, {}, on.scaled(1)};
+            for (const SceneItem& item : on.items()) {
+                const QRectF cut = outset(item.frame, gap);
+                if (cut.intersects(tile) && item.frame.intersects(area))
+                    sheet.instruments.append({cut, SceneOrnament::ofFace(item, bezel) + gap});
+            }
+            std::ranges::copy_if(screws, std::back_inserter(sheet.screws), [&](const Screw& screw) {
+                return outset({screw.place, QSizeF()}, on.scaled(sheetScrew) + 3).intersects(tile);
+            });
+            on.add(
+                u"sheet"_s, QRectF(own.boundingRect()) & on.screen(),
+                [](Canvas& canvas, const Sheet& drawn, const QRegion& part) { drawSheet(canvas, drawn, part); }, sheet,
+                own);
+        }
     }
-    on.add(
-        u"sheet"_s, outset(area, shadowReach) & on.screen(),
-        [](Canvas& canvas, const Sheet& drawn) { drawSheet(canvas, drawn); }, sheet);
 }
 
 /// Warning lights above the largest instrument, all but one dark.

@@ -68,29 +68,66 @@ QPolygonF beside(const QPolygonF& line, double by)
     return moved;
 }
 
+/// The stretches of the line that come near to the area, each of them beginning and ending outside.
+QList<QPolygonF> stretchesAt(const QPolygonF& line, const QRectF& area)
+{
+    QList<QPolygonF> stretches;
+    bool goesOn = false;
+    for (qsizetype index = 1; index < line.size(); ++index) {
+        const QRectF step = QRectF(line[index - 1], line[index]).normalized().adjusted(-0.1, -0.1, 0.1, 0.1);
+        if (!step.intersects(area)) {
+            goesOn = false;
+            continue;
+        }
+        if (!goesOn)
+            stretches.append(QPolygonF{line[index - 1]});
+        stretches.last().append(line[index]);
+        goesOn = true;
+    }
+    return stretches;
+}
+
+/// Strong where it is free, and behind items as strong as it may, which shows beside the round corners of plates.
+void drawStripe(Canvas& canvas, const QPolygonF& middle, double width, const QRegion& free, const QRegion& behind,
+    const QColor& colour)
+{
+    canvas.paint([&](QPainter& painter) {
+        const QRectF shown = painter.clipBoundingRect();
+        QPainterPath shape;
+        for (const QPolygonF& stretch : stretchesAt(middle, shown.adjusted(-width, -width, width, width)))
+            shape.addPath(ribbon(stretch, width, true));
+        const auto fill = [&](const QRegion& region, const QColor& paint) {
+            const QRegion here = region & shown.toAlignedRect();
+            if (here.isEmpty() || shape.isEmpty())
+                return;
+            painter.save();
+            painter.setClipRegion(here, Qt::IntersectClip);
+            canvas.fill(shape, paint);
+            painter.restore();
+        };
+        fill(behind, faded(colour, SceneOrnament::strong));
+        fill(free, colour);
+    });
+}
+
 void rainbow(SceneOrnament& on, const SkinStyle& style, const QPolygonF& line)
 {
     if (QLineF(line.first(), line.last()).length() < on.scaled(flattest))
         return;
     double by = on.scaled(rainbowPitch);
     for (const QColor& colour : groove::stripes(style, style.accent)) {
-        const QPainterPath stripe = ribbon(beside(line, by), on.scaled(rainbowStripe), true);
-        const QRectF place = stripe.boundingRect().adjusted(-1, -1, 1, 1) & on.screen();
+        const QPolygonF middle = beside(line, by);
+        const double width = on.scaled(rainbowStripe);
+        QPainterPath way;
+        way.addPolygon(middle);
+        const QRectF place = way.boundingRect().adjusted(-width, -width, width, width) & on.screen();
+        const QRegion free = on.besideItems(place);
         if (!place.isEmpty())
-            on.add(
-                u"stripe"_s, place,
-                [](Canvas& canvas, const QPainterPath& shape, const QRegion& free, const QRegion& behind,
-                    const QColor& paint) {
-                    canvas.paint([&](QPainter& painter) {
-                        painter.setClipRegion(behind, Qt::IntersectClip); // shows beside the round corners of plates
-                        canvas.fill(shape, faded(paint, SceneOrnament::strong));
-                    });
-                    canvas.paint([&](QPainter& painter) {
-                        painter.setClipRegion(free, Qt::IntersectClip);
-                        canvas.fill(shape, paint);
-                    });
-                },
-                stripe, on.besideItems(place), QRegion(place.toAlignedRect()) - on.besideItems(place), colour);
+            on.addAlong(
+                u"stripe"_s, way, width / 2 + 1,
+                [](Canvas& canvas, const QPolygonF& along, double across, const QRegion& bare, const QRegion& behind,
+                    const QColor& paint) { drawStripe(canvas, along, across, bare, behind, paint); },
+                middle, width, free, QRegion(place.toAlignedRect()) - free, colour);
         by -= on.scaled(rainbowPitch);
     }
 }

@@ -64,10 +64,13 @@ void drawCurtain(Canvas& canvas, const QRectF& sky, double hem, double rise, con
     const double brightest = 1 - hem / height;
     canvas.paint([&](QPainter& painter) {
         painter.setRenderHint(QPainter::Antialiasing, false); // no seams between strips
+        const QRectF shown = painter.clipBoundingRect(); // a gradient costs more than what it fills
         for (qsizetype index = 0; index < strips.size(); ++index) {
             const double aside = 2 * (static_cast<double>(index) + 0.5) / static_cast<double>(strips.size()) - 1;
             const Box strip(
                 sky.left() + static_cast<double>(index) * rayPitch, sky.top() + rise * aside * aside, rayPitch, height);
+            if (!shown.intersects(strip))
+                continue;
             const double light = curtainInk * strips[index];
             painter.fillRect(strip,
                 downwards(strip,
@@ -105,12 +108,13 @@ void stars(SceneOrnament& on)
     const double gap = on.scaled(starGap);
     SeededRandom random{seedOf(u"polar")};
     int placed = 0;
-    for (int draw = 0; draw < mostDraws && placed < starCount; ++draw) {
-        const double x = random.in(sky.left(), sky.right());
-        const double y = random.in(sky.top(), sky.bottom());
+    for (int draw = 0; draw < mostDraws && placed < starCount; ++draw) { // each stays where it is while widgets move
+        const double x = random.in(0, on.screen().width());
+        const double y = random.in(0, on.screen().height());
         const double radius = on.scaled(random.in(0.5, 1.3));
         const QColor light = faded(Qt::white, random.in(0.2, 0.6));
-        if (on.isFree(QRectF(x - gap, y - gap, 2 * gap, 2 * gap)) && on.dot(u"star"_s, {x, y}, radius, light))
+        if (sky.contains(x, y) && on.isFree(QRectF(x - gap, y - gap, 2 * gap, 2 * gap))
+            && on.dot(u"star"_s, {x, y}, radius, light))
             ++placed;
     }
 }
