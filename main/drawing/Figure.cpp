@@ -3,6 +3,7 @@
 #include "drawing/Figure.h"
 
 #include "drawing/Kept.h"
+#include "drawing/LoneFont.h"
 #include "drawing/PixelMask.h"
 
 #include <QFontMetricsF>
@@ -73,7 +74,7 @@ FigureGlyph makeGlyph(const Typeface& face, QChar character)
         }
         return glyph;
     }
-    const QFont& font = fontOf(face, figureMaster);
+    const QFont& font = fontFor(character, face, figureMaster);
     glyph.path.addText(0, 0, font, character);
     glyph.path.setFillRule(Qt::WindingFill);
     glyph.advance = QFontMetricsF(font).horizontalAdvance(character);

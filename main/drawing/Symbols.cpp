@@ -3,8 +3,7 @@
 #include "drawing/Symbols.h"
 
 #include "drawing/Kept.h"
-
-#include "drawing/Typeface.h"
+#include "drawing/LoneFont.h"
 
 #include <QFontMetricsF>
 #include <QHash>
@@ -211,7 +210,7 @@ constexpr int master = 128;
 
 QPainterPath makePath(std::string_view name, char16_t glyph)
 {
-    const QFont& font = fontOf({.family = u"Material Design Icons"_s}, master);
+    const QFont& font = loneFontOf({.family = u"Material Design Icons"_s}, master);
     const QFontMetricsF metrics(font);
     QPainterPath path;
     // The em box is the square the glyph is drawn in.

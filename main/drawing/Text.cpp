@@ -3,7 +3,7 @@
 #include "drawing/Text.h"
 
 #include "drawing/Kept.h"
-
+#include "drawing/LoneFont.h"
 #include "drawing/PixelMask.h"
 
 #include <QCache>
@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace ambrelle {
 
@@ -76,26 +77,52 @@ void addGlyphs(QPainterPath& outline, const QGlyphRun& run)
         outline.addPath(glyphOutline(font, glyphs[index]).translated(places[index]));
 }
 
+std::unique_ptr<QTextLayout> laidOut(const QString& text, const QFont& font)
+{
+    auto layout = std::make_unique<QTextLayout>(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    layout->setTextOption(option);
+    layout->setCacheEnabled(true);
+    layout->beginLayout();
+    QTextLine line = layout->createLine();
+    line.setLineWidth(1e6);
+    line.setPosition({0, -line.ascent()});
+    layout->endLayout();
+    return layout;
+}
+
+/// Whether the line is all in the face, which has everything of it.
+bool isWhollyIn(const QString& family, const QTextLayout& line)
+{
+    return std::ranges::all_of(line.glyphRuns(),
+        [&](const QGlyphRun& run) { return run.rawFont().familyName() == family && !run.glyphIndexes().contains(0); });
+}
+
+std::unique_ptr<QTextLayout> laidOut(const QString& text, const Typeface& face, int master, double spacing)
+{
+    const auto in = [&](QFont font) {
+        if (spacing != 0)
+            font.setLetterSpacing(QFont::AbsoluteSpacing, spacing);
+        return laidOut(text, font);
+    };
+    auto alone = in(loneFontOf(face, master));
+    return isWhollyIn(face.family, *alone) ? std::move(alone) : in(fontOf(face, master));
+}
+
 /// A line of a pixel face, laid out at one point a square and printed from a mask.
 std::shared_ptr<const ShapedText> shapeInSquares(const Typeface& face, double size, const QString& text)
 {
     auto shaped = std::make_shared<ShapedText>();
     shaped->scale = size / Typeface::squares;
     const bool twice = face.weight >= bold;
-    QFont font = fontOf(regular(face), Typeface::squares);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, twice ? 1 : 0);
-    QTextLayout layout(text, font);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(1e6);
-    line.setPosition({0, -line.ascent()});
-    layout.endLayout();
+    const auto layout = laidOut(text, regular(face), Typeface::squares, twice ? 1 : 0);
     QPainterPath outline;
     outline.setFillRule(Qt::WindingFill);
-    for (const QGlyphRun& run : layout.glyphRuns())
+    for (const QGlyphRun& run : layout->glyphRuns())
         addGlyphs(outline, run);
     shaped->pixels = twice ? struckTwice(onGrid(outline)) : onGrid(outline);
-    shaped->width = text.isEmpty() ? 0 : line.naturalTextWidth() * shaped->scale;
+    shaped->width = text.isEmpty() ? 0 : layout->lineAt(0).naturalTextWidth() * shaped->scale;
     const QRectF ink = shaped->pixels.boundingRect();
     shaped->ink = {ink.topLeft() * shaped->scale, ink.size() * shaped->scale};
     return shaped;
@@ -109,22 +136,10 @@ std::shared_ptr<const ShapedText> shapeAfresh(const Typeface& face, double size,
     // Twice the size: pixel sizes of fonts are whole numbers, those of the skins are halves.
     const int master = std::max(1, static_cast<int>(std::lround(size * 2)));
     shaped->scale = size / master;
-    QFont font = fontOf(face, master);
-    if (face.tracking != 0)
-        font.setLetterSpacing(QFont::AbsoluteSpacing, face.tracking / shaped->scale);
-    QTextLayout layout(text, font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::NoWrap);
-    layout.setTextOption(option);
-    layout.setCacheEnabled(true);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(1e6);
-    line.setPosition({0, -line.ascent()});
-    layout.endLayout();
-    shaped->runs = layout.glyphRuns();
+    const auto layout = laidOut(text, face, master, face.tracking / shaped->scale);
+    shaped->runs = layout->glyphRuns();
     // Tracking follows the last letter too; it is no part of the text's width.
-    const double advance = text.isEmpty() ? 0 : line.naturalTextWidth() * shaped->scale - face.tracking;
+    const double advance = text.isEmpty() ? 0 : layout->lineAt(0).naturalTextWidth() * shaped->scale - face.tracking;
     shaped->width = std::max(0.0, advance);
     QRectF ink;
     for (const QGlyphRun& run : std::as_const(shaped->runs))
@@ -145,6 +160,12 @@ std::shared_ptr<const ShapedText> shape(const Typeface& face, double size, const
     auto shaped = shapeAfresh(face, size, text);
     cache.insert(key, new std::shared_ptr<const ShapedText>(shaped));
     return shaped;
+}
+
+const QFont& fontFor(const QString& text, const Typeface& face, int master)
+{
+    const bool isLone = isWhollyIn(face.family, *laidOut(text, loneFontOf(face, master)));
+    return isLone ? loneFontOf(face, master) : fontOf(face, master);
 }
 
 QPainterPath outlineOf(const ShapedText& shaped)

@@ -3,6 +3,7 @@
 #include "drawing/Typeface.h"
 
 #include "drawing/Kept.h"
+#include "drawing/LoneFont.h"
 
 #include <QHash>
 
@@ -19,13 +20,14 @@ struct FontKey {
     int weight;
     bool italic;
     int master;
+    bool isLone;
 
     bool operator==(const FontKey&) const = default;
 };
 
 size_t qHash(const FontKey& key, size_t seed = 0)
 {
-    return qHashMulti(seed, key.family, key.weight, key.italic, key.master);
+    return qHashMulti(seed, key.family, key.weight, key.italic, key.master, key.isLone);
 }
 
 QFont makeFont(const FontKey& key)
@@ -43,20 +45,31 @@ QFont makeFont(const FontKey& key)
     font.setPixelSize(key.master);
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setKerning(true);
+    if (key.isLone)
+        font.setStyleStrategy(QFont::NoFontMerging);
     return font;
+}
+
+const QFont& keptFont(const FontKey& key)
+{
+    // A font, its glyphs and what is shaped of them belong to the thread that made them, as they do in the toolkit.
+    thread_local Kept<QHash<FontKey, QFont>> fonts;
+    auto found = fonts.find(key);
+    if (found == fonts.end())
+        found = fonts.insert(key, makeFont(key));
+    return *found;
 }
 
 } // namespace
 
 const QFont& fontOf(const Typeface& face, int master)
 {
-    // A font, its glyphs and what is shaped of them belong to the thread that made them, as they do in the toolkit.
-    thread_local Kept<QHash<FontKey, QFont>> fonts;
-    const FontKey key{face.family, face.weight, face.italic, master};
-    auto found = fonts.find(key);
-    if (found == fonts.end())
-        found = fonts.insert(key, makeFont(key));
-    return *found;
+    return keptFont({face.family, face.weight, face.italic, master, false});
+}
+
+const QFont& loneFontOf(const Typeface& face, int master)
+{
+    return keptFont({face.family, face.weight, face.italic, master, true});
 }
 
 } // namespace ambrelle
