@@ -50,7 +50,7 @@ MainWindow::MainWindow(const Parts& parts)
     rows->setSpacing(0);
     rows->addWidget(m_toolBar);
     rows->addWidget(m_stack, 1);
-    setWindowIcon(QIcon::fromTheme(u"org.ambrelle.Ambrelle"_s, markIcon()));
+    setWindowIcon(programIcon());
     setWindowTitle(u"Ambrelle"_s);
     setAcceptDrops(true);
     makeShortcuts();

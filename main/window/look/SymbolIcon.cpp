@@ -9,11 +9,14 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <cmath>
 
 namespace ambrelle {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -104,6 +107,14 @@ QIcon symbolIcon(const QString& name, const std::optional<QColor>& ink)
 QIcon markIcon()
 {
     return QIcon(new MarkEngine);
+}
+
+QIcon programIcon()
+{
+    const QString file = QStandardPaths::locate(
+        QStandardPaths::GenericDataLocation, u"icons/hicolor/scalable/apps/org.ambrelle.Ambrelle.svg"_s);
+    const QIcon icon(file);
+    return file.isEmpty() || icon.pixmap(16).isNull() ? markIcon() : icon;
 }
 
 } // namespace ambrelle

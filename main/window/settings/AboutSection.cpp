@@ -52,8 +52,7 @@ void AboutSection::addMark()
     row->setContentsMargins(2, 0, 2, 0);
     row->setSpacing(markGap);
     auto* mark = new QLabel;
-    const QIcon icon = QIcon::fromTheme(u"org.ambrelle.Ambrelle"_s, markIcon());
-    mark->setPixmap(icon.pixmap(QSize(markSide, markSide), devicePixelRatioF()));
+    mark->setPixmap(programIcon().pixmap(QSize(markSide, markSide), devicePixelRatioF()));
     row->addWidget(mark);
     auto* texts = new QVBoxLayout;
     texts->setSpacing(0);
