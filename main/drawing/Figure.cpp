@@ -108,7 +108,7 @@ double kerning(const Typeface& face, QChar before, QChar after)
     const GlyphKey key = keyOf(face, pair);
     auto found = pairs.find(key);
     if (found == pairs.end()) {
-        const QFontMetricsF metrics(fontOf(face, figureMaster));
+        const QFontMetricsF metrics(fontFor(pair, face, figureMaster));
         const double apart = metrics.horizontalAdvance(before) + metrics.horizontalAdvance(after);
         found = pairs.insert(key, metrics.horizontalAdvance(pair) - apart);
     }
