@@ -12,7 +12,7 @@ composition, and the peers below; without names the first and the peers.
 Every contestant is launched once to lay out its first desktop and then again to be measured: MEASURE seconds after
 SETTLE seconds, in each of three rounds; the table gives medians. With conky
 installed and AMBRELLE_PEERS naming a folder that holds conky/one.sh and conky/eleven.sh, those join the same rounds.
-AMBRELLE_ROUNDS and AMBRELLE_SECONDS shorten a trial run.
+AMBRELLE_ROUNDS and AMBRELLE_SECONDS shorten a trial run. The desktop has a tray (tray.py), as most have.
 """
 import contextlib
 import json
@@ -37,7 +37,8 @@ ROUNDS = int(os.environ.get("AMBRELLE_ROUNDS", 3))
 TICKS = os.sysconf("SC_CLK_TCK")
 FIGURES = {  # name: unit
     "cpu": "s", "start": "s", "wakeups": "/s", "rss": "MB", "pss": "MB", "uss": "MB", "anon": "MB",
-    "first map": "ms", "all map": "ms", "first paint": "ms", "all paint": "ms", "windows": "", "painted": "", "noise": "s",
+    "first map": "ms", "all map": "ms", "first paint": "ms", "all paint": "ms", "windows": "", "painted": "",
+    "in tray": "", "noise": "s",
 }
 
 
@@ -88,6 +89,16 @@ def sway_desktop(home):
             yield env
     finally:
         with_sway.end(compositor)
+
+
+@contextlib.contextmanager
+def tray(env, home):
+    """What shows the icons of programs; gives a function that tells how many it showed until then."""
+    said = Path(home, "tray")
+    with said.open("w") as output, process(str(Path(__file__).parent / "tray.py"), env=env, stdout=output):
+        while "ready" not in read(said):
+            time.sleep(0.05)
+        yield lambda: read(said).count("item")
 
 
 def read(path):
@@ -196,12 +207,14 @@ def watch_sway(env, command):
 
 def measure(command, values, on_sway=False):
     make, look = (sway_desktop, watch_sway) if on_sway else (desktop, watch)
-    with tempfile.TemporaryDirectory() as home, make(Path(home)) as env:
+    with tempfile.TemporaryDirectory() as home, make(Path(home)) as env, tray(env, home) as items:
         settings = Path(env.get("XDG_CONFIG_HOME", Path(home, ".config")), "ambrelle/defaults.json")
         settings.parent.mkdir(parents=True)
         settings.write_text(json.dumps(values))
         stop(tree(look(env, command)[0].pid))
+        before = items()
         running, seen = look(env, command)
+        seen.append(items() - before)
         if running.poll() is not None:
             sys.exit(f"{command[0]} ended by itself")
         pids = tree(running.pid)
