@@ -341,7 +341,8 @@ void resized(StoredWidget& widget, const WidgetConfig& before, const QList<Scree
     const bool isAtHome = home && isSamePlace(before.origin, home->frame.topLeft() + *config.displayOffset)
         && (!widget.home || widget.home->size == home->frame.size());
     const auto screen = screenShowing(before.frame(), screens);
-    if (screen && room(*screen).contains(before.frame()))
+    // What reached over an edge by a little may, shrunk to its corner, reach nothing any more.
+    if (screen && (room(*screen).contains(before.frame()) || !screenShowing(config.frame(), screens)))
         config.origin = movedInto(config.frame(), room(*screen)).topLeft();
     if (isAtHome)
         return makeHome(widget, *home);

@@ -38,7 +38,7 @@ void rememberDisplay(StoredWidget& widget, const QList<ScreenInfo>& screens);
 /// the nearest screen. Shrunk with its group it stays as it is there, and grows with the display.
 void settle(StoredWidget& widget, const QList<ScreenInfo>& screens);
 /// After the widget got another size: one that was whole on a screen does not grow out of it, here or at its home; else
-/// its lower left corner stays.
+/// its lower left corner stays, as long as something of it is seen then.
 void resized(StoredWidget& widget, const WidgetConfig& before, const QList<ScreenInfo>& screens);
 
 /// `frame` moved as little as possible to lie whole in `area`; its upper left corner wins when it is larger.

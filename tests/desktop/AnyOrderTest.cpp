@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
 #include <random>
 
 namespace ambrelle {
@@ -123,6 +124,79 @@ TEST(AnyOrder, OfOperationsLeavesTheDesktopWhole)
         next.manager.load();
         EXPECT_EQ(next.live(), desk.live());
     }
+}
+
+/// Where a user takes hold of a widget and lets it go: near an edge or a corner of the screens, or a little outside.
+QPointF spotAtAnEdge(std::mt19937& random, const QRectF& screen)
+{
+    const auto within = [&random](
+                            double least, double most) { return std::uniform_real_distribution(least, most)(random); };
+    constexpr double around = 250;
+    const QPointF anywhere{within(screen.left(), screen.right()), within(screen.top(), screen.bottom())};
+    const double x = (random() % 2 ? screen.left() : screen.right()) + within(-around, around);
+    const double y = (random() % 2 ? screen.top() : screen.bottom()) + within(-around, around);
+    switch (random() % 3) {
+    case 0: return {x, anywhere.y()};
+    case 1: return {anywhere.x(), y};
+    default: return {x, y};
+    }
+}
+
+/// What is whole on a screen stays so when it grows, and anything else keeps its lower left corner while it is seen.
+void checkGrown(const QRectF& before, const QRectF& after, const QList<ScreenInfo>& screens)
+{
+    const auto screen = ScreenPlacement::screenShowing(before, screens);
+    ASSERT_TRUE(screen.has_value());
+    const QRectF room = ScreenPlacement::room(*screen);
+    const bool fits = after.width() <= room.width() && after.height() <= room.height();
+    const bool staysWhole = room.contains(before) && fits;
+    ASSERT_TRUE(!staysWhole || room.contains(after));
+    const QRectF put(before.topLeft(), after.size());
+    const bool isSeen = ScreenPlacement::screenShowing(put, screens).has_value();
+    const bool staysPut = room.contains(before) ? room.contains(put) : isSeen;
+    ASSERT_EQ(after.topLeft(), staysPut ? before.topLeft() : after.topLeft());
+}
+
+TEST(AnyOrder, EightThousandSizesAndDragsAtEdgesLoseNothing)
+{
+    std::mt19937 random(20261123);
+    UserDefaults store = UserDefaults::temporary();
+    Desk desk(store);
+    const QList<ScreenInfo> screens{desk.host.screens().first(), rightScreen};
+    desk.host.setScreens(screens);
+    for (int i = 0; i < 12; ++i)
+        desk.manager.add(allCases<WidgetKind>()[static_cast<std::size_t>(i)]);
+    std::size_t usedEarly = 0;
+    constexpr std::size_t mostKept = 3'000'000; // layers of faces that come and go
+    for (int step = 0; step < 8000; ++step) {
+        const QList<WidgetController*>& widgets = desk.manager.controllers();
+        WidgetController& widget = *widgets.at(static_cast<qsizetype>(random() % 12));
+        const QRectF before = widget.widgetFrame();
+        if (random() % 2) {
+            widget.setScale(allCases<WidgetScale>()[random() % allCases<WidgetScale>().size()]);
+            ASSERT_NO_FATAL_FAILURE(checkGrown(before, widget.widgetFrame(), screens)) << step;
+        } else {
+            desk.host.drag(
+                before.center(), spotAtAnEdge(random, screens.at(static_cast<qsizetype>(random() % 2)).frame));
+        }
+        ASSERT_EQ(widgets.size(), 12) << step;
+        const QList<RecordingPanel*> panels = desk.panels();
+        ASSERT_EQ(panels.size(), 12) << step;
+        for (qsizetype i = 0; i < widgets.size(); ++i) {
+            const QRectF frame = widgets.at(i)->widgetFrame();
+            ASSERT_EQ(frame.size(), widgets.at(i)->config().size()) << step;
+            ASSERT_TRUE(ScreenPlacement::screenShowing(frame, screens)) << step;
+            ASSERT_EQ(panels.at(i)->frame(), PanelGeometry::panelFrame(frame)) << step;
+        }
+        if (step % 100 == 0) {
+            ASSERT_EQ(desk.stored(), desk.live()) << step;
+            desk.paintAll();
+        }
+        if (step == 2000)
+            usedEarly = ::mallinfo2().uordblks;
+    }
+    desk.paintAll();
+    EXPECT_LT(::mallinfo2().uordblks, usedEarly + mostKept) << "memory grows";
 }
 
 } // namespace
