@@ -101,5 +101,51 @@ TEST(Home, IsWhereEveryWidgetComesBackToWhateverScreensDo)
     EXPECT_GT(away, 800) << "they hardly ever left";
 }
 
+ScreenInfo sized(const ScreenInfo& screen, QSizeF size)
+{
+    ScreenInfo now = screen;
+    now.frame.setSize(size);
+    now.visibleFrame = now.frame.adjusted(0, 0, 0, -28);
+    return now;
+}
+
+QList<std::pair<qsizetype, qsizetype>> overlaps(const Desk& desk)
+{
+    QList<std::pair<qsizetype, qsizetype>> pairs;
+    const QList<WidgetConfig> widgets = desk.live();
+    for (qsizetype i = 0; i < widgets.size(); ++i) {
+        for (qsizetype other = 0; other < i; ++other) {
+            if (widgets[i].frame().intersects(widgets[other].frame()))
+                pairs.append({i, other});
+        }
+    }
+    return pairs;
+}
+
+TEST(Home, AFirstLayoutStaysOneOnSmallerScreensAndComesBackToThePixel)
+{
+    for (const Skin skin : allCases<Skin>()) {
+        UserDefaults store = UserDefaults::temporary();
+        Desk desk(store);
+        const ScreenInfo large = sized(desk.host.screens().first(), {1920, 1080});
+        desk.show({large});
+        desk.manager.applyPreset(skin, false);
+        const QList<WidgetConfig> home = desk.live();
+        ASSERT_GT(home.size(), 5);
+        const auto before = overlaps(desk);
+        for (const QSizeF& size : {QSizeF(1024, 600), QSizeF(960, 540), QSizeF(960, 1080), QSizeF(1080, 1920)}) {
+            const ScreenInfo small = sized(large, size);
+            desk.show({small});
+            for (const auto& pair : overlaps(desk))
+                EXPECT_TRUE(before.contains(pair)) << qPrintable(rawValue(skin)) << ' ' << size.width();
+            for (const WidgetConfig& widget : desk.live())
+                EXPECT_TRUE(small.visibleFrame.contains(widget.frame()))
+                    << qPrintable(rawValue(skin)) << ' ' << size.width();
+        }
+        desk.show({large});
+        EXPECT_EQ(desk.live(), home) << qPrintable(rawValue(skin));
+    }
+}
+
 } // namespace
 } // namespace ambrelle
