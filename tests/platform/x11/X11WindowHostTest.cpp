@@ -132,6 +132,23 @@ TEST_F(X11WindowHostTest, GoesExactlyWhereItIsTold)
     EXPECT_EQ(onlooker.geometry(panel->window()).size(), (QSizeF(240, 160) * ratio).toSize());
 }
 
+TEST_F(X11WindowHostTest, MayGrowOverTheEdgeOfTheScreen)
+{
+    showPanel();
+    const QSizeF screen = host.screens().first().frame.size();
+    const QPointF origin(screen.width() - 250, 200);
+    panel->setFrame({origin, QSizeF(240, 160)}); // whole on the screen
+    const auto isAt = [&](const QSizeF& size) {
+        const QRectF there(origin.x(), screen.height() - origin.y() - size.height(), size.width(), size.height());
+        const QRect window = onlooker.geometry(panel->window());
+        return (QPointF(window.topLeft()) - there.topLeft() * ratio).manhattanLength() < 2 * ratio
+            && window.size() == (size * ratio).toSize();
+    };
+    ASSERT_TRUE(waitUntil([&] { return isAt({240, 160}); }));
+    panel->setFrame({origin, QSizeF(320, 200)});
+    EXPECT_TRUE(waitUntil([&] { return isAt({320, 200}); }));
+}
+
 TEST_F(X11WindowHostTest, OpacityIsTheWindowsOwnProperty)
 {
     showPanel();

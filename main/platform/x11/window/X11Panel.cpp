@@ -97,7 +97,16 @@ X11Panel::~X11Panel()
 
 void X11Panel::place()
 {
-    surface().moveTo(wantedPlace());
+    const QRect wanted = wantedPlace();
+    const bool resizes = isShown() && wanted.size() != surface().size();
+    surface().moveTo(wanted);
+    if (!resizes)
+        return;
+    // A window manager may keep a window whose size changes on the screen, though it lets it be moved off.
+    const QPoint corner = X11Canvas::nativeCorner(surface());
+    const std::array<uint32_t, 2> place{static_cast<uint32_t>(corner.x()), static_cast<uint32_t>(corner.y())};
+    xcb_configure_window(
+        m_parts.connection.handle(), m_window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, place.data());
 }
 
 void X11Panel::show()
