@@ -2,7 +2,6 @@
 
 #include "skins/WallpaperRecipes.h"
 
-
 #include <QPainter>
 #include <QTemporaryDir>
 
