@@ -39,7 +39,7 @@ TEST(Plates, AShadowLiesAroundItsShapeAndNotUnderIt)
     }
     for (const QPoint place : {QPoint(50, 72), QPoint(18, 45), QPoint(50, 19)})
         EXPECT_NEAR(qAlpha(rounded.pixel(place)), qAlpha(outlined.pixel(place)), 8);
-    const QImage inParts = shadow([&](Canvas& canvas) {
+    const QImage inParts = drawnWith([&](Canvas& canvas) {
         for (const QRectF part : {QRectF(0, 0, 100, 30), QRectF(0, 30, 40, 70), QRectF(40, 30, 60, 70)}) {
             canvas.paint([&](QPainter& painter) {
                 painter.setClipRect(part);
