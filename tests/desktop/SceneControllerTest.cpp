@@ -200,8 +200,9 @@ TEST_F(SceneControllerTest, IsCutLooselyWhileItFollowsADrag)
         desk.host.movePointer(pointer);
         desk.clock.advance(34ms);
         changes += std::exchange(before, outline()) != outline() ? 1 : 0;
-        if (step % 10 == 5)
+        if (step % 10 == 5) {
             EXPECT_EQ(lost(), 0) << step;
+        }
     }
     EXPECT_GE(changes, 2) << "the marks have moved by more than two squares";
     EXPECT_LE(changes, 20);
