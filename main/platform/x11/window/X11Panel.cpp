@@ -3,7 +3,6 @@
 #include "platform/x11/window/X11Panel.h"
 
 #include "platform/toolkit/PixelGrid.h"
-#include "platform/x11/connection/Reply.h"
 #include "platform/x11/window/RoundedRows.h"
 #include "platform/x11/window/X11Canvas.h"
 
@@ -43,15 +42,6 @@ void writeHints(const X11Connection& x, xcb_window_t window)
         static_cast<uint32_t>(hints.size()), hints.data());
 }
 
-/// What the toolkit hears of its windows, but for changes of properties: nobody makes a panel small or full, and with
-/// every such event the toolkit would ask the server for the window's state.
-uint32_t eventsOf(const X11Connection& x, xcb_window_t window)
-{
-    const Reply attributes(
-        xcb_get_window_attributes_reply(x.handle(), xcb_get_window_attributes_unchecked(x.handle(), window), nullptr));
-    return attributes ? attributes->your_event_mask & ~uint32_t{XCB_EVENT_MASK_PROPERTY_CHANGE} : 0;
-}
-
 xcb_rectangle_t shapeRectangle(const QRect& rect)
 {
     return {static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()), static_cast<uint16_t>(rect.width()),
@@ -71,10 +61,6 @@ X11Panel::X11Panel(PanelDelegate& delegate, X11Parts& parts, Rank rank)
         surface().setTitle(QString::fromLatin1(sceneName));
     surface().create();
     m_window = static_cast<xcb_window_t>(surface().winId());
-    if (m_parts.panelEvents == 0)
-        m_parts.panelEvents = eventsOf(m_parts.connection, m_window);
-    if (m_parts.panelEvents != 0)
-        xcb_change_window_attributes(m_parts.connection.handle(), m_window, XCB_CW_EVENT_MASK, &m_parts.panelEvents);
     QObject::connect(&surface(), &PanelSurface::pixelRatioChanged, &surface(), [this] {
         place();
         applyInput();

@@ -36,7 +36,6 @@ struct X11Parts {
     WindowManager manager{connection};
     StackOrder order{connection};
     ScreenList screens;
-    uint32_t panelEvents = 0; ///< that panels hear of their windows; 0 before the first one
     QList<const GroundShade*> shades; ///< the lowest first
 };
 
