@@ -3,7 +3,6 @@
 #include "drawing/Figure.h"
 
 #include "drawing/Kept.h"
-#include "drawing/LoneFont.h"
 #include "drawing/PixelMask.h"
 
 #include <QFontMetricsF>

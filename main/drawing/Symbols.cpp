@@ -3,7 +3,7 @@
 #include "drawing/Symbols.h"
 
 #include "drawing/Kept.h"
-#include "drawing/LoneFont.h"
+#include "drawing/Typeface.h"
 
 #include <QFontMetricsF>
 #include <QHash>

@@ -3,7 +3,6 @@
 #include "drawing/Text.h"
 
 #include "drawing/Kept.h"
-#include "drawing/LoneFont.h"
 #include "drawing/PixelMask.h"
 
 #include <QCache>

@@ -3,7 +3,6 @@
 #include "drawing/Typeface.h"
 
 #include "drawing/Kept.h"
-#include "drawing/LoneFont.h"
 
 #include <QHash>
 
