@@ -22,7 +22,7 @@ TEST(LayerOrder, WhoStandsRightAlreadyStays)
 TEST(LayerOrder, EveryOrderIsMended)
 {
     std::mt19937 random(7);
-    for (const Joining joining : {Joining::above, Joining::below}) {
+    for (const Joining joining : {Joining::above, Joining::below, Joining::anew}) {
         for (qsizetype count = 0; count < 9; ++count) {
             QList<qsizetype> standing;
             for (qsizetype place = 0; place < count; ++place)
@@ -31,7 +31,7 @@ TEST(LayerOrder, EveryOrderIsMended)
             std::ranges::shuffle(standing, random);
             for (const qsizetype moving : rejoining(standing, joining)) {
                 standing.removeOne(moving);
-                standing.insert(joining == Joining::above ? standing.size() : 0, moving);
+                standing.insert(joining == Joining::below ? 0 : standing.size(), moving);
             }
             EXPECT_EQ(standing, wanted);
         }

@@ -80,7 +80,9 @@ TEST_F(WaylandPanelTest, ScenesStandBelowPanelsWheneverTheyCome)
         void paint(QPainter& painter, const QRectF& area) override { painter.fillRect(area, green); }
         void appearanceChanged() override { }
     } decoration;
+    const QColor ground = seen(edge);
     for (const bool sceneFirst : {true, false}) {
+        ASSERT_TRUE(isSeen(edge, ground)) << "the scene from before has gone";
         if (!sceneFirst)
             panel->show();
         const std::unique_ptr<SceneWindow> scene = host.makeScene(decoration);

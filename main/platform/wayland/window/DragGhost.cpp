@@ -32,15 +32,22 @@ void DragGhost::setLayer(ShellLayer layer)
     m_layer = layer;
     if (!m_role)
         return;
+    if (m_parts.order.joining() == Joining::anew)
+        return open();
     m_role->setLayer(layer);
     m_role->commit();
     m_parts.order.joined(*this);
 }
 
-void DragGhost::joinAgain()
+bool DragGhost::joinAgain()
 {
-    if (m_role)
+    if (!m_role)
+        return false;
+    if (m_parts.order.joining() == Joining::anew)
+        open();
+    else
         m_role->joinAgain(m_layer);
+    return m_role != nullptr;
 }
 
 void DragGhost::open()

@@ -26,7 +26,7 @@ public:
     ShellLayer layer() const override { return m_layer; }
     const QScreen* screen() const override { return m_at.screen; }
     bool staysLow() const override { return false; }
-    void joinAgain() override;
+    bool joinAgain() override;
 
     wl_surface* surface() const { return m_surface.get(); } ///< another one on each output
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <ranges>
+#include <utility>
 
 namespace ambrelle {
 
@@ -21,7 +22,7 @@ QList<qsizetype> rejoining(const QList<qsizetype>& standing, Joining joining)
 {
     // Who stands right already, from the end that nobody joins at, stays.
     QList<qsizetype> moving;
-    if (joining == Joining::above) {
+    if (joining != Joining::below) {
         qsizetype stay = 0;
         for (const qsizetype place : standing)
             stay += place == stay ? 1 : 0;
@@ -45,9 +46,9 @@ LayerOrder::LayerOrder()
 
 void LayerOrder::setJoining(Joining joining)
 {
-    if (joining == m_joining)
+    const Joining former = std::exchange(m_joining, joining);
+    if ((former == Joining::below) == (joining == Joining::below))
         return;
-    m_joining = joining;
     std::ranges::reverse(m_standing); // what was taken for above was below
     m_soon.start(0);
 }
@@ -102,7 +103,8 @@ void LayerOrder::arrangeLike(const LayerMember& window)
     std::ranges::transform(
         standing, std::back_inserter(places), [&wanted](LayerMember* each) { return wanted.indexOf(each); });
     for (const qsizetype place : rejoining(places, m_joining)) {
-        wanted[place]->joinAgain();
+        if (!wanted[place]->joinAgain())
+            break; // then the others follow
         insert(m_standing, *wanted[place], m_joining == Joining::below);
     }
 }

@@ -17,7 +17,8 @@ public:
     virtual ShellLayer layer() const = 0;
     virtual const QScreen* screen() const = 0;
     virtual bool staysLow() const = 0; ///< below all that do not
-    virtual void joinAgain() = 0; ///< leaves its layer and comes back at once
+    /// Leaves its layer and comes back at once. False: it cannot now, and tells the order once it has done so.
+    virtual bool joinAgain() = 0;
 
 protected:
     ~LayerMember() = default;
@@ -25,8 +26,9 @@ protected:
 
 /// Where a compositor puts a surface that joins a layer.
 enum class Joining {
-    above, ///< all others there, as most do
+    above, ///< all others there
     below, ///< all others there
+    anew, ///< above, but only if it comes from nowhere: one from another layer keeps its place among all
 };
 
 /// The windows that have to leave their layer and join it again, in that order, until all stand in theirs: `standing`
@@ -39,7 +41,8 @@ class LayerOrder {
 public:
     LayerOrder();
 
-    void setJoining(Joining joining); ///< of this compositor
+    void setJoining(Joining joining); ///< of this compositor; `anew` does for all that join above
+    Joining joining() const { return m_joining; }
     /// The window has come to its layer: above all others there, or, if it stays low, below them.
     void joined(LayerMember& window);
     void raise(LayerMember& window); ///< it is to come above the others of its layer, unless it stays low
@@ -50,7 +53,7 @@ private:
     void arrange();
     void arrangeLike(const LayerMember& window);
 
-    Joining m_joining = Joining::above;
+    Joining m_joining = Joining::anew;
     QList<LayerMember*> m_wanted; ///< the lowest first, those of all layers together
     QList<LayerMember*> m_standing; ///< likewise
     QTimer m_soon; ///< what joins in one turn of the event loop is arranged together

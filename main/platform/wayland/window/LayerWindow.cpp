@@ -74,17 +74,42 @@ void LayerWindow::setLayer(ShellLayer layer)
     if (layer == m_layer)
         return;
     m_layer = layer;
-    if (!m_role)
+    if (!m_role || comesAnew())
         return;
     m_role->setLayer(layer);
     m_role->commit();
-    m_parts.order.joined(*this);
+    if (!m_late)
+        m_parts.order.joined(*this);
 }
 
-void LayerWindow::joinAgain()
+/// Where only that puts a window above the others, and as soon as nobody holds it. True: it has done so.
+bool LayerWindow::comesAnew()
 {
-    if (m_role)
-        m_role->joinAgain(m_layer);
+    if (m_parts.order.joining() != Joining::anew)
+        return false;
+    m_late = m_held;
+    if (!m_held)
+        open();
+    return !m_held;
+}
+
+void LayerWindow::setHeld(bool held)
+{
+    m_held = held;
+    if (!held && std::exchange(m_late, false) && m_role)
+        open();
+}
+
+bool LayerWindow::joinAgain()
+{
+    if (!m_role)
+        return false;
+    if (comesAnew())
+        return m_role != nullptr;
+    if (m_late)
+        return false;
+    m_role->joinAgain(m_layer);
+    return true;
 }
 
 void LayerWindow::setTakesKeyboard(bool takes)
@@ -144,6 +169,7 @@ void LayerWindow::open()
 {
     wl_surface* const target = surface();
     close();
+    m_late = false;
     if (!m_at.screen) // it has gone since
         m_at = LayerPlace::of(m_place);
     wl_output* const output = toolkitOutput(m_at.screen);

@@ -39,11 +39,13 @@ public:
     void show();
     void hide();
     void raise() { m_parts.order.raise(*this); } ///< above the others of its layer, unless it stays at the bottom
+    /// Whether a button is held on it: who stays where it is until then hears all of the pointer.
+    void setHeld(bool held);
 
     ShellLayer layer() const override { return m_layer; }
     const QScreen* screen() const override { return m_at.screen; }
     bool staysLow() const override { return m_order == Order::bottom; }
-    void joinAgain() override;
+    bool joinAgain() override;
 
     bool isReady() const { return m_role && m_role->isReady(); } ///< the compositor takes pixels
     wl_surface* surface() const; ///< null while it is not shown
@@ -57,6 +59,7 @@ private:
     void open();
     void close();
     void applyInput() const;
+    bool comesAnew();
 
     WaylandParts& m_parts;
     QWindow& m_window;
@@ -66,6 +69,8 @@ private:
     LayerPlace m_at;
     bool m_takesKeyboard = false;
     bool m_shown = false;
+    bool m_held = false;
+    bool m_late = false; ///< it has to come anew once nobody holds it
     std::optional<QRect> m_inputArea;
     std::unique_ptr<LayerRole> m_role;
     QTimer m_again; ///< the compositor has closed it

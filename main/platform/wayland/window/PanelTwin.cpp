@@ -36,6 +36,8 @@ PanelTwin::PanelTwin(PanelDelegate& panel, WaylandParts& parts, QScreen& screen,
         m_canvas->setTarget(nullptr);
         QMetaObject::invokeMethod(m_surface, &PanelSurface::letGo, Qt::QueuedConnection);
     };
+    QObject::connect(m_surface, &PanelSurface::pressed, m_surface, [this] { m_window.setHeld(true); });
+    QObject::connect(m_surface, &PanelSurface::released, m_surface, [this] { m_window.setHeld(false); });
     QObject::connect(m_surface, &PanelSurface::pixelRatioChanged, m_surface, [this] { setPlace(m_corner, m_size); });
 }
 

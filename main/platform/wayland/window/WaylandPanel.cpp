@@ -42,12 +42,14 @@ WaylandPanel::WaylandPanel(PanelDelegate& delegate, WaylandParts& parts, Rank ra
             m_canvas->setTarget(nullptr);
         QMetaObject::invokeMethod(&surface(), &PanelSurface::letGo, Qt::QueuedConnection);
     };
+    QObject::connect(&surface(), &PanelSurface::pressed, &surface(), [this] { m_window.setHeld(true); });
     QObject::connect(&surface(), &PanelSurface::pixelRatioChanged, &surface(), [this] {
         place();
         applyInput();
     });
     QObject::connect(&surface(), &PanelSurface::released, &surface(), [this] {
         endFollowing();
+        m_window.setHeld(false);
         raise();
     });
 }
@@ -57,6 +59,7 @@ WaylandPanel::~WaylandPanel()
     if (onDestroyed)
         onDestroyed(this);
     QObject::disconnect(&surface(), &PanelSurface::pixelRatioChanged, nullptr, nullptr);
+    QObject::disconnect(&surface(), &PanelSurface::pressed, nullptr, nullptr);
     QObject::disconnect(&surface(), &PanelSurface::released, nullptr, nullptr);
     m_twins.clear();
     m_heldTwin.reset();
