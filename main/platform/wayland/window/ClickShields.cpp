@@ -18,9 +18,9 @@ void ClickShields::setRaised(bool raised)
     m_shields.clear();
     if (!raised)
         return;
-    for (QScreen* screen : LayerPlace::usableScreens()) {
-        m_shields.push_back(std::make_unique<OutputShield>(m_parts, *screen, ShellLayer::top));
-        m_shields.back()->pressed = [this] {
+    m_shields = OutputShield::overAll(m_parts, ShellLayer::top);
+    for (const std::unique_ptr<OutputShield>& shield : m_shields) {
+        shield->pressed = [this] {
             if (const auto tell = clicked)
                 tell();
         };

@@ -2,8 +2,6 @@
 
 #include "platform/wayland/window/OutputShield.h"
 
-#include <QEnterEvent>
-
 namespace ambrelle {
 
 OutputShield::OutputShield(WaylandParts& parts, QScreen& screen, ShellLayer layer)
@@ -23,8 +21,22 @@ OutputShield::~OutputShield()
     m_layer.hide();
 }
 
+std::vector<std::unique_ptr<OutputShield>> OutputShield::overAll(WaylandParts& parts, ShellLayer layer)
+{
+    std::vector<std::unique_ptr<OutputShield>> made;
+    for (QScreen* const screen : LayerPlace::usableScreens())
+        made.push_back(std::make_unique<OutputShield>(parts, *screen, layer));
+    return made;
+}
+
 bool OutputShield::event(QEvent* event)
 {
+    if (!event->isSinglePointEvent())
+        return QWindow::event(event);
+    const auto& pointed = static_cast<const QSinglePointEvent&>(*event);
+    const QPointF place = QPointF(geometry().topLeft()) + pointed.position();
+    if (heard)
+        heard(pointed, place);
     // What is done about it may end this window.
     if (event->type() == QEvent::MouseButtonPress && pressed) {
         QMetaObject::invokeMethod(
@@ -32,7 +44,6 @@ bool OutputShield::event(QEvent* event)
         return true;
     }
     if (event->type() == QEvent::Enter && entered) {
-        const QPointF place = QPointF(geometry().topLeft()) + static_cast<QEnterEvent*>(event)->position();
         QMetaObject::invokeMethod(
             this, [this, place] { entered(place); }, Qt::QueuedConnection);
         return true;

@@ -5,7 +5,10 @@
 #include "platform/wayland/connection/PixelBuffer.h"
 #include "platform/wayland/window/LayerWindow.h"
 
+#include <QSinglePointEvent>
 #include <QWindow>
+
+#include <vector>
 
 namespace ambrelle {
 
@@ -16,6 +19,10 @@ public:
     OutputShield(WaylandParts& parts, QScreen& screen, ShellLayer layer);
     ~OutputShield() override;
 
+    /// One over each output that can show something.
+    static std::vector<std::unique_ptr<OutputShield>> overAll(WaylandParts& parts, ShellLayer layer);
+
+    std::function<void(const QSinglePointEvent& event, const QPointF& place)> heard; ///< at once; the toolkit's points
     // Both are called by the event loop and may end this window.
     std::function<void()> pressed;
     std::function<void(const QPointF& place)> entered; ///< the toolkit's points

@@ -25,6 +25,7 @@ PanelTwin::PanelTwin(PanelDelegate& panel, WaylandParts& parts, QScreen& screen,
     , m_screen(&screen)
     , m_surface(makeTwinSurface(*this, parts, m_canvas))
     , m_window(parts, *m_surface, layer, LayerWindow::Order::top)
+    , m_catcher(parts, *m_surface)
 {
     m_surface->setScreen(&screen);
     m_surface->create();
@@ -72,6 +73,7 @@ void PanelTwin::setOpacity(double opacity)
 void PanelTwin::vanish()
 {
     m_vanished = true;
+    m_catcher.follow();
     m_canvas->setTarget(nullptr);
     if (m_window.isReady())
         m_nothing = PixelBuffer::showNothing(m_parts.connection.memory(), m_window.surface(), m_surface->size());

@@ -4,6 +4,7 @@
 
 #include "platform/toolkit/PanelSurface.h"
 #include "platform/wayland/connection/PixelBuffer.h"
+#include "platform/wayland/window/DragCatcher.h"
 #include "platform/wayland/window/LayerWindow.h"
 #include "platform/wayland/window/WaylandCanvas.h"
 
@@ -45,6 +46,7 @@ private:
     WaylandCanvas* m_canvas; ///< the surface's
     PanelSurface* m_surface; ///< deletes itself once retired
     LayerWindow m_window;
+    DragCatcher m_catcher;
     QPoint m_corner;
     QSizeF m_size;
     bool m_vanished = false;

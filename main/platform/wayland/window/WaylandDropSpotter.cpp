@@ -16,14 +16,13 @@ constexpr std::chrono::seconds spotting{2};
 
 WaylandDropSpotter::WaylandDropSpotter(WaylandParts& parts)
     : m_parts(parts)
+    , m_shields(OutputShield::overAll(parts, ShellLayer::overlay))
 {
     m_end.setSingleShot(true);
     m_end.setInterval(spotting);
     QObject::connect(&m_end, &QTimer::timeout, &m_end, [this] { finish(std::nullopt); });
-    for (QScreen* screen : LayerPlace::usableScreens()) {
-        m_shields.push_back(std::make_unique<OutputShield>(parts, *screen, ShellLayer::overlay));
-        m_shields.back()->entered = [this](const QPointF& place) { finish(m_parts.screens.space().turned(place)); };
-    }
+    for (const std::unique_ptr<OutputShield>& shield : m_shields)
+        shield->entered = [this](const QPointF& place) { finish(m_parts.screens.space().turned(place)); };
 }
 
 void WaylandDropSpotter::released(Found found)

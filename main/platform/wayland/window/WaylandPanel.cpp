@@ -31,6 +31,7 @@ WaylandPanel::WaylandPanel(PanelDelegate& delegate, WaylandParts& parts, Rank ra
     , m_parts(parts)
     , m_canvas(canvas)
     , m_window(parts, surface(), ShellLayer::bottom, isScene() ? LayerWindow::Order::bottom : LayerWindow::Order::top)
+    , m_catcher(parts, surface())
 {
     surface().create();
     m_window.ready = [this] {
@@ -145,6 +146,7 @@ void WaylandPanel::follow(const QRect& place)
 
 void WaylandPanel::beginFollowing()
 {
+    m_catcher.follow();
     m_ghost = std::make_unique<DragGhost>(m_parts, layer());
     m_ghost->ready = [this] {
         m_canvas->setTarget(m_ghost->surface());

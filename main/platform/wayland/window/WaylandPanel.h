@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/toolkit/SurfacePanel.h"
+#include "platform/wayland/window/DragCatcher.h"
 #include "platform/wayland/window/DragGhost.h"
 #include "platform/wayland/window/LayerWindow.h"
 #include "platform/wayland/window/PanelTwin.h"
@@ -50,6 +51,7 @@ private:
     double m_opacity = 1;
     std::unique_ptr<PixelBuffer> m_nothing; ///< what the window shows while a ghost stands in for it
     std::unique_ptr<DragGhost> m_ghost;
+    DragCatcher m_catcher;
     std::vector<std::unique_ptr<PanelTwin>> m_twins; ///< one for each further screen
     std::unique_ptr<PanelTwin> m_heldTwin; ///< was moved away from under the button that is held on it
 };

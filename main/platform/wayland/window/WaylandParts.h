@@ -20,6 +20,7 @@ struct WaylandParts {
     Activation activation{connection};
     ScreenList screens;
     LayerOrder order;
+    bool grabsPointer = true; ///< who is pressed hears the pointer until the button is up, as far as is known
 };
 
 } // namespace ambrelle
