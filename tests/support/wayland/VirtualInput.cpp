@@ -2,18 +2,11 @@
 
 #include "support/wayland/VirtualInput.h"
 
-#include <virtual-keyboard-unstable-v1-client-protocol.h>
-#include <wayland-client.h>
-#include <wlr-virtual-pointer-unstable-v1-client-protocol.h>
+#include <QHash>
 
 #include <linux/input-event-codes.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
-#include <chrono>
-#include <cmath>
-#include <cstring>
-#include <string_view>
+#include <utility>
 
 namespace ambrelle::test {
 
@@ -21,17 +14,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// An ordinary keyboard; the compositor knows the parts by name.
-constexpr char keymap[] = R"map(xkb_keymap {
-    xkb_keycodes { include "evdev+aliases(qwerty)" };
-    xkb_types { include "complete" };
-    xkb_compat { include "complete" };
-    xkb_symbols { include "pc+us+inet(evdev)" };
-};)map";
-
 struct Key {
     uint32_t code = 0;
-    uint32_t modifier = 0; ///< its bit in that map
+    uint32_t modifier = 0; ///< its bit in the keymap
 };
 
 const QHash<QString, Key>& keys()
@@ -75,153 +60,38 @@ uint32_t codeOf(Qt::MouseButton button)
     }
 }
 
-uint32_t now()
-{
-    using namespace std::chrono;
-    return static_cast<uint32_t>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
-}
-
 } // namespace
-
-struct VirtualInput::Devices {
-    wl_display* display = wl_display_connect(nullptr);
-    wl_registry* registry = nullptr;
-    wl_seat* seat = nullptr;
-    zwlr_virtual_pointer_manager_v1* pointers = nullptr;
-    zwp_virtual_keyboard_manager_v1* keyboards = nullptr;
-    zwlr_virtual_pointer_v1* pointer = nullptr;
-    zwp_virtual_keyboard_v1* keyboard = nullptr;
-
-    Devices() = default;
-    Devices(const Devices&) = delete;
-    Devices& operator=(const Devices&) = delete;
-    ~Devices()
-    {
-        if (pointer)
-            zwlr_virtual_pointer_v1_destroy(pointer);
-        if (keyboard)
-            zwp_virtual_keyboard_v1_destroy(keyboard);
-        if (display) {
-            wl_display_roundtrip(display);
-            wl_display_disconnect(display);
-        }
-    }
-
-    bool find()
-    {
-        if (!display)
-            return false;
-        static const wl_registry_listener listener{
-            .global = [](void* self, wl_registry*, uint32_t name, const char* interface,
-                          uint32_t) { static_cast<Devices*>(self)->take(name, interface); },
-            .global_remove = [](void*, wl_registry*, uint32_t) {},
-        };
-        registry = wl_display_get_registry(display);
-        wl_registry_add_listener(registry, &listener, this);
-        wl_display_roundtrip(display);
-        return seat && pointers && keyboards;
-    }
-
-    bool make()
-    {
-        pointer = zwlr_virtual_pointer_manager_v1_create_virtual_pointer(pointers, seat);
-        keyboard = zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(keyboards, seat);
-        const int file = ::memfd_create("keymap", MFD_CLOEXEC);
-        const bool written = ::write(file, keymap, sizeof keymap) == sizeof keymap;
-        zwp_virtual_keyboard_v1_keymap(keyboard, WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1, file, sizeof keymap);
-        const bool read = wl_display_roundtrip(display) >= 0;
-        ::close(file);
-        return written && read;
-    }
-
-private:
-    void take(uint32_t name, std::string_view interface)
-    {
-        if (interface == wl_seat_interface.name && !seat)
-            seat = bind<wl_seat>(name, wl_seat_interface);
-        else if (interface == zwlr_virtual_pointer_manager_v1_interface.name)
-            pointers = bind<zwlr_virtual_pointer_manager_v1>(name, zwlr_virtual_pointer_manager_v1_interface);
-        else if (interface == zwp_virtual_keyboard_manager_v1_interface.name)
-            keyboards = bind<zwp_virtual_keyboard_manager_v1>(name, zwp_virtual_keyboard_manager_v1_interface);
-    }
-    template <typename T> T* bind(uint32_t name, const wl_interface& interface) const
-    {
-        return static_cast<T*>(wl_registry_bind(registry, name, &interface, 1));
-    }
-};
 
 std::unique_ptr<VirtualInput> VirtualInput::plugIn()
 {
-    auto devices = std::make_unique<Devices>();
-    if (!devices->find() || !devices->make())
-        return nullptr;
-    return std::unique_ptr<VirtualInput>(new VirtualInput(std::move(devices)));
+    std::unique_ptr<InputDevices> devices = InputDevices::plugIn();
+    return devices ? std::unique_ptr<VirtualInput>(new VirtualInput(std::move(devices))) : nullptr;
 }
 
-VirtualInput::VirtualInput(std::unique_ptr<Devices> devices)
+VirtualInput::VirtualInput(std::unique_ptr<InputDevices> devices)
     : m_devices(std::move(devices))
 {
 }
 
 VirtualInput::~VirtualInput() = default;
 
-void VirtualInput::move(const QPointF& point, const QRectF& outputs)
-{
-    constexpr double parts = 256; // of a point
-    const auto part = [](double length) { return static_cast<uint32_t>(std::lround(length * parts)); };
-    const QPointF within = point - outputs.topLeft();
-    zwlr_virtual_pointer_v1_motion_absolute(
-        m_devices->pointer, now(), part(within.x()), part(within.y()), part(outputs.width()), part(outputs.height()));
-    done();
-}
-
-void VirtualInput::moveBy(const QPointF& way)
-{
-    zwlr_virtual_pointer_v1_motion(
-        m_devices->pointer, now(), wl_fixed_from_double(way.x()), wl_fixed_from_double(way.y()));
-    done();
-}
-
-void VirtualInput::setButton(Qt::MouseButton button, bool down)
-{
-    zwlr_virtual_pointer_v1_button(m_devices->pointer, now(), codeOf(button),
-        down ? WL_POINTER_BUTTON_STATE_PRESSED : WL_POINTER_BUTTON_STATE_RELEASED);
-    done();
-}
-
-void VirtualInput::scroll(double steps)
-{
-    constexpr double pointsOfStep = 15;
-    zwlr_virtual_pointer_v1_axis_source(m_devices->pointer, WL_POINTER_AXIS_SOURCE_WHEEL);
-    zwlr_virtual_pointer_v1_axis_discrete(m_devices->pointer, now(), WL_POINTER_AXIS_VERTICAL_SCROLL,
-        wl_fixed_from_double(steps * pointsOfStep), static_cast<int32_t>(std::lround(steps)));
-    done();
-}
-
 bool VirtualInput::setKey(const QString& name, bool down)
 {
     const auto key = keys().constFind(name);
     if (key == keys().constEnd())
         return false;
-    zwp_virtual_keyboard_v1_key(
-        m_devices->keyboard, now(), key->code, down ? WL_KEYBOARD_KEY_STATE_PRESSED : WL_KEYBOARD_KEY_STATE_RELEASED);
+    m_devices->setKey(key->code, down);
     if (key->modifier != 0) {
         m_modifiers = down ? m_modifiers | key->modifier : m_modifiers & ~key->modifier;
-        zwp_virtual_keyboard_v1_modifiers(m_devices->keyboard, m_modifiers, 0, 0, 0);
+        m_devices->setModifiers(m_modifiers);
     }
-    rest();
+    m_devices->rest();
     return true;
 }
 
-void VirtualInput::done()
+void VirtualInput::setButton(Qt::MouseButton button, bool down)
 {
-    zwlr_virtual_pointer_v1_frame(m_devices->pointer);
-    rest();
-}
-
-void VirtualInput::rest()
-{
-    wl_display_roundtrip(m_devices->display);
+    m_devices->setButton(codeOf(button), down);
 }
 
 } // namespace ambrelle::test

@@ -2,13 +2,9 @@
 
 #pragma once
 
-#include <QHash>
-#include <QPointF>
-#include <QRectF>
-#include <QString>
+#include "support/wayland/InputDevices.h"
 
-#include <cstdint>
-#include <memory>
+#include <QString>
 
 namespace ambrelle::test {
 
@@ -23,22 +19,20 @@ public:
     VirtualInput& operator=(const VirtualInput&) = delete;
 
     /// To a point of the area that all outputs lie in, as the compositor counts (y down).
-    void move(const QPointF& point, const QRectF& outputs);
-    void moveBy(const QPointF& way);
+    void move(const QPointF& point, const QRectF& outputs) { m_devices->move(point, outputs); }
+    void moveBy(const QPointF& way) { m_devices->moveBy(way); }
     void press(Qt::MouseButton button = Qt::LeftButton) { setButton(button, true); }
     void release(Qt::MouseButton button = Qt::LeftButton) { setButton(button, false); }
-    void scroll(double steps); ///< of a wheel; positive towards the user
+    void scroll(double steps) { m_devices->scroll(steps); } ///< of a wheel; positive towards the user
     /// By name: a letter, a digit, "escape", "control" …; false where there is none of that name.
     bool setKey(const QString& name, bool down);
-    void rest(); ///< returns when the compositor has read everything
+    void rest() { m_devices->rest(); } ///< returns when the compositor has read everything
 
 private:
-    struct Devices;
-    explicit VirtualInput(std::unique_ptr<Devices> devices);
+    explicit VirtualInput(std::unique_ptr<InputDevices> devices);
     void setButton(Qt::MouseButton button, bool down);
-    void done();
 
-    std::unique_ptr<Devices> m_devices;
+    std::unique_ptr<InputDevices> m_devices;
     uint32_t m_modifiers = 0;
 };
 

@@ -9,6 +9,7 @@
 
 #include "support/wayland/VirtualInput.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <cstdlib>
