@@ -3,55 +3,9 @@
 """The whole program on a Wayland compositor: widgets are there, are dragged by as much as the pointer moves, have menus
 that a click elsewhere ends, are arranged until Escape, and go to the screen that is left when theirs is unplugged. The
 program's path is the first argument."""
-import json
-import os
-import shutil
-import signal
-import subprocess
-import sys
-import tempfile
-import time
-from pathlib import Path
-
-sys.path.insert(0, str(Path(__file__).parents[1] / "support"))
-from sway import Desktop, Devices  # noqa: E402
-from waiting import wait_for  # noqa: E402
-
-PROGRAM = sys.argv[1]
-
-
-class Ambrelle:
-    """The program with a home of its own, on the compositor of the environment."""
-
-    def __init__(self, home):
-        self.store = home / "config/ambrelle/defaults.json"
-        self.store.parent.mkdir(parents=True, exist_ok=True)
-        self.env = dict(os.environ, XDG_CONFIG_HOME=str(home / "config"), XDG_DATA_HOME=str(home / "data"),
-                        XDG_CACHE_HOME=str(home / "cache"))
-        self.env.pop("QT_QPA_PLATFORM", None)
-        self.process = None
-
-    def start(self, *arguments):
-        return subprocess.Popen([PROGRAM, *arguments], env=self.env, stderr=subprocess.PIPE, text=True)
-
-    def run(self):
-        self.process = self.start()
-
-    def act(self, action):
-        assert self.start("--action", action).wait(60) == 0, action
-
-    def stop(self):
-        self.process.send_signal(signal.SIGTERM)
-        assert self.process.wait(60) == 0, self.process.stderr.read()
-
-    def settings(self):
-        try:
-            return json.loads(self.store.read_text())
-        except (FileNotFoundError, json.JSONDecodeError):
-            return {}
-
-    def widgets(self):
-        return {widget["kind"]: widget for widget in self.settings().get("widgets.v2", [])}
+from layers import Ambrelle, escape_until
+from sway import Desktop, Devices
+from waiting import wait_for
 
 
 def first_start(ambrelle, desktop):
@@ -101,11 +55,7 @@ def is_arranged_until_escape(ambrelle, desktop, devices):
     plain = desktop.pixel(640, 700)
     ambrelle.act("edit")
     wait_for("backdrop", lambda: desktop.pixel(640, 700) != plain)
-    end = time.monotonic() + 60
-    while desktop.pixel(640, 700) != plain:
-        assert time.monotonic() < end, "Escape does not end it"
-        devices.key("escape")
-        time.sleep(0.2)
+    escape_until(devices, "end of it", lambda: desktop.pixel(640, 700) == plain)
 
 
 def moves_to_the_screen_that_is_left(ambrelle, desktop):
@@ -124,10 +74,9 @@ def moves_to_the_screen_that_is_left(ambrelle, desktop):
 
 
 def main():
-    home = Path(tempfile.mkdtemp(prefix="ambrelle-wayland-"))
     desktop = Desktop()
     devices = Devices(desktop)
-    ambrelle = Ambrelle(home)
+    ambrelle = Ambrelle()
     try:
         first_start(ambrelle, desktop)
         is_dragged_exactly(ambrelle, desktop, devices)
@@ -136,10 +85,8 @@ def main():
         moves_to_the_screen_that_is_left(ambrelle, desktop)
         ambrelle.stop()
     finally:
-        if ambrelle.process and ambrelle.process.poll() is None:
-            ambrelle.process.kill()
         devices.end()
-        shutil.rmtree(home)
+        ambrelle.end()
 
 
 main()
