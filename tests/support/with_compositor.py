@@ -3,9 +3,8 @@
 """As with_sway.py, with another compositor:
 with_compositor.py phoc|kwin_wayland|mutter [--output WIDTHxHEIGHT[@SCALE]]... COMMAND [ARGUMENT...]
 
-Its outputs stand side by side. Under mutter, which offers no layer shell, clients find the X server instead. Ends with the
-command's status, or with 77 where a tool is missing. The module compositor.py beside this file is for scripts that are run
-so."""
+Its outputs stand side by side; AMBRELLE_TEST_EXTENT is how wide and high they are together, in points. Under mutter, which
+offers no layer shell, there is an X server too. Ends with the command's status, or with 77 where a tool is missing."""
 import os
 import shutil
 import signal
@@ -50,9 +49,8 @@ def kwin_wayland(folder, outputs, env):
 
 def mutter(folder, outputs, env):
     env.update(XDG_CURRENT_DESKTOP="GNOME", LIBGL_ALWAYS_SOFTWARE="1", GSETTINGS_BACKEND="memory")
-    env.pop("QT_QPA_PLATFORM")
     screens = [f"--virtual-monitor={width}x{height}" for width, height, _, _ in places(outputs)]
-    return ["mutter", "--wayland", "--headless", *screens]
+    return ["mutter", "--wayland", "--headless", *screens, folder / "ready.sh"]
 
 
 # They let nobody point and take pictures of whom they cannot tell the program, and so the user has to be theirs.
@@ -63,7 +61,7 @@ COMPOSITORS = {"phoc": phoc, "kwin_wayland": kwin_wayland, "mutter": mutter}
 def ready_script(folder, ready):
     """What a compositor runs when it takes clients; it stays, since some end with it."""
     script = folder / "ready.sh"
-    script.write_text(f'#!/bin/sh\necho "$WAYLAND_DISPLAY" "$DISPLAY" > {ready}\nexec sleep infinity\n')
+    script.write_text(f'#!/bin/sh\necho "$WAYLAND_DISPLAY" "$DISPLAY" "$XAUTHORITY" > {ready}\nexec sleep infinity\n')
     script.chmod(0o755)
 
 
@@ -76,8 +74,9 @@ def as_nobody(command):
 def start_bus(folder):
     """A session bus that the compositor is on, too, whoever runs the command; gives its process and its address."""
     socket = folder / "runtime/bus"
+    allowed = "".join(f"<allow {what}='*'/>" for what in ("user", "own", "send_destination", "receive_sender"))
     (folder / "bus.conf").write_text(f"""<busconfig><type>session</type><listen>unix:path={socket}</listen>
-        <policy context="default"><allow user="*"/><allow own="*"/><allow send_destination="*"/><allow receive_sender="*"/></policy></busconfig>""")
+        <policy context="default">{allowed}</policy></busconfig>""")
     with open(folder / "bus.log", "w") as log:
         process = subprocess.Popen(as_nobody(["dbus-daemon", "--config-file", folder / "bus.conf", "--nofork", "--nopidfile"]),
                                    stdin=subprocess.DEVNULL, stdout=log, stderr=log)
@@ -104,8 +103,11 @@ def start(name, folder, outputs, base):
             sys.exit(f"{name} ended with {process.returncode}:\n{(folder / 'log').read_text()}")
         return ready.exists() and ready.read_text().endswith("\n")
     wait_for(name, told)
-    display, *x_display = ready.read_text().split()
+    display, *x_server = ready.read_text().split()
     clients = dict(base, WAYLAND_DISPLAY=display, XDG_CURRENT_DESKTOP=env["XDG_CURRENT_DESKTOP"])
+    clients.update(zip(("DISPLAY", "XAUTHORITY"), x_server))
+    rights, heights = zip(*((left + width / scale, height / scale) for width, height, scale, left in places(outputs)))
+    clients["AMBRELLE_TEST_EXTENT"] = f"{int(max(rights))}x{int(max(heights))}"
     if (Path(__file__).parent / name).is_dir():
         clients["PATH"] = f"{Path(__file__).parent / name}:{base['PATH']}"
     return process, clients

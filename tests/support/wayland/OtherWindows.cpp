@@ -2,7 +2,7 @@
 // Another program with windows of one colour. Lines of standard input tell it what to do:
 //     open NAME WIDTH HEIGHT COLOUR    COLOUR as #rrggbb
 //     title NAME NEWTITLE
-//     fill|restore NAME                full screen
+//     enlarge|fill|restore NAME        as large as the desktop, or full screen
 //     close NAME
 // Lines of standard output tell what its windows see: "NAME shown", "NAME pressed X Y", "NAME released X Y",
 // "NAME key TEXT" …
@@ -80,6 +80,8 @@ public:
         } else if (const auto window = m_windows.value(name)) {
             if (words.value(0) == "title"_L1)
                 window->setTitle(words.value(2));
+            else if (words.value(0) == "enlarge"_L1)
+                window->showMaximized();
             else if (words.value(0) == "fill"_L1)
                 window->showFullScreen();
             else if (words.value(0) == "restore"_L1)
