@@ -36,6 +36,7 @@ X11WindowHost::X11WindowHost()
         [this] { m_parts->connection.flush(); });
     m_windows = std::make_unique<X11WindowList>(*m_parts);
     PanelAccess::install();
+    m_shield = std::make_unique<PopupShield>();
     connect(&m_parts->compositor, &CompositorWatch::changed, this, &X11WindowHost::groundChanged);
     connect(&m_parts->screens, &ScreenList::changed, this, &X11WindowHost::screensSettled);
     m_watchStart.setSingleShot(true);

@@ -6,6 +6,7 @@
 #include "platform/x11/connection/RootWatch.h"
 #include "platform/x11/session/X11SessionVisibility.h"
 #include "platform/x11/session/X11WindowList.h"
+#include "platform/x11/window/PopupShield.h"
 #include "platform/x11/window/StackingGuard.h"
 #include "platform/x11/window/X11Backdrop.h"
 #include "platform/x11/window/X11Panel.h"
@@ -49,6 +50,7 @@ private:
     std::unique_ptr<X11Parts> m_parts;
     QList<X11Panel*> m_panels; ///< scenes too
     QList<X11Backdrop*> m_backdrops;
+    std::unique_ptr<PopupShield> m_shield;
     std::unique_ptr<RootWatch> m_watch;
     std::unique_ptr<StackingGuard> m_guard;
     std::unique_ptr<X11WindowList> m_windows;
