@@ -3,7 +3,7 @@
 """The whole program under a Wayland compositor without the layer shell: xwayland_test.py PROGRAM, under mutter.
 
 It shows its widgets through XWayland by itself: below and above the window of another program, dragged by as much as the
-pointer moves, with a menu that ends with a click on another widget, and arranged until Escape. Pointer and keyboard are the
+pointer moves, with a menu that ends with a click elsewhere, and arranged until Escape. Pointer and keyboard are the
 compositor's own; places, order and who is told of a click come from the X server.
 """
 import os
@@ -12,7 +12,7 @@ import subprocess
 import dbus
 
 from onlooker import PINNED, PLACE, PLAIN, SMALL, WINDOW, Screen, holds, settings
-from program import PROGRAM, Session, steady, wait_for
+from program import PROGRAM, Session, place_of, steady, wait_for
 
 WIDTH, HEIGHT = map(int, os.environ["AMBRELLE_TEST_EXTENT"].split("x"))
 LEFT, ABOVE = 30, 32  # points of a panel left of and above its face
@@ -99,14 +99,19 @@ def dragged(screen, session, devices, face, way):
     return end
 
 
-def has_a_menu(session, devices, face):
-    devices.move(*middle(face))
+def has_a_menu(screen, session, devices, face):
     before = set(session.windows())
-    devices.click(RIGHT_BUTTON)
-    wait_for("menu", lambda: set(session.windows()) - before)
-    devices.move(*middle(PINNED))
-    devices.click()
-    wait_for("end of the menu", lambda: set(session.windows()) == before)
+    for elsewhere in ((WIDTH - 100, 60), middle(PINNED)):
+        devices.move(*middle(face))
+        devices.click(RIGHT_BUTTON)
+        menu = int(wait_for("menu", lambda: [
+            window for window in set(session.windows()) - before if place_of(window)[2] < WIDTH])[0])
+        x, y = middle(face)
+        devices.move(x + 20, y + 20)
+        wait_for("the pointer on the menu", lambda: screen.root.query_pointer().child.id == menu)
+        devices.move(*elsewhere)
+        devices.click()
+        wait_for("end of the menu", lambda: set(session.windows()) == before)
 
 
 def is_arranged(screen, session, devices):
@@ -129,7 +134,7 @@ def main():
     wait_for("widgets in their places", lambda: panel_of(session, PLAIN) and panel_of(session, PINNED))
     beside_a_window(screen, session, devices)
     face = dragged(screen, session, devices, PLAIN, (640, -170))
-    has_a_menu(session, devices, face)
+    has_a_menu(screen, session, devices, face)
     is_arranged(screen, session, devices)
     session.end()
 
