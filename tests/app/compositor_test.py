@@ -49,7 +49,14 @@ def beside_a_window(devices):
     assert Layout.pixel(*spot(PINNED)) != WINDOW[1:], "the pinned widget is covered too"
     devices.move(*middle(PINNED))
     devices.click()
-    devices.move(*middle(PLAIN))
+
+    def entered():  # some windows hear nothing before they have grown
+        devices.move(*ASIDE)
+        devices.move(*middle(PLAIN))
+        while not windows.lines.empty():
+            windows.heard.append(windows.lines.get())
+        return "other entered" in windows.heard
+    wait_for("pointer in the window", entered)
     devices.click()
     x, y = middle(PLAIN)
     windows.expect(f"other pressed {x} {y}")
