@@ -59,9 +59,9 @@ COMPOSITORS = {"phoc": phoc, "kwin_wayland": kwin_wayland, "mutter": mutter}
 
 
 def ready_script(folder, ready):
-    """What a compositor runs when it takes clients; it stays, since some end with it."""
+    """What a compositor runs when it takes clients; it stays as long as the session, since some end with it."""
     script = folder / "ready.sh"
-    script.write_text(f'#!/bin/sh\necho "$WAYLAND_DISPLAY" "$DISPLAY" "$XAUTHORITY" > {ready}\nexec sleep infinity\n')
+    script.write_text(f'#!/bin/sh\necho "$WAYLAND_DISPLAY" "$DISPLAY" "$XAUTHORITY" > {ready}\nwhile [ -e {ready} ]; do sleep 1; done\n')
     script.chmod(0o755)
 
 
