@@ -2,6 +2,8 @@
 
 #include "platform/wayland/window/LayerOrder.h"
 
+#include <QCoreApplication>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -36,6 +38,66 @@ TEST(LayerOrder, EveryOrderIsMended)
             EXPECT_EQ(standing, wanted);
         }
     }
+}
+
+/// On a compositor where only what comes anew lies above the others.
+struct Anew final : LayerMember {
+    Anew(LayerOrder& place, QList<const LayerMember*>& stack, bool low)
+        : order(place)
+        , standing(stack)
+        , isLow(low)
+    {
+        come();
+    }
+    Q_DISABLE_COPY_MOVE(Anew)
+    ~Anew() { order.left(*this); }
+
+    ShellLayer layer() const override { return ShellLayer::bottom; }
+    const QScreen* screen() const override { return nullptr; }
+    bool staysLow() const override { return isLow; }
+    bool joinAgain() override
+    {
+        if (!isHeld)
+            come();
+        return !isHeld;
+    }
+    void come()
+    {
+        ++times;
+        standing.removeOne(this);
+        standing.append(this);
+        order.left(*this);
+        order.joined(*this);
+    }
+
+    LayerOrder& order;
+    QList<const LayerMember*>& standing; ///< the compositor's
+    bool isLow;
+    bool isHeld = false;
+    int times = 0;
+};
+
+TEST(LayerOrder, WhoIsHeldIsWaitedFor)
+{
+    LayerOrder order;
+    order.setJoining(Joining::anew);
+    QList<const LayerMember*> standing;
+    const auto settle = [] {
+        for (int turn = 0; turn < 20; ++turn)
+            QCoreApplication::processEvents();
+    };
+    Anew held(order, standing, false);
+    Anew other(order, standing, false);
+    settle();
+    held.isHeld = true;
+    Anew scene(order, standing, true);
+    settle();
+    EXPECT_EQ(standing, QList<const LayerMember*>({&held, &other, &scene}));
+    EXPECT_EQ(other.times, 1) << "it is not asked again and again";
+    held.isHeld = false;
+    held.come();
+    settle();
+    EXPECT_EQ(standing, QList<const LayerMember*>({&scene, &other, &held}));
 }
 
 } // namespace
