@@ -16,8 +16,9 @@ import threading
 import time
 from pathlib import Path
 
-from layers import PATIENCE, Ambrelle
-from sway import Desktop, Devices, wait_for
+from layers import Ambrelle
+from sway import Desktop, Devices
+from waiting import PATIENCE, wait_for
 from with_sway import sway
 
 ROUNDS = int(sys.argv[2]) if len(sys.argv) > 2 else 5

@@ -8,7 +8,8 @@ window; are dragged by as much as the pointer moves, have menus that a click els
 import os
 
 from layers import Ambrelle, escape_until
-from sway import Desktop, Devices, OtherWindows, wait_for
+from sway import Desktop, Devices, OtherWindows
+from waiting import wait_for
 
 WIDTH, HEIGHT = map(int, os.environ["AMBRELLE_TEST_EXTENT"].split("x"))
 SMALL = 170  # points of a widget

@@ -5,13 +5,11 @@ import os
 import shutil
 import signal
 import subprocess
-import sys
 import tempfile
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).parents[1] / "support"))
-from program import PROGRAM, Session  # noqa: E402
-from waiting import PATIENCE, wait_for  # noqa: E402
+from program import PROGRAM, Session
+from waiting import PATIENCE, wait_for
 
 
 class Ambrelle:

@@ -13,7 +13,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from sway import wait_for
+from waiting import wait_for
 from with_sway import MISSING, NOBODY, bare_environment, end
 
 
