@@ -29,8 +29,8 @@ def places(outputs):
 
 def phoc(folder, outputs, env):
     lines = ["[core]", "xwayland = false"]
-    for index, (width, height, scale, left) in enumerate(places(outputs), 1):
-        lines += [f"[output:HEADLESS-{index}]", f"mode = {width}x{height}", f"scale = {scale}", f"x = {left}", "y = 0"]
+    for index, (width, height, scale, left) in enumerate(places(outputs)):  # clients hear of the last one first
+        lines += [f"[output:HEADLESS-{len(outputs) - index}]", f"mode = {width}x{height}", f"scale = {scale}", f"x = {left}", "y = 0"]
     (folder / "phoc.ini").write_text("\n".join(lines) + "\n")
     env.update(WLR_BACKENDS="headless", WLR_RENDERER="pixman", WLR_LIBINPUT_NO_DEVICES="1",
                WLR_HEADLESS_OUTPUTS=str(len(outputs)), XDG_CURRENT_DESKTOP="Phosh:GNOME")
