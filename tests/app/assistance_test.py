@@ -9,7 +9,7 @@ import time
 
 import dbus
 
-from assistive import Atspi, children, heard, program
+from assistive import Atspi, children, heard, programs
 from program import Session, wait_for
 
 BUTTONS = ["Widget Settings…", "Size: 100%", "Pin Above Windows", "Remove Widget"]
@@ -22,7 +22,7 @@ def settled(condition):
 
 
 def widgets():
-    return {window.get_name(): window for window in children(program())} if program() else {}
+    return {window.get_name(): window for program in programs() for window in children(program)}
 
 
 def names(window):
@@ -53,7 +53,7 @@ time.sleep(1)  # it looked, and nothing was on
 switch_on()
 wait_for("widgets that were there before", lambda: settled(lambda: set(widgets()) == {"Memory", "Battery"}))
 early.end()
-wait_for("program gone", lambda: settled(lambda: not program()))
+wait_for("program gone", lambda: settled(lambda: not any(programs())))
 
 told = []
 listener = Atspi.EventListener.new(lambda event: told.append(event.source.get_name()))

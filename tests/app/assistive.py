@@ -56,15 +56,16 @@ def heard():
         pass
 
 
-def program():
-    return next((item for item in children(Atspi.get_desktop(0)) if item.get_name() == "ambrelle"), None)
+def programs():
+    """One that was killed may stay in the list for a while."""
+    return (item for item in children(Atspi.get_desktop(0)) if item.get_name() == "ambrelle")
 
 
 def found(condition, window_name="Ambrelle"):
     """The first thing shown in that window, usually the main one, that meets it; nothing while there is none."""
     heard()
     try:
-        windows = (window for window in children(program()) if window.get_name() == window_name) if program() else ()
+        windows = (window for program in programs() for window in children(program) if window.get_name() == window_name)
         return next((item for window in windows for item in below(window) if condition(item)), None)
     except GLib.Error:  # it went while it was looked at
         return None
